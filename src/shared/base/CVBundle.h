@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string_view>
+
+/// Facts about the application bundle: its names, identifier and version.
+namespace CVBundle {
+
+inline constexpr const char* kName = "Corvella";
+inline constexpr const char* kOrganization = "Quenby Labs";
+inline constexpr const char* kIdentifier = "com.quenbylabs.corvella";
+
+/// The bundle version, "" when the build was given none. UTF-8.
+[[nodiscard]] std::string_view version();
+
+} // namespace CVBundle

@@ -1,0 +1,11 @@
+#pragma once
+
+/// Names of the notifications. "Notificaiton" is misspelt in two of them; the misspelling is part of the names.
+namespace CVNotifications {
+
+inline constexpr const char* kTransactionAddedRemoved = "CVTransactionAddedRemovedNotificaiton";
+inline constexpr const char* kCategoryAddedRemoved = "CVCategoryAddedRemovedNotificaiton";
+/// Carries the set as its object when one was added or renamed, nothing when one was deleted.
+inline constexpr const char* kTransactionSet = "kCVTransactionSetNotification";
+
+} // namespace CVNotifications

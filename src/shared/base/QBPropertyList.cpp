@@ -1,0 +1,98 @@
+#include "shared/base/QBPropertyList.h"
+
+#include <plist/plist.h>
+
+#include <cstdlib>
+#include <limits>
+#include <memory>
+
+namespace {
+
+struct PlistDeleter {
+    void operator()(void* node) const { plist_free(node); }
+};
+struct MallocDeleter {
+    void operator()(void* memory) const { std::free(memory); }
+};
+using PlistText = std::unique_ptr<char, MallocDeleter>;
+
+QVariant valueOf(plist_t node);
+
+QVariant listOf(plist_t node) {
+    QVariantList list;
+    for (uint32_t i = 0; i < plist_array_get_size(node); ++i)
+        list.append(valueOf(plist_array_get_item(node, i)));
+    return list;
+}
+
+QVariant mapOf(plist_t node) {
+    QVariantMap map;
+    plist_dict_iter position = nullptr;
+    plist_dict_new_iter(node, &position);
+    const std::unique_ptr<void, MallocDeleter> positionOwner(position);
+    for (;;) {
+        char* key = nullptr;
+        plist_t item = nullptr;
+        plist_dict_next_item(node, position, &key, &item);
+        const PlistText keyOwner(key);
+        if (!key)
+            return map;
+        map.insert(QString::fromUtf8(key), valueOf(item));
+    }
+}
+
+QVariant textOf(plist_t node) {
+    char* text = nullptr;
+    plist_get_string_val(node, &text);
+    const PlistText owner(text);
+    return text ? QVariant(QString::fromUtf8(text)) : QVariant();
+}
+
+QVariant dataOf(plist_t node) {
+    char* bytes = nullptr;
+    uint64_t length = 0;
+    plist_get_data_val(node, &bytes, &length);
+    const PlistText owner(bytes);
+    return QByteArray(bytes, static_cast<qsizetype>(length));
+}
+
+QVariant valueOf(plist_t node) {
+    switch (plist_get_node_type(node)) {
+    case PLIST_ARRAY:
+        return listOf(node);
+    case PLIST_DICT:
+        return mapOf(node);
+    case PLIST_STRING:
+        return textOf(node);
+    case PLIST_DATA:
+        return dataOf(node);
+    case PLIST_BOOLEAN: {
+        uint8_t value = 0;
+        plist_get_bool_val(node, &value);
+        return value != 0;
+    }
+    case PLIST_UINT: {
+        uint64_t value = 0;
+        plist_get_uint_val(node, &value);
+        return QVariant::fromValue<qulonglong>(value);
+    }
+    case PLIST_REAL: {
+        double value = 0;
+        plist_get_real_val(node, &value);
+        return value;
+    }
+    default:
+        return {};
+    }
+}
+
+} // namespace
+
+QVariant QBPropertyListFromData(const QByteArray& bytes) {
+    if (bytes.isEmpty() || bytes.size() > std::numeric_limits<int32_t>::max())
+        return {};
+    plist_t root = nullptr;
+    plist_from_memory(bytes.constData(), static_cast<uint32_t>(bytes.size()), &root);
+    const std::unique_ptr<void, PlistDeleter> owner(root);
+    return root ? valueOf(root) : QVariant();
+}

@@ -1,0 +1,8 @@
+#pragma once
+
+#include <QByteArray>
+#include <QVariant>
+
+/// The value that a property list (XML or binary) holds: maps, lists, strings, numbers, booleans and data.
+/// Invalid when the bytes are no property list; an item of another kind (a date, say) is invalid in its place.
+[[nodiscard]] QVariant QBPropertyListFromData(const QByteArray& bytes);

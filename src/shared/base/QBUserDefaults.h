@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QVariant>
+
+#include <memory>
+#include <optional>
+
+class QSettings;
+
+/// The user's settings: a flat store of named values that outlives the process. An absent or unreadable value reads as
+/// 0, false or nothing. Writing reports nothing: settings that cannot be kept are lost with the process and harm
+/// nothing else.
+class QBUserDefaults final {
+public:
+    enum class Changes {
+        Kept,
+        /// What is set lasts as long as this object; the store is only read.
+        Forgotten
+    };
+
+    explicit QBUserDefaults(std::unique_ptr<QSettings> store, Changes changes = Changes::Kept);
+    ~QBUserDefaults();
+    QBUserDefaults(const QBUserDefaults&) = delete;
+    QBUserDefaults& operator=(const QBUserDefaults&) = delete;
+
+    /// The store of the user who runs the program.
+    [[nodiscard]] static std::unique_ptr<QSettings> standardStore();
+
+    [[nodiscard]] int integerForKey(const char* key) const;
+    [[nodiscard]] bool boolForKey(const char* key) const;
+    /// Absent when the key is absent or its value is empty.
+    [[nodiscard]] std::optional<QString> stringForKey(const char* key) const;
+    [[nodiscard]] QByteArray dataForKey(const char* key) const;
+
+    void setInteger(const char* key, int value);
+    void setBool(const char* key, bool value);
+    void setString(const char* key, const QString& value);
+    void setData(const char* key, const QByteArray& value);
+    void removeKey(const char* key);
+
+    /// Writes what has changed to the disk at once.
+    void synchronize();
+
+private:
+    [[nodiscard]] QVariant value(const char* key) const;
+    void setValue(const char* key, const QVariant& value);
+
+    std::unique_ptr<QSettings> mStore;
+    Changes mChanges;
+    /// What was set and is not to be kept; an invalid value stands for a removed one.
+    QHash<QString, QVariant> mForgotten;
+};
