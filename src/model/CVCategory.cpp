@@ -1,0 +1,107 @@
+#include "model/CVCategory.h"
+
+#include "model/CVDocument.h"
+#include "shared/base/CVNotifications.h"
+#include "shared/base/QBNotificationCenter.h"
+#include "shared/base/QBNumberText.h"
+#include "shared/base/QBPropertyList.h"
+#include "shared/base/QBXMLText.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <string_view>
+
+namespace {
+
+/// Every attribute that begins so is the frequency, whatever follows.
+constexpr std::string_view kFrequencyPrefix = "freq";
+
+void append(QByteArray& text, std::string_view words) {
+    text.append(words.data(), static_cast<qsizetype>(words.size()));
+}
+
+} // namespace
+
+CVCategory::CVCategory()
+    : mCategoryName(QLatin1String(""))
+    , mEarliestTransaction(QBDate::date())
+    , mLatestTransaction(mEarliestTransaction)
+    , mBillFrequency(tr("M")) {}
+
+std::optional<QStringList> CVCategory::standardCategoryNames() {
+    static std::optional<QStringList> names;
+    if (!names) {
+        QFile resource(QStringLiteral(":/CategoryNames.plist"));
+        if (resource.open(QIODevice::ReadOnly)) {
+            const QVariant list = QBPropertyListFromData(resource.readAll());
+            if (list.typeId() == QMetaType::QVariantList)
+                names = list.toStringList();
+        }
+    }
+    return names;
+}
+
+void CVCategory::setCategoryName(const QString& name) {
+    const QString storable = xml_storableText(name);
+    if (mCategoryName.isNull() ? storable.isNull() : mCategoryName == storable && !storable.isNull())
+        return;
+    mCategoryName = storable;
+    if (mDocument)
+        mDocument->notificationCenter().postNotification(QLatin1String(CVNotifications::kCategoryAddedRemoved));
+}
+
+void CVCategory::widenBounds(const QBDate& date) {
+    mEarliestTransaction = std::min(mEarliestTransaction, date);
+    mLatestTransaction = std::max(mLatestTransaction, date);
+}
+
+QByteArray CVCategory::xmlRepresentation() const {
+    const std::string_view frequency = CVExpenseFrequency::nameOfCode(mExpenseFrequency);
+    std::array<char, QBNumberText::kMoneyBound> target{};
+    const char* const targetEnd = QBNumberText::writeMoney(target.data(), mExpenseTarget);
+    QByteArray text = "<Category id=\"" + QByteArray::number(mUniqueID) + "\">";
+    xml_appendStringEncodedForXML(text, mCategoryName);
+    append(text, R"(<ExpenseEstimates frequency=")");
+    // The form of a null name; it reads back as the unknown frequency.
+    append(text, frequency.data() ? frequency : "(null)");
+    append(text, R"(" target=")");
+    text.append(target.data(), targetEnd - target.data());
+    append(text, R"(" /></Category>)");
+    return text;
+}
+
+void CVCategory::parsingDelegateStartElement(CVParsingDelegate& delegate, const char* name,
+                                             CVXMLAttributes attributes) {
+    if (std::strcmp(name, "Category") == 0) {
+        for (; attributes && *attributes; attributes += 2) {
+            if (std::strcmp(*attributes, "id") == 0)
+                mUniqueID = QBNumberText::leadingUnsigned(attributes[1]);
+        }
+        delegate.setStoringCharacters(true);
+    } else if (std::strcmp(name, "ExpenseEstimates") == 0) {
+        readEstimates(attributes);
+    } else {
+        delegate.setWorkingOnUnknownTag(true);
+        delegate.setUnknownTag(name);
+    }
+}
+
+void CVCategory::parsingDelegateEndElement(CVParsingDelegate& delegate, const char* name) {
+    if (std::strcmp(name, "Category") != 0)
+        return;
+    mCategoryName = delegate.tempParsingString();
+    delegate.popParsingObjectForEndingElement(name);
+}
+
+void CVCategory::readEstimates(CVXMLAttributes attributes) {
+    for (; attributes && *attributes; attributes += 2) {
+        const std::string_view name = *attributes;
+        if (name.substr(0, kFrequencyPrefix.size()) == kFrequencyPrefix)
+            mExpenseFrequency = CVExpenseFrequency::codeOfName(attributes[1]);
+        else if (name == "target")
+            mExpenseTarget = QBNumberText::leadingDouble(attributes[1]);
+    }
+}

@@ -1,0 +1,162 @@
+#include "model/CVDocument.h"
+
+#include "model/CVCategory.h"
+#include "model/CVDocumentSaver.h"
+#include "model/CVTransaction.h"
+#include "model/CVTransactionSet.h"
+#include "shared/base/CVDefaultsKeys.h"
+#include "shared/base/CVNotifications.h"
+#include "shared/base/QBNotificationCenter.h"
+#include "shared/base/QBUserDefaults.h"
+#include "shared/base/QBXMLText.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+namespace {
+
+constexpr int kInitialNumberOfItems = 10;
+
+template <typename Records>
+void keepFirstOfEachID(Records& records) {
+    std::unordered_set<quint32> seen;
+    std::erase_if(records, [&seen](const auto& record) { return !seen.insert(record->uniqueID()).second; });
+}
+
+template <typename Records>
+auto findID(const Records& records, quint32 id) {
+    return std::find_if(records.begin(), records.end(), [id](const auto& record) { return record->uniqueID() == id; });
+}
+
+} // namespace
+
+CVDocument::CVDocument(QBNotificationCenter& notificationCenter, QBUserDefaults& userDefaults)
+    : mNotificationCenter(notificationCenter)
+    , mUserDefaults(userDefaults) {}
+
+CVDocument::~CVDocument() {
+    // A view may keep a record for a while; it must not ask a document that is gone.
+    for (const auto& transaction : mTransactions)
+        transaction->setDocument(nullptr);
+    for (const auto& category : mCategories)
+        category->setDocument(nullptr);
+    for (const auto& set : mTransactionSets)
+        set->setDocument(nullptr);
+}
+
+bool CVDocument::workbookSave() {
+    return !mSaver || mSaver->workbookSave(*this);
+}
+
+const std::shared_ptr<CVTransactionSet>& CVDocument::objectInTransactionSetsAtIndex(std::size_t index) const {
+    return mTransactionSets.at(index);
+}
+
+std::size_t CVDocument::popupIndexOfCurrentTransactionSet() const {
+    const auto found = findID(mTransactionSets, mCurrentTransactionSetID);
+    return found == mTransactionSets.end() ? 0 : static_cast<std::size_t>(found - mTransactionSets.begin());
+}
+
+std::shared_ptr<CVTransactionSet> CVDocument::findTransactionSetFromID(quint32 id) const {
+    if (mTransactionSets.empty())
+        return nullptr;
+    const auto found = findID(mTransactionSets, id);
+    return found == mTransactionSets.end() ? mTransactionSets.back() : *found;
+}
+
+void CVDocument::addDefaults() {
+    mUserDefaults.setInteger(CVDefaultsKeys::kNumberOfItems, kInitialNumberOfItems);
+    setInitialCategories();
+}
+
+void CVDocument::reset_to_default_info() {
+    removeAllCategories();
+    mTransactions.clear();
+    setUniqueID(0);
+    addDefaults();
+    workbookSave();
+}
+
+void CVDocument::finishedParsingData() {
+    keepFirstOfEachID(mTransactionSets);
+    keepFirstOfEachID(mCategories);
+}
+
+const std::shared_ptr<CVCategory>& CVDocument::objectInCategoriesAtIndex(std::size_t index) const {
+    return mCategories.at(index);
+}
+
+void CVDocument::removeAllCategories() {
+    mCategories.clear();
+}
+
+void CVDocument::setInitialCategories() {
+    for (const QString& name : CVCategory::standardCategoryNames().value_or(QStringList())) {
+        const auto category = std::make_shared<CVCategory>();
+        category->setCategoryName(name);
+        category->setUniqueID(getUniqueID());
+        category->setDocument(this);
+        mCategories.push_back(category);
+    }
+    sortCategories();
+}
+
+std::shared_ptr<CVCategory> CVDocument::insertCategoryName(const QString& name) {
+    const QString storable = xml_storableText(name);
+    if (auto existing = doesCategoryNameExist(storable))
+        return existing;
+    const auto category = std::make_shared<CVCategory>();
+    category->setCategoryName(storable);
+    category->setUniqueID(getUniqueID());
+    category->setDocument(this);
+    addCategory(category);
+    sortCategories();
+    announceCategories();
+    return category;
+}
+
+void CVDocument::addCategory(const std::shared_ptr<CVCategory>& category) {
+    if (!category)
+        return;
+    mCategories.push_back(category);
+    announceCategories();
+}
+
+void CVDocument::sortCategories() {
+    std::stable_sort(mCategories.begin(), mCategories.end(), [](const auto& a, const auto& b) {
+        return a->categoryName().compare(b->categoryName(), Qt::CaseInsensitive) < 0;
+    });
+}
+
+void CVDocument::removeCategory(const std::shared_ptr<CVCategory>& category) {
+    if (!category)
+        return;
+    std::erase(mCategories, category);
+    announceCategories();
+}
+
+std::shared_ptr<CVCategory> CVDocument::getCategoryByUniqueID(quint32 id) const {
+    const auto found = findID(mCategories, id);
+    return found == mCategories.end() ? nullptr : *found;
+}
+
+std::shared_ptr<CVCategory> CVDocument::doesCategoryNameExist(const QString& name) const {
+    const auto found = std::find_if(mCategories.begin(), mCategories.end(),
+                                    [&name](const auto& category) { return category->categoryName() == name; });
+    return found == mCategories.end() ? nullptr : *found;
+}
+
+bool CVDocument::categoryInUse(const CVCategory& category) const {
+    return std::any_of(mTransactions.begin(), mTransactions.end(), [&](const auto& transaction) {
+        return transaction->transactionSetID() == mCurrentTransactionSetID &&
+               transaction->categoryID() == category.uniqueID();
+    });
+}
+
+void CVDocument::announceTransactions() const {
+    mNotificationCenter.postNotification(QLatin1String(CVNotifications::kTransactionAddedRemoved));
+}
+
+void CVDocument::announceCategories() const {
+    mNotificationCenter.postNotification(QLatin1String(CVNotifications::kCategoryAddedRemoved));
+}

@@ -1,0 +1,131 @@
+#pragma once
+
+#include "model/QBDate.h"
+
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+class CVCategory;
+class CVDocumentSaver;
+class CVTransaction;
+class CVTransactionSet;
+class QBNotificationCenter;
+class QBUserDefaults;
+
+/// The one budget: owns all transactions (newest day first, see `CVCompareTransactions`), categories (by name without
+/// regard to case) and transaction sets (in order of creation), issues IDs, and announces what comes and goes.
+/// References the notification centre, the user defaults and the saver, which outlive it. Main thread only.
+class CVDocument final {
+public:
+    using Transactions = std::vector<std::shared_ptr<CVTransaction>>;
+    using Categories = std::vector<std::shared_ptr<CVCategory>>;
+    using TransactionSets = std::vector<std::shared_ptr<CVTransactionSet>>;
+
+    CVDocument(QBNotificationCenter& notificationCenter, QBUserDefaults& userDefaults);
+    ~CVDocument();
+    CVDocument(const CVDocument&) = delete;
+    CVDocument& operator=(const CVDocument&) = delete;
+
+    /// Without a saver `workbookSave` does nothing.
+    void setSaver(CVDocumentSaver* saver) { mSaver = saver; }
+    /// Begins to save the present state and returns true at once.
+    bool workbookSave();
+
+    [[nodiscard]] QBNotificationCenter& notificationCenter() const { return mNotificationCenter; }
+    [[nodiscard]] QBUserDefaults& userDefaults() const { return mUserDefaults; }
+
+    [[nodiscard]] std::size_t countOfTransactionSets() const { return mTransactionSets.size(); }
+    [[nodiscard]] const std::shared_ptr<CVTransactionSet>& objectInTransactionSetsAtIndex(std::size_t index) const;
+    /// The collection itself: the set editor and the reader add to it directly.
+    [[nodiscard]] TransactionSets& transactionSets() { return mTransactionSets; }
+    [[nodiscard]] const TransactionSets& transactionSets() const { return mTransactionSets; }
+    /// The ID of the set that is shown, 0 when there is none.
+    [[nodiscard]] quint32 currentTransactionSet() const { return mCurrentTransactionSetID; }
+    void setCurrentTransactionSet(quint32 id) { mCurrentTransactionSetID = id; }
+    /// The index of the first set with the current ID; 0 when none has it.
+    [[nodiscard]] std::size_t popupIndexOfCurrentTransactionSet() const;
+    /// The first set with that ID; when none has it, the last set of all (deliberately); null when there are no sets.
+    [[nodiscard]] std::shared_ptr<CVTransactionSet> findTransactionSetFromID(quint32 id) const;
+
+    [[nodiscard]] const Transactions& transactions() const { return mTransactions; }
+    /// Appends, without order or announcement; the reader's way in.
+    void addTransaction(std::shared_ptr<CVTransaction> transaction);
+    /// Files a transaction under the current set (or the fallback of `findTransactionSetFromID`), widens the bounds of
+    /// the document and of its category, places it in order of date and announces it. Null is ignored.
+    void insertTransaction(const std::shared_ptr<CVTransaction>& transaction);
+    /// Removes that very object and announces it, even when it was not there; then `updateDates`, for null too.
+    void removeTransaction(const std::shared_ptr<CVTransaction>& transaction);
+    /// Removes all of these objects in one walk, with one announcement; nothing for an empty list.
+    void removeTransactions(std::span<const std::shared_ptr<CVTransaction>> transactions);
+    /// Removes every transaction of that set in one walk and announces it once, even when none matched; nothing when
+    /// the document has no transactions.
+    void removeTransactionsForSet(quint32 id);
+    void sortTransactionsByDate();
+    /// Where a transaction of that day belongs: before older ones, at whichever of the same day the binary search meets
+    /// first. A missing date is older than all.
+    [[nodiscard]] std::size_t indexInTransactionArrayOfDate(const std::optional<QBDate>& date) const;
+    /// Recomputes the bounds: each category's from today and its transactions, the document's from the first and the
+    /// last dated transaction. Without dated transactions the document's bounds stay.
+    void updateDates();
+    /// Absent until there was a dated transaction.
+    [[nodiscard]] const std::optional<QBDate>& earliestTransactionDate() const { return _earliestTransactionDate; }
+    [[nodiscard]] const std::optional<QBDate>& latestTransactionDate() const { return _latestTransactionDate; }
+    void setEarliestTransactionDate(const std::optional<QBDate>& date) { _earliestTransactionDate = date; }
+    void setLatestTransactionDate(const std::optional<QBDate>& date) { _latestTransactionDate = date; }
+
+    [[nodiscard]] std::size_t countOfCategories() const { return mCategories.size(); }
+    [[nodiscard]] const std::shared_ptr<CVCategory>& objectInCategoriesAtIndex(std::size_t index) const;
+    [[nodiscard]] const Categories& categories() const { return mCategories; }
+    void removeAllCategories();
+    /// Adds the standard categories, with new IDs and without announcements.
+    void setInitialCategories();
+    /// The category of exactly that name: the one there is, or a new one, filed in order and announced (twice: once as
+    /// added, once as inserted).
+    std::shared_ptr<CVCategory> insertCategoryName(const QString& name);
+    /// Appends without sorting and announces it. Null is ignored.
+    void addCategory(const std::shared_ptr<CVCategory>& category);
+    void sortCategories();
+    /// Removes that very object and announces it; its transactions keep the ID, which then refers to nothing.
+    void removeCategory(const std::shared_ptr<CVCategory>& category);
+    /// The first category with that ID; null when there is none.
+    [[nodiscard]] std::shared_ptr<CVCategory> getCategoryByUniqueID(quint32 id) const;
+    /// The first category with exactly that name (case counts, unlike in the order); null when there is none.
+    [[nodiscard]] std::shared_ptr<CVCategory> doesCategoryNameExist(const QString& name) const;
+    /// Whether a transaction of the current set has this category.
+    [[nodiscard]] bool categoryInUse(const CVCategory& category) const;
+
+    /// Issues the next ID for a category or a set.
+    [[nodiscard]] quint32 getUniqueID() { return ++_uniqueID; }
+    /// The last ID issued, 0 on a fresh document.
+    [[nodiscard]] quint32 uniqueID() const { return _uniqueID; }
+    void setUniqueID(quint32 id) { _uniqueID = id; }
+
+    /// What a document without data holds: the standard categories and a paid-to list of ten.
+    void addDefaults();
+    /// Removes all categories and transactions, starts over with the standard categories and saves. Sets stay.
+    void reset_to_default_info();
+
+    void beginParsingData() {}
+    /// Of several sets, and of several categories, with one ID only the first stays.
+    void finishedParsingData();
+
+private:
+    void widenBounds(const QBDate& date);
+    void announceTransactions() const;
+    void announceCategories() const;
+
+    Transactions mTransactions;
+    Categories mCategories;
+    TransactionSets mTransactionSets;
+    quint32 mCurrentTransactionSetID = 0;
+    quint32 _uniqueID = 0;
+    std::optional<QBDate> _earliestTransactionDate;
+    std::optional<QBDate> _latestTransactionDate;
+    QBNotificationCenter& mNotificationCenter;
+    QBUserDefaults& mUserDefaults;
+    CVDocumentSaver* mSaver = nullptr;
+};

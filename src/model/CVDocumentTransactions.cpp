@@ -1,0 +1,112 @@
+#include "model/CVCategory.h"
+#include "model/CVCategoryLookup.h"
+#include "model/CVDocument.h"
+#include "model/CVTransaction.h"
+#include "model/CVTransactionDateSort.h"
+#include "model/CVTransactionSet.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+/// The part of the document that keeps transactions in their order and the bounds of their dates.
+
+void CVDocument::addTransaction(std::shared_ptr<CVTransaction> transaction) {
+    mTransactions.push_back(std::move(transaction));
+}
+
+void CVDocument::insertTransaction(const std::shared_ptr<CVTransaction>& transaction) {
+    if (!transaction)
+        return;
+    const auto set = findTransactionSetFromID(mCurrentTransactionSetID);
+    transaction->setTransactionSetID(set ? set->uniqueID() : 0);
+    transaction->setDocument(this);
+    if (const auto& date = transaction->effectiveDate()) {
+        widenBounds(*date);
+        if (const auto category = getCategoryByUniqueID(transaction->categoryID()))
+            category->widenBounds(*date);
+    }
+    const auto index = indexInTransactionArrayOfDate(transaction->effectiveDate());
+    mTransactions.insert(mTransactions.begin() + static_cast<std::ptrdiff_t>(index), transaction);
+    announceTransactions();
+}
+
+void CVDocument::removeTransaction(const std::shared_ptr<CVTransaction>& transaction) {
+    if (transaction) {
+        const auto found = std::find(mTransactions.begin(), mTransactions.end(), transaction);
+        if (found != mTransactions.end())
+            mTransactions.erase(found);
+        announceTransactions();
+    }
+    updateDates();
+}
+
+void CVDocument::removeTransactions(std::span<const std::shared_ptr<CVTransaction>> transactions) {
+    if (transactions.empty())
+        return;
+    std::unordered_set<const CVTransaction*> removed;
+    for (const auto& transaction : transactions)
+        removed.insert(transaction.get());
+    std::erase_if(mTransactions, [&](const auto& transaction) { return removed.contains(transaction.get()); });
+    announceTransactions();
+    updateDates();
+}
+
+void CVDocument::removeTransactionsForSet(quint32 id) {
+    if (mTransactions.empty())
+        return;
+    std::erase_if(mTransactions, [id](const auto& transaction) { return transaction->transactionSetID() == id; });
+    announceTransactions();
+    updateDates();
+}
+
+void CVDocument::sortTransactionsByDate() {
+    CVSortTransactionsByDate(mTransactions, mCategories);
+}
+
+std::size_t CVDocument::indexInTransactionArrayOfDate(const std::optional<QBDate>& date) const {
+    auto low = std::ptrdiff_t(0);
+    auto high = static_cast<std::ptrdiff_t>(mTransactions.size()) - 1;
+    while (low <= high) {
+        const std::ptrdiff_t mid = (low + high) / 2;
+        const auto& other = mTransactions[static_cast<std::size_t>(mid)]->effectiveDate();
+        if (date > other)
+            high = mid - 1;
+        else if (date < other)
+            low = mid + 1;
+        else
+            return static_cast<std::size_t>(mid);
+    }
+    return static_cast<std::size_t>(low);
+}
+
+void CVDocument::updateDates() {
+    const QBDate today = QBDate::date();
+    for (const auto& category : mCategories) {
+        category->setEarliestTransactionDate(today);
+        category->setLatestTransactionDate(today);
+    }
+    const CVCategoryLookup lookup(mCategories);
+    std::optional<QBDate> earliest;
+    std::optional<QBDate> latest;
+    for (const auto& transaction : mTransactions) {
+        const auto& date = transaction->effectiveDate();
+        if (!date)
+            continue;
+        if (!latest)
+            latest = date;
+        earliest = date;
+        if (CVCategory* const category = lookup.find(transaction->categoryID()))
+            category->widenBounds(*date);
+    }
+    if (latest) {
+        _earliestTransactionDate = earliest;
+        _latestTransactionDate = latest;
+    }
+}
+
+void CVDocument::widenBounds(const QBDate& date) {
+    if (!_earliestTransactionDate || date.comesBefore(*_earliestTransactionDate))
+        _earliestTransactionDate = date;
+    if (!_latestTransactionDate || date.comesAfter(*_latestTransactionDate))
+        _latestTransactionDate = date;
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+
+/// Attributes of an element as alternating names and values, ended by a null name; null when there are none.
+using CVXMLAttributes = const char* const*;
+
+/// What the parser of a data file offers to the record that it is filling.
+class CVParsingDelegate {
+public:
+    /// Turns the collecting of character data on or off.
+    virtual void setStoringCharacters(bool storing) = 0;
+    /// Everything up to the end of the element that `setUnknownTag` names is to be skipped.
+    virtual void setWorkingOnUnknownTag(bool unknown) = 0;
+    virtual void setUnknownTag(const char* name) = 0;
+    /// The characters collected since the last call, which are then forgotten; null when they are not valid UTF-8.
+    [[nodiscard]] virtual QString tempParsingString() = 0;
+    /// The record is complete.
+    virtual void popParsingObjectForEndingElement(const char* name) = 0;
+
+protected:
+    ~CVParsingDelegate() = default;
+};
+
+/// A record under construction: it reads its own elements, one start and end at a time. Names are NUL-terminated UTF-8.
+class CVParsingObject {
+public:
+    virtual void parsingDelegateStartElement(CVParsingDelegate& delegate, const char* name,
+                                             CVXMLAttributes attributes) = 0;
+    virtual void parsingDelegateEndElement(CVParsingDelegate& delegate, const char* name) = 0;
+
+protected:
+    ~CVParsingObject() = default;
+};

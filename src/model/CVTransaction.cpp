@@ -1,0 +1,177 @@
+#include "model/CVTransaction.h"
+
+#include "model/CVCategory.h"
+#include "model/CVDocument.h"
+#include "shared/base/QBNumberText.h"
+#include "shared/base/QBXMLText.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <string_view>
+
+namespace {
+
+constexpr double kAmountTolerance = 0.000001;
+
+/// More than the fixed words of an element and its three numbers and two flags take.
+constexpr qsizetype kFixedBound =
+    200 + 3 * qsizetype(QBNumberText::kIntegerBound) + qsizetype(QBNumberText::kMoneyBound) + QBDate::kXMLBound;
+
+char* put(char* out, std::string_view text) {
+    return std::copy(text.begin(), text.end(), out);
+}
+
+} // namespace
+
+CVTransaction::CVTransaction()
+    : mEffectiveDate(QBDate::date())
+    , mPayToFrom(QLatin1String(""))
+    , mFor(QLatin1String("")) {}
+
+std::shared_ptr<CVTransaction> CVTransaction::initForFileRead() {
+    return std::make_shared<CVTransaction>(FileRead());
+}
+
+void CVTransaction::setEffectiveDate(const std::optional<QBDate>& date) {
+    if (mEffectiveDate == date)
+        return;
+    mEffectiveDate = date;
+    changed();
+}
+
+void CVTransaction::setPayTo(const QString& text) {
+    const QString storable = xml_storableText(text);
+    if (mPayToFrom.isNull() ? storable.isNull() : mPayToFrom == storable && !storable.isNull())
+        return;
+    mPayToFrom = storable;
+    changed();
+}
+
+void CVTransaction::setFor(const QString& text) {
+    const QString storable = xml_storableText(text);
+    if (!mPayToFrom.isNull() && (mFor.isNull() || (mFor == storable && !storable.isNull())))
+        return;
+    mFor = storable;
+    changed();
+}
+
+void CVTransaction::setAmount(double amount) {
+    if (!(std::abs(amount - mAmount) > kAmountTolerance))
+        return;
+    mAmount = amount;
+    changed();
+}
+
+void CVTransaction::setCategoryID(quint32 id) {
+    if (mCategoryID == id)
+        return;
+    mCategoryID = id;
+    changed();
+}
+
+void CVTransaction::setTransactionSetID(quint32 id) {
+    if (mTransactionSetID == id)
+        return;
+    mTransactionSetID = id;
+    changed();
+}
+
+void CVTransaction::setTaxFlag(bool flag) {
+    if (mTaxFlag == flag)
+        return;
+    mTaxFlag = flag;
+    changed();
+}
+
+void CVTransaction::setUserFlag(bool flag) {
+    if (mUserFlag == flag)
+        return;
+    mUserFlag = flag;
+    changed();
+}
+
+QString CVTransaction::categoryName() const {
+    const auto category = mDocument ? mDocument->getCategoryByUniqueID(mCategoryID) : nullptr;
+    return category ? category->categoryName() : QString();
+}
+
+const CVTextSlice& CVTransaction::xmlRepresentation(CVTextArena& arena) const {
+    if (mXMLString.isNull()) {
+        const qsizetype bound = kFixedBound + xml_encodedBound(mPayToFrom) + xml_encodedBound(mFor);
+        mXMLString = arena.add(bound, [this](char* out) { return write(out); });
+    }
+    return mXMLString;
+}
+
+QByteArrayView CVTransaction::xmlRepresentation() const {
+    CVTextArena arena;
+    return xmlRepresentation(arena).bytes();
+}
+
+char* CVTransaction::write(char* out) const {
+    out = put(out, R"(<Transaction categoryID=")");
+    out = QBNumberText::writeUnsigned(out, mCategoryID);
+    out = put(out, R"(" flag=")");
+    *out++ = mUserFlag ? '1' : '0';
+    out = put(out, R"(" tax_flag=")");
+    *out++ = mTaxFlag ? '1' : '0';
+    out = put(out, R"(" transaction_set_id=")");
+    out = QBNumberText::writeUnsigned(out, mTransactionSetID);
+    out = put(out, R"("><Data date=")");
+    // The form of a null text; it reads back as no date.
+    out = mEffectiveDate ? mEffectiveDate->writeXMLRepresentation(out) : put(out, "(null)");
+    out = put(out, R"(" amount=")");
+    out = QBNumberText::writeMoney(out, mAmount);
+    out = put(out, R"(" /><PayToFrom>)");
+    out = xml_writeEncodedForXML(out, mPayToFrom);
+    out = put(out, "</PayToFrom><For>");
+    out = xml_writeEncodedForXML(out, mFor);
+    return put(out, "</For></Transaction>\n");
+}
+
+void CVTransaction::parsingDelegateStartElement(CVParsingDelegate& delegate, const char* name,
+                                                CVXMLAttributes attributes) {
+    if (std::strcmp(name, "Transaction") == 0) {
+        readAttributes(attributes);
+    } else if (std::strcmp(name, "Data") == 0) {
+        readData(attributes);
+    } else if (std::strcmp(name, "PayToFrom") == 0 || std::strcmp(name, "For") == 0) {
+        delegate.setStoringCharacters(true);
+    } else {
+        delegate.setWorkingOnUnknownTag(true);
+        delegate.setUnknownTag(name);
+    }
+}
+
+void CVTransaction::parsingDelegateEndElement(CVParsingDelegate& delegate, const char* name) {
+    if (std::strcmp(name, "PayToFrom") == 0)
+        mPayToFrom = delegate.tempParsingString();
+    else if (std::strcmp(name, "For") == 0)
+        mFor = delegate.tempParsingString();
+    else if (std::strcmp(name, "Transaction") == 0)
+        delegate.popParsingObjectForEndingElement(name);
+}
+
+void CVTransaction::readAttributes(CVXMLAttributes attributes) {
+    for (; attributes && *attributes; attributes += 2) {
+        const char* const value = attributes[1];
+        if (std::strcmp(*attributes, "categoryID") == 0)
+            mCategoryID = QBNumberText::leadingUnsigned(value);
+        else if (std::strcmp(*attributes, "flag") == 0)
+            mUserFlag = *value == '1';
+        else if (std::strcmp(*attributes, "tax_flag") == 0)
+            mTaxFlag = *value == '1';
+        else if (std::strcmp(*attributes, "transaction_set_id") == 0)
+            mTransactionSetID = QBNumberText::leadingUnsigned(value);
+    }
+}
+
+void CVTransaction::readData(CVXMLAttributes attributes) {
+    for (; attributes && *attributes; attributes += 2) {
+        if (std::strcmp(*attributes, "date") == 0)
+            mEffectiveDate = QBDate::optimizedDateWithCStringXMLFormat(attributes[1]);
+        else if (std::strcmp(*attributes, "amount") == 0)
+            mAmount = QBNumberText::leadingDouble(attributes[1]);
+    }
+}
