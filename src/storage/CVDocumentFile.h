@@ -1,0 +1,56 @@
+#pragma once
+
+#include "model/CVDocumentSaver.h"
+#include "storage/CVSaveQueue.h"
+#include "storage/CVStandardDataFile.h"
+
+#include <QCoreApplication>
+
+#include <optional>
+
+class QBUserDefaults;
+
+/// How the reading of the data file went.
+struct CVLoadReport {
+    enum class Outcome {
+        NoFile,
+        Loaded,
+        /// Nothing was read; the file is untouched, or, when it is damaged, being replaced after a copy was kept.
+        Unreadable
+    };
+
+    Outcome outcome = Outcome::NoFile;
+    QString path;
+    /// Why the file could not be read; empty otherwise.
+    QString reason;
+};
+
+/// The one data file of a document: finds it, reads it, saves it. References the user defaults; owns the save queue.
+class CVDocumentFile final : public CVDocumentSaver {
+    Q_DECLARE_TR_FUNCTIONS(CVDocumentFile)
+
+public:
+    static constexpr const char* kDocumentType = "com.quenbylabs.corvella.document";
+    static constexpr const char* kXMLDocumentType = "com.quenbylabs.corvella.xml";
+
+    CVDocumentFile(CVStandardFolders folders, QBUserDefaults& defaults);
+
+    /// Fills a new document from the user's data file, or with the defaults when there is none to be read.
+    CVLoadReport initWithStandardUserFile(CVDocument& document);
+    /// Reads the file at `path` into a new document.
+    CVLoadReport readFromURL(CVDocument& document, const QString& path);
+    /// False for another type than the two above, for too few or too many bytes, encrypted ones and malformed XML.
+    bool readFromData(CVDocument& document, QByteArray bytes, const QString& type);
+    /// The document's text; absent for another type than the two above (an unknown file-write error, code 512).
+    [[nodiscard]] static std::optional<CVDocumentText> dataOfType(const CVDocument& document, const QString& type);
+
+    bool workbookSave(CVDocument& document) override;
+    [[nodiscard]] CVSaveQueue& saves() { return mSaves; }
+
+private:
+    CVStandardFolders mFolders;
+    QBUserDefaults& mDefaults;
+    /// Why nothing came out of the last read; empty when something did.
+    QString mReason;
+    CVSaveQueue mSaves;
+};

@@ -1,0 +1,132 @@
+#include "storage/CVDocumentParserDelegate.h"
+
+#include "model/CVCategory.h"
+#include "model/CVDocument.h"
+#include "model/CVTransaction.h"
+#include "model/CVTransactionSet.h"
+#include "shared/base/QBNumberText.h"
+#include "shared/base/QBXMLText.h"
+
+#include <QByteArrayView>
+
+#include <cstring>
+#include <string_view>
+#include <utility>
+
+CVDocumentParserDelegate::CVDocumentParserDelegate(CVDocument* target) : document(target) {
+    _co_parsing_object_stack.reserve(5);
+}
+
+CVDocumentParserDelegate::~CVDocumentParserDelegate() = default;
+
+bool CVDocumentParserDelegate::decryptWithKey(const QString& /*key*/) const {
+    return _co_decrypted_data.has_value();
+}
+
+void CVDocumentParserDelegate::pushParsingObject(CVParsingObject* object) {
+    _co_parsing_object_stack.push_back(object);
+}
+
+void CVDocumentParserDelegate::popParsingObjectForEndingElement(const char* /*name*/) {
+    if (!_co_parsing_object_stack.empty())
+        _co_parsing_object_stack.pop_back();
+}
+
+CVParsingObject* CVDocumentParserDelegate::currentParsingObject() const {
+    return _co_parsing_object_stack.empty() ? nullptr : _co_parsing_object_stack.back();
+}
+
+void CVDocumentParserDelegate::appendCharacters(const char* bytes, qsizetype length) {
+    if (_co_storing_characters && !_co_is_parsing_unknown)
+        _co_character_buffer.append(bytes, static_cast<std::size_t>(length));
+}
+
+QString CVDocumentParserDelegate::tempParsingString() {
+    auto known = mTexts.find(std::string_view(_co_character_buffer));
+    if (known == mTexts.end()) {
+        const QByteArrayView bytes(_co_character_buffer.data(), static_cast<qsizetype>(_co_character_buffer.size()));
+        const QString text = bytes.isEmpty() ? QString(QLatin1String("")) : QString::fromUtf8(bytes);
+        known = mTexts.emplace(_co_character_buffer, bytes.isValidUtf8() ? text : QString()).first;
+    }
+    _co_character_buffer.clear();
+    return known->second;
+}
+
+double CVDocumentParserDelegate::tempParsingStringDoubleValue() {
+    return QBNumberText::leadingDouble(std::exchange(_co_character_buffer, {}));
+}
+
+void CVDocumentParserDelegate::startElement(const char* name, CVXMLAttributes attributes) {
+    if (_co_is_parsing_unknown)
+        return;
+    if (CVParsingObject* const current = currentParsingObject()) {
+        current->parsingDelegateStartElement(*this, name, attributes);
+        return;
+    }
+    if (std::strcmp(name, "CorvellaDocument") != 0)
+        return;
+    for (; attributes && *attributes; attributes += 2) {
+        if (std::strcmp(*attributes, "xmlns") == 0)
+            _co_file_version = xml_decodedFromXML(QString::fromUtf8(attributes[1]));
+    }
+    mFoundRoot = true;
+    pushParsingObject(this);
+}
+
+void CVDocumentParserDelegate::endElement(const char* name) {
+    CVParsingObject* const current = currentParsingObject();
+    if (!current)
+        return;
+    // Only as many characters as the skipped name has are compared: an element inside whose name begins with it ends
+    // the skipping early, which is kept as it is.
+    if (current != this && _co_is_parsing_unknown) {
+        if (std::strncmp(name, _co_unknown_tag.constData(), static_cast<std::size_t>(_co_unknown_tag.size())) == 0) {
+            _co_is_parsing_unknown = false;
+            _co_unknown_tag.clear();
+        }
+    } else {
+        current->parsingDelegateEndElement(*this, name);
+    }
+    _co_storing_characters = false;
+}
+
+/// Inside the root. An element of another name is passed over, but not its children: they count as the root's.
+void CVDocumentParserDelegate::parsingDelegateStartElement(CVParsingDelegate& /*delegate*/, const char* name,
+                                                           CVXMLAttributes attributes) {
+    if (std::strcmp(name, "Transaction") == 0) {
+        const auto transaction = CVTransaction::initForFileRead();
+        begin(*transaction, name, attributes);
+        document->addTransaction(transaction);
+    } else if (std::strcmp(name, "Category") == 0) {
+        const auto category = std::make_shared<CVCategory>();
+        begin(*category, name, attributes);
+        document->addCategory(category);
+    } else if (std::strcmp(name, "TransactionSet") == 0) {
+        const auto set = std::make_shared<CVTransactionSet>();
+        begin(*set, name, attributes);
+        document->transactionSets().push_back(set);
+    } else if (std::strcmp(name, "MiscInfo") == 0) {
+        readMiscInfo(attributes);
+    }
+}
+
+void CVDocumentParserDelegate::parsingDelegateEndElement(CVParsingDelegate& /*delegate*/, const char* name) {
+    if (std::strcmp(name, "CorvellaDocument") == 0)
+        popParsingObjectForEndingElement(name);
+}
+
+template <typename Record>
+void CVDocumentParserDelegate::begin(Record& record, const char* name, CVXMLAttributes attributes) {
+    record.setDocument(document);
+    pushParsingObject(&record);
+    record.parsingDelegateStartElement(*this, name, attributes);
+}
+
+void CVDocumentParserDelegate::readMiscInfo(CVXMLAttributes attributes) {
+    for (; attributes && *attributes; attributes += 2) {
+        if (std::strcmp(*attributes, "id") == 0)
+            document->setUniqueID(QBNumberText::leadingUnsigned(attributes[1]));
+        else if (std::strcmp(*attributes, "current_transaction_set_id") == 0)
+            document->setCurrentTransactionSet(QBNumberText::leadingUnsigned(attributes[1]));
+    }
+}

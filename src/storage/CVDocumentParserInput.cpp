@@ -1,0 +1,118 @@
+#include "storage/CVDocumentParserDelegate.h"
+#include "storage/CVStorageLog.h"
+
+#include <QByteArrayView>
+#include <QFile>
+
+#include <limits>
+#include <utility>
+
+/// The part of the parser that examines bytes and files before anything is parsed.
+
+namespace {
+
+constexpr qsizetype kExaminedBytes = 64;
+constexpr qsizetype kLargestBlock = std::numeric_limits<int>::max();
+constexpr qsizetype kVectorCharacters = 24;
+
+constexpr QByteArrayView kEncryptedStart("<EncryptedData");
+constexpr QByteArrayView kSaltStart("<Salt><Specified>");
+constexpr QByteArrayView kSaltEnd("</Specified>");
+constexpr QByteArrayView kCipherStart("<CipherValue>");
+constexpr QByteArrayView kCipherEnd("</CipherValue>");
+
+bool looksEncrypted(QByteArrayView bytes) {
+    return bytes.first(std::min(bytes.size(), kExaminedBytes)).indexOf(kEncryptedStart) >= 0;
+}
+
+QByteArray decoded(QByteArrayView text) {
+    return QByteArray::fromBase64(text.toByteArray());
+}
+
+} // namespace
+
+bool CVDocumentParserDelegate::prepareFromData(QByteArray bytes) {
+    if (bytes.size() < kExaminedBytes) {
+        mErrorMessage = tr("the file is shorter than %1 bytes").arg(kExaminedBytes);
+        return false;
+    }
+    if (looksEncrypted(bytes)) {
+        readEncryptedParts(bytes);
+        return true;
+    }
+    return keepPlainBytes(std::move(bytes));
+}
+
+bool CVDocumentParserDelegate::prepareFromFile(const QString& path, CVReadError* error) {
+    CVReadError ignored;
+    CVReadError& problem = error ? *error : ignored;
+    problem.path = path;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        problem.code = CVReadError::kNoSuchFile;
+        problem.message = file.errorString();
+        return false;
+    }
+    QByteArray bytes = file.size() <= kLargestBlock ? file.readAll() : QByteArray();
+    if (file.error() != QFileDevice::NoError) {
+        problem.code = CVReadError::kUnknownRead;
+        problem.message = file.errorString();
+        qCWarning(lcStorage, "Error loading document: %s", qUtf8Printable(problem.message));
+        return false;
+    }
+    if (looksEncrypted(bytes)) {
+        if (readEncryptedParts(bytes))
+            return true;
+        problem.code = CVReadError::kCorruptFile;
+        problem.message = tr("the file is encrypted and incomplete");
+        return false;
+    }
+    if (file.size() <= kLargestBlock)
+        return keepPlainBytes(std::move(bytes));
+    problem.code = CVReadError::kUnknownRead;
+    problem.message = tr("the file is larger than 2 GiB");
+    return false;
+}
+
+bool CVDocumentParserDelegate::keepPlainBytes(QByteArray bytes) {
+    if (bytes.size() > kLargestBlock) {
+        mErrorMessage = tr("the file is larger than 2 GiB");
+        return false;
+    }
+    _co_decrypted_data = std::move(bytes);
+    return true;
+}
+
+/// False when the end of the cipher is missing. The parts are kept but never used: nothing is decrypted anywhere.
+bool CVDocumentParserDelegate::readEncryptedParts(QByteArrayView text) {
+    _co_encrypted = true;
+    mErrorMessage = tr("the file is encrypted, and Corvella cannot open encrypted files");
+    const qsizetype saltStart = text.indexOf(kSaltStart);
+    if (saltStart < 0) {
+        qCWarning(lcStorage, "Error loading document: Could not find start of Password Salt.");
+        return true;
+    }
+    const qsizetype salt = saltStart + kSaltStart.size();
+    const qsizetype saltEnd = text.indexOf(kSaltEnd, salt);
+    if (saltEnd < 0) {
+        qCWarning(lcStorage, "Error loading document: Could not find end of Password Salt.");
+        return true;
+    }
+    _co_salt_data = decoded(text.sliced(salt, saltEnd - salt));
+    const qsizetype cipherStart = text.indexOf(kCipherStart, saltEnd);
+    if (cipherStart < 0) {
+        qCWarning(lcStorage, "Error loading encrypted document: could not find start of encrypted data");
+        return true;
+    }
+    const qsizetype vector = cipherStart + kCipherStart.size();
+    const qsizetype vectorEnd = std::min(vector + kVectorCharacters, text.size());
+    _co_iv_data = decoded(text.sliced(vector, vectorEnd - vector));
+    const qsizetype cipherEnd = text.lastIndexOf(kCipherEnd);
+    if (cipherEnd < 0) {
+        qCWarning(lcStorage, "Error loading encrypted document: could not find end of encrypted data");
+        return false;
+    }
+    if (cipherEnd >= vectorEnd)
+        _co_encrypted_data = decoded(text.sliced(vectorEnd, cipherEnd - vectorEnd));
+    return true;
+}

@@ -1,0 +1,119 @@
+#include "model/CVDocument.h"
+#include "storage/CVDocumentParserDelegate.h"
+#include "storage/CVStorageLog.h"
+
+#include <libxml/parser.h>
+#include <libxml/xmlerror.h>
+
+#include <array>
+#include <cstdarg>
+#include <cstdio>
+#include <exception>
+
+/// The part of the parser that drives libxml2's SAX interface.
+
+namespace {
+
+/// A damaged file can raise an error per character; the log needs only the first of them.
+constexpr int kLoggedErrors = 20;
+
+} // namespace
+
+/// The callbacks given to libxml2, which passes the parser as its user data. No exception leaves them: one that comes
+/// up (memory has run out) makes the whole read fail.
+struct CVDocumentParserCallbacks {
+    static const char* text(const xmlChar* characters) { return reinterpret_cast<const char*>(characters); }
+
+    template <typename Action>
+    static void run(void* context, Action action) noexcept {
+        auto& parser = *static_cast<CVDocumentParserDelegate*>(context);
+        if (parser.mGaveUp)
+            return;
+        try {
+            action(parser);
+        } catch (const std::exception&) {
+            parser.mGaveUp = true;
+        }
+    }
+
+    static xmlEntityPtr getEntity(void* /*context*/, const xmlChar* name) { return xmlGetPredefinedEntity(name); }
+
+    static void startElement(void* context, const xmlChar* name, const xmlChar** attributes) {
+        run(context,
+            [=](auto& parser) { parser.startElement(text(name), reinterpret_cast<CVXMLAttributes>(attributes)); });
+    }
+
+    static void endElement(void* context, const xmlChar* name) {
+        run(context, [=](auto& parser) { parser.endElement(text(name)); });
+    }
+
+    static void characters(void* context, const xmlChar* bytes, int length) {
+        run(context, [=](auto& parser) { parser.appendCharacters(text(bytes), length); });
+    }
+
+    static void error(void* context, const char* format, ...) {
+        std::array<char, 1024> message{};
+        std::va_list arguments;
+        va_start(arguments, format);
+        std::vsnprintf(message.data(), message.size(), format, arguments);
+        va_end(arguments);
+        const auto* const details = xmlGetLastError();
+        run(context, [&](auto& parser) { parser.noteError(message.data(), details ? details->line : 0); });
+    }
+
+    static xmlSAXHandler handler() {
+        xmlSAXHandler handler{};
+        handler.getEntity = getEntity;
+        handler.startElement = startElement;
+        handler.endElement = endElement;
+        handler.characters = characters;
+        handler.error = error;
+        // Not XML_SAX2_MAGIC: with it libxml2 would pass over these plain element callbacks without a word.
+        handler.initialized = 1;
+        return handler;
+    }
+};
+
+bool CVDocumentParserDelegate::parseDocumentData() {
+    if (!_co_decrypted_data && !_co_encrypted_data) {
+        document->reset_to_default_info();
+        return true;
+    }
+    document->beginParsingData();
+    const int result = parsePlainBytes();
+    _co_decrypted_data.reset();
+    mTexts.clear();
+    if (result != 0) {
+        qCWarning(lcStorage, "Document parsing error %u", static_cast<unsigned>(result));
+        mErrorMessage = malformedMessage();
+        document->reset_to_default_info();
+        return false;
+    }
+    document->finishedParsingData();
+    return true;
+}
+
+int CVDocumentParserDelegate::parsePlainBytes() {
+    const QByteArray bytes = _co_decrypted_data.value_or(QByteArray());
+    xmlSAXHandler handler = CVDocumentParserCallbacks::handler();
+    const int result = xmlSAXUserParseMemory(&handler, this, bytes.constData(), static_cast<int>(bytes.size()));
+    return mGaveUp ? XML_ERR_NO_MEMORY : result;
+}
+
+QString CVDocumentParserDelegate::malformedMessage() const {
+    if (mGaveUp)
+        return tr("there was not enough memory to read the file");
+    if (mErrorLine == 0)
+        return tr("the file is damaged");
+    return tr("the file is damaged at line %1: %2").arg(mErrorLine).arg(mFirstError);
+}
+
+void CVDocumentParserDelegate::noteError(const char* message, int line) {
+    const QString text = QString::fromUtf8(message).trimmed();
+    if (mErrorCount++ == 0) {
+        mErrorLine = line;
+        mFirstError = text;
+    }
+    if (mErrorCount <= kLoggedErrors)
+        qCWarning(lcStorage, "%s", qUtf8Printable(text));
+}

@@ -1,0 +1,54 @@
+#include "storage/CVDocumentXML.h"
+
+#include "model/CVCategory.h"
+#include "model/CVDocument.h"
+#include "model/CVTransaction.h"
+#include "model/CVTransactionSet.h"
+#include "shared/base/CVBundle.h"
+#include "shared/base/QBXMLText.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr const char* kXML_UTF8_EncodingString = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+
+QByteArray head(const CVDocument& document) {
+    QByteArray text(kXML_UTF8_EncodingString);
+    text += "<CorvellaDocument os=\"Mac OS X\" app=\"";
+    text += CVBundle::kIdentifier;
+    text += '"';
+    if (const auto version = CVBundle::version(); !version.empty()) {
+        text += " app_version=\"";
+        xml_appendStringEncodedForXML(text, QString::fromUtf8(version.data(), static_cast<qsizetype>(version.size())));
+        text += '"';
+    }
+    text += ">\n <MiscInfo id=\"" + QByteArray::number(document.uniqueID()) + "\" current_transaction_set_id=\"" +
+            QByteArray::number(document.currentTransactionSet()) + "\" />\n";
+    for (const auto& set : document.transactionSets())
+        text += set->xmlRepresentation();
+    return text;
+}
+
+QByteArray tail(const CVDocument& document) {
+    QByteArray text;
+    for (const auto& category : document.categories())
+        text += category->xmlRepresentation();
+    return text + "</CorvellaDocument>\n";
+}
+
+CVTextSlice place(CVTextArena& arena, const QByteArray& text) {
+    return arena.add(text.size(), [&](char* out) { return std::copy(text.begin(), text.end(), out); });
+}
+
+} // namespace
+
+CVDocumentText CVDocumentXMLRepresentation(const CVDocument& document) {
+    CVTextArena arena;
+    CVDocumentText text;
+    text.append(place(arena, head(document)));
+    for (const auto& transaction : document.transactions())
+        text.append(transaction->xmlRepresentation(arena));
+    text.append(place(arena, tail(document)));
+    return text;
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "storage/CVFileResult.h"
+
+class CVDocumentText;
+
+/// Replaces the file at `path` by `text`, so that at every moment, whatever fails, the old file or the new one stands
+/// there whole. A symbolic link is followed, an existing file keeps its mode, a new one can be read by its owner alone.
+/// Returns when the new file and its folder entry are on the disk. Failing: the reason; nothing of the attempt is left.
+[[nodiscard]] CVFileResult CVReplaceFile(const QString& path, const CVDocumentText& text);
+
+/// Brings a folder's entries to the disk.
+[[nodiscard]] CVFileResult CVSyncFolder(const QString& path);

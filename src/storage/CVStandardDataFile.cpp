@@ -1,0 +1,62 @@
+#include "storage/CVStandardDataFile.h"
+
+#include "shared/base/CVDefaultsKeys.h"
+#include "shared/base/QBUserDefaults.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace {
+
+constexpr QLatin1StringView kFile("/Corvella Data.corvella");
+constexpr QLatin1StringView kFolder("/Quenby Labs/Corvella");
+/// Where an earlier version kept the file: searched, never made.
+constexpr QLatin1StringView kOlderFolder("/Quenby/Corvella");
+
+void store(QBUserDefaults& defaults, const QString& path) {
+    defaults.setString(CVDefaultsKeys::kDataFileLocation, path);
+    defaults.synchronize();
+}
+
+std::optional<QString> locateExisting(const CVStandardFolders& folders, QBUserDefaults& defaults) {
+    const auto preferred = defaults.stringForKey(CVDefaultsKeys::kDataFileLocation);
+    if (preferred && QFileInfo(*preferred).isFile())
+        return preferred;
+    struct Place {
+        const QString& base;
+        QLatin1StringView folder;
+    };
+    for (const Place& place : {Place{folders.documents, kFolder}, Place{folders.applicationSupport, kFolder},
+                               Place{folders.applicationSupport, kOlderFolder}}) {
+        const QString path = place.base + place.folder + kFile;
+        if (!place.base.isEmpty() && QFileInfo(path).isFile()) {
+            store(defaults, path);
+            return path;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<QString> locateForSaving(const CVStandardFolders& folders, QBUserDefaults& defaults) {
+    if (auto preferred = defaults.stringForKey(CVDefaultsKeys::kDataFileLocation))
+        return preferred;
+    const QString folder = folders.applicationSupport + kFolder;
+    if (folders.applicationSupport.isEmpty() || !QDir().mkpath(folder))
+        return std::nullopt;
+    const QString path = folder + kFile;
+    store(defaults, path);
+    return path;
+}
+
+} // namespace
+
+CVStandardFolders CVStandardFolders::ofUser() {
+    return {QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation),
+            QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)};
+}
+
+std::optional<QString> CVStandardDataFileURL(CVLookForExisting look, const CVStandardFolders& folders,
+                                             QBUserDefaults& defaults) {
+    return look == CVLookForExisting::Yes ? locateExisting(folders, defaults) : locateForSaving(folders, defaults);
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+class QBUserDefaults;
+
+/// The user's base folders in which the data file is looked for; empty when the platform names none.
+struct CVStandardFolders {
+    QString applicationSupport;
+    QString documents;
+
+    [[nodiscard]] static CVStandardFolders ofUser();
+};
+
+enum class CVLookForExisting : bool { No, Yes };
+
+/// Where the data file is (Yes, for opening) or is to be (No, for saving). Opening tries the preference
+/// "Data File Location", then the standard places, and stores where it found the file; absent when there is none.
+/// Saving takes the preference unseen, else makes the standard folder and stores the path; absent when that fails.
+[[nodiscard]] std::optional<QString> CVStandardDataFileURL(CVLookForExisting look, const CVStandardFolders& folders,
+                                                           QBUserDefaults& defaults);

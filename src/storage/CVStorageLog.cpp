@@ -1,0 +1,3 @@
+#include "storage/CVStorageLog.h"
+
+Q_LOGGING_CATEGORY(lcStorage, "corvella.storage")
