@@ -38,7 +38,7 @@ int compareFors(const CVTransaction& a, const CVTransaction& b) {
 
 struct Column {
     QLatin1StringView key;
-    Comparison compare;
+    Comparison compare = nullptr;
 };
 
 constexpr std::array<Column, 5> kColumns{{{QLatin1StringView("date"), compareDates},

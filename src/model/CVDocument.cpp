@@ -105,7 +105,7 @@ std::shared_ptr<CVCategory> CVDocument::insertCategoryName(const QString& name) 
     const QString storable = xml_storableText(name);
     if (auto existing = doesCategoryNameExist(storable))
         return existing;
-    const auto category = std::make_shared<CVCategory>();
+    auto category = std::make_shared<CVCategory>();
     category->setCategoryName(storable);
     category->setUniqueID(getUniqueID());
     category->setDocument(this);

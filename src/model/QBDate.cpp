@@ -50,14 +50,14 @@ constexpr qint64 dayNumberOfFirst(qint64 year, int month) {
 char* writePadded(char* out, qint64 value, std::size_t width) {
     std::array<char, 24> digits{};
     const qint64 magnitude = std::abs(value);
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), magnitude).ptr;
+    const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), magnitude).ptr;
     const auto length = static_cast<std::size_t>(end - digits.data());
     if (value < 0) {
         *out++ = '-';
         --width;
     }
     out = std::fill_n(out, width > length ? width - length : 0, '0');
-    return std::copy(digits.data(), end, out);
+    return std::copy_n(digits.data(), length, out);
 }
 
 /// Reads one field of digits up to `separator` (or to the end of the text when it is 0) and takes both off the text.

@@ -56,10 +56,10 @@ CVLoadReport CVDocumentFile::readFromURL(CVDocument& document, const QString& pa
     file.close();
     const bool read = readFromData(document, std::move(bytes), QLatin1String(kDocumentType));
     report.reason = mReason;
-    if (read && mReason.isEmpty()) {
-        report.outcome = CVLoadReport::Outcome::Loaded;
+    if (read)
+        report.outcome = mReason.isEmpty() ? CVLoadReport::Outcome::Loaded : CVLoadReport::Outcome::NoBudget;
+    if (report.outcome == CVLoadReport::Outcome::Loaded)
         mSaves.markAsRead(path);
-    }
     return report;
 }
 
@@ -70,7 +70,6 @@ bool CVDocumentFile::readFromData(CVDocument& document, QByteArray bytes, const 
     CVDocumentParserDelegate parser(&document);
     const bool read = parser.prepareFromData(std::move(bytes)) && !parser.isEncrypted() && parser.parseDocumentData();
     mReason = parser.errorMessage();
-    // Well-formed XML of another kind reads as an empty budget; it is somebody's file all the same.
     if (read && !parser.foundRoot())
         mReason = tr("the file is XML but holds no Corvella budget");
     return read;

@@ -15,6 +15,8 @@ struct CVLoadReport {
     enum class Outcome {
         NoFile,
         Loaded,
+        /// XML of another kind, which reads as an empty budget. It is somebody's file: kept before it is written over.
+        NoBudget,
         /// Nothing was read; the file is untouched, or, when it is damaged, being replaced after a copy was kept.
         Unreadable
     };

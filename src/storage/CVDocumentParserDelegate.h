@@ -32,7 +32,7 @@ class CVDocumentParserDelegate final : public CVParsingDelegate, public CVParsin
     Q_DECLARE_TR_FUNCTIONS(CVDocumentParserDelegate)
 
 public:
-    explicit CVDocumentParserDelegate(CVDocument* document = nullptr);
+    explicit CVDocumentParserDelegate(CVDocument* target = nullptr);
     ~CVDocumentParserDelegate();
     CVDocumentParserDelegate(const CVDocumentParserDelegate&) = delete;
     CVDocumentParserDelegate& operator=(const CVDocumentParserDelegate&) = delete;

@@ -27,8 +27,8 @@ QString freeName(const QFileInfo& file, const QDateTime& now) {
     const QString suffix = file.suffix().isEmpty() ? QString() : u'.' + file.suffix();
     for (int copy = 1; copy <= kMostCopiesPerSecond; ++copy) {
         const QString number = copy == 1 ? QString() : u' ' + QString::number(copy);
-        const QString name = file.absolutePath() + u'/' + file.completeBaseName() + QStringLiteral(" (unreadable ") +
-                             stamp + number + u')' + suffix;
+        QString name = file.absolutePath() + u'/' + file.completeBaseName() + QStringLiteral(" (unreadable ") + stamp +
+                       number + u')' + suffix;
         const QFileInfo candidate(name);
         if (!candidate.exists() && !candidate.isSymLink())
             return name;

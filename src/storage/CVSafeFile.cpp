@@ -72,7 +72,7 @@ CVFileResult CVSyncFolder(const QString& path) {
         return failed();
     // Some file systems know no sync of folders and say so; there is nothing more to be done on them.
     const bool synced = ::fsync(folder) == 0 || errno == EINVAL || errno == ENOTSUP;
-    const CVFileResult result = synced ? CVFileResult() : failed();
+    CVFileResult result = synced ? CVFileResult() : failed();
     ::close(folder);
     return result;
 #else

@@ -20,7 +20,7 @@ void store(QBUserDefaults& defaults, const QString& path) {
 }
 
 std::optional<QString> locateExisting(const CVStandardFolders& folders, QBUserDefaults& defaults) {
-    const auto preferred = defaults.stringForKey(CVDefaultsKeys::kDataFileLocation);
+    auto preferred = defaults.stringForKey(CVDefaultsKeys::kDataFileLocation);
     if (preferred && QFileInfo(*preferred).isFile())
         return preferred;
     struct Place {

@@ -7,7 +7,7 @@ QBNotificationCenter::QBNotificationCenter() {
 }
 
 void QBNotificationCenter::addObserver(const QString& name, QObject* observer,
-                                       std::function<void(const QBNotification&)> handler) {
+                                       std::function<void(const QBNotification&)> handler) const {
     connect(this, &QBNotificationCenter::posted, observer,
             [name, handler = std::move(handler)](const QBNotification& notification) {
                 if (notification.name == name)

@@ -21,7 +21,7 @@ public:
     QBNotificationCenter();
 
     /// Calls `handler` for every notification of that name until `observer` is destroyed.
-    void addObserver(const QString& name, QObject* observer, std::function<void(const QBNotification&)> handler);
+    void addObserver(const QString& name, QObject* observer, std::function<void(const QBNotification&)> handler) const;
     void postNotification(const QString& name, std::any object = {});
 
 signals:

@@ -73,15 +73,17 @@ char* writeMoney(char* out, double value) {
     const double magnitude = std::abs(value);
     if (magnitude < kFastMoneyLimit) {
         const double scaled = magnitude * 100.0;
-        const auto cents = static_cast<quint64>(scaled + 0.5);
-        if (std::abs(scaled - static_cast<double>(cents)) < 0.49) {
+        const auto whole = static_cast<quint64>(scaled);
+        const double rest = scaled - static_cast<double>(whole);
+        if (std::abs(rest - 0.5) > 0.01) {
+            const quint64 cents = whole + (rest > 0.5 ? 1 : 0);
             if (std::signbit(value))
                 *out++ = '-';
             out = std::to_chars(out, out + kIntegerBound, cents / 100).ptr;
-            const auto rest = static_cast<int>(cents % 100);
+            const auto fraction = static_cast<int>(cents % 100);
             *out++ = '.';
-            *out++ = static_cast<char>('0' + rest / 10);
-            *out++ = static_cast<char>('0' + rest % 10);
+            *out++ = static_cast<char>('0' + fraction / 10);
+            *out++ = static_cast<char>('0' + fraction % 10);
             return out;
         }
     }

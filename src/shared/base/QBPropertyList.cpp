@@ -12,7 +12,8 @@ struct PlistDeleter {
     void operator()(void* node) const { plist_free(node); }
 };
 struct MallocDeleter {
-    void operator()(void* memory) const { std::free(memory); }
+    // libplist hands its texts out to be freed so.
+    void operator()(void* memory) const { std::free(memory); } // NOLINT(cppcoreguidelines-no-malloc)
 };
 using PlistText = std::unique_ptr<char, MallocDeleter>;
 
