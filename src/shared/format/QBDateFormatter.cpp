@@ -1,0 +1,163 @@
+#include "shared/format/QBDateFormatter.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace {
+
+constexpr int kDigitsOfFullYear = 4;
+constexpr int kYearsAhead = 20;
+constexpr int kCentury = 100;
+/// What people type between the numbers of a date, besides what their locale writes there.
+constexpr QStringView kUsualSeparators = u"/.-, ";
+
+struct Number {
+    int value = 0;
+    int digits = 0;
+};
+
+/// The year with these last two digits that lies nearest, not more than twenty years ahead.
+qint64 fullYear(int lastDigits) {
+    const qint64 latest = QBDate::date().yearOfCommonEra() + kYearsAhead;
+    const qint64 year = latest - latest % kCentury + lastDigits;
+    return year > latest ? year - kCentury : year;
+}
+
+/// Absent when the calendar has no such day.
+std::optional<QBDate> existingDay(qint64 year, int month, int day) {
+    const QBDate date = QBDate::dateWithYear(year, month, day);
+    if (date.yearOfCommonEra() != year || date.monthOfYear() != month || date.dayOfMonth() != day)
+        return std::nullopt;
+    return date;
+}
+
+} // namespace
+
+QBDateFormatter::QBDateFormatter(const QLocale& locale) : QBDateFormatter(shortDateFormat(locale), locale) {}
+
+QBDateFormatter::QBDateFormatter(const QString& format, const QLocale& locale)
+    : mLocale(locale)
+    , mPieces(pieces(format)) {
+    mLocale.setNumberOptions(QLocale::OmitGroupSeparator);
+    const auto isDayOrMonth = [](const Piece& piece) { return piece.field != Field::Year; };
+    const auto first = std::find_if(mPieces.cbegin(), mPieces.cend(), isDayOrMonth);
+    if (first != mPieces.cend())
+        mSeparator = first->literal.trimmed();
+}
+
+QString QBDateFormatter::shortDateFormat(const QLocale& locale) {
+    return locale.dateFormat(QLocale::ShortFormat);
+}
+
+QString QBDateFormatter::string(const QBDate& date) const {
+    QString text;
+    for (const Piece& piece : mPieces) {
+        switch (piece.field) {
+        case Field::Day:
+            text += digits(date.dayOfMonth(), piece.width);
+            break;
+        case Field::Month:
+            text += digits(date.monthOfYear(), piece.width);
+            break;
+        case Field::Year:
+            text += yearText(date.yearOfCommonEra(), piece.width);
+            break;
+        }
+        text += piece.literal;
+    }
+    return text;
+}
+
+std::optional<QBDate> QBDateFormatter::parse(QStringView text) const {
+    QList<Number> numbers;
+    bool inNumber = false;
+    for (const char32_t character : text.trimmed().toUcs4()) {
+        const int digit = QChar::digitValue(character);
+        if (digit < 0) {
+            if (numbers.isEmpty() || !isSeparator(character))
+                return std::nullopt;
+        } else {
+            if (!inNumber)
+                numbers.append(Number());
+            Number& number = numbers.last();
+            number.value = number.value * 10 + digit;
+            if (++number.digits > kDigitsOfFullYear)
+                return std::nullopt;
+        }
+        inNumber = digit >= 0;
+    }
+    if (numbers.isEmpty() || numbers.size() > 3)
+        return std::nullopt;
+
+    const QBDate today = QBDate::date();
+    qint64 year = today.yearOfCommonEra();
+    int month = today.monthOfYear();
+    int day = 0;
+    const QList<Field> order = fields(numbers.size(), numbers.first().digits);
+    for (qsizetype i = 0; i < numbers.size(); ++i) {
+        const Number number = numbers[i];
+        if (order[i] == Field::Day)
+            day = number.value;
+        else if (order[i] == Field::Month)
+            month = number.value;
+        else
+            year = number.digits <= 2 ? fullYear(number.value) : number.value;
+    }
+    return existingDay(year, month, day);
+}
+
+QList<QBDateFormatter::Piece> QBDateFormatter::pieces(const QString& format) {
+    QList<Piece> pieces;
+    bool quoted = false;
+    QChar previous;
+    for (const QChar character : format) {
+        const bool isField = !quoted && (character == 'd' || character == 'M' || character == 'y');
+        if (character == '\'')
+            quoted = !quoted;
+        else if (isField && character == previous)
+            ++pieces.last().width;
+        else if (isField)
+            pieces.append({character == 'd' ? Field::Day : character == 'M' ? Field::Month : Field::Year, 1, {}});
+        else if (!pieces.isEmpty())
+            pieces.last().literal += character;
+        previous = isField ? character : QChar();
+    }
+    return pieces;
+}
+
+QString QBDateFormatter::digits(qint64 number, int width) const {
+    const QString text = mLocale.toString(std::abs(number)).rightJustified(width, mLocale.zeroDigit().front());
+    return number < 0 ? mLocale.negativeSign() + text : text;
+}
+
+QString QBDateFormatter::yearText(qint64 year, int width) const {
+    if (width == 2) {
+        const int lastDigits = static_cast<int>(std::abs(year) % kCentury);
+        if (fullYear(lastDigits) == year)
+            return digits(lastDigits, width);
+    }
+    return digits(year, kDigitsOfFullYear);
+}
+
+/// What the numbers of a typed date mean. A first number of three or more digits can only be a year.
+QList<QBDateFormatter::Field> QBDateFormatter::fields(qsizetype count, int digitsOfFirst) const {
+    if (count == 1)
+        return {Field::Day};
+    if (count == 3 && digitsOfFirst > 2)
+        return {Field::Year, Field::Month, Field::Day};
+    QList<Field> fields;
+    for (const Piece& piece : mPieces) {
+        if (count == 3 || piece.field != Field::Year)
+            fields.append(piece.field);
+    }
+    return fields;
+}
+
+bool QBDateFormatter::isSeparator(char32_t character) const {
+    if (QChar::isSpace(character))
+        return true;
+    const QString text = QString::fromUcs4(&character, 1);
+    return kUsualSeparators.contains(text) ||
+           std::any_of(mPieces.cbegin(), mPieces.cend(),
+                       [&text](const Piece& piece) { return piece.literal.contains(text); });
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "model/QBDate.h"
+#include "shared/format/QBLocale.h"
+
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+/// Days in the short date format of its locale, or in another of that kind, written and read.
+class QBDateFormatter final {
+public:
+    /// In the locale's short format.
+    explicit QBDateFormatter(const QLocale& locale = QBLocaleInForce());
+    /// In a format such as `shortDateFormat` gives, or a part of one.
+    explicit QBDateFormatter(const QString& format, const QLocale& locale = QBLocaleInForce());
+
+    /// The short format: runs of d, M and y, which stand for day, month and year, and the text between them.
+    [[nodiscard]] static QString shortDateFormat(const QLocale& locale = QBLocaleInForce());
+
+    /// A year that two digits would not bring back is written out, also where the locale writes two digits.
+    [[nodiscard]] QString string(const QBDate& date) const;
+
+    /// The day that `text` names: day, day and month, or day, month and year in the locale's order (or the year first,
+    /// when it has three or four digits), with any usual separators. A missing month or year is the present one; two
+    /// digits name a year from 79 back to 20 ahead. Absent for anything else and for a day that does not exist.
+    [[nodiscard]] std::optional<QBDate> parse(QStringView text) const;
+
+    /// What stands between day and month, without blanks.
+    [[nodiscard]] const QString& dateSeparator() const { return mSeparator; }
+
+private:
+    enum class Field { Day, Month, Year };
+    struct Piece {
+        Field field;
+        /// 2 digits show a year in short.
+        int width;
+        /// The text that follows the field.
+        QString literal;
+    };
+
+    [[nodiscard]] static QList<Piece> pieces(const QString& format);
+    [[nodiscard]] QString digits(qint64 number, int width) const;
+    [[nodiscard]] QString yearText(qint64 year, int width) const;
+    [[nodiscard]] QList<Field> fields(qsizetype count, int digitsOfFirst) const;
+    [[nodiscard]] bool isSeparator(char32_t character) const;
+
+    QLocale mLocale;
+    QList<Piece> mPieces;
+    QString mSeparator;
+};

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+
+/// What an alert says and asks. A button with an empty text is not there; the default button always is.
+struct CVAlert {
+    /// The button that ended an alert.
+    enum Answer { kOther = -1, kAlternate = 0, kDefault = 1 };
+    enum class Style { Warning, Information };
+
+    QString title;
+    QString message;
+    QString defaultButton;
+    QString alternateButton = {};
+    QString otherButton = {};
+    Style style = Style::Warning;
+};
+
+/// Shows alerts and waits for their answers. While an alert is shown other events run: whoever asked looks at the world
+/// anew afterwards.
+class CVAlerts {
+public:
+    virtual CVAlert::Answer run(const CVAlert& alert) = 0;
+
+protected:
+    ~CVAlerts() = default;
+};

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QComboBox>
+#include <QStringList>
+
+/// The first of `items`, in their order, that begins with `typed` in whatever case; `typed` itself when none does.
+[[nodiscard]] QString CVCompletedString(const QStringList& items, const QString& typed);
+
+/// A text with a list to choose from. Typing completes to the first item that fits, with the rest selected: going on
+/// accepts it, Backspace refuses it. Any text may be entered; new items leave it alone.
+class CVCompletingComboBox final : public QComboBox {
+    Q_OBJECT
+
+public:
+    explicit CVCompletingComboBox(QWidget* parent = nullptr);
+
+    void setItems(const QStringList& items);
+    [[nodiscard]] const QStringList& items() const { return mItems; }
+
+protected:
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    QStringList mItems;
+};

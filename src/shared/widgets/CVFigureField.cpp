@@ -1,0 +1,25 @@
+#include "shared/widgets/CVFigureField.h"
+
+CVFigureField::CVFigureField(QWidget* parent) : QLineEdit(parent) {
+    setReadOnly(true);
+    setFrame(false);
+    setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    setFocusPolicy(Qt::ClickFocus);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    QPalette transparent;
+    transparent.setBrush(QPalette::Base, Qt::NoBrush);
+    setPalette(transparent);
+    connect(this, &QLineEdit::textChanged, this, [this] { updateGeometry(); });
+}
+
+QSize CVFigureField::sizeHint() const {
+    QSize size = QLineEdit::sizeHint();
+    const QMargins margins = textMargins();
+    // The line edit keeps 2 pixels free on either side of its text.
+    size.setWidth(fontMetrics().horizontalAdvance(text()) + margins.left() + margins.right() + 6);
+    return size;
+}
+
+QSize CVFigureField::minimumSizeHint() const {
+    return sizeHint();
+}

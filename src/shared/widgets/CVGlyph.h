@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QIcon>
+
+/// Small pictures drawn in the text colour of the palette in force, sharp at every size and scale.
+namespace CVGlyph {
+
+enum class Shape { Calendar, SmallTax, Flag };
+
+[[nodiscard]] QIcon icon(Shape shape);
+
+} // namespace CVGlyph

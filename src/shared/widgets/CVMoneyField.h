@@ -1,0 +1,32 @@
+#pragma once
+
+#include "shared/format/QBMoneyFormatter.h"
+#include "shared/widgets/CVFormattedField.h"
+
+/// An amount of money. Selects itself when it gets the focus; an empty text stands for zero.
+class CVMoneyField final : public CVFormattedField {
+    Q_OBJECT
+
+public:
+    explicit CVMoneyField(QWidget* parent = nullptr);
+
+    /// In currency units, not rounded.
+    [[nodiscard]] double doubleValue() const { return mValue; }
+    void setDoubleValue(double value);
+    /// An empty text, and zero.
+    void clearValue();
+
+    [[nodiscard]] QString expectation() const override;
+
+protected:
+    bool takeValue(const QString& text) override;
+    [[nodiscard]] QString valueText() const override;
+    [[nodiscard]] QString usualText() const override;
+    void focusInEvent(QFocusEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    QBMoneyFormatter mFormatter;
+    double mValue = 0;
+    bool mClickedInto = false;
+};

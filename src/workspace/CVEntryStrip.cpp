@@ -1,0 +1,132 @@
+#include "workspace/CVEntryStrip.h"
+
+#include "shared/widgets/CVCompletingComboBox.h"
+#include "shared/widgets/CVDateField.h"
+#include "shared/widgets/CVMoneyField.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace {
+
+enum Row { LabelRow, FieldRow };
+/// In characters.
+constexpr int kShortestFor = 10;
+
+} // namespace
+
+CVEntryStrip::CVEntryStrip(QWidget* parent)
+    : QWidget(parent)
+    , mExpenseDate(new CVDateField(this))
+    , mExpenseAmountField(new CVMoneyField(this))
+    , mExpenseToFromComboBox(new CVCompletingComboBox(this))
+    , mForField(new QLineEdit(this))
+    , mExpenseCategoryComboBox(new CVCompletingComboBox(this))
+    , mTaxCheckbox(new QCheckBox(tr("&Tax"), this))
+    , mRecordButton(new QPushButton(tr("&Record"), this)) {
+    auto* const layout = new QGridLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setVerticalSpacing(2);
+    addField(*layout, mExpenseDate, "mExpenseDate", tr("&Date"), tr("Date"), 0);
+    addField(*layout, mExpenseAmountField, "mExpenseAmountField", tr("&Amount"), tr("Amount"), 0);
+    addField(*layout, mExpenseToFromComboBox, "mExpenseToFromComboBox", tr("&Paid To/From"), tr("Paid To/From"), 3);
+    addField(*layout, mForField, "mForField", tr("F&or"), tr("For"), 3);
+    addField(*layout, mExpenseCategoryComboBox, "mExpenseCategoryComboBox", tr("&Category"), tr("Category"), 2);
+    addField(*layout, mTaxCheckbox, "mTaxCheckbox", QString(), tr("Tax"), 0);
+    addField(*layout, mRecordButton, "mRecordButton", QString(), tr("Record"), 0);
+    mForField->setMinimumWidth(fontMetrics().averageCharWidth() * kShortestFor);
+    mRecordButton->setToolTip(tr("Record this transaction (Return in any of the fields)"));
+    connect(mRecordButton, &QPushButton::clicked, this, &CVEntryStrip::recordRequested);
+}
+
+std::optional<CVEntryProblem> CVEntryStrip::endEditing() {
+    mExpenseDate->endEditing();
+    mExpenseAmountField->endEditing();
+    if (mExpenseDate->isBlank())
+        return CVEntryProblem{CVEntryField::Date, tr("The field “Date” is blank. %1").arg(mExpenseDate->expectation())};
+    if (!mExpenseDate->isReadable())
+        return CVEntryProblem{
+            CVEntryField::Date,
+            tr("“%1” in the field “Date” is not a date. %2").arg(mExpenseDate->text(), mExpenseDate->expectation())};
+    if (!mExpenseAmountField->isReadable())
+        return CVEntryProblem{CVEntryField::Amount,
+                              tr("“%1” in the field “Amount” is not an amount. %2")
+                                  .arg(mExpenseAmountField->text(), mExpenseAmountField->expectation())};
+    return std::nullopt;
+}
+
+CVEntry CVEntryStrip::entry() const {
+    return {mExpenseDate->QBDateValue(), mExpenseAmountField->doubleValue(),      mExpenseToFromComboBox->currentText(),
+            mForField->text(),           mExpenseCategoryComboBox->currentText(), mTaxCheckbox->isChecked()};
+}
+
+void CVEntryStrip::resetAmount() {
+    mExpenseAmountField->setDoubleValue(0);
+}
+
+void CVEntryStrip::clearFields() {
+    mExpenseAmountField->clearValue();
+    mExpenseToFromComboBox->clearEditText();
+    mForField->clear();
+    mExpenseCategoryComboBox->clearEditText();
+    mTaxCheckbox->setChecked(false);
+}
+
+void CVEntryStrip::setPaidToItems(const QStringList& items) {
+    mExpenseToFromComboBox->setItems(items);
+}
+
+void CVEntryStrip::setCategoryItems(const QStringList& items) {
+    mExpenseCategoryComboBox->setItems(items);
+}
+
+void CVEntryStrip::focusField(CVEntryField field) {
+    QWidget* const widget = widgetOf(field);
+    widget->setFocus(Qt::OtherFocusReason);
+    if (auto* const text = qobject_cast<QLineEdit*>(widget))
+        text->selectAll();
+}
+
+void CVEntryStrip::keyPressEvent(QKeyEvent* event) {
+    // The fields let Return pass after they have taken their text.
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        emit recordRequested();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void CVEntryStrip::addField(QGridLayout& layout, QWidget* field, const char* objectName, const QString& label,
+                            const QString& accessibleName, int stretch) {
+    const int column = layout.columnCount() - (layout.count() == 0 ? 1 : 0);
+    field->setObjectName(QLatin1String(objectName));
+    field->setAccessibleName(accessibleName);
+    layout.addWidget(field, FieldRow, column);
+    layout.setColumnStretch(column, stretch);
+    if (label.isEmpty())
+        return;
+    auto* const caption = new QLabel(label, this);
+    caption->setBuddy(field);
+    layout.addWidget(caption, LabelRow, column);
+}
+
+QWidget* CVEntryStrip::widgetOf(CVEntryField field) const {
+    switch (field) {
+    case CVEntryField::Date:
+        return mExpenseDate;
+    case CVEntryField::Amount:
+        return mExpenseAmountField;
+    case CVEntryField::PayTo:
+        return mExpenseToFromComboBox;
+    case CVEntryField::For:
+        return mForField;
+    case CVEntryField::Category:
+        return mExpenseCategoryComboBox;
+    case CVEntryField::Tax:
+        break;
+    }
+    return mTaxCheckbox;
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+
+/// The quiet line that says whether everything is saved, and offers to try again when it is not.
+class CVSaveStatus final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit CVSaveStatus(QWidget* parent = nullptr);
+
+    void setSaving();
+    void setSaved();
+    /// `reason` says what failed and what that means, in whole sentences.
+    void setFailed(const QString& reason);
+
+signals:
+    /// The user asks for another attempt to save.
+    void tryAgain();
+
+private:
+    enum class Outcome { Fine, Failed };
+    void show(const QString& text, Outcome outcome);
+
+    QLabel* mIcon;
+    QLabel* mText;
+    QPushButton* mTryAgain;
+};

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QProxyStyle>
+
+/// The application's style with more room between the columns of a table, in cells and header alike.
+class CVTableStyle final : public QProxyStyle {
+    Q_OBJECT
+
+public:
+    [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+};

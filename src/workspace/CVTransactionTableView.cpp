@@ -1,0 +1,177 @@
+#include "workspace/CVTransactionTableView.h"
+
+#include "model/CVTransaction.h"
+#include "workspace/CVTableStyle.h"
+#include "workspace/CVTransactionCellDelegate.h"
+#include "workspace/CVTransactionList.h"
+#include "workspace/CVTransactionTableModel.h"
+
+#include <QEvent>
+#include <QHeaderView>
+#include <QPainter>
+#include <QScrollBar>
+#include <QTimer>
+
+#include <algorithm>
+#include <array>
+#include <unordered_set>
+
+namespace {
+
+constexpr int kTintMilliseconds = 1500;
+constexpr double kRowHeightInLines = 1.5;
+/// The usual widths of the columns, in widths of a zero.
+constexpr std::array<int, CVTransactionTableModel::ColumnCount> kWidthsInDigits{12, 14, 26, 30, 22, 7, 7};
+
+} // namespace
+
+CVTransactionTableView::CVTransactionTableView(const CVTransactionList& list, QWidget* parent)
+    : QTableView(parent)
+    , mList(list)
+    , mModel(new CVTransactionTableModel(list, this))
+    , mDelegate(new CVTransactionCellDelegate(this)) {
+    setModel(mModel);
+    setItemDelegate(mDelegate);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(ExtendedSelection);
+    setEditTriggers(NoEditTriggers);
+    setAlternatingRowColors(true);
+    setShowGrid(false);
+    setWordWrap(false);
+    // Tab leads on to the next control; the arrow keys move within the table.
+    setTabKeyNavigation(false);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollMode(ScrollPerPixel);
+    auto* const tableStyle = new CVTableStyle;
+    tableStyle->setParent(this);
+    setStyle(tableStyle);
+    horizontalHeader()->setStyle(tableStyle);
+    setUpHeaders();
+}
+
+void CVTransactionTableView::reload() {
+    const CVDocument::Transactions selection = mSelectedTransactions;
+    const int scrolled = verticalScrollBar()->value();
+    mDelegate->setTintedRow(-1);
+    mModel->reload();
+    restoreSelection(selection);
+    verticalScrollBar()->setValue(scrolled);
+    const CVTransactionSortContext& context = mList.sortContext();
+    horizontalHeader()->setSortIndicator(CVTransactionTableModel::columnOfIdentifier(context.key),
+                                         context.descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+void CVTransactionTableView::reveal(const CVTransaction* transaction) {
+    const auto& rows = mModel->rows();
+    const auto found =
+        std::find_if(rows.begin(), rows.end(), [=](const auto& row) { return row.get() == transaction; });
+    if (found == rows.end())
+        return;
+    const int row = static_cast<int>(found - rows.begin());
+    mDelegate->setTintedRow(row);
+    scrollTo(mModel->index(row, 0));
+    viewport()->update();
+    QTimer::singleShot(kTintMilliseconds, this, [this] {
+        mDelegate->setTintedRow(-1);
+        viewport()->update();
+    });
+}
+
+QByteArray CVTransactionTableView::saveColumns() const {
+    return horizontalHeader()->saveState();
+}
+
+void CVTransactionTableView::restoreColumns(const QByteArray& columns) {
+    if (!horizontalHeader()->restoreState(columns))
+        setUsualWidths();
+}
+
+void CVTransactionTableView::keyboardSearch(const QString& search) {
+    const int column = qMax(0, CVTransactionTableModel::columnOfIdentifier(mList.sortContext().key));
+    if (currentIndex().column() != column) {
+        const int row = qMax(0, currentIndex().row());
+        selectionModel()->setCurrentIndex(mModel->index(row, column), QItemSelectionModel::NoUpdate);
+    }
+    QTableView::keyboardSearch(search);
+}
+
+void CVTransactionTableView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QTableView::selectionChanged(selected, deselected);
+    updateSelectedTransactions();
+}
+
+void CVTransactionTableView::paintEvent(QPaintEvent* event) {
+    QTableView::paintEvent(event);
+    if (mModel->rowCount() > 0)
+        return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
+    painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap,
+                     tr("No transactions yet. Record your first one above."));
+}
+
+void CVTransactionTableView::changeEvent(QEvent* event) {
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        updateRowHeight();
+}
+
+void CVTransactionTableView::setUpHeaders() {
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    updateRowHeight();
+
+    QHeaderView* const header = horizontalHeader();
+    header->setSectionsClickable(true);
+    header->setSortIndicatorShown(true);
+    header->setHighlightSections(false);
+    header->setSectionResizeMode(QHeaderView::Interactive);
+    header->setSectionResizeMode(CVTransactionTableModel::For, QHeaderView::Stretch);
+    setUsualWidths();
+    connect(header, &QHeaderView::sectionClicked, this,
+            [this](int column) { emit columnClicked(CVTransactionTableModel::identifier(column)); });
+}
+
+void CVTransactionTableView::setUsualWidths() {
+    const int digit = fontMetrics().horizontalAdvance('0');
+    for (int column = 0; column < CVTransactionTableModel::ColumnCount; ++column)
+        setColumnWidth(column, digit * kWidthsInDigits[static_cast<std::size_t>(column)]);
+}
+
+void CVTransactionTableView::updateRowHeight() {
+    verticalHeader()->setDefaultSectionSize(qRound(fontMetrics().height() * kRowHeightInLines));
+}
+
+void CVTransactionTableView::restoreSelection(const CVDocument::Transactions& selection) {
+    std::unordered_set<const CVTransaction*> wanted;
+    for (const auto& transaction : selection)
+        wanted.insert(transaction.get());
+    const auto& rows = mModel->rows();
+    QItemSelection ranges;
+    const auto isWanted = [&](const auto& row) { return wanted.contains(row.get()); };
+    for (auto begin = wanted.empty() ? rows.end() : rows.begin(); begin != rows.end();) {
+        begin = std::find_if(begin, rows.end(), isWanted);
+        const auto end = std::find_if_not(begin, rows.end(), isWanted);
+        if (begin != end)
+            ranges.select(mModel->index(static_cast<int>(begin - rows.begin()), 0),
+                          mModel->index(static_cast<int>(end - rows.begin()) - 1, mModel->columnCount() - 1));
+        begin = end;
+    }
+    selectionModel()->select(ranges, QItemSelectionModel::ClearAndSelect);
+    // Without a selection before and after there was no change to hear of.
+    updateSelectedTransactions();
+}
+
+void CVTransactionTableView::updateSelectedTransactions() {
+    std::vector<int> rows;
+    for (const QItemSelectionRange& range : selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows.push_back(row);
+    }
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    mSelectedTransactions.clear();
+    for (const int row : rows)
+        mSelectedTransactions.push_back(mModel->rows()[static_cast<std::size_t>(row)]);
+    emit selectedTransactionsChanged();
+}
