@@ -1,0 +1,68 @@
+#include "app/CVAppDelegate.h"
+
+#include "app/CVFileMessages.h"
+#include "model/CVDocument.h"
+#include "shared/widgets/CVAlerts.h"
+#include "workspace/CVMainWindowController.h"
+#include "workspace/CVSaveStatus.h"
+
+#include <QSettings>
+
+#include <utility>
+
+CVAppDelegate::CVAppDelegate(std::unique_ptr<QSettings> settings, CVStandardFolders folders, CVAlerts& alerts)
+    : mAlerts(alerts)
+    , mUserDefaults(std::move(settings))
+    , mFile(std::move(folders), mUserDefaults)
+    , mDocument(std::make_unique<CVDocument>(mNotificationCenter, mUserDefaults)) {}
+
+CVAppDelegate::~CVAppDelegate() = default;
+
+void CVAppDelegate::applicationDidFinishLaunching() {
+    const CVLoadReport report = mFile.initWithStandardUserFile(*mDocument);
+    makeWindowControllers();
+    if (!report.reason.isEmpty())
+        tellAboutReading(report);
+}
+
+void CVAppDelegate::makeWindowControllers() {
+    mMainWindow = std::make_unique<CVMainWindowController>(*mDocument, mAlerts);
+    mMainWindow->setMayClose([this] { return mayClose(); });
+    CVSaveStatus& status = mMainWindow->saveStatus();
+    connect(&mFile.saves(), &CVSaveQueue::saveStarted, &status, &CVSaveStatus::setSaving);
+    connect(&mFile.saves(), &CVSaveQueue::saveFinished, this, &CVAppDelegate::handleSaveFinished);
+    connect(&status, &CVSaveStatus::tryAgain, this, [this] { mDocument->workbookSave(); });
+    mMainWindow->showWindow();
+}
+
+void CVAppDelegate::handleSaveFinished(const CVSaveOutcome& outcome) {
+    CVSaveStatus& status = mMainWindow->saveStatus();
+    if (!outcome.saved)
+        status.setFailed(CVFileMessages::notSaved(outcome));
+    else if (!mFile.saves().isSaving())
+        status.setSaved();
+    if (!outcome.keptCopy.isEmpty() && mToldCopies.insert(outcome.keptCopy).second)
+        mAlerts.run(CVFileMessages::keptCopy(outcome));
+}
+
+void CVAppDelegate::tellAboutReading(const CVLoadReport& report) {
+    // A damaged file is replaced at once: whether a copy could be kept is known when that save has ended.
+    const CVSaveOutcome outcome = mFile.saves().waitForFinished();
+    mToldCopies.insert(outcome.keptCopy);
+    // Once the event loop runs, so that the window stands behind the alert.
+    QMetaObject::invokeMethod(
+        this, [this, alert = CVFileMessages::unreadable(report, outcome)] { mAlerts.run(alert); },
+        Qt::QueuedConnection);
+}
+
+bool CVAppDelegate::mayClose() {
+    for (;;) {
+        const CVSaveOutcome outcome = mFile.saves().waitForFinished();
+        if (outcome.saved)
+            return true;
+        const int answer = mAlerts.run(CVFileMessages::quitUnsaved(outcome));
+        if (answer != CVAlert::kDefault)
+            return answer == CVAlert::kOther;
+        mDocument->workbookSave();
+    }
+}

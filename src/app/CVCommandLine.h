@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QStringList>
+
+#include <optional>
+
+/// What the program was asked to do on its command line.
+struct CVCommandLine {
+    enum class Action { OpenWindow, ShowVersion, ShowHelp, Check, Refuse };
+
+    Action action = Action::OpenWindow;
+    /// The file that `check` reads; absent: the user's own.
+    std::optional<QString> dataFile;
+    /// Why the arguments are refused.
+    QString problem;
+
+    /// `arguments` begin with the program's name. Options that belong to the toolkit are left to it: they open the
+    /// window.
+    [[nodiscard]] static CVCommandLine parse(const QStringList& arguments);
+    [[nodiscard]] static QString usage();
+};

@@ -1,0 +1,187 @@
+#include "app/CVAppDelegate.h"
+
+#include "kit/FixedToday.h"
+#include "kit/Printers.h"
+#include "kit/ScratchHome.h"
+#include "kit/ScriptedAlerts.h"
+#include "model/CVDocument.h"
+#include "model/CVTransaction.h"
+#include "workspace/CVMainWindowController.h"
+
+#include <QDir>
+#include <QFile>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QSettings>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// One user: starts the program, works in its window, quits, starts it again.
+class CVAppDelegateTest : public testing::Test {
+protected:
+    std::unique_ptr<CVAppDelegate> start() {
+        auto delegate = std::make_unique<CVAppDelegate>(mHome.settingsStore(), mHome.folders(), mAlerts);
+        delegate->applicationDidFinishLaunching();
+        QTest::qWait(0);
+        return delegate;
+    }
+
+    static void quit(std::unique_ptr<CVAppDelegate>& delegate) {
+        ASSERT_TRUE(delegate->mainWindow()->window()->close());
+        delegate.reset();
+    }
+
+    template <typename Widget>
+    static Widget* find(CVAppDelegate& delegate, const char* name) {
+        auto* const widget = delegate.mainWindow()->window()->findChild<Widget*>(name);
+        EXPECT_NE(widget, nullptr) << name;
+        return widget;
+    }
+
+    static void type(CVAppDelegate& delegate, const char* field, const QString& text) {
+        auto* const widget = find<QWidget>(delegate, field);
+        widget->setFocus();
+        QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(widget, text);
+    }
+
+    static void record(CVAppDelegate& delegate, const QString& amount, const QString& payee, const QString& category) {
+        type(delegate, "mExpenseAmountField", amount);
+        type(delegate, "mExpenseToFromComboBox", payee);
+        type(delegate, "mExpenseCategoryComboBox", category);
+        QTest::keyClick(find<QWidget>(delegate, "mExpenseCategoryComboBox"), Qt::Key_Return);
+    }
+
+    [[nodiscard]] QString dataFile() const {
+        return mHome.folders().applicationSupport + "/Quenby Labs/Corvella/Corvella Data.corvella";
+    }
+
+    static QByteArray bytesOf(const QString& path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    void writeDataFile(const QByteArray& bytes) const {
+        QDir().mkpath(QFileInfo(dataFile()).path());
+        QFile file(dataFile());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    }
+
+    [[nodiscard]] QStringList keptCopies() const {
+        return QDir(QFileInfo(dataFile()).path())
+            .entryList({"*(unreadable *"}, QDir::AllEntries | QDir::NoDotAndDotDot);
+    }
+
+    FixedToday mToday{QBDate::dateWithYear(2014, 3, 7)};
+    ScratchHome mHome;
+    ScriptedAlerts mAlerts;
+};
+
+TEST_F(CVAppDelegateTest, WhatIsRecordedIsThereAfterTheNextStart) {
+    auto delegate = start();
+    record(*delegate, "45.10", "Dr. Lee & Sons", "Medical");
+    quit(delegate);
+
+    const QByteArray bytes = bytesOf(dataFile());
+    EXPECT_TRUE(bytes.startsWith(
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+        "<CorvellaDocument os=\"Mac OS X\" app=\"com.quenbylabs.corvella\" app_version=\"" CORVELLA_VERSION
+        "\">\n <MiscInfo id=\""))
+        << bytes.left(300).toStdString();
+    EXPECT_TRUE(bytes.contains(
+        "flag=\"0\" tax_flag=\"0\" transaction_set_id=\"0\"><Data date=\"2014/03/07\" amount=\"45.10\" />"
+        "<PayToFrom>Dr. Lee &amp; Sons</PayToFrom><For></For></Transaction>\n"))
+        << bytes.left(600).toStdString();
+
+    delegate = start();
+    ASSERT_EQ(delegate->document().transactions().size(), 1U);
+    const CVTransaction& transaction = *delegate->document().transactions().front();
+    EXPECT_EQ(transaction.payTo(), "Dr. Lee & Sons");
+    EXPECT_EQ(transaction.categoryName(), "Medical");
+    EXPECT_EQ(transaction.amount(), 45.10);
+    EXPECT_TRUE(mAlerts.shown().isEmpty());
+    // Saved once more without a change, the file is the same to the byte.
+    delegate->document().workbookSave();
+    quit(delegate);
+    EXPECT_EQ(bytesOf(dataFile()), bytes);
+}
+
+TEST_F(CVAppDelegateTest, AFirstStartWritesNothingUntilSomethingIsRecorded) {
+    auto delegate = start();
+    EXPECT_GT(delegate->document().countOfCategories(), 20U);
+    quit(delegate);
+    EXPECT_FALSE(QFile::exists(dataFile()));
+}
+
+TEST_F(CVAppDelegateTest, ADamagedFileIsKeptAndTheUserIsToldWhere) {
+    const QByteArray damaged =
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<CorvellaDocument><Transaction></CorvellaDocument>";
+    writeDataFile(damaged);
+    auto delegate = start();
+    ASSERT_EQ(mAlerts.shown().size(), 1);
+    ASSERT_EQ(keptCopies().size(), 1);
+    const QString copy = QFileInfo(dataFile()).path() + '/' + keptCopies().constFirst();
+    EXPECT_EQ(bytesOf(copy), damaged);
+    const QString message = mAlerts.shown().constFirst().message;
+    EXPECT_TRUE(message.contains(keptCopies().constFirst())) << message.toStdString();
+    EXPECT_TRUE(message.contains("line 2")) << message.toStdString();
+    QTest::qWait(0);
+    EXPECT_EQ(mAlerts.shown().size(), 1) << "told twice";
+    quit(delegate);
+    EXPECT_TRUE(bytesOf(dataFile()).contains("<Category "));
+}
+
+TEST_F(CVAppDelegateTest, AnEncryptedFileStaysUntouchedUntilTheFirstSaveAndIsKeptThen) {
+    const QByteArray encrypted = "<EncryptedData>" + QByteArray(200, 'x');
+    writeDataFile(encrypted);
+    auto delegate = start();
+    ASSERT_EQ(mAlerts.shown().size(), 1);
+    EXPECT_TRUE(mAlerts.shown().constFirst().message.contains("untouched"));
+    EXPECT_EQ(bytesOf(dataFile()), encrypted);
+
+    record(*delegate, "1", "Somebody", "Other");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return mAlerts.shown().size() == 2; }));
+    ASSERT_EQ(keptCopies().size(), 1);
+    EXPECT_TRUE(mAlerts.shown().constLast().message.contains(keptCopies().constFirst()));
+    EXPECT_EQ(bytesOf(QFileInfo(dataFile()).path() + '/' + keptCopies().constFirst()), encrypted);
+    quit(delegate);
+}
+
+TEST_F(CVAppDelegateTest, AFailedSaveIsShownAndTheNextOneTriesAgain) {
+    auto delegate = start();
+    // The folder that the data file belongs in cannot be made while a file has its name.
+    QDir().mkpath(mHome.folders().applicationSupport);
+    QFile obstacle(mHome.folders().applicationSupport + "/Quenby Labs");
+    ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
+    record(*delegate, "1", "Somebody", "Other");
+    auto* const tryAgain = find<QPushButton>(*delegate, "mTryAgainButton");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return tryAgain->isVisible(); }));
+
+    mAlerts.answer({CVAlert::kAlternate});
+    EXPECT_FALSE(delegate->mainWindow()->window()->close()) << "closed although the change is not saved";
+    ASSERT_EQ(mAlerts.shown().size(), 1);
+    EXPECT_EQ(mAlerts.shown().constFirst().defaultButton, "Try Again");
+
+    ASSERT_TRUE(obstacle.remove());
+    tryAgain->click();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !tryAgain->isVisible(); }));
+    quit(delegate);
+    EXPECT_TRUE(bytesOf(dataFile()).contains("Somebody"));
+}
+
+TEST_F(CVAppDelegateTest, TheUserMayQuitWithoutSaving) {
+    auto delegate = start();
+    mHome.userDefaults().setString("Data File Location", mHome.path("no such folder/file"));
+    mHome.userDefaults().synchronize();
+    delegate.reset();
+    delegate = start();
+    record(*delegate, "1", "Somebody", "Other");
+    mAlerts.answer({CVAlert::kDefault, CVAlert::kOther});
+    EXPECT_TRUE(delegate->mainWindow()->window()->close());
+    EXPECT_EQ(mAlerts.shown().size(), 2) << "Try Again, which fails as well, then Quit Without Saving";
+}
+
+} // namespace

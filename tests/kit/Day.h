@@ -1,0 +1,8 @@
+#pragma once
+
+#include "model/QBDate.h"
+
+/// The day of that date, short enough for tables.
+[[nodiscard]] inline QBDate day(qint64 year, int month, int dayOfMonth) {
+    return QBDate::dateWithYear(year, month, dayOfMonth);
+}
