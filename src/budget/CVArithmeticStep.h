@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QtGlobal>
+
+/// One multiplication or division by a constant. Conversions are tables of such steps, carried out one after the other,
+/// so that every bit of a result is fixed.
+struct CVArithmeticStep {
+    enum class Operation : quint8 { None, Times, DividedBy };
+
+    Operation operation = Operation::None;
+    double operand = 1;
+
+    [[nodiscard]] static constexpr CVArithmeticStep times(double factor) { return {Operation::Times, factor}; }
+    [[nodiscard]] static constexpr CVArithmeticStep dividedBy(double divisor) {
+        return {Operation::DividedBy, divisor};
+    }
+
+    [[nodiscard]] constexpr double appliedTo(double amount) const {
+        switch (operation) {
+        case Operation::Times:
+            return amount * operand;
+        case Operation::DividedBy:
+            return amount / operand;
+        case Operation::None:
+            break;
+        }
+        return amount;
+    }
+};
+
+/// Two steps, one after the other; a missing one changes nothing.
+struct CVArithmeticSteps {
+    CVArithmeticStep first;
+    CVArithmeticStep second;
+
+    constexpr CVArithmeticSteps() = default;
+    constexpr CVArithmeticSteps(CVArithmeticStep only) : first(only) {}
+    constexpr CVArithmeticSteps(CVArithmeticStep one, CVArithmeticStep other) : first(one), second(other) {}
+
+    [[nodiscard]] constexpr double appliedTo(double amount) const { return second.appliedTo(first.appliedTo(amount)); }
+};
+
+/// The words of which tables of conversions are written.
+namespace CVArithmetic {
+
+[[nodiscard]] constexpr CVArithmeticStep x(double factor) {
+    return {CVArithmeticStep::Operation::Times, factor};
+}
+
+[[nodiscard]] constexpr CVArithmeticStep by(double divisor) {
+    return {CVArithmeticStep::Operation::DividedBy, divisor};
+}
+
+} // namespace CVArithmetic

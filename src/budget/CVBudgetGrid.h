@@ -1,0 +1,38 @@
+#pragma once
+
+#include "budget/CVDayRange.h"
+#include "model/CVDocument.h"
+
+#include <optional>
+#include <span>
+#include <vector>
+
+/// All numbers of the budget grid, from one walk over the transactions: what each row's category comes to in each
+/// column's range and over all of them, and what all transactions come to in each column's range. Amounts are added in
+/// the transactions' order without rounding and the sum is rounded once, so that each number is bit for bit that of a
+/// walk for it alone. A sum of zero shows as nothing, and so does a transaction without a date.
+class CVBudgetGrid final {
+public:
+    /// `total` is the range of the row totals: from the first column's start to the last one's end.
+    CVBudgetGrid(const CVDocument::Transactions& transactions, std::span<const quint32> rowCategoryIDs,
+                 std::span<const CVDayRange> columns, const CVDayRange& total);
+
+    [[nodiscard]] std::size_t rows() const { return mRowSlots.size(); }
+    [[nodiscard]] std::size_t columns() const { return mColumns; }
+    /// Absent for a sum within 0.000001 of zero, and outside the grid.
+    [[nodiscard]] std::optional<double> cell(std::size_t row, std::size_t column) const;
+    [[nodiscard]] std::optional<double> rowTotal(std::size_t row) const;
+    [[nodiscard]] std::optional<double> columnTotal(std::size_t column) const;
+
+private:
+    [[nodiscard]] double& sum(std::size_t slot, std::size_t column) { return mSums[slot * (mColumns + 1) + column]; }
+    void addUp(const CVDocument::Transactions& transactions, std::span<const quint32> rowCategoryIDs,
+               std::span<const CVDayRange> columns, const CVDayRange& total);
+    [[nodiscard]] std::optional<double> shown(std::size_t slot, std::size_t column) const;
+
+    std::size_t mColumns;
+    /// Which line of sums a row shows. The last line belongs to all transactions, and so to a category with ID 0.
+    std::vector<std::size_t> mRowSlots;
+    /// A line of sums per slot: the columns, then the total.
+    std::vector<double> mSums;
+};

@@ -1,0 +1,157 @@
+#include "budget/CVDisplayPeriods.h"
+
+#include "budget/CVDateFormatWithoutYear.h"
+#include "shared/base/CVDefaultsKeys.h"
+#include "shared/base/QBUserDefaults.h"
+#include "shared/format/QBDateFormatter.h"
+
+#include <array>
+
+namespace {
+
+constexpr int kDaysPerWeek = 7;
+
+struct Amount {
+    int months;
+    int days;
+
+    [[nodiscard]] QBDate from(const QBDate& date, int times = 1) const {
+        return date.dateByAddingYears(0, qint64(times) * months, qint64(times) * days);
+    }
+};
+
+struct PeriodType {
+    int columns;
+    /// From one column to the next.
+    Amount step;
+    /// By which next and previous move the first column.
+    Amount page;
+};
+
+constexpr std::array<PeriodType, CVDisplayPeriods::kTypes> kPeriodTypes{{
+    {7, {0, 1}, {0, 7}},
+    {4, {0, 7}, {0, 7}},
+    {4, {0, 14}, {0, 14}},
+    {4, {1, 0}, {1, 0}},
+}};
+
+const PeriodType& typeOf(int periodType) {
+    return kPeriodTypes[static_cast<std::size_t>(periodType)];
+}
+
+int known(int periodType) {
+    return periodType >= 0 && periodType < CVDisplayPeriods::kTypes ? periodType : CVDisplayPeriods::Day;
+}
+
+int weekdayModulo(qint64 day) {
+    return static_cast<int>((day % kDaysPerWeek + kDaysPerWeek) % kDaysPerWeek);
+}
+
+} // namespace
+
+CVDisplayPeriods::Placement CVDisplayPeriods::Placement::fromDefaults(const QBUserDefaults& defaults) {
+    return {defaults.integerForKey(CVDefaultsKeys::kStartDayOfWeek),
+            defaults.integerForKey(CVDefaultsKeys::kTodayColumn)};
+}
+
+CVDisplayPeriods::CVDisplayPeriods(int periodType, const QBDate& today, Placement placement)
+    : mPeriodType(known(periodType))
+    , mToday(today)
+    , mFirstColumnStartingDate(today) {
+    initializeFirstColumnStartingDate(placement);
+}
+
+int CVDisplayPeriods::numberOfColumnsForDisplayPeriod() const {
+    return typeOf(mPeriodType).columns;
+}
+
+/// Weeks begin on Sunday whatever the start day, and the two-week view begins a week before today's: both deliberately.
+void CVDisplayPeriods::initializeFirstColumnStartingDate(Placement placement) {
+    mStartDayOfWeek = weekdayModulo(placement.startDayOfWeek);
+    const qint64 weekday = mToday.dayOfWeek();
+    const qint64 before = placement.todayColumn;
+    switch (mPeriodType) {
+    case Week:
+        mFirstColumnStartingDate = mToday.dateByAddingYears(0, 0, -(weekday + 7 * before));
+        break;
+    case TwoWeeks:
+        mFirstColumnStartingDate = mToday.dateByAddingYears(0, 0, -(weekday + 7 + 14 * before));
+        break;
+    case Month:
+        mFirstColumnStartingDate = mToday.dateByAddingYears(0, -before, 1 - mToday.dayOfMonth());
+        break;
+    default:
+        mFirstColumnStartingDate = mToday.dateByAddingYears(0, 0, -weekdayModulo(weekday - mStartDayOfWeek));
+        break;
+    }
+}
+
+void CVDisplayPeriods::setTimePeriod(int periodType, Placement placement) {
+    mPeriodType = known(periodType);
+    initializeFirstColumnStartingDate(placement);
+}
+
+void CVDisplayPeriods::next() {
+    mFirstColumnStartingDate = typeOf(mPeriodType).page.from(mFirstColumnStartingDate);
+}
+
+void CVDisplayPeriods::previous() {
+    mFirstColumnStartingDate = typeOf(mPeriodType).page.from(mFirstColumnStartingDate, -1);
+}
+
+QBDate CVDisplayPeriods::computeColumnStartDateForColumn(int n) const {
+    return typeOf(mPeriodType).step.from(mFirstColumnStartingDate, n - 1);
+}
+
+QBDate CVDisplayPeriods::computeColumnEndDateForColumn(int n) const {
+    return computeColumnStartDateForColumn(n + 1).dateByAddingYears(0, 0, -1);
+}
+
+CVDayRange CVDisplayPeriods::column(int n) const {
+    return {computeColumnStartDateForColumn(n), computeColumnEndDateForColumn(n)};
+}
+
+CVDayRange CVDisplayPeriods::displayRange() const {
+    return {mFirstColumnStartingDate, computeColumnEndDateForColumn(numberOfColumnsForDisplayPeriod())};
+}
+
+CVDisplayPeriods::Header CVDisplayPeriods::header(int n) const {
+    switch (mPeriodType) {
+    case Week:
+    case TwoWeeks:
+        return weeksHeader(n);
+    case Month:
+        return monthHeader(n);
+    default:
+        return dayHeader(n);
+    }
+}
+
+QString CVDisplayPeriods::displayRangeText() const {
+    const QBDateFormatter formatter;
+    const CVDayRange range = displayRange();
+    return tr("%1 thru %2").arg(formatter.string(range.start), formatter.string(range.end));
+}
+
+CVDisplayPeriods::Header CVDisplayPeriods::dayHeader(int n) const {
+    const int weekday = weekdayModulo(mStartDayOfWeek + n - 1);
+    // The locale numbers its days from 1 = Monday to 7 = Sunday.
+    const QString name = QBLocaleInForce().standaloneDayName(weekday == 0 ? kDaysPerWeek : weekday);
+    return {name, weekday == mToday.dayOfWeek() && displayRange().contains(mToday)};
+}
+
+CVDisplayPeriods::Header CVDisplayPeriods::weeksHeader(int n) const {
+    const QBDateFormatter formatter(CVDateFormatWithoutYear(QBDateFormatter::shortDateFormat()));
+    const CVDayRange range = column(n);
+    return {tr("%1 - %2").arg(formatter.string(range.start), formatter.string(range.end)), range.contains(mToday)};
+}
+
+CVDisplayPeriods::Header CVDisplayPeriods::monthHeader(int n) const {
+    const QBDate start = computeColumnStartDateForColumn(n);
+    const CVDayRange range = displayRange();
+    const QString name = QBLocaleInForce().standaloneMonthName(start.monthOfYear());
+    const bool yearIsShown = mToday.yearOfCommonEra() >= range.start.yearOfCommonEra() &&
+                             mToday.yearOfCommonEra() <= range.end.yearOfCommonEra();
+    return {tr("%1 %2").arg(name, QString::number(start.yearOfCommonEra())),
+            start.monthOfYear() == mToday.monthOfYear() && yearIsShown};
+}

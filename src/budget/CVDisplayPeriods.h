@@ -1,0 +1,69 @@
+#pragma once
+
+#include "budget/CVDayRange.h"
+
+#include <QCoreApplication>
+
+class QBUserDefaults;
+
+/// The run of consecutive periods that the budget grid shows, one per column: of which type, from when, how many.
+/// Columns are numbered from 1. `today` is the day given at the start, however long the window stays open.
+class CVDisplayPeriods final {
+    Q_DECLARE_TR_FUNCTIONS(CVDisplayPeriods)
+
+public:
+    enum Type : int { Day, Week, TwoWeeks, Month };
+    static constexpr int kTypes = 4;
+    static constexpr int kMostColumns = 7;
+
+    /// The two preferences that place the first column.
+    struct Placement {
+        /// The weekday on which a day view begins, 0 = Sunday.
+        int startDayOfWeek = 0;
+        /// Whole periods shown before the one that holds today.
+        int todayColumn = 0;
+
+        [[nodiscard]] static Placement fromDefaults(const QBUserDefaults& defaults);
+    };
+
+    /// A type outside 0 to 3 counts as 0.
+    CVDisplayPeriods(int periodType, const QBDate& today, Placement placement);
+
+    [[nodiscard]] int periodType() const { return mPeriodType; }
+    [[nodiscard]] const QBDate& today() const { return mToday; }
+    [[nodiscard]] const QBDate& firstColumnStartingDate() const { return mFirstColumnStartingDate; }
+    /// 7 for days, else 4.
+    [[nodiscard]] int numberOfColumnsForDisplayPeriod() const;
+
+    void initializeFirstColumnStartingDate(Placement placement);
+    void setTimePeriod(int periodType, Placement placement);
+    void next();
+    void previous();
+    void goToToday(Placement placement) { initializeFirstColumnStartingDate(placement); }
+
+    /// Of column n; n may lie outside the shown ones.
+    [[nodiscard]] QBDate computeColumnStartDateForColumn(int n) const;
+    [[nodiscard]] QBDate computeColumnEndDateForColumn(int n) const;
+    [[nodiscard]] CVDayRange column(int n) const;
+    /// From the first column's start to the last shown column's end.
+    [[nodiscard]] CVDayRange displayRange() const;
+
+    struct Header {
+        QString text;
+        /// The column holds today and stands out.
+        bool holdsToday = false;
+    };
+    [[nodiscard]] Header header(int n) const;
+    /// "start thru end" in the user's short date format.
+    [[nodiscard]] QString displayRangeText() const;
+
+private:
+    [[nodiscard]] Header dayHeader(int n) const;
+    [[nodiscard]] Header weeksHeader(int n) const;
+    [[nodiscard]] Header monthHeader(int n) const;
+
+    int mPeriodType;
+    QBDate mToday;
+    int mStartDayOfWeek = 0;
+    QBDate mFirstColumnStartingDate;
+};
