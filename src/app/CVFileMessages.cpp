@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 
 namespace CVFileMessages {
 
@@ -23,8 +24,8 @@ QString whereabouts(const CVSaveOutcome& outcome) {
         return tr("Every byte of the old file is kept in \"%1\".").arg(shown(outcome.keptCopy));
     if (!outcome.saved)
         return outcome.message + u' ' + tr("The old file is untouched.");
-    return tr("The old file is untouched; before Corvella saves for the first time, it keeps it beside the new one as "
-              "\"Corvella Data (unreadable ...).corvella\".");
+    return tr("It is untouched; before Corvella saves for the first time, it keeps it beside the new file, with "
+              "\"(unreadable ...)\" in its name.");
 }
 
 } // namespace
@@ -39,8 +40,9 @@ CVAlert unreadable(const CVLoadReport& report, const CVSaveOutcome& outcome) {
 }
 
 CVAlert keptCopy(const CVSaveOutcome& outcome) {
-    return {tr("An older file was kept"),
-            tr("A file that Corvella could not read stood where your budget is saved. It is kept, whole, in \"%1\".")
+    return {tr("What stood in the place of your file was kept"),
+            tr("Something that Corvella had not read, or not as a whole, stood where your budget is saved. It is kept "
+               "in \"%1\".")
                 .arg(shown(outcome.keptCopy)),
             tr("OK"),
             {},
@@ -48,7 +50,8 @@ CVAlert keptCopy(const CVSaveOutcome& outcome) {
 }
 
 QString notSaved(const CVSaveOutcome& outcome) {
-    return outcome.message + u' ' + tr("Your last saved file is whole.");
+    return QFileInfo::exists(outcome.path) ? outcome.message + u' ' + tr("Your last saved file is whole.")
+                                           : outcome.message;
 }
 
 CVAlert quitUnsaved(const CVSaveOutcome& outcome) {

@@ -10,11 +10,6 @@ struct CVArithmeticStep {
     Operation operation = Operation::None;
     double operand = 1;
 
-    [[nodiscard]] static constexpr CVArithmeticStep times(double factor) { return {Operation::Times, factor}; }
-    [[nodiscard]] static constexpr CVArithmeticStep dividedBy(double divisor) {
-        return {Operation::DividedBy, divisor};
-    }
-
     [[nodiscard]] constexpr double appliedTo(double amount) const {
         switch (operation) {
         case Operation::Times:

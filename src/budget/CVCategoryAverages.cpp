@@ -1,5 +1,6 @@
 #include "budget/CVCategoryAverages.h"
 
+#include "budget/CVArithmeticStep.h"
 #include "budget/CVSpending.h"
 #include "model/CVCategory.h"
 #include "model/CVExpenseFrequency.h"
@@ -11,40 +12,78 @@
 
 namespace {
 
+using CVArithmetic::by;
+using CVArithmetic::x;
+
 constexpr double kLongestSpanOfOne = 365;
 
-/// The period whose average is divided out of the total; the other averages follow from it.
-enum class Basis : quint8 { Week, TwoWeeks, Month };
-
-struct Pattern {
-    /// In days between transactions.
-    qint64 longestInterval;
-    const char* label;
-    qint64 frequency;
-    Basis basis;
-};
-
-/// The labels "2 Months" and "Yearly" differ from the names of their frequencies, deliberately.
-constexpr std::array<Pattern, 7> kPatterns{{
-    {11, QT_TRANSLATE_NOOP("CVCategory", "Weekly"), CVExpenseFrequency::kWeekly, Basis::Week},
-    {21, QT_TRANSLATE_NOOP("CVCategory", "Bi-Weekly"), CVExpenseFrequency::kBiWeekly, Basis::TwoWeeks},
-    {44, QT_TRANSLATE_NOOP("CVCategory", "Monthly"), CVExpenseFrequency::kMonthly, Basis::Month},
-    {75, QT_TRANSLATE_NOOP("CVCategory", "2 Months"), CVExpenseFrequency::kBiMonthly, Basis::Month},
-    {125, QT_TRANSLATE_NOOP("CVCategory", "Quarterly"), CVExpenseFrequency::kQuarterly, Basis::Month},
-    {250, QT_TRANSLATE_NOOP("CVCategory", "Semi-Annually"), CVExpenseFrequency::kSemiAnnually, Basis::Month},
-    {std::numeric_limits<qint64>::max(), QT_TRANSLATE_NOOP("CVCategory", "Yearly"), CVExpenseFrequency::kAnnually,
-     Basis::Month},
-}};
-
-/// How many periods of a frequency a range holds: its days or whole months, times a factor, divided without remainder.
+/// How many periods of a kind a range holds: its days or whole months, times a factor, divided without remainder.
 struct PeriodCount {
     enum class Unit : quint8 { Days, Months };
 
     Unit unit;
     qint64 factor;
     qint64 divisor;
+
+    [[nodiscard]] qint64 in(const CVDayRange& range) const {
+        return (unit == Unit::Days ? range.days() : range.wholeMonths()) * factor / divisor;
+    }
 };
 
+struct Averages {
+    double weekly = 0;
+    double biWeekly = 0;
+    double monthly = 0;
+};
+
+/// One average out of another, rounded.
+struct Derivation {
+    double Averages::*average;
+    double Averages::*source;
+    CVArithmeticSteps steps;
+};
+
+/// The average that is divided out of the total, and how the others follow from it, in order.
+struct Basis {
+    double Averages::*average;
+    PeriodCount periods;
+    std::array<Derivation, 2> others;
+};
+
+constexpr Basis kWeek{
+    &Averages::weekly,
+    {PeriodCount::Unit::Days, 1, 7},
+    {{{&Averages::biWeekly, &Averages::weekly, x(2)}, {&Averages::monthly, &Averages::weekly, {x(52), by(12)}}}}};
+constexpr Basis kTwoWeeks{
+    &Averages::biWeekly,
+    {PeriodCount::Unit::Days, 1, 14},
+    {{{&Averages::weekly, &Averages::biWeekly, x(0.5)}, {&Averages::monthly, &Averages::weekly, {x(52), by(12)}}}}};
+constexpr Basis kMonth{
+    &Averages::monthly,
+    {PeriodCount::Unit::Months, 1, 1},
+    {{{&Averages::biWeekly, &Averages::monthly, {x(12), by(26)}}, {&Averages::weekly, &Averages::biWeekly, x(0.5)}}}};
+
+struct Pattern {
+    /// In days between transactions.
+    qint64 longestInterval;
+    const char* label;
+    qint64 frequency;
+    const Basis& basis;
+};
+
+/// The labels "2 Months" and "Yearly" differ from the names of their frequencies, deliberately.
+constexpr std::array<Pattern, 7> kPatterns{{
+    {11, QT_TRANSLATE_NOOP("CVCategory", "Weekly"), CVExpenseFrequency::kWeekly, kWeek},
+    {21, QT_TRANSLATE_NOOP("CVCategory", "Bi-Weekly"), CVExpenseFrequency::kBiWeekly, kTwoWeeks},
+    {44, QT_TRANSLATE_NOOP("CVCategory", "Monthly"), CVExpenseFrequency::kMonthly, kMonth},
+    {75, QT_TRANSLATE_NOOP("CVCategory", "2 Months"), CVExpenseFrequency::kBiMonthly, kMonth},
+    {125, QT_TRANSLATE_NOOP("CVCategory", "Quarterly"), CVExpenseFrequency::kQuarterly, kMonth},
+    {250, QT_TRANSLATE_NOOP("CVCategory", "Semi-Annually"), CVExpenseFrequency::kSemiAnnually, kMonth},
+    {std::numeric_limits<qint64>::max(), QT_TRANSLATE_NOOP("CVCategory", "Yearly"), CVExpenseFrequency::kAnnually,
+     kMonth},
+}};
+
+/// By frequency code.
 constexpr std::array<PeriodCount, 8> kPeriodCounts{{
     {PeriodCount::Unit::Days, 1, 7},
     {PeriodCount::Unit::Days, 1, 14},
@@ -73,25 +112,14 @@ double spanOf(const CVSpending& spending, qint64 daysOfRange) {
     return static_cast<double>(days);
 }
 
-void setAverages(CVCategory& category, Basis basis, const CVDayRange& range) {
-    const double total = category.total();
-    switch (basis) {
-    case Basis::Week:
-        category.setWeekly(averageOver(total, range.days() / 7));
-        category.setBiWeekly(RoundDoubleToTwoPlaces(category.weekly() + category.weekly()));
-        category.setMonthly(RoundDoubleToTwoPlaces(category.weekly() * 52 / 12));
-        break;
-    case Basis::TwoWeeks:
-        category.setBiWeekly(averageOver(total, range.days() / 14));
-        category.setWeekly(RoundDoubleToTwoPlaces(category.biWeekly() * 0.5));
-        category.setMonthly(RoundDoubleToTwoPlaces(category.weekly() * 52 / 12));
-        break;
-    case Basis::Month:
-        category.setMonthly(averageOver(total, range.wholeMonths()));
-        category.setBiWeekly(RoundDoubleToTwoPlaces(category.monthly() * 12 / 26));
-        category.setWeekly(RoundDoubleToTwoPlaces(category.biWeekly() * 0.5));
-        break;
-    }
+void setAverages(CVCategory& category, const Basis& basis, const CVDayRange& range) {
+    Averages averages;
+    averages.*basis.average = averageOver(category.total(), basis.periods.in(range));
+    for (const Derivation& other : basis.others)
+        averages.*other.average = RoundDoubleToTwoPlaces(other.steps.appliedTo(averages.*other.source));
+    category.setWeekly(averages.weekly);
+    category.setBiWeekly(averages.biWeekly);
+    category.setMonthly(averages.monthly);
 }
 
 void reset(CVCategory& category) {
@@ -175,8 +203,6 @@ double averagePerFrequency(const CVCategory& category, const CVSpendingOfRange& 
     const qint64 code = category.expenseFrequency();
     if (code < 0 || code >= static_cast<qint64>(kPeriodCounts.size()))
         return 0;
-    const PeriodCount& count = kPeriodCounts[static_cast<std::size_t>(code)];
-    const CVDayRange& range = spending.range();
-    const qint64 units = count.unit == PeriodCount::Unit::Days ? range.days() : range.wholeMonths();
-    return averageOver(spending.of(category.uniqueID()).total, units * count.factor / count.divisor);
+    const PeriodCount& periods = kPeriodCounts[static_cast<std::size_t>(code)];
+    return averageOver(spending.of(category.uniqueID()).total, periods.in(spending.range()));
 }

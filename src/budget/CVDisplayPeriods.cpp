@@ -15,10 +15,13 @@ struct Amount {
     int months;
     int days;
 
-    [[nodiscard]] QBDate from(const QBDate& date, int times = 1) const {
-        return date.dateByAddingYears(0, qint64(times) * months, qint64(times) * days);
+    [[nodiscard]] QBDate from(const QBDate& date, qint64 times = 1) const {
+        return date.dateByAddingYears(0, times * months, times * days);
     }
 };
+
+/// The day that a period begins with, as seen from today.
+enum class Anchor : quint8 { StartDayOfWeek, Sunday, FirstOfMonth };
 
 struct PeriodType {
     int columns;
@@ -26,13 +29,18 @@ struct PeriodType {
     Amount step;
     /// By which next and previous move the first column.
     Amount page;
+    /// Where the first column begins: there, less the lead, less this much for each period before today's.
+    Anchor anchor;
+    Amount lead;
+    Amount before;
 };
 
+/// Weeks begin on Sunday whatever the start day, and the two-week view begins a week before today's week, deliberately.
 constexpr std::array<PeriodType, CVDisplayPeriods::kTypes> kPeriodTypes{{
-    {7, {0, 1}, {0, 7}},
-    {4, {0, 7}, {0, 7}},
-    {4, {0, 14}, {0, 14}},
-    {4, {1, 0}, {1, 0}},
+    {7, {0, 1}, {0, 7}, Anchor::StartDayOfWeek, {0, 0}, {0, 0}},
+    {4, {0, 7}, {0, 7}, Anchor::Sunday, {0, 0}, {0, 7}},
+    {4, {0, 14}, {0, 14}, Anchor::Sunday, {0, 7}, {0, 14}},
+    {4, {1, 0}, {1, 0}, Anchor::FirstOfMonth, {0, 0}, {1, 0}},
 }};
 
 const PeriodType& typeOf(int periodType) {
@@ -45,6 +53,18 @@ int known(int periodType) {
 
 int weekdayModulo(qint64 day) {
     return static_cast<int>((day % kDaysPerWeek + kDaysPerWeek) % kDaysPerWeek);
+}
+
+QBDate anchorOf(Anchor anchor, const QBDate& today, int startDayOfWeek) {
+    switch (anchor) {
+    case Anchor::FirstOfMonth:
+        return today.dateByAddingYears(0, 0, 1 - today.dayOfMonth());
+    case Anchor::Sunday:
+        return today.dateByAddingYears(0, 0, -today.dayOfWeek());
+    case Anchor::StartDayOfWeek:
+        break;
+    }
+    return today.dateByAddingYears(0, 0, -weekdayModulo(today.dayOfWeek() - startDayOfWeek));
 }
 
 } // namespace
@@ -65,25 +85,11 @@ int CVDisplayPeriods::numberOfColumnsForDisplayPeriod() const {
     return typeOf(mPeriodType).columns;
 }
 
-/// Weeks begin on Sunday whatever the start day, and the two-week view begins a week before today's: both deliberately.
 void CVDisplayPeriods::initializeFirstColumnStartingDate(Placement placement) {
     mStartDayOfWeek = weekdayModulo(placement.startDayOfWeek);
-    const qint64 weekday = mToday.dayOfWeek();
-    const qint64 before = placement.todayColumn;
-    switch (mPeriodType) {
-    case Week:
-        mFirstColumnStartingDate = mToday.dateByAddingYears(0, 0, -(weekday + 7 * before));
-        break;
-    case TwoWeeks:
-        mFirstColumnStartingDate = mToday.dateByAddingYears(0, 0, -(weekday + 7 + 14 * before));
-        break;
-    case Month:
-        mFirstColumnStartingDate = mToday.dateByAddingYears(0, -before, 1 - mToday.dayOfMonth());
-        break;
-    default:
-        mFirstColumnStartingDate = mToday.dateByAddingYears(0, 0, -weekdayModulo(weekday - mStartDayOfWeek));
-        break;
-    }
+    const PeriodType& type = typeOf(mPeriodType);
+    const QBDate anchor = anchorOf(type.anchor, mToday, mStartDayOfWeek);
+    mFirstColumnStartingDate = type.before.from(type.lead.from(anchor, -1), -qint64(placement.todayColumn));
 }
 
 void CVDisplayPeriods::setTimePeriod(int periodType, Placement placement) {

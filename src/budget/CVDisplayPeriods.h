@@ -14,7 +14,6 @@ class CVDisplayPeriods final {
 public:
     enum Type : int { Day, Week, TwoWeeks, Month };
     static constexpr int kTypes = 4;
-    static constexpr int kMostColumns = 7;
 
     /// The two preferences that place the first column.
     struct Placement {

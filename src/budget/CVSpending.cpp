@@ -7,9 +7,9 @@ namespace {
 
 void widen(CVSpending& spending, const QBDate& day) {
     if (!spending.firstDay || day.orderKey() < spending.firstDay->orderKey())
-        spending.firstDay = &day;
+        spending.firstDay = day;
     if (!spending.lastDay || day.orderKey() > spending.lastDay->orderKey())
-        spending.lastDay = &day;
+        spending.lastDay = day;
 }
 
 } // namespace

@@ -11,9 +11,9 @@ struct CVSpending {
     /// Rounded to two places after every addition.
     double total = 0;
     quint64 count = 0;
-    /// The first and the last day spent on; null while the count is 0. They point into the transactions.
-    const QBDate* firstDay = nullptr;
-    const QBDate* lastDay = nullptr;
+    /// The first and the last day spent on; absent while the count is 0.
+    std::optional<QBDate> firstDay;
+    std::optional<QBDate> lastDay;
     /// The tax-flagged ones alone; the sum rounded after every addition.
     double taxTotal = 0;
     quint64 taxCount = 0;

@@ -23,6 +23,14 @@ void keepFirstOfEachID(Records& records) {
     std::erase_if(records, [&seen](const auto& record) { return !seen.insert(record->uniqueID()).second; });
 }
 
+/// Empties a collection. A view may keep a record for longer than the document lives; it must not ask one that is gone.
+template <typename Records>
+void release(Records& records) {
+    for (const auto& record : records)
+        record->setDocument(nullptr);
+    records.clear();
+}
+
 template <typename Records>
 auto findID(const Records& records, quint32 id) {
     return std::find_if(records.begin(), records.end(), [id](const auto& record) { return record->uniqueID() == id; });
@@ -35,13 +43,9 @@ CVDocument::CVDocument(QBNotificationCenter& notificationCenter, QBUserDefaults&
     , mUserDefaults(userDefaults) {}
 
 CVDocument::~CVDocument() {
-    // A view may keep a record for a while; it must not ask a document that is gone.
-    for (const auto& transaction : mTransactions)
-        transaction->setDocument(nullptr);
-    for (const auto& category : mCategories)
-        category->setDocument(nullptr);
-    for (const auto& set : mTransactionSets)
-        set->setDocument(nullptr);
+    release(mTransactions);
+    release(mCategories);
+    release(mTransactionSets);
 }
 
 bool CVDocument::workbookSave() {
@@ -71,7 +75,7 @@ void CVDocument::addDefaults() {
 
 void CVDocument::reset_to_default_info() {
     removeAllCategories();
-    mTransactions.clear();
+    release(mTransactions);
     setUniqueID(0);
     addDefaults();
     workbookSave();
@@ -87,7 +91,7 @@ const std::shared_ptr<CVCategory>& CVDocument::objectInCategoriesAtIndex(std::si
 }
 
 void CVDocument::removeAllCategories() {
-    mCategories.clear();
+    release(mCategories);
 }
 
 void CVDocument::setInitialCategories() {
@@ -131,7 +135,8 @@ void CVDocument::sortCategories() {
 void CVDocument::removeCategory(const std::shared_ptr<CVCategory>& category) {
     if (!category)
         return;
-    std::erase(mCategories, category);
+    if (std::erase(mCategories, category) > 0)
+        category->setDocument(nullptr);
     announceCategories();
 }
 
@@ -141,8 +146,9 @@ std::shared_ptr<CVCategory> CVDocument::getCategoryByUniqueID(quint32 id) const 
 }
 
 std::shared_ptr<CVCategory> CVDocument::doesCategoryNameExist(const QString& name) const {
-    const auto found = std::find_if(mCategories.begin(), mCategories.end(),
-                                    [&name](const auto& category) { return category->categoryName() == name; });
+    const auto found = std::find_if(mCategories.begin(), mCategories.end(), [&name](const auto& category) {
+        return category->categoryName() == name && category->categoryName().isNull() == name.isNull();
+    });
     return found == mCategories.end() ? nullptr : *found;
 }
 

@@ -2,11 +2,26 @@
 #include "model/CVCategoryLookup.h"
 #include "model/CVDocument.h"
 #include "model/CVTransaction.h"
-#include "model/CVTransactionDateSort.h"
 #include "model/CVTransactionSet.h"
+#include "model/CVTransactionSort.h"
 
 #include <algorithm>
 #include <unordered_set>
+
+namespace {
+
+/// A view may keep a removed transaction for longer than the document lives, so it must not refer to it any more.
+template <typename Leaves>
+void eraseLeaving(CVDocument::Transactions& transactions, Leaves leaves) {
+    std::erase_if(transactions, [&leaves](const auto& transaction) {
+        const bool removed = leaves(transaction);
+        if (removed)
+            transaction->setDocument(nullptr);
+        return removed;
+    });
+}
+
+} // namespace
 
 /// The part of the document that keeps transactions in their order and the bounds of their dates.
 
@@ -33,8 +48,10 @@ void CVDocument::insertTransaction(const std::shared_ptr<CVTransaction>& transac
 void CVDocument::removeTransaction(const std::shared_ptr<CVTransaction>& transaction) {
     if (transaction) {
         const auto found = std::find(mTransactions.begin(), mTransactions.end(), transaction);
-        if (found != mTransactions.end())
+        if (found != mTransactions.end()) {
+            transaction->setDocument(nullptr);
             mTransactions.erase(found);
+        }
         announceTransactions();
     }
     updateDates();
@@ -46,7 +63,7 @@ void CVDocument::removeTransactions(std::span<const std::shared_ptr<CVTransactio
     std::unordered_set<const CVTransaction*> removed;
     for (const auto& transaction : transactions)
         removed.insert(transaction.get());
-    std::erase_if(mTransactions, [&](const auto& transaction) { return removed.contains(transaction.get()); });
+    eraseLeaving(mTransactions, [&](const auto& transaction) { return removed.contains(transaction.get()); });
     announceTransactions();
     updateDates();
 }
@@ -54,13 +71,13 @@ void CVDocument::removeTransactions(std::span<const std::shared_ptr<CVTransactio
 void CVDocument::removeTransactionsForSet(quint32 id) {
     if (mTransactions.empty())
         return;
-    std::erase_if(mTransactions, [id](const auto& transaction) { return transaction->transactionSetID() == id; });
+    eraseLeaving(mTransactions, [id](const auto& transaction) { return transaction->transactionSetID() == id; });
     announceTransactions();
     updateDates();
 }
 
 void CVDocument::sortTransactionsByDate() {
-    CVSortTransactionsByDate(mTransactions, mCategories);
+    CVSortTransactions(mTransactions, {QStringLiteral("date"), true}, mCategories);
 }
 
 std::size_t CVDocument::indexInTransactionArrayOfDate(const std::optional<QBDate>& date) const {

@@ -86,14 +86,15 @@ QBDate QBDate::dateWithYear(qint64 year, int month, int day) {
 }
 
 QBDate QBDate::dateWithNSDate(const QDateTime& instant) {
-    return fromDayNumber(instant.toLocalTime().date().toJulianDay() - kEpochJulianDay);
+    const QDate day = instant.toLocalTime().date();
+    return day.isValid() ? fromDayNumber(day.toJulianDay() - kEpochJulianDay) : date();
 }
 
 std::optional<QBDate> QBDate::optimizedDateWithCStringXMLFormat(std::string_view text) {
     const auto year = takeField(text, '/');
     const auto month = year ? takeField(text, '/') : std::nullopt;
     const auto day = month ? takeField(text, 0) : std::nullopt;
-    if (!day || std::abs(*year) > kLargestYear || *month < 1 || *month > kMonthsPerYear || *day < 1 ||
+    if (!day || *year < -kLargestYear || *year > kLargestYear || *month < 1 || *month > kMonthsPerYear || *day < 1 ||
         *day > lengthOfMonth(*year, static_cast<int>(*month)))
         return std::nullopt;
     return QBDate(*year, static_cast<quint8>(*month), static_cast<quint8>(*day));

@@ -18,7 +18,7 @@ public:
     /// The day with these fields; a month outside 1 to 12 or a day outside the month is normalised as the arithmetic
     /// does (month 0 is December of the year before).
     [[nodiscard]] static QBDate dateWithYear(qint64 year, int month, int day);
-    /// The day of that instant in the local time zone.
+    /// The day of that instant in the local time zone; today for an invalid one.
     [[nodiscard]] static QBDate dateWithNSDate(const QDateTime& instant);
     /// The day that a text of the form year/month/day names (the inverse of `corvellaXMLRepresentation`); absent when
     /// the text is of another form or names no day of the calendar.

@@ -5,8 +5,10 @@
 #include "storage/CVDocumentXML.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <limits>
+#include <new>
 #include <utility>
 
 namespace {
@@ -27,6 +29,8 @@ CVLoadReport CVDocumentFile::initWithStandardUserFile(CVDocument& document) {
     CVLoadReport report;
     if (const auto path = CVStandardDataFileURL(CVLookForExisting::Yes, mFolders, mDefaults))
         report = readFromURL(document, *path);
+    else
+        report = reportObstacle();
     if (document.uniqueID() == 0) {
         document.setCurrentTransactionSet(0);
         document.addDefaults();
@@ -36,8 +40,18 @@ CVLoadReport CVDocumentFile::initWithStandardUserFile(CVDocument& document) {
     return report;
 }
 
+/// Where no file was found, something else may stand: it is passed over, but not without a word.
+CVLoadReport CVDocumentFile::reportObstacle() const {
+    const auto path = CVPathForSaving(mFolders, mDefaults);
+    if (!path || !QFileInfo::exists(*path))
+        return {};
+    return {CVLoadReport::Outcome::Unreadable, *path, tr("what stands there is not a file")};
+}
+
 CVLoadReport CVDocumentFile::readFromURL(CVDocument& document, const QString& path) {
     CVLoadReport report{CVLoadReport::Outcome::Unreadable, path, {}};
+    // Taken first: a file that changes while it is read is then not the one that was read.
+    const auto signature = CVFileSignature::of(path);
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         report.reason = file.errorString();
@@ -48,18 +62,22 @@ CVLoadReport CVDocumentFile::readFromURL(CVDocument& document, const QString& pa
         report.reason = tr("the file is larger than 2 GiB");
         return report;
     }
-    QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError) {
-        report.reason = file.errorString();
-        return report;
+    bool read = false;
+    try {
+        QByteArray bytes = file.readAll();
+        if (file.error() != QFileDevice::NoError) {
+            report.reason = file.errorString();
+            return report;
+        }
+        read = readFromData(document, std::move(bytes), QLatin1String(kDocumentType));
+        report.reason = mReason;
+    } catch (const std::bad_alloc&) {
+        report.reason = tr("there is not enough memory to read the file");
     }
-    file.close();
-    const bool read = readFromData(document, std::move(bytes), QLatin1String(kDocumentType));
-    report.reason = mReason;
     if (read)
         report.outcome = mReason.isEmpty() ? CVLoadReport::Outcome::Loaded : CVLoadReport::Outcome::NoBudget;
-    if (report.outcome == CVLoadReport::Outcome::Loaded)
-        mSaves.markAsRead(path);
+    if (report.outcome == CVLoadReport::Outcome::Loaded && mReadWhole)
+        mSaves.markAsRead(path, signature);
     return report;
 }
 
@@ -70,6 +88,7 @@ bool CVDocumentFile::readFromData(CVDocument& document, QByteArray bytes, const 
     CVDocumentParserDelegate parser(&document);
     const bool read = parser.prepareFromData(std::move(bytes)) && !parser.isEncrypted() && parser.parseDocumentData();
     mReason = parser.errorMessage();
+    mReadWhole = parser.readWhole();
     if (read && !parser.foundRoot())
         mReason = tr("the file is XML but holds no Corvella budget");
     return read;
@@ -81,10 +100,15 @@ std::optional<CVDocumentText> CVDocumentFile::dataOfType(const CVDocument& docum
 
 bool CVDocumentFile::workbookSave(CVDocument& document) {
     const auto path = CVStandardDataFileURL(CVLookForExisting::No, mFolders, mDefaults);
-    if (path)
-        mSaves.save(*path, CVDocumentXMLRepresentation(document));
-    else
+    if (!path) {
         mSaves.fail(tr("The budget could not be saved: the folder for it could not be made in \"%1\".")
                         .arg(mFolders.applicationSupport));
+        return true;
+    }
+    try {
+        mSaves.save(*path, CVDocumentXMLRepresentation(document));
+    } catch (const std::bad_alloc&) {
+        mSaves.fail(tr("The budget could not be saved: there is not enough memory."));
+    }
     return true;
 }

@@ -50,9 +50,12 @@ public:
     [[nodiscard]] CVSaveQueue& saves() { return mSaves; }
 
 private:
+    [[nodiscard]] CVLoadReport reportObstacle() const;
+
     CVStandardFolders mFolders;
     QBUserDefaults& mDefaults;
     /// Why nothing came out of the last read; empty when something did.
     QString mReason;
+    bool mReadWhole = false;
     CVSaveQueue mSaves;
 };

@@ -8,10 +8,26 @@
 #include "shared/base/QBXMLText.h"
 
 #include <QByteArrayView>
+#include <QStringDecoder>
 
 #include <cstring>
 #include <string_view>
 #include <utility>
+
+namespace {
+
+/// Null when the bytes are not valid UTF-8. A byte-order mark at the beginning is a character of the text. A carriage
+/// return, which only a character reference can bring here, would not survive the next save and is a line feed at once.
+QString decodedText(const std::string& bytes) {
+    if (bytes.empty())
+        return QLatin1String("");
+    using Flag = QStringConverter::Flag;
+    QStringDecoder decoder(QStringConverter::Utf8, Flag::Stateless | Flag::ConvertInitialBom);
+    const QString text = decoder.decode(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
+    return decoder.hasError() ? QString() : xml_storableText(text);
+}
+
+} // namespace
 
 CVDocumentParserDelegate::CVDocumentParserDelegate(CVDocument* target) : document(target) {
     _co_parsing_object_stack.reserve(5);
@@ -43,11 +59,8 @@ void CVDocumentParserDelegate::appendCharacters(const char* bytes, qsizetype len
 
 QString CVDocumentParserDelegate::tempParsingString() {
     auto known = mTexts.find(std::string_view(_co_character_buffer));
-    if (known == mTexts.end()) {
-        const QByteArrayView bytes(_co_character_buffer.data(), static_cast<qsizetype>(_co_character_buffer.size()));
-        const QString text = bytes.isEmpty() ? QString(QLatin1String("")) : QString::fromUtf8(bytes);
-        known = mTexts.emplace(_co_character_buffer, bytes.isValidUtf8() ? text : QString()).first;
-    }
+    if (known == mTexts.end())
+        known = mTexts.emplace(_co_character_buffer, decodedText(_co_character_buffer)).first;
     _co_character_buffer.clear();
     return known->second;
 }

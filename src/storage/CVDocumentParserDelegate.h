@@ -47,10 +47,13 @@ public:
     /// Decrypts nothing: tells whether plain bytes are present.
     [[nodiscard]] bool decryptWithKey(const QString& key) const;
     /// Parses the kept bytes into the document. Without any it resets the document to its defaults and succeeds;
-    /// malformed XML also resets it (both save) and fails with a message.
+    /// malformed XML also resets it (both save) and fails with a message, and so does a parser without a document.
     bool parseDocumentData();
     /// What went wrong, for a person, with the line number where there is one; empty when nothing did.
     [[nodiscard]] const QString& errorMessage() const { return mErrorMessage; }
+    /// Whether every byte was understood: no error was met on the way, not even one that libxml2 got over, and no NUL,
+    /// at which it ends quietly. A budget that was not read whole must not be written over unseen.
+    [[nodiscard]] bool readWhole() const { return mErrorCount == 0 && !mHoldsNul; }
     /// Whether the file had the root element of a budget; without it nothing was read.
     [[nodiscard]] bool foundRoot() const { return mFoundRoot; }
 
@@ -115,6 +118,7 @@ private:
     /// Each text once, whatever the number of records that hold it.
     std::unordered_map<std::string, QString, TextHash, std::equal_to<>> mTexts;
     bool mFoundRoot = false;
+    bool mHoldsNul = false;
     /// A callback ran out of memory: what was read is incomplete.
     bool mGaveUp = false;
     int mErrorCount = 0;

@@ -61,10 +61,10 @@ bool CVDocumentParserDelegate::prepareFromFile(const QString& path, CVReadError*
         return false;
     }
     if (looksEncrypted(bytes)) {
-        if (readEncryptedParts(bytes))
+        if (bytes.isValidUtf8() && readEncryptedParts(bytes))
             return true;
         problem.code = CVReadError::kCorruptFile;
-        problem.message = tr("the file is encrypted and incomplete");
+        problem.message = tr("the file is encrypted and damaged");
         return false;
     }
     if (file.size() <= kLargestBlock)
@@ -79,6 +79,7 @@ bool CVDocumentParserDelegate::keepPlainBytes(QByteArray bytes) {
         mErrorMessage = tr("the file is larger than 2 GiB");
         return false;
     }
+    mHoldsNul = bytes.contains('\0');
     _co_decrypted_data = std::move(bytes);
     return true;
 }

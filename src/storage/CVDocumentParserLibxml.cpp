@@ -5,6 +5,7 @@
 #include <libxml/parser.h>
 #include <libxml/xmlerror.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdarg>
 #include <cstdio>
@@ -16,6 +17,40 @@ namespace {
 
 /// A damaged file can raise an error per character; the log needs only the first of them.
 constexpr int kLoggedErrors = 20;
+
+/// libxml2 compares each attribute of an element with all before it, so that one with many thousands would take hours.
+/// The data file has elements with four.
+constexpr int kMostAttributes = 100;
+
+/// An element with more has at least this many bytes: a blank, a letter, an equals sign and two quotes for each.
+constexpr qsizetype kShortestAbsurdElement = 5 * kMostAttributes;
+
+/// The attributes of the tag that `text` begins with, just behind the less-than sign; what is no start tag has none.
+int attributesOf(QByteArrayView text) {
+    const char* at = std::find_if(text.begin(), text.end(), [](char c) { return c != '\0'; });
+    if (at == text.end() || *at == '/' || *at == '!' || *at == '?')
+        return 0;
+    for (int count = 0;; ++count) {
+        at = std::find_if(at, text.end(), [](char c) { return c == '"' || c == '\'' || c == '>'; });
+        const char* const close = at == text.end() || *at == '>' ? text.end() : std::find(at + 1, text.end(), *at);
+        if (close == text.end())
+            return count;
+        at = close + 1;
+    }
+}
+
+/// Whether an element has more than `kMostAttributes` attributes. A start tag holds no further less-than sign, so that
+/// each can be looked at by itself.
+bool hasAbsurdElement(QByteArrayView bytes) {
+    const char* at = std::find(bytes.begin(), bytes.end(), '<');
+    while (at != bytes.end()) {
+        const char* const next = std::find(at + 1, bytes.end(), '<');
+        if (next - at > kShortestAbsurdElement && attributesOf({at + 1, next}) > kMostAttributes)
+            return true;
+        at = next;
+    }
+    return false;
+}
 
 } // namespace
 
@@ -75,6 +110,8 @@ struct CVDocumentParserCallbacks {
 };
 
 bool CVDocumentParserDelegate::parseDocumentData() {
+    if (!document)
+        return false;
     if (!_co_decrypted_data && !_co_encrypted_data) {
         document->reset_to_default_info();
         return true;
@@ -95,6 +132,10 @@ bool CVDocumentParserDelegate::parseDocumentData() {
 
 int CVDocumentParserDelegate::parsePlainBytes() {
     const QByteArray bytes = _co_decrypted_data.value_or(QByteArray());
+    if (hasAbsurdElement(bytes)) {
+        mFirstError = tr("an element has more than %1 attributes").arg(kMostAttributes);
+        return XML_ERR_INTERNAL_ERROR;
+    }
     xmlSAXHandler handler = CVDocumentParserCallbacks::handler();
     const int result = xmlSAXUserParseMemory(&handler, this, bytes.constData(), static_cast<int>(bytes.size()));
     return mGaveUp ? XML_ERR_NO_MEMORY : result;
@@ -103,13 +144,15 @@ int CVDocumentParserDelegate::parsePlainBytes() {
 QString CVDocumentParserDelegate::malformedMessage() const {
     if (mGaveUp)
         return tr("there was not enough memory to read the file");
-    if (mErrorLine == 0)
+    if (mFirstError.isEmpty())
         return tr("the file is damaged");
+    if (mErrorLine == 0)
+        return tr("the file is damaged: %1").arg(mFirstError);
     return tr("the file is damaged at line %1: %2").arg(mErrorLine).arg(mFirstError);
 }
 
 void CVDocumentParserDelegate::noteError(const char* message, int line) {
-    const QString text = QString::fromUtf8(message).trimmed();
+    const QString text = QString::fromUtf8(message).simplified();
     if (mErrorCount++ == 0) {
         mErrorLine = line;
         mFirstError = text;

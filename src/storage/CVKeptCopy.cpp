@@ -1,18 +1,19 @@
 #include "storage/CVKeptCopy.h"
 
+#include "storage/CVFileSignature.h"
 #include "storage/CVSafeFile.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
-#include <filesystem>
-#include <system_error>
-
-#ifdef Q_OS_UNIX
 #include <fcntl.h>
 #include <unistd.h>
-#endif
+
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
 
 namespace {
 
@@ -36,6 +37,34 @@ QString freeName(const QFileInfo& file, const QDateTime& now) {
     return {};
 }
 
+/// In one step, so that the bytes are never without a name; neither replaces anything nor copies. QFile::rename would
+/// copy where it cannot rename.
+bool moveTo(const QString& from, const QString& to) {
+    const QByteArray source = QFile::encodeName(from);
+    const QByteArray target = QFile::encodeName(to);
+#ifdef Q_OS_LINUX
+    if (::renameat2(AT_FDCWD, source.constData(), AT_FDCWD, target.constData(), RENAME_NOREPLACE) == 0)
+        return true;
+    if (errno != EINVAL && errno != ENOSYS)
+        return false;
+#endif
+    const CVStanding standing = CVStanding::at(to);
+    return standing.error.isEmpty() && !standing.signature && std::rename(source.constData(), target.constData()) == 0;
+}
+
+/// Whether the copy is on the disk, as long as the original: QFile takes a file whose size it cannot learn for an empty
+/// one.
+bool isWhole(const QString& original, const QString& copyPath) {
+    const int copy = ::open(QFile::encodeName(copyPath).constData(), O_RDONLY | O_CLOEXEC);
+    if (copy < 0)
+        return false;
+    const auto standing = CVFileSignature::of(original);
+    const auto copied = CVFileSignature::ofOpenFile(copy);
+    const bool synced = ::fsync(copy) == 0;
+    ::close(copy);
+    return synced && standing && copied && standing->size == copied->size;
+}
+
 /// A second name for the same bytes; where the file system knows none, a copy on the disk. Neither replaces a file.
 bool linkOrCopy(const QString& from, const QString& to) {
     std::error_code error;
@@ -44,17 +73,10 @@ bool linkOrCopy(const QString& from, const QString& to) {
         return true;
     if (!QFile::copy(from, to))
         return false;
-#ifdef Q_OS_UNIX
-    const int copy = ::open(QFile::encodeName(to).constData(), O_RDONLY | O_CLOEXEC);
-    const bool synced = copy >= 0 && ::fsync(copy) == 0;
-    if (copy >= 0)
-        ::close(copy);
-    if (!synced)
-        QFile::remove(to);
-    return synced;
-#else
-    return true;
-#endif
+    if (isWhole(from, to))
+        return true;
+    QFile::remove(to);
+    return false;
 }
 
 } // namespace
@@ -64,12 +86,18 @@ CVKeptCopy CVKeepUnreadable(const QString& path, const QDateTime& now) {
     if (real.isEmpty())
         return {};
     const QFileInfo file(real);
-    const QString copy = freeName(file, now);
-    const bool kept = !copy.isEmpty() && ((file.isFile() && linkOrCopy(real, copy)) || QFile::rename(real, copy));
-    if (!kept) {
+    CVKeptCopy kept{freeName(file, now), {}, false};
+    // A second name for a file that cannot be read would not help: the new file would inherit its mode.
+    kept.moved = !file.isFile() || !file.isReadable();
+    if (kept.path.isEmpty() || !(kept.moved ? moveTo(real, kept.path) : linkOrCopy(real, kept.path))) {
         return {{},
                 {QCoreApplication::translate("CVKeptCopy", "the unreadable file \"%1\" could not be kept beside it")
                      .arg(real)}};
     }
-    return {copy, CVSyncFolder(file.absolutePath())};
+    kept.result = CVSyncFolder(file.absolutePath());
+    return kept;
+}
+
+bool CVPutBack(const CVKeptCopy& kept, const QString& path) {
+    return moveTo(kept.path, path);
 }

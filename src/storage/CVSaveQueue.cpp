@@ -6,6 +6,7 @@
 #include <QDateTime>
 #include <QDir>
 
+#include <new>
 #include <utility>
 
 CVSaveQueue::CVSaveQueue() {
@@ -23,51 +24,53 @@ CVSaveQueue::~CVSaveQueue() {
     mWorker.join();
 }
 
-void CVSaveQueue::markAsRead(const QString& path) {
+void CVSaveQueue::markAsRead(const QString& path, const std::optional<CVFileSignature>& signature) {
     const std::lock_guard lock(mMutex);
-    mOwnFiles.insert(path);
+    if (signature)
+        mKnownFiles[path] = *signature;
 }
 
 void CVSaveQueue::save(const QString& path, CVDocumentText text) {
+    enqueue({path, std::move(text), {}});
+}
+
+void CVSaveQueue::fail(const QString& message) {
+    enqueue({{}, {}, message});
+}
+
+void CVSaveQueue::enqueue(Job job) {
     {
         const std::lock_guard lock(mMutex);
-        mPending = Job{path, std::move(text)};
+        if (!mPending.empty() && mPending.back().path == job.path)
+            mPending.back() = std::move(job);
+        else
+            mPending.push_back(std::move(job));
     }
     mChanged.notify_all();
     emit saveStarted();
 }
 
-void CVSaveQueue::fail(const QString& message) {
-    CVSaveOutcome outcome;
-    outcome.saved = false;
-    outcome.message = message;
-    {
-        const std::lock_guard lock(mMutex);
-        mLastOutcome = outcome;
-    }
-    emit written(outcome);
-}
-
 bool CVSaveQueue::isSaving() const {
     const std::lock_guard lock(mMutex);
-    return mWriting || mPending;
+    return mWriting || !mPending.empty();
 }
 
 CVSaveOutcome CVSaveQueue::waitForFinished() {
     std::unique_lock lock(mMutex);
-    mChanged.wait(lock, [this] { return !mWriting && !mPending; });
+    mChanged.wait(lock, [this] { return !mWriting && mPending.empty(); });
     return mLastOutcome;
 }
 
 void CVSaveQueue::work() {
     std::unique_lock lock(mMutex);
     for (;;) {
-        mChanged.wait(lock, [this] { return mStopping || mPending; });
-        if (!mPending)
+        mChanged.wait(lock, [this] { return mStopping || !mPending.empty(); });
+        if (mPending.empty())
             return;
+        mWriting = true;
         {
-            const Job job = *std::exchange(mPending, std::nullopt);
-            mWriting = true;
+            const Job job = std::move(mPending.front());
+            mPending.pop_front();
             lock.unlock();
             const CVSaveOutcome outcome = perform(job);
             lock.lock();
@@ -82,26 +85,49 @@ void CVSaveQueue::work() {
 CVSaveOutcome CVSaveQueue::perform(const Job& job) {
     CVSaveOutcome outcome;
     outcome.path = job.path;
-    bool own = false;
+    outcome.message = job.failure;
+    try {
+        if (job.failure.isEmpty())
+            write(job, outcome);
+    } catch (const std::bad_alloc&) {
+        outcome.message = tr("The budget could not be saved: there is not enough memory.");
+    }
+    outcome.saved = outcome.message.isEmpty();
+    return outcome;
+}
+
+void CVSaveQueue::write(const Job& job, CVSaveOutcome& outcome) {
+    std::optional<CVFileSignature> known;
     {
         const std::lock_guard lock(mMutex);
-        own = mOwnFiles.contains(job.path);
+        const auto found = mKnownFiles.find(job.path);
+        if (found != mKnownFiles.end())
+            known = found->second;
     }
-    CVFileResult result;
-    if (!own) {
-        const CVKeptCopy kept = CVKeepUnreadable(job.path, QDateTime::currentDateTime());
-        outcome.keptCopy = kept.path;
-        result = kept.result;
-    }
-    if (result.ok()) {
-        // From here on every byte that stood there has a second home.
-        markAsRead(job.path);
-        result = CVReplaceFile(job.path, job.text);
-    }
-    if (!result.ok()) {
-        outcome.saved = false;
+    const CVStanding standing = CVStanding::at(job.path);
+    CVKeptCopy kept{{}, {standing.error}, false};
+    if (standing.signature && standing.signature != known)
+        kept = keepStanding(job.path, *standing.signature);
+    CVReplaceResult replacing{kept.result, {}};
+    if (kept.result.ok())
+        replacing = CVReplaceFile(job.path, job.text);
+    if (replacing.written)
+        markAsRead(job.path, replacing.written);
+    else if (kept.moved && CVPutBack(kept, job.path))
+        kept = {};
+    outcome.keptCopy = kept.path;
+    if (!replacing.ok()) {
         outcome.message =
-            tr("The budget could not be saved to \"%1\": %2.").arg(QDir::toNativeSeparators(job.path), result.error);
+            tr("The budget could not be saved to \"%1\": %2.").arg(QDir::toNativeSeparators(job.path), replacing.error);
     }
-    return outcome;
+}
+
+CVKeptCopy CVSaveQueue::keepStanding(const QString& path, const CVFileSignature& signature) {
+    CVKeptCopy kept = CVKeepUnreadable(path, QDateTime::currentDateTime());
+    if (kept.path.isEmpty() && kept.result.ok())
+        kept.result.error = tr("what stands there could not be kept beside it");
+    // Its bytes have a second home now: another attempt need not keep them again.
+    if (!kept.path.isEmpty() && !kept.moved)
+        markAsRead(path, signature);
+    return kept;
 }

@@ -1,28 +1,35 @@
 #pragma once
 
 #include "model/CVDocumentText.h"
+#include "storage/CVFileSignature.h"
 
 #include <QObject>
 #include <QString>
 
 #include <condition_variable>
+#include <deque>
+#include <map>
 #include <mutex>
 #include <optional>
-#include <set>
 #include <thread>
 
-/// What became of one save. Failing: a sentence that says what failed and where; the file is then as it was before.
+struct CVKeptCopy;
+
+/// What became of one save.
 struct CVSaveOutcome {
     bool saved = true;
     QString path;
+    /// What failed and where, in a sentence. The file is whole then, the old one or (when only the last step failed,
+    /// the sync of the folder) the new one.
     QString message;
     /// Where the file that stood there, and that this program had not read, is kept; empty when there was none.
     QString keptCopy;
 };
 
-/// Writes texts to files on one worker thread, strictly in order; of the requests that arrive during a write only the
-/// newest is carried out. Before it first writes over a file that this program neither read nor wrote, it keeps that
-/// file beside it. Used from the main thread; destroying it waits for what is pending.
+/// Writes texts to files on one worker thread, strictly in order; of the requests for one file that arrive during a
+/// write only the newest is carried out. Before it writes over a file that is not, to the letter of its signature, the
+/// one that this program last read or wrote there, it keeps that file beside it. Used from the main thread; destroying
+/// it waits for what is pending.
 class CVSaveQueue final : public QObject {
     Q_OBJECT
 
@@ -30,10 +37,10 @@ public:
     CVSaveQueue();
     ~CVSaveQueue() override;
 
-    /// The file at `path` was read whole: it may be written over.
-    void markAsRead(const QString& path);
+    /// The file at `path` was read whole when it had that signature: it may be written over.
+    void markAsRead(const QString& path, const std::optional<CVFileSignature>& signature);
     void save(const QString& path, CVDocumentText text);
-    /// Announces a save that failed before there was anything to write to.
+    /// A save that failed before there was anything to write to: announced in its turn.
     void fail(const QString& message);
 
     /// Whether a save is under way or waiting.
@@ -52,18 +59,24 @@ private:
     struct Job {
         QString path;
         CVDocumentText text;
+        /// Why there is nothing to write to; empty when there is.
+        QString failure;
     };
 
+    void enqueue(Job job);
     void work();
     [[nodiscard]] CVSaveOutcome perform(const Job& job);
+    void write(const Job& job, CVSaveOutcome& outcome);
+    [[nodiscard]] CVKeptCopy keepStanding(const QString& path, const CVFileSignature& signature);
 
     mutable std::mutex mMutex;
     std::condition_variable mChanged;
-    std::optional<Job> mPending;
+    std::deque<Job> mPending;
     bool mWriting = false;
     bool mStopping = false;
     CVSaveOutcome mLastOutcome;
-    std::set<QString> mOwnFiles;
+    /// The files as this program last read, wrote or kept them, by path.
+    std::map<QString, CVFileSignature> mKnownFiles;
     /// Last, so that everything above exists as long as the worker runs.
     std::thread mWorker;
 };

@@ -39,13 +39,12 @@ std::optional<QString> locateExisting(const CVStandardFolders& folders, QBUserDe
 }
 
 std::optional<QString> locateForSaving(const CVStandardFolders& folders, QBUserDefaults& defaults) {
-    if (auto preferred = defaults.stringForKey(CVDefaultsKeys::kDataFileLocation))
-        return preferred;
-    const QString folder = folders.applicationSupport + kFolder;
-    if (folders.applicationSupport.isEmpty() || !QDir().mkpath(folder))
+    auto path = CVPathForSaving(folders, defaults);
+    if (!path || defaults.stringForKey(CVDefaultsKeys::kDataFileLocation))
+        return path;
+    if (!QDir().mkpath(folders.applicationSupport + kFolder))
         return std::nullopt;
-    const QString path = folder + kFile;
-    store(defaults, path);
+    store(defaults, *path);
     return path;
 }
 
@@ -54,6 +53,14 @@ std::optional<QString> locateForSaving(const CVStandardFolders& folders, QBUserD
 CVStandardFolders CVStandardFolders::ofUser() {
     return {QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation),
             QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)};
+}
+
+std::optional<QString> CVPathForSaving(const CVStandardFolders& folders, const QBUserDefaults& defaults) {
+    if (auto preferred = defaults.stringForKey(CVDefaultsKeys::kDataFileLocation))
+        return preferred;
+    if (folders.applicationSupport.isEmpty())
+        return std::nullopt;
+    return folders.applicationSupport + kFolder + kFile;
 }
 
 std::optional<QString> CVStandardDataFileURL(CVLookForExisting look, const CVStandardFolders& folders,

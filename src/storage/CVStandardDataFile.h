@@ -16,6 +16,10 @@ struct CVStandardFolders {
 
 enum class CVLookForExisting : bool { No, Yes };
 
+/// Where the data file is to be saved, without making or storing anything: the preference, else the standard place.
+/// Absent when there is neither.
+[[nodiscard]] std::optional<QString> CVPathForSaving(const CVStandardFolders& folders, const QBUserDefaults& defaults);
+
 /// Where the data file is (Yes, for opening) or is to be (No, for saving). Opening tries the preference
 /// "Data File Location", then the standard places, and stores where it found the file; absent when there is none.
 /// Saving takes the preference unseen, else makes the standard folder and stores the path; absent when that fails.

@@ -2,12 +2,19 @@
 
 #include <QAbstractItemView>
 #include <QClipboard>
+#include <QComboBox>
 #include <QGuiApplication>
 #include <QLineEdit>
 
 #include <algorithm>
 
 namespace {
+
+/// The text field that the user types into: an editable box has the focus in place of its field.
+QLineEdit* fieldOf(QWidget* focused) {
+    const auto* const box = qobject_cast<QComboBox*>(focused);
+    return box ? box->lineEdit() : qobject_cast<QLineEdit*>(focused);
+}
 
 QString cellText(const QModelIndex& cell) {
     const QVariant spoken = cell.data(Qt::AccessibleTextRole);
@@ -60,8 +67,8 @@ void editText(CVEditCommand command, QLineEdit& field) {
 
 } // namespace
 
-bool CVCanEdit(CVEditCommand command, const QWidget* focused) {
-    if (const auto* const field = qobject_cast<const QLineEdit*>(focused))
+bool CVCanEdit(CVEditCommand command, QWidget* focused) {
+    if (const auto* const field = fieldOf(focused))
         return canEditText(command, *field);
     const auto* const table = qobject_cast<const QAbstractItemView*>(focused);
     if (!table)
@@ -73,7 +80,7 @@ bool CVCanEdit(CVEditCommand command, const QWidget* focused) {
 void CVEdit(CVEditCommand command, QWidget* focused) {
     if (!CVCanEdit(command, focused))
         return;
-    if (auto* const field = qobject_cast<QLineEdit*>(focused))
+    if (auto* const field = fieldOf(focused))
         editText(command, *field);
     else if (auto* const table = qobject_cast<QAbstractItemView*>(focused)) {
         if (command == CVEditCommand::Copy)

@@ -1,5 +1,6 @@
 #include "workspace/CVEntryStrip.h"
 
+#include "shared/base/QBXMLText.h"
 #include "shared/widgets/CVCompletingComboBox.h"
 #include "shared/widgets/CVDateField.h"
 #include "shared/widgets/CVMoneyField.h"
@@ -60,8 +61,13 @@ std::optional<CVEntryProblem> CVEntryStrip::endEditing() {
 }
 
 CVEntry CVEntryStrip::entry() const {
-    return {mExpenseDate->QBDateValue(), mExpenseAmountField->doubleValue(),      mExpenseToFromComboBox->currentText(),
-            mForField->text(),           mExpenseCategoryComboBox->currentText(), mTaxCheckbox->isChecked()};
+    // As they will be recorded: what is empty then must count as empty now.
+    return {mExpenseDate->QBDateValue(),
+            mExpenseAmountField->doubleValue(),
+            xml_storableText(mExpenseToFromComboBox->currentText()),
+            xml_storableText(mForField->text()),
+            xml_storableText(mExpenseCategoryComboBox->currentText()),
+            mTaxCheckbox->isChecked()};
 }
 
 void CVEntryStrip::resetAmount() {

@@ -7,5 +7,7 @@ class CVTableStyle final : public QProxyStyle {
     Q_OBJECT
 
 public:
+    explicit CVTableStyle(QObject* parent) { setParent(parent); }
+
     [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
 };

@@ -1,10 +1,10 @@
 #include "workspace/CVTransactionList.h"
 
 #include "model/CVTransaction.h"
+#include "model/CVTransactionSort.h"
 #include "shared/base/CVDefaultsKeys.h"
 #include "shared/base/QBMoney.h"
 #include "shared/base/QBUserDefaults.h"
-#include "workspace/CVTransactionSort.h"
 
 #include <algorithm>
 #include <iterator>

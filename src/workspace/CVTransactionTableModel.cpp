@@ -14,7 +14,7 @@ namespace {
 
 struct ColumnInfo {
     QLatin1StringView identifier;
-    const char* title;
+    const char* title = nullptr;
     Qt::Alignment alignment;
 };
 
@@ -50,15 +50,23 @@ QString CVTransactionTableModel::title(int column) {
 }
 
 int CVTransactionTableModel::columnOfIdentifier(const QString& identifier) {
-    const auto found = std::find_if(kColumns.begin(), kColumns.end(),
-                                    [&](const ColumnInfo& column) { return identifier == column.identifier; });
-    return found == kColumns.end() ? -1 : static_cast<int>(found - kColumns.begin());
+    for (int column = 0; column < ColumnCount; ++column) {
+        if (identifier == info(column).identifier)
+            return column;
+    }
+    return -1;
 }
 
 void CVTransactionTableModel::reload() {
     beginResetModel();
     mRows = mList.displayTransactions();
     endResetModel();
+}
+
+int CVTransactionTableModel::rowOf(const CVTransaction* transaction) const {
+    const auto found =
+        std::find_if(mRows.begin(), mRows.end(), [transaction](const auto& row) { return row.get() == transaction; });
+    return found == mRows.end() ? -1 : static_cast<int>(found - mRows.begin());
 }
 
 int CVTransactionTableModel::rowCount(const QModelIndex& parent) const {
@@ -131,7 +139,7 @@ QString CVTransactionTableModel::text(const CVTransaction& transaction, int colu
 QVariant CVTransactionTableModel::value(const CVTransaction& transaction, int column) {
     switch (column) {
     case Date:
-        return transaction.effectiveDate() ? QVariant::fromValue(*transaction.effectiveDate()) : QVariant();
+        return QVariant::fromValue(transaction.effectiveDate());
     case Amount:
         return transaction.amount();
     case ToFrom:

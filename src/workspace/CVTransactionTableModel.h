@@ -10,7 +10,7 @@
 class CVTransactionList;
 
 /// The rows of the transaction table: the list as of the last reload. Cells are read from the transactions themselves;
-/// the Edit role holds values (QBDate, double, QString, bool), invalid for a missing one.
+/// the Edit role holds values: std::optional<QBDate>, double, QString (null for a missing text) or bool.
 class CVTransactionTableModel final : public QAbstractTableModel {
     Q_OBJECT
 
@@ -29,6 +29,8 @@ public:
     /// Shows the list as it is now.
     void reload();
     [[nodiscard]] const CVDocument::Transactions& rows() const { return mRows; }
+    /// -1 when it is not shown.
+    [[nodiscard]] int rowOf(const CVTransaction* transaction) const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;

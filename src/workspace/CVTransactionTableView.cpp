@@ -10,7 +10,6 @@
 #include <QHeaderView>
 #include <QPainter>
 #include <QScrollBar>
-#include <QTimer>
 
 #include <algorithm>
 #include <array>
@@ -42,19 +41,31 @@ CVTransactionTableView::CVTransactionTableView(const CVTransactionList& list, QW
     setTabKeyNavigation(false);
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollMode(ScrollPerPixel);
-    auto* const tableStyle = new CVTableStyle;
-    tableStyle->setParent(this);
+    auto* const tableStyle = new CVTableStyle(this);
     setStyle(tableStyle);
     horizontalHeader()->setStyle(tableStyle);
     setUpHeaders();
+    mTint.setSingleShot(true);
+    mTint.setInterval(kTintMilliseconds);
+    connect(&mTint, &QTimer::timeout, this, [this] {
+        mDelegate->setTintedRow(-1);
+        viewport()->update();
+    });
 }
 
 void CVTransactionTableView::reload() {
     const CVDocument::Transactions selection = mSelectedTransactions;
     const int scrolled = verticalScrollBar()->value();
+    const QModelIndex current = currentIndex();
+    const auto currentTransaction =
+        current.isValid() ? mModel->rows()[static_cast<std::size_t>(current.row())] : nullptr;
     mDelegate->setTintedRow(-1);
     mModel->reload();
+    // Scrolling needs the new number of rows now.
+    executeDelayedItemsLayout();
     restoreSelection(selection);
+    if (currentTransaction)
+        restoreCurrent(*currentTransaction, current);
     verticalScrollBar()->setValue(scrolled);
     const CVTransactionSortContext& context = mList.sortContext();
     horizontalHeader()->setSortIndicator(CVTransactionTableModel::columnOfIdentifier(context.key),
@@ -62,19 +73,13 @@ void CVTransactionTableView::reload() {
 }
 
 void CVTransactionTableView::reveal(const CVTransaction* transaction) {
-    const auto& rows = mModel->rows();
-    const auto found =
-        std::find_if(rows.begin(), rows.end(), [=](const auto& row) { return row.get() == transaction; });
-    if (found == rows.end())
+    const int row = mModel->rowOf(transaction);
+    if (row < 0)
         return;
-    const int row = static_cast<int>(found - rows.begin());
     mDelegate->setTintedRow(row);
     scrollTo(mModel->index(row, 0));
     viewport()->update();
-    QTimer::singleShot(kTintMilliseconds, this, [this] {
-        mDelegate->setTintedRow(-1);
-        viewport()->update();
-    });
+    mTint.start();
 }
 
 QByteArray CVTransactionTableView::saveColumns() const {
@@ -160,6 +165,13 @@ void CVTransactionTableView::restoreSelection(const CVDocument::Transactions& se
     selectionModel()->select(ranges, QItemSelectionModel::ClearAndSelect);
     // Without a selection before and after there was no change to hear of.
     updateSelectedTransactions();
+}
+
+/// The arrow keys go on at the same transaction, or, when it is gone, at the one in its place.
+void CVTransactionTableView::restoreCurrent(const CVTransaction& transaction, const QModelIndex& before) {
+    const int found = mModel->rowOf(&transaction);
+    const int row = found >= 0 ? found : qMin(before.row(), mModel->rowCount() - 1);
+    selectionModel()->setCurrentIndex(mModel->index(row, before.column()), QItemSelectionModel::NoUpdate);
 }
 
 void CVTransactionTableView::updateSelectedTransactions() {

@@ -3,6 +3,7 @@
 #include "model/CVDocument.h"
 
 #include <QTableView>
+#include <QTimer>
 
 class CVTransactionCellDelegate;
 class CVTransactionList;
@@ -46,10 +47,13 @@ private:
     void setUsualWidths();
     void updateRowHeight();
     void restoreSelection(const CVDocument::Transactions& selection);
+    void restoreCurrent(const CVTransaction& transaction, const QModelIndex& before);
     void updateSelectedTransactions();
 
     const CVTransactionList& mList;
     CVTransactionTableModel* mModel;
     CVTransactionCellDelegate* mDelegate;
     CVDocument::Transactions mSelectedTransactions;
+    /// Runs while a row is tinted.
+    QTimer mTint;
 };

@@ -2,12 +2,13 @@
 
 #include <QtGlobal>
 
-/// From here on a double holds no cents that a product by 100 would keep exactly enough.
-inline constexpr double kQBNoCentsFrom = 4.5e13;
+/// From here on (2^45, some 35 million million) neighbouring doubles lie so far apart that a rounded value, rounded
+/// again, could move.
+inline constexpr double kQBNoCentsFrom = 0x1p45;
 
-/// `value` rounded to two decimal places, halves away from zero, never to a negative zero. Infinities, NaN and
-/// magnitudes from 4.5e13 on come back as they are. Here for its callers' inner loops: every sum that is shown, and
-/// every step of some, passes through it.
+/// `value` rounded to two decimal places, halves away from zero, never to a negative zero. Rounding again changes
+/// nothing. Infinities, NaN and magnitudes from 2^45 on come back as they are. Here for its callers' inner loops: every
+/// sum that is shown, and every step of some, passes through it.
 [[nodiscard]] inline double RoundDoubleToTwoPlaces(double value) {
     if (!(value > -kQBNoCentsFrom && value < kQBNoCentsFrom))
         return value;

@@ -52,7 +52,8 @@ bool isHuge(std::string_view digits) {
         long long value = 0;
         const auto read =
             std::from_chars(exponent.digits.data(), exponent.digits.data() + exponent.digits.size(), value);
-        if (read.ec == std::errc::result_out_of_range)
+        constexpr long long kBeyondAllDigits = 1'000'000'000'000;
+        if (read.ec == std::errc::result_out_of_range || value > kBeyondAllDigits)
             return !exponent.negative;
         position += exponent.negative ? -value : value;
     }
@@ -98,7 +99,7 @@ double leadingDouble(std::string_view text) {
     const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), value);
     if (read.ec == std::errc::result_out_of_range) {
         const std::string_view number = digits.substr(0, static_cast<std::size_t>(read.ptr - digits.data()));
-        value = isHuge(number) ? std::numeric_limits<double>::infinity() : 0.0;
+        value = isHuge(number) ? std::numeric_limits<double>::max() : 0.0;
     }
     return negative ? -value : value;
 }

@@ -3,7 +3,6 @@
 #include <plist/plist.h>
 
 #include <cstdlib>
-#include <limits>
 #include <memory>
 
 namespace {
@@ -17,16 +16,22 @@ struct MallocDeleter {
 };
 using PlistText = std::unique_ptr<char, MallocDeleter>;
 
-QVariant valueOf(plist_t node);
+/// In bytes; the library that reads lists would run out of stack on longer ones that are nothing but lists within
+/// lists.
+constexpr qsizetype kLargestList = qsizetype(1) << 20;
+/// Deeper lists within lists are left out: they come from nobody who means well, and each level costs stack.
+constexpr int kDeepestLevel = 100;
 
-QVariant listOf(plist_t node) {
+QVariant valueOf(plist_t node, int level);
+
+QVariant listOf(plist_t node, int level) {
     QVariantList list;
     for (uint32_t i = 0; i < plist_array_get_size(node); ++i)
-        list.append(valueOf(plist_array_get_item(node, i)));
+        list.append(valueOf(plist_array_get_item(node, i), level));
     return list;
 }
 
-QVariant mapOf(plist_t node) {
+QVariant mapOf(plist_t node, int level) {
     QVariantMap map;
     plist_dict_iter position = nullptr;
     plist_dict_new_iter(node, &position);
@@ -38,7 +43,7 @@ QVariant mapOf(plist_t node) {
         const PlistText keyOwner(key);
         if (!key)
             return map;
-        map.insert(QString::fromUtf8(key), valueOf(item));
+        map.insert(QString::fromUtf8(key), valueOf(item, level));
     }
 }
 
@@ -57,12 +62,14 @@ QVariant dataOf(plist_t node) {
     return QByteArray(bytes, static_cast<qsizetype>(length));
 }
 
-QVariant valueOf(plist_t node) {
+QVariant valueOf(plist_t node, int level) {
+    if (level > kDeepestLevel)
+        return {};
     switch (plist_get_node_type(node)) {
     case PLIST_ARRAY:
-        return listOf(node);
+        return listOf(node, level + 1);
     case PLIST_DICT:
-        return mapOf(node);
+        return mapOf(node, level + 1);
     case PLIST_STRING:
         return textOf(node);
     case PLIST_DATA:
@@ -90,10 +97,10 @@ QVariant valueOf(plist_t node) {
 } // namespace
 
 QVariant QBPropertyListFromData(const QByteArray& bytes) {
-    if (bytes.isEmpty() || bytes.size() > std::numeric_limits<int32_t>::max())
+    if (bytes.isEmpty() || bytes.size() > kLargestList)
         return {};
     plist_t root = nullptr;
     plist_from_memory(bytes.constData(), static_cast<uint32_t>(bytes.size()), &root);
     const std::unique_ptr<void, PlistDeleter> owner(root);
-    return root ? valueOf(root) : QVariant();
+    return root ? valueOf(root, 0) : QVariant();
 }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
+#include <cctype>
 #include <optional>
 #include <string_view>
 
@@ -60,6 +60,10 @@ char* writeUtf8(char* out, char32_t c) {
     return out;
 }
 
+bool isStorable(char16_t unit) {
+    return unit == u'\t' || unit == u'\n' || (unit >= 0x20 && unit < 0xFFFE && !QChar::isSurrogate(unit));
+}
+
 /// The character of a reference between "&" and ";" (both excluded), if it names one.
 std::optional<char32_t> referencedCharacter(QStringView name) {
     for (const Entity& entity : kPredefined) {
@@ -70,13 +74,17 @@ std::optional<char32_t> referencedCharacter(QStringView name) {
         return std::nullopt;
     name = name.sliced(1);
     const bool hexadecimal = name.startsWith(u'x');
+    const QStringView digits = hexadecimal ? name.sliced(1) : name;
     bool valid = false;
-    const uint code = (hexadecimal ? name.sliced(1) : name).toUInt(&valid, hexadecimal ? 16 : 10);
-    return valid && code <= 0x10FFFF ? std::optional<char32_t>(code) : std::nullopt;
-}
-
-bool isStorable(char16_t unit) {
-    return unit == u'\t' || unit == u'\n' || (unit >= 0x20 && unit < 0xFFFE && !QChar::isSurrogate(unit));
+    const uint code = digits.toUInt(&valid, hexadecimal ? 16 : 10);
+    // The conversion would also take signs, blanks and prefixes.
+    valid =
+        valid && std::all_of(digits.begin(), digits.end(), [hexadecimal](QChar c) {
+            const char latin = c.toLatin1();
+            return hexadecimal ? std::isxdigit(static_cast<unsigned char>(latin)) != 0 : latin >= '0' && latin <= '9';
+        });
+    const bool storable = code > 0xFFFF ? code <= 0x10FFFF : isStorable(static_cast<char16_t>(code)) || code == u'\r';
+    return valid && storable ? std::optional<char32_t>(code) : std::nullopt;
 }
 
 } // namespace
@@ -131,7 +139,9 @@ QString xml_decodedFromXML(const QString& text) {
 }
 
 QString xml_storableText(const QString& text) {
-    if (std::all_of(text.utf16(), text.utf16() + text.size(), isStorable))
+    // Not through QString::utf16(), which would turn the caller's null text into an empty one.
+    const QStringView units(text);
+    if (std::all_of(units.begin(), units.end(), [](QChar unit) { return isStorable(unit.unicode()); }))
         return text;
     QString clean(QLatin1String(""));
     clean.reserve(text.size());

@@ -9,6 +9,7 @@
 namespace {
 
 constexpr int kDecimals = 2;
+constexpr qsizetype kGroup = 3;
 /// Amounts below this show as 0.00.
 constexpr double kSmallestShown = 0.005;
 constexpr char32_t kMinusSign = 0x2212;
@@ -68,10 +69,12 @@ QBMoneyFormatter::QBMoneyFormatter(const QLocale& locale)
     , mSymbol(locale.currencySymbol())
     , mMinus(locale.negativeSign())
     , mGroupMark(firstCharacter(locale.groupSeparator()))
-    , mDecimalMark(firstCharacter(locale.decimalPoint())) {}
+    , mDecimalMark(firstCharacter(locale.decimalPoint())) {
+    mLocale.setNumberOptions(QLocale::OmitGroupSeparator);
+}
 
 QString QBMoneyFormatter::string(double amount) const {
-    const QString digits = mLocale.toString(std::abs(amount), 'f', kDecimals);
+    const QString digits = grouped(mLocale.toString(std::abs(amount), 'f', kDecimals));
     return amount <= -kSmallestShown ? mMinus + mSymbol + digits : mSymbol + digits;
 }
 
@@ -103,6 +106,14 @@ std::optional<double> QBMoneyFormatter::parse(QStringView text) const {
     if (!areGroups(groups) || read.ec != std::errc() || read.ptr != digits.data() + digits.size())
         return std::nullopt;
     return negative ? -amount : amount;
+}
+
+/// Puts the marks between groups of three; the locales' own rules group some numbers in other ways, or not at all.
+QString QBMoneyFormatter::grouped(const QString& digits) const {
+    auto characters = digits.toUcs4();
+    for (auto i = characters.indexOf(mDecimalMark) - kGroup; i > 0; i -= kGroup)
+        characters.insert(i, mGroupMark);
+    return QString::fromUcs4(reinterpret_cast<const char32_t*>(characters.constData()), characters.size());
 }
 
 bool QBMoneyFormatter::isGroupMark(char32_t character) const {

@@ -20,6 +20,7 @@ public:
     [[nodiscard]] std::optional<double> parse(QStringView text) const;
 
 private:
+    [[nodiscard]] QString grouped(const QString& digits) const;
     [[nodiscard]] bool isGroupMark(char32_t character) const;
 
     QLocale mLocale;

@@ -8,13 +8,18 @@
 
 namespace {
 
+/// Whether an alert can belong to that window: a popup may be gone before its answer.
+bool lasts(const QWidget* window) {
+    return window->isVisible() && (window->windowType() == Qt::Window || window->windowType() == Qt::Dialog);
+}
+
 /// The window to block: the active one, or, while the application is in the background or just starting, any shown one.
 QWidget* windowInUse() {
-    if (QWidget* const active = QApplication::activeWindow())
+    QWidget* const active = QApplication::activeWindow();
+    if (active && lasts(active))
         return active;
     const QWidgetList windows = QApplication::topLevelWidgets();
-    const auto shown =
-        std::find_if(windows.cbegin(), windows.cend(), [](const QWidget* window) { return window->isVisible(); });
+    const auto shown = std::find_if(windows.cbegin(), windows.cend(), lasts);
     return shown == windows.cend() ? nullptr : *shown;
 }
 
@@ -44,5 +49,6 @@ CVAlert::Answer CVAlertPanel::run(const CVAlert& alert) {
     const QAbstractButton* const clicked = panel.clickedButton();
     if (otherButton && clicked == otherButton)
         return CVAlert::kOther;
-    return alternateButton && clicked == alternateButton ? CVAlert::kAlternate : CVAlert::kDefault;
+    // An alert that ends without an answer is not a yes.
+    return alternateButton && clicked != defaultButton ? CVAlert::kAlternate : CVAlert::kDefault;
 }

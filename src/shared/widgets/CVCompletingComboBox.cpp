@@ -23,8 +23,10 @@ protected:
         const bool isTyping = !event->text().isEmpty() && event->text().front().isPrint();
         const bool completed = isCompleted();
         const QString before = text();
+        const int cursorBefore = cursorPosition();
         QLineEdit::keyPressEvent(event);
-        if (text() != before)
+        // The last letter of an item leaves the text as it was completed and only moves the cursor.
+        if (text() != before || (isTyping && cursorPosition() != cursorBefore))
             takeInput(completed, isTyping);
     }
 

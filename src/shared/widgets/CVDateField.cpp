@@ -8,6 +8,7 @@
 #include <QFrame>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QTextCharFormat>
 #include <QVBoxLayout>
 
 namespace {
@@ -58,6 +59,11 @@ void CVDateField::showCalendar() {
     auto* const calendar = new QCalendarWidget(popup);
     calendar->setAccessibleName(tr("Calendar"));
     calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    calendar->setLocale(QBLocaleInForce());
+    calendar->setFirstDayOfWeek(QBLocaleInForce().firstDayOfWeek());
+    // Weekends in the palette's colour: red means something else in this program, and is hard to read on dark.
+    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
+        calendar->setWeekdayTextFormat(day, QTextCharFormat());
     calendar->setSelectedDate(toQDate(mDate));
     auto* const layout = new QVBoxLayout(popup);
     layout->setContentsMargins(1, 1, 1, 1);

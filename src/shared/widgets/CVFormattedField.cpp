@@ -12,7 +12,8 @@ CVFormattedField::CVFormattedField(QWidget* parent)
 }
 
 void CVFormattedField::endEditing() {
-    if (!isModified())
+    // A text that could not be read is looked at again, however it came back to what it was.
+    if (!isModified() && mReadable)
         return;
     if (takeValue(text()))
         showValue();

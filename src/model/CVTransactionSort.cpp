@@ -1,0 +1,146 @@
+#include "model/CVTransactionSort.h"
+
+#include "model/CVCategoryLookup.h"
+#include "model/CVTransaction.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace {
+
+/// The keys below hold what one order needs of a transaction, side by side in memory. `before` says whether a stands
+/// before b in ascending order; `isComplete` whether the key compares with all others as a strict weak order demands.
+
+struct CategoryKey {
+    quint32 id;
+    int rank;
+
+    [[nodiscard]] bool isComplete() const { return rank != CVCategoryLookup::kNoRank; }
+    [[nodiscard]] static bool before(const CategoryKey& a, const CategoryKey& b) {
+        return a.id != b.id && a.isComplete() && b.isComplete() && a.rank < b.rank;
+    }
+};
+
+struct DateKey {
+    std::optional<QBDate> date;
+    CategoryKey category;
+
+    [[nodiscard]] bool isComplete() const { return category.isComplete(); }
+    [[nodiscard]] static bool before(const DateKey& a, const DateKey& b) {
+        return a.date == b.date ? CategoryKey::before(a.category, b.category) : a.date < b.date;
+    }
+};
+
+struct AmountKey {
+    double amount;
+
+    [[nodiscard]] bool isComplete() const { return !std::isnan(amount); }
+    [[nodiscard]] static bool before(const AmountKey& a, const AmountKey& b) { return a.amount < b.amount; }
+};
+
+/// Refers to a text of the transaction.
+struct TextKey {
+    const QString* text;
+
+    [[nodiscard]] bool isComplete() const { return !text->isNull(); }
+    [[nodiscard]] static bool before(const TextKey& a, const TextKey& b) {
+        return CVCompareTexts(*a.text, *b.text) < 0;
+    }
+};
+
+/// Makes the category keys of one sort.
+class CategoryKeys {
+public:
+    explicit CategoryKeys(const CVDocument::Categories& categories)
+        : mRanks(CVCategoryLookup(categories).nameRanks()) {}
+
+    [[nodiscard]] CategoryKey of(const CVTransaction& transaction) const {
+        const auto found = mRanks.find(transaction.categoryID());
+        return {transaction.categoryID(), found == mRanks.end() ? CVCategoryLookup::kNoRank : found->second};
+    }
+
+private:
+    std::unordered_map<quint32, int> mRanks;
+};
+
+template <typename Key>
+struct Row {
+    Key key;
+    std::size_t index;
+};
+
+template <typename Key, typename KeyOf>
+void sortBy(CVDocument::Transactions& transactions, bool descending, KeyOf keyOf) {
+    std::vector<Row<Key>> rows;
+    rows.reserve(transactions.size());
+    bool isComplete = true;
+    for (const auto& transaction : transactions) {
+        rows.push_back({keyOf(*transaction), rows.size()});
+        isComplete = isComplete && rows.back().key.isComplete();
+    }
+    const auto before = [descending](const Row<Key>& a, const Row<Key>& b) {
+        return descending ? Key::before(b.key, a.key) : Key::before(a.key, b.key);
+    };
+    // Where keys are missing, neighbours in order do not mean that all are.
+    if (isComplete && std::is_sorted(rows.begin(), rows.end(), before))
+        return;
+    // A merge sort stays in bounds also where the order is no strict weak one.
+    std::stable_sort(rows.begin(), rows.end(), before);
+    CVDocument::Transactions sorted;
+    sorted.reserve(transactions.size());
+    for (const auto& row : rows)
+        sorted.push_back(std::move(transactions[row.index]));
+    transactions = std::move(sorted);
+}
+
+using Sort = void (*)(CVDocument::Transactions&, bool, const CVDocument::Categories&);
+
+void sortByDate(CVDocument::Transactions& transactions, bool descending, const CVDocument::Categories& categories) {
+    sortBy<DateKey>(transactions, descending,
+                    [keys = CategoryKeys(categories)](const CVTransaction& transaction) -> DateKey {
+                        return {transaction.effectiveDate(), keys.of(transaction)};
+                    });
+}
+
+void sortByAmount(CVDocument::Transactions& transactions, bool descending, const CVDocument::Categories& /*unused*/) {
+    sortBy<AmountKey>(transactions, descending,
+                      [](const CVTransaction& transaction) -> AmountKey { return {transaction.amount()}; });
+}
+
+void sortByPayee(CVDocument::Transactions& transactions, bool descending, const CVDocument::Categories& /*unused*/) {
+    sortBy<TextKey>(transactions, descending,
+                    [](const CVTransaction& transaction) -> TextKey { return {&transaction.payTo()}; });
+}
+
+void sortByFor(CVDocument::Transactions& transactions, bool descending, const CVDocument::Categories& /*unused*/) {
+    sortBy<TextKey>(transactions, descending,
+                    [](const CVTransaction& transaction) -> TextKey { return {&transaction.xfor()}; });
+}
+
+void sortByCategory(CVDocument::Transactions& transactions, bool descending, const CVDocument::Categories& categories) {
+    sortBy<CategoryKey>(transactions, descending, [keys = CategoryKeys(categories)](const CVTransaction& transaction) {
+        return keys.of(transaction);
+    });
+}
+
+struct Column {
+    QLatin1StringView key;
+    Sort sort = nullptr;
+};
+
+constexpr std::array<Column, 5> kColumns{{{QLatin1StringView("date"), sortByDate},
+                                          {QLatin1StringView("amount"), sortByAmount},
+                                          {QLatin1StringView("tofrom"), sortByPayee},
+                                          {QLatin1StringView("for"), sortByFor},
+                                          {QLatin1StringView("category"), sortByCategory}}};
+
+} // namespace
+
+void CVSortTransactions(CVDocument::Transactions& transactions, const CVTransactionSortContext& context,
+                        const CVDocument::Categories& categories) {
+    for (const Column& column : kColumns) {
+        if (context.key == column.key)
+            column.sort(transactions, context.descending, categories);
+    }
+}
