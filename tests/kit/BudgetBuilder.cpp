@@ -87,7 +87,7 @@ const std::shared_ptr<CVTransactionSet>& BudgetBuilder::setNamed(const QString& 
 }
 
 std::shared_ptr<CVTransaction> makeTransaction(const BudgetBuilder::Entry& entry) {
-    const auto transaction = CVTransaction::initForFileRead();
+    auto transaction = CVTransaction::initForFileRead();
     transaction->setEffectiveDate(entry.date);
     transaction->setAmount(entry.amount);
     // While the paid-to text is null the other one is always stored.

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QLocale>
+
+/// Makes a locale the default one as long as this object lives; the locale before it returns afterwards.
+class DefaultLocale final {
+public:
+    explicit DefaultLocale(const QLocale& locale) { QLocale::setDefault(locale); }
+    ~DefaultLocale() { QLocale::setDefault(mPrevious); }
+    DefaultLocale(const DefaultLocale&) = delete;
+    DefaultLocale& operator=(const DefaultLocale&) = delete;
+
+private:
+    QLocale mPrevious;
+};

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "budget/CVDayRange.h"
+#include "model/CVDocument.h"
+
+#include <optional>
+
+class CVCategory;
+
+/// The numbers of the budget in the plain way: a walk over all transactions for each category and for each cell, and
+/// chains of branches in place of tables. Slow, and what the quick ways are measured by: they must agree with it to the
+/// last bit.
+namespace PlainScan {
+
+/// The computed fields of a category.
+struct Figures {
+    QString billFrequency;
+    qint64 budgetExpenseFrequency = 0;
+    double total = 0;
+    double monthly = 0;
+    double biWeekly = 0;
+    double weekly = 0;
+    quint32 monthlyPeriods = 0;
+    quint32 biWeeklyPeriods = 0;
+    quint32 weeklyPeriods = 0;
+    quint64 numberOfTransactions = 0;
+
+    [[nodiscard]] static Figures of(const CVCategory& category);
+};
+
+[[nodiscard]] Figures averages(const CVCategory& category, const CVDocument::Transactions& transactions,
+                               const CVDayRange& range);
+[[nodiscard]] double taxExpense(const CVCategory& category, const CVDocument::Transactions& transactions,
+                                const CVDayRange& range);
+[[nodiscard]] quint64 taxItems(const CVCategory& category, const CVDocument::Transactions& transactions,
+                               const CVDayRange& range);
+[[nodiscard]] double averagePerFrequency(const CVCategory& category, const CVDocument::Transactions& transactions,
+                                         const CVDayRange& range);
+[[nodiscard]] double percentDivisor(const CVDocument::Transactions& transactions, const CVDayRange& range);
+/// What a monthly amount comes to per period of that frequency, for the warning of the plan table.
+[[nodiscard]] double comparisonValue(double monthly, qint64 frequency);
+
+[[nodiscard]] CVDocument::Transactions transactionsForDateRange(const CVDocument::Transactions& transactions,
+                                                                const CVDayRange& range, const CVCategory* category);
+/// Of the grid: the category's cell in a column of that range or, without a category, the column's total.
+[[nodiscard]] std::optional<double> cell(const CVDocument::Transactions& transactions, const CVDayRange& range,
+                                         const CVCategory* category);
+[[nodiscard]] CVDocument::Categories rows(const CVDocument& document, int showUnusedCategories);
+
+} // namespace PlainScan

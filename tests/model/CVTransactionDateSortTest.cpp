@@ -1,0 +1,147 @@
+#include "kit/RandomBudget.h"
+#include "model/CVCompareTransactions.h"
+#include "model/CVTransactionSort.h"
+
+#include <gmock/gmock.h>
+#include <rapidcheck/gtest.h>
+
+#include <algorithm>
+
+namespace {
+
+using testing::ElementsAre;
+
+/// What the sort stands for: the one comparison, equal ones as they were.
+CVDocument::Transactions sortedByComparison(CVDocument::Transactions transactions,
+                                            const CVTransactionSortContext& context = {"date", true}) {
+    std::stable_sort(transactions.begin(), transactions.end(),
+                     [&context](const auto& a, const auto& b) { return CVCompareTransactions(*a, *b, context) < 0; });
+    return transactions;
+}
+
+TEST(SortTransactionsByDate, PutsTheNewestDayFirstAndCategoriesFromZToA) {
+    BudgetBuilder budget;
+    budget.category("Auto", 1)
+        .category("food", 2)
+        .category("Zoo", 3)
+        .transaction({.date = day(2014, 3, 7), .category = "Auto"})
+        .transaction({})
+        .transaction({.date = day(2014, 3, 7), .category = "Zoo"})
+        .transaction({.date = day(2014, 3, 8), .category = "Auto"})
+        .transaction({.date = day(2014, 3, 7), .category = "food"})
+        .transaction({.date = day(-5000, 1, 1), .category = "Zoo"});
+    const CVDocument::Transactions given = budget.document().transactions();
+    budget.document().sortTransactionsByDate();
+    EXPECT_THAT(budget.document().transactions(),
+                ElementsAre(given[3], given[2], given[4], given[0], given[5], given[1]));
+}
+
+TEST(SortTransactionsByDate, LeavesEqualOnesAsTheyWere) {
+    BudgetBuilder budget;
+    budget.category("food", 1).category("FOOD", 2);
+    for (int i = 0; i < 40; ++i)
+        budget.transaction(
+            {.date = day(2014, 3, 7), .amount = 40.0 - i, .categoryID = 1 + static_cast<quint32>(i % 2)});
+    const CVDocument::Transactions given = budget.document().transactions();
+    budget.document().sortTransactionsByDate();
+    EXPECT_TRUE(budget.document().transactions() == given);
+}
+
+TEST(SortTransactionsByDate, AnswersAsTheComparisonForRandomBudgets) {
+    for (quint32 seed = 0; seed < 3'000; ++seed) {
+        RandomBudget budget(seed, 60);
+        const auto expected = sortedByComparison(budget.document().transactions());
+        budget.document().sortTransactionsByDate();
+        ASSERT_TRUE(budget.document().transactions() == expected) << "seed " << seed;
+    }
+}
+
+TEST(SortTransactionsByDate, AnswersAsTheComparisonForLargeBudgets) {
+    for (quint32 seed = 0; seed < 20; ++seed) {
+        RandomBudget budget(seed, 5'000);
+        const auto expected = sortedByComparison(budget.document().transactions());
+        budget.document().sortTransactionsByDate();
+        ASSERT_TRUE(budget.document().transactions() == expected) << "seed " << seed;
+    }
+}
+
+TEST(CVSortTransactions, AnswersAsTheComparisonForEveryColumnOfRandomBudgets) {
+    for (quint32 seed = 0; seed < 500; ++seed) {
+        RandomBudget budget(seed, 60);
+        for (const char* const key : {"date", "amount", "tofrom", "for", "category", "none"}) {
+            for (const bool descending : {false, true}) {
+                CVDocument::Transactions sorted = budget.document().transactions();
+                const CVTransactionSortContext context{QString::fromLatin1(key), descending};
+                CVSortTransactions(sorted, context, budget.document().categories());
+                ASSERT_TRUE(sorted == sortedByComparison(budget.document().transactions(), context))
+                    << "seed " << seed << ", key " << key << (descending ? " descending" : "");
+            }
+        }
+    }
+}
+
+TEST(SortTransactionsByDate, StaysInBoundsWhateverNamesAreMissing) {
+    for (quint32 seed = 0; seed < 200; ++seed) {
+        RandomBudget budget(seed, 0);
+        CVDocument& document = budget.document();
+        // One day only, so that the names decide everything, and most of them are missing.
+        for (quint32 i = 0; i < 300; ++i)
+            budget.builder().transaction({.date = day(2014, 3, 7), .categoryID = budget.below(20)});
+        CVDocument::Transactions expected = document.transactions();
+        document.sortTransactionsByDate();
+        CVDocument::Transactions sorted = document.transactions();
+        std::sort(expected.begin(), expected.end());
+        std::sort(sorted.begin(), sorted.end());
+        ASSERT_TRUE(sorted == expected) << "the sort lost or doubled a transaction, seed " << seed;
+    }
+}
+
+/// Days of March 2014 (0: no date) and category IDs: as small as a budget gets, so that a failure shrinks to few
+/// transactions.
+using Drafts = std::vector<std::pair<int, quint32>>;
+
+BudgetBuilder& build(BudgetBuilder& budget, const Drafts& drafts) {
+    // ID 3 has no name, 4 no category.
+    budget.category("b", 0).category("a", 1).category("B", 2).category(QString(), 3);
+    for (const auto& [dayOfMonth, categoryID] : drafts)
+        budget.transaction(
+            {.date = dayOfMonth ? std::optional(day(2014, 3, dayOfMonth)) : std::nullopt, .categoryID = categoryID});
+    return budget;
+}
+
+TEST(SortTransactionsByDate, AnswersAsTheComparisonForAllOrdersOfAFewNames) {
+    constexpr quint32 kCategories = 5;
+    for (quint32 order = 0; order < kCategories * kCategories * kCategories * kCategories * kCategories; ++order) {
+        Drafts drafts;
+        for (quint32 rest = order; drafts.size() < 5; rest /= kCategories)
+            drafts.emplace_back(7, rest % kCategories);
+        BudgetBuilder budget;
+        build(budget, drafts);
+        const auto expected = sortedByComparison(budget.document().transactions());
+        budget.document().sortTransactionsByDate();
+        ASSERT_TRUE(budget.document().transactions() == expected) << testing::PrintToString(drafts);
+    }
+}
+
+RC_GTEST_PROP(SortTransactionsByDateProperty, AnswersAsTheComparison, ()) {
+    const auto drafts =
+        *rc::gen::container<Drafts>(rc::gen::pair(rc::gen::inRange(0, 4), rc::gen::inRange<quint32>(0, 5)));
+    BudgetBuilder budget;
+    build(budget, drafts);
+    const auto expected = sortedByComparison(budget.document().transactions());
+    budget.document().sortTransactionsByDate();
+    RC_ASSERT(budget.document().transactions() == expected);
+}
+
+RC_GTEST_PROP(SortTransactionsByDateProperty, ChangesNothingTheSecondTimeWhenAllNamesAreThere, ()) {
+    const auto drafts =
+        *rc::gen::container<Drafts>(rc::gen::pair(rc::gen::inRange(0, 4), rc::gen::inRange<quint32>(0, 3)));
+    BudgetBuilder budget;
+    build(budget, drafts);
+    budget.document().sortTransactionsByDate();
+    const CVDocument::Transactions once = budget.document().transactions();
+    budget.document().sortTransactionsByDate();
+    RC_ASSERT(budget.document().transactions() == once);
+}
+
+} // namespace

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "model/CVParsing.h"
+
+#include <initializer_list>
+#include <string>
+#include <utility>
+#include <vector>
+
+/// Stands in for the parser: notes what a record asks of it, word by word, and hands out the characters it is given.
+class RecordingParsingDelegate final : public CVParsingDelegate {
+public:
+    void setStoringCharacters(bool storing) override { mCalls.emplace_back(storing ? "store" : "do not store"); }
+    void setWorkingOnUnknownTag(bool unknown) override { mCalls.emplace_back(unknown ? "skip" : "do not skip"); }
+    void setUnknownTag(const char* name) override { mCalls.emplace_back(std::string("unknown ") + name); }
+    [[nodiscard]] QString tempParsingString() override {
+        mCalls.emplace_back("take");
+        return std::exchange(mCharacters, QString(QLatin1String("")));
+    }
+    void popParsingObjectForEndingElement(const char* name) override {
+        mCalls.emplace_back(std::string("pop ") + name);
+    }
+
+    /// What the next `tempParsingString` answers.
+    void setCharacters(const QString& characters) { mCharacters = characters; }
+    /// What was asked since the last call.
+    [[nodiscard]] std::vector<std::string> takeCalls() { return std::exchange(mCalls, {}); }
+
+    /// The start of an element; attributes as alternating names and values.
+    void start(CVParsingObject& record, const char* name, std::initializer_list<const char*> attributes = {}) {
+        std::vector<const char*> list(attributes);
+        list.push_back(nullptr);
+        record.parsingDelegateStartElement(*this, name, attributes.size() ? list.data() : nullptr);
+    }
+    /// The end of an element with these characters in it.
+    void end(CVParsingObject& record, const char* name, const QString& characters = QLatin1String("")) {
+        mCharacters = characters;
+        record.parsingDelegateEndElement(*this, name);
+    }
+
+private:
+    QString mCharacters = QLatin1String("");
+    std::vector<std::string> mCalls;
+};

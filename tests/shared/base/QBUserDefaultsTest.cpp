@@ -1,0 +1,162 @@
+#include "shared/base/QBUserDefaults.h"
+
+#include "kit/Printers.h"
+#include "kit/ScratchHome.h"
+#include "shared/base/CVDefaultsKeys.h"
+
+#include <QFile>
+#include <QSettings>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace {
+
+/// A look at the settings as the next start of the program has it.
+QBUserDefaults reopened(ScratchHome& home) {
+    home.userDefaults().synchronize();
+    return QBUserDefaults(home.settingsStore());
+}
+
+TEST(QBUserDefaults, ReadsAbsentKeysAsZeroFalseOrNothing) {
+    ScratchHome home;
+    const QBUserDefaults& defaults = home.userDefaults();
+    EXPECT_EQ(defaults.integerForKey("number"), 0);
+    EXPECT_FALSE(defaults.boolForKey("switch"));
+    EXPECT_EQ(defaults.stringForKey("text"), std::nullopt);
+    EXPECT_TRUE(defaults.dataForKey("data").isNull());
+}
+
+TEST(QBUserDefaults, KeepsValuesForTheNextStart) {
+    ScratchHome home;
+    QBUserDefaults& defaults = home.userDefaults();
+    defaults.setInteger(CVDefaultsKeys::kNumberOfItems, 10);
+    defaults.setBool("on", true);
+    defaults.setBool("off", false);
+    defaults.setString("text", "monthly");
+    defaults.setData("data", QByteArray("\0\xFF,;", 4));
+
+    const QBUserDefaults next = reopened(home);
+    EXPECT_EQ(next.integerForKey(CVDefaultsKeys::kNumberOfItems), 10);
+    EXPECT_TRUE(next.boolForKey("on"));
+    EXPECT_FALSE(next.boolForKey("off"));
+    EXPECT_EQ(next.stringForKey("text"), "monthly");
+    EXPECT_EQ(next.dataForKey("data"), QByteArray("\0\xFF,;", 4));
+}
+
+TEST(QBUserDefaults, KeepsIntegersOfTheWholeRange) {
+    ScratchHome home;
+    for (const int value : {0, -1, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
+        home.userDefaults().setInteger("number", value);
+        EXPECT_EQ(reopened(home).integerForKey("number"), value);
+    }
+}
+
+TEST(QBUserDefaults, KeepsAnyPathToTheLetter) {
+    ScratchHome home;
+    for (const char* const path : {"/home/zoë/My Budget, 2014; \"new\".corvella", "C:\\Users\\x", " spaces around ",
+                                   "100%20", "@Invalid()", "@@at", "~/東京🍕", "a=b#c", "[section]", "new\nline"}) {
+        home.userDefaults().setString(CVDefaultsKeys::kDataFileLocation, QString::fromUtf8(path));
+        EXPECT_EQ(reopened(home).stringForKey(CVDefaultsKeys::kDataFileLocation), QString::fromUtf8(path));
+    }
+}
+
+TEST(QBUserDefaults, ReadsAnEmptyStringAsNothing) {
+    ScratchHome home;
+    home.userDefaults().setString("text", "");
+    EXPECT_EQ(home.userDefaults().stringForKey("text"), std::nullopt);
+    home.userDefaults().setString("text", QString());
+    EXPECT_EQ(reopened(home).stringForKey("text"), std::nullopt);
+}
+
+TEST(QBUserDefaults, ForgetsARemovedKey) {
+    ScratchHome home;
+    home.userDefaults().setInteger("number", 5);
+    ASSERT_EQ(reopened(home).integerForKey("number"), 5);
+    home.userDefaults().removeKey("number");
+    EXPECT_EQ(home.userDefaults().integerForKey("number"), 0);
+    EXPECT_EQ(reopened(home).integerForKey("number"), 0);
+    EXPECT_FALSE(home.settingsStore()->contains("number"));
+}
+
+TEST(QBUserDefaults, DistinguishesKeysByTheirWholeName) {
+    ScratchHome home;
+    home.userDefaults().setInteger("kCVPeriodType", 1);
+    home.userDefaults().setInteger("kCVPeriodTypes", 2);
+    home.userDefaults().setInteger("Prefs: Selected Tab", 3);
+    const QBUserDefaults next = reopened(home);
+    EXPECT_EQ(next.integerForKey("kCVPeriodType"), 1);
+    EXPECT_EQ(next.integerForKey("kCVPeriodTypes"), 2);
+    EXPECT_EQ(next.integerForKey("Prefs: Selected Tab"), 3);
+}
+
+TEST(QBUserDefaults, ReadsAsZeroWhatIsNoNumber) {
+    ScratchHome home;
+    home.userDefaults().setString("number", "many");
+    EXPECT_EQ(home.userDefaults().integerForKey("number"), 0);
+}
+
+TEST(QBUserDefaults, ReadsAnUnreadableFileAsEmpty) {
+    ScratchHome home;
+    QFile file(home.path("settings.ini"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray("\0\xFF[[[=%%%\n=\n", 12) + QByteArray(1000, '\xFE'));
+    file.close();
+    const QBUserDefaults defaults(home.settingsStore());
+    EXPECT_EQ(defaults.integerForKey("number"), 0);
+    EXPECT_EQ(defaults.stringForKey("text"), std::nullopt);
+}
+
+TEST(QBUserDefaultsForgotten, ShowsTheStoreUntilSomethingIsSet) {
+    ScratchHome home;
+    home.userDefaults().setInteger("number", 5);
+    home.userDefaults().setString("text", "kept");
+    home.userDefaults().synchronize();
+
+    QBUserDefaults defaults(home.settingsStore(), QBUserDefaults::Changes::Forgotten);
+    EXPECT_EQ(defaults.integerForKey("number"), 5);
+    defaults.setInteger("number", 6);
+    defaults.removeKey("text");
+    defaults.setBool("new", true);
+    EXPECT_EQ(defaults.integerForKey("number"), 6);
+    EXPECT_EQ(defaults.stringForKey("text"), std::nullopt);
+    EXPECT_TRUE(defaults.boolForKey("new"));
+}
+
+TEST(QBUserDefaultsForgotten, WritesNothing) {
+    ScratchHome home;
+    home.userDefaults().setInteger("number", 5);
+    home.userDefaults().setString("text", "kept");
+    home.userDefaults().synchronize();
+    QFile file(home.path("settings.ini"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray before = file.readAll();
+    file.close();
+
+    {
+        QBUserDefaults defaults(home.settingsStore(), QBUserDefaults::Changes::Forgotten);
+        defaults.setInteger("number", 6);
+        defaults.setData("data", "x");
+        defaults.removeKey("text");
+        defaults.synchronize();
+    }
+
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), before);
+    const QBUserDefaults next = reopened(home);
+    EXPECT_EQ(next.integerForKey("number"), 5);
+    EXPECT_EQ(next.stringForKey("text"), "kept");
+}
+
+TEST(QBUserDefaultsForgotten, CreatesNoFile) {
+    ScratchHome home;
+    {
+        QBUserDefaults defaults(home.settingsStore(), QBUserDefaults::Changes::Forgotten);
+        defaults.setInteger("number", 6);
+        defaults.synchronize();
+    }
+    EXPECT_FALSE(QFile::exists(home.path("settings.ini")));
+}
+
+} // namespace

@@ -1,0 +1,77 @@
+#include "shared/widgets/CVAlertPanel.h"
+
+#include "kit/Printers.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const CVAlert kThreeButtons{"Really?", "It <b>matters</b>.", "Do It", "Cancel", "Later"};
+const CVAlert kOneButton{"Input Error", "You must select a category", "OK"};
+
+/// Shows an alert and lets `act` deal with it once it is on the screen.
+template <typename Act>
+CVAlert::Answer run(const CVAlert& alert, Act act) {
+    QTimer::singleShot(0, [act] {
+        auto* const panel = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(panel, nullptr);
+        act(*panel);
+    });
+    return CVAlertPanel().run(alert);
+}
+
+CVAlert::Answer click(const CVAlert& alert, const QString& label) {
+    return run(alert, [label](QMessageBox& panel) {
+        for (QAbstractButton* const button : panel.buttons()) {
+            if (button->text() == label)
+                button->click();
+        }
+    });
+}
+
+CVAlert::Answer press(const CVAlert& alert, Qt::Key key) {
+    return run(alert, [key](QMessageBox& panel) { QTest::keyClick(&panel, key); });
+}
+
+TEST(CVAlertPanel, AnswersWithTheButtonThatWasChosen) {
+    EXPECT_EQ(click(kThreeButtons, "Do It"), CVAlert::kDefault);
+    EXPECT_EQ(click(kThreeButtons, "Cancel"), CVAlert::kAlternate);
+    EXPECT_EQ(click(kThreeButtons, "Later"), CVAlert::kOther);
+    EXPECT_EQ(click(kOneButton, "OK"), CVAlert::kDefault);
+    EXPECT_EQ(CVAlert::kDefault, 1);
+    EXPECT_EQ(CVAlert::kAlternate, 0);
+    EXPECT_EQ(CVAlert::kOther, -1);
+}
+
+TEST(CVAlertPanel, ReturnAnswersWithTheDefaultButton) {
+    EXPECT_EQ(press(kThreeButtons, Qt::Key_Return), CVAlert::kDefault);
+    EXPECT_EQ(press(kOneButton, Qt::Key_Return), CVAlert::kDefault);
+}
+
+TEST(CVAlertPanel, EscapeAnswersWithTheAlternateButtonOrWithTheOnlyOne) {
+    EXPECT_EQ(press(kThreeButtons, Qt::Key_Escape), CVAlert::kAlternate);
+    EXPECT_EQ(press(kOneButton, Qt::Key_Escape), CVAlert::kDefault);
+}
+
+TEST(CVAlertPanel, ShowsItsTextsAsTheyAreAndBlocksTheWindowInUse) {
+    QWidget window;
+    window.show();
+    run(kThreeButtons, [&window](QMessageBox& panel) {
+        EXPECT_EQ(panel.windowTitle(), "Really?");
+        EXPECT_EQ(panel.text(), "Really?");
+        EXPECT_EQ(panel.informativeText(), "It <b>matters</b>.");
+        EXPECT_EQ(panel.textFormat(), Qt::PlainText);
+        EXPECT_EQ(panel.parentWidget(), &window);
+        EXPECT_EQ(panel.windowModality(), Qt::WindowModal);
+        EXPECT_EQ(panel.buttons().size(), 3);
+        panel.reject();
+    });
+}
+
+} // namespace

@@ -1,0 +1,226 @@
+#include "storage/FaultyCalls.h"
+
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/ioctl.h>
+#include <sys/sendfile.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+
+// The functions of the C library that a save comes to call, each of which may be made to fail.
+
+using FaultyCalls::errorFor;
+
+namespace {
+
+/// A file without a name is a call of its own: not every file system knows it.
+const char* nameOfOpen(int flags) {
+    return (flags & O_TMPFILE) == O_TMPFILE ? "tmpfile" : "open";
+}
+
+int fail(int error) {
+    errno = error;
+    return -1;
+}
+
+/// The function that a call would reach without this file.
+template <typename Function>
+Function* next(Function* /*type*/, const char* name) {
+    return reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, name));
+}
+
+} // namespace
+
+// One function after the other, each as the C library declares it: `return failing ? failure : the real one`.
+#define CORVELLA_REAL(function) static const auto real = next(&::function, #function)
+
+// The headers give the parameters names that are reserved for them.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
+extern "C" {
+
+int open(const char* path, int flags, ...) {
+    CORVELLA_REAL(open);
+    const int error = errorFor(nameOfOpen(flags), path);
+    std::va_list arguments;
+    va_start(arguments, flags);
+    // The mode is passed with these two flags alone.
+    const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(arguments, mode_t) : 0;
+    va_end(arguments);
+    return error ? fail(error) : real(path, flags, mode);
+}
+
+int open64(const char* path, int flags, ...) {
+    CORVELLA_REAL(open64);
+    const int error = errorFor(nameOfOpen(flags), path);
+    std::va_list arguments;
+    va_start(arguments, flags);
+    // The mode is passed with these two flags alone.
+    const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(arguments, mode_t) : 0;
+    va_end(arguments);
+    return error ? fail(error) : real(path, flags, mode);
+}
+
+ssize_t write(int descriptor, const void* bytes, size_t size) {
+    CORVELLA_REAL(write);
+    const int error = errorFor("write", descriptor);
+    FaultyCalls::noteMode(descriptor);
+    if (error == FaultyCalls::kShort)
+        return real(descriptor, bytes, std::max<size_t>(size / 2, 1));
+    return error ? fail(error) : real(descriptor, bytes, size);
+}
+
+ssize_t read(int descriptor, void* bytes, size_t size) {
+    CORVELLA_REAL(read);
+    const int error = errorFor("read", descriptor);
+    return error ? fail(error) : real(descriptor, bytes, size);
+}
+
+ssize_t sendfile(int to, int from, off_t* offset, size_t size) noexcept {
+    CORVELLA_REAL(sendfile);
+    const int error = errorFor("sendfile", to);
+    FaultyCalls::noteMode(to);
+    return error ? fail(error) : real(to, from, offset, size);
+}
+
+int ioctl(int descriptor, unsigned long request, ...) noexcept {
+    CORVELLA_REAL(ioctl);
+    std::va_list arguments;
+    va_start(arguments, request);
+    void* const argument = va_arg(arguments, void*);
+    va_end(arguments);
+    const int error = errorFor("ioctl", descriptor);
+    return error ? fail(error) : real(descriptor, request, argument);
+}
+
+int close(int descriptor) {
+    CORVELLA_REAL(close);
+    const int error = errorFor("close", descriptor);
+    // The descriptor is gone even when closing reports that the last bytes could not be written.
+    const int result = real(descriptor);
+    return error ? fail(error) : result;
+}
+
+int fsync(int descriptor) {
+    const int error = errorFor("fsync", descriptor);
+    return error ? fail(error) : 0;
+}
+
+int fdatasync(int descriptor) {
+    const int error = errorFor("fdatasync", descriptor);
+    return error ? fail(error) : 0;
+}
+
+int ftruncate64(int descriptor, off64_t size) noexcept {
+    CORVELLA_REAL(ftruncate64);
+    const int error = errorFor("ftruncate", descriptor);
+    return error ? fail(error) : real(descriptor, size);
+}
+
+int rename(const char* from, const char* to) noexcept {
+    CORVELLA_REAL(rename);
+    const int error = errorFor("rename", to, from);
+    return error ? fail(error) : real(from, to);
+}
+
+int renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned flags) noexcept {
+    CORVELLA_REAL(renameat2);
+    const int error = errorFor("renameat2", to, from);
+    return error ? fail(error) : real(fromFolder, from, toFolder, to, flags);
+}
+
+int link(const char* from, const char* to) noexcept {
+    CORVELLA_REAL(link);
+    const int error = errorFor("link", to, from);
+    return error ? fail(error) : real(from, to);
+}
+
+int linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) noexcept {
+    CORVELLA_REAL(linkat);
+    const int error = errorFor("link", to, from);
+    return error ? fail(error) : real(fromFolder, from, toFolder, to, flags);
+}
+
+int unlink(const char* path) noexcept {
+    CORVELLA_REAL(unlink);
+    const int error = errorFor("unlink", path);
+    return error ? fail(error) : real(path);
+}
+
+int chmod(const char* path, mode_t mode) noexcept {
+    CORVELLA_REAL(chmod);
+    const int error = errorFor("chmod", path);
+    return error ? fail(error) : real(path, mode);
+}
+
+int fchmod(int descriptor, mode_t mode) noexcept {
+    CORVELLA_REAL(fchmod);
+    const int error = errorFor("chmod", descriptor);
+    return error ? fail(error) : real(descriptor, mode);
+}
+
+int mkdir(const char* path, mode_t mode) noexcept {
+    CORVELLA_REAL(mkdir);
+    const int error = errorFor("mkdir", path);
+    return error ? fail(error) : real(path, mode);
+}
+
+int stat(const char* path, struct stat* status) noexcept {
+    CORVELLA_REAL(stat);
+    const int error = errorFor("stat", path);
+    return error ? fail(error) : real(path, status);
+}
+
+int stat64(const char* path, struct stat64* status) noexcept {
+    CORVELLA_REAL(stat64);
+    const int error = errorFor("stat", path);
+    return error ? fail(error) : real(path, status);
+}
+
+int lstat64(const char* path, struct stat64* status) noexcept {
+    CORVELLA_REAL(lstat64);
+    const int error = errorFor("lstat", path);
+    return error ? fail(error) : real(path, status);
+}
+
+int fstat64(int descriptor, struct stat64* status) noexcept {
+    CORVELLA_REAL(fstat64);
+    const int error = errorFor("fstat", descriptor);
+    return error ? fail(error) : real(descriptor, status);
+}
+
+int statx(int folder, const char* path, int flags, unsigned mask, struct statx* status) noexcept {
+    CORVELLA_REAL(statx);
+    const int error = *path ? errorFor("statx", path) : errorFor("statx", folder);
+    return error ? fail(error) : real(folder, path, flags, mask, status);
+}
+
+int access(const char* path, int mode) noexcept {
+    CORVELLA_REAL(access);
+    const int error = errorFor("access", path);
+    return error ? fail(error) : real(path, mode);
+}
+
+ssize_t readlink(const char* path, char* target, size_t size) noexcept {
+    CORVELLA_REAL(readlink);
+    const int error = errorFor("readlink", path);
+    return error ? fail(error) : real(path, target, size);
+}
+
+char* realpath(const char* path, char* resolved) noexcept {
+    CORVELLA_REAL(realpath);
+    const int error = errorFor("realpath", path);
+    if (error) {
+        errno = error;
+        return nullptr;
+    }
+    return real(path, resolved);
+}
+
+} // extern "C"
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)

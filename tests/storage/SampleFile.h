@@ -1,0 +1,6 @@
+#pragma once
+
+#include <QByteArray>
+
+/// The bytes of data/budget.corvella: a small budget, just as this version of the program writes it.
+[[nodiscard]] QByteArray sampleFile();

@@ -1,0 +1,224 @@
+#include "storage/LogCapture.h"
+#include "storage/SaveScenario.h"
+
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <map>
+#include <ostream>
+#include <set>
+
+namespace {
+
+using Before = SaveScenario::Before;
+using FaultyCalls::Fault;
+using FaultyCalls::Repeat;
+
+/// Every call of a save fails once, fails from then on, and fails with everything after it, for each reason that it may
+/// have; then every two of those that write fail. Nothing may be lost, nothing half done, and nothing said that is not
+/// so.
+struct Row {
+    const char* name;
+    Before before;
+    std::vector<FaultyCalls::Unsupported> unsupported = {};
+};
+
+void PrintTo(const Row& row, std::ostream* out) {
+    *out << row.name;
+}
+
+std::string nameOf(const testing::TestParamInfo<Row>& row) {
+    return row.param.name;
+}
+
+using Reasons = std::map<std::string, std::vector<int>>;
+
+/// Why calls fail that read, write or change something.
+const Reasons& working() {
+    static const Reasons table{
+        {"open", {EACCES, EIO, ENOSPC, EMFILE}},
+        {"tmpfile", {EACCES, EIO, ENOSPC, EMFILE, EOPNOTSUPP}},
+        {"write", {ENOSPC, EIO, FaultyCalls::kShort}},
+        {"read", {EIO}},
+        {"sendfile", {EIO, ENOSPC}},
+        {"ioctl", {EIO, ENOSPC}},
+        {"close", {EIO}},
+        {"fsync", {EIO, ENOSPC}},
+        {"fdatasync", {EIO, ENOSPC}},
+        {"ftruncate", {EIO, EACCES}},
+        {"rename", {EACCES, EIO, ENOSPC, EXDEV}},
+        {"renameat2", {EACCES, EIO, ENOSPC, EINVAL}},
+        {"link", {EPERM, EIO, ENOSPC, EACCES, EMLINK}},
+        {"unlink", {EACCES, EIO}},
+        {"chmod", {EPERM, EIO}},
+        {"mkdir", {EACCES, ENOSPC, EIO}},
+    };
+    return table;
+}
+
+/// Why calls fail that only look.
+const Reasons& looking() {
+    static const Reasons table{
+        {"stat", {EACCES, EIO}},
+        {"lstat", {EACCES, EIO}},
+        {"fstat", {EIO}},
+        {"statx", {EACCES, EIO}},
+        {"access", {EACCES, EIO}},
+        {"readlink", {EACCES, EIO}},
+        {"realpath", {EACCES, EIO, ENOMEM}},
+    };
+    return table;
+}
+
+const char* wordFor(Repeat repeat) {
+    switch (repeat) {
+    case Repeat::Once:
+        return "once";
+    case Repeat::SameForEver:
+        return "for ever";
+    case Repeat::AllForEver:
+        return "with everything after it";
+    }
+    return "";
+}
+
+class SaveFaults : public testing::TestWithParam<Row> {
+protected:
+    SaveFaults() {
+        // Thousands of saves: in memory, where there is such a place.
+        if (QFileInfo(QStringLiteral("/dev/shm")).isWritable())
+            qputenv("TMPDIR", "/dev/shm");
+    }
+    ~SaveFaults() override {
+        mTemporary.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", mTemporary);
+        ::umask(mUmask);
+    }
+
+    /// Runs one save with these faults, notes what is broken afterwards, and returns the calls that were made.
+    std::vector<FaultyCalls::Call> tryFaults(const std::vector<Fault>& faults) {
+        SaveScenario scenario(GetParam().before);
+        auto calls = scenario.save(faults, GetParam().unsupported).calls;
+        ++mTried;
+        scenario.wasSaved() ? ++mSaved : ++mRefused;
+        QStringList faultsFound = scenario.broken();
+        faultsFound += scenario.brokenAfterNextSave();
+        for (const QString& broken : faultsFound)
+            mFindings[broken.toStdString()].push_back(describe(faults, calls));
+        return calls;
+    }
+
+    /// Each call that the table names, for each of its reasons, as long as it may last.
+    void tryEachCall(const Reasons& reasons) {
+        const auto calls = tryFaults({});
+        ASSERT_EQ(mSaved, 1) << "without any fault";
+        for (std::size_t at = 0; at < calls.size(); ++at) {
+            if (!reasons.contains(calls[at].name))
+                continue;
+            for (const int error : reasons.at(calls[at].name)) {
+                for (const Repeat repeat : {Repeat::Once, Repeat::SameForEver, Repeat::AllForEver})
+                    tryFaults({{at, error, repeat}});
+            }
+        }
+    }
+
+    [[nodiscard]] std::string describe(const std::vector<Fault>& faults,
+                                       const std::vector<FaultyCalls::Call>& calls) const {
+        std::string text;
+        for (const Fault& fault : faults) {
+            if (fault.at >= calls.size())
+                continue;
+            const std::string error = fault.error == FaultyCalls::kShort ? "short" : strerrorname_np(fault.error);
+            text += (text.empty() ? "" : " and ") + std::string("call ") + std::to_string(fault.at) + ", " +
+                    calls[fault.at].name + " of " + calls[fault.at].path.substr(calls[fault.at].path.rfind('/') + 1) +
+                    ", " + error + ' ' + wordFor(fault.repeat);
+        }
+        return text;
+    }
+
+    void report(const char* what) {
+        std::printf("%s, %s: %d fault points tried, %d saved all the same, %d refused\n", GetParam().name, what, mTried,
+                    mSaved, mRefused);
+        constexpr std::size_t kShown = 5;
+        for (const auto& [broken, places] : mFindings) {
+            std::string shown;
+            for (std::size_t i = 0; i < std::min(places.size(), kShown); ++i)
+                shown += "\n  " + places[i];
+            ADD_FAILURE() << broken << " (" << places.size() << " times):" << shown;
+        }
+    }
+
+    LogCapture mLog;
+    QByteArray mTemporary = qgetenv("TMPDIR");
+    /// Nothing but the program itself keeps new files from others.
+    mode_t mUmask = ::umask(0);
+    int mTried = 0;
+    int mSaved = 0;
+    int mRefused = 0;
+    std::map<std::string, std::vector<std::string>> mFindings;
+};
+
+TEST_P(SaveFaults, areMetAtEveryCallThatMatters) {
+    SaveScenario scenario(GetParam().before);
+    std::set<std::string> names;
+    for (const auto& call : scenario.save({}, GetParam().unsupported).calls) {
+        names.insert(call.name);
+        EXPECT_TRUE(working().contains(call.name) || looking().contains(call.name)) << call.name;
+    }
+    for (const char* name : {"open", "write", "fsync", "close"})
+        EXPECT_TRUE(names.contains(name)) << name;
+    EXPECT_TRUE(names.contains("rename") || names.contains("link"));
+}
+
+TEST_P(SaveFaults, ofOneCallThatWritesLoseNothingAndAreTold) {
+    tryEachCall(working());
+    report("one that writes");
+}
+
+TEST_P(SaveFaults, ofOneCallThatLooksLoseNothingAndAreTold) {
+    tryEachCall(looking());
+    report("one that looks");
+}
+
+TEST_P(SaveFaults, ofTwoCallsThatWriteLoseNothingAndAreTold) {
+    const auto calls = tryFaults({});
+    for (std::size_t first = 0; first < calls.size(); ++first) {
+        if (!working().contains(calls[first].name))
+            continue;
+        const Fault fault{first, working().at(calls[first].name).front(), Repeat::Once};
+        const auto later = tryFaults({fault});
+        for (std::size_t second = first + 1; second < later.size(); ++second) {
+            if (!working().contains(later[second].name))
+                continue;
+            for (const int error : working().at(later[second].name))
+                tryFaults({fault, {second, error, Repeat::Once}});
+        }
+    }
+    report("two that write");
+}
+
+/// File systems that know less: one without files that have no name, one without hard links either, and one on which
+/// bytes can be copied by reading and writing alone.
+const std::vector<FaultyCalls::Unsupported> kNoNameless{{"tmpfile", EOPNOTSUPP}};
+const std::vector<FaultyCalls::Unsupported> kNoLinks{{"tmpfile", EOPNOTSUPP}, {"link", EPERM}};
+const std::vector<FaultyCalls::Unsupported> kPlainCopies{
+    {"tmpfile", EOPNOTSUPP}, {"link", EPERM}, {"ioctl", ENOTTY}, {"sendfile", EINVAL}};
+
+const Row kRows[]{
+    {"overAGoodFile", Before::Good},
+    {"overAGoodFileOnAPlainDisk", Before::Good, kNoNameless},
+    {"overALinkedFile", Before::Linked},
+    {"overAnUnreadableFile", Before::Unreadable},
+    {"overAnUnreadableFileWithoutHardLinks", Before::Unreadable, kNoLinks},
+    {"overAnUnreadableFileWithPlainCopies", Before::Unreadable, kPlainCopies},
+    {"overAFolder", Before::Folder},
+    {"withoutAFile", Before::Absent},
+    {"withoutAFileOnAPlainDisk", Before::Absent, kNoLinks},
+};
+
+INSTANTIATE_TEST_SUITE_P(all, SaveFaults, testing::ValuesIn(kRows), nameOf);
+
+} // namespace

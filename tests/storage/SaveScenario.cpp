@@ -1,0 +1,178 @@
+#include "storage/SaveScenario.h"
+
+#include "storage/CVDocumentXML.h"
+#include "storage/SampleFile.h"
+#include "storage/ScratchFiles.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace {
+
+constexpr unsigned kModeOfOldFile = 0640;
+const QString kInside = QStringLiteral("/inside");
+
+/// Larger than the buffers of Qt, so that there is more than one write and more than one read.
+QByteArray encryptedFile() {
+    return "<EncryptedData><CipherValue>" + QByteArray(50'000, 'x') + "</CipherValue></EncryptedData>";
+}
+
+} // namespace
+
+SaveScenario::SaveScenario(Before before)
+    : mBefore(before)
+    , mFolder(mHome.folders().applicationSupport + QStringLiteral("/Quenby Labs/Corvella"))
+    , mPath(mFolder + QStringLiteral("/Corvella Data.corvella"))
+    , mFile(mHome.folders(), mBudget.userDefaults()) {
+    const QString place = mPath;
+    if (mBefore == Before::Linked) {
+        mFolder = mHome.path(QStringLiteral("Elsewhere"));
+        mPath = mFolder + QStringLiteral("/Budget.corvella");
+        writeFile(QFileInfo(place).path() + QStringLiteral("/other"), "");
+        makeLink(mPath, place);
+    }
+    if (mBefore == Before::Good || mBefore == Before::Linked)
+        mOld = sampleFile();
+    if (mBefore == Before::Unreadable || mBefore == Before::Folder)
+        mOld = encryptedFile();
+    if (!mOld.isNull()) {
+        const QString file = mBefore == Before::Folder ? mPath + kInside : mPath;
+        writeFile(file, mOld);
+        setMode(file, kModeOfOldFile);
+    }
+    mFile.initWithStandardUserFile(mBudget.document());
+    mBudget.transaction({.payTo = QString(20'000, u'p'), .xfor = QString(20'000, u'f')});
+}
+
+const FaultyCalls::Record& SaveScenario::save(std::vector<FaultyCalls::Fault> faults,
+                                              std::vector<FaultyCalls::Unsupported> unsupported) {
+    mNew = text();
+    FaultyCalls::arm(mHome.path(), std::move(faults), std::move(unsupported));
+    mBudget.document().workbookSave();
+    mOutcome = mFile.saves().waitForFinished();
+    mRecord = FaultyCalls::disarm();
+    return mRecord;
+}
+
+QStringList SaveScenario::broken() const {
+    QStringList faults{brokenFile(), brokenWord(), brokenKeeping(), brokenLeftovers(), brokenModes()};
+    faults.removeAll(QString());
+    return faults;
+}
+
+QStringList SaveScenario::brokenAfterNextSave() {
+    mBudget.document().insertCategoryName(QStringLiteral("Next"));
+    const FaultyCalls::Record before = mRecord;
+    save();
+    mRecord = before;
+    QStringList faults{brokenKeeping(), brokenLeftovers()};
+    if (!mOutcome.saved)
+        faults.append(QStringLiteral("the next save failed"));
+    if (bytesOnDisk() != mNew)
+        faults.append(QStringLiteral("the next save did not write the newest text"));
+    faults.removeAll(QString());
+    return faults;
+}
+
+QByteArray SaveScenario::text() {
+    return CVDocumentXMLRepresentation(mBudget.document()).joined();
+}
+
+QByteArray SaveScenario::bytesOnDisk() const {
+    return readFile(mPath);
+}
+
+QString SaveScenario::brokenFile() const {
+    const QByteArray bytes = bytesOnDisk();
+    if (bytes == mNew && !bytes.isNull())
+        return {};
+    // A folder, and a file of which the disk holds one name only, are moved aside before anything is written.
+    const bool movedAside = bytes.isNull() && !mOutcome.keptCopy.isEmpty() && !mOutcome.saved;
+    const bool old = mBefore == Before::Folder ? bytes.isNull() : bytes == mOld && bytes.isNull() == mOld.isNull();
+    return old || movedAside ? QString() : QStringLiteral("the file is neither the old nor the new one");
+}
+
+QString SaveScenario::brokenWord() const {
+    const bool isNew = bytesOnDisk() == mNew;
+    if (mOutcome.saved && !isNew)
+        return QStringLiteral("saved, it said, but the file is the old one");
+    if (mOutcome.saved && failedToSyncTheNewFile())
+        return QStringLiteral("saved, it said, but a sync failed");
+    if (!mOutcome.saved && isNew && !failedAfterReplacing())
+        return QStringLiteral("not saved, it said, but the file is the new one");
+    if (!mOutcome.saved && !mOutcome.message.contains(mHome.folders().applicationSupport))
+        return QStringLiteral("the message names no place");
+    return {};
+}
+
+/// Whether something failed after the new file had taken its place: then it stands, but maybe not after a power cut.
+bool SaveScenario::failedAfterReplacing() const {
+    const auto& calls = mRecord.calls;
+    const auto replaced = std::find_if(calls.rbegin(), calls.rend(), [this](const FaultyCalls::Call& call) {
+        return (call.name == "rename" || call.name == "link") && !call.failed && call.path == mPath.toStdString();
+    });
+    return replaced != calls.rend() &&
+           std::any_of(calls.rbegin(), replaced, [](const auto& call) { return call.failed; });
+}
+
+/// A kept copy that could not be synced can be kept in another way.
+bool SaveScenario::failedToSyncTheNewFile() const {
+    return std::any_of(mRecord.calls.begin(), mRecord.calls.end(), [](const FaultyCalls::Call& call) {
+        return call.failed && call.name == "fsync" && call.path.find("(unreadable ") == std::string::npos;
+    });
+}
+
+QString SaveScenario::brokenKeeping() const {
+    if (mBefore != Before::Unreadable && mBefore != Before::Folder)
+        return {};
+    const QString inside = mBefore == Before::Folder ? kInside : QString();
+    bool found = readFile(mPath + inside) == mOld;
+    bool whole = true;
+    for (const QString& name : namesIn(mFolder).filter(QStringLiteral("(unreadable "))) {
+        const bool same = readFile(mFolder + u'/' + name + inside) == mOld;
+        found = found || same;
+        whole = whole && same;
+    }
+    if (!found)
+        return QStringLiteral("the bytes of the unreadable file are lost");
+    if (!whole)
+        return QStringLiteral("a kept copy is not whole");
+    if (!mOutcome.keptCopy.isEmpty() && readFile(mOutcome.keptCopy + inside) != mOld)
+        return QStringLiteral("there is no copy where it said");
+    return {};
+}
+
+QString SaveScenario::brokenLeftovers() const {
+    // What cannot be removed stays.
+    if (mRecord.failed("unlink"))
+        return {};
+    for (const QString& name : namesIn(mFolder)) {
+        if (mFolder + u'/' + name != mPath && !name.contains(QLatin1String("(unreadable ")))
+            return QStringLiteral("a temporary file was left behind");
+    }
+    return {};
+}
+
+/// Whether the unreadable file was kept by moving it: then there was none at its place when the new one was made.
+bool SaveScenario::movedAside() const {
+    const std::string place = mPath.toStdString();
+    return std::any_of(mRecord.calls.begin(), mRecord.calls.end(), [&](const FaultyCalls::Call& call) {
+        const bool moved = call.name.rfind("rename", 0) == 0 && call.from == place;
+        return !call.failed && (moved || (call.name == "unlink" && call.path == place));
+    });
+}
+
+QString SaveScenario::brokenModes() const {
+    const bool isNewFile = mBefore == Before::Absent || mBefore == Before::Folder || movedAside();
+    const unsigned mode = isNewFile ? 0600 : kModeOfOldFile;
+    const unsigned widest = mBefore == Before::Unreadable ? kModeOfOldFile : mode;
+    // On a disk that knows no modes even the owner may not set one; a new file cannot be made private there.
+    if (isNewFile && mRecord.failed("chmod"))
+        return {};
+    if ((mRecord.modesWhileWriting & ~widest) != 0)
+        return QStringLiteral("written to a file with the mode %1").arg(mRecord.modesWhileWriting, 0, 8);
+    if (bytesOnDisk() == mNew && modeOf(mPath) != static_cast<int>(mode))
+        return QStringLiteral("the new file has the mode %1").arg(modeOf(mPath), 0, 8);
+    return {};
+}

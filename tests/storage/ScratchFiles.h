@@ -1,0 +1,22 @@
+#pragma once
+
+#include "model/CVDocumentText.h"
+
+#include <QByteArray>
+#include <QStringList>
+
+/// Small words for tests that look at files.
+
+/// Makes missing folders too; stops the test program when the file cannot be written.
+void writeFile(const QString& path, const QByteArray& bytes);
+/// The bytes of a file; null when there is none or it cannot be read.
+[[nodiscard]] QByteArray readFile(const QString& path);
+/// The names in a folder, hidden ones and broken links included, sorted.
+[[nodiscard]] QStringList namesIn(const QString& folder);
+/// The permission bits as chmod takes them; -1 when there is nothing at `path`.
+[[nodiscard]] int modeOf(const QString& path);
+void setMode(const QString& path, unsigned mode);
+/// Stops the test program when the link cannot be made. `target` may be relative to the folder of `path`.
+void makeLink(const QString& target, const QString& path);
+/// A text of one piece.
+[[nodiscard]] CVDocumentText textOf(const QByteArray& bytes);
