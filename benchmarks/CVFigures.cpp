@@ -1,0 +1,41 @@
+#include "CVFigures.h"
+
+namespace {
+
+constexpr std::size_t kSmall = 1'000;
+constexpr std::size_t kMiddle = 100'000;
+constexpr std::size_t kLarge = 1'000'000;
+
+constexpr std::array<CVFigure::Size, 3> kOften{{{kSmall, 501}, {kMiddle, 51}, {kLarge, 15}}};
+/// Each measurement needs a sort or a write to the disk.
+constexpr std::array<CVFigure::Size, 3> kSeldom{{{kSmall, 101}, {kMiddle, 15}, {kLarge, 7}}};
+constexpr std::array<CVFigure::Size, 3> kOnce{{{kSmall, 1}, {kMiddle, 1}, {kLarge, 1}}};
+
+constexpr std::array<CVFigure, 20> kFigures{{
+    {"Load, file in order", 1.5, kSmall, kSeldom, CVMeasureLoadSorted},
+    {"Load, file shuffled", CVFigure::kNoLimit, kSmall, kSeldom, CVMeasureLoadShuffled},
+    {"Memory after loading", 2, kLarge, kOnce, CVMeasureSteadyMemory},
+    {"Memory while loading, peak", 3, kLarge, kOnce, CVMeasurePeakMemory},
+    {"Memory after the first save", CVFigure::kNoLimit, kLarge, kOnce, CVMeasureMemoryAfterSave},
+    {"Text, nothing cached", 2, kSmall, kSeldom, CVMeasureTextUncached},
+    {"Text, one transaction changed", 2, kSmall, kOften, CVMeasureTextOneChanged},
+    {"Snapshot alone, one transaction changed", CVFigure::kNoLimit, kSmall, kOften, CVMeasureSnapshotOneChanged},
+    {"Safe save", 1.5, kMiddle, kSeldom, CVMeasureSaveAgainstBare},
+    {"Safe save, yardstick syncs the folder too", 1.5, kSmall, kSeldom, CVMeasureSaveAgainstSynced},
+    {"Record one", 1, kSmall, kOften, CVMeasureRecordOne},
+    {"Remove one", 6, kSmall, kOften, CVMeasureRemoveOne},
+    {"Remove a list of one", 15, kSmall, kSeldom, CVMeasureRemoveListOfOne},
+    {"Remove a list of 1,000", 15, kSmall, kSeldom, CVMeasureRemoveThousand},
+    {"Remove a list of half of all", 15, kSmall, kSeldom, CVMeasureRemoveHalf},
+    {"Grid, a week of days", 2, kMiddle, kOften, CVMeasureGridOfWeek},
+    {"Grid, all transactions in a column", 2, kMiddle, kOften, CVMeasureGridOfAll},
+    {"Figures of all categories", 4, kMiddle, kOften, CVMeasureFigures},
+    {"Tax, plan and percent columns", 3, kMiddle, kOften, CVMeasureReportColumns},
+    {"Rows of the grid and the reports", CVFigure::kNoLimit, kMiddle, kOften, CVMeasureBudgetRows},
+}};
+
+} // namespace
+
+std::span<const CVFigure> CVFigures() {
+    return kFigures;
+}

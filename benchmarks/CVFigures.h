@@ -1,0 +1,57 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <span>
+
+namespace benchmark {
+class State;
+}
+
+/// A line of the table that the benchmarks end with: the cost of a piece of the program as a multiple of its yardstick.
+struct CVFigure {
+    /// A budget's number of transactions, and how often the figure is measured at that size.
+    struct Size {
+        std::size_t transactions;
+        int rounds;
+    };
+
+    static constexpr double kNoLimit = 0;
+
+    const char* title;
+    /// The highest multiple allowed, or `kNoLimit`. Being the same for all sizes, it also bounds how the cost grows.
+    double limit;
+    /// The limit does not hold for smaller budgets.
+    std::size_t limitFrom;
+    std::array<Size, 3> sizes;
+    /// Measures once per iteration of `state` and reports the counter "ratio".
+    void (*measure)(benchmark::State& state, std::size_t transactions);
+
+    [[nodiscard]] bool allows(double ratio, std::size_t transactions) const {
+        return limit == kNoLimit || transactions < limitFrom || ratio <= limit;
+    }
+};
+
+/// In the order of the table.
+[[nodiscard]] std::span<const CVFigure> CVFigures();
+
+void CVMeasureLoadSorted(benchmark::State& state, std::size_t transactions);
+void CVMeasureLoadShuffled(benchmark::State& state, std::size_t transactions);
+void CVMeasureSteadyMemory(benchmark::State& state, std::size_t transactions);
+void CVMeasurePeakMemory(benchmark::State& state, std::size_t transactions);
+void CVMeasureMemoryAfterSave(benchmark::State& state, std::size_t transactions);
+void CVMeasureTextUncached(benchmark::State& state, std::size_t transactions);
+void CVMeasureTextOneChanged(benchmark::State& state, std::size_t transactions);
+void CVMeasureSnapshotOneChanged(benchmark::State& state, std::size_t transactions);
+void CVMeasureSaveAgainstBare(benchmark::State& state, std::size_t transactions);
+void CVMeasureSaveAgainstSynced(benchmark::State& state, std::size_t transactions);
+void CVMeasureRecordOne(benchmark::State& state, std::size_t transactions);
+void CVMeasureRemoveOne(benchmark::State& state, std::size_t transactions);
+void CVMeasureRemoveListOfOne(benchmark::State& state, std::size_t transactions);
+void CVMeasureRemoveThousand(benchmark::State& state, std::size_t transactions);
+void CVMeasureRemoveHalf(benchmark::State& state, std::size_t transactions);
+void CVMeasureGridOfWeek(benchmark::State& state, std::size_t transactions);
+void CVMeasureGridOfAll(benchmark::State& state, std::size_t transactions);
+void CVMeasureFigures(benchmark::State& state, std::size_t transactions);
+void CVMeasureReportColumns(benchmark::State& state, std::size_t transactions);
+void CVMeasureBudgetRows(benchmark::State& state, std::size_t transactions);

@@ -1,0 +1,45 @@
+#include "CVFigureReporter.h"
+#include "CVFigures.h"
+#include "CVMemoryProbe.h"
+
+#include <QCoreApplication>
+
+#include <benchmark/benchmark.h>
+
+#include <iostream>
+
+namespace {
+
+constexpr int kLimitExceeded = 1;
+constexpr int kWrongUsage = 2;
+
+void registerFigures() {
+    for (const CVFigure& figure : CVFigures()) {
+        for (const CVFigure::Size& size : figure.sizes) {
+            benchmark::RegisterBenchmark(figure.title, figure.measure, size.transactions)
+                ->Arg(static_cast<int64_t>(size.transactions))
+                ->Iterations(size.rounds)
+                ->UseManualTime()
+                ->Unit(benchmark::kMillisecond);
+        }
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    if (const auto status = CVRunMemoryProbe(QCoreApplication::arguments()))
+        return *status;
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return kWrongUsage;
+    registerFigures();
+    CVFigureReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    reporter.printTable(std::cout);
+    if (reporter.allWithinLimits())
+        return 0;
+    std::cerr << "A figure exceeds its limit or could not be measured.\n";
+    return kLimitExceeded;
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "model/CVDocument.h"
+#include "shared/base/QBNotificationCenter.h"
+#include "shared/base/QBUserDefaults.h"
+
+/// A document together with what it refers to, for programs without windows: nobody hears its announcements, it is
+/// saved by nobody, and the user's settings are neither read nor written.
+class CVDetachedDocument final {
+public:
+    CVDetachedDocument();
+
+    [[nodiscard]] CVDocument& operator*() { return mDocument; }
+    [[nodiscard]] CVDocument* operator->() { return &mDocument; }
+    [[nodiscard]] QBUserDefaults& userDefaults() { return mUserDefaults; }
+
+private:
+    QBNotificationCenter mNotificationCenter;
+    QBUserDefaults mUserDefaults;
+    CVDocument mDocument;
+};

@@ -1,0 +1,121 @@
+#include "generator/CVHouseholdBudget.h"
+
+#include "generator/CVHouseholdTables.h"
+#include "generator/CVRandom.h"
+#include "model/CVCategory.h"
+#include "model/CVDocument.h"
+#include "model/CVTransaction.h"
+#include "model/CVTransactionSet.h"
+
+namespace {
+
+using namespace CVHouseholdTables;
+
+constexpr int kYears = 2;
+constexpr int kMonthsPerYear = 12;
+constexpr std::size_t kPercentFlagged = 2;
+
+/// Records what the tables say, as the family would have done: a set chosen, a category named, a transaction inserted.
+class Family final {
+public:
+    Family(CVDocument& document, const QBDate& today);
+
+    void pay(const Bill& bill);
+    void follow(const Habit& habit, int firstDaysBack);
+    void celebrate(const Event& event);
+    void plan(const Estimate& estimate);
+    void showChecking() { mDocument.setCurrentTransactionSet(mChecking); }
+
+private:
+    [[nodiscard]] quint32 addSet(const char* name);
+    void record(const QBDate& date, const char* category, const Purchase& purchase, Tax tax,
+                Account account = Account::Checking);
+
+    CVDocument& mDocument;
+    CVRandom mRandom{1};
+    QBDate mToday;
+    QBDate mFirstDay;
+    quint32 mChecking;
+    quint32 mSavings;
+};
+
+Family::Family(CVDocument& document, const QBDate& today)
+    : mDocument(document)
+    , mToday(today)
+    , mFirstDay(today.dateByAddingYears(-kYears, 0, 1))
+    , mChecking(addSet("Checking"))
+    , mSavings(addSet("Savings")) {}
+
+quint32 Family::addSet(const char* name) {
+    const auto set = std::make_shared<CVTransactionSet>();
+    set->setTransactionSetName(QLatin1String(name));
+    set->setUniqueID(mDocument.getUniqueID());
+    set->setDocument(&mDocument);
+    mDocument.transactionSets().push_back(set);
+    return set->uniqueID();
+}
+
+void Family::record(const QBDate& date, const char* category, const Purchase& purchase, Tax tax, Account account) {
+    if (date.comesBefore(mFirstDay) || date.comesAfter(mToday))
+        return;
+    const auto transaction = std::make_shared<CVTransaction>();
+    transaction->setEffectiveDate(date);
+    transaction->setAmount(mRandom.money(purchase.amount.fromCents, purchase.amount.toCents));
+    transaction->setPayTo(QString::fromUtf8(purchase.payee));
+    transaction->setFor(QString::fromUtf8(purchase.remark));
+    transaction->setCategoryID(mDocument.insertCategoryName(QString::fromUtf8(category))->uniqueID());
+    transaction->setTaxFlag(tax == Tax::Yes);
+    transaction->setUserFlag(mRandom.chance(kPercentFlagged));
+    mDocument.setCurrentTransactionSet(account == Account::Checking ? mChecking : mSavings);
+    mDocument.insertTransaction(transaction);
+}
+
+void Family::pay(const Bill& bill) {
+    const qint64 firstYear = mFirstDay.yearOfCommonEra();
+    const int lastMonth = (kYears + 1) * kMonthsPerYear;
+    for (int month = bill.firstMonth; month <= lastMonth; month += bill.everyMonths) {
+        const QBDate date = QBDate::dateWithYear(firstYear, month, bill.dayOfMonth);
+        record(date, bill.category, bill.purchase, bill.tax, bill.account);
+    }
+}
+
+void Family::follow(const Habit& habit, int firstDaysBack) {
+    const std::size_t longestPause = 2 * static_cast<std::size_t>(habit.everyDays) - 1;
+    QBDate date = mToday.dateByAddingYears(0, 0, -firstDaysBack);
+    while (!date.comesBefore(mFirstDay)) {
+        record(date, habit.category, habit.purchases[mRandom.below(habit.purchases.size())], habit.tax);
+        date = date.dateByAddingYears(0, 0, -1 - static_cast<qint64>(mRandom.below(longestPause)));
+    }
+}
+
+void Family::celebrate(const Event& event) {
+    for (int year = 0; year <= kYears; ++year) {
+        const QBDate date = QBDate::dateWithYear(mFirstDay.yearOfCommonEra() + year, event.month, event.day);
+        record(date, event.category, event.purchase, event.tax);
+    }
+}
+
+void Family::plan(const Estimate& estimate) {
+    const auto category = mDocument.insertCategoryName(QString::fromUtf8(estimate.category));
+    category->setExpenseFrequency(estimate.frequency);
+    category->setExpenseTarget(estimate.cents / 100.0);
+}
+
+} // namespace
+
+void CVFillHouseholdBudget(CVDocument& document, const QBDate& today) {
+    document.addDefaults();
+    Family family(document, today);
+    for (const Bill& bill : bills())
+        family.pay(bill);
+    int daysBack = 0;
+    for (const Habit& habit : habits())
+        family.follow(habit, daysBack++);
+    for (const Event& event : events())
+        family.celebrate(event);
+    for (const Estimate& estimate : estimates())
+        family.plan(estimate);
+    family.showChecking();
+    document.sortTransactionsByDate();
+    document.updateDates();
+}
