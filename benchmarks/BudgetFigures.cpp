@@ -1,6 +1,7 @@
 #include "CVBudgetFixture.h"
 #include "CVComparison.h"
 #include "CVFigures.h"
+#include "CVPlainWalk.h"
 #include "budget/CVBudgetGrid.h"
 #include "budget/CVBudgetRows.h"
 #include "budget/CVCategoryAverages.h"
@@ -15,22 +16,6 @@ namespace {
 
 constexpr qint64 kColumns = 7;
 
-/// One plain walk: reads of each record its category, date and amount.
-void walk(const CVDocument::Transactions& transactions) {
-    double amounts = 0;
-    quint64 categories = 0;
-    qint64 days = 0;
-    for (const auto& transaction : transactions) {
-        amounts += transaction->amount();
-        categories += transaction->categoryID();
-        if (const auto& date = transaction->effectiveDate())
-            days += date->orderKey();
-    }
-    benchmark::DoNotOptimize(amounts);
-    benchmark::DoNotOptimize(categories);
-    benchmark::DoNotOptimize(days);
-}
-
 CVDayRange wholeRange(const CVDocument& document) {
     return {document.earliestTransactionDate().value(), document.latestTransactionDate().value()};
 }
@@ -42,7 +27,7 @@ void measureAgainstWalk(benchmark::State& state, std::size_t transactions, Subje
     CVComparison comparison;
     comparison.clock = CVClock::Thread;
     comparison.reset = [] {};
-    comparison.yardstick = [&] { walk(document.transactions()); };
+    comparison.yardstick = [&] { CVPlainWalk(document.transactions()); };
     comparison.subject = [&] { subject(document); };
     comparison.run(state);
 }

@@ -12,7 +12,7 @@ void CVPlainWalk(const CVDocument::Transactions& transactions) {
         amounts += transaction->amount();
         categories += transaction->categoryID();
         if (const auto& date = transaction->effectiveDate())
-            days += date->dayOfMonth();
+            days += date->orderKey();
     }
     benchmark::DoNotOptimize(amounts);
     benchmark::DoNotOptimize(categories);

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "model/CVDocument.h"
+#include "model/CVIDMap.h"
 
 #include <span>
-#include <unordered_map>
 #include <vector>
 
 /// The IDs of the categories, in their order.
@@ -19,17 +19,9 @@ public:
 
     [[nodiscard]] std::size_t count() const { return mCount; }
     /// `kNone` for an ID that no category has.
-    [[nodiscard]] std::size_t slotOf(quint32 id) const {
-        if (id < mSmall.size())
-            return mSmall[id];
-        return mLarge.empty() ? kNone : slotOfLarge(id);
-    }
+    [[nodiscard]] std::size_t slotOf(quint32 id) const { return mSlots.find(id); }
 
 private:
-    [[nodiscard]] std::size_t slotOfLarge(quint32 id) const;
-
     std::size_t mCount = 0;
-    /// Indexed by ID: a document issues IDs from 1 on, so nearly all are small.
-    std::vector<std::size_t> mSmall;
-    std::unordered_map<quint32, std::size_t> mLarge;
+    CVIDMap<std::size_t> mSlots{kNone};
 };

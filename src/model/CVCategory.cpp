@@ -75,13 +75,13 @@ QByteArray CVCategory::xmlRepresentation() const {
 
 void CVCategory::parsingDelegateStartElement(CVParsingDelegate& delegate, const char* name,
                                              CVXMLAttributes attributes) {
-    if (std::strcmp(name, "Category") == 0) {
+    if (CVIsNamed(name, "Category")) {
         for (; attributes && *attributes; attributes += 2) {
-            if (std::strcmp(*attributes, "id") == 0)
+            if (CVIsNamed(*attributes, "id"))
                 mUniqueID = QBNumberText::leadingUnsigned(attributes[1]);
         }
         delegate.setStoringCharacters(true);
-    } else if (std::strcmp(name, "ExpenseEstimates") == 0) {
+    } else if (CVIsNamed(name, "ExpenseEstimates")) {
         readEstimates(attributes);
     } else {
         delegate.setWorkingOnUnknownTag(true);
@@ -90,7 +90,7 @@ void CVCategory::parsingDelegateStartElement(CVParsingDelegate& delegate, const 
 }
 
 void CVCategory::parsingDelegateEndElement(CVParsingDelegate& delegate, const char* name) {
-    if (std::strcmp(name, "Category") != 0)
+    if (!CVIsNamed(name, "Category"))
         return;
     mCategoryName = delegate.tempParsingString();
     delegate.popParsingObjectForEndingElement(name);

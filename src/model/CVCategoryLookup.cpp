@@ -6,19 +6,15 @@
 #include <algorithm>
 
 CVCategoryLookup::CVCategoryLookup(const CVDocument::Categories& categories) {
-    mByID.reserve(categories.size());
-    for (const auto& category : categories)
-        mByID.try_emplace(category->uniqueID(), category.get());
-}
-
-CVCategory* CVCategoryLookup::find(quint32 id) const {
-    const auto found = mByID.find(id);
-    return found == mByID.end() ? nullptr : found->second;
+    for (const auto& category : categories) {
+        if (mByID.insert(category->uniqueID(), category.get()))
+            mFirsts.push_back(category.get());
+    }
 }
 
 std::unordered_map<quint32, int> CVCategoryLookup::nameRanks() const {
     std::vector<const CVCategory*> named;
-    for (const auto& [id, category] : mByID) {
+    for (const CVCategory* const category : mFirsts) {
         if (!category->categoryName().isNull())
             named.push_back(category);
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/CVDocument.h"
+#include "model/CVIDMap.h"
 
 #include <unordered_map>
 
@@ -15,12 +16,14 @@ public:
     explicit CVCategoryLookup(const CVDocument::Categories& categories);
 
     /// Null when there is none.
-    [[nodiscard]] CVCategory* find(quint32 id) const;
+    [[nodiscard]] CVCategory* find(quint32 id) const { return mByID.find(id); }
 
     /// For each ID the place of its category's name among all names, without regard to case: names that compare as
     /// equal share a rank.
     [[nodiscard]] std::unordered_map<quint32, int> nameRanks() const;
 
 private:
-    std::unordered_map<quint32, CVCategory*> mByID;
+    CVIDMap<CVCategory*> mByID{nullptr};
+    /// The first of each ID.
+    std::vector<CVCategory*> mFirsts;
 };

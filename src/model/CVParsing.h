@@ -2,6 +2,14 @@
 
 #include <QString>
 
+#include <cstring>
+
+/// Whether an element or attribute has exactly that name. Here, with a look at the first letter, because a file of many
+/// transactions asks it tens of millions of times.
+[[nodiscard]] inline bool CVIsNamed(const char* name, const char* expected) {
+    return *name == *expected && std::strcmp(name, expected) == 0;
+}
+
 /// Attributes of an element as alternating names and values, ended by a null name; null when there are none.
 using CVXMLAttributes = const char* const*;
 

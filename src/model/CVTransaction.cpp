@@ -132,11 +132,11 @@ char* CVTransaction::write(char* out) const {
 
 void CVTransaction::parsingDelegateStartElement(CVParsingDelegate& delegate, const char* name,
                                                 CVXMLAttributes attributes) {
-    if (std::strcmp(name, "Transaction") == 0) {
+    if (CVIsNamed(name, "Transaction")) {
         readAttributes(attributes);
-    } else if (std::strcmp(name, "Data") == 0) {
+    } else if (CVIsNamed(name, "Data")) {
         readData(attributes);
-    } else if (std::strcmp(name, "PayToFrom") == 0 || std::strcmp(name, "For") == 0) {
+    } else if (CVIsNamed(name, "PayToFrom") || CVIsNamed(name, "For")) {
         delegate.setStoringCharacters(true);
     } else {
         delegate.setWorkingOnUnknownTag(true);
@@ -145,33 +145,33 @@ void CVTransaction::parsingDelegateStartElement(CVParsingDelegate& delegate, con
 }
 
 void CVTransaction::parsingDelegateEndElement(CVParsingDelegate& delegate, const char* name) {
-    if (std::strcmp(name, "PayToFrom") == 0)
+    if (CVIsNamed(name, "PayToFrom"))
         mPayToFrom = delegate.tempParsingString();
-    else if (std::strcmp(name, "For") == 0)
+    else if (CVIsNamed(name, "For"))
         mFor = delegate.tempParsingString();
-    else if (std::strcmp(name, "Transaction") == 0)
+    else if (CVIsNamed(name, "Transaction"))
         delegate.popParsingObjectForEndingElement(name);
 }
 
 void CVTransaction::readAttributes(CVXMLAttributes attributes) {
     for (; attributes && *attributes; attributes += 2) {
         const char* const value = attributes[1];
-        if (std::strcmp(*attributes, "categoryID") == 0)
+        if (CVIsNamed(*attributes, "categoryID"))
             mCategoryID = QBNumberText::leadingUnsigned(value);
-        else if (std::strcmp(*attributes, "flag") == 0)
+        else if (CVIsNamed(*attributes, "flag"))
             mUserFlag = *value == '1';
-        else if (std::strcmp(*attributes, "tax_flag") == 0)
+        else if (CVIsNamed(*attributes, "tax_flag"))
             mTaxFlag = *value == '1';
-        else if (std::strcmp(*attributes, "transaction_set_id") == 0)
+        else if (CVIsNamed(*attributes, "transaction_set_id"))
             mTransactionSetID = QBNumberText::leadingUnsigned(value);
     }
 }
 
 void CVTransaction::readData(CVXMLAttributes attributes) {
     for (; attributes && *attributes; attributes += 2) {
-        if (std::strcmp(*attributes, "date") == 0)
+        if (CVIsNamed(*attributes, "date"))
             mEffectiveDate = QBDate::optimizedDateWithCStringXMLFormat(attributes[1]);
-        else if (std::strcmp(*attributes, "amount") == 0)
+        else if (CVIsNamed(*attributes, "amount"))
             mAmount = QBNumberText::leadingDouble(attributes[1]);
     }
 }

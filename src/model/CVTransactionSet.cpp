@@ -3,8 +3,6 @@
 #include "shared/base/QBNumberText.h"
 #include "shared/base/QBXMLText.h"
 
-#include <cstring>
-
 void CVTransactionSet::setTransactionSetName(const QString& name) {
     mName = xml_storableText(name);
 }
@@ -17,20 +15,20 @@ QByteArray CVTransactionSet::xmlRepresentation() const {
 
 void CVTransactionSet::parsingDelegateStartElement(CVParsingDelegate& delegate, const char* name,
                                                    CVXMLAttributes attributes) {
-    if (std::strcmp(name, "TransactionSet") != 0) {
+    if (!CVIsNamed(name, "TransactionSet")) {
         delegate.setWorkingOnUnknownTag(true);
         delegate.setUnknownTag(name);
         return;
     }
     for (; attributes && *attributes; attributes += 2) {
-        if (std::strcmp(*attributes, "id") == 0)
+        if (CVIsNamed(*attributes, "id"))
             mUniqueID = QBNumberText::leadingUnsigned(attributes[1]);
     }
     delegate.setStoringCharacters(true);
 }
 
 void CVTransactionSet::parsingDelegateEndElement(CVParsingDelegate& delegate, const char* name) {
-    if (std::strcmp(name, "TransactionSet") != 0)
+    if (!CVIsNamed(name, "TransactionSet"))
         return;
     mName = delegate.tempParsingString();
     delegate.popParsingObjectForEndingElement(name);

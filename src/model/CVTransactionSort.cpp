@@ -52,16 +52,17 @@ struct TextKey {
 /// Makes the category keys of one sort.
 class CategoryKeys {
 public:
-    explicit CategoryKeys(const CVDocument::Categories& categories)
-        : mRanks(CVCategoryLookup(categories).nameRanks()) {}
+    explicit CategoryKeys(const CVDocument::Categories& categories) {
+        for (const auto& [id, rank] : CVCategoryLookup(categories).nameRanks())
+            mRanks.insert(id, rank);
+    }
 
     [[nodiscard]] CategoryKey of(const CVTransaction& transaction) const {
-        const auto found = mRanks.find(transaction.categoryID());
-        return {transaction.categoryID(), found == mRanks.end() ? CVCategoryLookup::kNoRank : found->second};
+        return {transaction.categoryID(), mRanks.find(transaction.categoryID())};
     }
 
 private:
-    std::unordered_map<quint32, int> mRanks;
+    CVIDMap<int> mRanks{CVCategoryLookup::kNoRank};
 };
 
 template <typename Key>
@@ -70,21 +71,31 @@ struct Row {
     std::size_t index;
 };
 
+/// Whether nothing is to be sorted, told without making a key for each at once. Where keys are missing, neighbours in
+/// order do not mean that all are: then it is not so.
+template <typename Key, typename KeyOf>
+bool isInOrder(const CVDocument::Transactions& transactions, bool descending, const KeyOf& keyOf) {
+    std::optional<Key> last;
+    for (const auto& transaction : transactions) {
+        const Key key = keyOf(*transaction);
+        if (!key.isComplete() || (last && (descending ? Key::before(*last, key) : Key::before(key, *last))))
+            return false;
+        last = key;
+    }
+    return true;
+}
+
 template <typename Key, typename KeyOf>
 void sortBy(CVDocument::Transactions& transactions, bool descending, KeyOf keyOf) {
+    if (isInOrder<Key>(transactions, descending, keyOf))
+        return;
     std::vector<Row<Key>> rows;
     rows.reserve(transactions.size());
-    bool isComplete = true;
-    for (const auto& transaction : transactions) {
+    for (const auto& transaction : transactions)
         rows.push_back({keyOf(*transaction), rows.size()});
-        isComplete = isComplete && rows.back().key.isComplete();
-    }
     const auto before = [descending](const Row<Key>& a, const Row<Key>& b) {
         return descending ? Key::before(b.key, a.key) : Key::before(a.key, b.key);
     };
-    // Where keys are missing, neighbours in order do not mean that all are.
-    if (isComplete && std::is_sorted(rows.begin(), rows.end(), before))
-        return;
     // A merge sort stays in bounds also where the order is no strict weak one.
     std::stable_sort(rows.begin(), rows.end(), before);
     CVDocument::Transactions sorted;

@@ -60,15 +60,21 @@ char* writePadded(char* out, qint64 value, std::size_t width) {
     return std::copy_n(digits.data(), length, out);
 }
 
-/// Reads one field of digits up to `separator` (or to the end of the text when it is 0) and takes both off the text.
+/// Reads one field of digits, with a minus sign or without, up to `separator` (or to the end of the text when it is 0)
+/// and takes both off the text.
 std::optional<qint64> takeField(std::string_view& text, char separator) {
+    constexpr qint64 kBeyondAllFields = 100 * kLargestYear;
+    const bool negative = !text.empty() && text.front() == '-';
+    std::size_t at = negative ? 1 : 0;
+    const std::size_t first = at;
     qint64 value = 0;
-    const char* const end = text.data() + text.size();
-    const auto read = std::from_chars(text.data(), end, value);
-    if (read.ec != std::errc() || (separator ? read.ptr == end || *read.ptr != separator : read.ptr != end))
+    for (; at < text.size() && text[at] >= '0' && text[at] <= '9'; ++at)
+        value = std::min(value * 10 + (text[at] - '0'), kBeyondAllFields);
+    const bool ends = separator ? at < text.size() && text[at] == separator : at == text.size();
+    if (at == first || !ends)
         return std::nullopt;
-    text.remove_prefix(static_cast<std::size_t>(read.ptr - text.data()) + (separator ? 1 : 0));
-    return value;
+    text.remove_prefix(separator ? at + 1 : at);
+    return negative ? -value : value;
 }
 
 } // namespace

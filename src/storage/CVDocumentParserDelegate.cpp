@@ -7,27 +7,9 @@
 #include "shared/base/QBNumberText.h"
 #include "shared/base/QBXMLText.h"
 
-#include <QByteArrayView>
-#include <QStringDecoder>
-
 #include <cstring>
 #include <string_view>
 #include <utility>
-
-namespace {
-
-/// Null when the bytes are not valid UTF-8. A byte-order mark at the beginning is a character of the text. A carriage
-/// return, which only a character reference can bring here, would not survive the next save and is a line feed at once.
-QString decodedText(const std::string& bytes) {
-    if (bytes.empty())
-        return QLatin1String("");
-    using Flag = QStringConverter::Flag;
-    QStringDecoder decoder(QStringConverter::Utf8, Flag::Stateless | Flag::ConvertInitialBom);
-    const QString text = decoder.decode(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
-    return decoder.hasError() ? QString() : xml_storableText(text);
-}
-
-} // namespace
 
 CVDocumentParserDelegate::CVDocumentParserDelegate(CVDocument* target) : document(target) {
     _co_parsing_object_stack.reserve(5);
@@ -58,11 +40,9 @@ void CVDocumentParserDelegate::appendCharacters(const char* bytes, qsizetype len
 }
 
 QString CVDocumentParserDelegate::tempParsingString() {
-    auto known = mTexts.find(std::string_view(_co_character_buffer));
-    if (known == mTexts.end())
-        known = mTexts.emplace(_co_character_buffer, decodedText(_co_character_buffer)).first;
+    QString text = mTexts.text(_co_character_buffer);
     _co_character_buffer.clear();
-    return known->second;
+    return text;
 }
 
 double CVDocumentParserDelegate::tempParsingStringDoubleValue() {
@@ -76,10 +56,10 @@ void CVDocumentParserDelegate::startElement(const char* name, CVXMLAttributes at
         current->parsingDelegateStartElement(*this, name, attributes);
         return;
     }
-    if (std::strcmp(name, "CorvellaDocument") != 0)
+    if (!CVIsNamed(name, "CorvellaDocument"))
         return;
     for (; attributes && *attributes; attributes += 2) {
-        if (std::strcmp(*attributes, "xmlns") == 0)
+        if (CVIsNamed(*attributes, "xmlns"))
             _co_file_version = xml_decodedFromXML(QString::fromUtf8(attributes[1]));
     }
     mFoundRoot = true;
@@ -106,25 +86,25 @@ void CVDocumentParserDelegate::endElement(const char* name) {
 /// Inside the root. An element of another name is passed over, but not its children: they count as the root's.
 void CVDocumentParserDelegate::parsingDelegateStartElement(CVParsingDelegate& /*delegate*/, const char* name,
                                                            CVXMLAttributes attributes) {
-    if (std::strcmp(name, "Transaction") == 0) {
-        const auto transaction = CVTransaction::initForFileRead();
+    if (CVIsNamed(name, "Transaction")) {
+        auto transaction = CVTransaction::initForFileRead();
         begin(*transaction, name, attributes);
-        document->addTransaction(transaction);
-    } else if (std::strcmp(name, "Category") == 0) {
+        document->addTransaction(std::move(transaction));
+    } else if (CVIsNamed(name, "Category")) {
         const auto category = std::make_shared<CVCategory>();
         begin(*category, name, attributes);
         document->addCategory(category);
-    } else if (std::strcmp(name, "TransactionSet") == 0) {
+    } else if (CVIsNamed(name, "TransactionSet")) {
         const auto set = std::make_shared<CVTransactionSet>();
         begin(*set, name, attributes);
         document->transactionSets().push_back(set);
-    } else if (std::strcmp(name, "MiscInfo") == 0) {
+    } else if (CVIsNamed(name, "MiscInfo")) {
         readMiscInfo(attributes);
     }
 }
 
 void CVDocumentParserDelegate::parsingDelegateEndElement(CVParsingDelegate& /*delegate*/, const char* name) {
-    if (std::strcmp(name, "CorvellaDocument") == 0)
+    if (CVIsNamed(name, "CorvellaDocument"))
         popParsingObjectForEndingElement(name);
 }
 
@@ -137,9 +117,9 @@ void CVDocumentParserDelegate::begin(Record& record, const char* name, CVXMLAttr
 
 void CVDocumentParserDelegate::readMiscInfo(CVXMLAttributes attributes) {
     for (; attributes && *attributes; attributes += 2) {
-        if (std::strcmp(*attributes, "id") == 0)
+        if (CVIsNamed(*attributes, "id"))
             document->setUniqueID(QBNumberText::leadingUnsigned(attributes[1]));
-        else if (std::strcmp(*attributes, "current_transaction_set_id") == 0)
+        else if (CVIsNamed(*attributes, "current_transaction_set_id"))
             document->setCurrentTransactionSet(QBNumberText::leadingUnsigned(attributes[1]));
     }
 }

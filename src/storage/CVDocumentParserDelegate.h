@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/CVParsing.h"
+#include "storage/CVTextPool.h"
 
 #include <QByteArray>
 #include <QCoreApplication>
@@ -9,7 +10,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 class CVDocument;
@@ -87,11 +87,6 @@ public:
     void parsingDelegateEndElement(CVParsingDelegate& delegate, const char* name) override;
 
 private:
-    struct TextHash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
-    };
-
     bool keepPlainBytes(QByteArray bytes);
     [[nodiscard]] QString malformedMessage() const;
     [[nodiscard]] int parsePlainBytes();
@@ -116,7 +111,7 @@ private:
     std::optional<QString> _co_file_version;
 
     /// Each text once, whatever the number of records that hold it.
-    std::unordered_map<std::string, QString, TextHash, std::equal_to<>> mTexts;
+    CVTextPool mTexts;
     bool mFoundRoot = false;
     bool mHoldsNul = false;
     /// A callback ran out of memory: what was read is incomplete.

@@ -40,12 +40,20 @@ int attributesOf(QByteArrayView text) {
 }
 
 /// Whether an element has more than `kMostAttributes` attributes. A start tag holds no further less-than sign, so that
-/// each can be looked at by itself.
+/// each can be looked at by itself, and where signs stand close together there is none of interest: from each, the
+/// search goes on at the last one within reach.
 bool hasAbsurdElement(QByteArrayView bytes) {
-    const char* at = std::find(bytes.begin(), bytes.end(), '<');
-    while (at != bytes.end()) {
-        const char* const next = std::find(at + 1, bytes.end(), '<');
-        if (next - at > kShortestAbsurdElement && attributesOf({at + 1, next}) > kMostAttributes)
+    qsizetype at = bytes.indexOf('<');
+    while (at >= 0) {
+        const QByteArrayView reach = bytes.sliced(at + 1, std::min(kShortestAbsurdElement, bytes.size() - at - 1));
+        const qsizetype last = reach.lastIndexOf('<');
+        if (last >= 0) {
+            at += 1 + last;
+            continue;
+        }
+        const qsizetype next = bytes.indexOf('<', at + 1);
+        const QByteArrayView text = bytes.sliced(at + 1, (next < 0 ? bytes.size() : next) - at - 1);
+        if (attributesOf(text) > kMostAttributes)
             return true;
         at = next;
     }
@@ -119,7 +127,7 @@ bool CVDocumentParserDelegate::parseDocumentData() {
     document->beginParsingData();
     const int result = parsePlainBytes();
     _co_decrypted_data.reset();
-    mTexts.clear();
+    mTexts = {};
     if (result != 0) {
         qCWarning(lcStorage, "Document parsing error %u", static_cast<unsigned>(result));
         mErrorMessage = malformedMessage();

@@ -172,15 +172,15 @@ TEST(QBDateAddition, OfDaysIsUndoneByTheirDifference) {
 }
 
 struct Difference {
-    qint64 months = 0;
-    qint64 days = 0;
-    qint64 allDays = 0;
+    qint64 months;
+    qint64 days;
+    qint64 allDays;
 };
 
 /// Walks from the earlier to the later day. A month is complete on its day of the month, in a month that is too short
 /// when the next one begins; then the days after its last day are left.
 Difference slowDifference(const SlowDate& earlier, const SlowDate& later) {
-    Difference difference;
+    Difference difference{0, 0, 0};
     SlowDate date = earlier;
     while (date != later) {
         const int previousDay = date.dayOfMonth;

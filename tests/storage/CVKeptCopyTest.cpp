@@ -3,6 +3,7 @@
 #include "kit/ScratchHome.h"
 #include "storage/ScratchFiles.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <gtest/gtest.h>
@@ -127,6 +128,29 @@ TEST_F(CVKeptCopyTest, ofAFileWithoutASuffixHasNone) {
     mPath = inFolder(QStringLiteral("Budget"));
     writeFile(mPath, "unreadable");
     EXPECT_EQ(keep().path, inFolder(QStringLiteral("Budget (unreadable 2014-03-07 090503)")));
+}
+
+TEST_F(CVKeptCopyTest, thatWasMovedCanBePutBack) {
+    writeFile(mPath + "/inside", "inside");
+    const CVKeptCopy kept = keep();
+    EXPECT_TRUE(kept.moved);
+    EXPECT_TRUE(CVPutBack(kept, mPath));
+    EXPECT_EQ(readFile(mPath + "/inside"), "inside");
+    EXPECT_EQ(namesIn(mFolder), QStringList({"Corvella Data.corvella"}));
+}
+
+TEST_F(CVKeptCopyTest, isNotPutBackOverWhatStandsThereByNow) {
+    writeFile(mPath + "/inside", "inside");
+    const CVKeptCopy kept = keep();
+    QDir().mkpath(mPath);
+    EXPECT_FALSE(CVPutBack(kept, mPath));
+    EXPECT_EQ(readFile(mCopy + "/inside"), "inside");
+    EXPECT_TRUE(namesIn(mPath).isEmpty());
+}
+
+TEST_F(CVKeptCopyTest, ofAFileIsNotMoved) {
+    writeFile(mPath, "unreadable");
+    EXPECT_FALSE(keep().moved);
 }
 
 } // namespace

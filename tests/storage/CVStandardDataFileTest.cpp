@@ -169,6 +169,18 @@ TEST_F(CVStandardDataFileTest, hasNoPlaceWhereItsFolderCannotBeMade) {
     EXPECT_EQ(readFile(mFolders.applicationSupport), "a file in the way");
 }
 
+TEST_F(CVStandardDataFileTest, isRememberedOnTheDiskAtOnce) {
+    const auto isOnDisk = [this](const QString& path) {
+        return readFile(mHome.path(QStringLiteral("settings.ini"))).contains(path.toUtf8());
+    };
+    writeFile(pathOf(Place::Documents), "data");
+    EXPECT_EQ(open(), pathOf(Place::Documents));
+    EXPECT_TRUE(isOnDisk(pathOf(Place::Documents)));
+    mHome.userDefaults().removeKey(CVDefaultsKeys::kDataFileLocation);
+    EXPECT_EQ(save(), pathOf(Place::Support));
+    EXPECT_TRUE(isOnDisk(pathOf(Place::Support)));
+}
+
 TEST_F(CVStandardDataFileTest, followsThePreferenceAtEverySave) {
     EXPECT_EQ(save(), pathOf(Place::Support));
     prefer(pathOf(Place::Preferred));

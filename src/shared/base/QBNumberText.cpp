@@ -1,9 +1,11 @@
 #include "shared/base/QBNumberText.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <optional>
 
 namespace QBNumberText {
 
@@ -35,6 +37,34 @@ bool beginsWithNumber(std::string_view text) {
     if (!text.empty() && text.front() == '.')
         text.remove_prefix(1);
     return !text.empty() && isDigit(text.front());
+}
+
+/// The value of up to fifteen digits with a point among them and nothing behind. Their integer and the power of ten are
+/// exact as doubles, so that the quotient is the nearest double to the number. Absent for any other text.
+std::optional<double> plainNumber(std::string_view digits) {
+    constexpr std::size_t kExactDigits = 15;
+    constexpr std::array<double, kExactDigits + 1> kPowersOfTen{1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                                1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    if (digits.size() > kExactDigits + 1)
+        return std::nullopt;
+    qint64 integer = 0;
+    std::size_t count = 0;
+    std::size_t decimals = 0;
+    bool hasPoint = false;
+    for (const char c : digits) {
+        if (isDigit(c)) {
+            integer = integer * 10 + (c - '0');
+            ++count;
+            decimals += hasPoint ? 1 : 0;
+        } else if (c == '.' && !hasPoint) {
+            hasPoint = true;
+        } else {
+            return std::nullopt;
+        }
+    }
+    if (count == 0 || count > kExactDigits)
+        return std::nullopt;
+    return static_cast<double>(integer) / kPowersOfTen[decimals];
 }
 
 /// Tells an overflow from an underflow for digits that std::from_chars found out of range: the decimal exponent of the
@@ -93,6 +123,8 @@ char* writeMoney(char* out, double value) {
 
 double leadingDouble(std::string_view text) {
     const auto [negative, digits] = splitSign(text);
+    if (const auto plain = plainNumber(digits))
+        return negative ? -*plain : *plain;
     if (!beginsWithNumber(digits))
         return 0.0;
     double value = 0.0;
