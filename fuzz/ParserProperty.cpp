@@ -77,7 +77,7 @@ QString brokenParserProperty(const QByteArray& bytes) {
     CVDocument document(surroundings.center, surroundings.defaults);
     QString message;
     const Reading outcome = read(document, bytes, message);
-    const QString broken = brokenOutcome(outcome, document, message);
+    QString broken = brokenOutcome(outcome, document, message);
     if (!broken.isNull())
         return broken;
     // The sets of malformed bytes stay, and with them those that share an ID, until the next reading.

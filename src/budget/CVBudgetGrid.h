@@ -1,10 +1,12 @@
 #pragma once
 
+#include "budget/CVCategorySlots.h"
 #include "budget/CVDayRange.h"
 #include "model/CVDocument.h"
 
 #include <optional>
 #include <span>
+#include <utility>
 #include <vector>
 
 /// All numbers of the budget grid, from one walk over the transactions: what each row's category comes to in each
@@ -25,14 +27,23 @@ public:
     [[nodiscard]] std::optional<double> columnTotal(std::size_t column) const;
 
 private:
-    [[nodiscard]] double& sum(std::size_t slot, std::size_t column) { return mSums[slot * (mColumns + 1) + column]; }
-    void addUp(const CVDocument::Transactions& transactions, std::span<const quint32> rowCategoryIDs,
-               std::span<const CVDayRange> columns, const CVDayRange& total);
+    struct Stretch;
+
+    [[nodiscard]] std::size_t lineLength() const { return mColumns + 2; }
+    [[nodiscard]] std::size_t spareColumn() const { return mColumns + 1; }
+    [[nodiscard]] std::size_t allSlot() const { return mSlots.count(); }
+    [[nodiscard]] std::size_t spareSlot() const { return mSlots.count() + 1; }
+    [[nodiscard]] double* line(std::size_t slot) { return mSums.data() + slot * lineLength(); }
+    void addUp(const CVDocument::Transactions& transactions, std::span<const CVDayRange> ranges);
+    std::size_t addUp(const CVDocument::Transactions& transactions, std::size_t first, const Stretch& stretch,
+                      std::pair<std::size_t, std::size_t> columns);
     [[nodiscard]] std::optional<double> shown(std::size_t slot, std::size_t column) const;
 
     std::size_t mColumns;
-    /// Which line of sums a row shows. The last line belongs to all transactions, and so to a category with ID 0.
-    std::vector<std::size_t> mRowSlots;
-    /// A line of sums per slot: the columns, then the total.
+    CVCategorySlots mSlots;
+    /// A line of sums per slot, one for all transactions and so for a category with ID 0, and a spare one for those of
+    /// no row. In a line the columns, then the total, then a spare one: to add to a spare sum is quicker than to ask.
     std::vector<double> mSums;
+    /// Which line a row shows.
+    std::vector<std::size_t> mRowSlots;
 };

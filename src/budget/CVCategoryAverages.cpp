@@ -38,14 +38,14 @@ struct Averages {
 
 /// One average out of another, rounded.
 struct Derivation {
-    double Averages::*average;
-    double Averages::*source;
+    double Averages::*average = nullptr;
+    double Averages::*source = nullptr;
     CVArithmeticSteps steps;
 };
 
 /// The average that is divided out of the total, and how the others follow from it, in order.
 struct Basis {
-    double Averages::*average;
+    double Averages::*average = nullptr;
     PeriodCount periods;
     std::array<Derivation, 2> others;
 };

@@ -1,46 +1,66 @@
 #include "budget/CVSpending.h"
 
-#include "model/CVTransaction.h"
+#include "budget/CVFetchAhead.h"
+#include "budget/CVRoundedSum.h"
 #include "shared/base/QBMoney.h"
+
+#include <algorithm>
+#include <limits>
 
 namespace {
 
-void widen(CVSpending& spending, const QBDate& day) {
-    if (!spending.firstDay || day.orderKey() < spending.firstDay->orderKey())
-        spending.firstDay = day;
-    if (!spending.lastDay || day.orderKey() > spending.lastDay->orderKey())
-        spending.lastDay = day;
-}
+/// A category's spending while it is added up.
+struct Running {
+    CVRoundedSum total;
+    quint64 count = 0;
+    qint64 firstDay = std::numeric_limits<qint64>::max();
+    qint64 lastDay = std::numeric_limits<qint64>::min();
+    CVRoundedSum taxTotal;
+    quint64 taxCount = 0;
+
+    void add(const CVTransaction& transaction) {
+        const double amount = transaction.amount();
+        const qint64 day = transaction.dayKey();
+        total.add(amount);
+        ++count;
+        firstDay = std::min(firstDay, day);
+        lastDay = std::max(lastDay, day);
+        if (transaction.taxFlag()) {
+            taxTotal.add(amount);
+            ++taxCount;
+        }
+    }
+
+    [[nodiscard]] CVSpending spending() const {
+        if (count == 0)
+            return {};
+        return {total.value(),    count,   QBDate::withOrderKey(firstDay), QBDate::withOrderKey(lastDay),
+                taxTotal.value(), taxCount};
+    }
+};
 
 } // namespace
 
 CVSpendingOfRange::CVSpendingOfRange(const CVDocument::Transactions& transactions, std::span<const quint32> categoryIDs,
                                      const CVDayRange& range)
     : mRange(range)
-    , mSlots(categoryIDs)
-    , mSpending(mSlots.count()) {
+    , mSlots(categoryIDs) {
     const qint64 start = range.start.orderKey();
     const qint64 end = range.end.orderKey();
+    std::vector<Running> running(mSlots.count());
     double grandTotal = 0;
-    for (const auto& transaction : transactions) {
-        const auto& date = transaction->effectiveDate();
-        if (!date || date->orderKey() < start || date->orderKey() > end)
+    for (std::size_t i = 0; i < transactions.size(); ++i) {
+        const CVTransaction& transaction = CVFetchAhead(transactions, i);
+        if (transaction.dayKey() < start || transaction.dayKey() > end)
             continue;
-        const double amount = transaction->amount();
-        grandTotal += amount;
-        const std::size_t slot = mSlots.slotOf(transaction->categoryID());
-        if (slot == CVCategorySlots::kNone)
-            continue;
-        CVSpending& spending = mSpending[slot];
-        spending.total = RoundDoubleToTwoPlaces(spending.total + amount);
-        ++spending.count;
-        widen(spending, *date);
-        if (transaction->taxFlag()) {
-            spending.taxTotal = RoundDoubleToTwoPlaces(amount + spending.taxTotal);
-            ++spending.taxCount;
-        }
+        grandTotal += transaction.amount();
+        const std::size_t slot = mSlots.slotOf(transaction.categoryID());
+        if (slot != CVCategorySlots::kNone)
+            running[slot].add(transaction);
     }
     mGrandTotal = RoundDoubleToTwoPlaces(grandTotal);
+    for (const Running& sums : running)
+        mSpending.push_back(sums.spending());
 }
 
 const CVSpending& CVSpendingOfRange::of(quint32 categoryID) const {

@@ -25,10 +25,10 @@ void append(QByteArray& text, std::string_view words) {
 
 } // namespace
 
-CVCategory::CVCategory()
+CVCategory::CVCategory(const QBDate& today)
     : mCategoryName(QLatin1String(""))
-    , mEarliestTransaction(QBDate::date())
-    , mLatestTransaction(mEarliestTransaction)
+    , mEarliestTransaction(today)
+    , mLatestTransaction(today)
     , mBillFrequency(tr("M")) {}
 
 std::optional<QStringList> CVCategory::standardCategoryNames() {

@@ -17,7 +17,8 @@ class CVCategory final : public CVParsingObject {
     Q_DECLARE_TR_FUNCTIONS(CVCategory)
 
 public:
-    CVCategory();
+    /// Its bounds are `today` until transactions widen them.
+    explicit CVCategory(const QBDate& today = QBDate::date());
 
     /// The names of the categories that a new document starts with, read once and kept; absent when the resource
     /// "CategoryNames" cannot be read, in which case the next call tries again.

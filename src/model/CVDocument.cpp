@@ -95,8 +95,9 @@ void CVDocument::removeAllCategories() {
 }
 
 void CVDocument::setInitialCategories() {
+    const QBDate today = QBDate::date();
     for (const QString& name : CVCategory::standardCategoryNames().value_or(QStringList())) {
-        const auto category = std::make_shared<CVCategory>();
+        const auto category = std::make_shared<CVCategory>(today);
         category->setCategoryName(name);
         category->setUniqueID(getUniqueID());
         category->setDocument(this);
@@ -135,8 +136,11 @@ void CVDocument::sortCategories() {
 void CVDocument::removeCategory(const std::shared_ptr<CVCategory>& category) {
     if (!category)
         return;
-    if (std::erase(mCategories, category) > 0)
+    // `category` may be the very element that goes.
+    if (const auto found = std::find(mCategories.begin(), mCategories.end(), category); found != mCategories.end()) {
         category->setDocument(nullptr);
+        mCategories.erase(found);
+    }
     announceCategories();
 }
 

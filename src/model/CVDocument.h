@@ -52,6 +52,8 @@ public:
     [[nodiscard]] std::shared_ptr<CVTransactionSet> findTransactionSetFromID(quint32 id) const;
 
     [[nodiscard]] const Transactions& transactions() const { return mTransactions; }
+    /// Makes room at once for as many as the reader expects; more may come, or less.
+    void reserveTransactions(std::size_t count) { mTransactions.reserve(count); }
     /// Appends, without order or announcement; the reader's way in.
     void addTransaction(std::shared_ptr<CVTransaction> transaction);
     /// Files a transaction under the current set (or the fallback of `findTransactionSetFromID`), widens the bounds of

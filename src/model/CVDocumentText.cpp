@@ -14,17 +14,17 @@ constexpr qsizetype kFirstBlockSize = 512;
 } // namespace
 
 void CVTextArena::makeRoom(qsizetype bound) {
-    const qsizetype needed = (mBlock ? mBlock->size() : 0) + bound;
-    if (mBlock && needed <= mBlock->capacity())
+    const qsizetype needed = (mBlock ? mBlock->bytes.size() : 0) + bound;
+    if (mBlock && needed <= mBlock->bytes.capacity())
         return;
     // The first block grows, so that the text of a single changed line does not hold a megabyte.
     if (mBlock && needed <= kBlockSize) {
-        mBlock->reserve(std::min(std::max(needed, 2 * mBlock->capacity()), kBlockSize));
+        mBlock->bytes.reserve(std::min(std::max(needed, 2 * mBlock->bytes.capacity()), kBlockSize));
         return;
     }
     const qsizetype size = std::max(bound, mBlock ? kBlockSize : kFirstBlockSize);
-    mBlock = std::make_shared<QByteArray>();
-    mBlock->reserve(size);
+    mBlock = new CVTextBlock;
+    mBlock->bytes.reserve(size);
 }
 
 void CVDocumentText::append(const CVTextSlice& slice) {

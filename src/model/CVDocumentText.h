@@ -2,20 +2,26 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
+#include <QExplicitlySharedDataPointer>
+#include <QSharedData>
 
-#include <memory>
 #include <vector>
+
+/// Rendered text that several slices share. Counts its references itself, because every transaction holds one.
+struct CVTextBlock final : QSharedData {
+    QByteArray bytes;
+};
 
 /// A run of bytes in a block of rendered text that others may share. Null until something was rendered. A block never
 /// changes once the arena that made it is gone, so a slice can be read on another thread.
 struct CVTextSlice {
-    std::shared_ptr<const QByteArray> block;
+    QExplicitlySharedDataPointer<const CVTextBlock> block;
     quint32 offset = 0;
     quint32 length = 0;
 
     [[nodiscard]] bool isNull() const { return !block; }
     [[nodiscard]] QByteArrayView bytes() const {
-        return isNull() ? QByteArrayView() : QByteArrayView(block->constData() + offset, length);
+        return isNull() ? QByteArrayView() : QByteArrayView(block->bytes.constData() + offset, length);
     }
 };
 
@@ -27,17 +33,19 @@ public:
     template <typename Writer>
     [[nodiscard]] CVTextSlice add(qsizetype bound, Writer write) {
         makeRoom(bound);
-        const qsizetype offset = mBlock->size();
-        mBlock->resize(offset + bound);
-        const char* const end = write(mBlock->data() + offset);
-        mBlock->resize(end - mBlock->constData());
-        return {mBlock, static_cast<quint32>(offset), static_cast<quint32>(mBlock->size() - offset)};
+        QByteArray& bytes = mBlock->bytes;
+        const qsizetype offset = bytes.size();
+        bytes.resize(offset + bound);
+        const char* const end = write(bytes.data() + offset);
+        bytes.resize(end - bytes.constData());
+        return {QExplicitlySharedDataPointer<const CVTextBlock>(mBlock.data()), static_cast<quint32>(offset),
+                static_cast<quint32>(bytes.size() - offset)};
     }
 
 private:
     void makeRoom(qsizetype bound);
 
-    std::shared_ptr<QByteArray> mBlock;
+    QExplicitlySharedDataPointer<CVTextBlock> mBlock;
 };
 
 /// The text of a whole document as slices in order. Copying it copies no text: a snapshot costs its pieces, and texts

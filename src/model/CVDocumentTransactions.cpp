@@ -35,7 +35,7 @@ void CVDocument::insertTransaction(const std::shared_ptr<CVTransaction>& transac
     const auto set = findTransactionSetFromID(mCurrentTransactionSetID);
     transaction->setTransactionSetID(set ? set->uniqueID() : 0);
     transaction->setDocument(this);
-    if (const auto& date = transaction->effectiveDate()) {
+    if (const auto date = transaction->effectiveDate()) {
         widenBounds(*date);
         if (const auto category = getCategoryByUniqueID(transaction->categoryID()))
             category->widenBounds(*date);
@@ -83,12 +83,13 @@ void CVDocument::sortTransactionsByDate() {
 std::size_t CVDocument::indexInTransactionArrayOfDate(const std::optional<QBDate>& date) const {
     auto low = std::ptrdiff_t(0);
     auto high = static_cast<std::ptrdiff_t>(mTransactions.size()) - 1;
+    const qint64 day = QBDate::orderKey(date);
     while (low <= high) {
         const std::ptrdiff_t mid = (low + high) / 2;
-        const auto& other = mTransactions[static_cast<std::size_t>(mid)]->effectiveDate();
-        if (date > other)
+        const qint64 other = mTransactions[static_cast<std::size_t>(mid)]->dayKey();
+        if (day > other)
             high = mid - 1;
-        else if (date < other)
+        else if (day < other)
             low = mid + 1;
         else
             return static_cast<std::size_t>(mid);
@@ -106,7 +107,7 @@ void CVDocument::updateDates() {
     std::optional<QBDate> earliest;
     std::optional<QBDate> latest;
     for (const auto& transaction : mTransactions) {
-        const auto& date = transaction->effectiveDate();
+        const auto date = transaction->effectiveDate();
         if (!date)
             continue;
         if (!latest)

@@ -25,7 +25,7 @@ char* put(char* out, std::string_view text) {
 } // namespace
 
 CVTransaction::CVTransaction()
-    : mEffectiveDate(QBDate::date())
+    : mEffectiveDate(QBDate::date().orderKey())
     , mPayToFrom(QLatin1String(""))
     , mFor(QLatin1String("")) {}
 
@@ -33,10 +33,15 @@ std::shared_ptr<CVTransaction> CVTransaction::initForFileRead() {
     return std::make_shared<CVTransaction>(FileRead());
 }
 
+std::shared_ptr<CVTransaction[]> CVTransaction::initForFileRead(std::size_t count) {
+    return std::make_shared<CVTransaction[]>(count, CVTransaction(FileRead()));
+}
+
 void CVTransaction::setEffectiveDate(const std::optional<QBDate>& date) {
-    if (mEffectiveDate == date)
+    const qint64 key = QBDate::orderKey(date);
+    if (mEffectiveDate == key)
         return;
-    mEffectiveDate = date;
+    mEffectiveDate = key;
     changed();
 }
 
@@ -120,7 +125,8 @@ char* CVTransaction::write(char* out) const {
     out = QBNumberText::writeUnsigned(out, mTransactionSetID);
     out = put(out, R"("><Data date=")");
     // The form of a null text; it reads back as no date.
-    out = mEffectiveDate ? mEffectiveDate->writeXMLRepresentation(out) : put(out, "(null)");
+    const auto date = effectiveDate();
+    out = date ? date->writeXMLRepresentation(out) : put(out, "(null)");
     out = put(out, R"(" amount=")");
     out = QBNumberText::writeMoney(out, mAmount);
     out = put(out, R"(" /><PayToFrom>)");
@@ -170,7 +176,7 @@ void CVTransaction::readAttributes(CVXMLAttributes attributes) {
 void CVTransaction::readData(CVXMLAttributes attributes) {
     for (; attributes && *attributes; attributes += 2) {
         if (CVIsNamed(*attributes, "date"))
-            mEffectiveDate = QBDate::optimizedDateWithCStringXMLFormat(attributes[1]);
+            mEffectiveDate = QBDate::orderKey(QBDate::optimizedDateWithCStringXMLFormat(attributes[1]));
         else if (CVIsNamed(*attributes, "amount"))
             mAmount = QBNumberText::leadingDouble(attributes[1]);
     }

@@ -24,9 +24,13 @@ public:
     CVTransaction();
     /// Nothing set: no date, null texts. The reader fills it.
     [[nodiscard]] static std::shared_ptr<CVTransaction> initForFileRead();
+    /// Several of these in one piece of memory.
+    [[nodiscard]] static std::shared_ptr<CVTransaction[]> initForFileRead(std::size_t count);
     explicit CVTransaction(FileRead /*passkey*/) {}
 
-    [[nodiscard]] const std::optional<QBDate>& effectiveDate() const { return mEffectiveDate; }
+    [[nodiscard]] std::optional<QBDate> effectiveDate() const { return QBDate::withOrderKey(mEffectiveDate); }
+    /// The order key of its date, for walks over all transactions; that of a missing one comes before all others.
+    [[nodiscard]] qint64 dayKey() const { return mEffectiveDate; }
     [[nodiscard]] const QString& payTo() const { return mPayToFrom; }
     [[nodiscard]] const QString& xfor() const { return mFor; }
     [[nodiscard]] double amount() const { return mAmount; }
@@ -67,14 +71,15 @@ private:
     [[nodiscard]] char* write(char* out) const;
     void changed() { mXMLString = {}; }
 
-    std::optional<QBDate> mEffectiveDate;
-    QString mPayToFrom;
-    QString mFor;
+    /// What walks over all transactions read comes first and together. As an order key.
+    qint64 mEffectiveDate = QBDate::orderKey(std::nullopt);
     double mAmount = 0;
     quint32 mCategoryID = 0;
     quint32 mTransactionSetID = 0;
     bool mTaxFlag = false;
     bool mUserFlag = false;
+    QString mPayToFrom;
+    QString mFor;
     mutable CVTextSlice mXMLString;
     CVDocument* mDocument = nullptr;
 };

@@ -23,12 +23,12 @@ struct CategoryKey {
 };
 
 struct DateKey {
-    std::optional<QBDate> date;
+    qint64 day;
     CategoryKey category;
 
     [[nodiscard]] bool isComplete() const { return category.isComplete(); }
     [[nodiscard]] static bool before(const DateKey& a, const DateKey& b) {
-        return a.date == b.date ? CategoryKey::before(a.category, b.category) : a.date < b.date;
+        return a.day == b.day ? CategoryKey::before(a.category, b.category) : a.day < b.day;
     }
 };
 
@@ -73,8 +73,8 @@ struct Row {
 
 /// Whether nothing is to be sorted, told without making a key for each at once. Where keys are missing, neighbours in
 /// order do not mean that all are: then it is not so.
-template <typename Key, typename KeyOf>
-bool isInOrder(const CVDocument::Transactions& transactions, bool descending, const KeyOf& keyOf) {
+template <typename Key, typename Pointers, typename KeyOf>
+bool isInOrder(const Pointers& transactions, bool descending, const KeyOf& keyOf) {
     std::optional<Key> last;
     for (const auto& transaction : transactions) {
         const Key key = keyOf(*transaction);
@@ -85,8 +85,8 @@ bool isInOrder(const CVDocument::Transactions& transactions, bool descending, co
     return true;
 }
 
-template <typename Key, typename KeyOf>
-void sortBy(CVDocument::Transactions& transactions, bool descending, KeyOf keyOf) {
+template <typename Key, typename Pointers, typename KeyOf>
+void sortBy(Pointers& transactions, bool descending, KeyOf keyOf) {
     if (isInOrder<Key>(transactions, descending, keyOf))
         return;
     std::vector<Row<Key>> rows;
@@ -98,60 +98,75 @@ void sortBy(CVDocument::Transactions& transactions, bool descending, KeyOf keyOf
     };
     // A merge sort stays in bounds also where the order is no strict weak one.
     std::stable_sort(rows.begin(), rows.end(), before);
-    CVDocument::Transactions sorted;
+    Pointers sorted;
     sorted.reserve(transactions.size());
     for (const auto& row : rows)
         sorted.push_back(std::move(transactions[row.index]));
     transactions = std::move(sorted);
 }
 
-using Sort = void (*)(CVDocument::Transactions&, bool, const CVDocument::Categories&);
-
-void sortByDate(CVDocument::Transactions& transactions, bool descending, const CVDocument::Categories& categories) {
+template <typename Pointers>
+void sortByDate(Pointers& transactions, bool descending, const CVDocument::Categories& categories) {
     sortBy<DateKey>(transactions, descending,
                     [keys = CategoryKeys(categories)](const CVTransaction& transaction) -> DateKey {
-                        return {transaction.effectiveDate(), keys.of(transaction)};
+                        return {transaction.dayKey(), keys.of(transaction)};
                     });
 }
 
-void sortByAmount(CVDocument::Transactions& transactions, bool descending, const CVDocument::Categories& /*unused*/) {
+template <typename Pointers>
+void sortByAmount(Pointers& transactions, bool descending, const CVDocument::Categories& /*unused*/) {
     sortBy<AmountKey>(transactions, descending,
                       [](const CVTransaction& transaction) -> AmountKey { return {transaction.amount()}; });
 }
 
-void sortByPayee(CVDocument::Transactions& transactions, bool descending, const CVDocument::Categories& /*unused*/) {
+template <typename Pointers>
+void sortByPayee(Pointers& transactions, bool descending, const CVDocument::Categories& /*unused*/) {
     sortBy<TextKey>(transactions, descending,
                     [](const CVTransaction& transaction) -> TextKey { return {&transaction.payTo()}; });
 }
 
-void sortByFor(CVDocument::Transactions& transactions, bool descending, const CVDocument::Categories& /*unused*/) {
+template <typename Pointers>
+void sortByFor(Pointers& transactions, bool descending, const CVDocument::Categories& /*unused*/) {
     sortBy<TextKey>(transactions, descending,
                     [](const CVTransaction& transaction) -> TextKey { return {&transaction.xfor()}; });
 }
 
-void sortByCategory(CVDocument::Transactions& transactions, bool descending, const CVDocument::Categories& categories) {
+template <typename Pointers>
+void sortByCategory(Pointers& transactions, bool descending, const CVDocument::Categories& categories) {
     sortBy<CategoryKey>(transactions, descending, [keys = CategoryKeys(categories)](const CVTransaction& transaction) {
         return keys.of(transaction);
     });
 }
 
+template <typename Pointers>
 struct Column {
     QLatin1StringView key;
-    Sort sort = nullptr;
+    void (*sort)(Pointers&, bool, const CVDocument::Categories&) = nullptr;
 };
 
-constexpr std::array<Column, 5> kColumns{{{QLatin1StringView("date"), sortByDate},
-                                          {QLatin1StringView("amount"), sortByAmount},
-                                          {QLatin1StringView("tofrom"), sortByPayee},
-                                          {QLatin1StringView("for"), sortByFor},
-                                          {QLatin1StringView("category"), sortByCategory}}};
+template <typename Pointers>
+constexpr std::array<Column<Pointers>, 5> kColumns{{{QLatin1StringView("date"), sortByDate<Pointers>},
+                                                    {QLatin1StringView("amount"), sortByAmount<Pointers>},
+                                                    {QLatin1StringView("tofrom"), sortByPayee<Pointers>},
+                                                    {QLatin1StringView("for"), sortByFor<Pointers>},
+                                                    {QLatin1StringView("category"), sortByCategory<Pointers>}}};
+
+template <typename Pointers>
+void sort(Pointers& transactions, const CVTransactionSortContext& context, const CVDocument::Categories& categories) {
+    for (const auto& column : kColumns<Pointers>) {
+        if (context.key == column.key)
+            column.sort(transactions, context.descending, categories);
+    }
+}
 
 } // namespace
 
 void CVSortTransactions(CVDocument::Transactions& transactions, const CVTransactionSortContext& context,
                         const CVDocument::Categories& categories) {
-    for (const Column& column : kColumns) {
-        if (context.key == column.key)
-            column.sort(transactions, context.descending, categories);
-    }
+    sort(transactions, context, categories);
+}
+
+void CVSortTransactions(std::vector<CVTransaction*>& transactions, const CVTransactionSortContext& context,
+                        const CVDocument::Categories& categories) {
+    sort(transactions, context, categories);
 }

@@ -8,3 +8,6 @@
 /// to. An unknown key leaves everything in place; a list that is in order already costs one walk.
 void CVSortTransactions(CVDocument::Transactions& transactions, const CVTransactionSortContext& context,
                         const CVDocument::Categories& categories);
+/// The same for a list that does not own them; none of the pointers is null.
+void CVSortTransactions(std::vector<CVTransaction*>& transactions, const CVTransactionSortContext& context,
+                        const CVDocument::Categories& categories);

@@ -103,16 +103,16 @@ std::optional<QBDate> QBDate::optimizedDateWithCStringXMLFormat(std::string_view
     if (!day || *year < -kLargestYear || *year > kLargestYear || *month < 1 || *month > kMonthsPerYear || *day < 1 ||
         *day > lengthOfMonth(*year, static_cast<int>(*month)))
         return std::nullopt;
-    return QBDate(*year, static_cast<quint8>(*month), static_cast<quint8>(*day));
+    return QBDate(*year, *month, *day);
 }
 
 QBDate QBDate::dateByAddingYears(qint64 years, qint64 months, qint64 days) const {
-    const qint64 monthIndex = _qb_month - 1 + months;
-    const qint64 year = _qb_year + years + floorDivide(monthIndex, kMonthsPerYear);
+    const qint64 monthIndex = monthOfYear() - 1 + months;
+    const qint64 year = yearOfCommonEra() + years + floorDivide(monthIndex, kMonthsPerYear);
     const int month = static_cast<int>(floorModulo(monthIndex, kMonthsPerYear)) + 1;
-    const qint64 day = _qb_day + days;
+    const qint64 day = dayOfMonth() + days;
     if (day >= 1 && day <= lengthOfMonth(year, month))
-        return {year, static_cast<quint8>(month), static_cast<quint8>(day)};
+        return {year, month, day};
     return fromDayNumber(dayNumberOfFirst(year, month) + day - 1);
 }
 
@@ -125,8 +125,8 @@ void QBDate::yearsMonthsDaysSinceDate(qint64* years, qint64* months, qint64* day
         }
         return;
     }
-    const qint64 wholeMonths = (_qb_year - earlier._qb_year) * kMonthsPerYear + (_qb_month - earlier._qb_month) -
-                               (_qb_day < earlier._qb_day ? 1 : 0);
+    const qint64 wholeMonths = (yearOfCommonEra() - earlier.yearOfCommonEra()) * kMonthsPerYear +
+                               (monthOfYear() - earlier.monthOfYear()) - (dayOfMonth() < earlier.dayOfMonth() ? 1 : 0);
     qint64 counted = 0;
     if (years) {
         *years = wholeMonths / kMonthsPerYear;
@@ -138,8 +138,10 @@ void QBDate::yearsMonthsDaysSinceDate(qint64* years, qint64* months, qint64* day
     }
     if (days) {
         // The days left are counted from the same day of the month reached, or from that month's last day.
-        const QBDate first = QBDate(earlier._qb_year, earlier._qb_month, 1).dateByAddingYears(0, counted, 0);
-        const int day = std::min<int>(earlier._qb_day, lengthOfMonth(first._qb_year, first._qb_month));
+        const QBDate first =
+            QBDate(earlier.yearOfCommonEra(), earlier.monthOfYear(), 1).dateByAddingYears(0, counted, 0);
+        const int day =
+            std::min<int>(earlier.dayOfMonth(), lengthOfMonth(first.yearOfCommonEra(), first.monthOfYear()));
         *days = dayNumber() - (first.dayNumber() + day - 1);
     }
 }
@@ -153,11 +155,11 @@ QDateTime QBDate::nsCalendarDate() const {
 }
 
 char* QBDate::writeXMLRepresentation(char* out) const {
-    out = writePadded(out, _qb_year, 4);
+    out = writePadded(out, yearOfCommonEra(), 4);
     *out++ = '/';
-    out = writePadded(out, _qb_month, 2);
+    out = writePadded(out, monthOfYear(), 2);
     *out++ = '/';
-    return writePadded(out, _qb_day, 2);
+    return writePadded(out, dayOfMonth(), 2);
 }
 
 QByteArray QBDate::corvellaXMLRepresentation() const {
@@ -175,9 +177,9 @@ QBDate QBDate::fromDayNumber(qint64 number) {
     const qint64 marchMonth = (5 * dayOfYear + 2) / 153;
     const qint64 month = marchMonth < 10 ? marchMonth + 3 : marchMonth - 9;
     const qint64 year = yearOfEra + era * 400 + (month <= 2 ? 1 : 0);
-    return {year, static_cast<quint8>(month), static_cast<quint8>(dayOfYear - (153 * marchMonth + 2) / 5 + 1)};
+    return {year, month, dayOfYear - (153 * marchMonth + 2) / 5 + 1};
 }
 
 qint64 QBDate::dayNumber() const {
-    return dayNumberOfFirst(_qb_year, _qb_month) + _qb_day - 1;
+    return dayNumberOfFirst(yearOfCommonEra(), monthOfYear()) + dayOfMonth() - 1;
 }

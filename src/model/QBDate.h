@@ -3,6 +3,7 @@
 #include <QDateTime>
 
 #include <compare>
+#include <limits>
 #include <optional>
 #include <string_view>
 
@@ -38,14 +39,21 @@ public:
 
     /// 0 = Sunday to 6 = Saturday.
     [[nodiscard]] int dayOfWeek() const;
-    [[nodiscard]] int dayOfMonth() const { return _qb_day; }
-    [[nodiscard]] int monthOfYear() const { return _qb_month; }
-    [[nodiscard]] qint64 yearOfCommonEra() const { return _qb_year; }
+    [[nodiscard]] constexpr int dayOfMonth() const { return static_cast<int>(_qb_fields & kLargestDay); }
+    [[nodiscard]] constexpr int monthOfYear() const { return static_cast<int>(_qb_fields >> kDayBits & kLargestMonth); }
+    [[nodiscard]] constexpr qint64 yearOfCommonEra() const { return _qb_fields >> (kDayBits + kMonthBits); }
     /// The start of the day in the local time zone.
     [[nodiscard]] QDateTime nsCalendarDate() const;
 
-    /// A number that orders days as the days themselves, quick to compare in a walk over many.
-    [[nodiscard]] constexpr qint64 orderKey() const { return _qb_year * 512 + _qb_month * 32 + _qb_day; }
+    /// A number that orders days as the days themselves, for walks over very many; a missing day comes before all.
+    [[nodiscard]] constexpr qint64 orderKey() const { return _qb_fields; }
+    [[nodiscard]] static constexpr qint64 orderKey(const std::optional<QBDate>& day) {
+        return day ? day->_qb_fields : kNoDay;
+    }
+    /// The day of a key that `orderKey` gave.
+    [[nodiscard]] static constexpr std::optional<QBDate> withOrderKey(qint64 key) {
+        return key == kNoDay ? std::nullopt : std::optional(QBDate(key));
+    }
 
     /// Room for the longest file form, in bytes.
     static constexpr qsizetype kXMLBound = 24;
@@ -57,12 +65,20 @@ public:
     friend constexpr auto operator<=>(const QBDate&, const QBDate&) = default;
 
 private:
-    constexpr QBDate(qint64 year, quint8 month, quint8 day) : _qb_year(year), _qb_month(month), _qb_day(day) {}
+    static constexpr int kDayBits = 5;
+    static constexpr int kMonthBits = 4;
+    static constexpr qint64 kLargestDay = (1 << kDayBits) - 1;
+    static constexpr qint64 kLargestMonth = (1 << kMonthBits) - 1;
+
+    static constexpr qint64 kNoDay = std::numeric_limits<qint64>::min();
+
+    constexpr explicit QBDate(qint64 fields) : _qb_fields(fields) {}
+    constexpr QBDate(qint64 year, qint64 month, qint64 day)
+        : _qb_fields((year << kMonthBits | month) << kDayBits | day) {}
     [[nodiscard]] static QBDate fromDayNumber(qint64 number);
     /// Days since 1 January 1970.
     [[nodiscard]] qint64 dayNumber() const;
 
-    qint64 _qb_year;
-    quint8 _qb_month;
-    quint8 _qb_day;
+    /// The year, the month and the day side by side, so that comparing two days compares two numbers.
+    qint64 _qb_fields;
 };

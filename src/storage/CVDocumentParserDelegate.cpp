@@ -87,11 +87,11 @@ void CVDocumentParserDelegate::endElement(const char* name) {
 void CVDocumentParserDelegate::parsingDelegateStartElement(CVParsingDelegate& /*delegate*/, const char* name,
                                                            CVXMLAttributes attributes) {
     if (CVIsNamed(name, "Transaction")) {
-        auto transaction = CVTransaction::initForFileRead();
+        auto transaction = mTransactions.next();
         begin(*transaction, name, attributes);
         document->addTransaction(std::move(transaction));
     } else if (CVIsNamed(name, "Category")) {
-        const auto category = std::make_shared<CVCategory>();
+        const auto category = std::make_shared<CVCategory>(mToday);
         begin(*category, name, attributes);
         document->addCategory(category);
     } else if (CVIsNamed(name, "TransactionSet")) {

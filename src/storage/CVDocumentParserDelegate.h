@@ -1,6 +1,8 @@
 #pragma once
 
 #include "model/CVParsing.h"
+#include "model/CVTransactionBlocks.h"
+#include "model/QBDate.h"
 #include "storage/CVTextPool.h"
 
 #include <QByteArray>
@@ -112,6 +114,9 @@ private:
 
     /// Each text once, whatever the number of records that hold it.
     CVTextPool mTexts;
+    CVTransactionBlocks mTransactions;
+    /// Asked for once: the clock looks up the time zone each time.
+    QBDate mToday = QBDate::date();
     bool mFoundRoot = false;
     bool mHoldsNul = false;
     /// A callback ran out of memory: what was read is incomplete.

@@ -79,7 +79,6 @@ bool CVDocumentParserDelegate::keepPlainBytes(QByteArray bytes) {
         mErrorMessage = tr("the file is larger than 2 GiB");
         return false;
     }
-    mHoldsNul = bytes.contains('\0');
     _co_decrypted_data = std::move(bytes);
     return true;
 }

@@ -6,7 +6,6 @@
 #include <QStringDecoder>
 
 #include <functional>
-#include <utility>
 
 namespace {
 
@@ -23,35 +22,39 @@ QString decodedText(std::string_view bytes) {
 
 } // namespace
 
-CVTextPool::CVTextPool() : mEntries(kFirstLength), mEmpty(QLatin1String("")) {}
+CVTextPool::CVTextPool() : mSlots(kFirstLength), mEmpty(QLatin1String("")) {}
 
-const QString& CVTextPool::text(std::string_view utf8) {
+QString CVTextPool::text(std::string_view utf8) {
     if (utf8.empty())
         return mEmpty;
-    const std::size_t hash = std::hash<std::string_view>()(utf8);
-    if (const Entry& known = find(hash, utf8); !known.utf8.empty())
-        return known.text;
-    if (2 * ++mTaken > mEntries.size())
+    const auto hash = static_cast<quint32>(std::hash<std::string_view>()(utf8));
+    Slot& slot = find(hash, utf8);
+    if (slot.number != 0)
+        return mEntries[slot.number - 1].text;
+    mEntries.push_back({std::string(utf8), decodedText(utf8)});
+    slot = {hash, static_cast<quint32>(mEntries.size())};
+    if (2 * mEntries.size() > mSlots.size())
         grow();
-    Entry& entry = find(hash, utf8);
-    entry = {hash, std::string(utf8), decodedText(utf8)};
-    return entry.text;
+    return mEntries.back().text;
 }
 
-/// The entry of these bytes, or the free one in which they belong.
-CVTextPool::Entry& CVTextPool::find(std::size_t hash, std::string_view utf8) {
-    const std::size_t mask = mEntries.size() - 1;
+/// The slot of these bytes, or the free one in which they belong.
+CVTextPool::Slot& CVTextPool::find(quint32 hash, std::string_view utf8) {
+    const std::size_t mask = mSlots.size() - 1;
     std::size_t at = hash & mask;
-    while (!mEntries[at].utf8.empty() && (mEntries[at].hash != hash || mEntries[at].utf8 != utf8))
+    while (mSlots[at].number != 0 && (mSlots[at].hash != hash || mEntries[mSlots[at].number - 1].utf8 != utf8))
         at = (at + 1) & mask;
-    return mEntries[at];
+    return mSlots[at];
 }
 
 void CVTextPool::grow() {
-    std::vector<Entry> old(2 * mEntries.size());
-    old.swap(mEntries);
-    for (Entry& entry : old) {
-        if (!entry.utf8.empty())
-            find(entry.hash, entry.utf8) = std::move(entry);
+    std::vector<Slot> old(2 * mSlots.size());
+    old.swap(mSlots);
+    const std::size_t mask = mSlots.size() - 1;
+    for (const Slot& slot : old) {
+        std::size_t at = slot.hash & mask;
+        while (mSlots[at].number != 0)
+            at = (at + 1) & mask;
+        mSlots[at] = slot;
     }
 }

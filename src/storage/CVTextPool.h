@@ -13,21 +13,25 @@ public:
     CVTextPool();
 
     /// The text that these bytes stand for, empty for none. Null when they are not valid UTF-8.
-    [[nodiscard]] const QString& text(std::string_view utf8);
+    [[nodiscard]] QString text(std::string_view utf8);
 
 private:
-    /// Free while it has no bytes.
     struct Entry {
-        std::size_t hash = 0;
         std::string utf8;
         QString text;
     };
+    /// What the table holds of an entry: its hash, and its number from 1 on, 0 while the slot is free.
+    struct Slot {
+        quint32 hash = 0;
+        quint32 number = 0;
+    };
 
-    [[nodiscard]] Entry& find(std::size_t hash, std::string_view utf8);
+    [[nodiscard]] Slot& find(quint32 hash, std::string_view utf8);
     void grow();
 
-    /// Their number is a power of two, at most half of them are taken.
+    /// Their number is a power of two, at most half of them are taken. They are small, and lie apart from the entries,
+    /// so that a file of few texts touches little memory.
+    std::vector<Slot> mSlots;
     std::vector<Entry> mEntries;
-    std::size_t mTaken = 0;
     QString mEmpty;
 };

@@ -24,8 +24,8 @@ struct ReportOfABudget : testing::Test {
         return *this;
     }
 
-    [[nodiscard]] CVCategory& food() { return *budget.categoryNamed(QStringLiteral("Food")); }
-    [[nodiscard]] CVCategory& car() { return *budget.categoryNamed(QStringLiteral("Car")); }
+    [[nodiscard]] CVCategory& food() const { return *budget.categoryNamed(QStringLiteral("Food")); }
+    [[nodiscard]] CVCategory& car() const { return *budget.categoryNamed(QStringLiteral("Car")); }
     [[nodiscard]] CVReportFigures figures() {
         return {budget.document().transactions(), budget.document().categories(), range};
     }

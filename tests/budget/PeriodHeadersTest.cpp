@@ -1,5 +1,5 @@
 #include "budget/CVDisplayPeriods.h"
-#include "budget/DefaultLocale.h"
+#include "kit/DefaultLocale.h"
 #include "kit/Day.h"
 #include "kit/FixedToday.h"
 #include "kit/Printers.h"

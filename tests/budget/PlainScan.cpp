@@ -17,11 +17,9 @@ double round2(double value) {
 }
 
 bool isInRange(const CVTransaction& transaction, const CVDayRange& range) {
-    if (!transaction.effectiveDate())
-        return false;
-    const QBDate& date = *transaction.effectiveDate();
-    return (date.comesAfter(range.start) || date.isSameDayAs(range.start)) &&
-           (date.comesBefore(range.end) || date.isSameDayAs(range.end));
+    const auto date = transaction.effectiveDate();
+    return date && (date->comesAfter(range.start) || date->isSameDayAs(range.start)) &&
+           (date->comesBefore(range.end) || date->isSameDayAs(range.end));
 }
 
 qint64 daysBetween(const QBDate& earlier, const QBDate& later) {
@@ -69,12 +67,18 @@ void classifyByMonths(Figures& figures, qint64 months) {
     figures.weekly = round2(figures.biWeekly * 0.5);
 }
 
+/// The periods of so many days that lie wholly in a number of days.
+double wholePeriods(qint64 days, qint64 length) {
+    const qint64 periods = days / length;
+    return static_cast<double>(periods);
+}
+
 void classify(Figures& figures, qint64 interval, const CVDayRange& range) {
     const qint64 days = daysOf(range);
     if (interval <= 11) {
         figures.billFrequency = QStringLiteral("Weekly");
         figures.budgetExpenseFrequency = 0;
-        figures.weekly = days >= 7 ? round2(figures.total / static_cast<double>(days / 7)) : 0.0;
+        figures.weekly = days >= 7 ? round2(figures.total / wholePeriods(days, 7)) : 0.0;
         figures.biWeekly = round2(figures.weekly + figures.weekly);
         figures.monthly = round2(figures.weekly * 52 / 12);
         return;
@@ -82,7 +86,7 @@ void classify(Figures& figures, qint64 interval, const CVDayRange& range) {
     if (interval <= 21) {
         figures.billFrequency = QStringLiteral("Bi-Weekly");
         figures.budgetExpenseFrequency = 1;
-        figures.biWeekly = days >= 14 ? round2(figures.total / static_cast<double>(days / 14)) : 0.0;
+        figures.biWeekly = days >= 14 ? round2(figures.total / wholePeriods(days, 14)) : 0.0;
         figures.weekly = round2(figures.biWeekly * 0.5);
         figures.monthly = round2(figures.weekly * 52 / 12);
         return;

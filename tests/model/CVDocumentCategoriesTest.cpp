@@ -95,6 +95,16 @@ TEST(CVDocumentCategories, LeaveTheirTransactionsBehindWhenRemoved) {
     EXPECT_TRUE(budget.document().categoryInUse(*category));
 }
 
+TEST(CVDocumentCategories, ACategoryIsRemovedThroughTheCollectionsOwnReferenceToIt) {
+    BudgetBuilder budget;
+    budget.category("Food", 1).category("Fuel", 2);
+    const std::shared_ptr<CVCategory> food = budget.document().categories().front();
+    budget.document().removeCategory(budget.document().categories().front());
+    EXPECT_EQ(food->document(), nullptr);
+    ASSERT_EQ(budget.document().countOfCategories(), 1U);
+    EXPECT_EQ(budget.document().objectInCategoriesAtIndex(0)->document(), &budget.document());
+}
+
 TEST(CVDocumentCategories, AreInUseOnlyInTheCurrentSet) {
     BudgetBuilder budget;
     budget.category("Food", 12)

@@ -71,7 +71,7 @@ TEST(CVTextArena, FillsBlocksOfAMegabyte) {
 TEST(CVTextArena, TakesLittleForASingleLine) {
     CVTextArena arena;
     const CVTextSlice slice = add(arena, "<Transaction/>");
-    EXPECT_LE(slice.block->capacity(), 4096);
+    EXPECT_LE(slice.block->bytes.capacity(), 4096);
 }
 
 TEST(CVTextArena, LeavesItsTextsBehind) {

@@ -13,7 +13,7 @@ namespace {
 
 class CVReplaceFileTest : public testing::Test {
 protected:
-    [[nodiscard]] static CVFileResult replace(const QString& path, const QByteArray& bytes) {
+    [[nodiscard]] static CVReplaceResult replace(const QString& path, const QByteArray& bytes) {
         return CVReplaceFile(path, textOf(bytes));
     }
 

@@ -144,7 +144,7 @@ TEST(ParserRoot, isKnownByItsExactName) {
 
 TEST(ParserRoot, carriesTheFileVersion) {
     struct Version {
-        const char* attributes;
+        const char* attributes = nullptr;
         std::optional<QString> version;
     };
     const Version rows[]{{"", std::nullopt},

@@ -13,22 +13,22 @@ enum class Account { Checking, Savings };
 enum class Tax { No, Yes };
 
 struct Amount {
-    int fromCents;
-    int toCents;
+    int fromCents = 0;
+    int toCents = 0;
 };
 
 struct Purchase {
-    const char* payee;
-    const char* remark;
+    const char* payee = nullptr;
+    const char* remark = nullptr;
     Amount amount;
 };
 
 /// Falls due on one day of every so many months, counted from January.
 struct Bill {
-    const char* category;
-    int dayOfMonth;
-    int firstMonth;
-    int everyMonths;
+    const char* category = nullptr;
+    int dayOfMonth = 0;
+    int firstMonth = 0;
+    int everyMonths = 0;
     Purchase purchase;
     Tax tax = Tax::No;
     Account account = Account::Checking;
@@ -36,25 +36,25 @@ struct Bill {
 
 /// Comes up every so many days on average, as one of the purchases.
 struct Habit {
-    const char* category;
-    int everyDays;
+    const char* category = nullptr;
+    int everyDays = 0;
     std::array<Purchase, 4> purchases;
     Tax tax = Tax::No;
 };
 
 /// Once a year.
 struct Event {
-    const char* category;
-    int month;
-    int day;
+    const char* category = nullptr;
+    int month = 0;
+    int day = 0;
     Purchase purchase;
     Tax tax = Tax::No;
 };
 
 struct Estimate {
-    const char* category;
-    qint64 frequency;
-    int cents;
+    const char* category = nullptr;
+    qint64 frequency = 0;
+    int cents = 0;
 };
 
 [[nodiscard]] std::span<const Bill> bills();

@@ -1,0 +1,37 @@
+#include "budget/CVPlanPerPeriod.h"
+
+#include "budget/CVArithmeticStep.h"
+#include "budget/CVDisplayPeriods.h"
+#include "budget/CVFrequencyConversion.h"
+#include "model/CVCategory.h"
+#include "shared/base/QBMoney.h"
+
+#include <array>
+
+namespace {
+
+/// The frequency that an estimate is converted to, and from there the step to the period. A day is a seventh of a week.
+struct Conversion {
+    qint64 frequency = CVExpenseFrequency::kUnknown;
+    CVArithmeticStep step;
+};
+
+constexpr std::array<Conversion, CVDisplayPeriods::kTypes> kConversions{
+    {{CVExpenseFrequency::kWeekly, CVArithmetic::by(7)},
+     {CVExpenseFrequency::kWeekly, {}},
+     {CVExpenseFrequency::kBiWeekly, {}},
+     {CVExpenseFrequency::kMonthly, {}}}};
+
+} // namespace
+
+std::optional<double> planPerPeriod(const CVCategory& category, int periodType) {
+    const qint64 frequency = category.expenseFrequency();
+    if (category.expenseTarget() == 0 || !CVExpenseFrequency::nameOfCode(frequency).data() || periodType < 0 ||
+        periodType >= CVDisplayPeriods::kTypes)
+        return std::nullopt;
+    const Conversion& conversion = kConversions[static_cast<std::size_t>(periodType)];
+    CVCategory plan;
+    plan.setExpenseTarget(category.expenseTarget());
+    mapExpenseFrequencyFrom(plan, frequency, conversion.frequency);
+    return RoundDoubleToTwoPlaces(conversion.step.appliedTo(plan.expenseTarget()));
+}

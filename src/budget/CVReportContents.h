@@ -1,0 +1,36 @@
+#pragma once
+
+#include "budget/CVReportFigures.h"
+
+/// What the reports show, on the screen or on paper: the range of days and the preset it was chosen with, the
+/// categories in rows and the figures of the last reload. Rows are counted from 0.
+class CVReportContents final {
+public:
+    /// The range is `today` alone at first, the preset 0.
+    explicit CVReportContents(const QBDate& today);
+
+    /// The chosen preset, 0 to 7; another number is kept and stands for no range.
+    [[nodiscard]] int reportPeriod() const { return mReportPeriod; }
+    void setReportPeriod(int preset) { mReportPeriod = preset; }
+    [[nodiscard]] const CVDayRange& range() const { return mRange; }
+    /// The figures follow with the next reload.
+    void setRange(const CVDayRange& range) { mRange = range; }
+    /// The range that the preset stands for; stays as it is where it stands for none.
+    void setRangeFromPreset(const QBDate& today, const CVDocument& document);
+
+    /// Computes everything anew, in one walk over the transactions; fills the rows' computed figures.
+    void reload(const CVDocument::Transactions& transactions, const CVDocument::Categories& rows);
+
+    [[nodiscard]] const CVDocument::Categories& rows() const { return mRows; }
+    [[nodiscard]] const CVReportFigures& figures() const { return mFigures; }
+    /// In the range, summed over the rows.
+    [[nodiscard]] quint64 numberOfTransactions() const { return mFigures.numberOfTransactions(); }
+    [[nodiscard]] quint64 totalNumberOfTransactions() const { return mTotalNumberOfTransactions; }
+
+private:
+    int mReportPeriod = 0;
+    CVDayRange mRange;
+    CVDocument::Categories mRows;
+    CVReportFigures mFigures;
+    quint64 mTotalNumberOfTransactions = 0;
+};

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "shared/widgets/CVFilePanels.h"
+
+#include <QList>
+
+/// Answers panels with paths from a script, in order, and remembers what was asked. One without an answer left is
+/// cancelled.
+class ScriptedPanels final : public CVFilePanels {
+public:
+    std::optional<QString> chooseSaveLocation(QWidget& /*window*/, const CVSavePanelRequest& request) override {
+        mAsked.append(request);
+        return mAnswers.isEmpty() ? std::nullopt : std::optional(mAnswers.takeFirst());
+    }
+
+    void answer(const QString& path) { mAnswers.append(path); }
+    [[nodiscard]] const QList<CVSavePanelRequest>& asked() const { return mAsked; }
+
+private:
+    QList<QString> mAnswers;
+    QList<CVSavePanelRequest> mAsked;
+};
