@@ -14,4 +14,11 @@ inline constexpr const char* kShowUnusedCategories = "ShowUnusedCategories";
 inline constexpr const char* kTransactionSortColumn = "kCVTransactionSortColumn";
 inline constexpr const char* kTransactionSortOrder = "kCVTransactionSortOrder";
 
+inline constexpr const char* kPeriodType = "kCVPeriodType";
+inline constexpr const char* kDisplayTab = "kCVDisplayTab";
+/// The one letter of "CV" that is missing is missing in the name.
+inline constexpr const char* kReportTab = "kCReportTab";
+inline constexpr const char* kTransactionPeriod = "kCVTransactionPeriod";
+inline constexpr const char* kReportPeriod = "kCVReportPeriod";
+
 } // namespace CVDefaultsKeys

@@ -7,5 +7,8 @@ inline constexpr const char* kTransactionAddedRemoved = "CVTransactionAddedRemov
 inline constexpr const char* kCategoryAddedRemoved = "CVCategoryAddedRemovedNotificaiton";
 /// Carries the set as its object when one was added or renamed, nothing when one was deleted.
 inline constexpr const char* kTransactionSet = "kCVTransactionSetNotification";
+/// Money is written in another way now.
+inline constexpr const char* kMoneyFormatterChanged = "kQBNotif_MoneyFormatterChanged";
+inline constexpr const char* kPreference = "CVPreferenceNotification";
 
 } // namespace CVNotifications

@@ -106,6 +106,13 @@ std::optional<QBDate> QBDateFormatter::parse(QStringView text) const {
     return existingDay(year, month, day);
 }
 
+qsizetype QBDateFormatter::strangersIn(QStringView text) const {
+    const auto characters = text.toUcs4();
+    return std::count_if(characters.cbegin(), characters.cend(), [this](char32_t character) {
+        return QChar::digitValue(character) < 0 && !isSeparator(character);
+    });
+}
+
 QList<QBDateFormatter::Piece> QBDateFormatter::pieces(const QString& format) {
     QList<Piece> pieces;
     bool quoted = false;

@@ -27,6 +27,9 @@ public:
     /// digits name a year from 79 back to 20 ahead. Absent for anything else and for a day that does not exist.
     [[nodiscard]] std::optional<QBDate> parse(QStringView text) const;
 
+    /// How many characters of `text` can be in no date at all: neither digits nor separators.
+    [[nodiscard]] qsizetype strangersIn(QStringView text) const;
+
     /// What stands between day and month, without blanks.
     [[nodiscard]] const QString& dateSeparator() const { return mSeparator; }
 

@@ -1,5 +1,6 @@
 #include "shared/widgets/CVCompletingComboBox.h"
 
+#include <QFocusEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -103,6 +104,13 @@ void CVCompletingComboBox::setItems(const QStringList& items) {
     addItems(items);
     setCurrentIndex(-1);
     setEditText(text);
+}
+
+void CVCompletingComboBox::focusInEvent(QFocusEvent* event) {
+    QComboBox::focusInEvent(event);
+    // As after the Tab key: what is typed next replaces the text.
+    if (event->reason() == Qt::OtherFocusReason)
+        lineEdit()->selectAll();
 }
 
 void CVCompletingComboBox::wheelEvent(QWheelEvent* event) {

@@ -18,6 +18,7 @@ public:
     [[nodiscard]] const QStringList& items() const { return mItems; }
 
 protected:
+    void focusInEvent(QFocusEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:

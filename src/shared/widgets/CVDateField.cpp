@@ -1,13 +1,14 @@
 #include "shared/widgets/CVDateField.h"
 
 #include "shared/widgets/CVGlyph.h"
+#include "shared/widgets/CVPopupPosition.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCalendarWidget>
 #include <QFocusEvent>
 #include <QFrame>
 #include <QKeyEvent>
-#include <QScreen>
 #include <QTextCharFormat>
 #include <QVBoxLayout>
 
@@ -21,28 +22,23 @@ QBDate fromQDate(const QDate& date) {
     return QBDate::dateWithYear(date.year(), date.month(), date.day());
 }
 
-/// Below the field, or above it where the screen ends.
-QPoint popupPosition(const QWidget& field, const QSize& size) {
-    const QPoint below = field.mapToGlobal(QPoint(0, field.height()));
-    const QRect screen = field.screen()->availableGeometry();
-    const int x = qBound(screen.left(), below.x(), qMax(screen.left(), screen.right() - size.width()));
-    if (below.y() + size.height() <= screen.bottom())
-        return {x, below.y()};
-    return {x, qMax(screen.top(), below.y() - field.height() - size.height())};
-}
-
 } // namespace
 
-CVDateField::CVDateField(QWidget* parent) : CVFormattedField(parent), mDate(QBDate::date()) {
+CVDateField::CVDateField(QWidget* parent) : CVFormattedField(parent), mDate(QBDate::date()), mKnownDate(mDate) {
     QAction* const open = addAction(CVGlyph::icon(CVGlyph::Shape::Calendar), QLineEdit::TrailingPosition);
     open->setText(tr("Show Calendar"));
     open->setToolTip(tr("Show a calendar (Alt+Down)"));
     connect(open, &QAction::triggered, this, &CVDateField::showCalendar);
+    // The user's changes come first as edited, then, like all others, as changed.
+    connect(this, &QLineEdit::textEdited, this, &CVDateField::checkTyped);
+    connect(this, &QLineEdit::textChanged, this,
+            [this](const QString& text) { mStrangers = mFormatter.strangersIn(text); });
     showValue();
 }
 
 void CVDateField::setQBDateValue(const QBDate& date) {
     mDate = date;
+    mKnownDate = date;
     showValue();
 }
 
@@ -69,14 +65,13 @@ void CVDateField::showCalendar() {
     layout->setContentsMargins(1, 1, 1, 1);
     layout->addWidget(calendar);
 
-    const auto choose = [this, popup](const QDate& date) {
-        setQBDateValue(fromQDate(date));
-        selectAll();
+    const auto chooseAndClose = [this, popup](const QDate& date) {
         popup->close();
+        choose(fromQDate(date));
     };
-    connect(calendar, &QCalendarWidget::clicked, this, choose);
-    connect(calendar, &QCalendarWidget::activated, this, choose);
-    popup->move(popupPosition(*this, popup->sizeHint()));
+    connect(calendar, &QCalendarWidget::clicked, this, chooseAndClose);
+    connect(calendar, &QCalendarWidget::activated, this, chooseAndClose);
+    popup->move(CVPopupPosition(*this, popup->sizeHint()));
     popup->show();
     calendar->setFocus();
 }
@@ -88,8 +83,20 @@ bool CVDateField::takeValue(const QString& text) {
     return date.has_value();
 }
 
+void CVDateField::valueTaken() {
+    if (mDate == mKnownDate)
+        return;
+    const QBDate entered = mDate;
+    mKnownDate = entered;
+    emit dateEntered(entered);
+}
+
 QString CVDateField::usualText() const {
     return mFormatter.string(QBDate::dateWithYear(2028, 12, 28));
+}
+
+void CVDateField::readLocale() {
+    mFormatter = QBDateFormatter();
 }
 
 QString CVDateField::valueText() const {
@@ -114,8 +121,23 @@ void CVDateField::focusInEvent(QFocusEvent* event) {
 }
 
 void CVDateField::step(int days) {
-    endEditing();
-    if (isReadable())
-        setQBDateValue(mDate.dateByAddingYears(0, 0, days));
+    // What was typed is a stop on the way, not yet the day that is meant.
+    if (readText())
+        choose(mDate.dateByAddingYears(0, 0, days));
+    else
+        selectAll();
+}
+
+void CVDateField::choose(const QBDate& date) {
+    mDate = date;
+    showValue();
     selectAll();
+    valueTaken();
+}
+
+void CVDateField::checkTyped(const QString& text) {
+    const auto strangers = mFormatter.strangersIn(text);
+    if (strangers > mStrangers)
+        QApplication::beep();
+    showNote(strangers > 0 ? expectation() : QString());
 }

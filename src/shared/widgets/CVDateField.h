@@ -4,7 +4,9 @@
 #include "shared/format/QBDateFormatter.h"
 #include "shared/widgets/CVFormattedField.h"
 
-/// A day: typed in short, stepped with Up and Down, or chosen from a calendar that its button (or Alt+Down) opens.
+/// A day: typed in short, stepped with Up and Down, or chosen from a calendar that its button (or Alt+Down) opens. A
+/// character that can be in no date is taken as typed, with a beep and a remark below the field: a panel that stops the
+/// user at every keystroke would be worse than the mistake.
 class CVDateField final : public CVFormattedField {
     Q_OBJECT
 
@@ -21,9 +23,16 @@ public:
 
     void showCalendar();
 
+signals:
+    /// The user has typed (and left the field or pressed Return), stepped to or chosen another day. Not for a day that
+    /// the program set.
+    void dateEntered(const QBDate& date);
+
 protected:
     bool takeValue(const QString& text) override;
+    void valueTaken() override;
     [[nodiscard]] QString valueText() const override;
+    void readLocale() override;
     [[nodiscard]] QString usualText() const override;
     [[nodiscard]] int buttons() const override { return 1; }
     void keyPressEvent(QKeyEvent* event) override;
@@ -31,7 +40,13 @@ protected:
 
 private:
     void step(int days);
+    void choose(const QBDate& date);
+    void checkTyped(const QString& text);
 
     QBDateFormatter mFormatter;
     QBDate mDate;
+    /// The day that the world knows: set from outside or announced.
+    QBDate mKnownDate;
+    /// Characters in the text that can be in no date.
+    qsizetype mStrangers = 0;
 };

@@ -1,24 +1,41 @@
 #include "shared/widgets/CVFormattedField.h"
 
+#include "shared/widgets/CVFieldNote.h"
+
 #include <QAccessible>
 #include <QAction>
+#include <QFocusEvent>
 #include <QStyle>
+
+namespace {
+
+bool isLeftByUser(Qt::FocusReason reason) {
+    return reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+           reason == Qt::ShortcutFocusReason || reason == Qt::OtherFocusReason;
+}
+
+} // namespace
 
 CVFormattedField::CVFormattedField(QWidget* parent)
     : QLineEdit(parent)
-    , mMark(addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::LeadingPosition)) {
+    , mMark(addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::LeadingPosition))
+    , mNote(new CVFieldNote(*this)) {
     mMark->setVisible(false);
     connect(this, &QLineEdit::editingFinished, this, &CVFormattedField::endEditing);
 }
 
 void CVFormattedField::endEditing() {
-    // A text that could not be read is looked at again, however it came back to what it was.
-    if (!isModified() && mReadable)
-        return;
-    if (takeValue(text()))
+    if (readText())
+        valueTaken();
+}
+
+void CVFormattedField::localeChanged() {
+    endEditing();
+    readLocale();
+    if (mReadable && !text().isEmpty())
         showValue();
-    else
-        setReadable(false);
+    explain();
+    updateGeometry();
 }
 
 QSize CVFormattedField::sizeHint() const {
@@ -30,24 +47,56 @@ QSize CVFormattedField::minimumSizeHint() const {
     return sizeWithButtons(buttons());
 }
 
+bool CVFormattedField::readText() {
+    // A text that could not be read is looked at again, however it came back to what it was.
+    if (!isModified() && mReadable)
+        return true;
+    if (takeValue(text()))
+        showValue();
+    else
+        setReadable(false);
+    return mReadable;
+}
+
 void CVFormattedField::showValue() {
     setText(valueText());
     setReadable(true);
 }
 
+void CVFormattedField::showNote(const QString& note) {
+    mNote->say(note);
+    explain();
+}
+
+void CVFormattedField::changeEvent(QEvent* event) {
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::LocaleChange)
+        localeChanged();
+}
+
+void CVFormattedField::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    showNote({});
+    if (!mReadable && isLeftByUser(event->reason()))
+        emit leftUnreadable();
+}
+
 void CVFormattedField::setReadable(bool readable) {
-    if (mReadable == readable)
-        return;
+    const bool isNews = !readable && mReadable;
     mReadable = readable;
     mMark->setVisible(!readable);
-    const QString reason = readable ? QString() : expectation();
-    mMark->setToolTip(reason);
-    setToolTip(reason);
-    setAccessibleDescription(reason);
-    if (!readable) {
+    showNote({});
+    if (isNews) {
         QAccessibleEvent announcement(this, QAccessible::Alert);
         QAccessible::updateAccessibility(&announcement);
     }
+}
+
+void CVFormattedField::explain() {
+    const QString reason = mReadable ? QString() : expectation();
+    mMark->setToolTip(reason);
+    setToolTip(reason);
+    setAccessibleDescription(mNote->text().isEmpty() ? reason : mNote->text());
 }
 
 QSize CVFormattedField::sizeWithButtons(int count) const {

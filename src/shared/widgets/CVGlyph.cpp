@@ -40,6 +40,11 @@ void drawFlag(QPainter& painter) {
     painter.fillPath(cloth, painter.pen().color());
 }
 
+void drawSearch(QPainter& painter) {
+    painter.drawEllipse(QPointF(6.5, 6.5), 4.0, 4.0);
+    painter.drawLine(QPointF(9.5, 9.5), QPointF(13.0, 13.0));
+}
+
 class GlyphEngine final : public QIconEngine {
 public:
     explicit GlyphEngine(CVGlyph::Shape shape) : mShape(shape) {}
@@ -62,6 +67,9 @@ public:
             break;
         case CVGlyph::Shape::Flag:
             drawFlag(*painter);
+            break;
+        case CVGlyph::Shape::Search:
+            drawSearch(*painter);
             break;
         }
         painter->restore();

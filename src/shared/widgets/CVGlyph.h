@@ -5,7 +5,7 @@
 /// Small pictures drawn in the text colour of the palette in force, sharp at every size and scale.
 namespace CVGlyph {
 
-enum class Shape { Calendar, SmallTax, Flag };
+enum class Shape { Calendar, SmallTax, Flag, Search };
 
 [[nodiscard]] QIcon icon(Shape shape);
 

@@ -11,6 +11,7 @@ constexpr double kUsualAmount = 99'999.99;
 
 CVMoneyField::CVMoneyField(QWidget* parent) : CVFormattedField(parent) {
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    connect(this, &QLineEdit::textEdited, this, &CVMoneyField::previewResult);
     showValue();
 }
 
@@ -21,7 +22,8 @@ void CVMoneyField::setDoubleValue(double value) {
 
 void CVMoneyField::clearValue() {
     setDoubleValue(0);
-    clear();
+    // Not clear(), which counts as an edit.
+    setText({});
 }
 
 QString CVMoneyField::expectation() const {
@@ -37,6 +39,10 @@ bool CVMoneyField::takeValue(const QString& text) {
 
 QString CVMoneyField::usualText() const {
     return mFormatter.string(kUsualAmount);
+}
+
+void CVMoneyField::readLocale() {
+    mFormatter = QBCalculateMoneyFormatter();
 }
 
 QString CVMoneyField::valueText() const {
@@ -56,4 +62,9 @@ void CVMoneyField::mouseReleaseEvent(QMouseEvent* event) {
     if (mClickedInto && !hasSelectedText())
         selectAll();
     mClickedInto = false;
+}
+
+void CVMoneyField::previewResult(const QString& text) {
+    const auto result = mFormatter.result(text);
+    showNote(result ? tr("= %1").arg(mFormatter.string(*result)) : QString());
 }

@@ -1,9 +1,10 @@
 #pragma once
 
-#include "shared/format/QBMoneyFormatter.h"
+#include "shared/format/QBCalculateMoneyFormatter.h"
 #include "shared/widgets/CVFormattedField.h"
 
-/// An amount of money. Selects itself when it gets the focus; an empty text stands for zero.
+/// An amount of money, or arithmetic that makes one: its result shows below the field while it is typed and takes its
+/// place when editing ends. Selects itself when it gets the focus; an empty text stands for zero.
 class CVMoneyField final : public CVFormattedField {
     Q_OBJECT
 
@@ -21,12 +22,15 @@ public:
 protected:
     bool takeValue(const QString& text) override;
     [[nodiscard]] QString valueText() const override;
+    void readLocale() override;
     [[nodiscard]] QString usualText() const override;
     void focusInEvent(QFocusEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    QBMoneyFormatter mFormatter;
+    void previewResult(const QString& text);
+
+    QBCalculateMoneyFormatter mFormatter;
     double mValue = 0;
     bool mClickedInto = false;
 };

@@ -100,4 +100,22 @@ TEST_F(CVCompletingComboBoxTest, DownChoosesFromTheList) {
     EXPECT_EQ(mBox.currentText(), "Growth");
 }
 
+TEST_F(CVCompletingComboBoxTest, TabAndReturnAcceptTheRest) {
+    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Return, Qt::Key_Enter}) {
+        mBox.lineEdit()->selectAll();
+        type("gro");
+        press(key);
+        EXPECT_EQ(mBox.currentText(), "Growth") << key;
+    }
+}
+
+TEST_F(CVCompletingComboBoxTest, TypingReplacesTheTextOfABoxThatTheProgramLedTo) {
+    mBox.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&mBox));
+    mBox.clearFocus();
+    mBox.setEditText("Car");
+    mBox.setFocus(Qt::OtherFocusReason);
+    EXPECT_EQ(selected(), "Car");
+}
+
 } // namespace

@@ -1,12 +1,15 @@
 #include "shared/widgets/CVDateField.h"
 
 #include "kit/Day.h"
+#include "kit/DefaultLocale.h"
 #include "kit/FixedToday.h"
 #include "kit/Printers.h"
+#include "shared/widgets/CVFieldNote.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCalendarWidget>
+#include <QHBoxLayout>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -16,6 +19,8 @@ namespace {
 class CVDateFieldTest : public testing::Test {
 protected:
     CVDateFieldTest() {
+        QObject::connect(&mField, &CVDateField::dateEntered, &mField,
+                         [this](const QBDate& date) { mEntered.append(date); });
         mField.show();
         mField.setFocus();
     }
@@ -30,6 +35,8 @@ protected:
 
     FixedToday mToday{day(2014, 3, 12)};
     CVDateField mField;
+    /// What the field has announced.
+    QList<QBDate> mEntered;
 };
 
 TEST_F(CVDateFieldTest, HoldsTodayAtFirst) {
@@ -96,6 +103,155 @@ TEST_F(CVDateFieldTest, ADayIsChosenFromTheCalendarWithoutTheMouse) {
 TEST_F(CVDateFieldTest, TheCalendarOpensFromItsButton) {
     mField.actions().constLast()->trigger();
     EXPECT_NE(calendar(), nullptr);
+}
+
+TEST_F(CVDateFieldTest, AnnouncesADayThatWasTypedWhenEditingEnds) {
+    mField.selectAll();
+    QTest::keyClicks(&mField, "3/7");
+    EXPECT_EQ(mEntered, QList<QBDate>());
+    QTest::keyClick(&mField, Qt::Key_Return);
+    EXPECT_EQ(mEntered, QList({day(2014, 3, 7)}));
+    mField.endEditing();
+    type("3/7/14");
+    EXPECT_EQ(mEntered, QList({day(2014, 3, 7)})) << "the same day is no other day";
+}
+
+TEST_F(CVDateFieldTest, AnnouncesEveryStepOnce) {
+    QTest::keyClick(&mField, Qt::Key_Up);
+    QTest::keyClick(&mField, Qt::Key_Up);
+    mField.selectAll();
+    QTest::keyClicks(&mField, "1");
+    QTest::keyClick(&mField, Qt::Key_Down);
+    EXPECT_EQ(mEntered, QList({day(2014, 3, 13), day(2014, 3, 14), day(2014, 2, 28)}));
+}
+
+TEST_F(CVDateFieldTest, AnnouncesADayChosenFromTheCalendar) {
+    mField.showCalendar();
+    ASSERT_NE(calendar(), nullptr);
+    emit calendar()->clicked(QDate(2014, 5, 1));
+    EXPECT_EQ(mEntered, QList({day(2014, 5, 1)}));
+    EXPECT_EQ(mField.text(), "5/1/14");
+}
+
+TEST_F(CVDateFieldTest, DoesNotAnnounceWhatTheUserDidNotEnter) {
+    mField.setQBDateValue(day(2014, 1, 1));
+    mField.endEditing();
+    type("1/1");
+    type("7x");
+    type("");
+    EXPECT_EQ(mEntered, QList<QBDate>());
+    mField.setQBDateValue(day(2014, 2, 2));
+    type("1/1");
+    EXPECT_EQ(mEntered, QList({day(2014, 1, 1)}));
+}
+
+TEST_F(CVDateFieldTest, AReceiverMaySetAnotherDay) {
+    QObject::connect(&mField, &CVDateField::dateEntered, &mField,
+                     [this](const QBDate& date) { mField.setQBDateValue(date.dateByAddingYears(1, 0, 0)); });
+    type("7");
+    EXPECT_EQ(mEntered, QList({day(2014, 3, 7)}));
+    EXPECT_EQ(mField.text(), "3/7/15");
+}
+
+TEST_F(CVDateFieldTest, RemarksAtOnceOnACharacterThatCanBeInNoDate) {
+    const auto* const note = mField.findChild<CVFieldNote*>();
+    mField.selectAll();
+    QTest::keyClicks(&mField, "3/7-1. ,");
+    EXPECT_FALSE(note->isVisible());
+    QTest::keyClicks(&mField, "x");
+    EXPECT_TRUE(note->isVisible());
+    EXPECT_EQ(note->text(), "Type a date like 3/12/14, with “/” between its parts.");
+    EXPECT_EQ(mField.accessibleDescription(), note->text());
+    EXPECT_EQ(mField.text(), "3/7-1. ,x") << "what was typed stays";
+    QTest::keyClick(&mField, Qt::Key_Backspace);
+    EXPECT_FALSE(note->isVisible());
+    EXPECT_EQ(mField.accessibleDescription(), "");
+}
+
+TEST_F(CVDateFieldTest, ShowsTheSameDayInANewLocale) {
+    type("3/7");
+    mEntered.clear();
+    const DefaultLocale german(QLocale(QLocale::German, QLocale::Germany));
+    mField.localeChanged();
+    EXPECT_EQ(mField.text(), "07.03.14");
+    EXPECT_EQ(mField.QBDateValue(), day(2014, 3, 7));
+    EXPECT_TRUE(mEntered.isEmpty());
+    type("4.5.");
+    EXPECT_EQ(mField.QBDateValue(), day(2014, 5, 4));
+    type("x");
+    EXPECT_EQ(mField.toolTip(), "Type a date like 12.03.14, with “.” between its parts.");
+}
+
+TEST_F(CVDateFieldTest, WhatWasTypedBeforeTheLocaleChangedIsReadInTheFormerOne) {
+    mField.selectAll();
+    QTest::keyClicks(&mField, "3/7");
+    const DefaultLocale british(QLocale(QLocale::English, QLocale::UnitedKingdom));
+    mField.localeChanged();
+    EXPECT_EQ(mField.QBDateValue(), day(2014, 3, 7));
+    EXPECT_EQ(mField.text(), "07/03/2014");
+}
+
+/// A date field that can be left for another field, another window and a menu.
+class LeavingADateFieldTest : public testing::Test {
+protected:
+    LeavingADateFieldTest() {
+        auto* const layout = new QHBoxLayout(&mWindow);
+        layout->addWidget(mField);
+        layout->addWidget(mOther);
+        QObject::connect(mField, &CVDateField::leftUnreadable, mField, [this] { ++mLeft; });
+        QObject::connect(mField, &CVDateField::dateEntered, mField,
+                         [this](const QBDate& date) { mEntered.append(date); });
+        mWindow.show();
+        mWindow.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&mWindow));
+    }
+
+    void type(const QString& text) {
+        mField->setFocus();
+        mField->selectAll();
+        QTest::keyClick(mField, Qt::Key_Delete);
+        QTest::keyClicks(mField, text);
+    }
+
+    FixedToday mToday{day(2014, 3, 12)};
+    QWidget mWindow;
+    CVDateField* mField = new CVDateField(&mWindow);
+    QLineEdit* mOther = new QLineEdit(&mWindow);
+    int mLeft = 0;
+    QList<QBDate> mEntered;
+};
+
+TEST_F(LeavingADateFieldTest, AnnouncesADayThatWasTyped) {
+    type("9");
+    mOther->setFocus();
+    EXPECT_EQ(mEntered, QList({day(2014, 3, 9)}));
+    EXPECT_EQ(mLeft, 0);
+}
+
+TEST_F(LeavingADateFieldTest, TellsThatAnUnreadableTextWasLeftBehindHoweverTheUserWentOn) {
+    for (const char* const text : {"7x", "", "2/30"}) {
+        mLeft = 0;
+        type(text);
+        QTest::keyClick(mField, Qt::Key_Tab);
+        EXPECT_EQ(mLeft, 1) << text;
+        EXPECT_FALSE(mField->isReadable());
+        mField->setFocus();
+        QTest::mouseClick(mOther, Qt::LeftButton);
+        EXPECT_EQ(mLeft, 2) << text << " is still there";
+    }
+}
+
+TEST_F(LeavingADateFieldTest, SaysNothingWhenAnotherWindowOrAMenuGetsTheKeyboard) {
+    type("7x");
+    for (const Qt::FocusReason reason :
+         {Qt::ActiveWindowFocusReason, Qt::PopupFocusReason, Qt::MenuBarFocusReason, Qt::NoFocusReason}) {
+        mField->setFocus();
+        mOther->setFocus(reason);
+        EXPECT_EQ(mLeft, 0) << reason;
+    }
+    mField->setFocus();
+    mWindow.close();
+    EXPECT_EQ(mLeft, 0);
 }
 
 } // namespace

@@ -1,7 +1,11 @@
 #include "shared/widgets/CVMoneyField.h"
 
+#include "kit/DefaultLocale.h"
 #include "kit/Printers.h"
+#include "shared/widgets/CVFieldNote.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -25,6 +29,12 @@ protected:
         mField->selectAll();
         QTest::keyClicks(mField, text);
         QTest::keyClick(mField, Qt::Key_Return);
+    }
+
+    /// What floats below the field.
+    [[nodiscard]] QString preview() const {
+        const auto* const note = mField->findChild<CVFieldNote*>();
+        return note->isVisible() ? note->text() : QString();
     }
 
     QWidget mWindow;
@@ -79,6 +89,97 @@ TEST_F(CVMoneyFieldTest, AnEmptyTextIsZero) {
     mField->clearValue();
     EXPECT_EQ(mField->text(), "");
     EXPECT_EQ(mField->doubleValue(), 0.0);
+}
+
+TEST_F(CVMoneyFieldTest, ShowsTheResultWhileArithmeticIsTypedAndNoneForAPlainAmount) {
+    const QRect place = mField->geometry();
+    mField->setFocus();
+    mField->selectAll();
+    struct {
+        const char* typed;
+        const char* preview;
+    } const steps[] = {{"12", ""},        {".50", ""},           {"+", ""}, {"3", "= $15.50"}, {"*", ""},
+                       {"2", "= $18.50"}, {"-100", "= -$81.50"}, {"x", ""}};
+    for (const auto& step : steps) {
+        QTest::keyClicks(mField, step.typed);
+        EXPECT_EQ(preview(), step.preview) << mField->text().toStdString();
+        EXPECT_EQ(mField->accessibleDescription(), step.preview);
+        EXPECT_EQ(mField->doubleValue(), 0.0) << "the value changes when editing ends";
+    }
+    EXPECT_EQ(mField->geometry(), place);
+}
+
+TEST_F(CVMoneyFieldTest, TheResultTakesThePlaceOfTheTextWhenEditingEnds) {
+    type("200+10%");
+    EXPECT_EQ(mField->text(), "$220.00");
+    EXPECT_EQ(mField->doubleValue(), 220.0);
+    EXPECT_EQ(preview(), "");
+    EXPECT_EQ(mField->accessibleDescription(), "");
+    mField->setFocus();
+    QTest::keyClicks(mField, "10/4");
+    EXPECT_EQ(preview(), "= $2.50");
+    mOther->setFocus();
+    EXPECT_EQ(mField->text(), "$2.50");
+    EXPECT_EQ(preview(), "");
+}
+
+TEST_F(CVMoneyFieldTest, ThePreviewLiesBelowTheFieldAndGoesWhenTheFieldIsLeft) {
+    mField->setFocus();
+    QTest::keyClicks(mField, "1+1");
+    const auto* const note = mField->findChild<CVFieldNote*>();
+    EXPECT_EQ(note->pos(), mField->mapToGlobal(QPoint(0, mField->height())));
+    EXPECT_TRUE(mField->hasFocus()) << "the preview takes the keyboard away";
+    QTest::keyClicks(mField, "+");
+    mOther->setFocus();
+    EXPECT_FALSE(mField->isReadable());
+    EXPECT_EQ(preview(), "");
+    EXPECT_EQ(mField->accessibleDescription(), mField->expectation());
+}
+
+TEST_F(CVMoneyFieldTest, ArithmeticWithoutAResultIsMarkedAndTheAmountStays) {
+    type("12");
+    for (const char* const text : {"1/0", "1+", "(1", "2**3", "sin(1)"}) {
+        type(text);
+        EXPECT_FALSE(mField->isReadable()) << text;
+        EXPECT_EQ(mField->text(), text);
+        EXPECT_EQ(mField->doubleValue(), 12.0);
+    }
+}
+
+TEST_F(CVMoneyFieldTest, ShowsTheSameAmountInANewLocale) {
+    type("1234.567");
+    const DefaultLocale german(QLocale(QLocale::German, QLocale::Germany));
+    QEvent change(QEvent::LocaleChange);
+    QCoreApplication::sendEvent(QCoreApplication::instance(), &change);
+    EXPECT_EQ(mField->text(), "€1.234,57");
+    EXPECT_EQ(mField->doubleValue(), 1234.567);
+    type("1.000,5+1");
+    EXPECT_EQ(mField->text(), "€1.001,50");
+    type("x");
+    EXPECT_EQ(mField->toolTip(), "Type an amount like €1.234,50.");
+}
+
+TEST_F(CVMoneyFieldTest, WhatWasTypedBeforeTheLocaleChangedIsReadInTheFormerOne) {
+    mField->setFocus();
+    mField->selectAll();
+    QTest::keyClicks(mField, "1.500");
+    const DefaultLocale german(QLocale(QLocale::German, QLocale::Germany));
+    mField->localeChanged();
+    EXPECT_EQ(mField->doubleValue(), 1.5);
+    EXPECT_EQ(mField->text(), "€1,50");
+}
+
+TEST_F(CVMoneyFieldTest, ANewLocaleLeavesAnEmptyAndAnUnreadableTextAsTheyAre) {
+    const DefaultLocale german(QLocale(QLocale::German, QLocale::Germany));
+    mField->clearValue();
+    mField->localeChanged();
+    EXPECT_EQ(mField->text(), "");
+    type("12x");
+    const DefaultLocale american(QLocale(QLocale::English, QLocale::UnitedStates));
+    mField->localeChanged();
+    EXPECT_EQ(mField->text(), "12x");
+    EXPECT_FALSE(mField->isReadable());
+    EXPECT_EQ(mField->toolTip(), "Type an amount like $1,234.50.");
 }
 
 } // namespace

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "shared/widgets/CVFilePanels.h"
+
+/// The toolkit's own dialogs.
+class CVFileDialogs final : public CVFilePanels {
+public:
+    [[nodiscard]] std::optional<QString> chooseSaveLocation(QWidget& window,
+                                                            const CVSavePanelRequest& request) override;
+};

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+class QWidget;
+
+/// What a panel that asks where to save shows.
+struct CVSavePanelRequest {
+    QString title;
+    /// Of the button that saves.
+    QString prompt;
+    /// Without the suffix.
+    QString proposedName;
+    /// Without the dot; added to a name that lacks it.
+    QString suffix;
+    /// The kind of file in words.
+    QString kind;
+};
+
+/// Panels that ask for files, shown as sheets of a window. While one is shown other events run: whoever asked looks at
+/// the world anew afterwards.
+class CVFilePanels {
+public:
+    /// The path that the user chose; absent when they cancelled.
+    [[nodiscard]] virtual std::optional<QString> chooseSaveLocation(QWidget& window,
+                                                                    const CVSavePanelRequest& request) = 0;
+
+protected:
+    ~CVFilePanels() = default;
+};
