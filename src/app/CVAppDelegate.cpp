@@ -10,8 +10,10 @@
 
 #include <utility>
 
-CVAppDelegate::CVAppDelegate(std::unique_ptr<QSettings> settings, CVStandardFolders folders, CVAlerts& alerts)
+CVAppDelegate::CVAppDelegate(std::unique_ptr<QSettings> settings, CVStandardFolders folders, CVAlerts& alerts,
+                             CVFilePanels& panels)
     : mAlerts(alerts)
+    , mPanels(panels)
     , mUserDefaults(std::move(settings))
     , mFile(std::move(folders), mUserDefaults)
     , mDocument(std::make_unique<CVDocument>(mNotificationCenter, mUserDefaults)) {}
@@ -26,7 +28,7 @@ void CVAppDelegate::applicationDidFinishLaunching() {
 }
 
 void CVAppDelegate::makeWindowControllers() {
-    mMainWindow = std::make_unique<CVMainWindowController>(*mDocument, mAlerts);
+    mMainWindow = std::make_unique<CVMainWindowController>(*mDocument, mAlerts, mPanels);
     mMainWindow->setMayClose([this] { return mayClose(); });
     CVSaveStatus& status = mMainWindow->saveStatus();
     connect(&mFile.saves(), &CVSaveQueue::saveStarted, &status, &CVSaveStatus::setSaving);

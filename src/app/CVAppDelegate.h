@@ -11,6 +11,7 @@
 
 class CVAlerts;
 class CVDocument;
+class CVFilePanels;
 class CVMainWindowController;
 
 /// The application: creates the one document from the user's data file and its main window, tells the user what became
@@ -19,8 +20,9 @@ class CVAppDelegate final : public QObject {
     Q_OBJECT
 
 public:
-    /// `alerts` outlives the delegate.
-    CVAppDelegate(std::unique_ptr<QSettings> settings, CVStandardFolders folders, CVAlerts& alerts);
+    /// `alerts` and `panels` outlive the delegate.
+    CVAppDelegate(std::unique_ptr<QSettings> settings, CVStandardFolders folders, CVAlerts& alerts,
+                  CVFilePanels& panels);
     ~CVAppDelegate() override;
 
     /// Opens the document and shows its window.
@@ -39,6 +41,7 @@ private:
     [[nodiscard]] bool mayClose();
 
     CVAlerts& mAlerts;
+    CVFilePanels& mPanels;
     QBNotificationCenter mNotificationCenter;
     QBUserDefaults mUserDefaults;
     CVDocumentFile mFile;

@@ -10,7 +10,7 @@ QString tr(const char* text) {
 }
 
 CVCommandLine refuse(const QString& problem) {
-    return {CVCommandLine::Action::Refuse, std::nullopt, problem};
+    return {.action = CVCommandLine::Action::Refuse, .problem = problem};
 }
 
 CVCommandLine parseCheck(const QStringList& arguments) {
@@ -21,12 +21,19 @@ CVCommandLine parseCheck(const QStringList& arguments) {
         return refuse(parser.errorText());
     if (!parser.positionalArguments().isEmpty())
         return refuse(tr("check takes no argument \"%1\"").arg(parser.positionalArguments().constFirst()));
-    CVCommandLine line{CVCommandLine::Action::Check, std::nullopt, {}};
+    CVCommandLine line{.action = CVCommandLine::Action::Check};
     if (parser.isSet(data))
         line.dataFile = parser.value(data);
     if (line.dataFile && line.dataFile->isEmpty())
         return refuse(tr("--data needs the name of a file"));
     return line;
+}
+
+CVCommandLine parseExport(const QStringList& arguments) {
+    QString problem;
+    const auto request = CVExportRequest::parse(arguments, problem);
+    return request ? CVCommandLine{.action = CVCommandLine::Action::Export, .exportRequest = *request}
+                   : refuse(problem);
 }
 
 } // namespace
@@ -35,18 +42,36 @@ CVCommandLine CVCommandLine::parse(const QStringList& arguments) {
     const QStringList rest = arguments.mid(1);
     if (!rest.isEmpty() && rest.constFirst() == QLatin1String("check"))
         return parseCheck(rest);
+    if (!rest.isEmpty() && rest.constFirst() == QLatin1String("export"))
+        return parseExport(rest);
     if (rest.contains(QLatin1String("--version")) || rest.contains(QLatin1String("-v")))
-        return {Action::ShowVersion, std::nullopt, {}};
+        return {.action = Action::ShowVersion};
     if (rest.contains(QLatin1String("--help")) || rest.contains(QLatin1String("-h")))
-        return {Action::ShowHelp, std::nullopt, {}};
+        return {.action = Action::ShowHelp};
     return {};
 }
 
 QString CVCommandLine::usage() {
     return tr("Usage: corvella                        open your budget\n"
-              "       corvella check [--data FILE]    say what a data file holds, without a window\n"
+              "       corvella check [--data FILE]    say what a data file holds\n"
+              "       corvella export [OPTION...]     write transactions as tab-separated text\n"
               "       corvella --version | --help\n"
               "\n"
-              "Without --data, check reads your own data file. It writes nothing and ends with status 0,\n"
-              "or with status 1 and a line that says why the file could not be read.\n");
+              "check and export show no window, read your own data file where --data names no other, and\n"
+              "write nothing but their output. They end with status 0, or with status 1 and a line that\n"
+              "says what failed.\n"
+              "\n"
+              "Options of export:\n"
+              "  --range N                     0 all (as without it), 1 this year and last, 2 last year,\n"
+              "                                3 this year, 4 last month, 5 this month, 6 last week, 7 this week\n"
+              "  --from YYYY/MM/DD --to YYYY/MM/DD\n"
+              "                                these days and those between, in place of --range\n"
+              "  --set NAME                    the transaction set; otherwise the file's current one\n"
+              "  --search KIND:TEXT            0 all text fields, 1 paid to, 2 for, 3 category, 4 tax,\n"
+              "                                5 user flag, 6 amount greater than, 7 equal to, 8 less than\n"
+              "  --sort COLUMN[:descending]    date, amount, tofrom, for, category, tax or userflag;\n"
+              "                                otherwise date:descending\n"
+              "  --data FILE                   the data file\n"
+              "  --today YYYY/MM/DD            the day that --range counts from\n"
+              "  --output FILE                 otherwise standard output\n");
 }

@@ -4,6 +4,7 @@
 #include "shared/base/CVBundle.h"
 #include "shared/base/QBUserDefaults.h"
 #include "shared/widgets/CVAlertPanel.h"
+#include "shared/widgets/CVFileDialogs.h"
 #include "storage/CVStandardDataFile.h"
 
 #include <QApplication>
@@ -38,6 +39,8 @@ int runWithoutWindow(const CVCommandLine& line) {
         return 0;
     case CVCommandLine::Action::Check:
         return CVRunCheck(line.dataFile, output, errors);
+    case CVCommandLine::Action::Export:
+        return CVRunExport(line.exportRequest, errors);
     default:
         return refuse(errors, line.problem);
     }
@@ -53,7 +56,8 @@ int runWindow(int& argc, char** argv) {
                         .arg(QCoreApplication::arguments().at(1)));
     }
     CVAlertPanel alerts;
-    CVAppDelegate delegate(QBUserDefaults::standardStore(), CVStandardFolders::ofUser(), alerts);
+    CVFileDialogs panels;
+    CVAppDelegate delegate(QBUserDefaults::standardStore(), CVStandardFolders::ofUser(), alerts, panels);
     delegate.applicationDidFinishLaunching();
     return QApplication::exec();
 }

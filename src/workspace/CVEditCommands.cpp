@@ -22,16 +22,30 @@ QString cellText(const QModelIndex& cell) {
     return (spoken.isValid() ? spoken : cell.data()).toString().simplified();
 }
 
-QString selectedRows(const QAbstractItemView& table) {
-    QModelIndexList rows = table.selectionModel()->selectedRows();
-    std::sort(rows.begin(), rows.end());
-    QString text;
-    for (const QModelIndex& row : rows) {
+/// In the order of reading. Where whole rows are selected, a row stands for its cells.
+QModelIndexList selectedCells(const QAbstractItemView& table) {
+    const QItemSelectionModel& selection = *table.selectionModel();
+    if (table.selectionBehavior() == QAbstractItemView::SelectItems)
+        return selection.selectedIndexes();
+    QModelIndexList cells;
+    for (const QModelIndex& row : selection.selectedRows()) {
         for (int column = 0; column < table.model()->columnCount(); ++column)
-            text += (column > 0 ? QStringLiteral("\t") : QString()) + cellText(row.siblingAtColumn(column));
-        text += '\n';
+            cells.append(row.siblingAtColumn(column));
     }
-    return text;
+    return cells;
+}
+
+/// A line for each row, its cells parted by tabs.
+QString selectedText(const QAbstractItemView& table) {
+    QModelIndexList cells = selectedCells(table);
+    std::sort(cells.begin(), cells.end());
+    QString text;
+    for (qsizetype i = 0; i < cells.size(); ++i) {
+        if (i > 0)
+            text += cells[i].row() == cells[i - 1].row() ? '\t' : '\n';
+        text += cellText(cells[i]);
+    }
+    return text + '\n';
 }
 
 bool canEditText(CVEditCommand command, const QLineEdit& field) {
@@ -84,7 +98,7 @@ void CVEdit(CVEditCommand command, QWidget* focused) {
         editText(command, *field);
     else if (auto* const table = qobject_cast<QAbstractItemView*>(focused)) {
         if (command == CVEditCommand::Copy)
-            QGuiApplication::clipboard()->setText(selectedRows(*table));
+            QGuiApplication::clipboard()->setText(selectedText(*table));
         else
             table->selectAll();
     }

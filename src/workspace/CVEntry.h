@@ -20,9 +20,10 @@ struct CVEntry {
 
 enum class CVEntryField { Date, Amount, PayTo, For, Category, Tax };
 
-/// Why an entry is refused: the sentence for the user, and the field that needs attention.
+/// Why an entry is refused: the field that needs attention, and the alert for the user.
 struct CVEntryProblem {
     CVEntryField field;
+    QString title;
     QString message;
 };
 

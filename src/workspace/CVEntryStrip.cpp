@@ -7,16 +7,27 @@
 
 #include <QCheckBox>
 #include <QGridLayout>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTimer>
+
+#include <chrono>
+#include <utility>
 
 namespace {
 
 enum Row { LabelRow, FieldRow };
 /// In characters.
 constexpr int kShortestFor = 10;
+/// How soon to look again whether a click has ended.
+constexpr std::chrono::milliseconds kClickPatience(50);
+
+bool isReturn(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
 
 } // namespace
 
@@ -41,20 +52,20 @@ CVEntryStrip::CVEntryStrip(QWidget* parent)
     addField(*layout, mRecordButton, "mRecordButton", QString(), tr("Record"), 0);
     mForField->setMinimumWidth(fontMetrics().averageCharWidth() * kShortestFor);
     mRecordButton->setToolTip(tr("Record this transaction (Return in any of the fields)"));
+    // On some desktops Return presses a check box.
+    mTaxCheckbox->installEventFilter(this);
     connect(mRecordButton, &QPushButton::clicked, this, &CVEntryStrip::recordRequested);
+    connect(mExpenseDate, &CVDateField::leftUnreadable, this, &CVEntryStrip::dateLeftUnreadable);
 }
 
 std::optional<CVEntryProblem> CVEntryStrip::endEditing() {
     mExpenseDate->endEditing();
     mExpenseAmountField->endEditing();
-    if (mExpenseDate->isBlank())
-        return CVEntryProblem{CVEntryField::Date, tr("The field “Date” is blank. %1").arg(mExpenseDate->expectation())};
-    if (!mExpenseDate->isReadable())
-        return CVEntryProblem{
-            CVEntryField::Date,
-            tr("“%1” in the field “Date” is not a date. %2").arg(mExpenseDate->text(), mExpenseDate->expectation())};
+    mIsDateUntold = false;
+    if (auto problem = dateProblem())
+        return problem;
     if (!mExpenseAmountField->isReadable())
-        return CVEntryProblem{CVEntryField::Amount,
+        return CVEntryProblem{CVEntryField::Amount, tr("Input Error"),
                               tr("“%1” in the field “Amount” is not an amount. %2")
                                   .arg(mExpenseAmountField->text(), mExpenseAmountField->expectation())};
     return std::nullopt;
@@ -97,12 +108,24 @@ void CVEntryStrip::focusField(CVEntryField field) {
         text->selectAll();
 }
 
+void CVEntryStrip::localeChanged() {
+    mExpenseDate->localeChanged();
+    mExpenseAmountField->localeChanged();
+}
+
 void CVEntryStrip::keyPressEvent(QKeyEvent* event) {
     // The fields let Return pass after they have taken their text.
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    if (isReturn(*event))
         emit recordRequested();
     else
         QWidget::keyPressEvent(event);
+}
+
+bool CVEntryStrip::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress || !isReturn(*static_cast<QKeyEvent*>(event)))
+        return QWidget::eventFilter(watched, event);
+    emit recordRequested();
+    return true;
 }
 
 void CVEntryStrip::addField(QGridLayout& layout, QWidget* field, const char* objectName, const QString& label,
@@ -117,6 +140,35 @@ void CVEntryStrip::addField(QGridLayout& layout, QWidget* field, const char* obj
     auto* const caption = new QLabel(label, this);
     caption->setBuddy(field);
     layout.addWidget(caption, LabelRow, column);
+}
+
+std::optional<CVEntryProblem> CVEntryStrip::dateProblem() const {
+    if (mExpenseDate->isBlank())
+        return CVEntryProblem{CVEntryField::Date, tr("The date is missing"),
+                              tr("The field “Date” is blank. %1").arg(mExpenseDate->expectation())};
+    if (!mExpenseDate->isReadable())
+        return CVEntryProblem{
+            CVEntryField::Date, tr("The date cannot be read"),
+            tr("“%1” in the field “Date” is not a date. %2").arg(mExpenseDate->text(), mExpenseDate->expectation())};
+    return std::nullopt;
+}
+
+void CVEntryStrip::dateLeftUnreadable() {
+    mIsDateUntold = true;
+    // An alert in the middle of a change of focus would be taken for the new place of the focus.
+    QTimer::singleShot(0, this, &CVEntryStrip::tellOfDate);
+}
+
+void CVEntryStrip::tellOfDate() {
+    // A click may end in recording, which tells; and an alert in the middle of a click would swallow its end.
+    if (QGuiApplication::mouseButtons() != Qt::NoButton) {
+        QTimer::singleShot(kClickPatience, this, &CVEntryStrip::tellOfDate);
+        return;
+    }
+    const bool isUntold = std::exchange(mIsDateUntold, false);
+    const auto problem = dateProblem();
+    if (isUntold && problem && isActiveWindow())
+        emit dateRefused(*problem);
 }
 
 QWidget* CVEntryStrip::widgetOf(CVEntryField field) const {

@@ -5,8 +5,7 @@
 
 #include <QMainWindow>
 #include <QMenuBar>
-
-#include <array>
+#include <QTableView>
 
 namespace {
 
@@ -22,27 +21,71 @@ constexpr std::array<EditEntry, 4> kEditEntries{
      {CVEditCommand::Paste, QT_TRANSLATE_NOOP("CVMainMenu", "&Paste"), QKeySequence::Paste},
      {CVEditCommand::SelectAll, QT_TRANSLATE_NOOP("CVMainMenu", "Select &All"), QKeySequence::SelectAll}}};
 
+enum Menu { File, Edit, View, Budget, Help };
+
+constexpr std::array<const char*, Help + 1> kMenus{
+    {QT_TRANSLATE_NOOP("CVMainMenu", "&File"), QT_TRANSLATE_NOOP("CVMainMenu", "&Edit"),
+     QT_TRANSLATE_NOOP("CVMainMenu", "&View"), QT_TRANSLATE_NOOP("CVMainMenu", "&Budget"),
+     QT_TRANSLATE_NOOP("CVMainMenu", "&Help")}};
+
+/// A group begins behind a line.
+enum class Group { Same, New };
+
+struct Entry {
+    CVCommand command;
+    Menu menu;
+    Group group;
+    const char* title;
+    /// Empty: none.
+    const char* shortcut;
+};
+
+/// In the order of the commands, which is that of the menus.
+constexpr std::array<Entry, kCVCommands> kEntries{
+    {{CVCommand::Export, File, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Export Transactions…"), "Ctrl+E"},
+     {CVCommand::Quit, File, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "&Quit"), "Ctrl+Q"},
+     {CVCommand::Remove, Edit, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "&Remove Transactions"), "Del"},
+     {CVCommand::Find, Edit, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "&Find"), "Ctrl+F"},
+     {CVCommand::DetectDuplicates, Edit, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Detect Duplicates"),
+      "Ctrl+Alt+D"},
+     {CVCommand::ShowTransactions, View, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Transactions"), "Ctrl+1"},
+     {CVCommand::ShowSummary, View, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Summary"), "Ctrl+2"},
+     {CVCommand::ShowReports, View, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Reports"), "Ctrl+3"},
+     {CVCommand::PreviousPeriod, View, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "&Previous Period"), "Ctrl+Left"},
+     {CVCommand::NextPeriod, View, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Next Period"), "Ctrl+Right"},
+     {CVCommand::Today, View, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "T&oday"), "Ctrl+T"},
+     {CVCommand::Record, Budget, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Record"), "Ctrl+Return; Ctrl+Enter"},
+     {CVCommand::About, Help, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&About Corvella"), ""}}};
+
 } // namespace
 
-CVMainMenu::CVMainMenu(QMainWindow& window, QWidget& table) : QObject(&window), mWindow(window) {
-    QMenuBar& bar = *window.menuBar();
-    QMenu& file = *bar.addMenu(tr("&File"));
-    file.addAction(tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this, &CVMainMenu::quitRequested);
-    addEditMenu(table);
-    addSortMenu();
-    QMenu& budget = *bar.addMenu(tr("&Budget"));
-    QAction* const record = budget.addAction(tr("&Record"), this, &CVMainMenu::recordRequested);
-    record->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Return), QKeySequence(Qt::CTRL | Qt::Key_Enter)});
-    QMenu& help = *bar.addMenu(tr("&Help"));
-    help.addAction(tr("&About Corvella"), this, &CVMainMenu::aboutRequested);
+CVMainMenu::CVMainMenu(QMainWindow& window, QTableView& table) : QObject(&window), mWindow(window) {
+    addCommands();
+    addTableCommands(table);
 }
 
-void CVMainMenu::setRemoveEnabled(bool enabled) {
-    mRemove->setEnabled(enabled);
+void CVMainMenu::setEnabled(CVCommand command, bool enabled) {
+    mActions[static_cast<std::size_t>(command)]->setEnabled(enabled);
 }
 
-void CVMainMenu::addEditMenu(QWidget& table) {
-    QMenu& menu = *mWindow.menuBar()->addMenu(tr("&Edit"));
+void CVMainMenu::addCommands() {
+    std::array<QMenu*, kMenus.size()> menus{};
+    for (std::size_t i = 0; i < kMenus.size(); ++i)
+        menus[i] = mWindow.menuBar()->addMenu(tr(kMenus[i]));
+    addEditCommands(*menus[Edit]);
+    for (const Entry& entry : kEntries) {
+        QMenu& menu = *menus[entry.menu];
+        if (entry.group == Group::New)
+            menu.addSeparator();
+        QAction* const action = menu.addAction(tr(entry.title), this, [this, &entry] { emit chosen(entry.command); });
+        action->setShortcuts(QKeySequence::listFromString(QLatin1String(entry.shortcut)));
+        mActions[static_cast<std::size_t>(entry.command)] = action;
+    }
+    menus[View]->addSeparator();
+    addSortMenu(*menus[View]);
+}
+
+void CVMainMenu::addEditCommands(QMenu& menu) {
     for (const EditEntry& entry : kEditEntries) {
         QAction* const action = menu.addAction(tr(entry.title), QKeySequence(entry.shortcut), this,
                                                [this, &entry] { CVEdit(entry.command, mWindow.focusWidget()); });
@@ -51,19 +94,25 @@ void CVMainMenu::addEditMenu(QWidget& table) {
                 [this, action, &entry] { action->setEnabled(CVCanEdit(entry.command, mWindow.focusWidget())); });
         connect(&menu, &QMenu::aboutToHide, action, [action] { action->setEnabled(true); });
     }
-    menu.addSeparator();
-    mRemove =
-        menu.addAction(tr("&Remove Transactions"), QKeySequence(Qt::Key_Delete), this, &CVMainMenu::removeRequested);
-    mRemove->setShortcutContext(Qt::WidgetShortcut);
-    table.addAction(mRemove);
-    setRemoveEnabled(false);
 }
 
-void CVMainMenu::addSortMenu() {
-    QMenu& sort = *mWindow.menuBar()->addMenu(tr("&View"))->addMenu(tr("&Sort By"));
+void CVMainMenu::addSortMenu(QMenu& menu) {
+    QMenu& sort = *menu.addMenu(tr("Sort &By"));
     for (int column = 0; column < CVTransactionTableModel::ColumnCount; ++column) {
         const QString identifier = CVTransactionTableModel::identifier(column);
         sort.addAction(CVTransactionTableModel::title(column), this,
                        [this, identifier] { emit sortRequested(identifier); });
     }
+}
+
+void CVMainMenu::addTableCommands(QTableView& table) {
+    QAction* const remove = mActions[static_cast<std::size_t>(CVCommand::Remove)];
+    remove->setShortcutContext(Qt::WidgetShortcut);
+    remove->setEnabled(false);
+    auto* const edit = new QAction(tr("&Edit"), &table);
+    connect(edit, &QAction::triggered, &table, [&table] { table.edit(table.currentIndex()); });
+    auto* const copy = new QAction(tr("&Copy"), &table);
+    connect(copy, &QAction::triggered, &table, [&table] { CVEdit(CVEditCommand::Copy, &table); });
+    table.addActions({edit, copy, remove});
+    table.setContextMenuPolicy(Qt::ActionsContextMenu);
 }

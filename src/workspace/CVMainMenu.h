@@ -3,10 +3,30 @@
 #include <QObject>
 #include <QString>
 
+#include <array>
+
 class QAction;
 class QMainWindow;
 class QMenu;
-class QWidget;
+class QTableView;
+
+/// What the menus of the main window can ask for.
+enum class CVCommand {
+    Export,
+    Quit,
+    Remove,
+    Find,
+    DetectDuplicates,
+    ShowTransactions,
+    ShowSummary,
+    ShowReports,
+    PreviousPeriod,
+    NextPeriod,
+    Today,
+    Record,
+    About
+};
+inline constexpr std::size_t kCVCommands = static_cast<std::size_t>(CVCommand::About) + 1;
 
 /// The menus of the main window: every command once, with its shortcut. Announces what was chosen; only the commands of
 /// the Edit menu that concern the focused widget are carried out here.
@@ -16,21 +36,21 @@ class CVMainMenu final : public QObject {
 public:
     /// Fills the menu bar of `window`. The shortcut of Remove Transactions works in `table` alone, so that Delete keeps
     /// its meaning elsewhere.
-    CVMainMenu(QMainWindow& window, QWidget& table);
+    CVMainMenu(QMainWindow& window, QTableView& table);
 
-    void setRemoveEnabled(bool enabled);
+    /// A command that cannot act now is greyed out, and its shortcut does nothing.
+    void setEnabled(CVCommand command, bool enabled);
 
 signals:
-    void quitRequested();
-    void removeRequested();
+    void chosen(CVCommand command);
     void sortRequested(const QString& identifier);
-    void recordRequested();
-    void aboutRequested();
 
 private:
-    void addEditMenu(QWidget& table);
-    void addSortMenu();
+    void addCommands();
+    void addEditCommands(QMenu& menu);
+    void addSortMenu(QMenu& menu);
+    void addTableCommands(QTableView& table);
 
     QMainWindow& mWindow;
-    QAction* mRemove = nullptr;
+    std::array<QAction*, kCVCommands> mActions{};
 };

@@ -2,7 +2,9 @@
 
 #include "workspace/CVEntryStrip.h"
 #include "workspace/CVMainMenu.h"
+#include "workspace/CVReportsTab.h"
 #include "workspace/CVSaveStatus.h"
+#include "workspace/CVSummaryTab.h"
 #include "workspace/CVTransactionTableView.h"
 #include "workspace/CVTransactionsTab.h"
 
@@ -10,20 +12,28 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QTabWidget>
 #include <QVBoxLayout>
 
-CVMainWindow::CVMainWindow(const CVTransactionList& list)
+CVMainWindow::CVMainWindow(const CVTransactionList& list, const CVGridContents& grid, const CVReportContents& reports)
     : mEntryStrip(new CVEntryStrip(this))
+    , mMainTabView(new QTabWidget(this))
     , mTransactionsTab(new CVTransactionsTab(list, this))
+    , mSummaryTab(new CVSummaryTab(grid, this))
+    , mReportsTab(new CVReportsTab(reports, this))
     , mSaveStatus(new CVSaveStatus(this))
     , mTransactionSet(new QComboBox(this))
     , mSetPicker(makeSetPicker()) {
     setWindowTitle(tr("Corvella Main Window"));
+    mMainTabView->setObjectName(QStringLiteral("mMainTabView"));
+    mMainTabView->addTab(mTransactionsTab, tr("Transactions"));
+    mMainTabView->addTab(mSummaryTab, tr("Summary"));
+    mMainTabView->addTab(mReportsTab, tr("Reports"));
+    mMainTabView->setCornerWidget(mSetPicker);
     auto* const content = new QWidget(this);
     auto* const layout = new QVBoxLayout(content);
-    layout->addWidget(mSetPicker, 0, Qt::AlignRight);
     layout->addWidget(mEntryStrip);
-    layout->addWidget(mTransactionsTab, 1);
+    layout->addWidget(mMainTabView, 1);
     layout->addWidget(mSaveStatus);
     setCentralWidget(content);
     mMenu = new CVMainMenu(*this, mTransactionsTab->table());
@@ -45,6 +55,12 @@ void CVMainWindow::closeEvent(QCloseEvent* event) {
     event->accept();
 }
 
+void CVMainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::LocaleChange)
+        emit localeChanged();
+}
+
 QWidget* CVMainWindow::makeSetPicker() {
     auto* const picker = new QWidget(this);
     auto* const label = new QLabel(tr("Transaction &Set"), picker);
@@ -55,7 +71,7 @@ QWidget* CVMainWindow::makeSetPicker() {
     connect(mTransactionSet, &QComboBox::activated, this, &CVMainWindow::transactionSetPicked);
 
     auto* const layout = new QHBoxLayout(picker);
-    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setContentsMargins(0, 0, 0, 2);
     layout->addWidget(label);
     layout->addWidget(mTransactionSet);
     return picker;

@@ -5,11 +5,16 @@
 #include <functional>
 
 class CVEntryStrip;
+class CVGridContents;
 class CVMainMenu;
+class CVReportContents;
+class CVReportsTab;
 class CVSaveStatus;
+class CVSummaryTab;
 class CVTransactionList;
 class CVTransactionsTab;
 class QComboBox;
+class QTabWidget;
 class QWidget;
 
 /// The window and its parts, put together; what they do is the controller's.
@@ -17,13 +22,17 @@ class CVMainWindow final : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// `list` outlives the window.
-    explicit CVMainWindow(const CVTransactionList& list);
+    /// What the tabs show; all of it outlives the window.
+    CVMainWindow(const CVTransactionList& list, const CVGridContents& grid, const CVReportContents& reports);
 
     [[nodiscard]] CVMainMenu& menu() const { return *mMenu; }
     [[nodiscard]] CVEntryStrip& entryStrip() const { return *mEntryStrip; }
     [[nodiscard]] CVTransactionsTab& transactionsTab() const { return *mTransactionsTab; }
+    [[nodiscard]] CVSummaryTab& summaryTab() const { return *mSummaryTab; }
+    [[nodiscard]] CVReportsTab& reportsTab() const { return *mReportsTab; }
     [[nodiscard]] CVSaveStatus& saveStatus() const { return *mSaveStatus; }
+    /// The tabs by the number that the view state keeps: transactions, summary, reports.
+    [[nodiscard]] QTabWidget& tabs() const { return *mMainTabView; }
 
     /// Shows the pop-up of sets with these names; without a choice to make, with less than two, it is not there.
     void setTransactionSets(const QStringList& names, int current);
@@ -34,17 +43,24 @@ public:
 signals:
     /// The user picked that set.
     void transactionSetPicked(int index);
+    /// The user's locale is another one now.
+    void localeChanged();
     /// The window closes.
     void closing();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     QWidget* makeSetPicker();
 
     CVEntryStrip* mEntryStrip;
+    /// Made before its pages, so that Tab meets it before them.
+    QTabWidget* mMainTabView;
     CVTransactionsTab* mTransactionsTab;
+    CVSummaryTab* mSummaryTab;
+    CVReportsTab* mReportsTab;
     CVSaveStatus* mSaveStatus;
     CVMainMenu* mMenu = nullptr;
     QComboBox* mTransactionSet;

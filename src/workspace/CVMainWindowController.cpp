@@ -1,8 +1,7 @@
 #include "workspace/CVMainWindowController.h"
 
+#include "budget/CVBudgetRows.h"
 #include "model/CVCategory.h"
-#include "model/CVDocument.h"
-#include "model/CVTransaction.h"
 #include "model/CVTransactionSet.h"
 #include "shared/base/CVBundle.h"
 #include "shared/base/CVDefaultsKeys.h"
@@ -13,11 +12,15 @@
 #include "workspace/CVEntryStrip.h"
 #include "workspace/CVMainMenu.h"
 #include "workspace/CVMainWindow.h"
+#include "workspace/CVRangeControls.h"
+#include "workspace/CVReportsTab.h"
+#include "workspace/CVSummaryTab.h"
 #include "workspace/CVTransactionTableView.h"
 #include "workspace/CVTransactionsTab.h"
 
-#include <QApplication>
+#include <QScopedValueRollback>
 #include <QScreen>
+#include <QTabWidget>
 
 namespace {
 
@@ -25,24 +28,18 @@ constexpr const char* kFrameKey = "CVMainWindowController";
 constexpr const char* kColumnsKey = "CVMainWindowController Columns";
 constexpr QSize kFirstSize(1080, 680);
 
-std::shared_ptr<CVTransaction> makeTransaction(const CVEntry& entry, const CVCategory& category) {
-    auto transaction = std::make_shared<CVTransaction>();
-    transaction->setEffectiveDate(entry.date);
-    transaction->setAmount(entry.amount);
-    transaction->setFor(entry.xfor);
-    transaction->setCategoryID(category.uniqueID());
-    transaction->setPayTo(entry.payTo);
-    transaction->setTaxFlag(entry.taxFlag);
-    return transaction;
-}
-
 } // namespace
 
-CVMainWindowController::CVMainWindowController(CVDocument& document, CVAlerts& alerts)
+CVMainWindowController::CVMainWindowController(CVDocument& document, CVAlerts& alerts, CVFilePanels& panels)
     : mDocument(document)
     , mAlerts(alerts)
+    , mPanels(panels)
+    , mToday(QBDate::date())
     , mList(document)
-    , mWindow(std::make_unique<CVMainWindow>(mList)) {
+    , mGrid(mToday, document.userDefaults().integerForKey(CVDefaultsKeys::kPeriodType),
+            CVDisplayPeriods::Placement::fromDefaults(document.userDefaults()))
+    , mReports(mToday)
+    , mWindow(std::make_unique<CVMainWindow>(mList, mGrid, mReports)) {
     windowDidLoad();
 }
 
@@ -67,56 +64,28 @@ void CVMainWindowController::setMayClose(std::function<bool()> mayClose) {
 }
 
 void CVMainWindowController::getStarted() {
+    const QScopedValueRollback settingUp(_cv_setting_up, true);
     showTransactionSets();
     mList.collectTransactions();
+    setDateFieldsFromPopUp();
     mainSetup();
     updatePaidToAutocomplete();
     reloadAllTables();
 }
 
 void CVMainWindowController::reloadAllTables() {
-    mWindow->transactionsTab().showTotalsAndCountsField();
-    mWindow->transactionsTab().table().reload();
-}
-
-void CVMainWindowController::record() {
-    CVEntryStrip& strip = mWindow->entryStrip();
-    auto problem = strip.endEditing();
-    if (problem && problem->field == CVEntryField::Date)
-        QApplication::beep();
-    const CVEntry entry = strip.entry();
-    if (!problem)
-        problem = CVFirstProblem(entry);
-    if (problem) {
-        mAlerts.run({tr("Input Error"), problem->message, tr("OK")});
-        strip.focusField(problem->field);
-        return;
-    }
-    const auto category = mDocument.insertCategoryName(entry.category);
-    const auto transaction = makeTransaction(entry, *category);
-    mDocument.insertTransaction(transaction);
-    if (mDocument.userDefaults().boolForKey(CVDefaultsKeys::kClearFields))
-        strip.clearFields();
-    mDocument.workbookSave();
-    strip.resetAmount();
-    getStarted();
-    mWindow->transactionsTab().table().reveal(transaction.get());
-    strip.focusField(CVEntryField::Amount);
-}
-
-void CVMainWindowController::removeTransaction() {
-    CVTransactionTableView& table = mWindow->transactionsTab().table();
-    const CVDocument::Transactions selected = table.selectedTransactions();
-    if (selected.empty())
-        return;
-    const auto answer = mAlerts.run({tr("Are you sure you want to delete the selected transaction(s)?"),
-                                     tr("This action is not reversible."), tr("Delete"), tr("Cancel")});
-    if (answer != CVAlert::kDefault)
-        return;
-    mDocument.removeTransactions(selected);
-    table.clearSelection();
-    mDocument.workbookSave();
-    getStarted();
+    if (mDisplayTab == kSummary || mDisplayTab == kReports) {
+        const auto rows = buildCategoryArray(mDocument, CVShowUnusedFromDefaults(mDocument.userDefaults()));
+        if (mDisplayTab == kSummary) {
+            mGrid.reload(mList.transactions(), rows);
+            mWindow->summaryTab().reload();
+        } else {
+            mReports.reload(mList.transactions(), rows);
+            mWindow->reportsTab().reload();
+        }
+    } else
+        showList();
+    updateCommands();
 }
 
 void CVMainWindowController::changeTransactionSet(int index) {
@@ -126,82 +95,34 @@ void CVMainWindowController::changeTransactionSet(int index) {
     getStarted();
 }
 
-void CVMainWindowController::sortByColumn(const QString& identifier) {
-    mList.chooseSortColumn(identifier);
-    mList.doUserSort();
-    reloadAllTables();
-}
-
 void CVMainWindowController::windowDidLoad() {
+    const QScopedValueRollback settingUp(_cv_setting_up, true);
     restoreFrame();
+    readViewState();
     observeNotifications();
     connectWindow();
     handleCategoryUpdate();
     mWindow->entryStrip().focusField(CVEntryField::Date);
+    selectViewState();
     getStarted();
 }
 
-void CVMainWindowController::connectWindow() {
-    const CVMainMenu& menu = mWindow->menu();
-    const CVTransactionTableView& table = mWindow->transactionsTab().table();
-    connect(mWindow.get(), &CVMainWindow::transactionSetPicked, this, &CVMainWindowController::changeTransactionSet);
-    connect(mWindow.get(), &CVMainWindow::closing, this, &CVMainWindowController::saveFrame);
-    connect(&menu, &CVMainMenu::quitRequested, mWindow.get(), &CVMainWindow::close);
-    connect(&menu, &CVMainMenu::removeRequested, this, &CVMainWindowController::removeTransaction);
-    connect(&menu, &CVMainMenu::sortRequested, this, &CVMainWindowController::sortByColumn);
-    connect(&menu, &CVMainMenu::recordRequested, this, &CVMainWindowController::record);
-    connect(&menu, &CVMainMenu::aboutRequested, this, &CVMainWindowController::showAbout);
-    connect(&mWindow->entryStrip(), &CVEntryStrip::recordRequested, this, &CVMainWindowController::record);
-    connect(&mWindow->transactionsTab(), &CVTransactionsTab::removeRequested, this,
-            &CVMainWindowController::removeTransaction);
-    connect(&table, &CVTransactionTableView::columnClicked, this, &CVMainWindowController::sortByColumn);
-    connect(&table, &CVTransactionTableView::selectedTransactionsChanged, this, [this] {
-        mWindow->menu().setRemoveEnabled(!mWindow->transactionsTab().table().selectedTransactions().empty());
-    });
+/// A number that no tab has counts as the first.
+void CVMainWindowController::readViewState() {
+    const QBUserDefaults& defaults = mDocument.userDefaults();
+    const int tab = defaults.integerForKey(CVDefaultsKeys::kDisplayTab);
+    mDisplayTab = tab >= 0 && tab < mWindow->tabs().count() ? tab : kTransactions;
+    mReportTab = defaults.integerForKey(CVDefaultsKeys::kReportTab);
+    mList.setTransactionPeriod(defaults.integerForKey(CVDefaultsKeys::kTransactionPeriod));
+    mReports.setReportPeriod(defaults.integerForKey(CVDefaultsKeys::kReportPeriod));
 }
 
-void CVMainWindowController::observeNotifications() {
-    QBNotificationCenter& center = mDocument.notificationCenter();
-    center.addObserver(QLatin1String(CVNotifications::kCategoryAddedRemoved), this,
-                       [this](const QBNotification&) { handleCategoryUpdate(); });
-    center.addObserver(QLatin1String(CVNotifications::kTransactionSet), this,
-                       [this](const QBNotification&) { getStarted(); });
-}
-
-void CVMainWindowController::mainSetup() {
-    mList.getTransactions();
-    mList.filterTransactions();
-    mList.doUserSort();
-}
-
-void CVMainWindowController::handleCategoryUpdate() {
-    QStringList names;
-    for (const auto& category : mDocument.categories())
-        names.append(category->categoryName());
-    mWindow->entryStrip().setCategoryItems(names);
-    reloadAllTables();
-}
-
-void CVMainWindowController::showTransactionSets() {
-    QStringList names;
-    for (const auto& set : mDocument.transactionSets())
-        names.append(set->transactionSetName());
-    mWindow->setTransactionSets(names, static_cast<int>(mDocument.popupIndexOfCurrentTransactionSet()));
-}
-
-void CVMainWindowController::updatePaidToAutocomplete() {
-    mPaidToList.update(mList.transactions(), mDocument.userDefaults().integerForKey(CVDefaultsKeys::kNumberOfItems));
-    mWindow->entryStrip().setPaidToItems(mPaidToList.payees());
-}
-
-void CVMainWindowController::showAbout() {
-    const auto version = CVBundle::version();
-    CVAlert about{tr("About Corvella"),
-                  tr("Corvella %1, your own budget on your own computer. Made by Quenby Labs.")
-                      .arg(QString::fromUtf8(version.data(), static_cast<qsizetype>(version.size()))),
-                  tr("OK")};
-    about.style = CVAlert::Style::Information;
-    mAlerts.run(about);
+void CVMainWindowController::selectViewState() {
+    mWindow->summaryTab().setPeriodType(mGrid.periods().periodType());
+    mWindow->tabs().setCurrentIndex(mDisplayTab);
+    mWindow->reportsTab().setReportTab(mReportTab);
+    mWindow->transactionsTab().rangeControls().setPreset(mList.transactionPeriod());
+    mWindow->reportsTab().rangeControls().setPreset(mReports.reportPeriod());
 }
 
 void CVMainWindowController::restoreFrame() {
@@ -215,4 +136,105 @@ void CVMainWindowController::saveFrame() const {
     QBUserDefaults& defaults = mDocument.userDefaults();
     defaults.setData(kFrameKey, mWindow->saveGeometry());
     defaults.setData(kColumnsKey, mWindow->transactionsTab().table().saveColumns());
+}
+
+void CVMainWindowController::observeNotifications() {
+    struct Observation {
+        const char* name;
+        void (CVMainWindowController::*handler)();
+    };
+    constexpr std::array<Observation, 5> kObservations{
+        {{CVNotifications::kPreference, &CVMainWindowController::preferenceChanged},
+         {CVNotifications::kTransactionAddedRemoved, &CVMainWindowController::transactionUpdated},
+         {CVNotifications::kCategoryAddedRemoved, &CVMainWindowController::handleCategoryUpdate},
+         {CVNotifications::kMoneyFormatterChanged, &CVMainWindowController::moneyFormatChanged},
+         {CVNotifications::kTransactionSet, &CVMainWindowController::getStarted}}};
+    for (const Observation& observation : kObservations)
+        mDocument.notificationCenter().addObserver(
+            QLatin1String(observation.name), this,
+            [this, handler = observation.handler](const QBNotification&) { (this->*handler)(); });
+}
+
+void CVMainWindowController::mainSetup() {
+    rebuildList();
+    mGrid.periods().initializeFirstColumnStartingDate(
+        CVDisplayPeriods::Placement::fromDefaults(mDocument.userDefaults()));
+}
+
+/// Stages 2 and 3 of the list.
+void CVMainWindowController::rebuildList() {
+    mList.getTransactions();
+    mList.filterTransactions();
+    mList.doUserSort();
+}
+
+void CVMainWindowController::showTransactionSets() {
+    QStringList names;
+    for (const auto& set : mDocument.transactionSets())
+        names.append(set->transactionSetName());
+    mWindow->setTransactionSets(names, static_cast<int>(mDocument.popupIndexOfCurrentTransactionSet()));
+}
+
+void CVMainWindowController::updatePaidToAutocomplete() {
+    mPaidToList.update(mList.transactions(), mDocument.userDefaults().integerForKey(CVDefaultsKeys::kNumberOfItems));
+    mWindow->entryStrip().setPaidToItems(mPaidToList.payees());
+    mWindow->transactionsTab().table().setPaidToItems(mPaidToList.payees());
+}
+
+void CVMainWindowController::tabSelected(int index) {
+    if (_cv_setting_up)
+        return;
+    mDisplayTab = index;
+    mDocument.userDefaults().setInteger(CVDefaultsKeys::kDisplayTab, index);
+    reloadAllTables();
+}
+
+void CVMainWindowController::reportTabSelected(int index) {
+    if (_cv_setting_up)
+        return;
+    mReportTab = index;
+    mDocument.userDefaults().setInteger(CVDefaultsKeys::kReportTab, index);
+    reloadAllTables();
+}
+
+void CVMainWindowController::handleCategoryUpdate() {
+    QStringList names;
+    for (const auto& category : mDocument.categories())
+        names.append(category->categoryName());
+    mWindow->entryStrip().setCategoryItems(names);
+    mWindow->transactionsTab().table().setCategoryItems(names);
+    reloadAllTables();
+}
+
+/// Recording and removing rebuild everything themselves; the reports alone show other changes at once.
+void CVMainWindowController::transactionUpdated() {
+    if (mDisplayTab != kReports)
+        return;
+    rebuildList();
+    reloadAllTables();
+}
+
+void CVMainWindowController::preferenceChanged() {
+    mainSetup();
+    updatePaidToAutocomplete();
+    reloadAllTables();
+}
+
+void CVMainWindowController::moneyFormatChanged() {
+    reloadAllTables();
+}
+
+/// The fields and tables follow by themselves; whoever else shows money hears of it.
+void CVMainWindowController::handleLocaleChange() {
+    mDocument.notificationCenter().postNotification(QLatin1String(CVNotifications::kMoneyFormatterChanged));
+}
+
+void CVMainWindowController::showAbout() {
+    const auto version = CVBundle::version();
+    CVAlert about{tr("About Corvella"),
+                  tr("Corvella %1, your own budget on your own computer. Made by Quenby Labs.")
+                      .arg(QString::fromUtf8(version.data(), static_cast<qsizetype>(version.size()))),
+                  tr("OK")};
+    about.style = CVAlert::Style::Information;
+    mAlerts.run(about);
 }

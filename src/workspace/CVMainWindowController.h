@@ -1,5 +1,7 @@
 #pragma once
 
+#include "budget/CVGridContents.h"
+#include "budget/CVReportContents.h"
 #include "workspace/CVPaidToList.h"
 #include "workspace/CVTransactionList.h"
 
@@ -10,17 +12,20 @@
 
 class CVAlerts;
 class CVDocument;
+class CVDocumentWindows;
+class CVFilePanels;
 class CVMainWindow;
 class CVSaveStatus;
 class QMainWindow;
+enum class CVCommand;
 
-/// Owns the main window and the order of things in it: set-up, recording, removal, and the rebuild after every change.
-/// References the document and the alerts, which outlive it.
+/// Owns the main window and the order of things in it: set-up, recording, editing, removal, and the rebuild after every
+/// change. References the document, the alerts and the panels, which outlive it.
 class CVMainWindowController final : public QObject {
     Q_OBJECT
 
 public:
-    CVMainWindowController(CVDocument& document, CVAlerts& alerts);
+    CVMainWindowController(CVDocument& document, CVAlerts& alerts, CVFilePanels& panels);
     ~CVMainWindowController() override;
 
     void showWindow();
@@ -29,33 +34,90 @@ public:
     /// Is asked before the window closes; a false answer keeps it open. Without one it always closes.
     void setMayClose(std::function<bool()> mayClose);
 
+    /// Opens the further windows; without it none opens. Outlives the controller.
+    void setDocumentWindows(CVDocumentWindows* windows) { mDocumentWindows = windows; }
+
     /// Rebuilds everything that depends on the current transaction set.
     void getStarted();
+    /// Shows the tables of the visible tab anew.
     void reloadAllTables();
+
     /// Records what the entry strip holds, or says why not.
     void record();
     /// Removes the selected transactions once the user has confirmed it.
     void removeTransaction();
+    /// Selects what looks as if it was entered twice.
+    void detectDuplicates();
+    /// Writes the listed transactions to a file of the user's choice.
+    void exportTransactions();
     /// Makes the set at that position of the document's sets the current one.
     void changeTransactionSet(int index);
-    /// The user asks for that order of the list.
-    void sortByColumn(const QString& identifier);
 
 private:
+    enum Tab { kTransactions, kSummary, kReports };
+
     void windowDidLoad();
-    void connectWindow();
-    void observeNotifications();
-    void mainSetup();
-    void handleCategoryUpdate();
-    void showTransactionSets();
-    void updatePaidToAutocomplete();
-    void showAbout();
+    void readViewState();
+    void selectViewState();
     void restoreFrame();
     void saveFrame() const;
 
+    void connectWindow();
+    void connectTransactionsTab();
+    void connectSummaryTab();
+    void connectReportsTab();
+    void observeNotifications();
+    void choose(CVCommand command);
+    void updateCommands();
+
+    void mainSetup();
+    void setDateFieldsFromPopUp();
+    void rebuildList();
+    void showList();
+    void showTransactionSets();
+    void updatePaidToAutocomplete();
+    void tabSelected(int index);
+    void reportTabSelected(int index);
+
+    void handleCategoryUpdate();
+    void transactionUpdated();
+    void preferenceChanged();
+    void moneyFormatChanged();
+    void handleLocaleChange();
+
+    void sortByColumn(const QString& identifier);
+    void setSearchText(const QString& text);
+    void setSearchType(int kind);
+    void setTransactionDateRange(int preset);
+    void setTransactionDates(const CVDayRange& range);
+    void setObjectValue(int row, int column, const QVariant& value);
+    void writeExport(const QString& path);
+
+    void setTimePeriod(int periodType);
+    void showPeriods(void (CVDisplayPeriods::*move)());
+    void goToToday();
+    void showCell(int row, int column);
+
+    void setReportDateRange(int preset);
+    void setReportDates(const CVDayRange& range);
+    void setFrequency(int row, int code);
+    void setTarget(int row, double target);
+
+    void showAbout();
+
     CVDocument& mDocument;
     CVAlerts& mAlerts;
+    CVFilePanels& mPanels;
+    CVDocumentWindows* mDocumentWindows = nullptr;
+    /// The day on which the window was opened, however long it stays open.
+    QBDate mToday;
     CVTransactionList mList;
     CVPaidToList mPaidToList;
+    CVGridContents mGrid;
+    CVReportContents mReports;
+    int mDisplayTab = kTransactions;
+    int mReportTab = 0;
+    /// While the window is (re)built: what its controls report then is no choice of the user's.
+    bool _cv_setting_up = false;
     std::unique_ptr<CVMainWindow> mWindow;
 };

@@ -1,23 +1,47 @@
 #pragma once
 
+#include "budget/CVDayRange.h"
 #include "model/CVCompareTransactions.h"
 #include "model/CVDocument.h"
 
+#include <QString>
+
 /// The transactions of the current set on their way to the table, in three stages: all of the set, those of the date
 /// range, and those that pass the search, sorted. Knows no windows; references the document, which outlives it.
+/// Stage 1 shares the ownership of its transactions; the others, and whoever shows them, refer to what it owns.
 class CVTransactionList final {
 public:
-    /// How many transactions, and their amounts added up and rounded once to two places.
+    using Rows = std::vector<CVTransaction*>;
+
+    /// How many transactions, and their amounts added up in their order and rounded once to two places.
     struct Totals {
         std::size_t count = 0;
         double amount = 0;
     };
 
-    explicit CVTransactionList(CVDocument& document) : mDocument(document) {}
+    explicit CVTransactionList(CVDocument& document);
 
-    /// Stage 1: the transactions of the document's current set, in document order. The further stages stay.
+    /// Item 0 to 7 of the range pop-up; another number leaves the range as it is.
+    void setTransactionPeriod(int preset) { mTransactionPeriod = preset; }
+    [[nodiscard]] int transactionPeriod() const { return mTransactionPeriod; }
+    /// The range as its pop-up has it on the day `today`; the stages stay.
+    void setRangeFromPreset(const QBDate& today);
+    void setRange(const CVDayRange& range) { mRange = range; }
+    [[nodiscard]] const CVDayRange& range() const { return mRange; }
+    /// While the range is that of "All", it grows to hold a transaction's new date.
+    void updateDisplayDatesWithTransaction(const CVTransaction& transaction);
+
+    /// A kind of search by its number.
+    void setSearchType(int kind) { mSearchType = kind; }
+    [[nodiscard]] int searchType() const { return mSearchType; }
+    /// As typed, not trimmed; empty: everything passes.
+    void setSearchText(const QString& text) { mSearchText = text; }
+    [[nodiscard]] const QString& searchText() const { return mSearchText; }
+
+    /// Stage 1: the transactions of the document's current set, in document order. The further stages stay, and what
+    /// they refer to lives until the next call.
     void collectTransactions();
-    /// Stage 2 from stage 1.
+    /// Stage 2 from stage 1: the transactions in the range, and the undated ones where "All" is shown.
     void getTransactions();
     /// Stage 3 from stage 2, not yet sorted.
     void filterTransactions();
@@ -31,17 +55,26 @@ public:
 
     /// Stage 1.
     [[nodiscard]] const CVDocument::Transactions& transactions() const { return mTransactionArray; }
-    /// Stage 3.
-    [[nodiscard]] const CVDocument::Transactions& displayTransactions() const { return mDisplayTransactionArray; }
-    [[nodiscard]] Totals totals() const { return totalsOf(mTransactionArray); }
-    [[nodiscard]] Totals displayTotals() const { return totalsOf(mDisplayTransactionArray); }
+    /// Stage 3. A transaction can stand in it twice.
+    [[nodiscard]] const Rows& displayTransactions() const { return mDisplayTransactionArray; }
+    [[nodiscard]] Totals totals() const;
+    [[nodiscard]] Totals displayTotals() const;
+
+    /// The shared objects behind rows, each once, in the order of stage 1.
+    [[nodiscard]] CVDocument::Transactions owned(const Rows& rows) const;
 
 private:
-    [[nodiscard]] static Totals totalsOf(const CVDocument::Transactions& transactions);
+    [[nodiscard]] bool showsUndated() const;
 
     CVDocument& mDocument;
+    int mTransactionPeriod = 0;
+    CVDayRange mRange;
+    int mSearchType = 0;
+    QString mSearchText;
     CVDocument::Transactions mTransactionArray;
-    CVDocument::Transactions mDateSelectedTransactionArray;
-    CVDocument::Transactions mDisplayTransactionArray;
+    /// What the last collection took out of stage 1: a table may show it until it is reloaded.
+    CVDocument::Transactions mTakenOut;
+    Rows mDateSelectedTransactionArray;
+    Rows mDisplayTransactionArray;
     CVTransactionSortContext mTransactionSortContext;
 };

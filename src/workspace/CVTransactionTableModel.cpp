@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <array>
+#include <unordered_map>
+#include <utility>
 
 namespace {
 
@@ -58,14 +60,40 @@ int CVTransactionTableModel::columnOfIdentifier(const QString& identifier) {
 }
 
 void CVTransactionTableModel::reload() {
+    if (!mRows.empty() && mRows == mList.displayTransactions()) {
+        emit dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
+        emit headerDataChanged(Qt::Horizontal, 0, ColumnCount - 1);
+        return;
+    }
     beginResetModel();
     mRows = mList.displayTransactions();
     endResetModel();
 }
 
+void CVTransactionTableModel::reorder() {
+    emit layoutAboutToBeChanged({}, VerticalSortHint);
+    const QModelIndexList before = persistentIndexList();
+    std::unordered_map<const CVTransaction*, int> places;
+    for (const QModelIndex& index : before)
+        places.emplace(mRows[static_cast<std::size_t>(index.row())], -1);
+    const std::vector<CVTransaction*> rowsBefore = std::exchange(mRows, mList.displayTransactions());
+    for (int row = places.empty() ? 0 : rowCount(); row-- > 0;) {
+        if (const auto place = places.find(mRows[static_cast<std::size_t>(row)]); place != places.end())
+            place->second = row;
+    }
+    QModelIndexList after;
+    for (const QModelIndex& index : before) {
+        const int row = places[rowsBefore[static_cast<std::size_t>(index.row())]];
+        after.append(row < 0 ? QModelIndex() : this->index(row, index.column()));
+    }
+    changePersistentIndexList(before, after);
+    emit layoutChanged({}, VerticalSortHint);
+    emit headerDataChanged(Qt::Horizontal, 0, ColumnCount - 1);
+}
+
 int CVTransactionTableModel::rowOf(const CVTransaction* transaction) const {
-    const auto found =
-        std::find_if(mRows.begin(), mRows.end(), [transaction](const auto& row) { return row.get() == transaction; });
+    const auto found = std::find_if(mRows.begin(), mRows.end(),
+                                    [transaction](const CVTransaction* row) { return row == transaction; });
     return found == mRows.end() ? -1 : static_cast<int>(found - mRows.begin());
 }
 
@@ -81,17 +109,18 @@ QVariant CVTransactionTableModel::data(const QModelIndex& index, int role) const
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
     const CVTransaction& transaction = *mRows[static_cast<std::size_t>(index.row())];
-    const bool isFlagColumn = index.column() == Tax || index.column() == UserFlag;
     switch (role) {
     case Qt::DisplayRole:
-        return isFlagColumn ? QVariant() : text(transaction, index.column());
+        return isFlag(index.column()) ? QVariant() : text(transaction, index.column());
     case Qt::EditRole:
         return value(transaction, index.column());
     case Qt::DecorationRole:
         if (index.column() == Tax && transaction.taxFlag())
             return CVGlyph::icon(CVGlyph::Shape::SmallTax);
-        if (index.column() == UserFlag && transaction.userFlag())
-            return CVGlyph::icon(CVGlyph::Shape::Flag);
+        return {};
+    case Qt::CheckStateRole:
+        if (index.column() == UserFlag)
+            return transaction.userFlag() ? Qt::Checked : Qt::Unchecked;
         return {};
     case Qt::AccessibleTextRole:
         return text(transaction, index.column());
@@ -115,6 +144,27 @@ QVariant CVTransactionTableModel::headerData(int section, Qt::Orientation orient
         return font;
     }
     return {};
+}
+
+Qt::ItemFlags CVTransactionTableModel::flags(const QModelIndex& index) const {
+    const Qt::ItemFlags usual = QAbstractTableModel::flags(index);
+    if (!index.isValid())
+        return usual;
+    return usual | (isFlag(index.column()) ? Qt::ItemIsUserCheckable : Qt::ItemIsEditable);
+}
+
+bool CVTransactionTableModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return false;
+    if (role != (isFlag(index.column()) ? Qt::CheckStateRole : Qt::EditRole))
+        return false;
+    emit edited(index.row(), index.column(), value);
+    return true;
+}
+
+void CVTransactionTableModel::updateFormatters() {
+    mDateFormatter = QBDateFormatter();
+    mMoneyFormatter = QBMoneyFormatter();
 }
 
 QString CVTransactionTableModel::text(const CVTransaction& transaction, int column) const {

@@ -6,9 +6,10 @@
 #include "workspace/CVTransactionList.h"
 #include "workspace/CVTransactionTableModel.h"
 
-#include <QEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QPainter>
+#include <QPushButton>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -28,12 +29,13 @@ CVTransactionTableView::CVTransactionTableView(const CVTransactionList& list, QW
     : QTableView(parent)
     , mList(list)
     , mModel(new CVTransactionTableModel(list, this))
-    , mDelegate(new CVTransactionCellDelegate(this)) {
+    , mDelegate(new CVTransactionCellDelegate(this))
+    , mClearSearch(new QPushButton(tr("Clear Search"), viewport())) {
     setModel(mModel);
     setItemDelegate(mDelegate);
     setSelectionBehavior(SelectRows);
     setSelectionMode(ExtendedSelection);
-    setEditTriggers(NoEditTriggers);
+    setEditTriggers(DoubleClicked | EditKeyPressed);
     setAlternatingRowColors(true);
     setShowGrid(false);
     setWordWrap(false);
@@ -45,6 +47,9 @@ CVTransactionTableView::CVTransactionTableView(const CVTransactionList& list, QW
     setStyle(tableStyle);
     horizontalHeader()->setStyle(tableStyle);
     setUpHeaders();
+    mClearSearch->hide();
+    connect(mClearSearch, &QPushButton::clicked, this, &CVTransactionTableView::clearSearchRequested);
+    connect(mModel, &CVTransactionTableModel::edited, this, &CVTransactionTableView::edited);
     mTint.setSingleShot(true);
     mTint.setInterval(kTintMilliseconds);
     connect(&mTint, &QTimer::timeout, this, [this] {
@@ -54,22 +59,49 @@ CVTransactionTableView::CVTransactionTableView(const CVTransactionList& list, QW
 }
 
 void CVTransactionTableView::reload() {
-    const CVDocument::Transactions selection = mSelectedTransactions;
+    const CVTransactionList::Rows selection = mSelectedTransactions;
     const int scrolled = verticalScrollBar()->value();
     const QModelIndex current = currentIndex();
-    const auto currentTransaction =
+    const auto* const currentTransaction =
         current.isValid() ? mModel->rows()[static_cast<std::size_t>(current.row())] : nullptr;
     mDelegate->setTintedRow(-1);
     mModel->reload();
     // Scrolling needs the new number of rows now.
     executeDelayedItemsLayout();
-    restoreSelection(selection);
+    selectionModel()->select(rowsOf(selection), QItemSelectionModel::ClearAndSelect);
+    // Without a selection before and after there is no change to hear of.
+    updateSelectedTransactions();
     if (currentTransaction)
         restoreCurrent(*currentTransaction, current);
     verticalScrollBar()->setValue(scrolled);
-    const CVTransactionSortContext& context = mList.sortContext();
-    horizontalHeader()->setSortIndicator(CVTransactionTableModel::columnOfIdentifier(context.key),
-                                         context.descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+    showOrder();
+    placeClearSearch();
+}
+
+void CVTransactionTableView::reorder() {
+    mDelegate->setTintedRow(-1);
+    mModel->reorder();
+    updateSelectedTransactions();
+    showOrder();
+}
+
+bool CVTransactionTableView::selectTransactions(const CVTransactionList::Rows& transactions) {
+    const QItemSelection rows = rowsOf(transactions);
+    selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
+    if (rows.isEmpty())
+        return false;
+    const QModelIndex first = mModel->index(mModel->rowOf(mSelectedTransactions.front()), 0);
+    selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
+    scrollTo(first);
+    return true;
+}
+
+void CVTransactionTableView::setPaidToItems(const QStringList& items) {
+    mDelegate->setPaidToItems(items);
+}
+
+void CVTransactionTableView::setCategoryItems(const QStringList& items) {
+    mDelegate->setCategoryItems(items);
 }
 
 void CVTransactionTableView::reveal(const CVTransaction* transaction) {
@@ -105,20 +137,37 @@ void CVTransactionTableView::selectionChanged(const QItemSelection& selected, co
     updateSelectedTransactions();
 }
 
+void CVTransactionTableView::keyPressEvent(QKeyEvent* event) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && event->modifiers() == Qt::NoModifier && currentIndex().isValid() && state() != EditingState)
+        edit(currentIndex());
+    else
+        QTableView::keyPressEvent(event);
+}
+
 void CVTransactionTableView::paintEvent(QPaintEvent* event) {
     QTableView::paintEvent(event);
-    if (mModel->rowCount() > 0)
+    const QString text = emptyText();
+    if (text.isEmpty())
         return;
     QPainter painter(viewport());
     painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
-    painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap,
-                     tr("No transactions yet. Record your first one above."));
+    painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, text);
 }
 
 void CVTransactionTableView::changeEvent(QEvent* event) {
     QTableView::changeEvent(event);
     if (event->type() == QEvent::FontChange)
         updateRowHeight();
+    if (event->type() == QEvent::LocaleChange) {
+        mModel->updateFormatters();
+        viewport()->update();
+    }
+}
+
+void CVTransactionTableView::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    placeClearSearch();
 }
 
 void CVTransactionTableView::setUpHeaders() {
@@ -147,13 +196,11 @@ void CVTransactionTableView::updateRowHeight() {
     verticalHeader()->setDefaultSectionSize(qRound(fontMetrics().height() * kRowHeightInLines));
 }
 
-void CVTransactionTableView::restoreSelection(const CVDocument::Transactions& selection) {
-    std::unordered_set<const CVTransaction*> wanted;
-    for (const auto& transaction : selection)
-        wanted.insert(transaction.get());
+QItemSelection CVTransactionTableView::rowsOf(const CVTransactionList::Rows& transactions) const {
+    const std::unordered_set<const CVTransaction*> wanted(transactions.begin(), transactions.end());
     const auto& rows = mModel->rows();
     QItemSelection ranges;
-    const auto isWanted = [&](const auto& row) { return wanted.contains(row.get()); };
+    const auto isWanted = [&wanted](const CVTransaction* row) { return wanted.contains(row); };
     for (auto begin = wanted.empty() ? rows.end() : rows.begin(); begin != rows.end();) {
         begin = std::find_if(begin, rows.end(), isWanted);
         const auto end = std::find_if_not(begin, rows.end(), isWanted);
@@ -162,9 +209,7 @@ void CVTransactionTableView::restoreSelection(const CVDocument::Transactions& se
                           mModel->index(static_cast<int>(end - rows.begin()) - 1, mModel->columnCount() - 1));
         begin = end;
     }
-    selectionModel()->select(ranges, QItemSelectionModel::ClearAndSelect);
-    // Without a selection before and after there was no change to hear of.
-    updateSelectedTransactions();
+    return ranges;
 }
 
 /// The arrow keys go on at the same transaction, or, when it is gone, at the one in its place.
@@ -186,4 +231,29 @@ void CVTransactionTableView::updateSelectedTransactions() {
     for (const int row : rows)
         mSelectedTransactions.push_back(mModel->rows()[static_cast<std::size_t>(row)]);
     emit selectedTransactionsChanged();
+}
+
+void CVTransactionTableView::showOrder() {
+    const CVTransactionSortContext& context = mList.sortContext();
+    horizontalHeader()->setSortIndicator(CVTransactionTableModel::columnOfIdentifier(context.key),
+                                         context.descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+/// Why there is nothing to see; empty when there is.
+QString CVTransactionTableView::emptyText() const {
+    if (mModel->rowCount() > 0)
+        return {};
+    if (mList.transactions().empty())
+        return tr("No transactions yet. Record your first one above.");
+    if (!mList.searchText().isEmpty())
+        return tr("No transaction matches the search.");
+    return tr("No transactions in this range of dates.");
+}
+
+/// Under the text that says that nothing matches.
+void CVTransactionTableView::placeClearSearch() {
+    mClearSearch->setVisible(mModel->rowCount() == 0 && !mList.transactions().empty() && !mList.searchText().isEmpty());
+    mClearSearch->adjustSize();
+    const QPoint centre = viewport()->rect().center();
+    mClearSearch->move(centre.x() - mClearSearch->width() / 2, centre.y() + fontMetrics().height());
 }

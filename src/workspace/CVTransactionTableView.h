@@ -1,16 +1,16 @@
 #pragma once
 
-#include "model/CVDocument.h"
+#include "workspace/CVTransactionList.h"
 
 #include <QTableView>
 #include <QTimer>
 
 class CVTransactionCellDelegate;
-class CVTransactionList;
 class CVTransactionTableModel;
+class QPushButton;
 
 /// The transaction table. Whole rows are selected; the selection and the scroll position survive a reload as far as the
-/// same transactions are still shown.
+/// same transactions are still shown. A double-click, F2 or Return edits a cell; letters select by the sort column.
 class CVTransactionTableView final : public QTableView {
     Q_OBJECT
 
@@ -18,14 +18,22 @@ public:
     /// `list` outlives the table.
     explicit CVTransactionTableView(const CVTransactionList& list, QWidget* parent = nullptr);
 
-    /// Shows the list and its order as they are now.
+    /// Shows the list and its order as they are now. `reorder` is for rows that have only changed places: an editor that
+    /// is open stays so.
     void reload();
+    void reorder();
     /// In row order.
-    [[nodiscard]] const CVDocument::Transactions& selectedTransactions() const { return mSelectedTransactions; }
+    [[nodiscard]] const CVTransactionList::Rows& selectedTransactions() const { return mSelectedTransactions; }
+    /// Selects exactly the rows that show one of these, and scrolls to the first; false when none is shown.
+    bool selectTransactions(const CVTransactionList::Rows& transactions);
     /// Scrolls to the row of a transaction and tints it for a moment; nothing when it is not shown.
     void reveal(const CVTransaction* transaction);
 
-    /// The widths of the columns, for `restoreColumns`.
+    /// What the editors of payees and categories complete to.
+    void setPaidToItems(const QStringList& items);
+    void setCategoryItems(const QStringList& items);
+
+    /// The widths and places of the columns, for `restoreColumns`.
     [[nodiscard]] QByteArray saveColumns() const;
     /// Nothing that `saveColumns` has made: the usual widths.
     void restoreColumns(const QByteArray& columns);
@@ -36,24 +44,34 @@ signals:
     /// The user clicked the header of that column.
     void columnClicked(const QString& identifier);
     void selectedTransactionsChanged();
+    /// The user gave a cell a value; see `CVTransactionTableModel::edited`.
+    void edited(int row, int column, const QVariant& value);
+    /// The user wants to see what the search hides.
+    void clearSearchRequested();
 
 protected:
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void setUpHeaders();
     void setUsualWidths();
     void updateRowHeight();
-    void restoreSelection(const CVDocument::Transactions& selection);
+    [[nodiscard]] QItemSelection rowsOf(const CVTransactionList::Rows& transactions) const;
     void restoreCurrent(const CVTransaction& transaction, const QModelIndex& before);
     void updateSelectedTransactions();
+    [[nodiscard]] QString emptyText() const;
+    void placeClearSearch();
+    void showOrder();
 
     const CVTransactionList& mList;
     CVTransactionTableModel* mModel;
     CVTransactionCellDelegate* mDelegate;
-    CVDocument::Transactions mSelectedTransactions;
+    QPushButton* mClearSearch;
+    CVTransactionList::Rows mSelectedTransactions;
     /// Runs while a row is tinted.
     QTimer mTint;
 };

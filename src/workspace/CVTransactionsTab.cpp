@@ -1,9 +1,12 @@
 #include "workspace/CVTransactionsTab.h"
 
 #include "shared/widgets/CVFigureField.h"
+#include "workspace/CVRangeControls.h"
+#include "workspace/CVSearchField.h"
 #include "workspace/CVTransactionList.h"
 #include "workspace/CVTransactionTableView.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -12,8 +15,14 @@
 CVTransactionsTab::CVTransactionsTab(const CVTransactionList& list, QWidget* parent)
     : QWidget(parent)
     , mList(list)
+    , mRangeControls(new CVRangeControls({QLatin1StringView("mSetTransactionDateRange"), tr("Range")},
+                                         {QLatin1StringView("mTransactionStartDate"), tr("Start")},
+                                         {QLatin1StringView("mTransactionEndDate"), tr("End")}, this))
+    , mSearchField(new CVSearchField(this))
     , mTransactionTable(new CVTransactionTableView(list, this))
     , mRemoveTransactionButton(new QPushButton(tr("Remo&ve"), this)) {
+    mSearchField->setObjectName(QStringLiteral("mSearchField103"));
+    mSearchField->setAccessibleName(tr("Search"));
     mTransactionTable->setObjectName(QStringLiteral("mTransactionTable"));
     mTransactionTable->setAccessibleName(tr("Transactions"));
     mRemoveTransactionButton->setObjectName(QStringLiteral("mRemoveTransactionButton"));
@@ -21,6 +30,47 @@ CVTransactionsTab::CVTransactionsTab(const CVTransactionList& list, QWidget* par
     mRemoveTransactionButton->setToolTip(tr("Remove the selected transactions"));
     mRemoveTransactionButton->setEnabled(false);
 
+    auto* const layout = new QVBoxLayout(this);
+    layout->addLayout(makeHeader());
+    layout->addWidget(mTransactionTable, 1);
+    layout->addLayout(makeFooter());
+
+    connect(mRemoveTransactionButton, &QPushButton::clicked, this, &CVTransactionsTab::removeRequested);
+    connect(mTransactionTable, &CVTransactionTableView::selectedTransactionsChanged, this,
+            &CVTransactionsTab::updateRemoveButton);
+    connect(mTransactionTable, &CVTransactionTableView::clearSearchRequested, this, [this] {
+        mSearchField->clear();
+        mSearchField->setFocus();
+    });
+}
+
+void CVTransactionsTab::showTotalsAndCountsField() {
+    const CVTransactionList::Totals shown = mList.displayTotals();
+    const CVTransactionList::Totals total = mList.totals();
+    const QLocale locale = QBLocaleInForce();
+    mNumberOfTransactionsField1->setText(locale.toString(static_cast<qulonglong>(shown.count)));
+    mTotalNumberOfTransactionsField1->setText(locale.toString(static_cast<qulonglong>(total.count)));
+    mTotalAmountShownField->setText(mMoneyFormatter.string(shown.amount));
+    mTotalAmountField->setText(mMoneyFormatter.string(total.amount));
+}
+
+void CVTransactionsTab::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LocaleChange) {
+        mMoneyFormatter = QBMoneyFormatter();
+        showTotalsAndCountsField();
+    }
+}
+
+QHBoxLayout* CVTransactionsTab::makeHeader() {
+    auto* const header = new QHBoxLayout;
+    header->addWidget(mRangeControls);
+    header->addStretch();
+    header->addWidget(mSearchField);
+    return header;
+}
+
+QHBoxLayout* CVTransactionsTab::makeFooter() {
     auto* const footer = new QHBoxLayout;
     footer->addWidget(mRemoveTransactionButton);
     footer->addStretch();
@@ -32,25 +82,7 @@ CVTransactionsTab::CVTransactionsTab(const CVTransactionList& list, QWidget* par
     mTotalAmountShownField = addFigure(*footer, "mTotalAmountShownField", tr("Shown:"), tr("Amount Shown"));
     footer->addSpacing(fontMetrics().height());
     mTotalAmountField = addFigure(*footer, "mTotalAmountField", tr("Total:"), tr("Amount Total"));
-
-    auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(mTransactionTable, 1);
-    layout->addLayout(footer);
-
-    connect(mRemoveTransactionButton, &QPushButton::clicked, this, &CVTransactionsTab::removeRequested);
-    connect(mTransactionTable, &CVTransactionTableView::selectedTransactionsChanged, this,
-            &CVTransactionsTab::updateRemoveButton);
-}
-
-void CVTransactionsTab::showTotalsAndCountsField() {
-    const CVTransactionList::Totals shown = mList.displayTotals();
-    const CVTransactionList::Totals total = mList.totals();
-    const QLocale locale = QBLocaleInForce();
-    mNumberOfTransactionsField1->setText(locale.toString(static_cast<qulonglong>(shown.count)));
-    mTotalNumberOfTransactionsField1->setText(locale.toString(static_cast<qulonglong>(total.count)));
-    mTotalAmountShownField->setText(mMoneyFormatter.string(shown.amount));
-    mTotalAmountField->setText(mMoneyFormatter.string(total.amount));
+    return footer;
 }
 
 CVFigureField* CVTransactionsTab::addFigure(QHBoxLayout& layout, const char* objectName, const QString& label,

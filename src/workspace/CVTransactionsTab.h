@@ -5,12 +5,15 @@
 #include <QWidget>
 
 class CVFigureField;
+class CVRangeControls;
+class CVSearchField;
 class CVTransactionList;
 class CVTransactionTableView;
 class QHBoxLayout;
 class QPushButton;
 
-/// The list of transactions with its counts and sums, and the button that removes what is selected.
+/// The list of transactions with its range, its search, its counts and sums, and the button that removes what is
+/// selected.
 class CVTransactionsTab final : public QWidget {
     Q_OBJECT
 
@@ -19,23 +22,32 @@ public:
     explicit CVTransactionsTab(const CVTransactionList& list, QWidget* parent = nullptr);
 
     [[nodiscard]] CVTransactionTableView& table() const { return *mTransactionTable; }
+    [[nodiscard]] CVRangeControls& rangeControls() const { return *mRangeControls; }
+    [[nodiscard]] CVSearchField& searchField() const { return *mSearchField; }
     /// Counts and sums of the list as it is now.
     void showTotalsAndCountsField();
 
 signals:
     void removeRequested();
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    [[nodiscard]] QHBoxLayout* makeHeader();
+    [[nodiscard]] QHBoxLayout* makeFooter();
     [[nodiscard]] CVFigureField* addFigure(QHBoxLayout& layout, const char* objectName, const QString& label,
                                            const QString& accessibleName);
     void updateRemoveButton();
 
     const CVTransactionList& mList;
     QBMoneyFormatter mMoneyFormatter;
+    CVRangeControls* mRangeControls;
+    CVSearchField* mSearchField;
     CVTransactionTableView* mTransactionTable;
     QPushButton* mRemoveTransactionButton;
-    CVFigureField* mNumberOfTransactionsField1;
-    CVFigureField* mTotalNumberOfTransactionsField1;
-    CVFigureField* mTotalAmountShownField;
-    CVFigureField* mTotalAmountField;
+    CVFigureField* mNumberOfTransactionsField1 = nullptr;
+    CVFigureField* mTotalNumberOfTransactionsField1 = nullptr;
+    CVFigureField* mTotalAmountShownField = nullptr;
+    CVFigureField* mTotalAmountField = nullptr;
 };

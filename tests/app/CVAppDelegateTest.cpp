@@ -4,6 +4,7 @@
 #include "kit/Printers.h"
 #include "kit/ScratchHome.h"
 #include "kit/ScriptedAlerts.h"
+#include "kit/ScriptedPanels.h"
 #include "model/CVDocument.h"
 #include "model/CVTransaction.h"
 #include "workspace/CVMainWindowController.h"
@@ -23,7 +24,7 @@ namespace {
 class CVAppDelegateTest : public testing::Test {
 protected:
     std::unique_ptr<CVAppDelegate> start() {
-        auto delegate = std::make_unique<CVAppDelegate>(mHome.settingsStore(), mHome.folders(), mAlerts);
+        auto delegate = std::make_unique<CVAppDelegate>(mHome.settingsStore(), mHome.folders(), mAlerts, mPanels);
         delegate->applicationDidFinishLaunching();
         QTest::qWait(0);
         return delegate;
@@ -78,6 +79,7 @@ protected:
     FixedToday mToday{QBDate::dateWithYear(2014, 3, 7)};
     ScratchHome mHome;
     ScriptedAlerts mAlerts;
+    ScriptedPanels mPanels;
 };
 
 TEST_F(CVAppDelegateTest, WhatIsRecordedIsThereAfterTheNextStart) {

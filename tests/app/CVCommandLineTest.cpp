@@ -27,6 +27,9 @@ const QList<Row> kRows{
     {{"check", "--data", ""}, Action::Refuse},
     {{"check", "x"}, Action::Refuse},
     {{"check", "--unknown"}, Action::Refuse},
+    {{"export"}, Action::Export},
+    {{"export", "--range", "3"}, Action::Export},
+    {{"export", "--range", "9"}, Action::Refuse},
     // Options of the toolkit, and files, are looked at once the toolkit has taken what is its own.
     {{"-platform", "offscreen"}, Action::OpenWindow},
     {{"some file"}, Action::OpenWindow},
@@ -44,7 +47,8 @@ TEST(CVCommandLine, TellsWhatIsAskedFor) {
 
 TEST(CVCommandLine, UsageNamesEveryCommandAndOption) {
     const QString usage = CVCommandLine::usage();
-    for (const char* const word : {"check", "--data FILE", "--version", "--help"})
+    for (const char* const word : {"check", "export", "--data FILE", "--range", "--from", "--to", "--set", "--search",
+                                   "--sort", "--today", "--output", "--version", "--help"})
         EXPECT_TRUE(usage.contains(word)) << word;
 }
 

@@ -1,13 +1,4 @@
-#include "kit/Printers.h"
-
-#include <QDir>
-#include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
-
-/// Runs the real program, as a script would: no display, a home of its own.
+#include "ProgramFixture.h"
 
 namespace {
 
@@ -18,58 +9,7 @@ constexpr const char* kBudget = R"(<?xml version="1.0" encoding="UTF-8"?>
 <Category id="12">Medical<ExpenseEstimates frequency="Monthly" target="50.00" /></Category></CorvellaDocument>
 )";
 
-struct Result {
-    int status;
-    QString output;
-    QString errors;
-};
-
-class CheckProgram : public testing::Test {
-protected:
-    CheckProgram() { QDir().mkpath(mHome.path()); }
-
-    [[nodiscard]] QString write(const QString& name, const QByteArray& bytes) const {
-        const QString path = mHome.filePath(name);
-        QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-        return path;
-    }
-
-    [[nodiscard]] Result run(const QStringList& arguments) const {
-        QProcess program;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("HOME", mHome.path());
-        environment.insert("XDG_DATA_HOME", mHome.filePath("data"));
-        environment.insert("XDG_CONFIG_HOME", mHome.filePath("config"));
-        for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
-            environment.remove(name);
-        program.setProcessEnvironment(environment);
-        program.start(CORVELLA_PROGRAM, arguments);
-        EXPECT_TRUE(program.waitForFinished(60'000));
-        return {program.exitCode(), QString::fromUtf8(program.readAllStandardOutput()),
-                QString::fromUtf8(program.readAllStandardError())};
-    }
-
-    /// Everything below the home, files with their sizes.
-    [[nodiscard]] QStringList everything() const {
-        QStringList names;
-        QStringList folders{mHome.path()};
-        while (!folders.isEmpty()) {
-            for (const QFileInfo& entry :
-                 QDir(folders.takeFirst())
-                     .entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot)) {
-                names.append(entry.filePath() + ' ' + QString::number(entry.isDir() ? 0 : entry.size()));
-                if (entry.isDir())
-                    folders.append(entry.filePath());
-            }
-        }
-        names.sort();
-        return names;
-    }
-
-    QTemporaryDir mHome{QDir::tempPath() + "/a home XXXXXX"};
-};
+class CheckProgram : public ProgramFixture {};
 
 TEST_F(CheckProgram, PrintsFourLinesForAGivenFile) {
     const Result result = run({"check", "--data", write("budget.corvella", kBudget)});

@@ -39,6 +39,7 @@ TEST(CVFirstProblem, IsTheFirstOfAmountRecipientAndCategory) {
     for (const auto& row : rows) {
         const auto problem = CVFirstProblem(row.entry);
         ASSERT_TRUE(problem);
+        EXPECT_EQ(problem->title, "Input Error");
         EXPECT_EQ(problem->message, row.message);
         EXPECT_EQ(problem->field, row.field);
     }

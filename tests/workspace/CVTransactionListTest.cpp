@@ -1,16 +1,27 @@
 #include "workspace/CVTransactionList.h"
 
+#include "budget/CVTransactionRange.h"
 #include "kit/BudgetBuilder.h"
+#include "kit/FixedToday.h"
+#include "kit/RandomBudget.h"
+#include "model/CVTransactionSort.h"
 #include "shared/base/CVDefaultsKeys.h"
 
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
 namespace {
+
+constexpr int kLastMonth = 4;
 
 class CVTransactionListTest : public testing::Test {
 protected:
     void rebuild() {
         mList.collectTransactions();
+        if (mList.transactionPeriod() == 0)
+            mList.setRange({day(1900, 1, 1), day(2100, 1, 1)});
+        else
+            mList.setRangeFromPreset(kToday);
         mList.getTransactions();
         mList.filterTransactions();
         mList.doUserSort();
@@ -20,6 +31,16 @@ protected:
     [[nodiscard]] int order() { return defaults().integerForKey(CVDefaultsKeys::kTransactionSortOrder); }
     [[nodiscard]] QBUserDefaults& defaults() { return mBudget.userDefaults(); }
 
+    /// The payees of stage 3, in its order.
+    [[nodiscard]] QStringList payees() const {
+        QStringList texts;
+        for (const CVTransaction* const transaction : mList.displayTransactions())
+            texts.append(transaction->payTo());
+        return texts;
+    }
+
+    const QBDate kToday = day(2014, 3, 7);
+    FixedToday mToday{kToday};
     BudgetBuilder mBudget;
     CVTransactionList mList{mBudget.document()};
 };
@@ -86,14 +107,116 @@ TEST_F(CVTransactionListTest, TotalsAreCountedAndRoundedOnce) {
     EXPECT_EQ(mList.displayTotals().amount, -9.99);
 }
 
-TEST_F(CVTransactionListTest, ARemovedTransactionLivesOnUntilTheNextRebuild) {
-    mBudget.transaction({.amount = 2});
+TEST_F(CVTransactionListTest, ARemovedTransactionLivesOnUntilTheRebuildAfterNext) {
+    mBudget.transaction({.amount = 2, .payTo = "Market"});
     rebuild();
-    const auto transaction = mBudget.transactionAt(0);
-    mBudget.document().removeTransaction(transaction);
-    EXPECT_EQ(mList.displayTransactions()[0], transaction);
+    const std::weak_ptr<CVTransaction> transaction = mBudget.transactionAt(0);
+    mBudget.document().removeTransaction(transaction.lock());
+    EXPECT_EQ(payees(), QStringList{"Market"});
+    mList.collectTransactions();
+    EXPECT_FALSE(transaction.expired()) << "a table may still show it";
     rebuild();
     EXPECT_TRUE(mList.displayTransactions().empty());
+    EXPECT_TRUE(transaction.expired());
+}
+
+TEST_F(CVTransactionListTest, BothEndsOfTheRangeBelongToIt) {
+    for (const int dayOfMonth : {31, 28, 14, 1})
+        mBudget.transaction(
+            {.date = day(2014, dayOfMonth == 31 ? 1 : 2, dayOfMonth), .payTo = QString::number(dayOfMonth)});
+    mBudget.transaction({.date = day(2014, 3, 1), .payTo = "March"}).inOrder();
+    mList.setTransactionPeriod(kLastMonth);
+    rebuild();
+    EXPECT_EQ(payees(), (QStringList{"28", "14", "1"}));
+    EXPECT_EQ(mList.totals().count, 5U);
+    EXPECT_EQ(mList.displayTotals().count, 3U);
+}
+
+TEST_F(CVTransactionListTest, ALineWithoutADateIsListedWhereAllAreAskedForAndNowhereElse) {
+    mBudget.transaction({.date = day(2014, 2, 1), .payTo = "dated"}).transaction({.payTo = "undated"}).inOrder();
+    rebuild();
+    EXPECT_EQ(payees(), (QStringList{"dated", "undated"}));
+    mList.setRange({day(2014, 2, 2), day(2014, 2, 3)});
+    mList.getTransactions();
+    mList.filterTransactions();
+    EXPECT_EQ(payees(), QStringList());
+    mList.setTransactionPeriod(kLastMonth);
+    rebuild();
+    EXPECT_EQ(payees(), QStringList{"dated"});
+}
+
+TEST_F(CVTransactionListTest, TheRangeOfAllGrowsToHoldANewDateAndNoOtherRangeDoes) {
+    mBudget.transaction({.date = day(2014, 2, 1)}).transaction({.date = day(2014, 2, 9)}).inOrder();
+    mList.setRangeFromPreset(kToday);
+    mList.updateDisplayDatesWithTransaction(*makeTransaction({.date = day(2014, 1, 5)}));
+    mList.updateDisplayDatesWithTransaction(*makeTransaction({.date = day(2014, 2, 5)}));
+    mList.updateDisplayDatesWithTransaction(*makeTransaction({.date = day(2014, 4, 5)}));
+    mList.updateDisplayDatesWithTransaction(*makeTransaction({}));
+    EXPECT_EQ(mList.range(), (CVDayRange{day(2014, 1, 5), day(2014, 4, 5)}));
+    mList.setTransactionPeriod(kLastMonth);
+    mList.updateDisplayDatesWithTransaction(*makeTransaction({.date = day(2013, 1, 5)}));
+    EXPECT_EQ(mList.range(), (CVDayRange{day(2014, 1, 5), day(2014, 4, 5)}));
+}
+
+TEST_F(CVTransactionListTest, AnEmptySearchShowsTheWholeRange) {
+    mBudget.transaction({.date = day(2014, 2, 1), .payTo = "Market"})
+        .transaction({.date = day(2014, 2, 1), .payTo = "Baker"});
+    mList.setSearchType(1);
+    mList.setSearchText("market");
+    rebuild();
+    EXPECT_EQ(payees(), QStringList{"Market"});
+    mList.setSearchText("");
+    rebuild();
+    EXPECT_EQ(payees().size(), 2);
+}
+
+TEST_F(CVTransactionListTest, TransactionsOfOneDaySortByCategoryNameWithoutRegardToCase) {
+    defaults().setString(CVDefaultsKeys::kTransactionSortColumn, "date");
+    mBudget.category("Fuel", 1).category("food", 2);
+    mBudget.transaction({.date = day(2014, 2, 1), .payTo = "pump", .category = "Fuel"})
+        .transaction({.date = day(2014, 2, 1), .payTo = "market", .category = "food"});
+    rebuild();
+    EXPECT_EQ(payees(), (QStringList{"market", "pump"}));
+}
+
+TEST_F(CVTransactionListTest, OwnedFindsTheSharedObjectsEachOnce) {
+    mBudget.transaction({.date = day(2014, 2, 1), .payTo = "a", .taxFlag = true}).transaction({.payTo = "b"});
+    mList.setSearchType(4);
+    mList.setSearchText("Yes, on");
+    rebuild();
+    ASSERT_EQ(payees(), (QStringList{"a", "a"}));
+    EXPECT_EQ(mList.owned(mList.displayTransactions()), CVDocument::Transactions{mBudget.transactionAt(0)});
+}
+
+/// The stages by their definition, from nothing, for the range of all.
+CVTransactionList::Rows plainStages(const CVDocument& document, const CVTransactionList& list) {
+    CVTransactionList::Rows rows;
+    for (const auto& transaction : document.transactions()) {
+        const auto date = transaction->effectiveDate();
+        if (transaction->transactionSetID() == document.currentTransactionSet() &&
+            (!date || list.range().contains(date)))
+            rows.push_back(transaction.get());
+    }
+    CVSortTransactions(rows, list.sortContext(), document.categories());
+    return rows;
+}
+
+RC_GTEST_PROP(CVTransactionListProperty, AfterAnyChangesTheStagesAreWhatARebuildFromNothingGives, (quint32 seed)) {
+    RandomBudget budget(seed);
+    CVDocument& document = budget.document();
+    document.sortTransactionsByDate();
+    document.updateDates();
+    CVTransactionList list(document);
+    for (int change = 0; change < 8; ++change) {
+        list.collectTransactions();
+        list.setRangeFromPreset(day(2014, 3, 7));
+        list.getTransactions();
+        list.filterTransactions();
+        list.doUserSort();
+        RC_ASSERT(list.displayTransactions() == plainStages(document, list));
+        budget.change();
+        document.updateDates();
+    }
 }
 
 } // namespace

@@ -18,6 +18,7 @@ class CVTransactionTableModelTest : public testing::Test {
 protected:
     void rebuild() {
         mList.collectTransactions();
+        mList.setRangeFromPreset(day(2014, 3, 7));
         mList.getTransactions();
         mList.filterTransactions();
         mList.doUserSort();
@@ -49,7 +50,7 @@ TEST_F(CVTransactionTableModelTest, ShowsDateAndMoneyFormattedAndTextsAsTheyAre)
     EXPECT_EQ(cell(Model::For), "bread");
     EXPECT_EQ(cell(Model::Category), "Food");
     EXPECT_FALSE(cell(Model::Tax, Qt::DecorationRole).isNull());
-    EXPECT_TRUE(cell(Model::UserFlag, Qt::DecorationRole).isNull());
+    EXPECT_EQ(cell(Model::UserFlag, Qt::CheckStateRole), Qt::Unchecked);
     EXPECT_EQ(cell(Model::Tax, Qt::AccessibleTextRole), "Yes");
     EXPECT_EQ(cell(Model::UserFlag, Qt::AccessibleTextRole), "No");
 }
@@ -109,11 +110,22 @@ TEST_F(CVTransactionTableModelTest, TheSortColumnIsHighlighted) {
     EXPECT_TRUE(isBold(Model::Amount));
 }
 
-TEST_F(CVTransactionTableModelTest, IsReadOnly) {
-    mBudget.transaction({});
+TEST_F(CVTransactionTableModelTest, AnnouncesWhatIsSetAndChangesNothingItself) {
+    mBudget.transaction({.amount = 5, .payTo = "Market"});
     rebuild();
-    for (int column = 0; column < Model::ColumnCount; ++column)
-        EXPECT_FALSE(mModel.index(0, column).flags().testFlag(Qt::ItemIsEditable)) << column;
+    QStringList edits;
+    QObject::connect(&mModel, &Model::edited, &mModel, [&edits](int row, int column, const QVariant& value) {
+        edits.append(QStringLiteral("%1 %2 %3").arg(row).arg(column).arg(value.toString()));
+    });
+    EXPECT_TRUE(mModel.setData(mModel.index(0, Model::ToFrom), "Baker"));
+    EXPECT_TRUE(mModel.setData(mModel.index(0, Model::Tax), {}, Qt::CheckStateRole));
+    EXPECT_FALSE(mModel.setData(mModel.index(0, Model::Tax), true)) << "a flag is turned round, not edited";
+    EXPECT_FALSE(mModel.setData(mModel.index(0, Model::ToFrom), "Baker", Qt::DisplayRole));
+    EXPECT_FALSE(mModel.setData({}, "Baker"));
+    EXPECT_EQ(edits, (QStringList{"0 2 Baker", "0 5 "}));
+    EXPECT_EQ(cell(Model::ToFrom), "Market");
+    EXPECT_TRUE(mModel.index(0, Model::Date).flags().testFlag(Qt::ItemIsEditable));
+    EXPECT_FALSE(mModel.index(0, Model::UserFlag).flags().testFlag(Qt::ItemIsEditable));
 }
 
 TEST_F(CVTransactionTableModelTest, ShowsTheListAsOfTheLastReload) {

@@ -3,6 +3,7 @@
 #include "kit/BudgetBuilder.h"
 #include "kit/FixedToday.h"
 #include "kit/ScriptedAlerts.h"
+#include "kit/ScriptedPanels.h"
 #include "model/CVDocumentSaver.h"
 #include "workspace/CVMainWindowController.h"
 #include "workspace/CVTransactionTableModel.h"
@@ -39,7 +40,7 @@ protected:
     MainWindowFixture() { mBudget.document().setSaver(&mSaver); }
 
     void open() {
-        mController = std::make_unique<CVMainWindowController>(document(), mAlerts);
+        mController = std::make_unique<CVMainWindowController>(document(), mAlerts, mPanels);
         mController->showWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
     }
@@ -107,5 +108,6 @@ protected:
     BudgetBuilder mBudget;
     CountingSaver mSaver;
     ScriptedAlerts mAlerts;
+    ScriptedPanels mPanels;
     std::unique_ptr<CVMainWindowController> mController;
 };

@@ -42,6 +42,7 @@ protected:
                                  .taxFlag = true,
                                  .userFlag = true});
         }
+        mBudget.inOrder();
     }
 
     const QPalette mPalette = QApplication::palette();

@@ -111,7 +111,7 @@ TEST_F(MainWindowRemoveTest, RemovesWhatWasSelectedWhenAskedWhateverHappensMeanw
         mController->getStarted();
         table().selectRow(2);
     });
-    mController = std::make_unique<CVMainWindowController>(document(), alerts);
+    mController = std::make_unique<CVMainWindowController>(document(), alerts, mPanels);
     mController->showWindow();
     table().selectRow(0);
     mController->removeTransaction();

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "model/CVDocument.h"
+#include "shared/base/QBNotificationCenter.h"
+#include "shared/base/QBUserDefaults.h"
+#include "storage/CVDocumentFile.h"
+
+class QTextStream;
+
+/// A budget for the commands that show no window: read, never written; the user's settings are read, and what is set
+/// here lasts as long as this object.
+class CVReadOnlyBudget final {
+public:
+    CVReadOnlyBudget();
+
+    /// Reads a data file (absent: the user's own) into the document, in order and with its bounds. False after one line
+    /// on `errors` that says why it could not be read.
+    [[nodiscard]] bool read(const std::optional<QString>& dataFile, QTextStream& errors);
+
+    [[nodiscard]] CVDocument& document() { return mDocument; }
+    [[nodiscard]] QBUserDefaults& userDefaults() { return mUserDefaults; }
+
+private:
+    QBNotificationCenter mNotificationCenter;
+    QBUserDefaults mUserDefaults;
+    CVStandardFolders mFolders;
+    CVDocument mDocument;
+};

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "model/CVDocument.h"
+
+/// The windows that are opened from the main window. Each call returns when its window has been closed, having
+/// announced what was changed in it; other events run meanwhile.
+class CVDocumentWindows {
+public:
+    /// The transactions behind a cell of the budget grid.
+    virtual void createTransactionController(const CVDocument::Transactions& transactions) = 0;
+
+protected:
+    ~CVDocumentWindows() = default;
+};

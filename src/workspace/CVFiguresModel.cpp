@@ -1,0 +1,19 @@
+#include "workspace/CVFiguresModel.h"
+
+CVFiguresModel::Replacement::Replacement(CVFiguresModel& model, Shape shape) : mModel(model), mShape(shape) {
+    if (mShape == Shape::Another)
+        mModel.beginResetModel();
+}
+
+CVFiguresModel::Replacement::~Replacement() {
+    if (mShape == Shape::Another) {
+        mModel.endResetModel();
+        return;
+    }
+    const int lastRow = mModel.rowCount() - 1;
+    const int lastColumn = mModel.columnCount() - 1;
+    if (lastColumn >= 0)
+        emit mModel.headerDataChanged(Qt::Horizontal, 0, lastColumn);
+    if (lastRow >= 0 && lastColumn >= 0)
+        emit mModel.dataChanged(mModel.index(0, 0), mModel.index(lastRow, lastColumn));
+}

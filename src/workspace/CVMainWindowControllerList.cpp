@@ -1,0 +1,205 @@
+#include "budget/CVRangePresets.h"
+#include "model/CVCategory.h"
+#include "model/CVTransaction.h"
+#include "shared/base/CVDefaultsKeys.h"
+#include "shared/base/QBUserDefaults.h"
+#include "shared/widgets/CVAlerts.h"
+#include "shared/widgets/CVFilePanels.h"
+#include "workspace/CVDuplicates.h"
+#include "workspace/CVEntryStrip.h"
+#include "workspace/CVMainWindow.h"
+#include "workspace/CVMainWindowController.h"
+#include "workspace/CVRangeControls.h"
+#include "workspace/CVSearchField.h"
+#include "workspace/CVTransactionExport.h"
+#include "workspace/CVTransactionTableModel.h"
+#include "workspace/CVTransactionTableView.h"
+#include "workspace/CVTransactionsTab.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QProgressDialog>
+#include <QTabWidget>
+
+/// What the controller does for the entry strip and the transactions tab.
+
+namespace {
+
+constexpr int kSilentMilliseconds = 500;
+
+/// The name of the data file less its extension.
+QString displayName(const QBUserDefaults& defaults) {
+    const auto path = defaults.stringForKey(CVDefaultsKeys::kDataFileLocation);
+    return path ? QFileInfo(*path).completeBaseName() : QStringLiteral("Corvella Data");
+}
+
+std::shared_ptr<CVTransaction> makeTransaction(const CVEntry& entry, const CVCategory& category) {
+    auto transaction = std::make_shared<CVTransaction>();
+    transaction->setEffectiveDate(entry.date);
+    transaction->setAmount(entry.amount);
+    transaction->setFor(entry.xfor);
+    transaction->setCategoryID(category.uniqueID());
+    transaction->setPayTo(entry.payTo);
+    transaction->setTaxFlag(entry.taxFlag);
+    return transaction;
+}
+
+} // namespace
+
+void CVMainWindowController::record() {
+    CVEntryStrip& strip = mWindow->entryStrip();
+    auto problem = strip.endEditing();
+    if (problem && problem->field == CVEntryField::Date)
+        QApplication::beep();
+    const CVEntry entry = strip.entry();
+    if (!problem)
+        problem = CVFirstProblem(entry);
+    if (problem) {
+        mAlerts.run({tr("Input Error"), problem->message, tr("OK")});
+        strip.focusField(problem->field);
+        return;
+    }
+    const auto category = mDocument.insertCategoryName(entry.category);
+    const auto transaction = makeTransaction(entry, *category);
+    mDocument.insertTransaction(transaction);
+    if (mDocument.userDefaults().boolForKey(CVDefaultsKeys::kClearFields))
+        strip.clearFields();
+    mDocument.workbookSave();
+    strip.resetAmount();
+    getStarted();
+    mWindow->transactionsTab().table().reveal(transaction.get());
+    strip.focusField(CVEntryField::Amount);
+}
+
+void CVMainWindowController::removeTransaction() {
+    CVTransactionTableView& table = mWindow->transactionsTab().table();
+    const CVDocument::Transactions selected = mList.owned(table.selectedTransactions());
+    if (selected.empty())
+        return;
+    const auto answer = mAlerts.run({tr("Are you sure you want to delete the selected transaction(s)?"),
+                                     tr("This action is not reversible."), tr("Delete"), tr("Cancel")});
+    if (answer != CVAlert::kDefault)
+        return;
+    mDocument.removeTransactions(selected);
+    table.clearSelection();
+    mDocument.workbookSave();
+    getStarted();
+}
+
+void CVMainWindowController::detectDuplicates() {
+    mWindow->tabs().setCurrentIndex(kTransactions);
+    CVTransactionTableView& table = mWindow->transactionsTab().table();
+    if (table.selectTransactions(CVFindDuplicates(mList.transactions())))
+        table.setFocus();
+    else
+        mAlerts.run({tr("No duplicate transactions found"), QString(), tr("OK")});
+}
+
+void CVMainWindowController::exportTransactions() {
+    if (mList.displayTransactions().empty())
+        return;
+    const auto path = mPanels.chooseSaveLocation(*mWindow, {tr("Export Transactions"), tr("Export"),
+                                                            tr("%1 Export").arg(displayName(mDocument.userDefaults())),
+                                                            QStringLiteral("txt"), tr("Text")});
+    if (path)
+        writeExport(*path);
+}
+
+void CVMainWindowController::writeExport(const QString& path) {
+    const auto& rows = mList.displayTransactions();
+    QProgressDialog progress(tr("Exporting transactions…"), tr("Cancel"), 0, static_cast<int>(rows.size()),
+                             mWindow.get());
+    progress.setWindowModality(Qt::WindowModal);
+    progress.setMinimumDuration(kSilentMilliseconds);
+    const auto text = CVExportedTransactions(rows, [&progress](std::size_t done) {
+        progress.setValue(static_cast<int>(done));
+        return !progress.wasCanceled();
+    });
+    progress.reset();
+    if (!text)
+        return;
+    if (const auto failure = CVWriteExport(path, *text))
+        mAlerts.run({tr("The transactions were not exported"),
+                     tr("The file “%1” could not be written: %2. Your budget is not affected; choose another place and "
+                        "export again.")
+                         .arg(path, *failure),
+                     tr("OK")});
+}
+
+void CVMainWindowController::showList() {
+    mWindow->transactionsTab().showTotalsAndCountsField();
+    mWindow->transactionsTab().table().reload();
+}
+
+void CVMainWindowController::sortByColumn(const QString& identifier) {
+    mList.chooseSortColumn(identifier);
+    mList.doUserSort();
+    showList();
+}
+
+void CVMainWindowController::setSearchText(const QString& text) {
+    mList.setSearchText(text);
+    mList.filterTransactions();
+    mList.doUserSort();
+    reloadAllTables();
+}
+
+void CVMainWindowController::setSearchType(int kind) {
+    mList.setSearchType(kind);
+    mList.filterTransactions();
+    mList.doUserSort();
+    reloadAllTables();
+}
+
+void CVMainWindowController::setTransactionDateRange(int preset) {
+    mList.setTransactionPeriod(preset);
+    mDocument.userDefaults().setInteger(CVDefaultsKeys::kTransactionPeriod, preset);
+    setDateFieldsFromPopUp();
+    rebuildList();
+    reloadAllTables();
+}
+
+void CVMainWindowController::setTransactionDates(const CVDayRange& range) {
+    mList.setRange({verifyStartDate(range.start, mDocument), verifyEndDate(range.end, mDocument)});
+    mWindow->transactionsTab().rangeControls().setRange(mList.range());
+    rebuildList();
+    reloadAllTables();
+}
+
+/// The rows stay: a transaction that no longer fits the range or the search is listed until the next rebuild.
+void CVMainWindowController::setObjectValue(int row, int column, const QVariant& value) {
+    CVTransaction& transaction = *mList.displayTransactions()[static_cast<std::size_t>(row)];
+    switch (column) {
+    case CVTransactionTableModel::Date:
+        transaction.setEffectiveDate(value.value<std::optional<QBDate>>());
+        mList.updateDisplayDatesWithTransaction(transaction);
+        mWindow->transactionsTab().rangeControls().setRange(mList.range());
+        mDocument.sortTransactionsByDate();
+        mDocument.updateDates();
+        break;
+    case CVTransactionTableModel::Amount:
+        transaction.setAmount(value.toDouble());
+        break;
+    case CVTransactionTableModel::ToFrom:
+        transaction.setPayTo(value.toString());
+        break;
+    case CVTransactionTableModel::For:
+        transaction.setFor(value.toString());
+        break;
+    case CVTransactionTableModel::Category:
+        transaction.setCategoryID(mDocument.insertCategoryName(value.toString())->uniqueID());
+        break;
+    case CVTransactionTableModel::Tax:
+        transaction.setTaxFlag(!transaction.taxFlag());
+        break;
+    case CVTransactionTableModel::UserFlag:
+        transaction.setUserFlag(!transaction.userFlag());
+        break;
+    default:
+        return;
+    }
+    mList.doUserSort();
+    mWindow->transactionsTab().showTotalsAndCountsField();
+    mWindow->transactionsTab().table().reorder();
+    mDocument.workbookSave();
+}

@@ -1,0 +1,113 @@
+#include "budget/CVRangePresets.h"
+#include "workspace/CVEntryStrip.h"
+#include "workspace/CVMainMenu.h"
+#include "workspace/CVMainWindow.h"
+#include "workspace/CVMainWindowController.h"
+#include "workspace/CVRangeControls.h"
+#include "workspace/CVReportsTab.h"
+#include "workspace/CVSearchField.h"
+#include "workspace/CVSummaryTab.h"
+#include "workspace/CVTransactionTableView.h"
+#include "workspace/CVTransactionsTab.h"
+
+#include <QTabWidget>
+
+/// Which control of the window leads to which operation of its controller.
+
+void CVMainWindowController::connectWindow() {
+    connect(mWindow.get(), &CVMainWindow::transactionSetPicked, this, &CVMainWindowController::changeTransactionSet);
+    connect(mWindow.get(), &CVMainWindow::closing, this, &CVMainWindowController::saveFrame);
+    connect(mWindow.get(), &CVMainWindow::localeChanged, this, &CVMainWindowController::handleLocaleChange);
+    connect(&mWindow->entryStrip(), &CVEntryStrip::recordRequested, this, &CVMainWindowController::record);
+    connect(&mWindow->tabs(), &QTabWidget::currentChanged, this, &CVMainWindowController::tabSelected);
+    connect(&mWindow->menu(), &CVMainMenu::chosen, this, &CVMainWindowController::choose);
+    connect(&mWindow->menu(), &CVMainMenu::sortRequested, this, &CVMainWindowController::sortByColumn);
+    connectTransactionsTab();
+    connectSummaryTab();
+    connectReportsTab();
+}
+
+void CVMainWindowController::connectTransactionsTab() {
+    const CVTransactionsTab& tab = mWindow->transactionsTab();
+    connect(&tab, &CVTransactionsTab::removeRequested, this, &CVMainWindowController::removeTransaction);
+    connect(&tab.searchField(), &CVSearchField::searched, this, &CVMainWindowController::setSearchText);
+    connect(&tab.searchField(), &CVSearchField::searchTypePicked, this, &CVMainWindowController::setSearchType);
+    connect(&tab.table(), &CVTransactionTableView::columnClicked, this, &CVMainWindowController::sortByColumn);
+    connect(&tab.table(), &CVTransactionTableView::edited, this, &CVMainWindowController::setObjectValue);
+    connect(&tab.table(), &CVTransactionTableView::selectedTransactionsChanged, this,
+            &CVMainWindowController::updateCommands);
+    const CVRangeControls& range = tab.rangeControls();
+    connect(&range, &CVRangeControls::presetPicked, this, &CVMainWindowController::setTransactionDateRange);
+    connect(&range, &CVRangeControls::startEntered, this, [this](const QBDate& start) {
+        setTransactionDates({start, mList.range().end});
+    });
+    connect(&range, &CVRangeControls::endEntered, this, [this](const QBDate& end) {
+        setTransactionDates({mList.range().start, end});
+    });
+}
+
+void CVMainWindowController::connectSummaryTab() {
+    const CVSummaryTab& tab = mWindow->summaryTab();
+    connect(&tab, &CVSummaryTab::periodTypePicked, this, &CVMainWindowController::setTimePeriod);
+    connect(&tab, &CVSummaryTab::previousRequested, this, [this] { showPeriods(&CVDisplayPeriods::previous); });
+    connect(&tab, &CVSummaryTab::nextRequested, this, [this] { showPeriods(&CVDisplayPeriods::next); });
+    connect(&tab, &CVSummaryTab::todayRequested, this, &CVMainWindowController::goToToday);
+    connect(&tab, &CVSummaryTab::cellActivated, this, &CVMainWindowController::showCell);
+}
+
+void CVMainWindowController::connectReportsTab() {
+    const CVReportsTab& tab = mWindow->reportsTab();
+    connect(&tab, &CVReportsTab::reportTabPicked, this, &CVMainWindowController::reportTabSelected);
+    connect(&tab, &CVReportsTab::presetPicked, this, &CVMainWindowController::setReportDateRange);
+    connect(&tab, &CVReportsTab::startEntered, this, [this](const QBDate& start) {
+        setReportDates({start, mReports.range().end});
+    });
+    connect(&tab, &CVReportsTab::endEntered, this, [this](const QBDate& end) {
+        setReportDates({mReports.range().start, end});
+    });
+    connect(&tab, &CVReportsTab::frequencyPicked, this, &CVMainWindowController::setFrequency);
+    connect(&tab, &CVReportsTab::targetEntered, this, &CVMainWindowController::setTarget);
+}
+
+void CVMainWindowController::choose(CVCommand command) {
+    switch (command) {
+    case CVCommand::Export:
+        return exportTransactions();
+    case CVCommand::Quit:
+        mWindow->close();
+        return;
+    case CVCommand::Remove:
+        return removeTransaction();
+    case CVCommand::Find:
+        mWindow->tabs().setCurrentIndex(kTransactions);
+        mWindow->transactionsTab().searchField().setFocus(Qt::ShortcutFocusReason);
+        mWindow->transactionsTab().searchField().selectAll();
+        return;
+    case CVCommand::DetectDuplicates:
+        return detectDuplicates();
+    case CVCommand::ShowTransactions:
+    case CVCommand::ShowSummary:
+    case CVCommand::ShowReports:
+        mWindow->tabs().setCurrentIndex(static_cast<int>(command) - static_cast<int>(CVCommand::ShowTransactions));
+        return;
+    case CVCommand::PreviousPeriod:
+        return showPeriods(&CVDisplayPeriods::previous);
+    case CVCommand::NextPeriod:
+        return showPeriods(&CVDisplayPeriods::next);
+    case CVCommand::Today:
+        return goToToday();
+    case CVCommand::Record:
+        return record();
+    case CVCommand::About:
+        return showAbout();
+    }
+}
+
+/// Greys out what cannot act now.
+void CVMainWindowController::updateCommands() {
+    CVMainMenu& menu = mWindow->menu();
+    menu.setEnabled(CVCommand::Export, !mList.displayTransactions().empty());
+    menu.setEnabled(CVCommand::Remove, !mWindow->transactionsTab().table().selectedTransactions().empty());
+    for (const CVCommand command : {CVCommand::PreviousPeriod, CVCommand::NextPeriod, CVCommand::Today})
+        menu.setEnabled(command, mDisplayTab == kSummary);
+}

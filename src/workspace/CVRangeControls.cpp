@@ -1,0 +1,68 @@
+#include "workspace/CVRangeControls.h"
+
+#include "shared/widgets/CVDateField.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+
+#include <array>
+
+namespace {
+
+constexpr std::array<const char*, 8> kPresets{
+    QT_TRANSLATE_NOOP("CVRangeControls", "All"),        QT_TRANSLATE_NOOP("CVRangeControls", "This Year and Last"),
+    QT_TRANSLATE_NOOP("CVRangeControls", "Last Year"),  QT_TRANSLATE_NOOP("CVRangeControls", "This Year"),
+    QT_TRANSLATE_NOOP("CVRangeControls", "Last Month"), QT_TRANSLATE_NOOP("CVRangeControls", "This Month"),
+    QT_TRANSLATE_NOOP("CVRangeControls", "Last Week"),  QT_TRANSLATE_NOOP("CVRangeControls", "This Week")};
+
+void name(QWidget& widget, const CVRangeControls::Naming& naming) {
+    widget.setObjectName(naming.objectName);
+    widget.setAccessibleName(naming.accessibleName);
+}
+
+} // namespace
+
+CVRangeControls::CVRangeControls(const Naming& preset, const Naming& start, const Naming& end, QWidget* parent)
+    : QWidget(parent)
+    , mPreset(new QComboBox(this))
+    , mStart(new CVDateField(this))
+    , mEnd(new CVDateField(this)) {
+    name(*mPreset, preset);
+    name(*mStart, start);
+    name(*mEnd, end);
+    for (const char* const item : kPresets)
+        mPreset->addItem(tr(item));
+    // As high as the fields beside it.
+    mPreset->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    mStart->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    mEnd->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+
+    auto* const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(mPreset);
+    layout->addWidget(mStart);
+    layout->addWidget(new QLabel(tr("to"), this));
+    layout->addWidget(mEnd);
+
+    connect(mPreset, &QComboBox::activated, this, &CVRangeControls::presetPicked);
+    connect(mStart, &CVDateField::dateEntered, this, &CVRangeControls::startEntered);
+    connect(mEnd, &CVDateField::dateEntered, this, &CVRangeControls::endEntered);
+}
+
+int CVRangeControls::preset() const {
+    return mPreset->currentIndex();
+}
+
+CVDayRange CVRangeControls::range() const {
+    return {mStart->QBDateValue(), mEnd->QBDateValue()};
+}
+
+void CVRangeControls::setPreset(int index) {
+    mPreset->setCurrentIndex(index);
+}
+
+void CVRangeControls::setRange(const CVDayRange& range) {
+    mStart->setQBDateValue(range.start);
+    mEnd->setQBDateValue(range.end);
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "workspace/CVFigureCellDelegate.h"
+
+/// Edits what can be changed in the reports: a frequency is chosen from a list, a target is typed as an amount. Return
+/// and Tab leave an amount that cannot be read in its field, with the reason; leaving it otherwise discards it.
+class CVReportCellDelegate final : public CVFigureCellDelegate {
+    Q_OBJECT
+
+public:
+    using CVFigureCellDelegate::CVFigureCellDelegate;
+
+    [[nodiscard]] QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                                        const QModelIndex& index) const override;
+    void setEditorData(QWidget* editor, const QModelIndex& index) const override;
+    void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
+
+protected:
+    bool eventFilter(QObject* editor, QEvent* event) override;
+};

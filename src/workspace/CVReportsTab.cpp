@@ -1,0 +1,120 @@
+#include "workspace/CVReportsTab.h"
+
+#include "budget/CVReportContents.h"
+#include "shared/format/QBLocale.h"
+#include "shared/widgets/CVFigureField.h"
+#include "workspace/CVFiguresTable.h"
+#include "workspace/CVRangeControls.h"
+#include "workspace/CVReportCellDelegate.h"
+#include "workspace/CVReportModel.h"
+
+#include <QDataStream>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QSignalBlocker>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+CVReportsTab::CVReportsTab(const CVReportContents& contents, QWidget* parent)
+    : QWidget(parent)
+    , mContents(contents)
+    , mRangeControls(new CVRangeControls({QLatin1StringView("mSetReportDateRange"), tr("Report Range")},
+                                         {QLatin1StringView("mReportStartDate"), tr("Report Start")},
+                                         {QLatin1StringView("mReportEndDate"), tr("Report End")}, this))
+    , mReportTabView(new QTabWidget(this)) {
+    mReportTabView->setObjectName(QStringLiteral("mReportTabView"));
+    mReportTabView->setAccessibleName(tr("Reports"));
+    mTables = {addTable(CVReportTable::Averages, "mAveragesTable", tr("Averages"), tr("Averages")),
+               addTable(CVReportTable::Totals, "mTotalTable", tr("Plan vs Actual"), tr("Totals")),
+               addTable(CVReportTable::Percent, "mPercentTable", tr("Percent"), tr("Percent")),
+               addTable(CVReportTable::Tax, "mTaxTable", tr("Tax Report"), tr("Tax"))};
+    auto* const layout = new QVBoxLayout(this);
+    layout->addLayout(makeControls());
+    layout->addWidget(mReportTabView, 1);
+
+    connect(mReportTabView, &QTabWidget::currentChanged, this, &CVReportsTab::reportTabPicked);
+    connect(mRangeControls, &CVRangeControls::presetPicked, this, &CVReportsTab::presetPicked);
+    connect(mRangeControls, &CVRangeControls::startEntered, this, &CVReportsTab::startEntered);
+    connect(mRangeControls, &CVRangeControls::endEntered, this, &CVReportsTab::endEntered);
+}
+
+void CVReportsTab::reload() {
+    const QLocale locale = QBLocaleInForce();
+    mNumberOfTransactionsField2->setText(locale.toString(static_cast<qulonglong>(mContents.numberOfTransactions())));
+    mTotalNumberOfTransactionsField2->setText(
+        locale.toString(static_cast<qulonglong>(mContents.totalNumberOfTransactions())));
+    for (CVFiguresTable* const table : mTables) {
+        table->reload();
+        table->setMessage(mContents.rows().empty() ? tr("Nothing to report yet. Record a transaction first.")
+                                                   : QString());
+    }
+}
+
+void CVReportsTab::setReportTab(int index) {
+    const QSignalBlocker blocker(mReportTabView);
+    mReportTabView->setCurrentIndex(index);
+}
+
+QByteArray CVReportsTab::saveColumns() const {
+    QByteArray columns;
+    QDataStream stream(&columns, QIODevice::WriteOnly);
+    for (const CVFiguresTable* const table : mTables)
+        stream << table->horizontalHeader()->saveState();
+    return columns;
+}
+
+void CVReportsTab::restoreColumns(const QByteArray& columns) {
+    QDataStream stream(columns);
+    for (std::size_t i = 0; i < mTables.size(); ++i) {
+        QByteArray state;
+        stream >> state;
+        if (!mTables[i]->horizontalHeader()->restoreState(state))
+            setUsualWidths(*mTables[i], static_cast<CVReportTable>(i));
+    }
+}
+
+QHBoxLayout* CVReportsTab::makeControls() {
+    auto* const controls = new QHBoxLayout;
+    controls->addWidget(mRangeControls);
+    controls->addStretch();
+    mNumberOfTransactionsField2 =
+        addFigure(*controls, "mNumberOfTransactionsField2", tr("Transactions:"), tr("Report Transactions"));
+    mTotalNumberOfTransactionsField2 =
+        addFigure(*controls, "mTotalNumberOfTransactionsField2", tr("of"), tr("Report Transactions Total"));
+    return controls;
+}
+
+CVFigureField* CVReportsTab::addFigure(QHBoxLayout& layout, const char* objectName, const QString& label,
+                                       const QString& accessibleName) {
+    auto* const figure = new CVFigureField(this);
+    figure->setObjectName(QLatin1String(objectName));
+    figure->setAccessibleName(accessibleName);
+    layout.addWidget(new QLabel(label, this));
+    layout.addWidget(figure);
+    return figure;
+}
+
+CVFiguresTable* CVReportsTab::addTable(CVReportTable table, const char* objectName, const QString& accessibleName,
+                                       const QString& tabText) {
+    auto model = std::make_unique<CVReportModel>(mContents, table);
+    connect(model.get(), &CVReportModel::frequencyPicked, this, &CVReportsTab::frequencyPicked);
+    connect(model.get(), &CVReportModel::targetEntered, this, &CVReportsTab::targetEntered);
+    auto* const view = new CVFiguresTable(std::move(model), objectName, accessibleName, this);
+    view->setItemDelegate(new CVReportCellDelegate(view));
+    // The tab has a frame.
+    view->setFrameShape(QFrame::NoFrame);
+    view->setSelectionBehavior(QAbstractItemView::SelectRows);
+    view->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
+                          QAbstractItemView::AnyKeyPressed);
+    setUsualWidths(*view, table);
+    mReportTabView->addTab(view, tabText);
+    return view;
+}
+
+void CVReportsTab::setUsualWidths(CVFiguresTable& table, CVReportTable kind) {
+    const int digit = table.fontMetrics().horizontalAdvance('0');
+    int number = 0;
+    for (const CVReportColumn& column : CVReportColumns(kind))
+        table.setColumnWidth(number++, digit * column.usualWidth);
+}

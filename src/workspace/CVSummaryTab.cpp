@@ -1,0 +1,75 @@
+#include "workspace/CVSummaryTab.h"
+
+#include "budget/CVGridContents.h"
+#include "shared/widgets/CVFigureField.h"
+#include "workspace/CVGridTables.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <array>
+
+namespace {
+
+constexpr std::array<const char*, CVDisplayPeriods::kTypes> kPeriods{
+    QT_TRANSLATE_NOOP("CVSummaryTab", "Daily"), QT_TRANSLATE_NOOP("CVSummaryTab", "Weekly"),
+    QT_TRANSLATE_NOOP("CVSummaryTab", "Bi-Weekly"), QT_TRANSLATE_NOOP("CVSummaryTab", "Monthly")};
+
+} // namespace
+
+CVSummaryTab::CVSummaryTab(const CVGridContents& contents, QWidget* parent)
+    : QWidget(parent)
+    , mContents(contents)
+    , mExpensePeriod(new QComboBox(this)) {
+    auto* const label = new QLabel(tr("Per&iod"), this);
+    label->setBuddy(mExpensePeriod);
+    mExpensePeriod->setObjectName(QStringLiteral("mExpensePeriod"));
+    mExpensePeriod->setAccessibleName(tr("Period"));
+    for (const char* const period : kPeriods)
+        mExpensePeriod->addItem(tr(period));
+    connect(mExpensePeriod, &QComboBox::activated, this, &CVSummaryTab::periodTypePicked);
+
+    auto* const controls = new QHBoxLayout;
+    controls->addWidget(label);
+    controls->addWidget(mExpensePeriod);
+    controls->addStretch();
+    connect(addButton(*controls, "mPreviousButton", tr("Previous"), tr("Show earlier periods")), &QPushButton::clicked,
+            this, &CVSummaryTab::previousRequested);
+    connect(addButton(*controls, "mTodayButton", tr("Today"), tr("Show the periods around today")),
+            &QPushButton::clicked, this, &CVSummaryTab::todayRequested);
+    connect(addButton(*controls, "mNextButton", tr("Next"), tr("Show later periods")), &QPushButton::clicked, this,
+            &CVSummaryTab::nextRequested);
+
+    mTables = new CVGridTables(contents, this);
+    connect(mTables, &CVGridTables::cellActivated, this, &CVSummaryTab::cellActivated);
+    mExpenseDisplayRangeField = new CVFigureField(this);
+    mExpenseDisplayRangeField->setObjectName(QStringLiteral("mExpenseDisplayRangeField"));
+    mExpenseDisplayRangeField->setAccessibleName(tr("Display Range"));
+
+    auto* const layout = new QVBoxLayout(this);
+    layout->addLayout(controls);
+    layout->addWidget(mTables, 1);
+    layout->addWidget(mExpenseDisplayRangeField, 0, Qt::AlignHCenter);
+}
+
+void CVSummaryTab::reload() {
+    mExpenseDisplayRangeField->setText(mContents.periods().displayRangeText());
+    mTables->reload();
+}
+
+void CVSummaryTab::setPeriodType(int periodType) {
+    mExpensePeriod->setCurrentIndex(periodType);
+}
+
+QPushButton* CVSummaryTab::addButton(QHBoxLayout& layout, const char* objectName, const QString& text,
+                                     const QString& toolTip) {
+    auto* const button = new QPushButton(text, this);
+    button->setObjectName(QLatin1String(objectName));
+    button->setAccessibleName(text);
+    button->setToolTip(toolTip);
+    layout.addWidget(button);
+    return button;
+}

@@ -1,0 +1,108 @@
+#include "ProgramFixture.h"
+
+namespace {
+
+constexpr const char* kBudget = R"(<?xml version="1.0" encoding="UTF-8"?>
+<CorvellaDocument os="Mac OS X" app="com.quenbylabs.corvella" app_version="1.0.0">
+ <MiscInfo id="40" current_transaction_set_id="27" />
+<TransactionSet id="27">Checking</TransactionSet><TransactionSet id="28">Savings</TransactionSet>
+<Transaction categoryID="12" flag="0" tax_flag="1" transaction_set_id="27"><Data date="2014/03/07" amount="45.10" /><PayToFrom>Dr. Lee &amp; Sons</PayToFrom><For>Checkup</For></Transaction>
+<Transaction categoryID="13" flag="0" tax_flag="0" transaction_set_id="27"><Data date="2014/02/01" amount="1234.50" /><PayToFrom>Market</PayToFrom><For></For></Transaction>
+<Transaction categoryID="13" flag="1" tax_flag="0" transaction_set_id="27"><Data date="2013/12/31" amount="9.00" /><PayToFrom>Baker</PayToFrom><For>rolls</For></Transaction>
+<Transaction categoryID="13" flag="0" tax_flag="0" transaction_set_id="28"><Data date="2014/03/01" amount="50.00" /><PayToFrom>Deposit</PayToFrom><For></For></Transaction>
+<Category id="12">Medical<ExpenseEstimates frequency="Monthly" target="50.00" /></Category><Category id="13">Food<ExpenseEstimates frequency="Monthly" target="0.00" /></Category></CorvellaDocument>
+)";
+
+const QString kLee = QStringLiteral("3/7/14\t$45.10\tX\tDr. Lee & Sons\tCheckup\tMedical\n");
+const QString kMarket = QStringLiteral("2/1/14\t$1,234.50\t\tMarket\t\tFood\n");
+const QString kBaker = QStringLiteral("12/31/13\t$9.00\t\tBaker\trolls\tFood\n");
+const QString kDeposit = QStringLiteral("3/1/14\t$50.00\t\tDeposit\t\tFood\n");
+
+class ExportProgram : public ProgramFixture {
+protected:
+    [[nodiscard]] Result exported(const QStringList& options) const {
+        return run(QStringList{"export", "--data", mFile, "--today", "2014/03/08"} + options);
+    }
+
+    QString mFile = write("budget.corvella", kBudget);
+};
+
+TEST_F(ExportProgram, WritesTheLinesThatTheWindowWouldExport) {
+    struct Row {
+        QStringList options;
+        QString lines;
+    };
+    const QList<Row> rows{
+        {{}, kLee + kMarket + kBaker},
+        {{"--range", "0"}, kLee + kMarket + kBaker},
+        // Last year begins with the first transaction and is moved, not shortened.
+        {{"--range", "2"}, kLee + kMarket + kBaker},
+        {{"--range", "3"}, kLee + kMarket},
+        {{"--range", "4"}, kMarket},
+        {{"--from", "2013/12/31", "--to", "2014/02/01"}, kMarket + kBaker},
+        {{"--set", "Savings"}, kDeposit},
+        {{"--search", "1:BAK"}, kBaker},
+        {{"--search", "6:9"}, kLee + kMarket},
+        {{"--search", "0:nothing like it"}, ""},
+        {{"--search", "2:"}, kLee + kMarket + kBaker},
+        {{"--sort", "amount"}, kBaker + kLee + kMarket},
+        {{"--sort", "amount:descending"}, kMarket + kLee + kBaker},
+        {{"--sort", "date"}, kBaker + kMarket + kLee},
+        {{"--sort", "tofrom"}, kBaker + kLee + kMarket},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.options.join(' ').toStdString());
+        const Result result = exported(row.options);
+        EXPECT_EQ(result.status, 0);
+        EXPECT_EQ(result.output, row.lines);
+        EXPECT_EQ(result.errors, "");
+    }
+}
+
+TEST_F(ExportProgram, WritesAFileAndNothingElse) {
+    const QStringList before = everything();
+    const QString path = mHome.filePath("out.txt");
+    const Result result = exported({"--output", path});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.output, "");
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(QString::fromUtf8(file.readAll()), kLee + kMarket + kBaker);
+    ASSERT_TRUE(file.remove());
+    EXPECT_EQ(everything(), before);
+}
+
+TEST_F(ExportProgram, SaysInOneLineWhatFailed) {
+    struct Row {
+        QStringList options;
+        int status;
+        const char* reason;
+    };
+    const QList<Row> rows{
+        {{"--set", "Cash"}, 1, "no transaction set \"Cash\""},
+        {{"--output", mHome.filePath("missing/out.txt")}, 1, "could not be written"},
+        {{"--data", mHome.filePath("missing")}, 1, "does not exist"},
+        {{"--range", "8"}, 2, "0 to 7"},
+        {{"--range", "x"}, 2, "0 to 7"},
+        {{"--from", "2014/01/01"}, 2, "go together"},
+        {{"--from", "2014/02/30", "--to", "2014/03/01"}, 2, "--from takes a day"},
+        {{"--range", "1", "--from", "2014/01/01", "--to", "2014/03/01"}, 2, "either"},
+        {{"--search", "9:x"}, 2, "0 to 8"},
+        {{"--search", "market"}, 2, "0 to 8"},
+        {{"--sort", "colour"}, 2, "--sort takes"},
+        {{"--sort", "date:up"}, 2, "--sort takes"},
+        {{"--today", "now"}, 2, "--today takes a day"},
+        {{"--nonsense"}, 2, "nonsense"},
+        {{"file"}, 2, "no argument"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.options.join(' ').toStdString());
+        const Result result = exported(row.options);
+        EXPECT_EQ(result.status, row.status);
+        EXPECT_EQ(result.output, "");
+        EXPECT_TRUE(result.errors.startsWith("corvella: ")) << result.errors.toStdString();
+        EXPECT_TRUE(result.errors.section('\n', 0, 0).contains(row.reason)) << result.errors.toStdString();
+    }
+}
+
+} // namespace

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "kit/Printers.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+/// Runs the real program, as a script would: no display, a home of its own, US English.
+class ProgramFixture : public testing::Test {
+protected:
+    struct Result {
+        int status;
+        QString output;
+        QString errors;
+    };
+
+    ProgramFixture() { QDir().mkpath(mHome.path()); }
+    [[nodiscard]] QString write(const QString& name, const QByteArray& bytes) const {
+        const QString path = mHome.filePath(name);
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+        return path;
+    }
+
+    [[nodiscard]] Result run(const QStringList& arguments) const {
+        QProcess program;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("HOME", mHome.path());
+        environment.insert("XDG_DATA_HOME", mHome.filePath("data"));
+        environment.insert("XDG_CONFIG_HOME", mHome.filePath("config"));
+        environment.insert("LC_ALL", "C.UTF-8");
+        for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+            environment.remove(name);
+        program.setProcessEnvironment(environment);
+        program.start(CORVELLA_PROGRAM, arguments);
+        EXPECT_TRUE(program.waitForFinished(60'000));
+        return {program.exitCode(), QString::fromUtf8(program.readAllStandardOutput()),
+                QString::fromUtf8(program.readAllStandardError())};
+    }
+
+    /// Everything below the home, files with their sizes.
+    [[nodiscard]] QStringList everything() const {
+        QStringList names;
+        QStringList folders{mHome.path()};
+        while (!folders.isEmpty()) {
+            for (const QFileInfo& entry :
+                 QDir(folders.takeFirst())
+                     .entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot)) {
+                names.append(entry.filePath() + ' ' + QString::number(entry.isDir() ? 0 : entry.size()));
+                if (entry.isDir())
+                    folders.append(entry.filePath());
+            }
+        }
+        names.sort();
+        return names;
+    }
+
+    QTemporaryDir mHome{QDir::tempPath() + "/a home XXXXXX"};
+};

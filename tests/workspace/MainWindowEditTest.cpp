@@ -1,0 +1,152 @@
+#include "workspace/MainWindowFixture.h"
+
+#include <QPushButton>
+
+namespace {
+
+class MainWindowEditTest : public MainWindowFixture {
+protected:
+    void SetUp() override {
+        mBudget.category("Food", 1).category("Fuel", 2).lastID(2);
+        mBudget
+            .transaction(
+                {.date = day(2014, 3, 6), .amount = 30, .payTo = "Market", .xfor = "bread", .category = "Food"})
+            .transaction({.date = day(2014, 3, 3), .amount = 10, .payTo = "Station", .category = "Fuel"});
+        mBudget.inOrder();
+        mMarket = mBudget.transactionAt(0);
+        open();
+        table().setFocus();
+    }
+
+    /// Opens the editor of a cell as F2 does, and replaces what it holds.
+    void edit(int row, Column column, const QString& text) const {
+        table().setFocus();
+        table().setCurrentIndex(table().model()->index(row, column));
+        press(Qt::Key_F2);
+        press(Qt::Key_A, Qt::ControlModifier);
+        press(Qt::Key_Delete);
+        type(text);
+    }
+
+    /// An editor commits once it has processed the key itself.
+    static void commit(Qt::Key key = Qt::Key_Return) {
+        press(key);
+        QCoreApplication::processEvents();
+    }
+
+    void clickCell(int row, Column column) const {
+        const QPoint place = table().visualRect(table().model()->index(row, column)).center();
+        QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, place);
+    }
+
+    std::shared_ptr<CVTransaction> mMarket;
+};
+
+TEST_F(MainWindowEditTest, TextsAreEditedInTheirCellsAndSaved) {
+    edit(0, Column::ToFrom, "Grocer");
+    commit();
+    EXPECT_EQ(mMarket->payTo(), "Grocer");
+    EXPECT_EQ(mSaver.count(), 1);
+    edit(0, Column::For, "rolls");
+    commit();
+    EXPECT_EQ(mMarket->xfor(), "rolls");
+    EXPECT_EQ(mSaver.count(), 2);
+    EXPECT_EQ(table().currentIndex().row(), 0);
+}
+
+TEST_F(MainWindowEditTest, AnAmountIsCalculatedAndTheSumsFollow) {
+    edit(0, Column::Amount, "2*(10+5.25)");
+    commit();
+    EXPECT_EQ(mMarket->amount(), 30.5);
+    EXPECT_EQ(textOf("mTotalAmountField"), "$40.50");
+}
+
+TEST_F(MainWindowEditTest, AnAmountOfZeroOrLessIsAcceptedHere) {
+    edit(0, Column::Amount, "-5");
+    commit();
+    EXPECT_EQ(mMarket->amount(), -5.0);
+    EXPECT_TRUE(mAlerts.shown().isEmpty());
+}
+
+TEST_F(MainWindowEditTest, WhatCannotBeReadChangesNothing) {
+    edit(0, Column::Amount, "12..5");
+    commit();
+    commit(Qt::Key_Escape);
+    EXPECT_EQ(mMarket->amount(), 30.0);
+    edit(0, Column::Date, "13/45");
+    commit();
+    commit(Qt::Key_Escape);
+    EXPECT_EQ(mMarket->effectiveDate(), day(2014, 3, 6));
+    EXPECT_EQ(mSaver.count(), 0);
+}
+
+TEST_F(MainWindowEditTest, EscapeAndAnUnchangedTextSaveNothing) {
+    edit(0, Column::ToFrom, "Grocer");
+    commit(Qt::Key_Escape);
+    EXPECT_EQ(mMarket->payTo(), "Market");
+    edit(0, Column::ToFrom, "Market");
+    commit();
+    EXPECT_EQ(mSaver.count(), 0);
+}
+
+TEST_F(MainWindowEditTest, ANewDateMovesTheRowWidensTheRangeAndKeepsTheDocumentInOrder) {
+    edit(0, Column::Date, "1/2/14");
+    commit();
+    EXPECT_EQ(mMarket->effectiveDate(), day(2014, 1, 2));
+    EXPECT_EQ(column(Column::ToFrom), (QStringList{"Station", "Market"}));
+    EXPECT_EQ(textOf("mTransactionStartDate"), "1/2/14");
+    EXPECT_EQ(document().transactions()[1], mMarket);
+    EXPECT_EQ(document().earliestTransactionDate(), day(2014, 1, 2));
+    EXPECT_EQ(table().currentIndex().row(), 1) << "the cursor stays with its transaction";
+}
+
+TEST_F(MainWindowEditTest, ACategoryIsCompletedOrMadeAnew) {
+    edit(0, Column::Category, "fu");
+    commit();
+    EXPECT_EQ(mMarket->categoryID(), 2U);
+    edit(0, Column::Category, "Holidays");
+    commit();
+    EXPECT_EQ(mMarket->categoryName(), "Holidays");
+    EXPECT_EQ(document().countOfCategories(), 3U);
+}
+
+TEST_F(MainWindowEditTest, AClickTurnsAFlagRoundAndSoDoesSpace) {
+    clickCell(0, Column::Tax);
+    EXPECT_TRUE(mMarket->taxFlag());
+    clickCell(0, Column::Tax);
+    EXPECT_FALSE(mMarket->taxFlag());
+    clickCell(0, Column::UserFlag);
+    EXPECT_TRUE(mMarket->userFlag());
+    press(Qt::Key_Space);
+    EXPECT_FALSE(mMarket->userFlag());
+    EXPECT_EQ(mSaver.count(), 4);
+}
+
+TEST_F(MainWindowEditTest, ARowThatNoLongerFitsTheSearchStaysUntilTheNextRebuild) {
+    type("mSearchField103", "market");
+    edit(0, Column::ToFrom, "Grocer");
+    commit();
+    EXPECT_EQ(column(Column::ToFrom), QStringList{"Grocer"});
+    mController->getStarted();
+    EXPECT_TRUE(column(Column::ToFrom).isEmpty());
+}
+
+TEST_F(MainWindowEditTest, TabGoesOnToTheNextCell) {
+    edit(0, Column::ToFrom, "Grocer");
+    commit(Qt::Key_Tab);
+    EXPECT_EQ(mMarket->payTo(), "Grocer");
+    press(Qt::Key_A, Qt::ControlModifier);
+    type("rolls");
+    commit();
+    EXPECT_EQ(mMarket->xfor(), "rolls");
+}
+
+TEST_F(MainWindowEditTest, ReturnOpensTheEditor) {
+    table().setCurrentIndex(table().model()->index(1, Column::For));
+    commit();
+    type("petrol");
+    commit();
+    EXPECT_EQ(mBudget.transactionAt(1)->xfor(), "petrol");
+}
+
+} // namespace
