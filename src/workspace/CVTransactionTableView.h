@@ -18,8 +18,8 @@ public:
     /// `list` outlives the table.
     explicit CVTransactionTableView(const CVTransactionList& list, QWidget* parent = nullptr);
 
-    /// Shows the list and its order as they are now. `reorder` is for rows that have only changed places: an editor that
-    /// is open stays so.
+    /// Shows the list and its order as they are now. `reorder` is for rows that have only changed places: an editor
+    /// that is open stays so.
     void reload();
     void reorder();
     /// In row order.

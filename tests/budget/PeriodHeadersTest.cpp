@@ -1,6 +1,6 @@
 #include "budget/CVDisplayPeriods.h"
-#include "kit/DefaultLocale.h"
 #include "kit/Day.h"
+#include "kit/DefaultLocale.h"
 #include "kit/FixedToday.h"
 #include "kit/Printers.h"
 
