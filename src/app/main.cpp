@@ -3,6 +3,7 @@
 #include "app/CVCommandLine.h"
 #include "shared/base/CVBundle.h"
 #include "shared/base/QBUserDefaults.h"
+#include "shared/widgets/CVAccessibleComboBox.h"
 #include "shared/widgets/CVAlertPanel.h"
 #include "shared/widgets/CVFileDialogs.h"
 #include "storage/CVStandardDataFile.h"
@@ -55,6 +56,7 @@ int runWindow(int& argc, char** argv) {
             errors, QCoreApplication::translate("main", "\"%1\" is not opened: Corvella opens your own data file only")
                         .arg(QCoreApplication::arguments().at(1)));
     }
+    CVAccessibleComboBox::install();
     CVAlertPanel alerts;
     CVFileDialogs panels;
     CVAppDelegate delegate(QBUserDefaults::standardStore(), CVStandardFolders::ofUser(), alerts, panels);

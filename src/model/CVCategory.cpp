@@ -53,11 +53,6 @@ void CVCategory::setCategoryName(const QString& name) {
         mDocument->notificationCenter().postNotification(QLatin1String(CVNotifications::kCategoryAddedRemoved));
 }
 
-void CVCategory::widenBounds(const QBDate& date) {
-    mEarliestTransaction = std::min(mEarliestTransaction, date);
-    mLatestTransaction = std::max(mLatestTransaction, date);
-}
-
 QByteArray CVCategory::xmlRepresentation() const {
     const std::string_view frequency = CVExpenseFrequency::nameOfCode(mExpenseFrequency);
     std::array<char, QBNumberText::kMoneyBound> target{};

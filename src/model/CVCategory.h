@@ -62,8 +62,13 @@ public:
     void setWeeklyPeriods(quint32 count) { mWeeklyPeriods = count; }
     void setNumberOfTransactions(quint64 count) { mNumberOfTransactions = count; }
 
-    /// Moves the bounds apart as far as needed for them to include `date`.
-    void widenBounds(const QBDate& date);
+    /// Moves the bounds apart as far as needed for them to include `date`. Here for a walk over all transactions.
+    void widenBounds(const QBDate& date) {
+        if (date.comesBefore(mEarliestTransaction))
+            mEarliestTransaction = date;
+        if (date.comesAfter(mLatestTransaction))
+            mLatestTransaction = date;
+    }
 
     /// The element text, without a line feed.
     [[nodiscard]] QByteArray xmlRepresentation() const;

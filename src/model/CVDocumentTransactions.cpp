@@ -6,7 +6,8 @@
 #include "model/CVTransactionSort.h"
 
 #include <algorithm>
-#include <unordered_set>
+#include <functional>
+#include <vector>
 
 namespace {
 
@@ -60,10 +61,14 @@ void CVDocument::removeTransaction(const std::shared_ptr<CVTransaction>& transac
 void CVDocument::removeTransactions(std::span<const std::shared_ptr<CVTransaction>> transactions) {
     if (transactions.empty())
         return;
-    std::unordered_set<const CVTransaction*> removed;
+    std::vector<const CVTransaction*> removed;
+    removed.reserve(transactions.size());
     for (const auto& transaction : transactions)
-        removed.insert(transaction.get());
-    eraseLeaving(mTransactions, [&](const auto& transaction) { return removed.contains(transaction.get()); });
+        removed.push_back(transaction.get());
+    std::sort(removed.begin(), removed.end(), std::less<>());
+    eraseLeaving(mTransactions, [&removed](const auto& transaction) {
+        return std::binary_search(removed.begin(), removed.end(), transaction.get(), std::less<>());
+    });
     announceTransactions();
     updateDates();
 }
@@ -104,22 +109,18 @@ void CVDocument::updateDates() {
         category->setLatestTransactionDate(today);
     }
     const CVCategoryLookup lookup(mCategories);
-    std::optional<QBDate> earliest;
-    std::optional<QBDate> latest;
     for (const auto& transaction : mTransactions) {
-        const auto date = transaction->effectiveDate();
-        if (!date)
-            continue;
-        if (!latest)
-            latest = date;
-        earliest = date;
-        if (CVCategory* const category = lookup.find(transaction->categoryID()))
+        CVCategory* const category = lookup.find(transaction->categoryID());
+        if (const auto date = transaction->effectiveDate(); date && category)
             category->widenBounds(*date);
     }
-    if (latest) {
-        _earliestTransactionDate = earliest;
-        _latestTransactionDate = latest;
-    }
+    const auto isDated = [](const auto& transaction) { return transaction->effectiveDate().has_value(); };
+    const auto newest = std::find_if(mTransactions.begin(), mTransactions.end(), isDated);
+    if (newest == mTransactions.end())
+        return;
+    const auto oldest = std::find_if(mTransactions.rbegin(), mTransactions.rend(), isDated);
+    _earliestTransactionDate = (*oldest)->effectiveDate();
+    _latestTransactionDate = (*newest)->effectiveDate();
 }
 
 void CVDocument::widenBounds(const QBDate& date) {

@@ -13,8 +13,8 @@ using Figures = CVReportFigures;
 using Kind = CVReportColumnKind;
 using Name = QLatin1StringView;
 
-constexpr int kNameWidth = 28;
-constexpr int kMoneyWidth = 15;
+constexpr int kNameWidth = 24;
+constexpr int kMoneyWidth = 13;
 
 template <auto Getter>
 QVariant ofCategory(const Figures& /*figures*/, const CVCategory& category) {
@@ -34,9 +34,9 @@ constexpr CVReportColumn kTotal{Name("total"), QT_TRANSLATE_NOOP("CVReportColumn
 constexpr std::array<CVReportColumn, 7> kAverages{
     {kCategory,
      kTotal,
-     {Name("pattern"), QT_TRANSLATE_NOOP("CVReportColumns", "Pattern"), Kind::Text, 18,
+     {Name("pattern"), QT_TRANSLATE_NOOP("CVReportColumns", "Pattern"), Kind::Text, 15,
       &ofCategory<&CVCategory::billFrequency>},
-     {Name("numtrans"), QT_TRANSLATE_NOOP("CVReportColumns", "Transactions"), Kind::Count, 15,
+     {Name("numtrans"), QT_TRANSLATE_NOOP("CVReportColumns", "Transactions"), Kind::Count, 14,
       &ofCategory<&CVCategory::numberOfTransactions>},
      {Name("weekly"), QT_TRANSLATE_NOOP("CVReportColumns", "Weekly"), Kind::Money, kMoneyWidth,
       &ofCategory<&CVCategory::weekly>},
@@ -47,7 +47,7 @@ constexpr std::array<CVReportColumn, 7> kAverages{
 
 constexpr std::array<CVReportColumn, 5> kTotals{{kCategory,
                                                  {Name("freq"), QT_TRANSLATE_NOOP("CVReportColumns", "Frequency"),
-                                                  Kind::Frequency, 20, &ofCategory<&CVCategory::expenseFrequency>},
+                                                  Kind::Frequency, 16, &ofCategory<&CVCategory::expenseFrequency>},
                                                  {Name("target"), QT_TRANSLATE_NOOP("CVReportColumns", "Target"),
                                                   Kind::Target, kMoneyWidth, &ofCategory<&CVCategory::expenseTarget>},
                                                  {Name("average"), QT_TRANSLATE_NOOP("CVReportColumns", "Average"),
@@ -64,7 +64,7 @@ constexpr std::array<CVReportColumn, 3> kTax{{kCategory,
                                               {Name("amount"), QT_TRANSLATE_NOOP("CVReportColumns", "Amount"),
                                                Kind::Money, kMoneyWidth, &ofFigures<&Figures::taxAmount>},
                                               {Name("number"), QT_TRANSLATE_NOOP("CVReportColumns", "Transactions"),
-                                               Kind::Count, 15, &ofFigures<&Figures::taxItems>}}};
+                                               Kind::Count, 14, &ofFigures<&Figures::taxItems>}}};
 
 constexpr std::array<std::span<const CVReportColumn>, kReportTables> kTables{kAverages, kTotals, kPercent, kTax};
 

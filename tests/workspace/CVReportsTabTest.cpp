@@ -5,7 +5,6 @@
 #include "workspace/ReportsTabFixture.h"
 
 #include <QClipboard>
-#include <QHeaderView>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QTabWidget>

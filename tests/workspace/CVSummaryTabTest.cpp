@@ -97,6 +97,18 @@ TEST_F(CVSummaryTabTest, SelectionAndScrollPositionSurviveAReload) {
     EXPECT_EQ(mPeriods.selectionModel()->selectedIndexes(), QModelIndexList({mPeriods.model()->index(39, 2)}));
 }
 
+TEST_F(CVSummaryTabTest, TheScrollPositionSurvivesAChangeOfRowsAndOfColumns) {
+    categories(60).show(CVDisplayPeriods::Week);
+    for (const auto change : {+[](SummaryTabFixture& fixture) { fixture.mRows.pop_back(); },
+                              +[](SummaryTabFixture& fixture) { fixture.mContents.periods().setTimePeriod(0, {}); }}) {
+        mPeriods.verticalScrollBar()->setValue(123);
+        change(*this);
+        reload();
+        for (const QTableView* const table : {&mCategories, &mPeriods, &mCategoryTotals})
+            EXPECT_EQ(table->verticalScrollBar()->value(), 123);
+    }
+}
+
 TEST_F(CVSummaryTabTest, TheArrowKeysGoOnNearACategoryThatIsGone) {
     categories(3).show(CVDisplayPeriods::Week);
     mPeriods.setCurrentIndex(mPeriods.model()->index(2, 1));

@@ -22,6 +22,10 @@ CVFormattedField::CVFormattedField(QWidget* parent)
     , mNote(new CVFieldNote(*this)) {
     mMark->setVisible(false);
     connect(this, &QLineEdit::editingFinished, this, &CVFormattedField::endEditing);
+    connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
+        if (!hasFocus() && text != mShownText)
+            endEditing();
+    });
 }
 
 void CVFormattedField::endEditing() {
@@ -49,7 +53,7 @@ QSize CVFormattedField::minimumSizeHint() const {
 
 bool CVFormattedField::readText() {
     // A text that could not be read is looked at again, however it came back to what it was.
-    if (!isModified() && mReadable)
+    if (!isModified() && text() == mShownText && mReadable)
         return true;
     if (takeValue(text()))
         showValue();
@@ -59,8 +63,13 @@ bool CVFormattedField::readText() {
 }
 
 void CVFormattedField::showValue() {
-    setText(valueText());
+    showText(valueText());
     setReadable(true);
+}
+
+void CVFormattedField::showText(const QString& text) {
+    mShownText = text;
+    setText(text);
 }
 
 void CVFormattedField::showNote(const QString& note) {

@@ -7,7 +7,8 @@ class QAction;
 
 /// A text field that holds a value. What is typed is read when editing ends; a text that cannot be read stays as typed
 /// and is marked with an icon and the reason, and the value stays what it was. An untouched text is never read again,
-/// so that showing a value cannot change it.
+/// so that showing a value cannot change it. A text that an assistive technology sets from outside counts as typed; while
+/// the field has no focus it is read at once.
 class CVFormattedField : public QLineEdit {
     Q_OBJECT
 
@@ -50,6 +51,8 @@ protected:
     bool readText();
     /// Shows the value in its usual form.
     void showValue();
+    /// Shows a text that is no edit, and so is not read.
+    void showText(const QString& text);
     /// A remark on what is being typed, shown below the field until editing ends and told to screen readers. An empty
     /// one takes the remark away.
     void showNote(const QString& note);
@@ -64,4 +67,5 @@ private:
     QAction* mMark;
     CVFieldNote* mNote;
     bool mReadable = true;
+    QString mShownText;
 };

@@ -23,7 +23,7 @@ void CVMoneyField::setDoubleValue(double value) {
 void CVMoneyField::clearValue() {
     setDoubleValue(0);
     // Not clear(), which counts as an edit.
-    setText({});
+    showText({});
 }
 
 QString CVMoneyField::expectation() const {
