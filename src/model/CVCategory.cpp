@@ -9,7 +9,6 @@
 
 #include <QFile>
 
-#include <algorithm>
 #include <array>
 #include <cstring>
 #include <string_view>

@@ -221,6 +221,7 @@ void CVMainWindowController::preferenceChanged() {
 }
 
 void CVMainWindowController::moneyFormatChanged() {
+    mWindow->entryStrip().localeChanged();
     reloadAllTables();
 }
 

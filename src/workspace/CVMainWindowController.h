@@ -18,6 +18,7 @@ class CVMainWindow;
 class CVSaveStatus;
 class QMainWindow;
 enum class CVCommand;
+struct CVEntryProblem;
 
 /// Owns the main window and the order of things in it: set-up, recording, editing, removal, and the rebuild after every
 /// change. References the document, the alerts and the panels, which outlive it.
@@ -103,6 +104,7 @@ private:
     void setFrequency(int row, int code);
     void setTarget(int row, double target);
 
+    void showProblem(const CVEntryProblem& problem);
     void showAbout();
 
     CVDocument& mDocument;

@@ -49,14 +49,11 @@ std::shared_ptr<CVTransaction> makeTransaction(const CVEntry& entry, const CVCat
 void CVMainWindowController::record() {
     CVEntryStrip& strip = mWindow->entryStrip();
     auto problem = strip.endEditing();
-    if (problem && problem->field == CVEntryField::Date)
-        QApplication::beep();
     const CVEntry entry = strip.entry();
     if (!problem)
         problem = CVFirstProblem(entry);
     if (problem) {
-        mAlerts.run({tr("Input Error"), problem->message, tr("OK")});
-        strip.focusField(problem->field);
+        showProblem(*problem);
         return;
     }
     const auto category = mDocument.insertCategoryName(entry.category);
@@ -69,6 +66,13 @@ void CVMainWindowController::record() {
     getStarted();
     mWindow->transactionsTab().table().reveal(transaction.get());
     strip.focusField(CVEntryField::Amount);
+}
+
+void CVMainWindowController::showProblem(const CVEntryProblem& problem) {
+    if (problem.field == CVEntryField::Date)
+        QApplication::beep();
+    mAlerts.run({problem.title, problem.message, tr("OK")});
+    mWindow->entryStrip().focusField(problem.field);
 }
 
 void CVMainWindowController::removeTransaction() {

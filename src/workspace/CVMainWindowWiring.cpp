@@ -19,6 +19,7 @@ void CVMainWindowController::connectWindow() {
     connect(mWindow.get(), &CVMainWindow::closing, this, &CVMainWindowController::saveFrame);
     connect(mWindow.get(), &CVMainWindow::localeChanged, this, &CVMainWindowController::handleLocaleChange);
     connect(&mWindow->entryStrip(), &CVEntryStrip::recordRequested, this, &CVMainWindowController::record);
+    connect(&mWindow->entryStrip(), &CVEntryStrip::dateRefused, this, &CVMainWindowController::showProblem);
     connect(&mWindow->tabs(), &QTabWidget::currentChanged, this, &CVMainWindowController::tabSelected);
     connect(&mWindow->menu(), &CVMainMenu::chosen, this, &CVMainWindowController::choose);
     connect(&mWindow->menu(), &CVMainMenu::sortRequested, this, &CVMainWindowController::sortByColumn);

@@ -138,10 +138,10 @@ TEST_F(CVGridModelTest, ThereAreSevenDaysAndFourOfEverythingElse) {
 
 TEST_F(CVGridModelTest, TheHeaderOfTodayStandsOutInEveryView) {
     struct Row {
-        int periodType;
+        int periodType = 0;
         CVDisplayPeriods::Placement placement;
-        int column;
-        const char* text;
+        int column = 0;
+        const char* text = nullptr;
     };
     for (const Row& row :
          {Row{CVDisplayPeriods::Day, {1, 0}, 2, "Wednesday"}, Row{CVDisplayPeriods::Day, {4, 0}, 6, "Wednesday"},

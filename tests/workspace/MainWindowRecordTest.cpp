@@ -21,9 +21,9 @@ protected:
 
     [[nodiscard]] const CVDocument::Transactions& recorded() { return document().transactions(); }
 
-    void expectRefusal(const char* message) {
+    void expectRefusal(const char* message, const char* title = "Input Error") {
         ASSERT_EQ(mAlerts.shown().size(), 1);
-        EXPECT_EQ(mAlerts.shown()[0].title, "Input Error");
+        EXPECT_EQ(mAlerts.shown()[0].title, title);
         EXPECT_EQ(mAlerts.shown()[0].message, message);
         EXPECT_EQ(mAlerts.shown()[0].defaultButton, "OK");
         EXPECT_EQ(mAlerts.shown()[0].alternateButton, "");
@@ -148,7 +148,8 @@ TEST_F(MainWindowRecordTest, RefusesADateThatCannotBeReadBeforeAnythingElse) {
     fillIn("0", "", "");
     type("mExpenseDate", "7x");
     press(Qt::Key_Return);
-    expectRefusal("“7x” in the field “Date” is not a date. Type a date like 3/7/14, with “/” between its parts.");
+    expectRefusal("“7x” in the field “Date” is not a date. Type a date like 3/7/14, with “/” between its parts.",
+                  "The date cannot be read");
     EXPECT_EQ(QApplication::focusWidget()->objectName(), "mExpenseDate");
     EXPECT_EQ(textOf("mExpenseDate"), "7x");
 }
@@ -157,7 +158,17 @@ TEST_F(MainWindowRecordTest, RefusesABlankDate) {
     fillIn("1", "Market", "Car");
     type("mExpenseDate", "");
     press(Qt::Key_Return);
-    expectRefusal("The field “Date” is blank. Type a date like 3/7/14, with “/” between its parts.");
+    expectRefusal("The field “Date” is blank. Type a date like 3/7/14, with “/” between its parts.",
+                  "The date is missing");
+}
+
+TEST_F(MainWindowRecordTest, SaysOnceThatADateCannotBeReadWhenItIsLeft) {
+    type("mExpenseDate", "13/45");
+    press(Qt::Key_Tab);
+    QCoreApplication::processEvents();
+    expectRefusal("“13/45” in the field “Date” is not a date. Type a date like 3/7/14, with “/” between its parts.",
+                  "The date cannot be read");
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), "mExpenseDate");
 }
 
 TEST_F(MainWindowRecordTest, NeverTakesAnUnreadableAmountForANumber) {

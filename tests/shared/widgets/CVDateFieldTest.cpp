@@ -22,6 +22,8 @@ protected:
         QObject::connect(&mField, &CVDateField::dateEntered, &mField,
                          [this](const QBDate& date) { mEntered.append(date); });
         mField.show();
+        mField.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&mField));
         mField.setFocus();
     }
 

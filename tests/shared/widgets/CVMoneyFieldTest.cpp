@@ -26,6 +26,7 @@ protected:
     }
 
     void type(const QString& text) {
+        mField->setFocus();
         mField->selectAll();
         QTest::keyClicks(mField, text);
         QTest::keyClick(mField, Qt::Key_Return);
@@ -115,7 +116,7 @@ TEST_F(CVMoneyFieldTest, TheResultTakesThePlaceOfTheTextWhenEditingEnds) {
     EXPECT_EQ(mField->doubleValue(), 220.0);
     EXPECT_EQ(preview(), "");
     EXPECT_EQ(mField->accessibleDescription(), "");
-    mField->setFocus();
+    mField->selectAll();
     QTest::keyClicks(mField, "10/4");
     EXPECT_EQ(preview(), "= $2.50");
     mOther->setFocus();
@@ -180,6 +181,19 @@ TEST_F(CVMoneyFieldTest, ANewLocaleLeavesAnEmptyAndAnUnreadableTextAsTheyAre) {
     EXPECT_EQ(mField->text(), "12x");
     EXPECT_FALSE(mField->isReadable());
     EXPECT_EQ(mField->toolTip(), "Type an amount like $1,234.50.");
+}
+
+TEST_F(CVMoneyFieldTest, ATextThatAnAssistiveTechnologySetsCountsAsTyped) {
+    mField->setText("10/4");
+    EXPECT_EQ(mField->doubleValue(), 2.5);
+    EXPECT_EQ(mField->text(), "$2.50");
+    mField->setFocus();
+    mField->setText("3");
+    EXPECT_EQ(mField->doubleValue(), 2.5) << "read when editing ends";
+    mOther->setFocus();
+    EXPECT_EQ(mField->doubleValue(), 3.0);
+    mField->setText("x");
+    EXPECT_FALSE(mField->isReadable());
 }
 
 } // namespace
