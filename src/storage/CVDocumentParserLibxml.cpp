@@ -10,7 +10,6 @@
 #include <cstdarg>
 #include <cstdio>
 #include <exception>
-#include <memory>
 
 /// The part of the parser that drives libxml2's SAX interface.
 
@@ -70,42 +69,6 @@ Examination examine(QByteArrayView bytes) {
         at = next;
     }
     return found;
-}
-
-/// How the files that this program writes begin.
-constexpr QByteArrayView kOwnDeclaration(R"(<?xml version="1.0" encoding="UTF-8"?>)");
-
-/// Hands libxml2 the bytes piece by piece, as from a file.
-int readNext(void* context, char* buffer, int length) {
-    auto& rest = *static_cast<QByteArrayView*>(context);
-    const QByteArrayView piece = rest.first(std::min<qsizetype>(length, rest.size()));
-    std::copy(piece.begin(), piece.end(), buffer);
-    rest = rest.sliced(piece.size());
-    return static_cast<int>(piece.size());
-}
-
-struct FreeContext {
-    void operator()(xmlParserCtxt* context) const {
-        // libxml2 makes one for a file's own entities, asked or not.
-        xmlFreeDoc(context->myDoc);
-        xmlFreeParserCtxt(context);
-    }
-};
-
-/// 0 or libxml2's code of an error. Bytes in memory libxml2 would copy whole before it begins, which takes as much
-/// memory again and a seventh of the time. Piece by piece it reads the same out of UTF-8, but goes about damage in some
-/// other encodings differently: only what is certain to be UTF-8 is read so.
-int parse(QByteArrayView bytes, xmlSAXHandler& handler, void* userData) {
-    if (!bytes.startsWith(kOwnDeclaration))
-        return xmlSAXUserParseMemory(&handler, userData, bytes.data(), static_cast<int>(bytes.size()));
-    const std::unique_ptr<xmlParserCtxt, FreeContext> context(
-        xmlCreateIOParserCtxt(&handler, userData, readNext, nullptr, &bytes, XML_CHAR_ENCODING_NONE));
-    if (!context)
-        return XML_ERR_NO_MEMORY;
-    xmlParseDocument(context.get());
-    if (context->wellFormed)
-        return XML_ERR_OK;
-    return context->errNo == XML_ERR_OK ? XML_ERR_INTERNAL_ERROR : context->errNo;
 }
 
 } // namespace
@@ -198,7 +161,7 @@ int CVDocumentParserDelegate::parsePlainBytes() {
     CVDocumentParserCallbacks::run(this, [&bytes](auto& parser) {
         parser.document->reserveTransactions(static_cast<std::size_t>(bytes.size() / kUsualTransaction));
     });
-    const int result = parse(bytes, handler, this);
+    const int result = xmlSAXUserParseMemory(&handler, this, bytes.constData(), static_cast<int>(bytes.size()));
     return mGaveUp ? XML_ERR_NO_MEMORY : result;
 }
 

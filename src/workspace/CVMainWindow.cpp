@@ -8,6 +8,7 @@
 #include "workspace/CVTransactionTableView.h"
 #include "workspace/CVTransactionsTab.h"
 
+#include <QAbstractItemView>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -47,12 +48,23 @@ void CVMainWindow::setTransactionSets(const QStringList& names, int current) {
 }
 
 void CVMainWindow::closeEvent(QCloseEvent* event) {
+    commitOpenEditor();
     if (mMayClose && !mMayClose()) {
         event->ignore();
         return;
     }
     emit closing();
     event->accept();
+}
+
+/// What is being typed into a cell of a table is part of the budget.
+void CVMainWindow::commitOpenEditor() {
+    QWidget* const focused = focusWidget();
+    for (QWidget* above = focused ? focused->parentWidget() : nullptr; above; above = above->parentWidget()) {
+        // An editor commits when it loses the focus.
+        if (qobject_cast<QAbstractItemView*>(above))
+            return focused->clearFocus();
+    }
 }
 
 void CVMainWindow::changeEvent(QEvent* event) {

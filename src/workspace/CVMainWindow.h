@@ -54,6 +54,7 @@ protected:
 
 private:
     QWidget* makeSetPicker();
+    void commitOpenEditor();
 
     CVEntryStrip* mEntryStrip;
     /// Made before its pages, so that Tab meets it before them.

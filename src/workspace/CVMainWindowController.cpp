@@ -26,6 +26,7 @@ namespace {
 
 constexpr const char* kFrameKey = "CVMainWindowController";
 constexpr const char* kColumnsKey = "CVMainWindowController Columns";
+constexpr const char* kReportColumnsKey = "CVMainWindowController Report Columns";
 constexpr QSize kFirstSize(1080, 680);
 
 } // namespace
@@ -130,12 +131,14 @@ void CVMainWindowController::restoreFrame() {
     if (!mWindow->restoreGeometry(defaults.dataForKey(kFrameKey)))
         mWindow->resize(kFirstSize.boundedTo(mWindow->screen()->availableSize()));
     mWindow->transactionsTab().table().restoreColumns(defaults.dataForKey(kColumnsKey));
+    mWindow->reportsTab().restoreColumns(defaults.dataForKey(kReportColumnsKey));
 }
 
 void CVMainWindowController::saveFrame() const {
     QBUserDefaults& defaults = mDocument.userDefaults();
     defaults.setData(kFrameKey, mWindow->saveGeometry());
     defaults.setData(kColumnsKey, mWindow->transactionsTab().table().saveColumns());
+    defaults.setData(kReportColumnsKey, mWindow->reportsTab().saveColumns());
 }
 
 void CVMainWindowController::observeNotifications() {

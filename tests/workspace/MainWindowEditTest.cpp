@@ -141,6 +141,13 @@ TEST_F(MainWindowEditTest, TabGoesOnToTheNextCell) {
     EXPECT_EQ(mMarket->xfor(), "rolls");
 }
 
+TEST_F(MainWindowEditTest, WhatIsBeingTypedIsKeptWhenTheWindowCloses) {
+    edit(0, Column::ToFrom, "Grocer");
+    window().close();
+    EXPECT_EQ(mMarket->payTo(), "Grocer");
+    EXPECT_EQ(mSaver.count(), 1);
+}
+
 TEST_F(MainWindowEditTest, ReturnOpensTheEditor) {
     table().setCurrentIndex(table().model()->index(1, Column::For));
     commit();
