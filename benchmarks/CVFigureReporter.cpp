@@ -12,6 +12,8 @@ void printLimit(std::ostream& out, const CVFigure& figure) {
     if (figure.limit == CVFigure::kNoLimit)
         return;
     out << std::setprecision(1) << figure.limit;
+    if (figure.largestLimit != CVFigure::kNoLimit)
+        out << " (" << figure.largestLimit << " for the largest)";
     if (figure.limitFrom > figure.sizes.front().transactions)
         out << " from " << figure.limitFrom;
 }

@@ -9,9 +9,10 @@ constexpr std::size_t kLarge = 1'000'000;
 constexpr std::array<CVFigure::Size, 3> kOften{{{kSmall, 501}, {kMiddle, 51}, {kLarge, 15}}};
 /// Each measurement needs a sort or a write to the disk.
 constexpr std::array<CVFigure::Size, 3> kSeldom{{{kSmall, 101}, {kMiddle, 15}, {kLarge, 7}}};
+constexpr std::array<CVFigure::Size, 3> kWindow{{{kSmall, 101}, {kMiddle, 51}, {kLarge, 15}}};
 constexpr std::array<CVFigure::Size, 3> kOnce{{{kSmall, 1}, {kMiddle, 1}, {kLarge, 1}}};
 
-constexpr std::array<CVFigure, 20> kFigures{{
+constexpr std::array<CVFigure, 29> kFigures{{
     {"Load, file in order", 1.5, kSmall, kSeldom, CVMeasureLoadSorted},
     {"Load, file shuffled", CVFigure::kNoLimit, kSmall, kSeldom, CVMeasureLoadShuffled},
     {"Memory after loading", 2, kLarge, kOnce, CVMeasureSteadyMemory},
@@ -32,6 +33,15 @@ constexpr std::array<CVFigure, 20> kFigures{{
     {"Figures of all categories", 4, kMiddle, kOften, CVMeasureFigures},
     {"Tax, plan and percent columns", 3, kMiddle, kOften, CVMeasureReportColumns},
     {"Rows of the grid and the reports", CVFigure::kNoLimit, kMiddle, kOften, CVMeasureBudgetRows},
+    {"Sort by date", 3, kMiddle, kSeldom, CVMeasureSortByDate},
+    {"Sort by amount", 3, kMiddle, kSeldom, CVMeasureSortByAmount},
+    {"Sort by payee", 3, kMiddle, kSeldom, CVMeasureSortByPayee},
+    {"Sort by what it was for", 3, kMiddle, kSeldom, CVMeasureSortByFor},
+    {"Sort by category", 3, kMiddle, kSeldom, CVMeasureSortByCategory},
+    {"Window: record until painted", 5, kMiddle, kWindow, CVMeasureWindowRecord, 8},
+    {"Window: search, each key", 5, kMiddle, kWindow, CVMeasureWindowSearch, 8},
+    {"Window: another tab", 5, kMiddle, kWindow, CVMeasureWindowTab, 8},
+    {"Window: another period", 5, kMiddle, kWindow, CVMeasureWindowPeriod, 8},
 }};
 
 } // namespace

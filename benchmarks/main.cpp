@@ -2,7 +2,7 @@
 #include "CVFigures.h"
 #include "CVMemoryProbe.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 
 #include <benchmark/benchmark.h>
 
@@ -28,7 +28,9 @@ void registerFigures() {
 } // namespace
 
 int main(int argc, char** argv) {
-    const QCoreApplication application(argc, argv);
+    // Windows are painted into memory.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
     if (const auto status = CVRunMemoryProbe(QCoreApplication::arguments()))
         return *status;
     benchmark::Initialize(&argc, argv);

@@ -1,6 +1,7 @@
 #include "model/CVTransactionSort.h"
 
 #include "model/CVCategoryLookup.h"
+#include "model/CVTextRanks.h"
 #include "model/CVTransaction.h"
 
 #include <algorithm>
@@ -12,23 +13,24 @@ namespace {
 /// The keys below hold what one order needs of a transaction, side by side in memory. `before` says whether a stands
 /// before b in ascending order; `isComplete` whether the key compares with all others as a strict weak order demands.
 
-struct CategoryKey {
-    quint32 id;
+/// The place of a name or a text among all of them; without one it equals every other.
+struct RankKey {
     int rank;
 
     [[nodiscard]] bool isComplete() const { return rank != CVCategoryLookup::kNoRank; }
-    [[nodiscard]] static bool before(const CategoryKey& a, const CategoryKey& b) {
-        return a.id != b.id && a.isComplete() && b.isComplete() && a.rank < b.rank;
+    [[nodiscard]] static bool before(const RankKey& a, const RankKey& b) {
+        return a.rank < b.rank && a.isComplete() && b.isComplete();
     }
 };
+static_assert(CVTextRanks::kNoRank == CVCategoryLookup::kNoRank);
 
 struct DateKey {
     qint64 day;
-    CategoryKey category;
+    RankKey category;
 
     [[nodiscard]] bool isComplete() const { return category.isComplete(); }
     [[nodiscard]] static bool before(const DateKey& a, const DateKey& b) {
-        return a.day == b.day ? CategoryKey::before(a.category, b.category) : a.day < b.day;
+        return a.day == b.day ? RankKey::before(a.category, b.category) : a.day < b.day;
     }
 };
 
@@ -39,16 +41,6 @@ struct AmountKey {
     [[nodiscard]] static bool before(const AmountKey& a, const AmountKey& b) { return a.amount < b.amount; }
 };
 
-/// Refers to a text of the transaction.
-struct TextKey {
-    const QString* text;
-
-    [[nodiscard]] bool isComplete() const { return !text->isNull(); }
-    [[nodiscard]] static bool before(const TextKey& a, const TextKey& b) {
-        return CVCompareTexts(*a.text, *b.text) < 0;
-    }
-};
-
 /// Makes the category keys of one sort.
 class CategoryKeys {
 public:
@@ -57,9 +49,7 @@ public:
             mRanks.insert(id, rank);
     }
 
-    [[nodiscard]] CategoryKey of(const CVTransaction& transaction) const {
-        return {transaction.categoryID(), mRanks.find(transaction.categoryID())};
-    }
+    [[nodiscard]] RankKey of(const CVTransaction& transaction) const { return {mRanks.find(transaction.categoryID())}; }
 
 private:
     CVIDMap<int> mRanks{CVCategoryLookup::kNoRank};
@@ -68,7 +58,8 @@ private:
 template <typename Key>
 struct Row {
     Key key;
-    std::size_t index;
+    /// Four thousand million transactions do not fit into the memory of a machine.
+    quint32 index;
 };
 
 /// Whether nothing is to be sorted, told without making a key for each at once. Where keys are missing, neighbours in
@@ -92,7 +83,7 @@ void sortBy(Pointers& transactions, bool descending, KeyOf keyOf) {
     std::vector<Row<Key>> rows;
     rows.reserve(transactions.size());
     for (const auto& transaction : transactions)
-        rows.push_back({keyOf(*transaction), rows.size()});
+        rows.push_back({keyOf(*transaction), static_cast<quint32>(rows.size())});
     const auto before = [descending](const Row<Key>& a, const Row<Key>& b) {
         return descending ? Key::before(b.key, a.key) : Key::before(a.key, b.key);
     };
@@ -119,21 +110,31 @@ void sortByAmount(Pointers& transactions, bool descending, const CVDocument::Cat
                       [](const CVTransaction& transaction) -> AmountKey { return {transaction.amount()}; });
 }
 
+template <typename Pointers, typename TextOf>
+void sortByText(Pointers& transactions, bool descending, TextOf textOf) {
+    CVTextRanks ranks;
+    for (const auto& transaction : transactions)
+        ranks.add(textOf(*transaction));
+    ranks.rank();
+    sortBy<RankKey>(transactions, descending,
+                    [&](const CVTransaction& transaction) -> RankKey { return {ranks.rankOf(textOf(transaction))}; });
+}
+
 template <typename Pointers>
 void sortByPayee(Pointers& transactions, bool descending, const CVDocument::Categories& /*unused*/) {
-    sortBy<TextKey>(transactions, descending,
-                    [](const CVTransaction& transaction) -> TextKey { return {&transaction.payTo()}; });
+    sortByText(transactions, descending,
+               [](const CVTransaction& transaction) -> const QString& { return transaction.payTo(); });
 }
 
 template <typename Pointers>
 void sortByFor(Pointers& transactions, bool descending, const CVDocument::Categories& /*unused*/) {
-    sortBy<TextKey>(transactions, descending,
-                    [](const CVTransaction& transaction) -> TextKey { return {&transaction.xfor()}; });
+    sortByText(transactions, descending,
+               [](const CVTransaction& transaction) -> const QString& { return transaction.xfor(); });
 }
 
 template <typename Pointers>
 void sortByCategory(Pointers& transactions, bool descending, const CVDocument::Categories& categories) {
-    sortBy<CategoryKey>(transactions, descending, [keys = CategoryKeys(categories)](const CVTransaction& transaction) {
+    sortBy<RankKey>(transactions, descending, [keys = CategoryKeys(categories)](const CVTransaction& transaction) {
         return keys.of(transaction);
     });
 }

@@ -1,25 +1,17 @@
 #include "workspace/CVFiguresTable.h"
 
-#include "workspace/CVFigureCellDelegate.h"
-#include "workspace/CVTableStyle.h"
+#include "shared/widgets/CVFigureCellDelegate.h"
 
 #include <QEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QScrollBar>
 
 #include <unordered_map>
 
-namespace {
-
-constexpr double kRowHeightInLines = 1.5;
-
-} // namespace
-
 CVFiguresTable::CVFiguresTable(std::unique_ptr<CVFiguresModel> model, const char* objectName,
                                const QString& accessibleName, QWidget* parent)
-    : QTableView(parent)
+    : CVTableView(parent)
     , mModel(model.release()) {
     setObjectName(QLatin1String(objectName));
     setAccessibleName(accessibleName);
@@ -28,17 +20,6 @@ CVFiguresTable::CVFiguresTable(std::unique_ptr<CVFiguresModel> model, const char
     setItemDelegate(new CVFigureCellDelegate(this));
     setSelectionMode(ExtendedSelection);
     setEditTriggers(NoEditTriggers);
-    setAlternatingRowColors(true);
-    setShowGrid(false);
-    setWordWrap(false);
-    // Tab leads on to the next control; the arrow keys move within the table.
-    setTabKeyNavigation(false);
-    setVerticalScrollMode(ScrollPerPixel);
-    setHorizontalScrollMode(ScrollPerPixel);
-    auto* const tableStyle = new CVTableStyle(this);
-    setStyle(tableStyle);
-    horizontalHeader()->setStyle(tableStyle);
-    setUpHeaders();
     connect(this, &QTableView::doubleClicked, this, &CVFiguresTable::cellOpened);
 }
 
@@ -54,55 +35,23 @@ void CVFiguresTable::reload() {
         setFocus(Qt::OtherFocusReason);
 }
 
-void CVFiguresTable::setMessage(const QString& message) {
-    if (message == mMessage)
-        return;
-    mMessage = message;
-    setAccessibleDescription(message);
-    viewport()->update();
-}
-
-int CVFiguresTable::rowHeight() const {
-    return qRound(fontMetrics().height() * kRowHeightInLines);
-}
-
-void CVFiguresTable::paintEvent(QPaintEvent* event) {
-    QTableView::paintEvent(event);
-    if (mMessage.isEmpty())
-        return;
-    QPainter painter(viewport());
-    painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
-    painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, mMessage);
-}
-
 void CVFiguresTable::keyPressEvent(QKeyEvent* event) {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isReturn && currentIndex().isValid())
         emit cellOpened(currentIndex());
     else
-        QTableView::keyPressEvent(event);
+        CVTableView::keyPressEvent(event);
 }
 
 void CVFiguresTable::resizeEvent(QResizeEvent* event) {
-    QTableView::resizeEvent(event);
+    CVTableView::resizeEvent(event);
     emit metricsChanged();
 }
 
 void CVFiguresTable::changeEvent(QEvent* event) {
-    QTableView::changeEvent(event);
-    if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange)
-        return;
-    verticalHeader()->setDefaultSectionSize(rowHeight());
-    emit metricsChanged();
-}
-
-void CVFiguresTable::setUpHeaders() {
-    verticalHeader()->hide();
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setMinimumSectionSize(1);
-    verticalHeader()->setDefaultSectionSize(rowHeight());
-    horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+    CVTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        emit metricsChanged();
 }
 
 CVFiguresTable::Cell CVFiguresTable::cellOf(const QModelIndex& index) const {

@@ -1,14 +1,13 @@
 #pragma once
 
+#include "shared/widgets/CVTableView.h"
 #include "workspace/CVFiguresModel.h"
-
-#include <QTableView>
 
 #include <memory>
 
-/// A table of figures in the house's style. Selection, current cell and scroll position survive a reload as far as the
-/// same categories are still shown; a table with nothing in it can say why.
-class CVFiguresTable final : public QTableView {
+/// A table of figures. Selection, current cell and scroll position survive a reload as far as the same categories are
+/// still shown.
+class CVFiguresTable final : public CVTableView {
     Q_OBJECT
 
 public:
@@ -16,10 +15,6 @@ public:
                    QWidget* parent);
 
     void reload();
-    /// A sentence in the middle of the table; empty for none.
-    void setMessage(const QString& message);
-    /// One and a half lines of the table's font.
-    [[nodiscard]] int rowHeight() const;
 
 signals:
     /// The user double-clicked a cell or pressed Return on it.
@@ -28,7 +23,6 @@ signals:
     void metricsChanged();
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -47,11 +41,9 @@ private:
         int down = 0;
     };
 
-    void setUpHeaders();
     [[nodiscard]] Cell cellOf(const QModelIndex& index) const;
     [[nodiscard]] Place place() const;
     void restore(const Place& place);
 
     CVFiguresModel* mModel;
-    QString mMessage;
 };

@@ -1,7 +1,7 @@
 #include "workspace/CVGridModel.h"
 
 #include "model/CVCategory.h"
-#include "workspace/CVAttentionColour.h"
+#include "shared/widgets/CVAttentionColour.h"
 #include "workspace/CVGridToolTip.h"
 
 #include <QFont>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "workspace/CVFigureCellDelegate.h"
+#include "shared/widgets/CVFigureCellDelegate.h"
 
 /// Edits what can be changed in the reports: a frequency is chosen from a list, a target is typed as an amount. Return
 /// and Tab leave an amount that cannot be read in its field, with the reason; leaving it otherwise discards it.

@@ -4,7 +4,7 @@
 #include "budget/CVReportContents.h"
 #include "model/CVCategory.h"
 #include "shared/base/QBMoney.h"
-#include "workspace/CVAttentionColour.h"
+#include "shared/widgets/CVAttentionColour.h"
 
 #include <QFont>
 #include <QGuiApplication>

@@ -1,15 +1,14 @@
 #include "workspace/CVTransactionCellDelegate.h"
 
 #include "shared/base/QBXMLText.h"
+#include "shared/widgets/CVCheckCell.h"
 #include "shared/widgets/CVCompletingComboBox.h"
 #include "shared/widgets/CVDateField.h"
 #include "shared/widgets/CVMoneyField.h"
 #include "workspace/CVTransactionTableModel.h"
 
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QHelpEvent>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QToolTip>
 
@@ -25,22 +24,13 @@ CVCompletingComboBox* makeBox(const QStringList& items, QWidget* parent) {
     return box;
 }
 
-/// Whether the event turns the flag under it round.
-bool isToggle(const QEvent& event) {
-    if (event.type() == QEvent::MouseButtonRelease) {
-        const auto& mouse = static_cast<const QMouseEvent&>(event);
-        return mouse.button() == Qt::LeftButton && mouse.modifiers() == Qt::NoModifier;
-    }
-    return event.type() == QEvent::KeyPress && static_cast<const QKeyEvent&>(event).key() == Qt::Key_Space;
-}
-
 } // namespace
 
 void CVTransactionCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                       const QModelIndex& index) const {
     QStyledItemDelegate::paint(painter, option, index);
     if (const QVariant state = index.data(Qt::CheckStateRole); state.isValid())
-        paintBox(*painter, option, state.toInt() == Qt::Checked);
+        CVCheckCell::paint(*painter, option, state.toInt() == Qt::Checked);
     const auto picture = index.data(Qt::DecorationRole).value<QIcon>();
     if (picture.isNull())
         return;
@@ -127,19 +117,7 @@ bool CVTransactionCellDelegate::editorEvent(QEvent* event, QAbstractItemModel* m
                                             const QStyleOptionViewItem& option, const QModelIndex& index) {
     if (!Model::isFlag(index.column()))
         return QStyledItemDelegate::editorEvent(event, model, option, index);
-    return isToggle(*event) && model->setData(index, {}, Qt::CheckStateRole);
-}
-
-void CVTransactionCellDelegate::paintBox(QPainter& painter, const QStyleOptionViewItem& option, bool checked) {
-    const QStyle& style = option.widget ? *option.widget->style() : *QApplication::style();
-    QStyleOptionViewItem box = option;
-    box.features = QStyleOptionViewItem::HasCheckIndicator;
-    const QSize size(style.pixelMetric(QStyle::PM_IndicatorWidth, &box, option.widget),
-                     style.pixelMetric(QStyle::PM_IndicatorHeight, &box, option.widget));
-    box.rect = QStyle::alignedRect(option.direction, Qt::AlignCenter, size, option.rect);
-    box.state.setFlag(QStyle::State_HasFocus, false);
-    box.state |= checked ? QStyle::State_On : QStyle::State_Off;
-    style.drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, &painter, option.widget);
+    return CVCheckCell::isToggle(*event) && model->setData(index, {}, Qt::CheckStateRole);
 }
 
 void CVTransactionCellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {

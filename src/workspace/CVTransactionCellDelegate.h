@@ -34,8 +34,6 @@ protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
 private:
-    static void paintBox(QPainter& painter, const QStyleOptionViewItem& option, bool checked);
-
     int mTintedRow = -1;
     QStringList mPaidToItems;
     QStringList mCategoryItems;

@@ -1,7 +1,7 @@
 #include "workspace/CVTransactionTableView.h"
 
 #include "model/CVTransaction.h"
-#include "workspace/CVTableStyle.h"
+#include "shared/widgets/CVTableStyle.h"
 #include "workspace/CVTransactionCellDelegate.h"
 #include "workspace/CVTransactionList.h"
 #include "workspace/CVTransactionTableModel.h"

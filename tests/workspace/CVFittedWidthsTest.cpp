@@ -1,6 +1,6 @@
 #include "workspace/CVFittedWidths.h"
 
-#include "workspace/CVAttentionColour.h"
+#include "shared/widgets/CVAttentionColour.h"
 
 #include <gmock/gmock.h>
 

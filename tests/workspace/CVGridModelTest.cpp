@@ -3,7 +3,7 @@
 #include "budget/CVBudgetRows.h"
 #include "kit/BudgetBuilder.h"
 #include "kit/RandomBudget.h"
-#include "workspace/CVAttentionColour.h"
+#include "shared/widgets/CVAttentionColour.h"
 
 #include <QAbstractItemModelTester>
 #include <QBrush>

@@ -4,7 +4,7 @@
 #include "kit/BudgetBuilder.h"
 #include "kit/DefaultLocale.h"
 #include "kit/RandomBudget.h"
-#include "workspace/CVAttentionColour.h"
+#include "shared/widgets/CVAttentionColour.h"
 
 #include <QAbstractItemModelTester>
 #include <QBrush>

@@ -13,11 +13,13 @@ bool lasts(const QWidget* window) {
     return window->isVisible() && (window->windowType() == Qt::Window || window->windowType() == Qt::Dialog);
 }
 
-/// The window to block: the active one, or, while the application is in the background or just starting, any shown one.
+/// The window to block: the active one, or, while the application is in the background or just starting, the modal one
+/// or any shown one.
 QWidget* windowInUse() {
-    QWidget* const active = QApplication::activeWindow();
-    if (active && lasts(active))
-        return active;
+    for (QWidget* const window : {QApplication::activeWindow(), QApplication::activeModalWidget()}) {
+        if (window && lasts(window))
+            return window;
+    }
     const QWidgetList windows = QApplication::topLevelWidgets();
     const auto shown = std::find_if(windows.cbegin(), windows.cend(), lasts);
     return shown == windows.cend() ? nullptr : *shown;
@@ -43,12 +45,13 @@ CVAlert::Answer CVAlertPanel::run(const CVAlert& alert) {
     QPushButton* const alternateButton = addButton(panel, alert.alternateButton, QMessageBox::RejectRole);
     const QPushButton* const otherButton = addButton(panel, alert.otherButton, QMessageBox::ActionRole);
     panel.setDefaultButton(defaultButton);
-    panel.setEscapeButton(alternateButton ? alternateButton : defaultButton);
+    const bool isDefaultSafe = !alternateButton || alert.escapeAnswer == CVAlert::kDefault;
+    panel.setEscapeButton(isDefaultSafe ? defaultButton : alternateButton);
     panel.exec();
 
-    const QAbstractButton* const clicked = panel.clickedButton();
+    // An alert that ends without an answer is no consent.
+    const QAbstractButton* const clicked = panel.clickedButton() ? panel.clickedButton() : panel.escapeButton();
     if (otherButton && clicked == otherButton)
         return CVAlert::kOther;
-    // An alert that ends without an answer is not a yes.
-    return alternateButton && clicked != defaultButton ? CVAlert::kAlternate : CVAlert::kDefault;
+    return clicked == defaultButton ? CVAlert::kDefault : CVAlert::kAlternate;
 }

@@ -14,6 +14,9 @@ struct CVAlert {
     QString alternateButton = {};
     QString otherButton = {};
     Style style = Style::Warning;
+    /// What Escape, and closing the panel, answer: the alternate button, as far as there is one, or the default button
+    /// where that is the one that changes nothing.
+    Answer escapeAnswer = kAlternate;
 };
 
 /// Shows alerts and waits for their answers. While an alert is shown other events run: whoever asked looks at the world

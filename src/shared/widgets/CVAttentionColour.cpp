@@ -1,4 +1,4 @@
-#include "workspace/CVAttentionColour.h"
+#include "shared/widgets/CVAttentionColour.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "workspace/CVTableStyle.h"
+#include "shared/widgets/CVTableStyle.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "workspace/CVFigureCellDelegate.h"
+#include "shared/widgets/CVFigureCellDelegate.h"
 
 #include <QAbstractItemView>
 #include <QHelpEvent>

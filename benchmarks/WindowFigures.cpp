@@ -1,0 +1,118 @@
+#include "CVBudgetFixture.h"
+#include "CVComparison.h"
+#include "CVFigures.h"
+#include "CVPlainWalk.h"
+#include "model/CVTransaction.h"
+#include "shared/widgets/CVAlerts.h"
+#include "shared/widgets/CVFilePanels.h"
+#include "workspace/CVMainWindowController.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QTabWidget>
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+class NoAlerts final : public CVAlerts {
+    CVAlert::Answer run(const CVAlert& /*alert*/) override { return CVAlert::kAlternate; }
+};
+
+class NoPanels final : public CVFilePanels {
+    std::optional<QString> chooseSaveLocation(QWidget& /*window*/, const CVSavePanelRequest& /*request*/) override {
+        return std::nullopt;
+    }
+};
+
+/// The main window on a budget, painted into memory.
+class OpenWindow final {
+public:
+    explicit OpenWindow(std::size_t transactions)
+        : mFixture(transactions)
+        , mController(mFixture.document(), mAlerts, mPanels) {
+        mController.showWindow();
+        repaint();
+    }
+
+    [[nodiscard]] CVMainWindowController& controller() { return mController; }
+    [[nodiscard]] CVDocument& document() { return mFixture.document(); }
+
+    template <typename Widget>
+    [[nodiscard]] Widget& find(const char* name) const {
+        return *mController.window()->findChild<Widget*>(QLatin1String(name));
+    }
+
+    [[nodiscard]] QPushButton& buttonNamed(const char* accessibleName) const {
+        for (QPushButton* const button : mController.window()->findChildren<QPushButton*>()) {
+            if (button->accessibleName() == QLatin1String(accessibleName))
+                return *button;
+        }
+        qFatal("There is no button %s", accessibleName);
+    }
+
+    /// Until everything that has to be is painted.
+    static void repaint() { QCoreApplication::processEvents(); }
+
+    /// Compares an action of the user's, and the painting that follows, with a walk over the transactions.
+    void measure(benchmark::State& state, const std::function<void()>& reset, const std::function<void()>& act) {
+        CVComparison comparison;
+        comparison.clock = CVClock::Thread;
+        comparison.reset = [&] {
+            reset();
+            repaint();
+        };
+        comparison.yardstick = [&] { CVPlainWalk(document().transactions()); };
+        comparison.subject = [&] {
+            act();
+            repaint();
+        };
+        comparison.run(state);
+    }
+
+private:
+    NoAlerts mAlerts;
+    NoPanels mPanels;
+    CVBudgetFixture mFixture;
+    CVMainWindowController mController;
+};
+
+} // namespace
+
+void CVMeasureWindowRecord(benchmark::State& state, std::size_t transactions) {
+    OpenWindow window(transactions);
+    const QString category = window.find<QComboBox>("mExpenseCategoryComboBox").itemText(3);
+    const auto fillIn = [&] {
+        window.find<QLineEdit>("mExpenseAmountField").setText(QStringLiteral("12.34"));
+        window.find<QComboBox>("mExpenseToFromComboBox").setEditText(QStringLiteral("Corner Market"));
+        window.find<QComboBox>("mExpenseCategoryComboBox").setEditText(category);
+    };
+    window.measure(state, fillIn, [&] { window.controller().record(); });
+}
+
+void CVMeasureWindowSearch(benchmark::State& state, std::size_t transactions) {
+    OpenWindow window(transactions);
+    auto& field = window.find<QLineEdit>("mSearchField103");
+    const QStringList texts{"m", "ma", "mar", "mark", ""};
+    qsizetype next = 0;
+    window.measure(
+        state, [] {}, [&] { field.setText(texts[next++ % texts.size()]); });
+}
+
+void CVMeasureWindowTab(benchmark::State& state, std::size_t transactions) {
+    OpenWindow window(transactions);
+    auto& tabs = window.find<QTabWidget>("mMainTabView");
+    window.measure(
+        state, [] {}, [&] { tabs.setCurrentIndex((tabs.currentIndex() + 1) % tabs.count()); });
+}
+
+void CVMeasureWindowPeriod(benchmark::State& state, std::size_t transactions) {
+    OpenWindow window(transactions);
+    window.find<QTabWidget>("mMainTabView").setCurrentIndex(1);
+    QPushButton& previous = window.buttonNamed("Previous");
+    window.measure(
+        state, [] {}, [&] { previous.click(); });
+}

@@ -1,0 +1,54 @@
+#include "editors/CVEditorCellDelegate.h"
+
+#include "shared/widgets/CVCheckCell.h"
+
+#include <QEvent>
+#include <QWidget>
+
+namespace {
+
+bool canTurnRound(const QModelIndex& index) {
+    return index.flags().testFlag(Qt::ItemIsUserCheckable);
+}
+
+/// The box that an event on a cell turns round: a click its own, a key that of its row.
+QModelIndex boxOf(const QModelIndex& index, const QEvent& event) {
+    if (canTurnRound(index))
+        return index;
+    for (int column = 0; event.type() == QEvent::KeyPress && column < index.model()->columnCount(); ++column) {
+        if (canTurnRound(index.siblingAtColumn(column)))
+            return index.siblingAtColumn(column);
+    }
+    return {};
+}
+
+} // namespace
+
+void CVEditorCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const {
+    CVFigureCellDelegate::paint(painter, option, index);
+    const QVariant state = index.data(Qt::CheckStateRole);
+    if (!state.isValid())
+        return;
+    QStyleOptionViewItem box = option;
+    box.state.setFlag(QStyle::State_Enabled, canTurnRound(index));
+    CVCheckCell::paint(*painter, box, state.toInt() == Qt::Checked);
+}
+
+QWidget* CVEditorCellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                                            const QModelIndex& index) const {
+    QWidget* const editor = CVFigureCellDelegate::createEditor(parent, option, index);
+    editor->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
+    return editor;
+}
+
+bool CVEditorCellDelegate::editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& /*option*/,
+                                       const QModelIndex& index) {
+    const QModelIndex box = CVCheckCell::isToggle(*event) ? boxOf(index, *event) : QModelIndex();
+    return box.isValid() && model->setData(box, {}, Qt::CheckStateRole);
+}
+
+void CVEditorCellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    CVFigureCellDelegate::initStyleOption(option, index);
+    option->features &= ~QStyleOptionViewItem::HasCheckIndicator;
+}

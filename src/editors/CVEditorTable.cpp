@@ -1,0 +1,96 @@
+#include "editors/CVEditorTable.h"
+
+#include "editors/CVEditorCellDelegate.h"
+#include "editors/CVEditorModel.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+
+#include <algorithm>
+
+CVEditorTable::CVEditorTable(CVEditorModel& model, int nameColumn, QWidget* parent)
+    : CVTableView(parent)
+    , mNameColumn(nameColumn) {
+    setModel(&model);
+    setItemDelegate(new CVEditorCellDelegate(this));
+    setSelectionBehavior(SelectRows);
+    setEditTriggers(DoubleClicked | EditKeyPressed);
+    horizontalHeader()->setSectionResizeMode(mNameColumn, QHeaderView::Stretch);
+}
+
+void CVEditorTable::setUsualWidths(std::initializer_list<int> digits) {
+    int column = 0;
+    for (const int width : digits)
+        setColumnWidth(column++, width * fontMetrics().horizontalAdvance('0'));
+}
+
+void CVEditorTable::commitEdit() {
+    if (QWidget* const editor = openEditor()) {
+        commitData(editor);
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
+    }
+}
+
+void CVEditorTable::abandonEdit() {
+    if (QWidget* const editor = openEditor())
+        closeEditor(editor, QAbstractItemDelegate::RevertModelCache);
+}
+
+void CVEditorTable::showRow(int row) {
+    // Scrolling needs the new places of the rows now.
+    executeDelayedItemsLayout();
+    const QModelIndex name = model()->index(row, mNameColumn);
+    selectionModel()->setCurrentIndex(name, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    scrollTo(name);
+}
+
+void CVEditorTable::editRow(int row) {
+    showRow(row);
+    edit(currentIndex());
+}
+
+void CVEditorTable::moveCursorTo(int row) {
+    const int last = model()->rowCount() - 1;
+    selectionModel()->setCurrentIndex(model()->index(std::min(row, last), mNameColumn), QItemSelectionModel::NoUpdate);
+}
+
+std::vector<int> CVEditorTable::selectedRows() const {
+    std::vector<int> rows;
+    for (const QModelIndex& index : selectionModel()->selectedRows())
+        rows.push_back(index.row());
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+void CVEditorTable::keyboardSearch(const QString& search) {
+    if (model()->rowCount() > 0 && currentIndex().column() != mNameColumn) {
+        const QModelIndex name = model()->index(std::max(0, currentIndex().row()), mNameColumn);
+        selectionModel()->setCurrentIndex(name, QItemSelectionModel::NoUpdate);
+    }
+    CVTableView::keyboardSearch(search);
+}
+
+void CVEditorTable::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    CVTableView::selectionChanged(selected, deselected);
+    emit rowsChanged();
+}
+
+void CVEditorTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    CVTableView::currentChanged(current, previous);
+    emit rowsChanged();
+}
+
+void CVEditorTable::keyPressEvent(QKeyEvent* event) {
+    const bool isEditKey = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_F2;
+    const QModelIndex name = currentIndex().siblingAtColumn(mNameColumn);
+    const bool canEdit = state() != EditingState && name.flags().testFlag(Qt::ItemIsEditable);
+    if (isEditKey && canEdit && event->modifiers() == Qt::NoModifier)
+        editRow(name.row());
+    else
+        CVTableView::keyPressEvent(event);
+}
+
+/// The editor always stands in the current row.
+QWidget* CVEditorTable::openEditor() const {
+    return state() == EditingState ? indexWidget(currentIndex()) : nullptr;
+}

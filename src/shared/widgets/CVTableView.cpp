@@ -1,0 +1,63 @@
+#include "shared/widgets/CVTableView.h"
+
+#include "shared/widgets/CVTableStyle.h"
+
+#include <QEvent>
+#include <QHeaderView>
+#include <QPainter>
+
+namespace {
+
+constexpr double kRowHeightInLines = 1.5;
+
+} // namespace
+
+CVTableView::CVTableView(QWidget* parent) : QTableView(parent) {
+    setAlternatingRowColors(true);
+    setShowGrid(false);
+    setWordWrap(false);
+    // Tab leads on to the next control; the arrow keys move within the table.
+    setTabKeyNavigation(false);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollMode(ScrollPerPixel);
+    auto* const tableStyle = new CVTableStyle(this);
+    setStyle(tableStyle);
+    horizontalHeader()->setStyle(tableStyle);
+    setUpHeaders();
+}
+
+void CVTableView::setMessage(const QString& message) {
+    if (message == mMessage)
+        return;
+    mMessage = message;
+    setAccessibleDescription(message);
+    viewport()->update();
+}
+
+int CVTableView::rowHeight() const {
+    return qRound(fontMetrics().height() * kRowHeightInLines);
+}
+
+void CVTableView::paintEvent(QPaintEvent* event) {
+    QTableView::paintEvent(event);
+    if (mMessage.isEmpty())
+        return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
+    painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, mMessage);
+}
+
+void CVTableView::changeEvent(QEvent* event) {
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        verticalHeader()->setDefaultSectionSize(rowHeight());
+}
+
+void CVTableView::setUpHeaders() {
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setMinimumSectionSize(1);
+    verticalHeader()->setDefaultSectionSize(rowHeight());
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QTableView>
+
+/// A table in the house's style: rows of one and a half lines in alternating tints, no grid, more room between the
+/// columns. One with nothing in it can say why.
+class CVTableView : public QTableView {
+    Q_OBJECT
+
+public:
+    explicit CVTableView(QWidget* parent = nullptr);
+
+    /// A sentence in the middle of the table; empty for none.
+    void setMessage(const QString& message);
+    /// One and a half lines of the table's font.
+    [[nodiscard]] int rowHeight() const;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void setUpHeaders();
+
+    QString mMessage;
+};
