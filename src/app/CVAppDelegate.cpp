@@ -1,11 +1,13 @@
 #include "app/CVAppDelegate.h"
 
+#include "app/CVEditorWindows.h"
 #include "app/CVFileMessages.h"
 #include "model/CVDocument.h"
 #include "shared/widgets/CVAlerts.h"
 #include "workspace/CVMainWindowController.h"
 #include "workspace/CVSaveStatus.h"
 
+#include <QMainWindow>
 #include <QSettings>
 
 #include <utility>
@@ -30,6 +32,8 @@ void CVAppDelegate::applicationDidFinishLaunching() {
 void CVAppDelegate::makeWindowControllers() {
     mMainWindow = std::make_unique<CVMainWindowController>(*mDocument, mAlerts, mPanels);
     mMainWindow->setMayClose([this] { return mayClose(); });
+    mEditorWindows = std::make_unique<CVEditorWindows>(*mDocument, mAlerts, *mMainWindow->window());
+    mMainWindow->setDocumentWindows(mEditorWindows.get());
     CVSaveStatus& status = mMainWindow->saveStatus();
     connect(&mFile.saves(), &CVSaveQueue::saveStarted, &status, &CVSaveStatus::setSaving);
     connect(&mFile.saves(), &CVSaveQueue::saveFinished, this, &CVAppDelegate::handleSaveFinished);

@@ -11,6 +11,7 @@
 
 class CVAlerts;
 class CVDocument;
+class CVEditorWindows;
 class CVFilePanels;
 class CVMainWindowController;
 
@@ -46,6 +47,7 @@ private:
     QBUserDefaults mUserDefaults;
     CVDocumentFile mFile;
     std::unique_ptr<CVDocument> mDocument;
+    std::unique_ptr<CVEditorWindows> mEditorWindows;
     std::unique_ptr<CVMainWindowController> mMainWindow;
     /// Kept copies that the user has been told of.
     std::set<QString> mToldCopies;

@@ -19,6 +19,7 @@
 namespace {
 
 constexpr int kPresets = 8;
+constexpr int kNoPreset = -1;
 
 QString tr(const char* text) {
     return QCoreApplication::translate("CVExportCommand", text);
@@ -132,7 +133,7 @@ bool selectSet(CVDocument& document, const QString& name) {
 }
 
 void fill(CVTransactionList& list, const CVExportRequest& request, const QBDate& today) {
-    list.setTransactionPeriod(request.preset);
+    list.setTransactionPeriod(request.range ? kNoPreset : request.preset);
     list.setRangeFromPreset(today);
     if (request.range)
         list.setRange(*request.range);

@@ -11,6 +11,8 @@
 CVEditorTable::CVEditorTable(CVEditorModel& model, int nameColumn, QWidget* parent)
     : CVTableView(parent)
     , mNameColumn(nameColumn) {
+    // It goes with the table, not before it: a selection that ends is news to the window.
+    model.setParent(this);
     setModel(&model);
     setItemDelegate(new CVEditorCellDelegate(this));
     setSelectionBehavior(SelectRows);
@@ -81,7 +83,8 @@ void CVEditorTable::currentChanged(const QModelIndex& current, const QModelIndex
 }
 
 void CVEditorTable::keyPressEvent(QKeyEvent* event) {
-    const bool isEditKey = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_F2;
+    const bool isEditKey =
+        event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_F2;
     const QModelIndex name = currentIndex().siblingAtColumn(mNameColumn);
     const bool canEdit = state() != EditingState && name.flags().testFlag(Qt::ItemIsEditable);
     if (isEditKey && canEdit && event->modifiers() == Qt::NoModifier)

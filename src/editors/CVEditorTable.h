@@ -4,13 +4,13 @@
 
 class CVEditorModel;
 
-/// The table of an editor. Whole rows are selected. Return, F2 or a double-click edits the text that names a row; letters
-/// select by it.
+/// The table of an editor. Whole rows are selected. Return, F2 or a double-click edits the text that names a row;
+/// letters select by it.
 class CVEditorTable final : public CVTableView {
     Q_OBJECT
 
 public:
-    /// The model outlives the table; `nameColumn` is the column with the texts that name the rows.
+    /// The table becomes the model's parent; `nameColumn` is the column with the texts that name the rows.
     CVEditorTable(CVEditorModel& model, int nameColumn, QWidget* parent);
 
     /// Widths in widths of a digit, one for each column; the column with the names takes what is left.

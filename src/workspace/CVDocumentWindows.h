@@ -6,6 +6,8 @@
 /// announced what was changed in it; other events run meanwhile.
 class CVDocumentWindows {
 public:
+    virtual void createCategoryEditController() = 0;
+    virtual void createTransactionSetController() = 0;
     /// The transactions behind a cell of the budget grid.
     virtual void createTransactionController(const CVDocument::Transactions& transactions) = 0;
 

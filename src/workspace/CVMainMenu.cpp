@@ -3,9 +3,13 @@
 #include "workspace/CVEditCommands.h"
 #include "workspace/CVTransactionTableModel.h"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QTableView>
+
+#include <algorithm>
 
 namespace {
 
@@ -55,6 +59,10 @@ constexpr std::array<Entry, kCVCommands> kEntries{
      {CVCommand::NextPeriod, View, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Next Period"), "Ctrl+Right"},
      {CVCommand::Today, View, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "T&oday"), "Ctrl+T"},
      {CVCommand::Record, Budget, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Record"), "Ctrl+Return; Ctrl+Enter"},
+     {CVCommand::EditCategories, Budget, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "Edit &Categories…"),
+      "Ctrl+Shift+C"},
+     {CVCommand::TransactionSets, Budget, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Transaction Sets…"),
+      "Ctrl+Shift+S"},
      {CVCommand::About, Help, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&About Corvella"), ""}}};
 
 } // namespace
@@ -62,6 +70,24 @@ constexpr std::array<Entry, kCVCommands> kEntries{
 CVMainMenu::CVMainMenu(QMainWindow& window, QTableView& table) : QObject(&window), mWindow(window) {
     addCommands();
     addTableCommands(table);
+    qApp->installEventFilter(this);
+}
+
+/// On some platforms a text field takes a letter with Ctrl for itself (Ctrl+E moves to the end of the line there). Here
+/// such keys belong to the menus, wherever the focus is.
+bool CVMainMenu::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::ShortcutOverride)
+        return QObject::eventFilter(watched, event);
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    const bool isLetter = key.key() >= Qt::Key_A && key.key() <= Qt::Key_Z && key.modifiers() & Qt::ControlModifier;
+    const QKeySequence typed(key.keyCombination());
+    const bool isCommand = isLetter && std::any_of(mActions.begin(), mActions.end(), [&typed](const QAction* action) {
+                               return action->shortcuts().contains(typed);
+                           });
+    if (!isCommand)
+        return QObject::eventFilter(watched, event);
+    event->ignore();
+    return true;
 }
 
 void CVMainMenu::setEnabled(CVCommand command, bool enabled) {

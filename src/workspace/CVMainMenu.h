@@ -24,6 +24,8 @@ enum class CVCommand {
     NextPeriod,
     Today,
     Record,
+    EditCategories,
+    TransactionSets,
     About
 };
 inline constexpr std::size_t kCVCommands = static_cast<std::size_t>(CVCommand::About) + 1;
@@ -44,6 +46,9 @@ public:
 signals:
     void chosen(CVCommand command);
     void sortRequested(const QString& identifier);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void addCommands();

@@ -57,7 +57,6 @@ void CVMainWindow::closeEvent(QCloseEvent* event) {
     event->accept();
 }
 
-/// What is being typed into a cell of a table is part of the budget.
 void CVMainWindow::commitOpenEditor() {
     QWidget* const focused = focusWidget();
     for (QWidget* above = focused ? focused->parentWidget() : nullptr; above; above = above->parentWidget()) {

@@ -37,6 +37,9 @@ public:
     /// Shows the pop-up of sets with these names; without a choice to make, with less than two, it is not there.
     void setTransactionSets(const QStringList& names, int current);
 
+    /// Commits what is being typed into a cell of a table.
+    void commitOpenEditor();
+
     /// Is asked when the window is about to close; a false answer keeps it open.
     void setMayClose(std::function<bool()> mayClose) { mMayClose = std::move(mayClose); }
 
@@ -54,7 +57,6 @@ protected:
 
 private:
     QWidget* makeSetPicker();
-    void commitOpenEditor();
 
     CVEntryStrip* mEntryStrip;
     /// Made before its pages, so that Tab meets it before them.

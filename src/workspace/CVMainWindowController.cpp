@@ -225,6 +225,7 @@ void CVMainWindowController::preferenceChanged() {
 
 void CVMainWindowController::moneyFormatChanged() {
     mWindow->entryStrip().localeChanged();
+    mWindow->transactionsTab().updateFormatters();
     reloadAllTables();
 }
 

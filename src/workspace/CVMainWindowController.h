@@ -36,7 +36,7 @@ public:
     void setMayClose(std::function<bool()> mayClose);
 
     /// Opens the further windows; without it none opens. Outlives the controller.
-    void setDocumentWindows(CVDocumentWindows* windows) { mDocumentWindows = windows; }
+    void setDocumentWindows(CVDocumentWindows* windows);
 
     /// Rebuilds everything that depends on the current transaction set.
     void getStarted();
@@ -53,6 +53,9 @@ public:
     void exportTransactions();
     /// Makes the set at that position of the document's sets the current one.
     void changeTransactionSet(int index);
+    /// Open the editors; without document windows they do nothing.
+    void editCategories();
+    void handleTransactionSets();
 
 private:
     enum Tab { kTransactions, kSummary, kReports };
@@ -90,7 +93,9 @@ private:
     void setSearchText(const QString& text);
     void setSearchType(int kind);
     void setTransactionDateRange(int preset);
-    void setTransactionDates(const CVDayRange& range);
+    /// Only the end that was entered is held back to what is allowed.
+    void setTransactionStart(const QBDate& start);
+    void setTransactionEnd(const QBDate& end);
     void setObjectValue(int row, int column, const QVariant& value);
     void writeExport(const QString& path);
 
@@ -100,7 +105,8 @@ private:
     void showCell(int row, int column);
 
     void setReportDateRange(int preset);
-    void setReportDates(const CVDayRange& range);
+    void setReportStart(const QBDate& start);
+    void setReportEnd(const QBDate& end);
     void setFrequency(int row, int code);
     void setTarget(int row, double target);
 

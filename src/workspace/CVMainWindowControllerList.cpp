@@ -47,6 +47,7 @@ std::shared_ptr<CVTransaction> makeTransaction(const CVEntry& entry, const CVCat
 } // namespace
 
 void CVMainWindowController::record() {
+    mWindow->commitOpenEditor();
     CVEntryStrip& strip = mWindow->entryStrip();
     auto problem = strip.endEditing();
     const CVEntry entry = strip.entry();
@@ -133,9 +134,11 @@ void CVMainWindowController::writeExport(const QString& path) {
 void CVMainWindowController::showList() {
     mWindow->transactionsTab().showTotalsAndCountsField();
     mWindow->transactionsTab().table().reload();
+    mList.releaseTakenOut();
 }
 
 void CVMainWindowController::sortByColumn(const QString& identifier) {
+    mWindow->commitOpenEditor();
     mList.chooseSortColumn(identifier);
     mList.doUserSort();
     showList();
@@ -163,9 +166,16 @@ void CVMainWindowController::setTransactionDateRange(int preset) {
     reloadAllTables();
 }
 
-void CVMainWindowController::setTransactionDates(const CVDayRange& range) {
-    mList.setRange({verifyStartDate(range.start, mDocument), verifyEndDate(range.end, mDocument)});
-    mWindow->transactionsTab().rangeControls().setRange(mList.range());
+void CVMainWindowController::setTransactionStart(const QBDate& start) {
+    mList.setRange({verifyStartDate(start, mDocument), mList.range().end});
+    mWindow->transactionsTab().rangeControls().setStart(mList.range().start);
+    rebuildList();
+    reloadAllTables();
+}
+
+void CVMainWindowController::setTransactionEnd(const QBDate& end) {
+    mList.setRange({mList.range().start, verifyEndDate(end, mDocument)});
+    mWindow->transactionsTab().rangeControls().setEnd(mList.range().end);
     rebuildList();
     reloadAllTables();
 }

@@ -51,9 +51,15 @@ void CVMainWindowController::setReportDateRange(int preset) {
     reloadAllTables();
 }
 
-void CVMainWindowController::setReportDates(const CVDayRange& range) {
-    mReports.setRange({verifyStartDate(range.start, mDocument), verifyEndDate(range.end, mDocument)});
-    mWindow->reportsTab().rangeControls().setRange(mReports.range());
+void CVMainWindowController::setReportStart(const QBDate& start) {
+    mReports.setRange({verifyStartDate(start, mDocument), mReports.range().end});
+    mWindow->reportsTab().rangeControls().setStart(mReports.range().start);
+    reloadAllTables();
+}
+
+void CVMainWindowController::setReportEnd(const QBDate& end) {
+    mReports.setRange({mReports.range().start, verifyEndDate(end, mDocument)});
+    mWindow->reportsTab().rangeControls().setEnd(mReports.range().end);
     reloadAllTables();
 }
 

@@ -1,4 +1,5 @@
 #include "budget/CVRangePresets.h"
+#include "workspace/CVDocumentWindows.h"
 #include "workspace/CVEntryStrip.h"
 #include "workspace/CVMainMenu.h"
 #include "workspace/CVMainWindow.h"
@@ -28,6 +29,21 @@ void CVMainWindowController::connectWindow() {
     connectReportsTab();
 }
 
+void CVMainWindowController::setDocumentWindows(CVDocumentWindows* windows) {
+    mDocumentWindows = windows;
+    updateCommands();
+}
+
+void CVMainWindowController::editCategories() {
+    if (mDocumentWindows)
+        mDocumentWindows->createCategoryEditController();
+}
+
+void CVMainWindowController::handleTransactionSets() {
+    if (mDocumentWindows)
+        mDocumentWindows->createTransactionSetController();
+}
+
 void CVMainWindowController::connectTransactionsTab() {
     const CVTransactionsTab& tab = mWindow->transactionsTab();
     connect(&tab, &CVTransactionsTab::removeRequested, this, &CVMainWindowController::removeTransaction);
@@ -39,12 +55,8 @@ void CVMainWindowController::connectTransactionsTab() {
             &CVMainWindowController::updateCommands);
     const CVRangeControls& range = tab.rangeControls();
     connect(&range, &CVRangeControls::presetPicked, this, &CVMainWindowController::setTransactionDateRange);
-    connect(&range, &CVRangeControls::startEntered, this, [this](const QBDate& start) {
-        setTransactionDates({start, mList.range().end});
-    });
-    connect(&range, &CVRangeControls::endEntered, this, [this](const QBDate& end) {
-        setTransactionDates({mList.range().start, end});
-    });
+    connect(&range, &CVRangeControls::startEntered, this, &CVMainWindowController::setTransactionStart);
+    connect(&range, &CVRangeControls::endEntered, this, &CVMainWindowController::setTransactionEnd);
 }
 
 void CVMainWindowController::connectSummaryTab() {
@@ -60,17 +72,14 @@ void CVMainWindowController::connectReportsTab() {
     const CVReportsTab& tab = mWindow->reportsTab();
     connect(&tab, &CVReportsTab::reportTabPicked, this, &CVMainWindowController::reportTabSelected);
     connect(&tab, &CVReportsTab::presetPicked, this, &CVMainWindowController::setReportDateRange);
-    connect(&tab, &CVReportsTab::startEntered, this, [this](const QBDate& start) {
-        setReportDates({start, mReports.range().end});
-    });
-    connect(&tab, &CVReportsTab::endEntered, this, [this](const QBDate& end) {
-        setReportDates({mReports.range().start, end});
-    });
+    connect(&tab, &CVReportsTab::startEntered, this, &CVMainWindowController::setReportStart);
+    connect(&tab, &CVReportsTab::endEntered, this, &CVMainWindowController::setReportEnd);
     connect(&tab, &CVReportsTab::frequencyPicked, this, &CVMainWindowController::setFrequency);
     connect(&tab, &CVReportsTab::targetEntered, this, &CVMainWindowController::setTarget);
 }
 
 void CVMainWindowController::choose(CVCommand command) {
+    mWindow->commitOpenEditor();
     switch (command) {
     case CVCommand::Export:
         return exportTransactions();
@@ -99,6 +108,10 @@ void CVMainWindowController::choose(CVCommand command) {
         return goToToday();
     case CVCommand::Record:
         return record();
+    case CVCommand::EditCategories:
+        return editCategories();
+    case CVCommand::TransactionSets:
+        return handleTransactionSets();
     case CVCommand::About:
         return showAbout();
     }
@@ -108,7 +121,10 @@ void CVMainWindowController::choose(CVCommand command) {
 void CVMainWindowController::updateCommands() {
     CVMainMenu& menu = mWindow->menu();
     menu.setEnabled(CVCommand::Export, !mList.displayTransactions().empty());
-    menu.setEnabled(CVCommand::Remove, !mWindow->transactionsTab().table().selectedTransactions().empty());
+    menu.setEnabled(CVCommand::Remove,
+                    mDisplayTab == kTransactions && !mWindow->transactionsTab().table().selectedTransactions().empty());
     for (const CVCommand command : {CVCommand::PreviousPeriod, CVCommand::NextPeriod, CVCommand::Today})
         menu.setEnabled(command, mDisplayTab == kSummary);
+    for (const CVCommand command : {CVCommand::EditCategories, CVCommand::TransactionSets})
+        menu.setEnabled(command, mDocumentWindows != nullptr);
 }

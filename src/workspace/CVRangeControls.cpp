@@ -63,6 +63,14 @@ void CVRangeControls::setPreset(int index) {
 }
 
 void CVRangeControls::setRange(const CVDayRange& range) {
-    mStart->setQBDateValue(range.start);
-    mEnd->setQBDateValue(range.end);
+    setStart(range.start);
+    setEnd(range.end);
+}
+
+void CVRangeControls::setStart(const QBDate& start) {
+    mStart->setQBDateValue(start);
+}
+
+void CVRangeControls::setEnd(const QBDate& end) {
+    mEnd->setQBDateValue(end);
 }

@@ -29,6 +29,8 @@ public:
     /// 0 to 7; any other index shows none.
     void setPreset(int index);
     void setRange(const CVDayRange& range);
+    void setStart(const QBDate& start);
+    void setEnd(const QBDate& end);
 
 signals:
     /// The user chose that item, be it anew or again.

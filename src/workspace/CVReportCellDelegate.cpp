@@ -1,28 +1,16 @@
 #include "workspace/CVReportCellDelegate.h"
 
+#include "shared/widgets/CVKeepUnreadableOpen.h"
 #include "shared/widgets/CVMoneyField.h"
 #include "workspace/CVFrequencyBox.h"
 #include "workspace/CVReportModel.h"
-
-#include <QApplication>
-#include <QKeyEvent>
-
-namespace {
-
-bool endsEditing(const QEvent& event) {
-    if (event.type() != QEvent::KeyPress)
-        return false;
-    const int key = static_cast<const QKeyEvent&>(event).key();
-    return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Tab || key == Qt::Key_Backtab;
-}
-
-} // namespace
 
 QWidget* CVReportCellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
                                             const QModelIndex& index) const {
     const auto* const model = qobject_cast<const CVReportModel*>(index.model());
     if (model && model->column(index.column()).kind == CVReportColumnKind::Frequency) {
         auto* const box = new CVFrequencyBox(parent);
+        box->setObjectName(QStringLiteral("mFrequencyMenu"));
         connect(box, &CVFrequencyBox::chosen, this, &CVReportCellDelegate::commitData);
         connect(box, &CVFrequencyBox::closed, this, &CVReportCellDelegate::closeEditor);
         return box;
@@ -57,13 +45,5 @@ void CVReportCellDelegate::setModelData(QWidget* editor, QAbstractItemModel* mod
 }
 
 bool CVReportCellDelegate::eventFilter(QObject* editor, QEvent* event) {
-    auto* const field = qobject_cast<CVMoneyField*>(editor);
-    if (field && endsEditing(*event)) {
-        field->endEditing();
-        if (!field->isReadable()) {
-            QApplication::beep();
-            return true;
-        }
-    }
-    return CVFigureCellDelegate::eventFilter(editor, event);
+    return CVKeepUnreadableOpen(editor, event) || CVFigureCellDelegate::eventFilter(editor, event);
 }

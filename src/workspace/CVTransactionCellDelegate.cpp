@@ -4,12 +4,15 @@
 #include "shared/widgets/CVCheckCell.h"
 #include "shared/widgets/CVCompletingComboBox.h"
 #include "shared/widgets/CVDateField.h"
+#include "shared/widgets/CVKeepUnreadableOpen.h"
 #include "shared/widgets/CVMoneyField.h"
 #include "workspace/CVTransactionTableModel.h"
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
+#include <QLineEdit>
 #include <QPainter>
+#include <QTextDocument>
 #include <QToolTip>
 
 namespace {
@@ -17,6 +20,17 @@ namespace {
 constexpr int kTintAlpha = 70;
 
 using Model = CVTransactionTableModel;
+
+/// Set once the user has entered a date.
+constexpr const char* kTouched = "touched";
+
+CVDateField* makeDateField(QWidget* parent) {
+    auto* const field = new CVDateField(parent);
+    const auto touch = [field] { field->setProperty(kTouched, true); };
+    QObject::connect(field, &QLineEdit::textEdited, field, touch);
+    QObject::connect(field, &CVDateField::dateEntered, field, touch);
+    return field;
+}
 
 CVCompletingComboBox* makeBox(const QStringList& items, QWidget* parent) {
     auto* const box = new CVCompletingComboBox(parent);
@@ -49,7 +63,7 @@ bool CVTransactionCellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* 
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     const bool isCut = index.isValid() && sizeHint(option, index).width() > view->visualRect(index).width();
     if (isCut)
-        QToolTip::showText(event->globalPos(), index.data().toString(), view);
+        QToolTip::showText(event->globalPos(), Qt::convertFromPlainText(index.data().toString()), view);
     else
         QToolTip::hideText();
     return true;
@@ -59,7 +73,7 @@ QWidget* CVTransactionCellDelegate::createEditor(QWidget* parent, const QStyleOp
                                                  const QModelIndex& index) const {
     switch (index.column()) {
     case Model::Date:
-        return new CVDateField(parent);
+        return makeDateField(parent);
     case Model::Amount:
         return new CVMoneyField(parent);
     case Model::ToFrom:
@@ -74,14 +88,19 @@ QWidget* CVTransactionCellDelegate::createEditor(QWidget* parent, const QStyleOp
 }
 
 void CVTransactionCellDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
+    // What is being typed outlives a reload.
+    const auto* const box = qobject_cast<CVCompletingComboBox*>(editor);
+    const auto* const typed = box ? box->lineEdit() : qobject_cast<QLineEdit*>(editor);
+    if (typed && typed->isModified())
+        return;
     const QVariant value = index.data(Qt::EditRole);
     if (auto* const date = qobject_cast<CVDateField*>(editor))
         date->setQBDateValue(value.value<std::optional<QBDate>>().value_or(QBDate::date()));
     else if (auto* const amount = qobject_cast<CVMoneyField*>(editor))
         amount->setDoubleValue(value.toDouble());
-    else if (auto* const box = qobject_cast<CVCompletingComboBox*>(editor)) {
-        box->setEditText(value.toString());
-        box->lineEdit()->selectAll();
+    else if (auto* const category = qobject_cast<CVCompletingComboBox*>(editor)) {
+        category->setEditText(value.toString());
+        category->lineEdit()->selectAll();
     } else
         QStyledItemDelegate::setEditorData(editor, index);
 }
@@ -98,7 +117,9 @@ void CVTransactionCellDelegate::setModelData(QWidget* editor, QAbstractItemModel
     bool isSame = false;
     if (const auto* const date = qobject_cast<CVDateField*>(editor)) {
         const std::optional<QBDate> day = date->QBDateValue();
-        isSame = day == before.value<std::optional<QBDate>>();
+        const auto dayBefore = before.value<std::optional<QBDate>>();
+        // Where there was no date the editor offers today, which nobody has chosen yet.
+        isSame = day == dayBefore || (!dayBefore && !editor->property(kTouched).toBool());
         value = QVariant::fromValue(day);
     } else if (const auto* const amount = qobject_cast<CVMoneyField*>(editor)) {
         isSame = amount->doubleValue() == before.toDouble();
@@ -118,6 +139,11 @@ bool CVTransactionCellDelegate::editorEvent(QEvent* event, QAbstractItemModel* m
     if (!Model::isFlag(index.column()))
         return QStyledItemDelegate::editorEvent(event, model, option, index);
     return CVCheckCell::isToggle(*event) && model->setData(index, {}, Qt::CheckStateRole);
+}
+
+/// A text that cannot be read keeps its editor open, marked, until it is mended or given up with Escape.
+bool CVTransactionCellDelegate::eventFilter(QObject* editor, QEvent* event) {
+    return CVKeepUnreadableOpen(editor, event) || QStyledItemDelegate::eventFilter(editor, event);
 }
 
 void CVTransactionCellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {

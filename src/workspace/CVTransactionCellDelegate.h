@@ -31,6 +31,7 @@ public:
                      const QModelIndex& index) override;
 
 protected:
+    bool eventFilter(QObject* editor, QEvent* event) override;
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
 private:

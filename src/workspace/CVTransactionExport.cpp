@@ -5,6 +5,8 @@
 #include "shared/format/QBDateFormatter.h"
 #include "shared/format/QBMoneyFormatter.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 
 #include <unistd.h>
@@ -41,7 +43,21 @@ std::optional<QByteArray> CVExportedTransactions(std::span<CVTransaction* const>
     return text;
 }
 
+namespace {
+
+/// What is no file (a pipe, a terminal, another device) is written to as it stands there.
+std::optional<QString> writeThrough(const QString& path, const QByteArray& text) {
+    QFile target(path);
+    const bool written = target.open(QIODevice::WriteOnly | QIODevice::Unbuffered | QIODevice::ExistingOnly) &&
+                         target.write(text) == text.size();
+    return written ? std::nullopt : std::optional(target.errorString());
+}
+
+} // namespace
+
 std::optional<QString> CVWriteExport(const QString& path, const QByteArray& text) {
+    if (const QFileInfo target(path); target.exists() && !target.isFile())
+        return writeThrough(path, text);
     QSaveFile file(path);
     // Flushed and synced here, because commit() may drop the errors of its own flush.
     const bool written = file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.flush() &&

@@ -83,10 +83,12 @@ void CVTransactionList::updateDisplayDatesWithTransaction(const CVTransaction& t
 }
 
 void CVTransactionList::collectTransactions() {
-    const auto belongs = [set = mDocument.currentTransactionSet()](const auto& transaction) {
+    const auto belongs = [set = mDocument.shownTransactionSet()](const auto& transaction) {
         return transaction->transactionSetID() == set;
     };
-    mTakenOut = replaceChangedPart(mTransactionArray, mDocument.transactions(), belongs);
+    auto takenOut = replaceChangedPart(mTransactionArray, mDocument.transactions(), belongs);
+    mTakenOut.insert(mTakenOut.end(), std::make_move_iterator(takenOut.begin()),
+                     std::make_move_iterator(takenOut.end()));
 }
 
 void CVTransactionList::getTransactions() {

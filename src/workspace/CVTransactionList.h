@@ -39,8 +39,10 @@ public:
     [[nodiscard]] const QString& searchText() const { return mSearchText; }
 
     /// Stage 1: the transactions of the document's current set, in document order. The further stages stay, and what
-    /// they refer to lives until the next call.
+    /// they, or a table, refer to lives until `releaseTakenOut`.
     void collectTransactions();
+    /// Nobody shows what the last collections took out of stage 1 any more.
+    void releaseTakenOut() { mTakenOut.clear(); }
     /// Stage 2 from stage 1: the transactions in the range, and the undated ones where "All" is shown.
     void getTransactions();
     /// Stage 3 from stage 2, not yet sorted.
@@ -72,7 +74,7 @@ private:
     int mSearchType = 0;
     QString mSearchText;
     CVDocument::Transactions mTransactionArray;
-    /// What the last collection took out of stage 1: a table may show it until it is reloaded.
+    /// What was taken out of stage 1: a table may show it until it is reloaded.
     CVDocument::Transactions mTakenOut;
     Rows mDateSelectedTransactionArray;
     Rows mDisplayTransactionArray;

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <unordered_map>
 #include <utility>
 
@@ -142,6 +143,22 @@ QVariant CVTransactionTableModel::headerData(int section, Qt::Orientation orient
         QFont font = QGuiApplication::font();
         font.setBold(true);
         return font;
+    }
+    return {};
+}
+
+QModelIndexList CVTransactionTableModel::match(const QModelIndex& start, int role, const QVariant& value, int hits,
+                                               Qt::MatchFlags flags) const {
+    if (start.column() != Amount || role != Qt::DisplayRole)
+        return QAbstractTableModel::match(start, role, value, hits, flags);
+    QLocale locale = QBLocaleInForce();
+    locale.setNumberOptions(QLocale::OmitGroupSeparator);
+    const QString typed = value.toString();
+    for (int i = 0; i < rowCount(); ++i) {
+        const int row = (start.row() + i) % rowCount();
+        const double amount = std::abs(mRows[static_cast<std::size_t>(row)]->amount());
+        if (locale.toString(amount, 'f', 2).startsWith(typed))
+            return {index(row, Amount)};
     }
     return {};
 }

@@ -43,6 +43,9 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
                                       int role = Qt::DisplayRole) const override;
+    /// Typing in the amounts finds their digits, without sign, symbol and group marks.
+    [[nodiscard]] QModelIndexList match(const QModelIndex& start, int role, const QVariant& value, int hits,
+                                        Qt::MatchFlags flags) const override;
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
     /// Announces the value for the Edit role, or the other state of a flag for the CheckState role.
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;

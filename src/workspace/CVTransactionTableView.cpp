@@ -76,6 +76,7 @@ void CVTransactionTableView::reload() {
     verticalScrollBar()->setValue(scrolled);
     showOrder();
     placeClearSearch();
+    setAccessibleDescription(emptyText());
 }
 
 void CVTransactionTableView::reorder() {
@@ -86,7 +87,12 @@ void CVTransactionTableView::reorder() {
 }
 
 bool CVTransactionTableView::selectTransactions(const CVTransactionList::Rows& transactions) {
-    const QItemSelection rows = rowsOf(transactions);
+    std::unordered_set<const CVTransaction*> wanted(transactions.begin(), transactions.end());
+    QItemSelection rows;
+    for (int row = 0; row < mModel->rowCount() && !wanted.empty(); ++row) {
+        if (wanted.erase(mModel->rows()[static_cast<std::size_t>(row)]) > 0)
+            rows.select(mModel->index(row, 0), mModel->index(row, mModel->columnCount() - 1));
+    }
     selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
     if (rows.isEmpty())
         return false;
@@ -121,6 +127,8 @@ QByteArray CVTransactionTableView::saveColumns() const {
 void CVTransactionTableView::restoreColumns(const QByteArray& columns) {
     if (!horizontalHeader()->restoreState(columns))
         setUsualWidths();
+    // Whatever was kept: the columns can be moved.
+    horizontalHeader()->setSectionsMovable(true);
 }
 
 void CVTransactionTableView::keyboardSearch(const QString& search) {
@@ -159,10 +167,13 @@ void CVTransactionTableView::changeEvent(QEvent* event) {
     QTableView::changeEvent(event);
     if (event->type() == QEvent::FontChange)
         updateRowHeight();
-    if (event->type() == QEvent::LocaleChange) {
-        mModel->updateFormatters();
-        viewport()->update();
-    }
+    if (event->type() == QEvent::LocaleChange)
+        updateFormatters();
+}
+
+void CVTransactionTableView::updateFormatters() {
+    mModel->updateFormatters();
+    viewport()->update();
 }
 
 void CVTransactionTableView::resizeEvent(QResizeEvent* event) {

@@ -22,9 +22,11 @@ public:
     /// that is open stays so.
     void reload();
     void reorder();
+    /// Dates and amounts are shown in the locale in force.
+    void updateFormatters();
     /// In row order.
     [[nodiscard]] const CVTransactionList::Rows& selectedTransactions() const { return mSelectedTransactions; }
-    /// Selects exactly the rows that show one of these, and scrolls to the first; false when none is shown.
+    /// Selects exactly the first row that shows each of these, and scrolls to the first; false when none is shown.
     bool selectTransactions(const CVTransactionList::Rows& transactions);
     /// Scrolls to the row of a transaction and tints it for a moment; nothing when it is not shown.
     void reveal(const CVTransaction* transaction);

@@ -20,7 +20,7 @@ CVTransactionsTab::CVTransactionsTab(const CVTransactionList& list, QWidget* par
                                          {QLatin1StringView("mTransactionEndDate"), tr("End")}, this))
     , mSearchField(new CVSearchField(this))
     , mTransactionTable(new CVTransactionTableView(list, this))
-    , mRemoveTransactionButton(new QPushButton(tr("Remo&ve"), this)) {
+    , mRemoveTransactionButton(new QPushButton(tr("Re&move"), this)) {
     mSearchField->setObjectName(QStringLiteral("mSearchField103"));
     mSearchField->setAccessibleName(tr("Search"));
     mTransactionTable->setObjectName(QStringLiteral("mTransactionTable"));
@@ -56,10 +56,14 @@ void CVTransactionsTab::showTotalsAndCountsField() {
 
 void CVTransactionsTab::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::LocaleChange) {
-        mMoneyFormatter = QBMoneyFormatter();
-        showTotalsAndCountsField();
-    }
+    if (event->type() == QEvent::LocaleChange)
+        updateFormatters();
+}
+
+void CVTransactionsTab::updateFormatters() {
+    mMoneyFormatter = QBMoneyFormatter();
+    showTotalsAndCountsField();
+    mTransactionTable->updateFormatters();
 }
 
 QHBoxLayout* CVTransactionsTab::makeHeader() {

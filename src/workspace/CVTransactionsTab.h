@@ -26,6 +26,8 @@ public:
     [[nodiscard]] CVSearchField& searchField() const { return *mSearchField; }
     /// Counts and sums of the list as it is now.
     void showTotalsAndCountsField();
+    /// Shows everything in the locale in force.
+    void updateFormatters();
 
 signals:
     void removeRequested();

@@ -7,6 +7,9 @@
 #include <QFile>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <thread>
 
 namespace {
 
@@ -66,6 +69,25 @@ TEST(CVTransactionExport, ReplacesTheFileOrLeavesItAndSaysWhy) {
     const auto failure = CVWriteExport(home.path("missing/out.txt"), "text");
     ASSERT_TRUE(failure);
     EXPECT_FALSE(failure->isEmpty());
+}
+
+TEST(CVTransactionExport, WritesThroughAPipeInsteadOfReplacingIt) {
+    const ScratchHome home;
+    const QByteArray path = home.path("pipe").toLocal8Bit();
+    ASSERT_EQ(::mkfifo(path.constData(), 0600), 0);
+    QByteArray received;
+    std::thread reader([&] {
+        QFile pipe(QString::fromLocal8Bit(path));
+        if (pipe.open(QIODevice::ReadOnly))
+            received = pipe.readAll();
+    });
+    EXPECT_FALSE(CVWriteExport(QString::fromLocal8Bit(path), "line\n"));
+    reader.join();
+    EXPECT_EQ(received, "line\n");
+    struct stat status {};
+    ASSERT_EQ(::stat(path.constData(), &status), 0);
+    EXPECT_TRUE(S_ISFIFO(status.st_mode));
+    EXPECT_TRUE(CVWriteExport(home.path(), "a folder")) << "a folder is refused";
 }
 
 } // namespace

@@ -63,6 +63,12 @@ TEST_F(CVTransactionListTest, WithoutSetsHoldsTheTransactionsWhoseSetIDIsZero) {
     EXPECT_EQ(mList.transactions()[0], mBudget.transactionAt(0));
 }
 
+TEST_F(CVTransactionListTest, WithoutSetsACurrentSetThatIsGoneHidesNothing) {
+    mBudget.currentSet(27).transaction({.amount = 1});
+    rebuild();
+    EXPECT_EQ(mList.transactions().size(), 1U);
+}
+
 TEST_F(CVTransactionListTest, ANewUserGetsAndKeepsNewestFirst) {
     mBudget.transaction({.date = day(2014, 3, 7)}).transaction({.date = day(2014, 3, 9)});
     rebuild();
@@ -107,7 +113,7 @@ TEST_F(CVTransactionListTest, TotalsAreCountedAndRoundedOnce) {
     EXPECT_EQ(mList.displayTotals().amount, -9.99);
 }
 
-TEST_F(CVTransactionListTest, ARemovedTransactionLivesOnUntilTheRebuildAfterNext) {
+TEST_F(CVTransactionListTest, ARemovedTransactionLivesOnUntilNobodyShowsIt) {
     mBudget.transaction({.amount = 2, .payTo = "Market"});
     rebuild();
     const std::weak_ptr<CVTransaction> transaction = mBudget.transactionAt(0);
@@ -117,6 +123,7 @@ TEST_F(CVTransactionListTest, ARemovedTransactionLivesOnUntilTheRebuildAfterNext
     EXPECT_FALSE(transaction.expired()) << "a table may still show it";
     rebuild();
     EXPECT_TRUE(mList.displayTransactions().empty());
+    mList.releaseTakenOut();
     EXPECT_TRUE(transaction.expired());
 }
 
@@ -193,7 +200,7 @@ CVTransactionList::Rows plainStages(const CVDocument& document, const CVTransact
     CVTransactionList::Rows rows;
     for (const auto& transaction : document.transactions()) {
         const auto date = transaction->effectiveDate();
-        if (transaction->transactionSetID() == document.currentTransactionSet() &&
+        if (transaction->transactionSetID() == document.shownTransactionSet() &&
             (!date || list.range().contains(date)))
             rows.push_back(transaction.get());
     }

@@ -15,13 +15,19 @@ namespace {
 /// Remembers what it was asked to show.
 class RecordingWindows final : public CVDocumentWindows {
 public:
+    void createCategoryEditController() override { ++mCategoryEditors; }
+    void createTransactionSetController() override { ++mSetEditors; }
     void createTransactionController(const CVDocument::Transactions& transactions) override {
         mCells.push_back(transactions);
     }
     [[nodiscard]] const std::vector<CVDocument::Transactions>& cells() const { return mCells; }
+    [[nodiscard]] int categoryEditors() const { return mCategoryEditors; }
+    [[nodiscard]] int setEditors() const { return mSetEditors; }
 
 private:
     std::vector<CVDocument::Transactions> mCells;
+    int mCategoryEditors = 0;
+    int mSetEditors = 0;
 };
 
 class MainWindowCommandsTest : public MainWindowFixture {
@@ -139,6 +145,21 @@ TEST_F(MainWindowCommandsTest, ACellOfTheGridOpensTheTransactionsBehindItAndAnEm
     grid->setCurrentIndex(grid->model()->index(0, 0));
     press(Qt::Key_Return);
     EXPECT_EQ(windows.cells().size(), 1U);
+}
+
+TEST_F(MainWindowCommandsTest, TheEditorsOpenFromTheMenuAndItsShortcuts) {
+    open();
+    EXPECT_FALSE(command("Edit Categories…").isEnabled()) << "nobody is there to open it";
+    EXPECT_FALSE(command("Transaction Sets…").isEnabled());
+    RecordingWindows windows;
+    mController->setDocumentWindows(&windows);
+    press(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(windows.categoryEditors(), 1);
+    EXPECT_EQ(windows.setEditors(), 0);
+    press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(windows.setEditors(), 1);
+    command("Edit Categories…").trigger();
+    EXPECT_EQ(windows.categoryEditors(), 2);
 }
 
 TEST_F(MainWindowCommandsTest, APlanIsConvertedToItsNewFrequencyAndSaved) {

@@ -1,3 +1,4 @@
+#include "shared/widgets/CVMoneyField.h"
 #include "workspace/MainWindowFixture.h"
 
 #include <QPushButton>
@@ -71,6 +72,8 @@ TEST_F(MainWindowEditTest, AnAmountOfZeroOrLessIsAcceptedHere) {
 TEST_F(MainWindowEditTest, WhatCannotBeReadChangesNothing) {
     edit(0, Column::Amount, "12..5");
     commit();
+    EXPECT_NE(table().focusWidget(), &table()) << "the editor stays open and says what is wrong";
+    EXPECT_EQ(table().findChild<CVMoneyField*>()->text(), "12..5");
     commit(Qt::Key_Escape);
     EXPECT_EQ(mMarket->amount(), 30.0);
     edit(0, Column::Date, "13/45");
@@ -146,6 +149,34 @@ TEST_F(MainWindowEditTest, WhatIsBeingTypedIsKeptWhenTheWindowCloses) {
     window().close();
     EXPECT_EQ(mMarket->payTo(), "Grocer");
     EXPECT_EQ(mSaver.count(), 1);
+}
+
+TEST_F(MainWindowEditTest, WhatIsBeingTypedIsKeptWhenACommandIsChosen) {
+    edit(0, Column::ToFrom, "Grocer");
+    press(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(mMarket->payTo(), "Grocer");
+}
+
+TEST_F(MainWindowEditTest, ALineWithoutADateGetsNoneByBeingLookedAt) {
+    document().insertTransaction(makeTransaction({.payTo = "undated"}));
+    mController->getStarted();
+    const auto undated = document().transactions().back();
+    table().setFocus();
+    table().setCurrentIndex(table().model()->index(2, Column::Date));
+    press(Qt::Key_F2);
+    commit(Qt::Key_Tab);
+    EXPECT_FALSE(undated->effectiveDate());
+    edit(2, Column::Date, "3/7");
+    commit();
+    EXPECT_EQ(undated->effectiveDate(), day(2014, 3, 7));
+}
+
+TEST_F(MainWindowEditTest, TypingFindsAmountsByTheirDigits) {
+    clickHeader(Column::Amount);
+    table().setFocus();
+    type("30");
+    ASSERT_EQ(table().selectedTransactions().size(), 1U);
+    EXPECT_EQ(table().selectedTransactions()[0], mMarket.get());
 }
 
 TEST_F(MainWindowEditTest, ReturnOpensTheEditor) {

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "kit/BudgetBuilder.h"
+#include "kit/CountingSaver.h"
 #include "kit/FixedToday.h"
 #include "kit/ScriptedAlerts.h"
 #include "kit/ScriptedPanels.h"
-#include "model/CVDocumentSaver.h"
 #include "workspace/CVMainWindowController.h"
 #include "workspace/CVTransactionTableModel.h"
 #include "workspace/CVTransactionTableView.h"
@@ -18,19 +18,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-
-/// Counts the saves it is asked for.
-class CountingSaver final : public CVDocumentSaver {
-public:
-    bool workbookSave(CVDocument& /*document*/) override {
-        ++mCount;
-        return true;
-    }
-    [[nodiscard]] int count() const { return mCount; }
-
-private:
-    int mCount = 0;
-};
 
 /// The real main window on a budget of the test's own, on 7 March 2014. Keys go to the widget that has the focus.
 class MainWindowFixture : public testing::Test {

@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QScrollBar>
+#include <QTextDocument>
 #include <QToolTip>
 
 namespace {
@@ -175,7 +176,7 @@ TEST_F(MainWindowListTest, OnlyACutCellShowsItsTextAsTooltip) {
         QApplication::sendEvent(table().viewport(), &event);
         return QToolTip::text();
     };
-    EXPECT_EQ(tooltipAt(0), payee);
+    EXPECT_EQ(tooltipAt(0), Qt::convertFromPlainText(payee)) << "a text is no markup";
     QToolTip::hideText();
     EXPECT_TRUE(QTest::qWaitFor([&] { return tooltipAt(1).isEmpty(); }));
 }

@@ -79,6 +79,15 @@ TEST_F(MainWindowRangeSearchTest, AnEndAfterTodaySnapsToTodayUnlessATransactionL
     EXPECT_EQ(payees(), (QStringList{"Station", "Bank"}));
 }
 
+TEST_F(MainWindowRangeSearchTest, EnteringOneEndLeavesTheOtherAsItsPresetHasIt) {
+    pick(kThisWeek);
+    EXPECT_EQ(textOf("mTransactionEndDate"), "3/8/14") << "this end is not held back to today";
+    type("mTransactionStartDate", "3/3/14");
+    press(Qt::Key_Return);
+    EXPECT_EQ(textOf("mTransactionStartDate"), "3/3/14");
+    EXPECT_EQ(textOf("mTransactionEndDate"), "3/8/14");
+}
+
 TEST_F(MainWindowRangeSearchTest, TheListFollowsTheSearchWithEveryKey) {
     EXPECT_EQ(find<QLineEdit>("mSearchField103")->placeholderText(), "All Text Fields");
     focus("mSearchField103");

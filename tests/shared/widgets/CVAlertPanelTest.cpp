@@ -59,6 +59,16 @@ TEST(CVAlertPanel, EscapeAnswersWithTheAlternateButtonOrWithTheOnlyOne) {
     EXPECT_EQ(press(kOneButton, Qt::Key_Escape), CVAlert::kDefault);
 }
 
+TEST(CVAlertPanel, EscapeAndClosingAnswerWithTheDefaultButtonWhereThatIsTheSafeOne) {
+    CVAlert alert{"Really?", "It matters.", "No", "Yes"};
+    alert.escapeAnswer = CVAlert::kDefault;
+    EXPECT_EQ(press(alert, Qt::Key_Escape), CVAlert::kDefault);
+    EXPECT_EQ(press(alert, Qt::Key_Return), CVAlert::kDefault);
+    EXPECT_EQ(run(alert, [](QMessageBox& panel) { panel.close(); }), CVAlert::kDefault);
+    EXPECT_EQ(run(alert, [](QMessageBox& panel) { panel.done(0); }), CVAlert::kDefault) << "ended without an answer";
+    EXPECT_EQ(click(alert, "Yes"), CVAlert::kAlternate);
+}
+
 TEST(CVAlertPanel, ShowsItsTextsAsTheyAreAndBlocksTheWindowInUse) {
     QWidget window;
     window.show();

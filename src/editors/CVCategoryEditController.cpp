@@ -1,0 +1,153 @@
+#include "editors/CVCategoryEditController.h"
+
+#include "editors/CVCategoryEditModel.h"
+#include "editors/CVEditorTable.h"
+#include "editors/CVNameFault.h"
+#include "model/CVCategory.h"
+#include "shared/base/CVNotifications.h"
+#include "shared/base/QBNotificationCenter.h"
+#include "shared/base/QBXMLText.h"
+#include "shared/widgets/CVAlerts.h"
+
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int kWidthInDigits = 56;
+constexpr int kHeightInLines = 32;
+
+} // namespace
+
+CVCategoryEditController::CVCategoryEditController(CVDocument& document, CVAlerts& alerts, CVHelpOpener* help,
+                                                   QWidget* parent)
+    : CVEditorWindow(tr("Category Editor"), "Category Editor", document.userDefaults(), parent)
+    , mDocument(document)
+    , mAlerts(alerts)
+    , mModel(new CVCategoryEditModel(document, this))
+    , mCategoryEditTable(new CVEditorTable(*mModel, CVCategoryEditModel::Category, this)) {
+    mCategoryEditTable->setObjectName(QStringLiteral("mCategoryEditTable"));
+    mCategoryEditTable->setAccessibleName(tr("Categories Editor"));
+    mCategoryEditTable->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    mCategoryEditTable->setUsualWidths({0, 11, 11});
+    contents().addWidget(mCategoryEditTable);
+    addControls(help);
+    restoreFrame(kWidthInDigits, kHeightInLines);
+    mCategoryEditTable->setFocus();
+    updateControls();
+
+    connect(mModel, &CVCategoryEditModel::edited, this, &CVCategoryEditController::renameCategory);
+    connect(mCategoryEditTable, &CVEditorTable::rowsChanged, this, &CVCategoryEditController::updateControls);
+}
+
+CVCategoryEditController::~CVCategoryEditController() {
+    mCategoryEditTable->commitEdit();
+}
+
+void CVCategoryEditController::addCategory() {
+    mCategoryEditTable->abandonEdit();
+    const auto category = mDocument.insertCategoryName(tr("New Category"));
+    reload();
+    mCategoryEditTable->editRow(mModel->rowOf(category.get()));
+    mDocument.workbookSave();
+}
+
+void CVCategoryEditController::removeCategory() {
+    mCategoryEditTable->commitEdit();
+    const std::vector<int> rows = mCategoryEditTable->selectedRows();
+    CVDocument::Categories selected;
+    for (const int row : rows)
+        selected.push_back(mModel->category(row));
+    if (selected.empty() || !confirmRemoval(selected))
+        return;
+    for (auto category = selected.rbegin(); category != selected.rend(); ++category)
+        mDocument.removeCategory(*category);
+    reload();
+    mCategoryEditTable->moveCursorTo(rows.front());
+    mDocument.workbookSave();
+}
+
+void CVCategoryEditController::endEditing() {
+    mCategoryEditTable->commitEdit();
+}
+
+void CVCategoryEditController::addControls(CVHelpOpener* help) {
+    QPushButton& add = addButton(tr("&Add"));
+    // A click that took the focus would end the edit that is to be given up.
+    add.setFocusPolicy(Qt::TabFocus);
+    connect(&add, &QPushButton::clicked, this, &CVCategoryEditController::addCategory);
+    mRemoveCategoryButton = &addButton(tr("&Delete"));
+    mRemoveCategoryButton->setObjectName(QStringLiteral("mRemoveCategoryButton"));
+    connect(mRemoveCategoryButton, &QPushButton::clicked, this, &CVCategoryEditController::removeCategory);
+    auto* const shortcut = new QShortcut(QKeySequence::Delete, mCategoryEditTable);
+    shortcut->setContext(Qt::WidgetShortcut);
+    connect(shortcut, &QShortcut::activated, mRemoveCategoryButton, &QPushButton::click);
+    addHelpButton(help, QStringLiteral("Categories.html"));
+}
+
+/// Any name is taken, also none and one that another category has.
+void CVCategoryEditController::renameCategory(int row, const QString& text) {
+    const auto category = mModel->category(row);
+    const QString name = xml_storableText(text);
+    if (name == category->categoryName())
+        return;
+    category->setCategoryName(name);
+    mDocument.sortCategories();
+    // Whoever shows the categories in their order was told of the name before it had its place.
+    mDocument.notificationCenter().postNotification(QLatin1String(CVNotifications::kCategoryAddedRemoved));
+    mModel->reorder();
+    // The table has its own idea of the next row once the event that ended the edit is over.
+    QMetaObject::invokeMethod(
+        this, [this, category] { showCategory(*category); }, Qt::QueuedConnection);
+    mDocument.workbookSave();
+}
+
+bool CVCategoryEditController::confirmRemoval(const CVDocument::Categories& categories) const {
+    const QString title =
+        categories.size() == 1
+            ? tr("Are you sure you want to delete the '%1' category?").arg(categories.front()->categoryName())
+            : tr("Are you sure you want to delete the %1 selected categories?").arg(categories.size());
+    return mAlerts.run({title, tr("You can't undo this action."), tr("Delete"), tr("Cancel")}) == CVAlert::kDefault;
+}
+
+void CVCategoryEditController::showCategory(const CVCategory& category) {
+    const int row = mModel->rowOf(&category);
+    if (row < 0)
+        return;
+    mCategoryEditTable->showRow(row);
+    updateControls();
+    announceRemark();
+}
+
+void CVCategoryEditController::reload() {
+    mModel->reload();
+    mCategoryEditTable->setMessage(mModel->rowCount() > 0 ? QString()
+                                                          : tr("No categories yet. Add your first one below."));
+    updateControls();
+}
+
+/// Categories in use are deleted only along with one that is not: what counts is the row that was made current last.
+void CVCategoryEditController::updateControls() {
+    const QModelIndex current = mCategoryEditTable->currentIndex();
+    const bool isSelected = mCategoryEditTable->selectionModel()->hasSelection();
+    mRemoveCategoryButton->setEnabled(current.isValid() && isSelected && !mModel->isInUse(current.row()));
+    setRemark(remark());
+}
+
+/// On the current row.
+QString CVCategoryEditController::remark() const {
+    const QModelIndex current = mCategoryEditTable->currentIndex();
+    if (!current.isValid())
+        return {};
+    switch (CVFaultOfName(current.siblingAtColumn(CVCategoryEditModel::Category))) {
+    case CVNameFault::Empty:
+        return tr("This category has no name.");
+    case CVNameFault::Taken:
+        return tr("Another category has this name too.");
+    case CVNameFault::None:
+        break;
+    }
+    return mModel->isInUse(current.row()) ? tr("Transactions use this category, so it is not offered for deletion.")
+                                          : QString();
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "editors/CVEditorWindow.h"
+
+class CVAlerts;
+class CVCategory;
+class CVCategoryEditModel;
+class CVDocument;
+class CVEditorTable;
+
+/// The window in which categories are added, renamed and deleted. Every change is announced by the document and saved
+/// at once. References the document, the alerts and the help, which outlive it.
+class CVCategoryEditController final : public CVEditorWindow {
+    Q_OBJECT
+
+public:
+    /// Without `help` there is no Help button.
+    CVCategoryEditController(CVDocument& document, CVAlerts& alerts, CVHelpOpener* help = nullptr,
+                             QWidget* parent = nullptr);
+    /// Keeps what is being typed, as every way of closing does: the program may end while the window is open.
+    ~CVCategoryEditController() override;
+
+    /// Adds "New Category", or takes the one there is, and lets the user type its name. What is being typed in a cell
+    /// is given up.
+    void addCategory();
+    /// Deletes the selected categories once the user has confirmed it, those in use too; their transactions stay.
+    void removeCategory();
+
+protected:
+    void endEditing() override;
+
+private:
+    void addControls(CVHelpOpener* help);
+    void renameCategory(int row, const QString& text);
+    [[nodiscard]] bool confirmRemoval(const std::vector<std::shared_ptr<CVCategory>>& categories) const;
+    void showCategory(const CVCategory& category);
+    void reload();
+    void updateControls();
+    [[nodiscard]] QString remark() const;
+
+    CVDocument& mDocument;
+    CVAlerts& mAlerts;
+    CVCategoryEditModel* mModel;
+    CVEditorTable* mCategoryEditTable;
+    QPushButton* mRemoveCategoryButton = nullptr;
+};

@@ -1,0 +1,126 @@
+#include "editors/CVTransactionWindowController.h"
+
+#include "budget/CVRoundedSum.h"
+#include "editors/CVEditorTable.h"
+#include "editors/CVTransactionWindowModel.h"
+#include "model/CVCategory.h"
+#include "model/CVTransaction.h"
+#include "shared/base/CVNotifications.h"
+#include "shared/base/QBNotificationCenter.h"
+#include "shared/widgets/CVAttentionColour.h"
+#include "shared/widgets/CVFigureField.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+
+namespace {
+
+constexpr int kWidthInDigits = 76;
+constexpr int kHeightInLines = 24;
+
+} // namespace
+
+CVTransactionWindowController::CVTransactionWindowController(CVDocument& document,
+                                                             const CVDocument::Transactions& transactions,
+                                                             QWidget* parent)
+    : CVEditorWindow(tr("Transaction Window"), "Transaction Window", document.userDefaults(), parent)
+    , mDocument(document)
+    , mModel(new CVTransactionWindowModel(transactions, this))
+    , mTransactionTable(new CVEditorTable(*mModel, CVTransactionWindowModel::PayTo, this))
+    , mCategoryField(new QLineEdit(this)) {
+    addCategoryField();
+    addTable();
+    addFigures();
+    computeFigures();
+    restoreFrame(kWidthInDigits, kHeightInLines);
+    mTransactionTable->setFocus();
+
+    connect(mModel, &CVTransactionWindowModel::toggled, this, &CVTransactionWindowController::toggleFlag);
+    mDocument.notificationCenter().addObserver(QLatin1String(CVNotifications::kMoneyFormatterChanged), this,
+                                               [this](const QBNotification&) { moneyFormatChanged(); });
+}
+
+void CVTransactionWindowController::addTable() {
+    mTransactionTable->setObjectName(QStringLiteral("mTransactionTable"));
+    mTransactionTable->setAccessibleName(tr("Cell Transactions"));
+    mTransactionTable->setSelectionMode(QAbstractItemView::SingleSelection);
+    mTransactionTable->setUsualWidths({8, 14, 16, 0});
+    mTransactionTable->setMessage(mModel->rowCount() > 0 ? QString() : tr("No transactions in this cell."));
+    contents().addWidget(mTransactionTable);
+}
+
+void CVTransactionWindowController::addCategoryField() {
+    mCategoryField->setObjectName(QStringLiteral("mCategoryField"));
+    mCategoryField->setAccessibleName(tr("Category"));
+    mCategoryField->setReadOnly(true);
+    mCategoryField->setFrame(false);
+    mCategoryField->setFocusPolicy(Qt::ClickFocus);
+    QPalette transparent;
+    transparent.setBrush(QPalette::Base, Qt::NoBrush);
+    mCategoryField->setPalette(transparent);
+    auto* const line = new QHBoxLayout;
+    line->addWidget(new QLabel(tr("Category:"), this));
+    line->addWidget(mCategoryField, 1);
+    contents().addLayout(line);
+}
+
+void CVTransactionWindowController::addFigures() {
+    auto* const line = new QHBoxLayout;
+    line->addStretch();
+    mSpentField = addFigure(*line, "mSpentField", tr("Spent:"), tr("Spent"));
+    line->addSpacing(fontMetrics().height());
+    mPlannedField = addFigure(*line, "mPlannedField", tr("Planned:"), tr("Planned"));
+    line->addSpacing(fontMetrics().height());
+    mDiffereceField = addFigure(*line, "mDiffereceField", tr("Difference:"), tr("Difference"));
+    contents().addLayout(line);
+}
+
+CVFigureField* CVTransactionWindowController::addFigure(QHBoxLayout& layout, const char* objectName,
+                                                        const QString& label, const QString& accessibleName) {
+    auto* const figure = new CVFigureField(this);
+    figure->setObjectName(QLatin1String(objectName));
+    figure->setAccessibleName(accessibleName);
+    layout.addWidget(new QLabel(label, this));
+    layout.addWidget(figure);
+    return figure;
+}
+
+void CVTransactionWindowController::computeFigures() {
+    const auto& transactions = mModel->transactions();
+    CVRoundedSum spent;
+    for (const auto& transaction : transactions)
+        spent.add(transaction->amount());
+    mSpent = spent.value();
+    const auto category =
+        transactions.empty() ? nullptr : mDocument.getCategoryByUniqueID(transactions.back()->categoryID());
+    mPlanned = category ? category->expenseTarget() : 0;
+    mCategoryField->setText(category ? category->categoryName() : QString());
+    // A name that is longer than the field shows its beginning.
+    mCategoryField->setCursorPosition(0);
+    showFigures();
+}
+
+void CVTransactionWindowController::showFigures() {
+    const QBMoneyFormatter formatter;
+    const double difference = mPlanned - mSpent;
+    mSpentField->setText(formatter.string(mSpent));
+    mPlannedField->setText(formatter.string(mPlanned));
+    mDiffereceField->setText(formatter.string(difference));
+    if (difference < 0) {
+        QPalette attention = mDiffereceField->palette();
+        attention.setColor(QPalette::Text, CVAttentionColour(palette(), QPalette::Window));
+        mDiffereceField->setPalette(attention);
+    }
+}
+
+void CVTransactionWindowController::toggleFlag(int row) {
+    CVTransaction& transaction = *mModel->transactions()[static_cast<std::size_t>(row)];
+    transaction.setUserFlag(!transaction.userFlag());
+    mModel->showFlag(row);
+    mDocument.workbookSave();
+}
+
+void CVTransactionWindowController::moneyFormatChanged() {
+    mModel->updateFormatters();
+    showFigures();
+}

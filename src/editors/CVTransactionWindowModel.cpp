@@ -1,0 +1,58 @@
+#include "editors/CVTransactionWindowModel.h"
+
+#include "model/CVTransaction.h"
+
+#include <array>
+#include <utility>
+
+namespace {
+
+constexpr Qt::Alignment kRight = Qt::AlignRight | Qt::AlignVCenter;
+
+constexpr std::array<CVEditorColumn, CVTransactionWindowModel::ColumnCount> kColumns{
+    {{QLatin1StringView("userflag"), QT_TRANSLATE_NOOP("CVEditorModel", "Flag"), Qt::AlignCenter,
+      Qt::ItemIsUserCheckable},
+     {QLatin1StringView("date"), QT_TRANSLATE_NOOP("CVEditorModel", "Date"), kRight},
+     {QLatin1StringView("amount"), QT_TRANSLATE_NOOP("CVEditorModel", "Amount"), kRight},
+     {QLatin1StringView("payto"), QT_TRANSLATE_NOOP("CVEditorModel", "Paid To/From")}}};
+
+} // namespace
+
+CVTransactionWindowModel::CVTransactionWindowModel(CVDocument::Transactions transactions, QObject* parent)
+    : CVEditorModel(kColumns, parent)
+    , mTransactions(std::move(transactions)) {}
+
+void CVTransactionWindowModel::showFlag(int row) {
+    emit dataChanged(index(row, UserFlag), index(row, UserFlag));
+}
+
+void CVTransactionWindowModel::updateFormatters() {
+    mDateFormatter = QBDateFormatter();
+    mMoneyFormatter = QBMoneyFormatter();
+    if (rowCount() > 0)
+        emit dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
+}
+
+int CVTransactionWindowModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(mTransactions.size());
+}
+
+QVariant CVTransactionWindowModel::cell(int row, int column, int role) const {
+    const CVTransaction& transaction = *mTransactions[static_cast<std::size_t>(row)];
+    if (column != UserFlag)
+        return role == Qt::DisplayRole ? text(transaction, column) : QVariant();
+    if (role == Qt::CheckStateRole)
+        return transaction.userFlag() ? Qt::Checked : Qt::Unchecked;
+    return role == Qt::AccessibleTextRole ? QVariant(transaction.userFlag() ? tr("Yes") : tr("No")) : QVariant();
+}
+
+QString CVTransactionWindowModel::text(const CVTransaction& transaction, int column) const {
+    switch (column) {
+    case Date:
+        return transaction.effectiveDate() ? mDateFormatter.string(*transaction.effectiveDate()) : QString();
+    case Amount:
+        return mMoneyFormatter.string(transaction.amount());
+    default:
+        return transaction.payTo();
+    }
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "editors/CVEditorModel.h"
+#include "model/CVDocument.h"
+#include "shared/format/QBDateFormatter.h"
+#include "shared/format/QBMoneyFormatter.h"
+
+/// The rows of the cell transactions window: the transactions behind a cell of the budget grid, as they were handed
+/// over.
+class CVTransactionWindowModel final : public CVEditorModel {
+    Q_OBJECT
+
+public:
+    enum Column { UserFlag, Date, Amount, PayTo, ColumnCount };
+
+    explicit CVTransactionWindowModel(CVDocument::Transactions transactions, QObject* parent = nullptr);
+
+    [[nodiscard]] const CVDocument::Transactions& transactions() const { return mTransactions; }
+    /// The row has another flag.
+    void showFlag(int row);
+    /// Dates and amounts are shown in the locale in force.
+    void updateFormatters();
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+
+protected:
+    [[nodiscard]] QVariant cell(int row, int column, int role) const override;
+
+private:
+    [[nodiscard]] QString text(const CVTransaction& transaction, int column) const;
+
+    CVDocument::Transactions mTransactions;
+    QBDateFormatter mDateFormatter;
+    QBMoneyFormatter mMoneyFormatter;
+};

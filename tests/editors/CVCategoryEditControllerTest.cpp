@@ -1,0 +1,264 @@
+#include "editors/CVCategoryEditController.h"
+
+#include "editors/CVCategoryEditModel.h"
+#include "editors/EditorFixture.h"
+#include "shared/base/CVNotifications.h"
+
+#include <QLineEdit>
+
+namespace {
+
+using Column = CVCategoryEditModel::Column;
+
+const QString kCheckMark(QChar(0x2714));
+
+class CVCategoryEditControllerTest : public EditorFixture {
+protected:
+    /// "Fuel" is used in the current set, "Food" in the other one only, "Rent" and "Zoo" nowhere.
+    CVCategoryEditControllerTest() : EditorFixture("mCategoryEditTable") {
+        mBudget.set("Checking", 10).set("Savings", 11).currentSet(10);
+        mBudget.category("Food", 1).category("Fuel", 2).category("Rent", 3).category("Zoo", 4).lastID(11);
+        mBudget.transaction({.date = day(2014, 3, 6), .amount = 30, .category = "Fuel", .set = "Checking"})
+            .transaction({.date = day(2014, 3, 3), .amount = 10, .category = "Food", .set = "Savings"})
+            .inOrder();
+    }
+
+    CVCategoryEditController& open() { return EditorFixture::open<CVCategoryEditController>(mAlerts); }
+
+    [[nodiscard]] bool canDelete() const { return find<QPushButton>("mRemoveCategoryButton")->isEnabled(); }
+    [[nodiscard]] std::vector<int> selectedRows() const { return table().selectedRows(); }
+};
+
+TEST_F(CVCategoryEditControllerTest, ShowsTheCategoriesInTheDocumentsOrder) {
+    open();
+    EXPECT_EQ(window().windowTitle(), "Category Editor");
+    EXPECT_EQ(column(Column::Category), (QStringList{"Food", "Fuel", "Rent", "Zoo"}));
+    EXPECT_TRUE(table().hasFocus());
+    EXPECT_FALSE(canDelete());
+    for (int row = 0; row < 4; ++row) {
+        EXPECT_EQ(cell(row, Column::Delete).data(Qt::CheckStateRole), Qt::Unchecked);
+        EXPECT_EQ(cell(row, Column::Delete).data().toString(), "");
+    }
+    clickCell(2, Column::Delete);
+    EXPECT_EQ(cell(2, Column::Delete).data(Qt::CheckStateRole), Qt::Unchecked) << "the box is given no value";
+    EXPECT_EQ(selectedRows(), std::vector{2});
+    EXPECT_EQ(mSaver.count(), 0);
+}
+
+TEST_F(CVCategoryEditControllerTest, ACategoryThatOnlyAnotherSetUsesIsInUse) {
+    open();
+    EXPECT_EQ(column(Column::InUse), (QStringList{kCheckMark, kCheckMark, "", ""}));
+}
+
+TEST_F(CVCategoryEditControllerTest, WhatIsInUseIsFoundOncePerRebuildAndNotForEveryCell) {
+    auto& controller = open();
+    mBudget.transactionAt(0)->setCategoryID(3);
+    EXPECT_EQ(column(Column::InUse), (QStringList{kCheckMark, kCheckMark, "", ""}));
+    controller.addCategory();
+    EXPECT_EQ(column(Column::InUse), (QStringList{kCheckMark, "", "", kCheckMark, ""}));
+}
+
+TEST_F(CVCategoryEditControllerTest, DeleteCanBePressedOnlyOnACategoryThatIsNotInUse) {
+    open();
+    clickCell(0, Column::Category);
+    EXPECT_FALSE(canDelete());
+    EXPECT_NE(remark(), "") << "the user wonders why";
+    clickCell(2, Column::Category);
+    EXPECT_TRUE(canDelete());
+    EXPECT_EQ(remark(), "");
+    press(Qt::Key_Up);
+    EXPECT_FALSE(canDelete()) << "the arrow keys count as clicks do";
+    press(Qt::Key_Down);
+    EXPECT_TRUE(canDelete());
+    clickCell(2, Column::Category, Qt::ControlModifier);
+    EXPECT_FALSE(canDelete()) << "nothing is selected any more";
+}
+
+TEST_F(CVCategoryEditControllerTest, ASelectionThatIsExtendedToAFreeCategoryTakesThoseInUseAlong) {
+    open();
+    clickCell(2, Column::Category);
+    clickCell(0, Column::Category, Qt::ShiftModifier);
+    EXPECT_FALSE(canDelete()) << "the row clicked last is in use";
+    clickCell(0, Column::Category);
+    clickCell(2, Column::Category, Qt::ShiftModifier);
+    EXPECT_TRUE(canDelete());
+    clickButton("Delete");
+    ASSERT_EQ(mAlerts.shown().size(), 1);
+    EXPECT_EQ(mAlerts.shown()[0].title, "Are you sure you want to delete the 3 selected categories?");
+    EXPECT_EQ(column(Column::Category), QStringList{"Zoo"});
+    EXPECT_EQ(document().countOfCategories(), 1U);
+    EXPECT_EQ(document().transactions().size(), 2U);
+    EXPECT_TRUE(mBudget.transactionAt(0)->categoryName().isNull());
+    EXPECT_EQ(mNotifications.count(CVNotifications::kCategoryAddedRemoved), 3);
+    EXPECT_EQ(mSaver.count(), 1);
+}
+
+TEST_F(CVCategoryEditControllerTest, DeletingAsksAndThenSavesOnceAndLeavesNothingSelected) {
+    open();
+    clickCell(2, Column::Category);
+    clickButton("Delete");
+    ASSERT_EQ(mAlerts.shown().size(), 1);
+    const CVAlert& alert = mAlerts.shown()[0];
+    EXPECT_EQ(alert.title, "Are you sure you want to delete the 'Rent' category?");
+    EXPECT_EQ(alert.message, "You can't undo this action.");
+    EXPECT_EQ(alert.defaultButton, "Delete");
+    EXPECT_EQ(alert.alternateButton, "Cancel");
+    EXPECT_EQ(alert.otherButton, "");
+    EXPECT_EQ(column(Column::Category), (QStringList{"Food", "Fuel", "Zoo"}));
+    EXPECT_TRUE(selectedRows().empty());
+    EXPECT_FALSE(canDelete());
+    EXPECT_EQ(mSaver.count(), 1);
+    clickCell(2, Column::Category);
+    EXPECT_TRUE(canDelete()) << "a click on the row in its place counts";
+}
+
+TEST_F(CVCategoryEditControllerTest, CancelledOrWithoutASelectionDeletingChangesNothing) {
+    auto& controller = open();
+    controller.removeCategory();
+    EXPECT_TRUE(mAlerts.shown().isEmpty());
+    mAlerts.answer({CVAlert::kAlternate});
+    clickCell(2, Column::Category);
+    press(Qt::Key_Delete);
+    EXPECT_EQ(mAlerts.shown().size(), 1);
+    EXPECT_EQ(document().countOfCategories(), 4U);
+    EXPECT_EQ(selectedRows(), std::vector{2});
+    EXPECT_TRUE(canDelete());
+    EXPECT_EQ(mNotifications.total(), 0);
+    EXPECT_EQ(mSaver.count(), 0);
+}
+
+TEST_F(CVCategoryEditControllerTest, ARenamedCategoryMovesToItsPlaceSelectedAndVisible) {
+    for (quint32 id = 20; id < 90; ++id)
+        mBudget.category(QStringLiteral("Middle %1").arg(id), id);
+    document().sortCategories();
+    open();
+    ASSERT_FALSE(isVisible(73));
+    const auto rent = mBudget.categoryNamed("Rent");
+    const int row = static_cast<int>(column(Column::Category).indexOf("Rent"));
+    rename(row, "apples");
+    EXPECT_EQ(rent->categoryName(), "apples");
+    EXPECT_EQ(column(Column::Category).constFirst(), "apples") << "without regard to case";
+    EXPECT_EQ(document().categories().front(), rent);
+    EXPECT_EQ(selectedRows(), std::vector{0});
+    EXPECT_EQ(table().currentIndex().row(), 0);
+    EXPECT_TRUE(isVisible(0));
+    EXPECT_TRUE(canDelete());
+    EXPECT_EQ(mSaver.count(), 1);
+    rename(0, "zz");
+    EXPECT_EQ(selectedRows(), std::vector{73});
+    EXPECT_TRUE(isVisible(73));
+}
+
+TEST_F(CVCategoryEditControllerTest, ANameThatIsNoNewOneIsNeitherSavedNorAnnounced) {
+    open();
+    rename(2, "Rent");
+    rename(2, QStringLiteral("Re\u0001nt"));
+    EXPECT_EQ(mSaver.count(), 0);
+    EXPECT_EQ(mNotifications.total(), 0);
+    rename(2, "rent");
+    EXPECT_EQ(mSaver.count(), 1) << "case makes another name";
+}
+
+TEST_F(CVCategoryEditControllerTest, AnEmptyOrATakenNameIsAcceptedWithARemark) {
+    struct Case {
+        QString name;
+        QString remark;
+    };
+    const Case cases[] = {{"Zoo", "Another category has this name too."},
+                          {"zOO", "Another category has this name too."},
+                          {"", "This category has no name."},
+                          {" ", "This category has no name."},
+                          {"Rental", ""}};
+    open();
+    const auto rent = mBudget.categoryNamed("Rent");
+    for (const auto& [name, expected] : cases) {
+        const auto& categories = document().categories();
+        rename(static_cast<int>(std::find(categories.begin(), categories.end(), rent) - categories.begin()), name);
+        EXPECT_EQ(rent->categoryName(), name);
+        EXPECT_EQ(remark(), expected) << name.toStdString();
+        EXPECT_EQ(document().countOfCategories(), 4U);
+    }
+    EXPECT_TRUE(mAlerts.shown().isEmpty());
+}
+
+TEST_F(CVCategoryEditControllerTest, WhatTheFileCannotCarryIsLeftOutOfAName) {
+    open();
+    rename(2, QStringLiteral("A\u0002\uFFFEB"));
+    EXPECT_EQ(mBudget.categoryNamed("AB")->uniqueID(), 3U);
+}
+
+TEST_F(CVCategoryEditControllerTest, AddingLetsTheUserTypeTheNameAtOnce) {
+    open();
+    clickButton("Add");
+    EXPECT_EQ(column(Column::Category), (QStringList{"Food", "Fuel", "New Category", "Rent", "Zoo"}));
+    EXPECT_EQ(selectedRows(), std::vector{2});
+    EXPECT_EQ(mSaver.count(), 1);
+    auto* const field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    ASSERT_NE(field, nullptr);
+    EXPECT_EQ(field->selectedText(), "New Category");
+    EXPECT_EQ(field->accessibleName(), "Category");
+    type("Apples");
+    commit();
+    EXPECT_EQ(column(Column::Category).constFirst(), "Apples");
+    EXPECT_EQ(mBudget.categoryNamed("Apples")->uniqueID(), 12U);
+    EXPECT_EQ(selectedRows(), std::vector{0});
+    EXPECT_TRUE(canDelete());
+    EXPECT_EQ(mSaver.count(), 2);
+}
+
+TEST_F(CVCategoryEditControllerTest, AddingTwiceWithoutRenamingMakesOneCategory) {
+    open();
+    clickButton("Add");
+    commit(Qt::Key_Escape);
+    clickCell(0, Column::Category);
+    clickButton("Add");
+    EXPECT_EQ(document().countOfCategories(), 5U);
+    EXPECT_EQ(selectedRows(), std::vector{2});
+    EXPECT_EQ(mNotifications.count(CVNotifications::kCategoryAddedRemoved), 2) << "one insertion";
+}
+
+TEST_F(CVCategoryEditControllerTest, AddingGivesUpWhatIsBeingTypedInACell) {
+    open();
+    clickCell(3, Column::Category);
+    startRenaming("Lost");
+    clickButton("Add");
+    EXPECT_EQ(column(Column::Category), (QStringList{"Food", "Fuel", "New Category", "Rent", "Zoo"}));
+    EXPECT_EQ(mSaver.count(), 1);
+    type("Bread");
+    press(Qt::Key_A, Qt::AltModifier);
+    QTest::qWait(200);
+    EXPECT_EQ(column(Column::Category), (QStringList{"Food", "Fuel", "New Category", "Rent", "Zoo"}))
+        << "the mnemonic as the mouse";
+}
+
+TEST_F(CVCategoryEditControllerTest, DeletingFirstTakesWhatIsBeingTyped) {
+    open();
+    clickCell(2, Column::Category);
+    startRenaming("Rental");
+    clickButton("Delete");
+    ASSERT_EQ(mAlerts.shown().size(), 1);
+    EXPECT_EQ(mAlerts.shown()[0].title, "Are you sure you want to delete the 'Rental' category?");
+    EXPECT_EQ(column(Column::Category), (QStringList{"Food", "Fuel", "Zoo"}));
+}
+
+TEST_F(CVCategoryEditControllerTest, LettersSelectByName) {
+    open();
+    clickCell(0, Column::InUse);
+    type("re");
+    EXPECT_EQ(table().currentIndex().row(), 2);
+    EXPECT_EQ(selectedRows(), std::vector{2});
+}
+
+TEST_F(CVCategoryEditControllerTest, WhenTheLastCategoryIsGoneTheTableSaysWhatToDo) {
+    auto& controller = open();
+    table().selectAll();
+    EXPECT_FALSE(canDelete()) << "no row was clicked";
+    controller.removeCategory();
+    EXPECT_EQ(document().countOfCategories(), 0U);
+    EXPECT_NE(table().accessibleDescription(), "");
+    EXPECT_FALSE(canDelete());
+    clickButton("Add");
+    EXPECT_EQ(table().accessibleDescription(), "");
+}
+
+} // namespace

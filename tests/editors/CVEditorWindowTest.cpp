@@ -1,0 +1,163 @@
+#include "editors/CVCategoryEditController.h"
+#include "editors/CVTransactionSetController.h"
+#include "editors/CVTransactionWindowController.h"
+#include "editors/EditorFixture.h"
+#include "shared/widgets/CVHelpOpener.h"
+
+#include <QHeaderView>
+#include <QLineEdit>
+
+namespace {
+
+class RecordingHelp final : public CVHelpOpener {
+public:
+    void showHelpPage(const QString& page) override { mPages.append(page); }
+    [[nodiscard]] const QStringList& pages() const { return mPages; }
+
+private:
+    QStringList mPages;
+};
+
+/// What all three windows have in common, tried on the category editor.
+class CVEditorWindowTest : public EditorFixture {
+protected:
+    CVEditorWindowTest() : EditorFixture("mCategoryEditTable") { mBudget.category("Food", 1).category("Fuel", 2); }
+
+    void open(CVHelpOpener* help = nullptr) { EditorFixture::open<CVCategoryEditController>(mAlerts, help); }
+};
+
+TEST_F(CVEditorWindowTest, AllAreModalForTheApplication) {
+    const CVCategoryEditController categories(document(), mAlerts);
+    const CVTransactionSetController sets(document(), mAlerts);
+    const CVTransactionWindowController transactions(document(), {});
+    for (const QDialog* const window : {static_cast<const QDialog*>(&categories), static_cast<const QDialog*>(&sets),
+                                        static_cast<const QDialog*>(&transactions)}) {
+        EXPECT_EQ(window->windowModality(), Qt::ApplicationModal) << window->windowTitle().toStdString();
+        EXPECT_EQ(window->findChild<CVEditorTable*>()->focusPolicy(), Qt::StrongFocus);
+        for (const auto* const button : window->findChildren<QPushButton*>())
+            EXPECT_FALSE(button->isDefault() || button->autoDefault()) << button->text().toStdString();
+    }
+    EXPECT_EQ(categories.findChild<CVEditorTable*>()->accessibleName(), "Categories Editor");
+    EXPECT_EQ(sets.findChild<CVEditorTable*>()->accessibleName(), "Transaction Sets Editor");
+    EXPECT_EQ(transactions.findChild<CVEditorTable*>()->accessibleName(), "Cell Transactions");
+    for (const auto& [field, name] :
+         {std::pair("mSpentField", "Spent"), std::pair("mPlannedField", "Planned"),
+          std::pair("mDiffereceField", "Difference"), std::pair("mCategoryField", "Category")})
+        EXPECT_EQ(transactions.findChild<QLineEdit*>(field)->accessibleName(), name);
+}
+
+TEST_F(CVEditorWindowTest, EveryWayOfClosingKeepsWhatIsBeingTyped) {
+    struct Case {
+        const char* way;
+        void (*close)(QDialog& window, QPushButton& button);
+    };
+    const Case cases[] = {
+        {"the window's own button", [](QDialog& window, QPushButton&) { window.close(); }},
+        {"Ctrl+W", [](QDialog&, QPushButton&) { press(Qt::Key_W, Qt::ControlModifier); }},
+        {"Close", [](QDialog&, QPushButton& button) { QTest::mouseClick(&button, Qt::LeftButton); }},
+    };
+    for (const auto& [way, close] : cases) {
+        open();
+        clickCell(0, 0);
+        startRenaming(way);
+        close(window(), *button("Close"));
+        EXPECT_FALSE(window().isVisible()) << way;
+        EXPECT_EQ(mBudget.categoryNamed(way)->uniqueID(), 1U);
+        mBudget.categoryNamed(way)->setCategoryName("Food");
+        document().sortCategories();
+    }
+    EXPECT_EQ(mSaver.count(), 3);
+}
+
+TEST_F(CVEditorWindowTest, AWindowThatEndsWithTheProgramKeepsWhatIsBeingTyped) {
+    open();
+    clickCell(0, 0);
+    startRenaming("Bread");
+    mWindow.reset();
+    EXPECT_EQ(mBudget.categoryNamed("Bread")->uniqueID(), 1U);
+    EXPECT_EQ(mSaver.count(), 1);
+}
+
+TEST_F(CVEditorWindowTest, EscapeGivesUpAnEditAndThenClosesTheWindow) {
+    open();
+    clickCell(0, 0);
+    startRenaming("Bread");
+    commit(Qt::Key_Escape);
+    EXPECT_TRUE(window().isVisible());
+    EXPECT_EQ(mSaver.count(), 0);
+    commit(Qt::Key_Escape);
+    EXPECT_FALSE(window().isVisible());
+}
+
+TEST_F(CVEditorWindowTest, ReturnEditsTheRowAndPressesNoButton) {
+    open();
+    clickCell(1, 1);
+    press(Qt::Key_Return);
+    ASSERT_NE(qobject_cast<QLineEdit*>(QApplication::focusWidget()), nullptr);
+    type("Petrol");
+    commit();
+    EXPECT_EQ(mBudget.categoryNamed("Petrol")->uniqueID(), 2U);
+    EXPECT_TRUE(table().hasFocus());
+    EXPECT_TRUE(window().isVisible());
+    EXPECT_EQ(document().countOfCategories(), 2U);
+}
+
+TEST_F(CVEditorWindowTest, TabLeadsFromTheTableToEveryButton) {
+    open();
+    clickCell(1, 0);
+    QStringList visited;
+    for (int i = 0; i < 3; ++i) {
+        press(Qt::Key_Tab);
+        visited.append(QApplication::focusWidget()->accessibleName());
+    }
+    EXPECT_EQ(visited, (QStringList{"Add", "Delete", "Close"}));
+}
+
+TEST_F(CVEditorWindowTest, TheFrameIsRemembered) {
+    open();
+    window().resize(612, 433);
+    window().close();
+    EXPECT_FALSE(mBudget.userDefaults().dataForKey("Category Editor").isEmpty());
+    open();
+    EXPECT_EQ(window().size(), QSize(612, 433));
+    const CVTransactionSetController sets(document(), mAlerts);
+    EXPECT_NE(sets.size(), QSize(612, 433)) << "each has its own";
+}
+
+TEST_F(CVEditorWindowTest, HelpIsOfferedOnlyWhereThereIsSomeoneToShowIt) {
+    open();
+    EXPECT_EQ(button("Help"), nullptr);
+    RecordingHelp help;
+    open(&help);
+    clickButton("Help");
+    mWindow = std::make_unique<CVTransactionSetController>(document(), mAlerts, &help);
+    button("Help")->click();
+    EXPECT_EQ(help.pages(), (QStringList{"Categories.html", "TransactionSets.html"}));
+}
+
+TEST_F(CVEditorWindowTest, NothingIsCutWithTwiceTheTextSize) {
+    const QFont before = QApplication::font();
+    QFont font = before;
+    font.setPointSizeF(font.pointSizeF() * 2);
+    QApplication::setFont(font);
+    const auto fits = [](QDialog& window) {
+        window.show();
+        EXPECT_LE(window.minimumSizeHint().width(), 1280) << window.windowTitle().toStdString();
+        EXPECT_LE(window.minimumSizeHint().height(), 720) << window.windowTitle().toStdString();
+        for (const auto* const button : window.findChildren<QPushButton*>())
+            EXPECT_GE(button->width(), button->minimumSizeHint().width()) << button->text().toStdString();
+        const auto* const table = window.findChild<CVEditorTable*>();
+        EXPECT_GT(table->verticalHeader()->defaultSectionSize(), table->fontMetrics().height());
+        for (int column = 0; column < table->model()->columnCount(); ++column)
+            EXPECT_GE(table->columnWidth(column), table->horizontalHeader()->sectionSizeHint(column)) << column;
+    };
+    CVCategoryEditController categories(document(), mAlerts);
+    fits(categories);
+    CVTransactionSetController sets(document(), mAlerts);
+    fits(sets);
+    CVTransactionWindowController transactions(document(), {});
+    fits(transactions);
+    QApplication::setFont(before);
+}
+
+} // namespace

@@ -1,0 +1,149 @@
+#include "editors/CVTransactionWindowController.h"
+
+#include "editors/CVTransactionWindowModel.h"
+#include "editors/EditorFixture.h"
+#include "kit/DefaultLocale.h"
+#include "shared/base/CVNotifications.h"
+#include "shared/base/QBMoney.h"
+
+#include <QLineEdit>
+
+namespace {
+
+using Column = CVTransactionWindowModel::Column;
+
+class CVTransactionWindowControllerTest : public EditorFixture {
+protected:
+    CVTransactionWindowControllerTest() : EditorFixture("mTransactionTable") {
+        mBudget.category("Food", 1, CVExpenseFrequency::kMonthly, 50).category("Fuel", 2).lastID(2);
+    }
+
+    void transaction(double amount, const QString& payTo = "Market", quint32 category = 1) {
+        mBudget.transaction({.date = day(2014, 3, 6), .amount = amount, .payTo = payTo, .categoryID = category});
+    }
+
+    void open() { EditorFixture::open<CVTransactionWindowController>(document().transactions()); }
+
+    [[nodiscard]] QString textOf(const char* name) const { return find<QLineEdit>(name)->text(); }
+    [[nodiscard]] bool isFlagged(std::size_t row) const { return mBudget.transactionAt(row)->userFlag(); }
+};
+
+TEST_F(CVTransactionWindowControllerTest, ShowsTheTransactionsAndWhatTheyComeTo) {
+    transaction(30, "Market");
+    transaction(12.5, "Baker");
+    open();
+    EXPECT_EQ(window().windowTitle(), "Transaction Window");
+    EXPECT_EQ(column(Column::Date), (QStringList{"3/6/14", "3/6/14"}));
+    EXPECT_EQ(column(Column::Amount), (QStringList{"$30.00", "$12.50"}));
+    EXPECT_EQ(column(Column::PayTo), (QStringList{"Market", "Baker"}));
+    EXPECT_EQ(textOf("mCategoryField"), "Food");
+    EXPECT_EQ(textOf("mSpentField"), "$42.50");
+    EXPECT_EQ(textOf("mPlannedField"), "$50.00");
+    EXPECT_EQ(textOf("mDiffereceField"), "$7.50");
+    EXPECT_EQ(mSaver.count(), 0);
+}
+
+TEST_F(CVTransactionWindowControllerTest, TheSumIsRoundedAfterEveryAddition) {
+    // The exact sum is 0.012, which is a cent; rounded every time, three times four tenths of a cent are nothing.
+    for (int i = 0; i < 3; ++i)
+        transaction(0.004);
+    ASSERT_EQ(RoundDoubleToTwoPlaces(0.004 * 3), 0.01);
+    open();
+    EXPECT_EQ(textOf("mSpentField"), "$0.00");
+}
+
+TEST_F(CVTransactionWindowControllerTest, SpendingAboveThePlanIsANegativeDifference) {
+    transaction(80.25);
+    open();
+    EXPECT_EQ(textOf("mDiffereceField"), "-$30.25");
+    const auto colourOf = [this](const char* name) { return find<QLineEdit>(name)->palette().color(QPalette::Text); };
+    EXPECT_NE(colourOf("mDiffereceField"), colourOf("mSpentField"));
+}
+
+TEST_F(CVTransactionWindowControllerTest, ACellWithoutTransactionsShowsZeroesAndNoCategory) {
+    open();
+    for (const char* const field : {"mSpentField", "mPlannedField", "mDiffereceField"})
+        EXPECT_EQ(textOf(field), "$0.00") << field;
+    EXPECT_EQ(textOf("mCategoryField"), "");
+    EXPECT_EQ(table().model()->rowCount(), 0);
+    EXPECT_NE(table().accessibleDescription(), "");
+}
+
+TEST_F(CVTransactionWindowControllerTest, TheCategoryIsThatOfTheLastTransaction) {
+    transaction(10, "Market", 1);
+    transaction(5, "Station", 2);
+    open();
+    EXPECT_EQ(textOf("mCategoryField"), "Fuel");
+    EXPECT_EQ(textOf("mPlannedField"), "$0.00");
+    EXPECT_EQ(textOf("mDiffereceField"), "-$15.00");
+}
+
+TEST_F(CVTransactionWindowControllerTest, AnUnknownCategoryHasNoPlanAndNoName) {
+    transaction(10, "Market", 1);
+    transaction(5, "Station", 77);
+    open();
+    EXPECT_EQ(textOf("mCategoryField"), "");
+    EXPECT_EQ(textOf("mPlannedField"), "$0.00");
+    EXPECT_EQ(textOf("mDiffereceField"), "-$15.00");
+}
+
+TEST_F(CVTransactionWindowControllerTest, AClickOrSpaceTurnsAFlagRoundAndSaves) {
+    transaction(10);
+    transaction(20);
+    open();
+    clickCell(1, Column::UserFlag);
+    EXPECT_TRUE(isFlagged(1));
+    EXPECT_FALSE(isFlagged(0));
+    EXPECT_EQ(cell(1, Column::UserFlag).data(Qt::CheckStateRole), Qt::Checked);
+    EXPECT_EQ(cell(1, Column::UserFlag).data(Qt::AccessibleTextRole), "Yes");
+    EXPECT_EQ(mSaver.count(), 1);
+    press(Qt::Key_Space);
+    EXPECT_FALSE(isFlagged(1));
+    clickCell(0, Column::PayTo);
+    EXPECT_FALSE(isFlagged(0)) << "a click beside the flag only selects";
+    press(Qt::Key_Space);
+    EXPECT_TRUE(isFlagged(0)) << "Space counts for the row";
+    EXPECT_EQ(mSaver.count(), 3);
+}
+
+TEST_F(CVTransactionWindowControllerTest, TheValueThatIsSetCountsForNothing) {
+    transaction(10);
+    open();
+    EXPECT_TRUE(table().model()->setData(cell(0, Column::UserFlag), Qt::Unchecked, Qt::CheckStateRole));
+    EXPECT_TRUE(isFlagged(0));
+}
+
+TEST_F(CVTransactionWindowControllerTest, NothingButTheFlagCanBeChanged) {
+    transaction(10);
+    open();
+    for (const int column : {Column::Date, Column::Amount, Column::PayTo}) {
+        EXPECT_FALSE(table().model()->setData(cell(0, column), "1", Qt::EditRole)) << column;
+        EXPECT_FALSE(table().model()->setData(cell(0, column), Qt::Checked, Qt::CheckStateRole)) << column;
+        clickCell(0, column);
+        press(Qt::Key_F2);
+        press(Qt::Key_Return);
+        EXPECT_TRUE(table().hasFocus()) << "an editor has opened";
+    }
+    EXPECT_TRUE(window().isVisible());
+    EXPECT_EQ(mSaver.count(), 0);
+}
+
+TEST_F(CVTransactionWindowControllerTest, DatesAndMoneyFollowAChangeOfTheLocale) {
+    transaction(1234.5);
+    open();
+    const DefaultLocale german(QLocale(QLocale::German, QLocale::Germany));
+    mBudget.notificationCenter().postNotification(CVNotifications::kMoneyFormatterChanged);
+    EXPECT_EQ(column(Column::Date), QStringList{"06.03.14"});
+    EXPECT_EQ(column(Column::Amount), QStringList{"€1.234,50"});
+    EXPECT_EQ(textOf("mSpentField"), "€1.234,50");
+    EXPECT_EQ(textOf("mPlannedField"), "€50,00");
+    EXPECT_EQ(textOf("mDiffereceField"), "-€1.184,50");
+}
+
+TEST_F(CVTransactionWindowControllerTest, AMissingDateIsAnEmptyCell) {
+    mBudget.transaction({.amount = 1, .categoryID = 1});
+    open();
+    EXPECT_EQ(column(Column::Date), QStringList{""});
+}
+
+} // namespace
