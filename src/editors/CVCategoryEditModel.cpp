@@ -73,6 +73,8 @@ QVariant CVCategoryEditModel::cell(int row, int column, int role) const {
         return role == Qt::DisplayRole && isInUse(row) ? QVariant(QString(kCheckMark)) : QVariant();
     default:
         // An empty box: nothing is ever ticked here.
+        if (role == Qt::ToolTipRole)
+            return tr("To delete this category, select it and press Delete.");
         return role == Qt::CheckStateRole ? QVariant(Qt::Unchecked) : QVariant();
     }
 }

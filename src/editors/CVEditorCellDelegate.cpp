@@ -3,7 +3,8 @@
 #include "shared/widgets/CVCheckCell.h"
 
 #include <QEvent>
-#include <QWidget>
+#include <QLineEdit>
+#include <QStyle>
 
 namespace {
 
@@ -39,6 +40,12 @@ QWidget* CVEditorCellDelegate::createEditor(QWidget* parent, const QStyleOptionV
                                             const QModelIndex& index) const {
     QWidget* const editor = CVFigureCellDelegate::createEditor(parent, option, index);
     editor->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
+    if (auto* const field = qobject_cast<QLineEdit*>(editor)) {
+        // The text stays where the cell has it: the field itself leaves 2 pixels free, the styles 1 more than they say.
+        const QStyle& style = *option.widget->style();
+        const int margin = style.pixelMetric(QStyle::PM_FocusFrameHMargin, &option, option.widget) - 1;
+        field->setTextMargins(margin, 0, margin, 0);
+    }
     return editor;
 }
 

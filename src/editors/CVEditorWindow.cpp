@@ -26,6 +26,7 @@ CVEditorWindow::CVEditorWindow(const QString& title, const char* frameKey, QBUse
     mRemark->setWordWrap(true);
     // Nothing moves when a remark comes and goes.
     mRemark->setMinimumHeight(fontMetrics().height());
+    mRemark->hide();
     QPushButton* const close = makeButton(tr("&Close"));
     connect(close, &QPushButton::clicked, this, &QDialog::reject);
     mGeneral->addWidget(close);
@@ -72,6 +73,7 @@ void CVEditorWindow::restoreFrame(int widthInDigits, int heightInLines) {
 
 void CVEditorWindow::setRemark(const QString& remark) {
     mRemark->setText(remark);
+    mRemark->show();
 }
 
 void CVEditorWindow::announceRemark() const {

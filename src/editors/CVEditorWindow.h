@@ -31,7 +31,7 @@ protected:
     /// The size of a window that has no frame yet, in letters of its font.
     void restoreFrame(int widthInDigits, int heightInLines);
 
-    /// The line below the contents; empty for nothing to remark.
+    /// The line below the contents, which is there from the first call on; empty for nothing to remark.
     void setRemark(const QString& remark);
     /// Reads the remark out to those who do not see it.
     void announceRemark() const;

@@ -76,7 +76,7 @@ void CVTransactionSetController::removeTransactionSet() {
     if (rows.empty())
         return;
     const int row = rows.front();
-    if (static_cast<std::size_t>(row) == mDocument.popupIndexOfCurrentTransactionSet())
+    if (isCurrentSet(row))
         return refuseRemoval();
     const auto set = mModel->set(row);
     if (!confirmRemoval(*set, mModel->count(row)))
@@ -127,6 +127,10 @@ void CVTransactionSetController::renameSet(int row, const QString& text) {
     mModel->showName(row);
     updateControls();
     announceRemark();
+}
+
+bool CVTransactionSetController::isCurrentSet(int row) const {
+    return static_cast<std::size_t>(row) == mDocument.popupIndexOfCurrentTransactionSet();
 }
 
 bool CVTransactionSetController::confirmRemoval(const CVTransactionSet& set, qsizetype count) const {
@@ -197,5 +201,7 @@ QString CVTransactionSetController::remark() const {
     case CVNameFault::None:
         break;
     }
-    return mModel->rowCount() == 1 ? tr("The only transaction set cannot be deleted.") : QString();
+    if (mModel->rowCount() == 1)
+        return tr("The only transaction set cannot be deleted.");
+    return isCurrentSet(current.row()) ? tr("This is the current transaction set.") : QString();
 }

@@ -36,6 +36,7 @@ private:
     void makeInitialSet();
     void addControls(CVHelpOpener* help);
     void renameSet(int row, const QString& text);
+    [[nodiscard]] bool isCurrentSet(int row) const;
     [[nodiscard]] bool confirmRemoval(const CVTransactionSet& set, qsizetype count) const;
     void refuseRemoval() const;
     void announce(const std::shared_ptr<CVTransactionSet>& set) const;

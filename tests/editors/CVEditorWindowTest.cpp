@@ -135,6 +135,23 @@ TEST_F(CVEditorWindowTest, HelpIsOfferedOnlyWhereThereIsSomeoneToShowIt) {
     EXPECT_EQ(help.pages(), (QStringList{"Categories.html", "TransactionSets.html"}));
 }
 
+TEST_F(CVEditorWindowTest, AnEmptyBoxCanBeSeenOnADarkGround) {
+    const QPalette before = QApplication::palette();
+    QPalette dark(QColor(50, 50, 50), QColor(40, 40, 40));
+    dark.setColor(QPalette::Base, QColor(30, 30, 30));
+    QApplication::setPalette(dark);
+    mBudget.transaction({.date = day(2014, 3, 6), .amount = 1});
+    CVTransactionWindowController transactions(document(), document().transactions());
+    transactions.show();
+    auto* const table = transactions.findChild<CVEditorTable*>();
+    const QImage cell = table->viewport()->grab(table->visualRect(table->model()->index(0, 0))).toImage();
+    int brightest = 0;
+    for (int x = 0; x < cell.width(); ++x)
+        brightest = qMax(brightest, qGray(cell.pixel(x, cell.height() / 2)));
+    EXPECT_GT(brightest, 110);
+    QApplication::setPalette(before);
+}
+
 TEST_F(CVEditorWindowTest, NothingIsCutWithTwiceTheTextSize) {
     const QFont before = QApplication::font();
     QFont font = before;

@@ -100,6 +100,7 @@ TEST_F(CVTransactionSetControllerTest, TheCurrentSetIsRefused) {
     threeSets();
     open();
     clickCell(0, Column::Name);
+    EXPECT_EQ(remark(), "This is the current transaction set.");
     clickButton("Delete");
     ASSERT_EQ(mAlerts.shown().size(), 1);
     const CVAlert& alert = mAlerts.shown()[0];

@@ -200,8 +200,7 @@ CVTransactionList::Rows plainStages(const CVDocument& document, const CVTransact
     CVTransactionList::Rows rows;
     for (const auto& transaction : document.transactions()) {
         const auto date = transaction->effectiveDate();
-        if (transaction->transactionSetID() == document.shownTransactionSet() &&
-            (!date || list.range().contains(date)))
+        if (transaction->transactionSetID() == document.shownTransactionSet() && (!date || list.range().contains(date)))
             rows.push_back(transaction.get());
     }
     CVSortTransactions(rows, list.sortContext(), document.categories());

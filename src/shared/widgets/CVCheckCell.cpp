@@ -5,6 +5,14 @@
 #include <QPainter>
 #include <QStyleOptionViewItem>
 
+namespace {
+
+/// Of the outline, whose colour is that of the text.
+constexpr int kOutlineAlpha = 130;
+constexpr int kDisabledOutlineAlpha = 50;
+
+} // namespace
+
 void CVCheckCell::paint(QPainter& painter, const QStyleOptionViewItem& option, bool checked) {
     const QStyle& style = option.widget ? *option.widget->style() : *QApplication::style();
     QStyleOptionViewItem box = option;
@@ -15,6 +23,14 @@ void CVCheckCell::paint(QPainter& painter, const QStyleOptionViewItem& option, b
     box.state.setFlag(QStyle::State_HasFocus, false);
     box.state |= checked ? QStyle::State_On : QStyle::State_Off;
     style.drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, &painter, option.widget);
+    // Some styles outline a box so faintly that an empty one cannot be seen on a dark ground.
+    QColor outline = option.palette.color(QPalette::Active, QPalette::Text);
+    outline.setAlpha(box.state.testFlag(QStyle::State_Enabled) ? kOutlineAlpha : kDisabledOutlineAlpha);
+    painter.save();
+    painter.setPen(outline);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(box.rect.adjusted(0, 0, -1, -1));
+    painter.restore();
 }
 
 bool CVCheckCell::isToggle(const QEvent& event) {
