@@ -46,7 +46,9 @@ public:
     /// The ID of the set that is shown, 0 when there is none.
     [[nodiscard]] quint32 currentTransactionSet() const { return mCurrentTransactionSetID; }
     /// The ID that the shown transactions have: that of the current set, 0 when there are no sets.
-    [[nodiscard]] quint32 shownTransactionSet() const { return mTransactionSets.empty() ? 0 : mCurrentTransactionSetID; }
+    [[nodiscard]] quint32 shownTransactionSet() const {
+        return mTransactionSets.empty() ? 0 : mCurrentTransactionSetID;
+    }
     void setCurrentTransactionSet(quint32 id) { mCurrentTransactionSetID = id; }
     /// The index of the first set with the current ID; 0 when none has it.
     [[nodiscard]] std::size_t popupIndexOfCurrentTransactionSet() const;

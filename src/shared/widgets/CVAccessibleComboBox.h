@@ -4,8 +4,8 @@
 
 class QComboBox;
 
-/// What a screen reader hears of a combo box: its name as the label says it, and its text as its value. The toolkit's own
-/// description gives the text for both on this platform, so that the name would change with every choice.
+/// What a screen reader hears of a combo box: its name as the label says it, and its text as its value. The toolkit's
+/// own description gives the text for both on this platform, so that the name would change with every choice.
 class CVAccessibleComboBox final : public QAccessibleWidget {
 public:
     explicit CVAccessibleComboBox(QComboBox& box);

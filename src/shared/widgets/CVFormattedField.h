@@ -7,8 +7,8 @@ class QAction;
 
 /// A text field that holds a value. What is typed is read when editing ends; a text that cannot be read stays as typed
 /// and is marked with an icon and the reason, and the value stays what it was. An untouched text is never read again,
-/// so that showing a value cannot change it. A text that an assistive technology sets from outside counts as typed; while
-/// the field has no focus it is read at once.
+/// so that showing a value cannot change it. A text that an assistive technology sets from outside counts as typed;
+/// while the field has no focus it is read at once.
 class CVFormattedField : public QLineEdit {
     Q_OBJECT
 
