@@ -61,8 +61,8 @@ void CVCategoryEditController::removeCategory() {
         selected.push_back(mModel->category(row));
     if (selected.empty() || !confirmRemoval(selected))
         return;
-    for (auto category = selected.rbegin(); category != selected.rend(); ++category)
-        mDocument.removeCategory(*category);
+    for (auto left = selected.size(); left > 0; --left)
+        mDocument.removeCategory(selected[left - 1]);
     reload();
     mCategoryEditTable->moveCursorTo(rows.front());
     mDocument.workbookSave();

@@ -20,7 +20,7 @@ protected:
 
     ProgramFixture() { QDir().mkpath(mHome.path()); }
     [[nodiscard]] QString write(const QString& name, const QByteArray& bytes) const {
-        const QString path = mHome.filePath(name);
+        QString path = mHome.filePath(name);
         QDir().mkpath(QFileInfo(path).path());
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());

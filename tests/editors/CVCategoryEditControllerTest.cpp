@@ -135,7 +135,9 @@ TEST_F(CVCategoryEditControllerTest, ARenamedCategoryMovesToItsPlaceSelectedAndV
     ASSERT_FALSE(isVisible(73));
     const auto rent = mBudget.categoryNamed("Rent");
     const int row = static_cast<int>(column(Column::Category).indexOf("Rent"));
+    const QPersistentModelIndex place(cell(row, Column::InUse));
     rename(row, "apples");
+    EXPECT_EQ(place, cell(0, Column::InUse));
     EXPECT_EQ(rent->categoryName(), "apples");
     EXPECT_EQ(column(Column::Category).constFirst(), "apples") << "without regard to case";
     EXPECT_EQ(document().categories().front(), rent);
@@ -232,10 +234,11 @@ TEST_F(CVCategoryEditControllerTest, AddingGivesUpWhatIsBeingTypedInACell) {
 }
 
 TEST_F(CVCategoryEditControllerTest, DeletingFirstTakesWhatIsBeingTyped) {
-    open();
+    auto& controller = open();
     clickCell(2, Column::Category);
     startRenaming("Rental");
-    clickButton("Delete");
+    // Not by a click, which takes the focus from the cell before anything else.
+    controller.removeCategory();
     ASSERT_EQ(mAlerts.shown().size(), 1);
     EXPECT_EQ(mAlerts.shown()[0].title, "Are you sure you want to delete the 'Rental' category?");
     EXPECT_EQ(column(Column::Category), (QStringList{"Food", "Fuel", "Zoo"}));

@@ -69,6 +69,21 @@ TEST_F(CVEditorWindowTest, EveryWayOfClosingKeepsWhatIsBeingTyped) {
     EXPECT_EQ(mSaver.count(), 3);
 }
 
+TEST_F(CVEditorWindowTest, ATextThatIsSetWithoutTheFocusIsKeptToo) {
+    open();
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&other] { return QApplication::activeWindow() == &other; }));
+    table().editRow(0);
+    auto* const field = qobject_cast<QLineEdit*>(table().indexWidget(cell(0, 0)));
+    ASSERT_NE(field, nullptr);
+    ASSERT_FALSE(field->hasFocus());
+    field->setText("Bread");
+    window().close();
+    EXPECT_EQ(mBudget.categoryNamed("Bread")->uniqueID(), 1U);
+}
+
 TEST_F(CVEditorWindowTest, AWindowThatEndsWithTheProgramKeepsWhatIsBeingTyped) {
     open();
     clickCell(0, 0);

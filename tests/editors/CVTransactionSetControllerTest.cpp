@@ -17,6 +17,7 @@ protected:
         mBudget.notificationCenter().addObserver(
             CVNotifications::kTransactionSet, &mObserver, [this](const QBNotification& notification) {
                 const auto* const set = std::any_cast<std::shared_ptr<CVTransactionSet>>(&notification.object);
+                EXPECT_TRUE(!notification.object.has_value() || (set && *set));
                 mAnnounced.push_back(set ? *set : nullptr);
             });
     }

@@ -37,7 +37,7 @@ TEST(CVTransactionExport, WritesNothingForWhatIsMissingAndTextsAsTheyAre) {
 }
 
 TEST(CVTransactionExport, FollowsTheLocaleInForce) {
-    const DefaultLocale locale(QLocale(QLocale::German));
+    const DefaultLocale locale{QLocale(QLocale::German)};
     BudgetBuilder budget;
     budget.transaction({.date = day(2014, 3, 7), .amount = 1234.5});
     const QByteArray text = exported(budget.document());

@@ -78,7 +78,7 @@ INSTANTIATE_TEST_SUITE_P(
         SearchRow{"no such kind either", -1, "Market", {}}));
 
 TEST(CVTransactionSearch, ALocalesDecimalCommaIsUnderstood) {
-    const DefaultLocale locale(QLocale(QLocale::German));
+    const DefaultLocale locale{QLocale(QLocale::German)};
     BudgetBuilder budget;
     budget.transaction({.amount = 12.5, .payTo = "Markt"}).transaction({.amount = 12, .payTo = "Bank"});
     EXPECT_EQ(found(budget.document(), kEqual, "12,5"), QStringList{"Markt"});
