@@ -46,8 +46,8 @@ struct Derivation {
 /// The average that is divided out of the total, and how the others follow from it, in order.
 struct Basis {
     double Averages::*average = nullptr;
-    PeriodCount periods;
-    std::array<Derivation, 2> others;
+    PeriodCount periods{};
+    std::array<Derivation, 2> others{};
 };
 
 constexpr Basis kWeek{

@@ -11,12 +11,12 @@
 namespace {
 
 /// The frequency that an estimate is converted to, and from there the step to the period. A day is a seventh of a week.
-struct Conversion {
+struct PlanConversion {
     qint64 frequency = CVExpenseFrequency::kUnknown;
     CVArithmeticStep step;
 };
 
-constexpr std::array<Conversion, CVDisplayPeriods::kTypes> kConversions{
+constexpr std::array<PlanConversion, CVDisplayPeriods::kTypes> kPlanConversions{
     {{CVExpenseFrequency::kWeekly, CVArithmetic::by(7)},
      {CVExpenseFrequency::kWeekly, {}},
      {CVExpenseFrequency::kBiWeekly, {}},
@@ -29,7 +29,7 @@ std::optional<double> planPerPeriod(const CVCategory& category, int periodType) 
     if (category.expenseTarget() == 0 || !CVExpenseFrequency::nameOfCode(frequency).data() || periodType < 0 ||
         periodType >= CVDisplayPeriods::kTypes)
         return std::nullopt;
-    const Conversion& conversion = kConversions[static_cast<std::size_t>(periodType)];
+    const PlanConversion& conversion = kPlanConversions[static_cast<std::size_t>(periodType)];
     CVCategory plan;
     plan.setExpenseTarget(category.expenseTarget());
     mapExpenseFrequencyFrom(plan, frequency, conversion.frequency);

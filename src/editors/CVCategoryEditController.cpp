@@ -15,8 +15,8 @@
 
 namespace {
 
-constexpr int kWidthInDigits = 56;
-constexpr int kHeightInLines = 32;
+constexpr int kCategoryWindowWidthInDigits = 56;
+constexpr int kCategoryWindowHeightInLines = 32;
 
 } // namespace
 
@@ -33,7 +33,7 @@ CVCategoryEditController::CVCategoryEditController(CVDocument& document, CVAlert
     mCategoryEditTable->setUsualWidths({0, 11, 11});
     contents().addWidget(mCategoryEditTable);
     addControls(help);
-    restoreFrame(kWidthInDigits, kHeightInLines);
+    restoreFrame(kCategoryWindowWidthInDigits, kCategoryWindowHeightInLines);
     mCategoryEditTable->setFocus();
     updateControls();
 

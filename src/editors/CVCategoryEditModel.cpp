@@ -2,6 +2,7 @@
 
 #include "model/CVCategory.h"
 #include "model/CVTransaction.h"
+#include "shared/widgets/CVCellAlignment.h"
 
 #include <algorithm>
 #include <array>
@@ -11,8 +12,8 @@ namespace {
 
 constexpr QChar kCheckMark(0x2714);
 
-constexpr std::array<CVEditorColumn, CVCategoryEditModel::ColumnCount> kColumns{
-    {{QLatin1StringView("category"), QT_TRANSLATE_NOOP("CVEditorModel", "Category"), Qt::AlignLeft | Qt::AlignVCenter,
+constexpr std::array<CVEditorColumn, CVCategoryEditModel::ColumnCount> kCategoryColumns{
+    {{QLatin1StringView("category"), QT_TRANSLATE_NOOP("CVEditorModel", "Category"), kCVTextAlignment,
       Qt::ItemIsEditable},
      {QLatin1StringView("inuse"), QT_TRANSLATE_NOOP("CVEditorModel", "In Use"), Qt::AlignCenter},
      {QLatin1StringView("delete"), QT_TRANSLATE_NOOP("CVEditorModel", "Delete"), Qt::AlignCenter}}};
@@ -20,7 +21,7 @@ constexpr std::array<CVEditorColumn, CVCategoryEditModel::ColumnCount> kColumns{
 } // namespace
 
 CVCategoryEditModel::CVCategoryEditModel(const CVDocument& document, QObject* parent)
-    : CVEditorModel(kColumns, parent)
+    : CVEditorModel(kCategoryColumns, parent)
     , mDocument(document) {
     reload();
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shared/widgets/CVCellAlignment.h"
+
 #include <QAbstractTableModel>
 #include <QLatin1StringView>
 
@@ -10,7 +12,7 @@ struct CVEditorColumn {
     QLatin1StringView identifier;
     /// To be translated in the context "CVEditorModel".
     const char* title = nullptr;
-    Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter;
+    Qt::Alignment alignment = kCVTextAlignment;
     /// What its cells can do beyond being selected: be edited or turned round.
     Qt::ItemFlags abilities = Qt::NoItemFlags;
 };

@@ -17,8 +17,8 @@
 
 namespace {
 
-constexpr int kWidthInDigits = 52;
-constexpr int kHeightInLines = 20;
+constexpr int kSetWindowWidthInDigits = 52;
+constexpr int kSetWindowHeightInLines = 20;
 
 std::shared_ptr<CVTransactionSet> makeSet(CVDocument& document, const QString& name) {
     auto set = std::make_shared<CVTransactionSet>();
@@ -43,7 +43,7 @@ CVTransactionSetController::CVTransactionSetController(CVDocument& document, CVA
     mTransactionSetTable->setUsualWidths({0, 16});
     contents().addWidget(mTransactionSetTable);
     addControls(help);
-    restoreFrame(kWidthInDigits, kHeightInLines);
+    restoreFrame(kSetWindowWidthInDigits, kSetWindowHeightInLines);
     mTransactionSetTable->setFocus();
     reload();
 

@@ -3,21 +3,20 @@
 #include "model/CVTransaction.h"
 #include "model/CVTransactionSet.h"
 #include "shared/format/QBLocale.h"
+#include "shared/widgets/CVCellAlignment.h"
 
 #include <array>
 
 namespace {
 
-constexpr std::array<CVEditorColumn, CVTransactionSetModel::ColumnCount> kColumns{
-    {{QLatin1StringView("name"), QT_TRANSLATE_NOOP("CVEditorModel", "Name"), Qt::AlignLeft | Qt::AlignVCenter,
-      Qt::ItemIsEditable},
-     {QLatin1StringView("count"), QT_TRANSLATE_NOOP("CVEditorModel", "Transactions"),
-      Qt::AlignRight | Qt::AlignVCenter}}};
+constexpr std::array<CVEditorColumn, CVTransactionSetModel::ColumnCount> kSetColumns{
+    {{QLatin1StringView("name"), QT_TRANSLATE_NOOP("CVEditorModel", "Name"), kCVTextAlignment, Qt::ItemIsEditable},
+     {QLatin1StringView("count"), QT_TRANSLATE_NOOP("CVEditorModel", "Transactions"), kCVNumberAlignment}}};
 
 } // namespace
 
 CVTransactionSetModel::CVTransactionSetModel(const CVDocument& document, QObject* parent)
-    : CVEditorModel(kColumns, parent)
+    : CVEditorModel(kSetColumns, parent)
     , mDocument(document) {
     reload();
 }

@@ -15,8 +15,8 @@
 
 namespace {
 
-constexpr int kWidthInDigits = 76;
-constexpr int kHeightInLines = 24;
+constexpr int kCellWindowWidthInDigits = 76;
+constexpr int kCellWindowHeightInLines = 24;
 
 } // namespace
 
@@ -32,7 +32,7 @@ CVTransactionWindowController::CVTransactionWindowController(CVDocument& documen
     addTable();
     addFigures();
     computeFigures();
-    restoreFrame(kWidthInDigits, kHeightInLines);
+    restoreFrame(kCellWindowWidthInDigits, kCellWindowHeightInLines);
     mTransactionTable->setFocus();
 
     connect(mModel, &CVTransactionWindowModel::toggled, this, &CVTransactionWindowController::toggleFlag);

@@ -1,25 +1,24 @@
 #include "editors/CVTransactionWindowModel.h"
 
 #include "model/CVTransaction.h"
+#include "shared/widgets/CVCellAlignment.h"
 
 #include <array>
 #include <utility>
 
 namespace {
 
-constexpr Qt::Alignment kRight = Qt::AlignRight | Qt::AlignVCenter;
-
-constexpr std::array<CVEditorColumn, CVTransactionWindowModel::ColumnCount> kColumns{
+constexpr std::array<CVEditorColumn, CVTransactionWindowModel::ColumnCount> kCellColumns{
     {{QLatin1StringView("userflag"), QT_TRANSLATE_NOOP("CVEditorModel", "Flag"), Qt::AlignCenter,
       Qt::ItemIsUserCheckable},
-     {QLatin1StringView("date"), QT_TRANSLATE_NOOP("CVEditorModel", "Date"), kRight},
-     {QLatin1StringView("amount"), QT_TRANSLATE_NOOP("CVEditorModel", "Amount"), kRight},
+     {QLatin1StringView("date"), QT_TRANSLATE_NOOP("CVEditorModel", "Date"), kCVNumberAlignment},
+     {QLatin1StringView("amount"), QT_TRANSLATE_NOOP("CVEditorModel", "Amount"), kCVNumberAlignment},
      {QLatin1StringView("payto"), QT_TRANSLATE_NOOP("CVEditorModel", "Paid To/From")}}};
 
 } // namespace
 
 CVTransactionWindowModel::CVTransactionWindowModel(CVDocument::Transactions transactions, QObject* parent)
-    : CVEditorModel(kColumns, parent)
+    : CVEditorModel(kCellColumns, parent)
     , mTransactions(std::move(transactions)) {}
 
 void CVTransactionWindowModel::showFlag(int row) {

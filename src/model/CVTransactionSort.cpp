@@ -140,21 +140,21 @@ void sortByCategory(Pointers& transactions, bool descending, const CVDocument::C
 }
 
 template <typename Pointers>
-struct Column {
+struct SortColumn {
     QLatin1StringView key;
     void (*sort)(Pointers&, bool, const CVDocument::Categories&) = nullptr;
 };
 
 template <typename Pointers>
-constexpr std::array<Column<Pointers>, 5> kColumns{{{QLatin1StringView("date"), sortByDate<Pointers>},
-                                                    {QLatin1StringView("amount"), sortByAmount<Pointers>},
-                                                    {QLatin1StringView("tofrom"), sortByPayee<Pointers>},
-                                                    {QLatin1StringView("for"), sortByFor<Pointers>},
-                                                    {QLatin1StringView("category"), sortByCategory<Pointers>}}};
+constexpr std::array<SortColumn<Pointers>, 5> kSortColumns{{{QLatin1StringView("date"), sortByDate<Pointers>},
+                                                            {QLatin1StringView("amount"), sortByAmount<Pointers>},
+                                                            {QLatin1StringView("tofrom"), sortByPayee<Pointers>},
+                                                            {QLatin1StringView("for"), sortByFor<Pointers>},
+                                                            {QLatin1StringView("category"), sortByCategory<Pointers>}}};
 
 template <typename Pointers>
 void sort(Pointers& transactions, const CVTransactionSortContext& context, const CVDocument::Categories& categories) {
-    for (const auto& column : kColumns<Pointers>) {
+    for (const auto& column : kSortColumns<Pointers>) {
         if (context.key == column.key)
             column.sort(transactions, context.descending, categories);
     }

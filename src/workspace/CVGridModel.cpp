@@ -2,17 +2,11 @@
 
 #include "model/CVCategory.h"
 #include "shared/widgets/CVAttentionColour.h"
+#include "shared/widgets/CVCellAlignment.h"
 #include "workspace/CVGridToolTip.h"
 
 #include <QFont>
 #include <QGuiApplication>
-
-namespace {
-
-constexpr Qt::Alignment kLeft = Qt::AlignLeft | Qt::AlignVCenter;
-constexpr Qt::Alignment kRight = Qt::AlignRight | Qt::AlignVCenter;
-
-} // namespace
 
 CVGridModel::CVGridModel(const CVGridContents& contents, Part part) : mContents(contents), mPart(part) {}
 
@@ -56,7 +50,7 @@ QVariant CVGridModel::data(const QModelIndex& index, int role) const {
             return *number;
         return {};
     case Qt::TextAlignmentRole:
-        return QVariant(mPart == Part::Categories ? kLeft : kRight);
+        return QVariant(mPart == Part::Categories ? kCVTextAlignment : kCVNumberAlignment);
     case Qt::ToolTipRole:
         return mPart == Part::Categories ? QVariant() : toolTip(index);
     default:
@@ -72,7 +66,7 @@ QVariant CVGridModel::headerData(int section, Qt::Orientation orientation, int r
     if (role == Qt::DisplayRole)
         return mPart == Part::Categories ? tr("Category") : tr("Total");
     if (role == Qt::TextAlignmentRole)
-        return QVariant(mPart == Part::Categories ? kLeft : kRight);
+        return QVariant(mPart == Part::Categories ? kCVTextAlignment : kCVNumberAlignment);
     return {};
 }
 
@@ -110,7 +104,7 @@ QVariant CVGridModel::periodHeader(const CVDisplayPeriods::Header& header, int r
     if (role == Qt::DisplayRole)
         return header.text;
     if (!header.holdsToday)
-        return role == Qt::TextAlignmentRole ? QVariant(kRight) : QVariant();
+        return role == Qt::TextAlignmentRole ? QVariant(kCVNumberAlignment) : QVariant();
     switch (role) {
     case Qt::TextAlignmentRole:
         return QVariant(Qt::Alignment(Qt::AlignCenter));

@@ -5,6 +5,7 @@
 #include "model/CVCategory.h"
 #include "shared/base/QBMoney.h"
 #include "shared/widgets/CVAttentionColour.h"
+#include "shared/widgets/CVCellAlignment.h"
 
 #include <QFont>
 #include <QGuiApplication>
@@ -17,7 +18,7 @@ constexpr int kDecimals = 2;
 
 Qt::Alignment alignment(Kind kind) {
     const bool isText = kind == Kind::Text || kind == Kind::Frequency;
-    return Qt::AlignVCenter | (isText ? Qt::AlignLeft : Qt::AlignRight);
+    return isText ? kCVTextAlignment : kCVNumberAlignment;
 }
 
 QString percentText(double percent) {

@@ -152,13 +152,13 @@ Rows searchLess(Source transactions, const QString& text) {
     });
 }
 
-struct Kind {
+struct SearchKind {
     const char* title;
     Rows (*search)(Source transactions, const QString& text);
 };
 
 /// By the number of the kind.
-constexpr std::array<Kind, kCVSearchKinds> kKinds{
+constexpr std::array<SearchKind, kCVSearchKinds> kSearchKinds{
     {{QT_TRANSLATE_NOOP("CVTransactionSearch", "All Text Fields"), searchAllTexts},
      {QT_TRANSLATE_NOOP("CVTransactionSearch", "Paid To"), searchPayTo},
      {QT_TRANSLATE_NOOP("CVTransactionSearch", "For"), searchFor},
@@ -176,10 +176,10 @@ bool isKind(int kind) {
 } // namespace
 
 QString CVSearchKindTitle(int kind) {
-    return isKind(kind) ? tr(kKinds[static_cast<std::size_t>(kind)].title) : QString();
+    return isKind(kind) ? tr(kSearchKinds[static_cast<std::size_t>(kind)].title) : QString();
 }
 
 std::vector<CVTransaction*> searchTransactionsWithString(std::span<CVTransaction* const> transactions, int kind,
                                                          const QString& text) {
-    return isKind(kind) ? kKinds[static_cast<std::size_t>(kind)].search(transactions, text) : Rows();
+    return isKind(kind) ? kSearchKinds[static_cast<std::size_t>(kind)].search(transactions, text) : Rows();
 }

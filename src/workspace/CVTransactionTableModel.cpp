@@ -1,6 +1,7 @@
 #include "workspace/CVTransactionTableModel.h"
 
 #include "model/CVTransaction.h"
+#include "shared/widgets/CVCellAlignment.h"
 #include "shared/widgets/CVGlyph.h"
 #include "workspace/CVTransactionList.h"
 
@@ -21,16 +22,14 @@ struct ColumnInfo {
     Qt::Alignment alignment;
 };
 
-constexpr Qt::Alignment kLeft = Qt::AlignLeft | Qt::AlignVCenter;
-constexpr Qt::Alignment kRight = Qt::AlignRight | Qt::AlignVCenter;
 constexpr Qt::Alignment kCentre = Qt::AlignCenter;
 
 constexpr std::array<ColumnInfo, CVTransactionTableModel::ColumnCount> kColumns{
-    {{QLatin1StringView("date"), QT_TRANSLATE_NOOP("CVTransactionTableModel", "Date"), kRight},
-     {QLatin1StringView("amount"), QT_TRANSLATE_NOOP("CVTransactionTableModel", "Amount"), kRight},
-     {QLatin1StringView("tofrom"), QT_TRANSLATE_NOOP("CVTransactionTableModel", "Paid To/From"), kLeft},
-     {QLatin1StringView("for"), QT_TRANSLATE_NOOP("CVTransactionTableModel", "For"), kLeft},
-     {QLatin1StringView("category"), QT_TRANSLATE_NOOP("CVTransactionTableModel", "Category"), kLeft},
+    {{QLatin1StringView("date"), QT_TRANSLATE_NOOP("CVTransactionTableModel", "Date"), kCVNumberAlignment},
+     {QLatin1StringView("amount"), QT_TRANSLATE_NOOP("CVTransactionTableModel", "Amount"), kCVNumberAlignment},
+     {QLatin1StringView("tofrom"), QT_TRANSLATE_NOOP("CVTransactionTableModel", "Paid To/From"), kCVTextAlignment},
+     {QLatin1StringView("for"), QT_TRANSLATE_NOOP("CVTransactionTableModel", "For"), kCVTextAlignment},
+     {QLatin1StringView("category"), QT_TRANSLATE_NOOP("CVTransactionTableModel", "Category"), kCVTextAlignment},
      {QLatin1StringView("tax"), QT_TRANSLATE_NOOP("CVTransactionTableModel", "Tax"), kCentre},
      {QLatin1StringView("userflag"), QT_TRANSLATE_NOOP("CVTransactionTableModel", "Flag"), kCentre}}};
 

@@ -2,7 +2,7 @@
 
 namespace {
 
-constexpr const char* kBudget = R"(<?xml version="1.0" encoding="UTF-8"?>
+constexpr const char* kExportedBudget = R"(<?xml version="1.0" encoding="UTF-8"?>
 <CorvellaDocument os="Mac OS X" app="com.quenbylabs.corvella" app_version="1.0.0">
  <MiscInfo id="40" current_transaction_set_id="27" />
 <TransactionSet id="27">Checking</TransactionSet><TransactionSet id="28">Savings</TransactionSet>
@@ -24,7 +24,7 @@ protected:
         return run(QStringList{"export", "--data", mFile, "--today", "2014/03/08"} + options);
     }
 
-    QString mFile = write("budget.corvella", kBudget);
+    QString mFile = write("budget.corvella", kExportedBudget);
 };
 
 TEST_F(ExportProgram, WritesTheLinesThatTheWindowWouldExport) {

@@ -3,6 +3,7 @@
 #include "budget/CVCategorySlots.h"
 #include "budget/CVDisplayPeriods.h"
 #include "budget/CVTransactionRange.h"
+#include "budget/CategoryIds.h"
 #include "kit/BudgetBuilder.h"
 
 #include <gmock/gmock.h>
@@ -13,9 +14,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-constexpr quint32 kFood = 1;
-constexpr quint32 kCar = 2;
 
 /// Weeks from Sunday 2 March 2014 on.
 struct GridOfWeeks : testing::Test {

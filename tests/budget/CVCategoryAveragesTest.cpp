@@ -2,6 +2,7 @@
 
 #include "budget/BitsOf.h"
 #include "budget/CVSpending.h"
+#include "budget/CategoryIds.h"
 #include "budget/PlainScan.h"
 #include "kit/BudgetBuilder.h"
 
@@ -13,8 +14,6 @@
 #include <limits>
 
 namespace {
-
-constexpr quint32 kFood = 1;
 
 /// One transaction of the category for each amount, all on that day or so many days apart from then on.
 CVDocument::Transactions spent(const QBDate& first, std::initializer_list<double> amounts, int daysApart = 0) {

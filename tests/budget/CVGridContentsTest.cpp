@@ -1,5 +1,6 @@
 #include "budget/CVGridContents.h"
 
+#include "budget/CategoryIds.h"
 #include "budget/RangePrinter.h"
 #include "kit/BudgetBuilder.h"
 
@@ -9,9 +10,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-constexpr quint32 kFood = 1;
-constexpr quint32 kCar = 2;
 
 /// On Wednesday 5 March 2014.
 struct GridContents : testing::Test {

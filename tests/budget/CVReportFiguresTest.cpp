@@ -1,6 +1,7 @@
 #include "budget/CVReportFigures.h"
 
 #include "budget/BitsOf.h"
+#include "budget/CategoryIds.h"
 #include "kit/BudgetBuilder.h"
 
 #include <gtest/gtest.h>
@@ -8,9 +9,6 @@
 #include <limits>
 
 namespace {
-
-constexpr quint32 kFood = 1;
-constexpr quint32 kCar = 2;
 
 /// The first quarter of 2014.
 struct ReportOfABudget : testing::Test {

@@ -1,4 +1,5 @@
 #include "budget/CVCategoryAverages.h"
+#include "budget/CategoryIds.h"
 #include "kit/BudgetBuilder.h"
 
 #include <gtest/gtest.h>
@@ -6,8 +7,6 @@
 #include <array>
 
 namespace {
-
-constexpr quint32 kFood = 1;
 
 struct IntervalRow {
     int days;

@@ -1,5 +1,6 @@
 #include "budget/CVCategoryAverages.h"
 #include "budget/CVSpending.h"
+#include "budget/CategoryIds.h"
 #include "kit/BudgetBuilder.h"
 
 #include <gtest/gtest.h>
@@ -7,8 +8,6 @@
 #include <array>
 
 namespace {
-
-constexpr quint32 kFood = 1;
 
 BudgetBuilder::Entry food(const QBDate& date, double amount, bool taxFlag = true) {
     return {.date = date, .amount = amount, .categoryID = kFood, .taxFlag = taxFlag};

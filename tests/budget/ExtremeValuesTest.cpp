@@ -4,6 +4,7 @@
 #include "budget/CVDisplayPeriods.h"
 #include "budget/CVRangePresets.h"
 #include "budget/CVReportFigures.h"
+#include "budget/CategoryIds.h"
 #include "kit/BudgetBuilder.h"
 #include "kit/FixedToday.h"
 
@@ -17,8 +18,6 @@ namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kLargest = std::numeric_limits<double>::max();
-constexpr quint32 kFood = 1;
-constexpr quint32 kCar = 2;
 
 CVBudgetGrid gridOf(BudgetBuilder& budget, const CVDayRange& range) {
     const auto ids = CVCategoryIDs(budget.document().categories());

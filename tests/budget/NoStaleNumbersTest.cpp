@@ -2,6 +2,7 @@
 #include "budget/CVBudgetRows.h"
 #include "budget/CVCategorySlots.h"
 #include "budget/CVReportFigures.h"
+#include "budget/CategoryIds.h"
 #include "kit/BudgetBuilder.h"
 
 #include <gtest/gtest.h>
@@ -9,9 +10,6 @@
 #include <array>
 
 namespace {
-
-constexpr quint32 kFood = 1;
-constexpr quint32 kCar = 2;
 
 /// Whatever has changed since, the next grid, rows and report show: nothing is kept from the ones before.
 struct NumbersAfterAChange : testing::Test {

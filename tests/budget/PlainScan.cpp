@@ -261,7 +261,7 @@ CVDocument::Transactions transactionsForDateRange(const CVDocument::Transactions
 std::optional<double> cell(const CVDocument::Transactions& transactions, const CVDayRange& range,
                            const CVCategory* category) {
     double sum = 0;
-    for (const auto& transaction : transactionsForDateRange(transactions, range, category))
+    for (const auto& transaction : PlainScan::transactionsForDateRange(transactions, range, category))
         sum += transaction->amount();
     sum = round2(sum);
     return std::abs(sum) > 0.000001 ? std::optional(sum) : std::nullopt;

@@ -60,13 +60,13 @@ TEST(PlanWarning, OfAnUnknownFrequencyIsGivenForANegativeTarget) {
 }
 
 TEST(PlanWarning, IsNotGivenForWhatIsNoNumber) {
-    constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
+    constexpr double kEndless = std::numeric_limits<double>::infinity();
     for (const Row& row : kRows) {
-        EXPECT_FALSE(warns(row.frequency, kNaN, 1));
-        EXPECT_FALSE(warns(row.frequency, 1, kNaN));
-        EXPECT_FALSE(warns(row.frequency, kInfinity, kInfinity));
-        EXPECT_TRUE(warns(row.frequency, kInfinity, 1));
+        EXPECT_FALSE(warns(row.frequency, kNotANumber, 1));
+        EXPECT_FALSE(warns(row.frequency, 1, kNotANumber));
+        EXPECT_FALSE(warns(row.frequency, kEndless, kEndless));
+        EXPECT_TRUE(warns(row.frequency, kEndless, 1));
     }
 }
 

@@ -9,7 +9,7 @@
 
 namespace {
 
-using Column = CVTransactionSetModel::Column;
+using SetColumn = CVTransactionSetModel::Column;
 
 class CVTransactionSetControllerTest : public EditorFixture {
 protected:
@@ -43,8 +43,8 @@ TEST_F(CVTransactionSetControllerTest, ShowsTheSetsWithTheNumbersOfTheirTransact
     threeSets();
     open();
     EXPECT_EQ(window().windowTitle(), "Transaction Sets");
-    EXPECT_EQ(column(Column::Name), (QStringList{"Checking", "Savings", "Cash"}));
-    EXPECT_EQ(column(Column::Count), (QStringList{"1", "3", "0"}));
+    EXPECT_EQ(column(SetColumn::Name), (QStringList{"Checking", "Savings", "Cash"}));
+    EXPECT_EQ(column(SetColumn::Count), (QStringList{"1", "3", "0"}));
     EXPECT_FALSE(canDelete());
     EXPECT_TRUE(mAnnounced.empty());
     EXPECT_EQ(mSaver.count(), 0);
@@ -54,15 +54,15 @@ TEST_F(CVTransactionSetControllerTest, TransactionsThatBelongToNoSetGetOneOfThei
     for (int i = 0; i < 3; ++i)
         mBudget.transaction({.date = day(2014, 3, 6), .amount = 1});
     open();
-    EXPECT_EQ(column(Column::Name), QStringList{"Initial Transaction Set"});
-    EXPECT_EQ(column(Column::Count), QStringList{"3"});
+    EXPECT_EQ(column(SetColumn::Name), QStringList{"Initial Transaction Set"});
+    EXPECT_EQ(column(SetColumn::Count), QStringList{"3"});
     ASSERT_EQ(document().countOfTransactionSets(), 1U);
     EXPECT_EQ(document().transactionSets()[0]->uniqueID(), 0U);
     EXPECT_EQ(document().transactionSets()[0]->document(), &document());
     EXPECT_EQ(document().uniqueID(), 0U) << "no ID was issued for it";
     clickButton("Add");
     EXPECT_EQ(document().currentTransactionSet(), 0U);
-    EXPECT_EQ(column(Column::Count), (QStringList{"3", "0"}));
+    EXPECT_EQ(column(SetColumn::Count), (QStringList{"3", "0"}));
 }
 
 TEST_F(CVTransactionSetControllerTest, WithoutTransactionsThereIsNoInitialSetAndTheFirstOneAddedIsCurrent) {
@@ -79,7 +79,7 @@ TEST_F(CVTransactionSetControllerTest, WithoutTransactionsThereIsNoInitialSetAnd
 TEST_F(CVTransactionSetControllerTest, TheOnlySetCannotBeDeleted) {
     mBudget.set("Checking", 10).currentSet(10);
     open();
-    clickCell(0, Column::Name);
+    clickCell(0, SetColumn::Name);
     EXPECT_FALSE(canDelete());
     EXPECT_NE(remark(), "") << "the user wonders why";
     clickButton("Delete");
@@ -91,16 +91,16 @@ TEST_F(CVTransactionSetControllerTest, DeleteCanBePressedWhileOneOfSeveralIsSele
     auto& controller = open();
     controller.removeTransactionSet();
     EXPECT_TRUE(mAlerts.shown().isEmpty()) << "nothing is selected";
-    clickCell(2, Column::Count);
+    clickCell(2, SetColumn::Count);
     EXPECT_TRUE(canDelete());
-    clickCell(2, Column::Count, Qt::ControlModifier);
+    clickCell(2, SetColumn::Count, Qt::ControlModifier);
     EXPECT_FALSE(canDelete());
 }
 
 TEST_F(CVTransactionSetControllerTest, TheCurrentSetIsRefused) {
     threeSets();
     open();
-    clickCell(0, Column::Name);
+    clickCell(0, SetColumn::Name);
     EXPECT_EQ(remark(), "This is the current transaction set.");
     clickButton("Delete");
     ASSERT_EQ(mAlerts.shown().size(), 1);
@@ -117,7 +117,7 @@ TEST_F(CVTransactionSetControllerTest, TheCurrentSetIsRefused) {
 TEST_F(CVTransactionSetControllerTest, AnEmptySetIsDeletedAfterOneAlert) {
     threeSets();
     open();
-    clickCell(2, Column::Name);
+    clickCell(2, SetColumn::Name);
     press(Qt::Key_Delete);
     ASSERT_EQ(mAlerts.shown().size(), 1);
     const CVAlert& alert = mAlerts.shown()[0];
@@ -125,7 +125,7 @@ TEST_F(CVTransactionSetControllerTest, AnEmptySetIsDeletedAfterOneAlert) {
     EXPECT_EQ(alert.message, "You can't undo this action.");
     EXPECT_EQ(alert.defaultButton, "Delete");
     EXPECT_EQ(alert.alternateButton, "Cancel");
-    EXPECT_EQ(column(Column::Name), (QStringList{"Checking", "Savings"}));
+    EXPECT_EQ(column(SetColumn::Name), (QStringList{"Checking", "Savings"}));
     EXPECT_EQ(document().countOfTransactionSets(), 2U);
     EXPECT_EQ(document().transactions().size(), 4U);
     EXPECT_FALSE(canDelete());
@@ -138,7 +138,7 @@ TEST_F(CVTransactionSetControllerTest, ASetWithTransactionsIsDeletedWithThemAfte
     threeSets();
     mAlerts.answer({CVAlert::kDefault, CVAlert::kAlternate});
     open();
-    clickCell(1, Column::Name);
+    clickCell(1, SetColumn::Name);
     clickButton("Delete");
     ASSERT_EQ(mAlerts.shown().size(), 2);
     EXPECT_EQ(mAlerts.shown()[0].message, "Deleting this transaction set will delete all associated transactions. "
@@ -149,7 +149,7 @@ TEST_F(CVTransactionSetControllerTest, ASetWithTransactionsIsDeletedWithThemAfte
     EXPECT_EQ(last.defaultButton, "No");
     EXPECT_EQ(last.alternateButton, "Yes");
     EXPECT_EQ(last.escapeAnswer, CVAlert::kDefault) << "Escape must not delete anything";
-    EXPECT_EQ(column(Column::Name), (QStringList{"Checking", "Cash"}));
+    EXPECT_EQ(column(SetColumn::Name), (QStringList{"Checking", "Cash"}));
     EXPECT_EQ(document().transactions().size(), 1U);
     EXPECT_EQ(mNotifications.count(CVNotifications::kTransactionAddedRemoved), 1);
     EXPECT_EQ(mAnnounced.size(), 1U);
@@ -167,7 +167,7 @@ TEST_F(CVTransactionSetControllerTest, AnythingButDeleteAndThenYesKeepsEverythin
                           {{CVAlert::kDefault, CVAlert::kOther}, 2}};
     threeSets();
     open();
-    clickCell(1, Column::Name);
+    clickCell(1, SetColumn::Name);
     int shown = 0;
     for (const auto& [answers, alerts] : cases) {
         mAlerts.answer(answers);
@@ -186,7 +186,7 @@ TEST_F(CVTransactionSetControllerTest, AddingSavesAndAnnouncesTheSetAndLetsTheUs
     threeSets();
     open();
     clickButton("Add");
-    EXPECT_EQ(column(Column::Name), (QStringList{"Checking", "Savings", "Cash", "New Transaction Set"}));
+    EXPECT_EQ(column(SetColumn::Name), (QStringList{"Checking", "Savings", "Cash", "New Transaction Set"}));
     const auto set = document().transactionSets().back();
     EXPECT_EQ(set->uniqueID(), 13U);
     EXPECT_EQ(mSaver.count(), 1);
@@ -223,7 +223,7 @@ TEST_F(CVTransactionSetControllerTest, ANewNameIsAnnouncedAtOnceAndSavedWithTheN
 TEST_F(CVTransactionSetControllerTest, ANewNameIsSavedAtTheLatestWhenTheWindowCloses) {
     threeSets();
     open();
-    clickCell(1, Column::Name);
+    clickCell(1, SetColumn::Name);
     startRenaming("Rainy Days");
     window().close();
     EXPECT_EQ(document().transactionSets()[1]->transactionSetName(), "Rainy Days");
@@ -247,9 +247,9 @@ TEST_F(CVTransactionSetControllerTest, CountsAreTakenOncePerRebuildAndNotForEver
     threeSets();
     auto& controller = open();
     mBudget.transactionAt(0)->setTransactionSetID(12);
-    EXPECT_EQ(column(Column::Count), (QStringList{"1", "3", "0"}));
+    EXPECT_EQ(column(SetColumn::Count), (QStringList{"1", "3", "0"}));
     controller.addTransactionSet();
-    EXPECT_EQ(column(Column::Count), (QStringList{"1", "2", "1", "0"}));
+    EXPECT_EQ(column(SetColumn::Count), (QStringList{"1", "2", "1", "0"}));
 }
 
 } // namespace

@@ -10,7 +10,7 @@
 
 namespace {
 
-using Column = CVTransactionWindowModel::Column;
+using CellColumn = CVTransactionWindowModel::Column;
 
 class CVTransactionWindowControllerTest : public EditorFixture {
 protected:
@@ -33,9 +33,9 @@ TEST_F(CVTransactionWindowControllerTest, ShowsTheTransactionsAndWhatTheyComeTo)
     transaction(12.5, "Baker");
     open();
     EXPECT_EQ(window().windowTitle(), "Transaction Window");
-    EXPECT_EQ(column(Column::Date), (QStringList{"3/6/14", "3/6/14"}));
-    EXPECT_EQ(column(Column::Amount), (QStringList{"$30.00", "$12.50"}));
-    EXPECT_EQ(column(Column::PayTo), (QStringList{"Market", "Baker"}));
+    EXPECT_EQ(column(CellColumn::Date), (QStringList{"3/6/14", "3/6/14"}));
+    EXPECT_EQ(column(CellColumn::Amount), (QStringList{"$30.00", "$12.50"}));
+    EXPECT_EQ(column(CellColumn::PayTo), (QStringList{"Market", "Baker"}));
     EXPECT_EQ(textOf("mCategoryField"), "Food");
     EXPECT_EQ(textOf("mSpentField"), "$42.50");
     EXPECT_EQ(textOf("mPlannedField"), "$50.00");
@@ -91,15 +91,15 @@ TEST_F(CVTransactionWindowControllerTest, AClickOrSpaceTurnsAFlagRoundAndSaves) 
     transaction(10);
     transaction(20);
     open();
-    clickCell(1, Column::UserFlag);
+    clickCell(1, CellColumn::UserFlag);
     EXPECT_TRUE(isFlagged(1));
     EXPECT_FALSE(isFlagged(0));
-    EXPECT_EQ(cell(1, Column::UserFlag).data(Qt::CheckStateRole), Qt::Checked);
-    EXPECT_EQ(cell(1, Column::UserFlag).data(Qt::AccessibleTextRole), "Yes");
+    EXPECT_EQ(cell(1, CellColumn::UserFlag).data(Qt::CheckStateRole), Qt::Checked);
+    EXPECT_EQ(cell(1, CellColumn::UserFlag).data(Qt::AccessibleTextRole), "Yes");
     EXPECT_EQ(mSaver.count(), 1);
     press(Qt::Key_Space);
     EXPECT_FALSE(isFlagged(1));
-    clickCell(0, Column::PayTo);
+    clickCell(0, CellColumn::PayTo);
     EXPECT_FALSE(isFlagged(0)) << "a click beside the flag only selects";
     press(Qt::Key_Space);
     EXPECT_TRUE(isFlagged(0)) << "Space counts for the row";
@@ -109,14 +109,14 @@ TEST_F(CVTransactionWindowControllerTest, AClickOrSpaceTurnsAFlagRoundAndSaves) 
 TEST_F(CVTransactionWindowControllerTest, TheValueThatIsSetCountsForNothing) {
     transaction(10);
     open();
-    EXPECT_TRUE(table().model()->setData(cell(0, Column::UserFlag), Qt::Unchecked, Qt::CheckStateRole));
+    EXPECT_TRUE(table().model()->setData(cell(0, CellColumn::UserFlag), Qt::Unchecked, Qt::CheckStateRole));
     EXPECT_TRUE(isFlagged(0));
 }
 
 TEST_F(CVTransactionWindowControllerTest, NothingButTheFlagCanBeChanged) {
     transaction(10);
     open();
-    for (const int column : {Column::Date, Column::Amount, Column::PayTo}) {
+    for (const int column : {CellColumn::Date, CellColumn::Amount, CellColumn::PayTo}) {
         EXPECT_FALSE(table().model()->setData(cell(0, column), "1", Qt::EditRole)) << column;
         EXPECT_FALSE(table().model()->setData(cell(0, column), Qt::Checked, Qt::CheckStateRole)) << column;
         clickCell(0, column);
@@ -133,8 +133,8 @@ TEST_F(CVTransactionWindowControllerTest, DatesAndMoneyFollowAChangeOfTheLocale)
     open();
     const DefaultLocale german(QLocale(QLocale::German, QLocale::Germany));
     mBudget.notificationCenter().postNotification(CVNotifications::kMoneyFormatterChanged);
-    EXPECT_EQ(column(Column::Date), QStringList{"06.03.14"});
-    EXPECT_EQ(column(Column::Amount), QStringList{"€1.234,50"});
+    EXPECT_EQ(column(CellColumn::Date), QStringList{"06.03.14"});
+    EXPECT_EQ(column(CellColumn::Amount), QStringList{"€1.234,50"});
     EXPECT_EQ(textOf("mSpentField"), "€1.234,50");
     EXPECT_EQ(textOf("mPlannedField"), "€50,00");
     EXPECT_EQ(textOf("mDiffereceField"), "-€1.184,50");
@@ -143,7 +143,7 @@ TEST_F(CVTransactionWindowControllerTest, DatesAndMoneyFollowAChangeOfTheLocale)
 TEST_F(CVTransactionWindowControllerTest, AMissingDateIsAnEmptyCell) {
     mBudget.transaction({.amount = 1, .categoryID = 1});
     open();
-    EXPECT_EQ(column(Column::Date), QStringList{""});
+    EXPECT_EQ(column(CellColumn::Date), QStringList{""});
 }
 
 } // namespace

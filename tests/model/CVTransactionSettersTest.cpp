@@ -10,7 +10,7 @@ namespace {
 
 using Entry = BudgetBuilder::Entry;
 
-void expectFields(const CVTransaction& transaction, const Entry& expected) {
+void expectFieldsOf(const CVTransaction& transaction, const Entry& expected) {
     EXPECT_EQ(transaction.effectiveDate(), expected.date);
     EXPECT_EQ(transaction.payTo(), expected.payTo);
     EXPECT_EQ(transaction.payTo().isNull(), expected.payTo.isNull());
@@ -24,14 +24,14 @@ void expectFields(const CVTransaction& transaction, const Entry& expected) {
 }
 
 const QBDate kDay = day(2014, 3, 7);
-const QString kNull;
+const QString kNoText;
 const QString kEmpty = QLatin1String("");
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 enum class Cache { Kept, Dropped };
 
 /// One change: from `before` by `set` to `after`, with or without the loss of the cached text.
-struct Row {
+struct SetterRow {
     const char* what = nullptr;
     Entry before;
     void (*set)(CVTransaction&) = nullptr;
@@ -39,7 +39,7 @@ struct Row {
     Cache cache = Cache::Kept;
 };
 
-const Row kRows[]{
+const SetterRow kSetterRows[]{
     {"the same day",
      {.date = kDay},
      [](auto& t) { t.setEffectiveDate(day(2014, 2, 35)); },
@@ -67,18 +67,18 @@ const Row kRows[]{
     {"the same paid-to", {.payTo = "a"}, [](auto& t) { t.setPayTo("a"); }, {.payTo = "a"}, Cache::Kept},
     {"another paid-to", {.payTo = "a"}, [](auto& t) { t.setPayTo("A"); }, {.payTo = "A"}, Cache::Dropped},
     {"empty paid-to again", {.payTo = kEmpty}, [](auto& t) { t.setPayTo(kEmpty); }, {.payTo = kEmpty}, Cache::Kept},
-    {"paid-to from null", {.payTo = kNull}, [](auto& t) { t.setPayTo("a"); }, {.payTo = "a"}, Cache::Dropped},
+    {"paid-to from null", {.payTo = kNoText}, [](auto& t) { t.setPayTo("a"); }, {.payTo = "a"}, Cache::Dropped},
     {"paid-to from null to empty",
-     {.payTo = kNull},
+     {.payTo = kNoText},
      [](auto& t) { t.setPayTo(kEmpty); },
      {.payTo = kEmpty},
      Cache::Dropped},
     {"paid-to from empty to null",
      {.payTo = kEmpty},
-     [](auto& t) { t.setPayTo(kNull); },
-     {.payTo = kNull},
+     [](auto& t) { t.setPayTo(kNoText); },
+     {.payTo = kNoText},
      Cache::Dropped},
-    {"paid-to null again", {.payTo = kNull}, [](auto& t) { t.setPayTo(kNull); }, {.payTo = kNull}, Cache::Kept},
+    {"paid-to null again", {.payTo = kNoText}, [](auto& t) { t.setPayTo(kNoText); }, {.payTo = kNoText}, Cache::Kept},
     {"paid-to that is the same when cleaned",
      {.payTo = "a\nb"},
      [](auto& t) { t.setPayTo("a\r\nb\a"); },
@@ -95,39 +95,39 @@ const Row kRows[]{
     {"another for", {.xfor = "a"}, [](auto& t) { t.setFor("b"); }, {.xfor = "b"}, Cache::Dropped},
     {"for from empty", {.xfor = kEmpty}, [](auto& t) { t.setFor("b"); }, {.xfor = "b"}, Cache::Dropped},
     {"for from null with a paid-to",
-     {.payTo = "p", .xfor = kNull},
+     {.payTo = "p", .xfor = kNoText},
      [](auto& t) { t.setFor("b"); },
-     {.payTo = "p", .xfor = kNull},
+     {.payTo = "p", .xfor = kNoText},
      Cache::Kept},
     {"for from null with an empty paid-to",
-     {.payTo = kEmpty, .xfor = kNull},
+     {.payTo = kEmpty, .xfor = kNoText},
      [](auto& t) { t.setFor("b"); },
-     {.payTo = kEmpty, .xfor = kNull},
+     {.payTo = kEmpty, .xfor = kNoText},
      Cache::Kept},
     {"for from null without a paid-to",
-     {.payTo = kNull, .xfor = kNull},
+     {.payTo = kNoText, .xfor = kNoText},
      [](auto& t) { t.setFor("b"); },
-     {.payTo = kNull, .xfor = "b"},
+     {.payTo = kNoText, .xfor = "b"},
      Cache::Dropped},
     {"another for without a paid-to",
-     {.payTo = kNull, .xfor = "a"},
+     {.payTo = kNoText, .xfor = "a"},
      [](auto& t) { t.setFor("b"); },
-     {.payTo = kNull, .xfor = "b"},
+     {.payTo = kNoText, .xfor = "b"},
      Cache::Dropped},
     {"for to null with a paid-to",
      {.payTo = "p", .xfor = "a"},
-     [](auto& t) { t.setFor(kNull); },
-     {.payTo = "p", .xfor = kNull},
+     [](auto& t) { t.setFor(kNoText); },
+     {.payTo = "p", .xfor = kNoText},
      Cache::Dropped},
     {"for from empty to null with a paid-to",
      {.payTo = "p", .xfor = kEmpty},
-     [](auto& t) { t.setFor(kNull); },
-     {.payTo = "p", .xfor = kNull},
+     [](auto& t) { t.setFor(kNoText); },
+     {.payTo = "p", .xfor = kNoText},
      Cache::Dropped},
     {"for to null without a paid-to",
-     {.payTo = kNull, .xfor = "a"},
-     [](auto& t) { t.setFor(kNull); },
-     {.payTo = kNull, .xfor = kNull},
+     {.payTo = kNoText, .xfor = "a"},
+     [](auto& t) { t.setFor(kNoText); },
+     {.payTo = kNoText, .xfor = kNoText},
      Cache::Dropped},
     {"for with what XML cannot carry",
      {},
@@ -174,16 +174,16 @@ const Row kRows[]{
 };
 
 TEST(CVTransactionSetters, StoreWhatDiffersAndDropTheCachedTextOnlyThen) {
-    for (const Row& row : kRows) {
+    for (const SetterRow& row : kSetterRows) {
         SCOPED_TRACE(row.what);
         const auto transaction = makeTransaction(row.before);
-        expectFields(*transaction, row.before);
+        expectFieldsOf(*transaction, row.before);
         CVTextArena arena;
         const CVTextSlice before = transaction->xmlRepresentation(arena);
 
         row.set(*transaction);
 
-        expectFields(*transaction, row.after);
+        expectFieldsOf(*transaction, row.after);
         const CVTextSlice after = transaction->xmlRepresentation(arena);
         const bool kept = before.block == after.block && before.offset == after.offset;
         EXPECT_EQ(kept, row.cache == Cache::Kept);

@@ -17,7 +17,7 @@ const QByteArray kDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
 
 enum class Result { Read, Malformed };
 
-struct Row {
+struct HostileRow {
     const char* behaviour;
     QByteArray bytes;
     Result result;
@@ -25,14 +25,14 @@ struct Row {
     QStringList records = {};
 };
 
-void PrintTo(const Row& row, std::ostream* out) {
+void PrintTo(const HostileRow& row, std::ostream* out) {
     *out << row.behaviour;
 }
 
-class HostileInput : public testing::TestWithParam<Row> {};
+class HostileInput : public testing::TestWithParam<HostileRow> {};
 
 TEST_P(HostileInput, hasADefinedResult) {
-    const Row& row = GetParam();
+    const HostileRow& row = GetParam();
     ParsedBudget budget(row.bytes);
     EXPECT_EQ(budget.read(), row.result == Result::Read) << budget.message().toStdString();
     if (row.result == Result::Read)
@@ -80,7 +80,7 @@ QByteArray inUtf16(const QString& text) {
 
 const QStringList kGreetings{QString::fromUtf8("C id=1 name='Gr\u00fc\u00dfe'")};
 
-const std::vector<Row> kEntities{
+const std::vector<HostileRow> kEntities{
     {"thousands of millions of laughs", billionLaughs(), Result::Malformed},
     {"an entity of the file's own", withDoctype("[<!ENTITY a \"b\">]", "&a;"), Result::Malformed},
     {"an entity that holds itself", withDoctype("[<!ENTITY a \"&a;\">]", "&a;"), Result::Malformed},
@@ -99,7 +99,7 @@ const std::vector<Row> kEntities{
      Result::Malformed},
 };
 
-const std::vector<Row> kSizes{
+const std::vector<HostileRow> kSizes{
     {"elements 100,000 deep", inRoot(nested("a", 100'000)), Result::Malformed},
     {"elements 100,000 deep inside a record", inRoot("<Transaction>" + nested("a", 100'000) + "</Transaction>"),
      Result::Malformed},
@@ -114,7 +114,7 @@ const std::vector<Row> kSizes{
     {"an entity name of 11 MB", inCategory('&' + QByteArray(kElevenMB, 'a') + ';'), Result::Malformed},
 };
 
-const std::vector<Row> kBytes{
+const std::vector<HostileRow> kBytes{
     {"a NUL in a text", inCategory(QByteArray("a\0b", 3)), Result::Malformed},
     {"a NUL in an attribute", inRoot(QByteArray("<Transaction categoryID=\"1\0\"/>", 30)), Result::Malformed},
     {"a NUL in a tag", inRoot(QByteArray("<Trans\0action/>", 15)), Result::Malformed},
@@ -141,7 +141,7 @@ const std::vector<Row> kBytes{
     {"an attribute without quotes", inRoot("<Transaction flag=1/>"), Result::Malformed},
 };
 
-const std::vector<Row> kEncodings{
+const std::vector<HostileRow> kEncodings{
     {"ISO-8859-1 that is declared",
      encoded("ISO-8859-1", "Gr\xfc\xdf"
                            "e"),

@@ -8,17 +8,17 @@
 namespace {
 
 /// What stands in the root, and the records it makes.
-struct Row {
+struct RecordRow {
     const char* behaviour;
     QByteArray elements;
     QStringList records;
 };
 
-void PrintTo(const Row& row, std::ostream* out) {
+void PrintTo(const RecordRow& row, std::ostream* out) {
     *out << row.behaviour;
 }
 
-class ParserRecords : public testing::TestWithParam<Row> {};
+class ParserRecords : public testing::TestWithParam<RecordRow> {};
 
 TEST_P(ParserRecords, areReadFromTheirElements) {
     ParsedBudget budget(inRoot(GetParam().elements));
@@ -40,7 +40,7 @@ QByteArray estimates(const QByteArray& attributes) {
     return "<Category id=\"1\">a<ExpenseEstimates " + attributes + " /></Category>";
 }
 
-const std::vector<Row> kTransactions{
+const std::vector<RecordRow> kTransactions{
     {"an empty Transaction has no date, amount 0 and null texts", "<Transaction/>", {"T"}},
     {"all attributes",
      transaction(R"(categoryID="12" flag="1" tax_flag="1" transaction_set_id="27")"),
@@ -96,7 +96,7 @@ const std::vector<Row> kTransactions{
      {"T date=2001/01/01", "T date=2003/01/01", "T date=2002/01/01"}},
 };
 
-const std::vector<Row> kCategories{
+const std::vector<RecordRow> kCategories{
     {"an empty Category has an empty name", "<Category/>", {"C name=''"}},
     {"all that is stored of a category",
      R"(<Category id="12">Medical<ExpenseEstimates frequency="Monthly" target="50.00" /></Category>)",
@@ -134,7 +134,7 @@ const std::vector<Row> kCategories{
      {"C id=2 name='b'", "C id=1 name='a'"}},
 };
 
-const std::vector<Row> kSetsAndCounters{
+const std::vector<RecordRow> kSetsAndCounters{
     {"a set", R"(<TransactionSet id="27">Checking</TransactionSet>)", {"S id=27 name='Checking'"}},
     {"an empty set has an empty name", "<TransactionSet/>", {"S name=''"}},
     {"unknown attributes of a set are ignored", R"(<TransactionSet ID="1" idx="2" name="n"/>)", {"S name=''"}},

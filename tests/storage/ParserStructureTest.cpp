@@ -7,17 +7,17 @@
 namespace {
 
 /// Elements within elements: what is skipped, what ends the skipping, and whose text counts.
-struct Row {
+struct StructureRow {
     const char* behaviour;
     QByteArray elements;
     QStringList records;
 };
 
-void PrintTo(const Row& row, std::ostream* out) {
+void PrintTo(const StructureRow& row, std::ostream* out) {
     *out << row.behaviour;
 }
 
-class ParserStructure : public testing::TestWithParam<Row> {};
+class ParserStructure : public testing::TestWithParam<StructureRow> {};
 
 TEST_P(ParserStructure, decidesWhatIsRead) {
     ParsedBudget budget(inRoot(GetParam().elements));
@@ -26,7 +26,7 @@ TEST_P(ParserStructure, decidesWhatIsRead) {
     EXPECT_EQ(budget.parser().currentParsingObject(), nullptr);
 }
 
-const std::vector<Row> kUnknownElements{
+const std::vector<StructureRow> kUnknownElements{
     {"an unknown element of a transaction is skipped with its contents",
      R"(<Transaction><Note>x<Data amount="1" /><For>y</For></Note><For>z</For></Transaction>)",
      {"T for='z'"}},
@@ -62,7 +62,7 @@ const std::vector<Row> kUnknownElements{
      {"T"}},
 };
 
-const std::vector<Row> kRoot{
+const std::vector<StructureRow> kRoot{
     {"records in an unknown element of the root are read",
      R"(<Extra><Transaction categoryID="1"/><Deeper><Category id="2">b</Category></Deeper><MiscInfo id="3" /></Extra>)",
      {"M id=3", "T category=1", "C id=2 name='b'"}},
@@ -78,7 +78,7 @@ const std::vector<Row> kRoot{
      {"T category=1"}},
 };
 
-const std::vector<Row> kStoring{
+const std::vector<StructureRow> kStoring{
     {"an unknown element in a text ends the text", "<Transaction><For>a<b>c</b>d</For></Transaction>", {"T for='a'"}},
     {"a known element in a text ends the text",
      R"(<Transaction><For>a<Data amount="1" />b</For></Transaction>)",

@@ -10,13 +10,13 @@
 namespace {
 
 /// What stands between the tags of a set, and the name that it gives.
-struct Row {
+struct TextRow {
     const char* behaviour;
     QByteArray content;
     QString text;
 };
 
-void PrintTo(const Row& row, std::ostream* out) {
+void PrintTo(const TextRow& row, std::ostream* out) {
     *out << row.behaviour;
 }
 
@@ -26,13 +26,13 @@ QString nameFrom(const QByteArray& content) {
     return budget.document().transactionSets().at(0)->transactionSetName();
 }
 
-class ParserText : public testing::TestWithParam<Row> {};
+class ParserText : public testing::TestWithParam<TextRow> {};
 
 TEST_P(ParserText, isWhatStandsInTheElement) {
     EXPECT_EQ(nameFrom(GetParam().content), GetParam().text);
 }
 
-const std::vector<Row> kTexts{
+const std::vector<TextRow> kTexts{
     {"plain letters", "Checking", "Checking"},
     {"letters of other scripts", "Gr\u00fc\u00dfe \u98df \U0001F600",
      QString::fromUtf8("Gr\u00fc\u00dfe \u98df \U0001F600")},

@@ -13,7 +13,7 @@ using namespace CVHouseholdTables;
 
 constexpr int kYears = 2;
 constexpr int kMonthsPerYear = 12;
-constexpr std::size_t kPercentFlagged = 2;
+constexpr std::size_t kPercentOfHouseholdFlagged = 2;
 
 /// Records what the tables say, as the family would have done: a set chosen, a category named, a transaction inserted.
 class Family final {
@@ -65,7 +65,7 @@ void Family::record(const QBDate& date, const char* category, const Purchase& pu
     transaction->setFor(QString::fromUtf8(purchase.remark));
     transaction->setCategoryID(mDocument.insertCategoryName(QString::fromUtf8(category))->uniqueID());
     transaction->setTaxFlag(tax == Tax::Yes);
-    transaction->setUserFlag(mRandom.chance(kPercentFlagged));
+    transaction->setUserFlag(mRandom.chance(kPercentOfHouseholdFlagged));
     mDocument.setCurrentTransactionSet(account == Account::Checking ? mChecking : mSavings);
     mDocument.insertTransaction(transaction);
 }

@@ -15,7 +15,7 @@ constexpr std::array<const char*, 2> kSetNames{"Checking", "Savings"};
 
 constexpr std::size_t kPercentWithoutRemark = 30;
 constexpr std::size_t kPercentTax = 8;
-constexpr std::size_t kPercentFlagged = 3;
+constexpr std::size_t kPercentOfScaleFlagged = 3;
 constexpr std::size_t kLeastCents = 100;
 constexpr std::size_t kMostCents = 50'000;
 
@@ -62,7 +62,7 @@ void addTransactions(CVDocument& document, const CVScaleBudget& budget, CVRandom
         if (budget.sets > 0)
             transaction->setTransactionSetID(document.transactionSets()[random.skewed(budget.sets)]->uniqueID());
         transaction->setTaxFlag(random.chance(kPercentTax));
-        transaction->setUserFlag(random.chance(kPercentFlagged));
+        transaction->setUserFlag(random.chance(kPercentOfScaleFlagged));
         transaction->setDocument(&document);
         document.addTransaction(transaction);
     }

@@ -7,7 +7,7 @@ namespace {
 
 constexpr int kDigitsOfFullYear = 4;
 constexpr int kYearsAhead = 20;
-constexpr int kCentury = 100;
+constexpr int kYearsPerCentury = 100;
 /// What people type between the numbers of a date, besides what their locale writes there.
 constexpr QStringView kUsualSeparators = u"/.-, ";
 
@@ -19,8 +19,8 @@ struct Number {
 /// The year with these last two digits that lies nearest, not more than twenty years ahead.
 qint64 fullYear(int lastDigits) {
     const qint64 latest = QBDate::date().yearOfCommonEra() + kYearsAhead;
-    const qint64 year = latest - latest % kCentury + lastDigits;
-    return year > latest ? year - kCentury : year;
+    const qint64 year = latest - latest % kYearsPerCentury + lastDigits;
+    return year > latest ? year - kYearsPerCentury : year;
 }
 
 /// Absent when the calendar has no such day.
@@ -139,7 +139,7 @@ QString QBDateFormatter::digits(qint64 number, int width) const {
 
 QString QBDateFormatter::yearText(qint64 year, int width) const {
     if (width == 2) {
-        const int lastDigits = static_cast<int>(std::abs(year) % kCentury);
+        const int lastDigits = static_cast<int>(std::abs(year) % kYearsPerCentury);
         if (fullYear(lastDigits) == year)
             return digits(lastDigits, width);
     }

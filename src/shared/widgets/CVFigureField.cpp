@@ -1,9 +1,11 @@
 #include "shared/widgets/CVFigureField.h"
 
+#include "shared/widgets/CVCellAlignment.h"
+
 CVFigureField::CVFigureField(QWidget* parent) : QLineEdit(parent) {
     setReadOnly(true);
     setFrame(false);
-    setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    setAlignment(kCVNumberAlignment);
     setFocusPolicy(Qt::ClickFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     QPalette transparent;

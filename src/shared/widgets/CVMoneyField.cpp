@@ -1,5 +1,7 @@
 #include "shared/widgets/CVMoneyField.h"
 
+#include "shared/widgets/CVCellAlignment.h"
+
 #include <QFocusEvent>
 
 namespace {
@@ -10,7 +12,7 @@ constexpr double kUsualAmount = 99'999.99;
 } // namespace
 
 CVMoneyField::CVMoneyField(QWidget* parent) : CVFormattedField(parent) {
-    setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    setAlignment(kCVNumberAlignment);
     connect(this, &QLineEdit::textEdited, this, &CVMoneyField::previewResult);
     showValue();
 }

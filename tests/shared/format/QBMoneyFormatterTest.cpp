@@ -9,7 +9,7 @@
 
 namespace {
 
-const QLocale kGerman(QLocale::German, QLocale::Germany);
+const QLocale kGermany(QLocale::German, QLocale::Germany);
 
 TEST(QBMoneyFormatter, WritesSignSymbolGroupsAndTwoDecimals) {
     struct {
@@ -24,7 +24,7 @@ TEST(QBMoneyFormatter, WritesSignSymbolGroupsAndTwoDecimals) {
 }
 
 TEST(QBMoneyFormatter, UsesTheSignsOfItsLocaleAtTheSamePlaces) {
-    EXPECT_EQ(QBMoneyFormatter(kGerman).string(-1234.5), "-€1.234,50");
+    EXPECT_EQ(QBMoneyFormatter(kGermany).string(-1234.5), "-€1.234,50");
     EXPECT_EQ(QBMoneyFormatter(QLocale(QLocale::Swedish, QLocale::Sweden)).string(-1234.5), "−kr1\u00a0234,50");
     EXPECT_EQ(QBMoneyFormatter(QLocale(QLocale::English, QLocale::UnitedKingdom)).string(2), "£2.00");
 }
@@ -75,7 +75,7 @@ TEST(QBMoneyFormatter, NeverGuessesAtATextThatIsNoAmount) {
 }
 
 TEST(QBMoneyFormatter, ReadsTheMarksOfItsLocale) {
-    const QBMoneyFormatter formatter(kGerman);
+    const QBMoneyFormatter formatter(kGermany);
     EXPECT_EQ(formatter.parse(u"1.234,50"), 1234.5);
     EXPECT_EQ(formatter.parse(u"1.234,50 €"), 1234.5);
     EXPECT_EQ(formatter.parse(u"1.234"), 1234.0);
