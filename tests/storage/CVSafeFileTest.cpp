@@ -24,7 +24,7 @@ protected:
 
 TEST_F(CVReplaceFileTest, makesANewFile) {
     writeFile(mFolder + "/other", "other");
-    const CVFileResult result = replace(mPath, "new");
+    const CVReplaceResult result = replace(mPath, "new");
     EXPECT_TRUE(result.ok()) << result.error.toStdString();
     EXPECT_EQ(readFile(mPath), "new");
     EXPECT_EQ(namesIn(mFolder), QStringList({"Data File.corvella", "other"}));
@@ -112,7 +112,7 @@ TEST_F(CVReplaceFileTest, followsALink) {
         }
         const QString target = QString::fromLatin1(row.target).replace(QLatin1String("%1"), home.path());
         makeLink(target, folder + "/link");
-        const CVFileResult result = replace(folder + "/link", "new");
+        const CVReplaceResult result = replace(folder + "/link", "new");
         EXPECT_TRUE(result.ok()) << row.behaviour << ": " << result.error.toStdString();
         EXPECT_EQ(readFile(real), "new") << row.behaviour;
         EXPECT_EQ(modeOf(real), row.exists ? 0640 : 0600) << row.behaviour;
@@ -144,7 +144,7 @@ TEST_F(CVReplaceFileTest, refusesLinksThatGoRoundInACircle) {
 }
 
 TEST_F(CVReplaceFileTest, failsWithoutAFolder) {
-    const CVFileResult result = replace(mPath, "new");
+    const CVReplaceResult result = replace(mPath, "new");
     EXPECT_FALSE(result.ok());
     EXPECT_FALSE(QFileInfo::exists(mFolder));
 }
@@ -159,7 +159,7 @@ TEST_F(CVReplaceFileTest, failsWhereALinkLeadsToNoFolder) {
 
 TEST_F(CVReplaceFileTest, failsWhereAFolderStands) {
     writeFile(mPath + "/inside", "inside");
-    const CVFileResult result = replace(mPath, "new");
+    const CVReplaceResult result = replace(mPath, "new");
     EXPECT_FALSE(result.ok());
     EXPECT_EQ(readFile(mPath + "/inside"), "inside");
     EXPECT_EQ(namesIn(mFolder), QStringList({"Data File.corvella"}));
