@@ -13,10 +13,17 @@ public:
         return mAnswers.isEmpty() ? std::nullopt : std::optional(mAnswers.takeFirst());
     }
 
+    std::optional<QString> chooseFolder(QWidget& /*window*/, const CVFolderPanelRequest& request) override {
+        mFoldersAsked.append(request);
+        return mAnswers.isEmpty() ? std::nullopt : std::optional(mAnswers.takeFirst());
+    }
+
     void answer(const QString& path) { mAnswers.append(path); }
     [[nodiscard]] const QList<CVSavePanelRequest>& asked() const { return mAsked; }
+    [[nodiscard]] const QList<CVFolderPanelRequest>& foldersAsked() const { return mFoldersAsked; }
 
 private:
     QList<QString> mAnswers;
     QList<CVSavePanelRequest> mAsked;
+    QList<CVFolderPanelRequest> mFoldersAsked;
 };

@@ -7,6 +7,8 @@ namespace CVBundle {
 
 inline constexpr const char* kName = "Corvella";
 inline constexpr const char* kOrganization = "Quenby Labs";
+/// Of the one data file, in whatever folder.
+inline constexpr const char* kDataFileName = "Corvella Data.corvella";
 inline constexpr const char* kIdentifier = "com.quenbylabs.corvella";
 
 /// The bundle version, "" when the build was given none. UTF-8.

@@ -21,4 +21,16 @@ inline constexpr const char* kReportTab = "kCReportTab";
 inline constexpr const char* kTransactionPeriod = "kCVTransactionPeriod";
 inline constexpr const char* kReportPeriod = "kCVReportPeriod";
 
+/// The identifier of the preferences' tab that was shown last.
+inline constexpr const char* kPreferencesTab = "Prefs: Selected Tab";
+/// 0 never, 1 daily, 2 weekly, 3 monthly.
+inline constexpr const char* kCheckUpdatesAutomatically = "QBCheckUpdatesAutomatically";
+inline constexpr const char* kIncludeSysInfo = "QBIncludeSysInfoWithCheckForUpdate";
+/// Written with the fixed format "%m/%d/%y %H:%M %z".
+inline constexpr const char* kLastCheckForUpdatesTime = "QBLastCheckForUpdatesTime";
+/// What the maker says of a newer version, and with "AppCheckedVersion" which version asked.
+inline constexpr const char* kUpdatedAppInfo = "QBUpdatedAppInfo";
+/// There when the last check got no usable reply.
+inline constexpr const char* kUpdatedAppError = "QBUpdatedAppError";
+
 } // namespace CVDefaultsKeys

@@ -10,5 +10,7 @@ inline constexpr const char* kTransactionSet = "kCVTransactionSetNotification";
 /// Money is written in another way now.
 inline constexpr const char* kMoneyFormatterChanged = "kQBNotif_MoneyFormatterChanged";
 inline constexpr const char* kPreference = "CVPreferenceNotification";
+/// A check for a newer version got a usable reply; its object is the one that checked, a `QObject*`.
+inline constexpr const char* kCheckedForUpdates = "QBNotification_CheckedForUpdates";
 
 } // namespace CVNotifications

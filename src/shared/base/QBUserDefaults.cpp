@@ -36,6 +36,14 @@ QByteArray QBUserDefaults::dataForKey(const char* key) const {
     return value(key).toByteArray();
 }
 
+QVariantMap QBUserDefaults::dictionaryForKey(const char* key) const {
+    return value(key).toMap();
+}
+
+bool QBUserDefaults::hasKey(const char* key) const {
+    return value(key).isValid();
+}
+
 void QBUserDefaults::setInteger(const char* key, int value) {
     setValue(key, value);
 }
@@ -52,12 +60,24 @@ void QBUserDefaults::setData(const char* key, const QByteArray& value) {
     setValue(key, value);
 }
 
+void QBUserDefaults::setDictionary(const char* key, const QVariantMap& value) {
+    setValue(key, value);
+}
+
 void QBUserDefaults::removeKey(const char* key) {
     setValue(key, {});
 }
 
-void QBUserDefaults::synchronize() {
-    mStore->sync();
+bool QBUserDefaults::synchronize() {
+    // The store remembers its first failure for good. Another look at the same file shares what is to be written and
+    // tells how it goes today.
+    QSettings writer(mStore->fileName(), mStore->format());
+    writer.sync();
+    return writer.status() != QSettings::AccessError;
+}
+
+QString QBUserDefaults::fileName() const {
+    return mStore->fileName();
 }
 
 QVariant QBUserDefaults::value(const char* key) const {

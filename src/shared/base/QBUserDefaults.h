@@ -33,15 +33,21 @@ public:
     /// Absent when the key is absent or its value is empty.
     [[nodiscard]] std::optional<QString> stringForKey(const char* key) const;
     [[nodiscard]] QByteArray dataForKey(const char* key) const;
+    /// Empty when the key is absent or its value is no dictionary.
+    [[nodiscard]] QVariantMap dictionaryForKey(const char* key) const;
+    [[nodiscard]] bool hasKey(const char* key) const;
 
     void setInteger(const char* key, int value);
     void setBool(const char* key, bool value);
     void setString(const char* key, const QString& value);
     void setData(const char* key, const QByteArray& value);
+    void setDictionary(const char* key, const QVariantMap& value);
     void removeKey(const char* key);
 
-    /// Writes what has changed to the disk at once.
-    void synchronize();
+    /// Writes what has changed to the disk at once; false when that fails, and what was set ends with the process.
+    bool synchronize();
+    /// The settings file, for a person to look at.
+    [[nodiscard]] QString fileName() const;
 
 private:
     [[nodiscard]] QVariant value(const char* key) const;

@@ -34,6 +34,8 @@ QPushButton* addButton(QMessageBox& panel, const QString& text, QMessageBox::But
 CVAlert::Answer CVAlertPanel::run(const CVAlert& alert) {
     QMessageBox panel(windowInUse());
     panel.setWindowModality(Qt::WindowModal);
+    // At the start it may be the only window.
+    panel.setAttribute(Qt::WA_QuitOnClose, false);
     panel.setIcon(alert.style == CVAlert::Style::Warning ? QMessageBox::Warning : QMessageBox::Information);
     panel.setWindowTitle(alert.title);
     // Texts may quote what the user typed: they are shown as they are, not read as markup.
@@ -43,10 +45,12 @@ CVAlert::Answer CVAlertPanel::run(const CVAlert& alert) {
 
     QPushButton* const defaultButton = addButton(panel, alert.defaultButton, QMessageBox::AcceptRole);
     QPushButton* const alternateButton = addButton(panel, alert.alternateButton, QMessageBox::RejectRole);
-    const QPushButton* const otherButton = addButton(panel, alert.otherButton, QMessageBox::ActionRole);
+    QPushButton* const otherButton = addButton(panel, alert.otherButton, QMessageBox::ActionRole);
     panel.setDefaultButton(defaultButton);
     const bool isDefaultSafe = !alternateButton || alert.escapeAnswer == CVAlert::kDefault;
-    panel.setEscapeButton(isDefaultSafe ? defaultButton : alternateButton);
+    panel.setEscapeButton(isDefaultSafe                                          ? defaultButton
+                          : otherButton && alert.escapeAnswer == CVAlert::kOther ? otherButton
+                                                                                 : alternateButton);
     panel.exec();
 
     // An alert that ends without an answer is no consent.

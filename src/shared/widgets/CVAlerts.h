@@ -14,8 +14,8 @@ struct CVAlert {
     QString alternateButton = {};
     QString otherButton = {};
     Style style = Style::Warning;
-    /// What Escape, and closing the panel, answer: the alternate button, as far as there is one, or the default button
-    /// where that is the one that changes nothing.
+    /// What Escape, and closing the panel, answer: the alternate button, as far as there is one, or the default or the
+    /// other button where that is the one that changes nothing.
     Answer escapeAnswer = kAlternate;
 };
 

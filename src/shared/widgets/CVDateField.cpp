@@ -84,7 +84,7 @@ bool CVDateField::takeValue(const QString& text) {
 }
 
 void CVDateField::valueTaken() {
-    if (mDate == mKnownDate)
+    if (mDate == mKnownDate && !wasTyped())
         return;
     const QBDate entered = mDate;
     mKnownDate = entered;

@@ -24,8 +24,8 @@ public:
     void showCalendar();
 
 signals:
-    /// The user has typed (and left the field or pressed Return), stepped to or chosen another day. Not for a day that
-    /// the program set.
+    /// The user has typed a day (and left the field or pressed Return), be it the same one, or stepped to or chosen
+    /// another. Not for a day that the program set.
     void dateEntered(const QBDate& date);
 
 protected:

@@ -16,3 +16,17 @@ std::optional<QString> CVFileDialogs::chooseSaveLocation(QWidget& window, const 
         return std::nullopt;
     return dialog.selectedFiles().constFirst();
 }
+
+std::optional<QString> CVFileDialogs::chooseFolder(QWidget& window, const CVFolderPanelRequest& request) {
+    QFileDialog dialog(&window, request.title);
+    dialog.setWindowModality(Qt::WindowModal);
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    dialog.setLabelText(QFileDialog::Accept, request.prompt);
+    dialog.setDirectory(request.startFolder.isEmpty()
+                            ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)
+                            : request.startFolder);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    return dialog.selectedFiles().constFirst();
+}

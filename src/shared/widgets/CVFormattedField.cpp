@@ -29,8 +29,10 @@ CVFormattedField::CVFormattedField(QWidget* parent)
 }
 
 void CVFormattedField::endEditing() {
+    mWasTyped = isModified();
     if (readText())
         valueTaken();
+    mWasTyped = false;
 }
 
 void CVFormattedField::localeChanged() {

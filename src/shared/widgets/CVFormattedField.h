@@ -39,6 +39,8 @@ protected:
     virtual bool takeValue(const QString& text) = 0;
     /// Called when a text has been read and its value is shown, at the end of editing.
     virtual void valueTaken() {}
+    /// While `valueTaken` runs: whether the value was typed.
+    [[nodiscard]] bool wasTyped() const { return mWasTyped; }
     [[nodiscard]] virtual QString valueText() const = 0;
     /// Takes the forms of the locale in force from now on.
     virtual void readLocale() = 0;
@@ -67,5 +69,6 @@ private:
     QAction* mMark;
     CVFieldNote* mNote;
     bool mReadable = true;
+    bool mWasTyped = false;
     QString mShownText;
 };

@@ -1,9 +1,12 @@
 #include "shared/widgets/CVTableView.h"
 
 #include "shared/widgets/CVTableStyle.h"
+#include "shared/widgets/CVTableText.h"
 
-#include <QEvent>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QPainter>
 
 namespace {
@@ -51,6 +54,13 @@ void CVTableView::changeEvent(QEvent* event) {
     QTableView::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         verticalHeader()->setDefaultSectionSize(rowHeight());
+}
+
+void CVTableView::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy) && selectionModel() && selectionModel()->hasSelection())
+        QGuiApplication::clipboard()->setText(CVSelectedText(*this));
+    else
+        QTableView::keyPressEvent(event);
 }
 
 void CVTableView::setUpHeaders() {

@@ -3,7 +3,7 @@
 #include <QTableView>
 
 /// A table in the house's style: rows of one and a half lines in alternating tints, no grid, more room between the
-/// columns. One with nothing in it can say why.
+/// columns. One with nothing in it can say why. Copy takes the selected rows as text.
 class CVTableView : public QTableView {
     Q_OBJECT
 
@@ -18,6 +18,7 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void setUpHeaders();

@@ -4,11 +4,14 @@
 #include "kit/ScratchHome.h"
 #include "shared/base/CVDefaultsKeys.h"
 
+#include <QDir>
 #include <QFile>
 #include <QSettings>
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
+#include <csignal>
 #include <limits>
 
 namespace {
@@ -106,6 +109,73 @@ TEST(QBUserDefaults, ReadsAnUnreadableFileAsEmpty) {
     const QBUserDefaults defaults(home.settingsStore());
     EXPECT_EQ(defaults.integerForKey("number"), 0);
     EXPECT_EQ(defaults.stringForKey("text"), std::nullopt);
+}
+
+TEST(QBUserDefaults, KeepsADictionary) {
+    ScratchHome home;
+    const QVariantMap entry{{"Version", "1.1"}, {"Download", "https://x.example/?a=1&b=ü"}, {"Size", 12}};
+    home.userDefaults().setDictionary("info", entry);
+    EXPECT_EQ(reopened(home).dictionaryForKey("info"), entry);
+    EXPECT_TRUE(reopened(home).hasKey("info"));
+    home.userDefaults().setString("text", "no dictionary");
+    EXPECT_TRUE(home.userDefaults().dictionaryForKey("text").isEmpty());
+    EXPECT_TRUE(home.userDefaults().hasKey("text"));
+    EXPECT_FALSE(home.userDefaults().hasKey("nothing"));
+}
+
+TEST(QBUserDefaults, SaysWhetherTheDiskHasTheSettingsEachTime) {
+    ScratchHome home;
+    QBUserDefaults& defaults = home.userDefaults();
+    const QString path = home.path("settings.ini");
+    EXPECT_EQ(defaults.fileName(), path);
+    defaults.setInteger("number", 1);
+    EXPECT_TRUE(defaults.synchronize());
+    // A folder in the place of the file: not even the superuser can write it.
+    ASSERT_TRUE(QFile::remove(path) && QDir().mkdir(path));
+    defaults.setInteger("number", 2);
+    EXPECT_FALSE(defaults.synchronize());
+    EXPECT_EQ(defaults.integerForKey("number"), 2);
+    ASSERT_TRUE(QDir().rmdir(path));
+    defaults.setInteger("number", 3);
+    EXPECT_TRUE(defaults.synchronize()) << "the failure of before is over";
+    EXPECT_EQ(reopened(home).integerForKey("number"), 3);
+}
+
+/// As on a full disk, no file can be longer than a few bytes while this object lives.
+class FullDisk final {
+public:
+    FullDisk() : mHandler(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &mLimit);
+        rlimit full = mLimit;
+        full.rlim_cur = 8;
+        setrlimit(RLIMIT_FSIZE, &full);
+    }
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &mLimit);
+        std::signal(SIGXFSZ, mHandler);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit mLimit{};
+    void (*mHandler)(int);
+};
+
+TEST(QBUserDefaults, AFullDiskIsReportedAndLeavesTheFormerSettings) {
+    ScratchHome home;
+    QBUserDefaults& defaults = home.userDefaults();
+    defaults.setString(CVDefaultsKeys::kDataFileLocation, "/somewhere/else");
+    ASSERT_TRUE(defaults.synchronize());
+    defaults.setInteger("number", 2);
+    {
+        const FullDisk fullDisk;
+        EXPECT_FALSE(defaults.synchronize());
+    }
+    QFile file(home.path("settings.ini"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(file.readAll().contains("/somewhere/else"));
+    EXPECT_EQ(defaults.integerForKey("number"), 2);
 }
 
 TEST(QBUserDefaultsForgotten, ShowsTheStoreUntilSomethingIsSet) {

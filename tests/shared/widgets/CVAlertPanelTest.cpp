@@ -69,6 +69,22 @@ TEST(CVAlertPanel, EscapeAndClosingAnswerWithTheDefaultButtonWhereThatIsTheSafeO
     EXPECT_EQ(click(alert, "Yes"), CVAlert::kAlternate);
 }
 
+TEST(CVAlertPanel, EscapeAnswersWithTheOtherButtonWhereThatIsTheSafeOne) {
+    CVAlert alert = kThreeButtons;
+    alert.escapeAnswer = CVAlert::kOther;
+    EXPECT_EQ(press(alert, Qt::Key_Escape), CVAlert::kOther);
+    EXPECT_EQ(run(alert, [](QMessageBox& panel) { panel.close(); }), CVAlert::kOther);
+    alert.otherButton.clear();
+    EXPECT_EQ(press(alert, Qt::Key_Escape), CVAlert::kAlternate) << "there is no such button";
+}
+
+TEST(CVAlertPanel, ItsEndIsNotThatOfTheProgramAlthoughItIsTheOnlyWindow) {
+    run(kOneButton, [](QMessageBox& panel) {
+        EXPECT_FALSE(panel.testAttribute(Qt::WA_QuitOnClose));
+        panel.reject();
+    });
+}
+
 TEST(CVAlertPanel, ShowsItsTextsAsTheyAreAndBlocksTheWindowInUse) {
     QWidget window;
     window.show();

@@ -1,0 +1,195 @@
+#include "preferences/CVDataFilePane.h"
+
+#include "model/CVDocument.h"
+#include "preferences/CVPreferenceHost.h"
+#include "preferences/CVPreferenceStore.h"
+#include "shared/base/CVBundle.h"
+#include "shared/base/CVDefaultsKeys.h"
+#include "shared/base/QBUserDefaults.h"
+#include "shared/widgets/CVFilePanels.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace {
+
+/// The user's home as "~".
+QString abbreviated(const QString& folder) {
+    const QString home = QDir::homePath();
+    if (folder != home && !folder.startsWith(home + '/'))
+        return QDir::toNativeSeparators(folder);
+    return QDir::toNativeSeparators('~' + folder.sliced(home.size()));
+}
+
+/// Another window waits for an answer: what it asks about must not go under it. It is brought to the front.
+bool isOtherWindowWaiting() {
+    QWidget* const waiting = QApplication::activeModalWidget();
+    if (!waiting)
+        return false;
+    waiting->raise();
+    waiting->activateWindow();
+    return true;
+}
+
+/// Whether the two paths lead to one place, by whatever way.
+bool isSamePlace(const QString& path, const QString& other) {
+    if (QDir::cleanPath(path) == QDir::cleanPath(other))
+        return true;
+    const QString canonical = QFileInfo(path).canonicalFilePath();
+    return !canonical.isEmpty() && canonical == QFileInfo(other).canonicalFilePath();
+}
+
+} // namespace
+
+CVDataFilePane::CVDataFilePane(CVPreferenceStore& store, CVDocument& document, CVPreferenceHost& host, CVAlerts& alerts,
+                               CVFilePanels& panels, QWidget* parent)
+    : CVPreferencePane(store, parent)
+    , mDocument(&document)
+    , mHost(host)
+    , mAlerts(alerts)
+    , mPanels(panels)
+    , mDataFileLocation(new QLineEdit(this)) {
+    mDataFileLocation->setObjectName(QStringLiteral("mDataFileLocation"));
+    mDataFileLocation->setAccessibleName(tr("Data File Location"));
+    mDataFileLocation->setReadOnly(true);
+    mDataFileLocation->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    form().addRow(tr("Your data file is &in:"), mDataFileLocation);
+    QPushButton* const change = addButton(tr("Change &Location…"), tr("Change Location"));
+    connect(change, &QPushButton::clicked, this, &CVDataFilePane::changeFileLocation);
+    addHint(tr("A file that stays behind at the old place is not used any more."));
+    QPushButton* const clear = addButton(tr("Clear &Data File…"), tr("Clear Data File"));
+    connect(clear, &QPushButton::clicked, this, &CVDataFilePane::clearDataFile);
+    addHint(tr("Removes all transactions and brings the default categories back."));
+}
+
+QPushButton* CVDataFilePane::addButton(const QString& text, const QString& name) {
+    auto* const button = new QPushButton(text, this);
+    button->setAccessibleName(name);
+    button->setAutoDefault(false);
+    auto* const row = new QHBoxLayout;
+    row->addWidget(button);
+    row->addStretch();
+    form().addRow(QString(), row);
+    return button;
+}
+
+void CVDataFilePane::load() {
+    _cv_set_file_location_field();
+}
+
+void CVDataFilePane::changeFileLocation() {
+    if (isOtherWindowWaiting())
+        return;
+    const auto path = choosePath();
+    const auto present = store().defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
+    if (!path || (present && isSamePlace(*path, *present)))
+        return;
+    if (!QFileInfo(*path).isFile())
+        return _cv_change_document_path(*path, Replace::Yes);
+    switch (askWhatToUse(QFileInfo(*path).path())) {
+    case CVAlert::kDefault:
+        return _cv_change_document_path(*path, Replace::No);
+    case CVAlert::kOther:
+        return _cv_change_document_path(*path, Replace::Yes);
+    case CVAlert::kAlternate:
+        return;
+    }
+}
+
+std::optional<QString> CVDataFilePane::choosePath() {
+    const auto present = store().defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
+    const QString start = present && QFileInfo(*present).isFile() ? QFileInfo(*present).path() : QString();
+    const auto folder =
+        mPanels.chooseFolder(*window(), {tr("Choose a Folder for Your Data File"), tr("Choose"), start});
+    if (!folder)
+        return std::nullopt;
+    return QDir(*folder).absoluteFilePath(QString::fromLatin1(CVBundle::kDataFileName));
+}
+
+CVAlert::Answer CVDataFilePane::askWhatToUse(const QString& folder) const {
+    CVAlert alert{
+        tr("Corvella file already exists"),
+        tr("There is already a Corvella data file at '%1'.\n\nWould you like to use this file instead of your "
+           "current data, replace this file with your current data, or cancel and choose a different folder?")
+            .arg(abbreviated(folder)),
+        tr("Use Chosen File"), tr("Cancel"), tr("Replace Chosen File")};
+    alert.style = CVAlert::Style::Information;
+    return mAlerts.run(alert);
+}
+
+void CVDataFilePane::_cv_change_document_path(const QString& path, Replace replace) {
+    if (replace == Replace::Yes)
+        moveDocument(path);
+    else
+        useDocument(path);
+    _cv_set_file_location_field();
+}
+
+void CVDataFilePane::moveDocument(const QString& path) {
+    const auto former = store().defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
+    store().setDataFileLocation(path);
+    mDocument->workbookSave();
+    const QString failure = mHost.waitForSaves();
+    if (failure.isEmpty())
+        return;
+    store().setDataFileLocation(former);
+    // Nothing was lost: what the window says of the last save is to be true of the file that is used.
+    if (former)
+        mDocument->workbookSave();
+    mAlerts.run({tr("Your data file was not moved"), failure + u' ' + tr("Corvella keeps your budget where it was."),
+                 tr("OK")});
+}
+
+void CVDataFilePane::useDocument(const QString& path) {
+    if (isOtherWindowWaiting())
+        return;
+    const QString failure = mHost.waitForSaves();
+    if (!failure.isEmpty()) {
+        mAlerts.run({tr("Your last changes are not saved"),
+                     failure + u' ' + tr("They would be lost, so the other file is not used yet."), tr("OK")});
+        return;
+    }
+    store().setDataFileLocation(path);
+    mHost.reopenDocument();
+}
+
+void CVDataFilePane::clearDataFile() {
+    if (isOtherWindowWaiting())
+        return;
+    CVAlert first{
+        tr("Are you sure you want to clear your Corvella data file?"),
+        tr("Clearing your data file will remove ALL transactions and reset the category list to the defaults.  "
+           "You can't undo this action."),
+        tr("No"), tr("Yes")};
+    first.escapeAnswer = CVAlert::kDefault;
+    if (mAlerts.run(first) != CVAlert::kAlternate)
+        return;
+    const CVAlert second{
+        tr("Are you REALLY sure you want to clear your Corvella data file?"),
+        tr("If you continue, your Corvella data will be lost and you will have to start over.  This is "
+           "your last chance to stop."),
+        tr("Yes, Continue"), tr("No, Stop!")};
+    if (mAlerts.run(second) != CVAlert::kDefault)
+        return;
+    mDocument->reset_to_default_info();
+    store().announce();
+    emit cleared();
+    CVAlert done{tr("Corvella data cleared"),
+                 tr("Your Corvella data has been cleared.  The category list has been reset to the default list."),
+                 tr("OK")};
+    done.style = CVAlert::Style::Information;
+    mAlerts.run(done);
+}
+
+void CVDataFilePane::_cv_set_file_location_field() {
+    const auto path = store().defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
+    const bool isThere = path && QFileInfo(*path).isFile();
+    mDataFileLocation->setText(isThere ? abbreviated(QFileInfo(*path).path()) : tr("Not set"));
+    mDataFileLocation->setToolTip(isThere ? QDir::toNativeSeparators(*path) : QString());
+    mDataFileLocation->setCursorPosition(0);
+}

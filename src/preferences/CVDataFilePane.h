@@ -1,0 +1,52 @@
+#pragma once
+
+#include "preferences/CVPreferencePane.h"
+#include "shared/widgets/CVAlerts.h"
+
+#include <optional>
+
+class CVDocument;
+class CVFilePanels;
+class CVPreferenceHost;
+class QLineEdit;
+class QPushButton;
+
+/// Where the data file is: shows it, moves it, clears it. References the document, which may be replaced, and the host,
+/// the alerts and the panels, which outlive it.
+class CVDataFilePane final : public CVPreferencePane {
+    Q_OBJECT
+
+public:
+    CVDataFilePane(CVPreferenceStore& store, CVDocument& document, CVPreferenceHost& host, CVAlerts& alerts,
+                   CVFilePanels& panels, QWidget* parent = nullptr);
+
+    void load() override;
+    void setDocument(CVDocument& document) { mDocument = &document; }
+
+    /// Lets the user choose a folder and keeps the budget there from now on, or takes the budget that is there.
+    void changeFileLocation();
+    /// Empties the budget once the user has confirmed it twice.
+    void clearDataFile();
+
+signals:
+    /// The budget was emptied, and some settings with it.
+    void cleared();
+
+private:
+    enum class Replace : bool { No, Yes };
+
+    QPushButton* addButton(const QString& text, const QString& name);
+    /// Where the budget is to be; absent when the user cancelled.
+    [[nodiscard]] std::optional<QString> choosePath();
+    void _cv_set_file_location_field();
+    void _cv_change_document_path(const QString& path, Replace replace);
+    void moveDocument(const QString& path);
+    void useDocument(const QString& path);
+    [[nodiscard]] CVAlert::Answer askWhatToUse(const QString& folder) const;
+
+    CVDocument* mDocument;
+    CVPreferenceHost& mHost;
+    CVAlerts& mAlerts;
+    CVFilePanels& mPanels;
+    QLineEdit* mDataFileLocation;
+};

@@ -1,0 +1,38 @@
+#include "preferences/CVPreferenceStore.h"
+
+#include "shared/base/CVDefaultsKeys.h"
+#include "shared/base/CVNotifications.h"
+#include "shared/base/QBNotificationCenter.h"
+#include "shared/base/QBUserDefaults.h"
+
+CVPreferenceStore::CVPreferenceStore(QBUserDefaults& defaults, QBNotificationCenter& notificationCenter)
+    : mDefaults(defaults)
+    , mNotificationCenter(notificationCenter) {}
+
+void CVPreferenceStore::setInteger(const char* key, int value, Change change) {
+    mDefaults.setInteger(key, value);
+    finish(change);
+}
+
+void CVPreferenceStore::setBool(const char* key, bool value, Change change) {
+    mDefaults.setBool(key, value);
+    finish(change);
+}
+
+void CVPreferenceStore::setDataFileLocation(const std::optional<QString>& path) {
+    if (path)
+        mDefaults.setString(CVDefaultsKeys::kDataFileLocation, *path);
+    else
+        mDefaults.removeKey(CVDefaultsKeys::kDataFileLocation);
+    finish(Change::Silent);
+}
+
+void CVPreferenceStore::announce() const {
+    mNotificationCenter.postNotification(QLatin1String(CVNotifications::kPreference));
+}
+
+void CVPreferenceStore::finish(Change change) {
+    emit written(mDefaults.synchronize());
+    if (change == Change::Announced)
+        announce();
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "shared/widgets/CVFormattedField.h"
+
+/// A whole number from 0 to 999, in the digits of the locale.
+class CVWholeNumberField final : public CVFormattedField {
+    Q_OBJECT
+
+public:
+    explicit CVWholeNumberField(QWidget* parent = nullptr);
+
+    [[nodiscard]] int integerValue() const { return mValue; }
+    void setIntegerValue(int value);
+
+    [[nodiscard]] QString expectation() const override;
+
+signals:
+    /// Editing has ended with a number, the same one or another.
+    void entered(int value);
+
+protected:
+    bool takeValue(const QString& text) override;
+    void valueTaken() override { emit entered(mValue); }
+    [[nodiscard]] QString valueText() const override;
+    void readLocale() override {}
+    [[nodiscard]] QString usualText() const override;
+
+private:
+    int mValue = 0;
+};

@@ -1,0 +1,11 @@
+#include "shared/widgets/CVOpenEditor.h"
+
+#include <QAbstractItemView>
+
+void CVCommitOpenEditor(QWidget* focused) {
+    for (QWidget* above = focused ? focused->parentWidget() : nullptr; above; above = above->parentWidget()) {
+        // An editor commits when it loses the focus.
+        if (qobject_cast<QAbstractItemView*>(above))
+            return focused->clearFocus();
+    }
+}

@@ -1,0 +1,26 @@
+#include "updates/CVUpdateAddress.h"
+
+#include "shared/base/CVBundle.h"
+#include "shared/base/CVSite.h"
+#include "updates/QBUpdateInfo.h"
+
+CVUpdateService CVUpdateService::ofBundle() {
+    const auto version = CVBundle::version();
+    return {CVSite::updateCheck(), QString::fromLatin1(CVBundle::kIdentifier),
+            QString::fromUtf8(version.data(), static_cast<qsizetype>(version.size()))};
+}
+
+QUrl CVUpdateAddress(const CVUpdateService& service, CVSystemInfo systemInfo) {
+    QString address = service.address;
+    url_appendValue(address, service.identifier, QStringLiteral("app"), QBURLParam::First);
+    url_appendValue(address, service.version, QStringLiteral("vers"), QBURLParam::Further);
+    url_appendValue(address, QBSystemVersionForUpdate(), QStringLiteral("sys"), QBURLParam::Further);
+    if (systemInfo == CVSystemInfo::Included)
+        address += QBGatherUpdateInfoForURL();
+    return QUrl(address, QUrl::StrictMode);
+}
+
+void url_appendValue(QString& address, const QString& value, const QString& name, QBURLParam param) {
+    address += param == QBURLParam::First ? '?' : '&';
+    address += name + '=' + QString::fromLatin1(QUrl::toPercentEncoding(value));
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+#include <QUrl>
+
+/// Who asks for a newer version, and where.
+struct CVUpdateService {
+    /// Of the service, without parameters.
+    QString address;
+    QString identifier;
+    QString version;
+
+    /// This program and its maker's service.
+    [[nodiscard]] static CVUpdateService ofBundle();
+};
+
+enum class CVSystemInfo : bool { Left, Included };
+
+/// The address that is fetched, with the parameters that say who asks.
+[[nodiscard]] QUrl CVUpdateAddress(const CVUpdateService& service, CVSystemInfo systemInfo);
+
+enum class QBURLParam : bool { Further, First };
+
+/// Appends "?name=value" (first parameter) or "&name=value" to an address; the value is percent-encoded.
+void url_appendValue(QString& address, const QString& value, const QString& name, QBURLParam param);

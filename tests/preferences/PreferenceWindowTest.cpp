@@ -1,0 +1,122 @@
+#include "PreferencesFixture.h"
+#include "shared/widgets/CVHelpOpener.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace {
+
+class RecordingHelp final : public CVHelpOpener {
+public:
+    void showHelpPage(const QString& page) override { mPages.append(page); }
+    [[nodiscard]] const QStringList& pages() const { return mPages; }
+
+private:
+    QStringList mPages;
+};
+
+class PreferenceWindow : public PreferencesFixture {
+protected:
+    [[nodiscard]] QTabWidget& tabs() const { return *mWindow->findChild<QTabWidget*>(); }
+    [[nodiscard]] QLabel& remark() const { return *mWindow->findChild<QLabel*>("mRemark"); }
+};
+
+TEST_F(PreferenceWindow, HasFourTabsAndStandsBesideTheMainWindow) {
+    open();
+    QStringList titles;
+    for (int i = 0; i < tabs().count(); ++i)
+        titles.append(tabs().tabText(i));
+    EXPECT_EQ(titles, (QStringList{"Budget", "Entry", "Update", "Data File"}));
+    EXPECT_FALSE(mWindow->isModal());
+    EXPECT_FALSE(mWindow->testAttribute(Qt::WA_QuitOnClose)) << "the program ends with its main window";
+}
+
+TEST_F(PreferenceWindow, EveryControlHasItsName) {
+    open();
+    for (const char* const name :
+         {"Items in Pop-up", "Clear Fields", "Today Column", "First Day of Week", "Show All Categories",
+          "Check Automatically", "Check Frequency", "Include System Information", "Check Now", "Learn More",
+          "Data File Location", "Change Location", "Clear Data File"})
+        EXPECT_NE(control<QWidget>(name), nullptr);
+}
+
+TEST_F(PreferenceWindow, EveryControlIsReachedFromTheKeyboard) {
+    open();
+    QStringList met;
+    for (int tab = 0; tab < tabs().count(); ++tab) {
+        tabs().setCurrentIndex(tab);
+        tabs().setFocus();
+        for (int i = 0; i < 12; ++i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            met.append(QApplication::focusWidget()->accessibleName());
+        }
+    }
+    click("Check Automatically");
+    for (const char* const name :
+         {"Items in Pop-up", "Clear Fields", "Today Column", "First Day of Week", "Show All Categories",
+          "Check Automatically", "Include System Information", "Check Now", "Learn More", "Data File Location",
+          "Change Location", "Clear Data File", "Close"})
+        EXPECT_TRUE(met.contains(name)) << name;
+}
+
+TEST_F(PreferenceWindow, TheLastTabIsRememberedByItsIdentifier) {
+    open();
+    tabs().setCurrentIndex(2);
+    EXPECT_EQ(defaults().stringForKey(CVDefaultsKeys::kPreferencesTab), "UpdateID");
+    open();
+    EXPECT_EQ(tabs().currentIndex(), 2);
+    defaults().setString(CVDefaultsKeys::kPreferencesTab, "no such tab");
+    open();
+    EXPECT_EQ(tabs().currentIndex(), 0);
+}
+
+TEST_F(PreferenceWindow, TheUpdatePaneCanBeAskedFor) {
+    open().displayUpdatePane();
+    EXPECT_EQ(tabs().tabText(tabs().currentIndex()), "Update");
+    EXPECT_EQ(tabs().currentWidget()->objectName(), "UpdateID");
+}
+
+TEST_F(PreferenceWindow, ItsFrameIsRemembered) {
+    open().resize(700, 500);
+    mWindow->close();
+    open();
+    EXPECT_EQ(mWindow->size(), QSize(700, 500));
+}
+
+TEST_F(PreferenceWindow, ShownAgainItHasWhatWasChangedElsewhere) {
+    open();
+    mWindow->close();
+    defaults().setInteger(CVDefaultsKeys::kNumberOfItems, 10);
+    mWindow->showWindow();
+    EXPECT_EQ(control<QLineEdit>("Items in Pop-up")->text(), "10");
+}
+
+TEST_F(PreferenceWindow, TheHelpButtonOpensItsPageAndIsNotThereWithoutHelp) {
+    RecordingHelp help;
+    open(&help);
+    click("Help");
+    EXPECT_EQ(help.pages(), QStringList{"Preferences.html"});
+    open();
+    for (const auto* const button : mWindow->findChildren<QPushButton*>())
+        EXPECT_NE(button->accessibleName(), "Help");
+}
+
+TEST_F(PreferenceWindow, SettingsThatCannotBeKeptAreRemarkedOnlyWhenASaveFails) {
+    // Where the settings file belongs there is a folder: not even the superuser can write it.
+    const QString path = mHome.path("settings.ini");
+    QFile::remove(path);
+    ASSERT_TRUE(QDir().mkpath(path));
+    open();
+    EXPECT_TRUE(remark().isHidden());
+    click("Clear Fields");
+    EXPECT_TRUE(remark().isVisible());
+    EXPECT_TRUE(remark().text().contains(path)) << remark().text().toStdString();
+    EXPECT_TRUE(control<QCheckBox>("Clear Fields")->isChecked());
+    EXPECT_TRUE(defaults().boolForKey(CVDefaultsKeys::kClearFields)) << "it lasts until the program ends";
+    ASSERT_TRUE(QDir().rmdir(path));
+    click("Clear Fields");
+    EXPECT_TRUE(remark().isHidden()) << "the trouble is over";
+    EXPECT_TRUE(QBUserDefaults(mHome.settingsStore()).hasKey(CVDefaultsKeys::kClearFields));
+}
+
+} // namespace

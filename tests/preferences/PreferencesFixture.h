@@ -1,0 +1,127 @@
+#pragma once
+
+#include "kit/CountingSaver.h"
+#include "kit/Day.h"
+#include "kit/FixedToday.h"
+#include "kit/NotificationCounter.h"
+#include "kit/Printers.h"
+#include "kit/ScratchHome.h"
+#include "kit/ScriptedAlerts.h"
+#include "kit/ScriptedPanels.h"
+#include "model/CVDocument.h"
+#include "preferences/CVPreferenceHost.h"
+#include "preferences/CVPreferenceWindowController.h"
+#include "shared/base/CVDefaultsKeys.h"
+#include "shared/base/CVNotifications.h"
+#include "shared/base/QBNotificationCenter.h"
+#include "shared/base/QBUserDefaults.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSettings>
+#include <QTabWidget>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+/// A program around the preferences that does nothing but remember what it was asked.
+class ScriptedHost final : public CVPreferenceHost {
+public:
+    void checkForNewVersion() override { ++checks; }
+    [[nodiscard]] QString waitForSaves() override { return failure; }
+    void reopenDocument() override { ++reopened; }
+
+    int checks = 0;
+    int reopened = 0;
+    /// Of the last save.
+    QString failure;
+};
+
+/// The preferences on settings and a document of their own.
+class PreferencesFixture : public testing::Test {
+protected:
+    PreferencesFixture() {
+        mDocument.setSaver(&mSaver);
+        // A first start has no settings file; these tests look at what is written from here on.
+        defaults().synchronize();
+    }
+
+    CVPreferenceWindowController& open(CVHelpOpener* help = nullptr) {
+        mWindow = std::make_unique<CVPreferenceWindowController>(mDocument, mHost, mAlerts, mPanels, help);
+        mNotifications.reset();
+        mWindow->showWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(mWindow.get()));
+        return *mWindow;
+    }
+
+    [[nodiscard]] QBUserDefaults& defaults() { return mHome.userDefaults(); }
+    [[nodiscard]] int announcements() const { return mNotifications.count(CVNotifications::kPreference); }
+
+    /// The control with that accessible name, on whichever tab.
+    template <typename Widget>
+    [[nodiscard]] Widget* control(const QString& name) const {
+        for (auto* const widget : mWindow->findChildren<Widget*>()) {
+            if (widget->accessibleName() == name)
+                return widget;
+        }
+        ADD_FAILURE() << name.toStdString();
+        return nullptr;
+    }
+
+    void showTabOf(QWidget* control) const {
+        auto* const tabs = mWindow->findChild<QTabWidget*>();
+        for (int i = 0; i < tabs->count(); ++i) {
+            if (tabs->widget(i)->isAncestorOf(control))
+                tabs->setCurrentIndex(i);
+        }
+        EXPECT_TRUE(control->isVisible());
+    }
+
+    void click(const QString& name) const {
+        auto* const button = control<QAbstractButton>(name);
+        ASSERT_NE(button, nullptr);
+        if (!mWindow->findChild<QTabWidget*>()->isAncestorOf(button)) {
+            button->click();
+            return;
+        }
+        showTabOf(button);
+        button->setFocus();
+        QTest::keyClick(button, Qt::Key_Space);
+    }
+
+    void pick(const QString& popUp, int index) const {
+        auto* const box = control<QComboBox>(popUp);
+        ASSERT_NE(box, nullptr);
+        showTabOf(box);
+        box->setFocus();
+        QTest::keyClick(box, Qt::Key_Home);
+        for (int i = 0; i < index; ++i)
+            QTest::keyClick(box, Qt::Key_Down);
+        EXPECT_EQ(box->currentIndex(), index);
+    }
+
+    void typeNumberOfItems(const QString& text) const {
+        auto* const field = control<QLineEdit>("Items in Pop-up");
+        showTabOf(field);
+        field->setFocus();
+        field->selectAll();
+        QTest::keyClicks(field, text);
+    }
+
+    FixedToday mToday{day(2014, 3, 7)};
+    ScratchHome mHome;
+    QBNotificationCenter mNotificationCenter;
+    CVDocument mDocument{mNotificationCenter, mHome.userDefaults()};
+    CountingSaver mSaver;
+    ScriptedAlerts mAlerts;
+    ScriptedPanels mPanels;
+    ScriptedHost mHost;
+    NotificationCounter mNotifications{mNotificationCenter};
+    std::unique_ptr<CVPreferenceWindowController> mWindow;
+};
