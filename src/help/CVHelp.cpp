@@ -1,0 +1,70 @@
+#include "help/CVHelp.h"
+
+#include "help/CVHelpBook.h"
+#include "help/CVHelpWindow.h"
+#include "shared/widgets/CVAlerts.h"
+#include "shared/widgets/CVURLOpener.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QUrl>
+
+#include <utility>
+
+namespace {
+
+QString tr(const char* text) {
+    return QCoreApplication::translate("CVHelp", text);
+}
+
+} // namespace
+
+CVHelp::CVHelp(QString programFolder, CVAlerts& alerts, QBUserDefaults& defaults, CVURLOpener& urls)
+    : mProgramFolder(std::move(programFolder))
+    , mAlerts(alerts)
+    , mDefaults(defaults)
+    , mURLs(urls) {}
+
+CVHelp::~CVHelp() = default;
+
+void CVHelp::showHelpPage(const QString& page) {
+    if (mWindow || open())
+        mWindow->showPage(mBook->page(page));
+}
+
+void CVHelp::close() {
+    if (mWindow)
+        mWindow->close();
+}
+
+bool CVHelp::open() {
+    const auto file = CVHelpBook::fileForProgramIn(mProgramFolder);
+    if (!file) {
+        tellOfProblem(tr("its file “corvella.qch” is missing"));
+        return false;
+    }
+    auto book = std::make_unique<CVHelpBook>(*file);
+    if (!book->problem().isEmpty()) {
+        tellOfProblem(tr("“%1” could not be read: %2").arg(QDir::toNativeSeparators(*file), book->problem()));
+        return false;
+    }
+    mBook = std::move(book);
+    mWindow = std::make_unique<CVHelpWindow>(*mBook, mDefaults);
+    QObject::connect(mWindow.get(), &CVHelpWindow::webPageRequested, mWindow.get(),
+                     [this](const QUrl& address) { openWebPage(address); });
+    return true;
+}
+
+void CVHelp::tellOfProblem(const QString& problem) {
+    mAlerts.run({tr("The help book cannot be opened"),
+                 tr("Corvella's help cannot be shown, because %1. Your budget is not affected; install Corvella again "
+                    "to have its help.")
+                     .arg(problem),
+                 tr("OK")});
+}
+
+void CVHelp::openWebPage(const QUrl& address) {
+    if (!mURLs.openURL(address))
+        mAlerts.run({tr("The web page cannot be opened"),
+                     tr("No program on this computer opens “%1”.").arg(address.toString()), tr("OK")});
+}

@@ -1,0 +1,85 @@
+#include "help/CVHelpSearch.h"
+
+#include "help/CVHelpBook.h"
+
+#include <QHelpEngine>
+#include <QHelpSearchEngine>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QRegularExpression>
+#include <QVBoxLayout>
+
+namespace {
+
+/// The words of what was typed: letters and digits, as the index has them.
+QStringList wordsOf(const QString& text) {
+    static const QRegularExpression others(QStringLiteral("[^\\p{L}\\p{N}]+"));
+    return text.split(others, Qt::SkipEmptyParts);
+}
+
+/// In the language of the index: all words, the last as the beginning of one.
+QString queryFor(const QStringList& words) {
+    return u'"' + words.join(QLatin1String("\" \"")) + QLatin1String("\"*");
+}
+
+} // namespace
+
+CVHelpSearch::CVHelpSearch(const CVHelpBook& book, QWidget* parent)
+    : QWidget(parent)
+    , mEngine(*book.engine().searchEngine())
+    , mField(new QLineEdit(this))
+    , mStatus(new QLabel(this))
+    , mResults(new QListWidget(this)) {
+    mField->setAccessibleName(tr("Search Help"));
+    mField->setPlaceholderText(tr("Words to look for"));
+    mField->setClearButtonEnabled(true);
+    mStatus->setWordWrap(true);
+    mResults->setAccessibleName(tr("Pages Found"));
+    auto* const layout = new QVBoxLayout(this);
+    layout->addWidget(mField);
+    layout->addWidget(mStatus);
+    layout->addWidget(mResults, 1);
+
+    connect(mField, &QLineEdit::textChanged, this, &CVHelpSearch::search);
+    connect(mField, &QLineEdit::returnPressed, this, &CVHelpSearch::choose);
+    connect(mResults, &QListWidget::itemActivated, this, &CVHelpSearch::choose);
+    connect(mResults, &QListWidget::itemClicked, this, &CVHelpSearch::choose);
+    connect(&mEngine, &QHelpSearchEngine::indexingFinished, this, &CVHelpSearch::search);
+    connect(&mEngine, &QHelpSearchEngine::searchingFinished, this, &CVHelpSearch::showResults);
+    mEngine.reindexDocumentation();
+}
+
+void CVHelpSearch::focusField() {
+    mField->setFocus(Qt::ShortcutFocusReason);
+    mField->selectAll();
+}
+
+void CVHelpSearch::search() {
+    const QStringList words = wordsOf(mField->text());
+    if (words.isEmpty())
+        showResults(0);
+    else
+        mEngine.search(queryFor(words));
+}
+
+void CVHelpSearch::showResults(int count) {
+    mResults->clear();
+    if (wordsOf(mField->text()).isEmpty()) {
+        mStatus->clear();
+        return;
+    }
+    for (const QHelpSearchResult& result : mEngine.searchResults(0, count)) {
+        auto* const item = new QListWidgetItem(result.title(), mResults);
+        item->setData(Qt::UserRole, result.url());
+    }
+    // Return in the field goes to the best page.
+    mResults->setCurrentRow(0);
+    mStatus->setText(count == 0 ? tr("No page has these words.") : tr("Pages found: %1").arg(count));
+}
+
+void CVHelpSearch::choose() {
+    const QListWidgetItem* const item = mResults->currentItem();
+    if (item)
+        emit pageChosen(item->data(Qt::UserRole).toUrl(), wordsOf(mField->text()).constFirst());
+}

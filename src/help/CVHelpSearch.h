@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QWidget>
+
+class CVHelpBook;
+class QHelpSearchEngine;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+
+/// The full-text search of the help book: finds with every key, the last word also where it only begins one.
+/// References the book, which outlives it.
+class CVHelpSearch final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit CVHelpSearch(const CVHelpBook& book, QWidget* parent = nullptr);
+
+    void focusField();
+
+signals:
+    /// The user chose a page that was found.
+    void pageChosen(const QUrl& address, const QString& word);
+
+private:
+    void search();
+    void showResults(int count);
+    void choose();
+
+    QHelpSearchEngine& mEngine;
+    QLineEdit* mField;
+    QLabel* mStatus;
+    QListWidget* mResults;
+};
