@@ -1,0 +1,106 @@
+#include "budget/CVCategoryAverages.h"
+#include "budget/CVCategorySlots.h"
+#include "budget/CVSpending.h"
+#include "model/CVCategory.h"
+#include "model/CVTransaction.h"
+#include "reports/CVComputedReport.h"
+#include "shared/base/QBMoney.h"
+#include "shared/format/QBDateFormatter.h"
+#include "shared/format/QBMoneyFormatter.h"
+
+namespace {
+
+constexpr double kSmallestDivisor = 0.01;
+constexpr int kDecimals = 2;
+
+/// What this report calls the frequencies: not in all cases what they are called elsewhere.
+constexpr std::array<const char*, 8> kFrequencies{
+    QT_TRANSLATE_NOOP("CVReport", "Weekly"),        QT_TRANSLATE_NOOP("CVReport", "Weekly"),
+    QT_TRANSLATE_NOOP("CVReport", "Semi-Monthly"),  QT_TRANSLATE_NOOP("CVReport", "Monthly"),
+    QT_TRANSLATE_NOOP("CVReport", "2 Months"),      QT_TRANSLATE_NOOP("CVReport", "Quarterly"),
+    QT_TRANSLATE_NOOP("CVReport", "Semi-Annually"), QT_TRANSLATE_NOOP("CVReport", "Annually")};
+
+QString frequencyText(qint64 code) {
+    return code >= 0 && code < static_cast<qint64>(kFrequencies.size())
+               ? CVReport::tr(kFrequencies[static_cast<std::size_t>(code)])
+               : QString();
+}
+
+/// `title` has places for the two days.
+std::unique_ptr<CVComputedReport> makeReport(CVReportType type, const QString& title, const CVDayRange& range) {
+    const QBDateFormatter dates;
+    const auto columns = CVPrintedColumns(type);
+    return std::make_unique<CVComputedReport>(type, title.arg(dates.string(range.start), dates.string(range.end)),
+                                              columns, CVPrintedLabels(columns));
+}
+
+/// Added in the transactions' order without rounding.
+double spentInRange(const CVDocument::Transactions& transactions, const CVDayRange& range) {
+    double sum = 0;
+    for (const auto& transaction : transactions) {
+        if (range.contains(transaction->effectiveDate()))
+            sum += transaction->amount();
+    }
+    return sum;
+}
+
+} // namespace
+
+std::unique_ptr<const CVReport> CVReport::initWithCatgoryAverages(const CVDocument::Categories& categories,
+                                                                  const QBDate& startDate, const QBDate& endDate) {
+    const QBMoneyFormatter money;
+    auto report =
+        makeReport(CVReportType::CategoryAverages, tr("Category Averages Report for: %1 to %2"), {startDate, endDate});
+    for (const auto& category : categories) {
+        report->addCategory(category->categoryName(),
+                            {category->billFrequency(), QString::number(category->numberOfTransactions()),
+                             money.string(category->total()), money.string(category->monthly()),
+                             money.string(category->biWeekly()), money.string(category->weekly())});
+    }
+    return report;
+}
+
+std::unique_ptr<const CVReport> CVReport::initWithCatgoryTotals(const CVDocument::Categories& categories,
+                                                                const CVDocument::Transactions& transactions,
+                                                                const QBDate& startDate, const QBDate& endDate) {
+    const QBMoneyFormatter money;
+    const CVSpendingOfRange spending(transactions, CVCategoryIDs(categories), {startDate, endDate});
+    auto report =
+        makeReport(CVReportType::CategoryTotals, tr("Plan vs Actual Report for: %1 to %2"), {startDate, endDate});
+    for (const auto& category : categories) {
+        const double target = category->expenseTarget();
+        const double average = RoundDoubleToTwoPlaces(averagePerFrequency(*category, spending));
+        report->addCategory(category->categoryName(),
+                            {frequencyText(category->expenseFrequency()), money.string(RoundDoubleToTwoPlaces(target)),
+                             money.string(average), money.string(target - average)});
+    }
+    return report;
+}
+
+std::unique_ptr<const CVReport> CVReport::initWithCatgoryPercents(const CVDocument::Categories& categories,
+                                                                  const CVDocument::Transactions& transactions,
+                                                                  const QBDate& startDate, const QBDate& endDate) {
+    const QBMoneyFormatter money;
+    const double spent = spentInRange(transactions, {startDate, endDate});
+    const double divisor = spent < kSmallestDivisor ? 1.0 : spent;
+    auto report = makeReport(CVReportType::CategoryPercents, tr("Percent Report for: %1 to %2"), {startDate, endDate});
+    for (const auto& category : categories) {
+        const double percent = RoundDoubleToTwoPlaces(category->total() / divisor * 100);
+        report->addCategory(category->categoryName(),
+                            {money.string(category->total()), QString::number(percent, 'f', kDecimals) + u'%'});
+    }
+    return report;
+}
+
+std::unique_ptr<const CVReport> CVReport::initWithCatgoryTax(const CVDocument::Categories& categories,
+                                                             const CVDocument::Transactions& transactions,
+                                                             const QBDate& startDate, const QBDate& endDate) {
+    const QBMoneyFormatter money;
+    const CVSpendingOfRange spending(transactions, CVCategoryIDs(categories), {startDate, endDate});
+    auto report = makeReport(CVReportType::CategoryTax, tr("Tax Report for: %1 to %2"), {startDate, endDate});
+    for (const auto& category : categories) {
+        const CVSpending& taxed = spending.of(category->uniqueID());
+        report->addCategory(category->categoryName(), {QString::number(taxed.taxCount), money.string(taxed.taxTotal)});
+    }
+    return report;
+}

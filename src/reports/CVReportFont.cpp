@@ -1,0 +1,38 @@
+#include "reports/CVReportFont.h"
+
+#include <QFontMetricsF>
+#include <QStringList>
+
+#include <array>
+
+namespace {
+
+struct Letters {
+    double points;
+    bool isUnderlined;
+};
+
+constexpr std::array<Letters, kReportFonts> kLetters{{{13, false}, {12, true}, {10, false}}};
+
+constexpr double kSpace = 2.0;
+/// So large that rounding to whole pixels does not show.
+constexpr int kMeasuredPixels = 1000;
+
+} // namespace
+
+QFont CVFontOf(CVReportFont font) {
+    const Letters& letters = kLetters[static_cast<std::size_t>(font)];
+    // The first has the widths of Helvetica, and so has the second.
+    QFont result(QStringList{QStringLiteral("Liberation Sans"), QStringLiteral("Helvetica")});
+    result.setPointSizeF(letters.points);
+    result.setUnderline(letters.isUnderlined);
+    result.setHintingPreference(QFont::PreferNoHinting);
+    return result;
+}
+
+double CVLineHeightOf(CVReportFont font) {
+    QFont large = CVFontOf(font);
+    const double points = large.pointSizeF();
+    large.setPixelSize(kMeasuredPixels);
+    return QFontMetricsF(large).boundingRect(QStringLiteral("Anything")).height() * points / kMeasuredPixels + kSpace;
+}

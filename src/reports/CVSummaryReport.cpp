@@ -1,0 +1,72 @@
+#include "model/CVCategory.h"
+#include "reports/CVComputedReport.h"
+#include "reports/CVSummaryTable.h"
+#include "shared/base/QBMoney.h"
+#include "shared/format/QBDateFormatter.h"
+#include "shared/format/QBMoneyFormatter.h"
+
+namespace {
+
+constexpr const char* kCategoryLabel = QT_TRANSLATE_NOOP("CVPrintedColumns", "Category");
+constexpr const char* kTotalLabel = QT_TRANSLATE_NOOP("CVPrintedColumns", "Total");
+
+/// The sums below the columns and behind the rows, added up in the order in which the lines are printed. They are ready
+/// before anything is painted, so that a page that is painted twice, on the screen and on paper, counts once.
+class Totals final {
+public:
+    Totals(const CVSummaryTable& table, int columns) : mTable(table), mNumberOfColumns(columns) {}
+
+    /// The figures of a row and its total.
+    [[nodiscard]] QStringList addRow(int row) {
+        QStringList figures;
+        double rowTotal = 0;
+        for (int column = 0; column < mNumberOfColumns; ++column) {
+            const auto value = mTable.objectValue(column, row);
+            figures.append(mMoney.string(value.value_or(0)));
+            if (!value)
+                continue;
+            rowTotal = RoundDoubleToTwoPlaces(rowTotal + *value);
+            double& columnTotal = mSummaryColumnTotals[static_cast<std::size_t>(column)];
+            columnTotal = RoundDoubleToTwoPlaces(columnTotal + *value);
+        }
+        figures.append(mMoney.string(rowTotal));
+        return figures;
+    }
+
+    [[nodiscard]] QStringList columnTotals() const {
+        QStringList figures;
+        for (int column = 0; column < mNumberOfColumns; ++column)
+            figures.append(mMoney.string(mSummaryColumnTotals[static_cast<std::size_t>(column)]));
+        return figures;
+    }
+
+private:
+    const CVSummaryTable& mTable;
+    int mNumberOfColumns;
+    QBMoneyFormatter mMoney;
+    std::array<double, kMostSummaryColumns> mSummaryColumnTotals{};
+};
+
+QStringList labelsOf(const CVSummaryTable& table, int columns) {
+    QStringList labels{CVPrintedLabel(kCategoryLabel)};
+    for (int column = 0; column < columns; ++column)
+        labels.append(table.columnTitle(column));
+    labels.append(CVPrintedLabel(kTotalLabel));
+    return labels;
+}
+
+} // namespace
+
+std::unique_ptr<const CVReport> CVReport::initWithSummaryTable(const CVSummaryTable& table,
+                                                               const CVDocument::Categories& categories, int columns) {
+    Q_ASSERT(columns >= 0 && columns <= static_cast<int>(kMostSummaryColumns));
+    auto report = std::make_unique<CVComputedReport>(
+        CVReportType::Summary, tr("Summary Report for: %1").arg(QBDateFormatter().string(QBDate::date())),
+        CVPrintedColumns(CVReportType::Summary).first(static_cast<std::size_t>(columns) + 2), labelsOf(table, columns));
+    Totals totals(table, columns);
+    for (std::size_t row = 0; row < categories.size(); ++row)
+        report->addCategory(categories[row]->categoryName(), totals.addRow(static_cast<int>(row)));
+    report->addAtEnd({{}, CVReportLine::Kind::Blank});
+    report->addAtEnd({QStringList(CVPrintedLabel(kTotalLabel)) + totals.columnTotals(), CVReportLine::Kind::Total});
+    return report;
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "budget/CVGridContents.h"
+#include "budget/CVReportContents.h"
+#include "kit/BudgetBuilder.h"
+#include "kit/FixedToday.h"
+#include "reports/CVReport.h"
+
+#include <array>
+
+/// The kinds of reports by their numbers, with a word for each.
+struct ReportKind {
+    CVReportType type;
+    const char* name;
+};
+inline constexpr std::array<ReportKind, kReportTypes> kReportKinds{{{CVReportType::Transactions, "transactions"},
+                                                                    {CVReportType::CategoryAverages, "averages"},
+                                                                    {CVReportType::CategoryTotals, "plan"},
+                                                                    {CVReportType::CategoryPercents, "percent"},
+                                                                    {CVReportType::CategoryTax, "tax"},
+                                                                    {CVReportType::Summary, "summary"}}};
+
+/// One report of each kind of a budget in which there is some of everything: names of other scripts and directions,
+/// names that are too long, taxed and negative and large amounts, all frequencies; 52 transactions on 12 March 2014 and
+/// before.
+class ReportSamples final {
+public:
+    ReportSamples();
+
+    [[nodiscard]] std::unique_ptr<const CVReport> report(CVReportType type) const;
+
+private:
+    FixedToday mToday{day(2014, 3, 12)};
+    BudgetBuilder mBudget;
+    CVDocument& mDocument = mBudget.document();
+    CVGridContents mGrid{day(2014, 3, 12), CVDisplayPeriods::Day, {}};
+    CVReportContents mReports{day(2014, 3, 12)};
+};
