@@ -31,6 +31,7 @@ CVCategoryEditController::CVCategoryEditController(CVDocument& document, CVAlert
     mCategoryEditTable->setAccessibleName(tr("Categories Editor"));
     mCategoryEditTable->setSelectionMode(QAbstractItemView::ExtendedSelection);
     mCategoryEditTable->setUsualWidths({0, 11, 11});
+    mCategoryEditTable->rememberColumns(document.userDefaults(), "Category Editor Columns");
     contents().addWidget(mCategoryEditTable);
     addControls(help);
     restoreFrame(kCategoryWindowWidthInDigits, kCategoryWindowHeightInLines);
@@ -68,7 +69,7 @@ void CVCategoryEditController::removeCategory() {
     mDocument.workbookSave();
 }
 
-void CVCategoryEditController::endEditing() {
+void CVCategoryEditController::keepEntries() {
     mCategoryEditTable->commitEdit();
 }
 
@@ -127,20 +128,19 @@ void CVCategoryEditController::reload() {
     updateControls();
 }
 
-/// Categories in use are deleted only along with one that is not: what counts is the row that was made current last.
+/// Categories in use are deleted only along with one that is not: what counts is the row that was selected last.
 void CVCategoryEditController::updateControls() {
-    const QModelIndex current = mCategoryEditTable->currentIndex();
-    const bool isSelected = mCategoryEditTable->selectionModel()->hasSelection();
-    mRemoveCategoryButton->setEnabled(current.isValid() && isSelected && !mModel->isInUse(current.row()));
+    const auto row = mCategoryEditTable->lastSelectedRow();
+    mRemoveCategoryButton->setEnabled(row && !mModel->isInUse(*row));
     setRemark(remark());
 }
 
-/// On the current row.
+/// On the row that was selected last.
 QString CVCategoryEditController::remark() const {
-    const QModelIndex current = mCategoryEditTable->currentIndex();
-    if (!current.isValid())
+    const auto row = mCategoryEditTable->lastSelectedRow();
+    if (!row)
         return {};
-    switch (CVFaultOfName(current.siblingAtColumn(CVCategoryEditModel::Category))) {
+    switch (CVFaultOfName(mModel->index(*row, CVCategoryEditModel::Category))) {
     case CVNameFault::Empty:
         return tr("This category has no name.");
     case CVNameFault::Taken:
@@ -148,6 +148,5 @@ QString CVCategoryEditController::remark() const {
     case CVNameFault::None:
         break;
     }
-    return mModel->isInUse(current.row()) ? tr("Transactions use this category, so it is not offered for deletion.")
-                                          : QString();
+    return mModel->isInUse(*row) ? tr("Transactions use this category, so it is not offered for deletion.") : QString();
 }

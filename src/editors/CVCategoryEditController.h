@@ -2,14 +2,17 @@
 
 #include "editors/CVEditorWindow.h"
 
+#include <memory>
+#include <vector>
+
 class CVAlerts;
 class CVCategory;
 class CVCategoryEditModel;
 class CVDocument;
 class CVEditorTable;
 
-/// The window in which categories are added, renamed and deleted. Every change is announced by the document and saved
-/// at once. References the document, the alerts and the help, which outlive it.
+/// The window in which categories are added, renamed and deleted. Every change is announced and saved at once.
+/// References the document, the alerts and the help, which outlive it.
 class CVCategoryEditController final : public CVEditorWindow {
     Q_OBJECT
 
@@ -26,8 +29,7 @@ public:
     /// Deletes the selected categories once the user has confirmed it, those in use too; their transactions stay.
     void removeCategory();
 
-protected:
-    void endEditing() override;
+    void keepEntries() override;
 
 private:
     void addControls(CVHelpOpener* help);

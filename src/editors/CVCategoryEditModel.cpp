@@ -71,6 +71,8 @@ QVariant CVCategoryEditModel::cell(int row, int column, int role) const {
     case Category:
         return role == Qt::DisplayRole || role == Qt::EditRole ? category(row)->categoryName() : QVariant();
     case InUse:
+        if (role == Qt::AccessibleTextRole)
+            return isInUse(row) ? tr("Yes") : tr("No");
         return role == Qt::DisplayRole && isInUse(row) ? QVariant(QString(kCheckMark)) : QVariant();
     default:
         // An empty box: nothing is ever ticked here.

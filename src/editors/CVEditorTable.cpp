@@ -2,6 +2,7 @@
 
 #include "editors/CVEditorCellDelegate.h"
 #include "editors/CVEditorModel.h"
+#include "shared/base/QBUserDefaults.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -24,6 +25,12 @@ void CVEditorTable::setUsualWidths(std::initializer_list<int> digits) {
     int column = 0;
     for (const int width : digits)
         setColumnWidth(column++, width * fontMetrics().horizontalAdvance('0'));
+}
+
+void CVEditorTable::rememberColumns(QBUserDefaults& defaults, const char* key) {
+    horizontalHeader()->restoreState(defaults.dataForKey(key));
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+            [this, &defaults, key] { defaults.setData(key, horizontalHeader()->saveState()); });
 }
 
 void CVEditorTable::commitEdit() {
@@ -64,6 +71,11 @@ std::vector<int> CVEditorTable::selectedRows() const {
     return rows;
 }
 
+std::optional<int> CVEditorTable::lastSelectedRow() const {
+    const int row = currentIndex().row();
+    return row >= 0 && selectionModel()->isRowSelected(row, {}) ? std::optional(row) : std::nullopt;
+}
+
 void CVEditorTable::keyboardSearch(const QString& search) {
     if (model()->rowCount() > 0 && currentIndex().column() != mNameColumn) {
         const QModelIndex name = model()->index(std::max(0, currentIndex().row()), mNameColumn);
@@ -87,7 +99,7 @@ void CVEditorTable::keyPressEvent(QKeyEvent* event) {
         event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_F2;
     const QModelIndex name = currentIndex().siblingAtColumn(mNameColumn);
     const bool canEdit = state() != EditingState && name.flags().testFlag(Qt::ItemIsEditable);
-    if (isEditKey && canEdit && event->modifiers() == Qt::NoModifier)
+    if (isEditKey && canEdit && !(event->modifiers() & ~Qt::KeypadModifier))
         editRow(name.row());
     else
         CVTableView::keyPressEvent(event);

@@ -2,7 +2,11 @@
 
 #include "shared/widgets/CVTableView.h"
 
+#include <optional>
+#include <vector>
+
 class CVEditorModel;
+class QBUserDefaults;
 
 /// The table of an editor. Whole rows are selected. Return, F2 or a double-click edits the text that names a row;
 /// letters select by it.
@@ -16,6 +20,10 @@ public:
     /// Widths in widths of a digit, one for each column; the column with the names takes what is left.
     void setUsualWidths(std::initializer_list<int> digits);
 
+    /// Takes the widths that `key` holds, if any, and keeps there what the user makes of them. The defaults outlive the
+    /// table.
+    void rememberColumns(QBUserDefaults& defaults, const char* key);
+
     /// Ends editing: what was typed is taken, or lost. Without an open editor: nothing.
     void commitEdit();
     void abandonEdit();
@@ -28,6 +36,9 @@ public:
     void moveCursorTo(int row);
     /// From the top.
     [[nodiscard]] std::vector<int> selectedRows() const;
+
+    /// The current row, if it is selected.
+    [[nodiscard]] std::optional<int> lastSelectedRow() const;
 
     void keyboardSearch(const QString& search) override;
 

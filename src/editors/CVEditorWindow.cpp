@@ -24,7 +24,7 @@ CVEditorWindow::CVEditorWindow(const QString& title, const char* frameKey, QBUse
     mRemark->setObjectName(QStringLiteral("mRemark"));
     mRemark->setTextFormat(Qt::PlainText);
     mRemark->setWordWrap(true);
-    // Nothing moves when a remark comes and goes.
+    // Nothing moves when a remark of one line comes and goes.
     mRemark->setMinimumHeight(fontMetrics().height());
     mRemark->hide();
     QPushButton* const close = makeButton(tr("&Close"));
@@ -40,12 +40,12 @@ CVEditorWindow::CVEditorWindow(const QString& title, const char* frameKey, QBUse
     layout->addWidget(mRemark);
     layout->addLayout(buttons);
 
-    auto* const shortcut = new QShortcut(Qt::CTRL | Qt::Key_W, this);
+    auto* const shortcut = new QShortcut(QKeySequence::Close, this);
     connect(shortcut, &QShortcut::activated, this, &QDialog::reject);
 }
 
 void CVEditorWindow::done(int result) {
-    endEditing();
+    keepEntries();
     mDefaults.setData(mFrameKey, saveGeometry());
     QDialog::done(result);
 }

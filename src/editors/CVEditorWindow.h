@@ -10,7 +10,8 @@ class QPushButton;
 class QVBoxLayout;
 
 /// A modal window with contents, a line for remarks and a row of buttons. Escape, Ctrl+W and its close button close it;
-/// what is being typed then is kept. Its frame is remembered. References the user defaults, which outlive it.
+/// what is being typed then is kept, unless Escape has ended the typing before. Its frame is remembered. References the
+/// user defaults, which outlive it.
 class CVEditorWindow : public QDialog {
     Q_OBJECT
 
@@ -18,15 +19,18 @@ public:
     /// Under `frameKey` the frame is kept in the user defaults.
     CVEditorWindow(const QString& title, const char* frameKey, QBUserDefaults& defaults, QWidget* parent);
 
-    /// Every way of closing the window leads here.
+    /// Every way in which the user closes the window leads here.
     void done(int result) override;
+
+    /// Takes what is being typed and saves what is not saved yet.
+    virtual void keepEntries() {}
 
 protected:
     /// Above the remarks and the buttons.
     [[nodiscard]] QVBoxLayout& contents() const { return *mContents; }
     /// Appends a button to the row; the text less its mnemonic is its accessible name.
     QPushButton& addButton(const QString& text);
-    /// Appends the button that opens that page; without anyone to show it there is no button.
+    /// Adds the button that opens that page; without anyone to show it there is no button.
     void addHelpButton(CVHelpOpener* help, const QString& page);
     /// The size of a window that has no frame yet, in letters of its font.
     void restoreFrame(int widthInDigits, int heightInLines);
@@ -35,9 +39,6 @@ protected:
     void setRemark(const QString& remark);
     /// Reads the remark out to those who do not see it.
     void announceRemark() const;
-
-    /// Takes what is being typed.
-    virtual void endEditing() {}
 
 private:
     QPushButton* makeButton(const QString& text);

@@ -41,6 +41,7 @@ CVTransactionSetController::CVTransactionSetController(CVDocument& document, CVA
     mTransactionSetTable->setAccessibleName(tr("Transaction Sets Editor"));
     mTransactionSetTable->setSelectionMode(QAbstractItemView::SingleSelection);
     mTransactionSetTable->setUsualWidths({0, 16});
+    mTransactionSetTable->rememberColumns(document.userDefaults(), "Transaction Sets Columns");
     contents().addWidget(mTransactionSetTable);
     addControls(help);
     restoreFrame(kSetWindowWidthInDigits, kSetWindowHeightInLines);
@@ -52,11 +53,11 @@ CVTransactionSetController::CVTransactionSetController(CVDocument& document, CVA
 }
 
 CVTransactionSetController::~CVTransactionSetController() {
-    mTransactionSetTable->commitEdit();
-    saveName();
+    CVTransactionSetController::keepEntries();
 }
 
 void CVTransactionSetController::addTransactionSet() {
+    mTransactionSetTable->commitEdit();
     const auto set = makeSet(mDocument, tr("New Transaction Set"));
     set->setUniqueID(mDocument.getUniqueID());
     auto& sets = mDocument.transactionSets();
@@ -89,13 +90,9 @@ void CVTransactionSetController::removeTransactionSet() {
     announce(nullptr);
 }
 
-void CVTransactionSetController::done(int result) {
-    CVEditorWindow::done(result);
-    saveName();
-}
-
-void CVTransactionSetController::endEditing() {
+void CVTransactionSetController::keepEntries() {
     mTransactionSetTable->commitEdit();
+    saveName();
 }
 
 /// It keeps the ID that transactions have while there is no set.
@@ -188,12 +185,12 @@ void CVTransactionSetController::updateControls() {
     setRemark(remark());
 }
 
-/// On the current row.
+/// On the selected row.
 QString CVTransactionSetController::remark() const {
-    const QModelIndex current = mTransactionSetTable->currentIndex();
-    if (!current.isValid())
+    const auto row = mTransactionSetTable->lastSelectedRow();
+    if (!row)
         return {};
-    switch (CVFaultOfName(current.siblingAtColumn(CVTransactionSetModel::Name))) {
+    switch (CVFaultOfName(mModel->index(*row, CVTransactionSetModel::Name))) {
     case CVNameFault::Empty:
         return tr("This transaction set has no name.");
     case CVNameFault::Taken:
@@ -203,5 +200,5 @@ QString CVTransactionSetController::remark() const {
     }
     if (mModel->rowCount() == 1)
         return tr("The only transaction set cannot be deleted.");
-    return isCurrentSet(current.row()) ? tr("This is the current transaction set.") : QString();
+    return isCurrentSet(*row) ? tr("This is the current transaction set.") : QString();
 }

@@ -2,15 +2,17 @@
 
 #include "editors/CVEditorWindow.h"
 
+#include <memory>
+
 class CVAlerts;
 class CVDocument;
 class CVEditorTable;
 class CVTransactionSet;
 class CVTransactionSetModel;
 
-/// The window in which transaction sets are added, renamed and deleted. Every change is announced and saved; a new name
-/// is saved with the next change, at the latest when the window closes. References the document, the alerts and the
-/// help, which outlive it.
+/// The window in which transaction sets are added, renamed and deleted. Every change of the user's is announced and
+/// saved; a new name is saved with the next change, at the latest when the window closes. References the document, the
+/// alerts and the help, which outlive it.
 class CVTransactionSetController final : public CVEditorWindow {
     Q_OBJECT
 
@@ -27,10 +29,7 @@ public:
     /// current set stays.
     void removeTransactionSet();
 
-    void done(int result) override;
-
-protected:
-    void endEditing() override;
+    void keepEntries() override;
 
 private:
     void makeInitialSet();

@@ -10,8 +10,7 @@
 #include <utility>
 
 CVSaveQueue::CVSaveQueue() {
-    qRegisterMetaType<CVSaveOutcome>();
-    connect(this, &CVSaveQueue::written, this, &CVSaveQueue::saveFinished, Qt::QueuedConnection);
+    connect(this, &CVSaveQueue::written, this, &CVSaveQueue::announceNext, Qt::QueuedConnection);
     mWorker = std::thread(&CVSaveQueue::work, this);
 }
 
@@ -77,9 +76,21 @@ void CVSaveQueue::work() {
             mLastOutcome = outcome;
         }
         mWriting = false;
-        emit written(mLastOutcome);
+        mOutcomes.push_back(mLastOutcome);
+        emit written();
         mChanged.notify_all();
     }
+}
+
+/// Each word of the worker's stands for one outcome.
+void CVSaveQueue::announceNext() {
+    CVSaveOutcome outcome;
+    {
+        const std::lock_guard lock(mMutex);
+        outcome = std::move(mOutcomes.front());
+        mOutcomes.pop_front();
+    }
+    emit saveFinished(outcome);
 }
 
 CVSaveOutcome CVSaveQueue::perform(const Job& job) {

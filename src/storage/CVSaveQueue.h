@@ -52,8 +52,8 @@ signals:
     void saveStarted();
     /// Always from the event loop of the thread that the queue lives in.
     void saveFinished(const CVSaveOutcome& outcome);
-    /// The worker's own word, on its way there.
-    void written(const CVSaveOutcome& outcome);
+    /// The worker's own word that there is another outcome.
+    void written();
 
 private:
     struct Job {
@@ -65,6 +65,7 @@ private:
 
     void enqueue(Job job);
     void work();
+    void announceNext();
     [[nodiscard]] CVSaveOutcome perform(const Job& job);
     void write(const Job& job, CVSaveOutcome& outcome);
     [[nodiscard]] CVKeptCopy keepStanding(const QString& path, const CVFileSignature& signature);
@@ -75,6 +76,8 @@ private:
     bool mWriting = false;
     bool mStopping = false;
     CVSaveOutcome mLastOutcome;
+    /// Not announced yet.
+    std::deque<CVSaveOutcome> mOutcomes;
     /// The files as this program last read, wrote or kept them, by path.
     std::map<QString, CVFileSignature> mKnownFiles;
     /// Last, so that everything above exists as long as the worker runs.

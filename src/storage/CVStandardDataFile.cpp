@@ -1,5 +1,6 @@
 #include "storage/CVStandardDataFile.h"
 
+#include "shared/base/CVBundle.h"
 #include "shared/base/CVDefaultsKeys.h"
 #include "shared/base/QBUserDefaults.h"
 
@@ -9,7 +10,7 @@
 
 namespace {
 
-constexpr QLatin1StringView kFile("/Corvella Data.corvella");
+constexpr QLatin1StringView kFile(CVBundle::kDataFileName);
 constexpr QLatin1StringView kFolder("/Quenby Labs/Corvella");
 /// Where an earlier version kept the file: searched, never made.
 constexpr QLatin1StringView kOlderFolder("/Quenby/Corvella");
@@ -29,7 +30,7 @@ std::optional<QString> locateExisting(const CVStandardFolders& folders, QBUserDe
     };
     for (const Place& place : {Place{folders.documents, kFolder}, Place{folders.applicationSupport, kFolder},
                                Place{folders.applicationSupport, kOlderFolder}}) {
-        const QString path = place.base + place.folder + kFile;
+        const QString path = place.base + place.folder + '/' + kFile;
         if (!place.base.isEmpty() && QFileInfo(path).isFile()) {
             store(defaults, path);
             return path;
@@ -60,7 +61,7 @@ std::optional<QString> CVPathForSaving(const CVStandardFolders& folders, const Q
         return preferred;
     if (folders.applicationSupport.isEmpty())
         return std::nullopt;
-    return folders.applicationSupport + kFolder + kFile;
+    return folders.applicationSupport + kFolder + '/' + kFile;
 }
 
 std::optional<QString> CVStandardDataFileURL(CVLookForExisting look, const CVStandardFolders& folders,

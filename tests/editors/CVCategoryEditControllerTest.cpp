@@ -74,6 +74,35 @@ TEST_F(CVCategoryEditControllerTest, DeleteCanBePressedOnlyOnACategoryThatIsNotI
     EXPECT_FALSE(canDelete()) << "nothing is selected any more";
 }
 
+TEST_F(CVCategoryEditControllerTest, ARowThatTheCursorGoesToWithoutSelectingItGivesNoLeaveToDelete) {
+    open();
+    EXPECT_EQ(remark(), "") << "no row is selected yet";
+    clickCell(1, Column::Category);
+    press(Qt::Key_Down, Qt::ControlModifier);
+    ASSERT_EQ(table().currentIndex().row(), 2);
+    ASSERT_EQ(selectedRows(), std::vector{1});
+    EXPECT_FALSE(canDelete());
+    press(Qt::Key_Delete);
+    EXPECT_TRUE(mAlerts.shown().isEmpty());
+}
+
+TEST_F(CVCategoryEditControllerTest, CopyTakesTheSelectedRowsAsText) {
+    open();
+    clickCell(0, Column::Category);
+    clickCell(2, Column::Category, Qt::ControlModifier);
+    press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "Food\tYes\t\nRent\tNo\t\n");
+}
+
+TEST_F(CVCategoryEditControllerTest, EnterOfTheKeypadEditsAsReturnDoes) {
+    open();
+    clickCell(2, Column::Category);
+    press(Qt::Key_Enter, Qt::KeypadModifier);
+    type("Rental");
+    commit();
+    EXPECT_EQ(column(Column::Category), (QStringList{"Food", "Fuel", "Rental", "Zoo"}));
+}
+
 TEST_F(CVCategoryEditControllerTest, ASelectionThatIsExtendedToAFreeCategoryTakesThoseInUseAlong) {
     open();
     clickCell(2, Column::Category);

@@ -139,6 +139,15 @@ TEST_F(CVEditorWindowTest, TheFrameIsRemembered) {
     EXPECT_NE(sets.size(), QSize(612, 433)) << "each has its own";
 }
 
+TEST_F(CVEditorWindowTest, TheWidthsOfTheColumnsAreRemembered) {
+    open();
+    const int usual = table().columnWidth(1);
+    table().setColumnWidth(1, usual + 23);
+    window().close();
+    open();
+    EXPECT_EQ(table().columnWidth(1), usual + 23);
+}
+
 TEST_F(CVEditorWindowTest, HelpIsOfferedOnlyWhereThereIsSomeoneToShowIt) {
     open();
     EXPECT_EQ(button("Help"), nullptr);

@@ -203,6 +203,15 @@ TEST_F(CVTransactionSetControllerTest, AddingSavesAndAnnouncesTheSetAndLetsTheUs
     EXPECT_EQ(table().selectedRows(), std::vector{3});
 }
 
+TEST_F(CVTransactionSetControllerTest, AddingFirstTakesWhatIsBeingTyped) {
+    threeSets();
+    auto& controller = open();
+    clickCell(1, SetColumn::Name);
+    startRenaming("Reserves");
+    controller.addTransactionSet();
+    EXPECT_EQ(column(SetColumn::Name), (QStringList{"Checking", "Reserves", "Cash", "New Transaction Set"}));
+}
+
 TEST_F(CVTransactionSetControllerTest, ANewNameIsAnnouncedAtOnceAndSavedWithTheNextChange) {
     threeSets();
     open();

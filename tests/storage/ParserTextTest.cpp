@@ -106,6 +106,19 @@ TEST(ParserText, thatIsNotUtf8IsNull) {
     EXPECT_EQ(parser.tempParsingString(), "a");
 }
 
+TEST(ParserText, isNotMixedUpHoweverManyThereAre) {
+    constexpr int kManyTexts = 3000;
+    const auto text = [](int number) { return QStringLiteral("Text %1").arg(number % (kManyTexts / 2)); };
+    QByteArray sets;
+    for (int i = 0; i < kManyTexts; ++i)
+        sets += "<TransactionSet id=\"" + QByteArray::number(i + 1) + "\">" + text(i).toUtf8() + "</TransactionSet>";
+    ParsedBudget budget(inRoot(sets));
+    ASSERT_TRUE(budget.read()) << budget.message().toStdString();
+    ASSERT_EQ(budget.document().transactionSets().size(), static_cast<std::size_t>(kManyTexts));
+    for (int i = 0; i < kManyTexts; ++i)
+        ASSERT_EQ(budget.document().transactionSets()[static_cast<std::size_t>(i)]->transactionSetName(), text(i));
+}
+
 TEST(ParserText, ofNumbersIsReadAlikeWhereTheCommaIsTheDecimalMark) {
     const CommaLocale german;
     if (!german.isInForce())
