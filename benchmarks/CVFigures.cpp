@@ -10,9 +10,11 @@ constexpr std::array<CVFigure::Size, 3> kOften{{{kSmall, 501}, {kMiddle, 51}, {k
 /// Each measurement needs a sort or a write to the disk.
 constexpr std::array<CVFigure::Size, 3> kSeldom{{{kSmall, 101}, {kMiddle, 15}, {kLarge, 7}}};
 constexpr std::array<CVFigure::Size, 3> kWindow{{{kSmall, 101}, {kMiddle, 51}, {kLarge, 15}}};
+/// A million transactions are twenty thousand pages.
+constexpr std::array<CVFigure::Size, 3> kReport{{{kSmall, 51}, {kMiddle, 5}, {kLarge, 1}}};
 constexpr std::array<CVFigure::Size, 3> kOnce{{{kSmall, 1}, {kMiddle, 1}, {kLarge, 1}}};
 
-constexpr std::array<CVFigure, 29> kFigures{{
+constexpr std::array<CVFigure, 34> kFigures{{
     {"Load, file in order", 1.5, kSmall, kSeldom, CVMeasureLoadSorted},
     {"Load, file shuffled", CVFigure::kNoLimit, kSmall, kSeldom, CVMeasureLoadShuffled},
     {"Memory after loading", 2, kLarge, kOnce, CVMeasureSteadyMemory},
@@ -42,6 +44,11 @@ constexpr std::array<CVFigure, 29> kFigures{{
     {"Window: search, each key", 5, kMiddle, kWindow, CVMeasureWindowSearch, 8},
     {"Window: another tab", 5, kMiddle, kWindow, CVMeasureWindowTab, 8},
     {"Window: another period", 5, kMiddle, kWindow, CVMeasureWindowPeriod, 8},
+    {"Report of the summary, from start to exit", 2, kMiddle, kSeldom, CVMeasureSummaryReport},
+    {"Report pages", 2, kMiddle, kOften, CVMeasurePagination},
+    {"Report painted, last page", 1.5, kMiddle, kOften, CVMeasurePaintingLastPage},
+    {"Report as a PDF", 2, kSmall, kReport, CVMeasurePDF},
+    {"Report as a PDF, memory at the end", 1.1, kMiddle, kOnce, CVMeasurePDFMemory},
 }};
 
 } // namespace

@@ -68,3 +68,8 @@ void CVMeasureWindowRecord(benchmark::State& state, std::size_t transactions);
 void CVMeasureWindowSearch(benchmark::State& state, std::size_t transactions);
 void CVMeasureWindowTab(benchmark::State& state, std::size_t transactions);
 void CVMeasureWindowPeriod(benchmark::State& state, std::size_t transactions);
+void CVMeasureSummaryReport(benchmark::State& state, std::size_t transactions);
+void CVMeasurePagination(benchmark::State& state, std::size_t transactions);
+void CVMeasurePaintingLastPage(benchmark::State& state, std::size_t transactions);
+void CVMeasurePDF(benchmark::State& state, std::size_t transactions);
+void CVMeasurePDFMemory(benchmark::State& state, std::size_t transactions);

@@ -22,11 +22,6 @@ QByteArray contents(const char* path) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-double residentNow() {
-    const QList<QByteArray> pages = contents("/proc/self/statm").split(' ');
-    return pages.value(1).toDouble() * static_cast<double>(sysconf(_SC_PAGESIZE));
-}
-
 double residentPeak() {
     for (const QByteArray& line : contents("/proc/self/status").split('\n')) {
         if (line.startsWith("VmHWM:"))
@@ -38,21 +33,26 @@ double residentPeak() {
 int probe(const QString& file, const QString& copy) {
     CVDetachedDocument document;
     CVDocumentFile dataFile({}, document.userDefaults());
-    const double before = residentNow();
+    const double before = CVResidentMemory();
     if (dataFile.readFromURL(*document, file).outcome != CVLoadReport::Outcome::Loaded)
         return 1;
     document->sortTransactionsByDate();
     document->updateDates();
-    const double loaded = residentNow() - before;
+    const double loaded = CVResidentMemory() - before;
     const double peak = residentPeak() - before;
     if (!CVReplaceFile(copy, CVDocumentXMLRepresentation(*document)).ok())
         return 1;
-    const double saved = residentNow() - before;
+    const double saved = CVResidentMemory() - before;
     std::printf("%.0f %.0f %.0f", loaded, peak, saved);
     return 0;
 }
 
 } // namespace
+
+double CVResidentMemory() {
+    const QList<QByteArray> pages = contents("/proc/self/statm").split(' ');
+    return pages.value(1).toDouble() * static_cast<double>(sysconf(_SC_PAGESIZE));
+}
 
 std::optional<CVMemoryUse> CVProbeMemory(const QString& file, const QString& copy) {
     QProcess process;

@@ -4,6 +4,9 @@
 
 #include <optional>
 
+/// Resident memory of this process in bytes.
+[[nodiscard]] double CVResidentMemory();
+
 /// Resident memory of a process in bytes beyond what it had before it loaded a budget.
 struct CVMemoryUse {
     double loaded;

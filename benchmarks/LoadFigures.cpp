@@ -1,3 +1,4 @@
+#include "CVBareParse.h"
 #include "CVBudgetFixture.h"
 #include "CVComparison.h"
 #include "CVFigures.h"
@@ -7,33 +8,12 @@
 #include "storage/CVDocumentXML.h"
 
 #include <benchmark/benchmark.h>
-#include <libxml/parser.h>
 #include <malloc.h>
 
 #include <memory>
 #include <utility>
 
 namespace {
-
-xmlEntityPtr predefinedEntity(void* /*context*/, const xmlChar* name) {
-    return xmlGetPredefinedEntity(name);
-}
-void ignoreStart(void* /*context*/, const xmlChar* /*name*/, const xmlChar** /*attributes*/) {}
-void ignoreEnd(void* /*context*/, const xmlChar* /*name*/) {}
-void ignoreCharacters(void* /*context*/, const xmlChar* /*bytes*/, int /*length*/) {}
-void ignoreError(void* /*context*/, const char* /*format*/, ...) {}
-
-/// The parser alone, with the same callbacks as the reader of data files, all of them empty.
-bool parseBare(const QByteArray& bytes) {
-    xmlSAXHandler handler{};
-    handler.getEntity = predefinedEntity;
-    handler.startElement = ignoreStart;
-    handler.endElement = ignoreEnd;
-    handler.characters = ignoreCharacters;
-    handler.error = ignoreError;
-    handler.initialized = 1;
-    return xmlSAXUserParseMemory(&handler, &handler, bytes.constData(), static_cast<int>(bytes.size())) == 0;
-}
 
 struct Loading {
     CVDetachedDocument document;
@@ -59,7 +39,7 @@ void measureLoad(benchmark::State& state, const QByteArray& bytes, std::size_t t
         malloc_trim(0);
         loading = std::make_unique<Loading>();
     };
-    comparison.yardstick = [&] { complete = parseBare(bytes) && complete; };
+    comparison.yardstick = [&] { complete = CVParseBare(bytes) && complete; };
     comparison.subject = [&] {
         complete = loading->load(bytes) && loading->document->transactions().size() == transactions && complete;
     };

@@ -26,6 +26,9 @@ class NoPanels final : public CVFilePanels {
     std::optional<QString> chooseSaveLocation(QWidget& /*window*/, const CVSavePanelRequest& /*request*/) override {
         return std::nullopt;
     }
+    std::optional<QString> chooseFolder(QWidget& /*window*/, const CVFolderPanelRequest& /*request*/) override {
+        return std::nullopt;
+    }
 };
 
 /// The main window on a budget, painted into memory.

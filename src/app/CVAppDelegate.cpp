@@ -3,6 +3,8 @@
 #include "app/CVEditorWindows.h"
 #include "app/CVFileMessages.h"
 #include "model/CVDocument.h"
+#include "preferences/CVPreferenceWindowController.h"
+#include "shared/base/CVDefaultsKeys.h"
 #include "shared/widgets/CVAlerts.h"
 #include "workspace/CVMainWindowController.h"
 #include "workspace/CVSaveStatus.h"
@@ -18,11 +20,16 @@ CVAppDelegate::CVAppDelegate(std::unique_ptr<QSettings> settings, CVStandardFold
     , mPanels(panels)
     , mUserDefaults(std::move(settings))
     , mFile(std::move(folders), mUserDefaults)
-    , mDocument(std::make_unique<CVDocument>(mNotificationCenter, mUserDefaults)) {}
+    , mUpdates(mUserDefaults, mNotificationCenter, alerts, *this)
+    , mDocument(std::make_unique<CVDocument>(mNotificationCenter, mUserDefaults)) {
+    connect(&mFile.saves(), &CVSaveQueue::saveFinished, this, &CVAppDelegate::handleSaveFinished);
+    connect(&mUpdates, &CVUpdateController::preferencesRequested, this, &CVAppDelegate::showUpdatePreferences);
+}
 
 CVAppDelegate::~CVAppDelegate() = default;
 
 void CVAppDelegate::applicationDidFinishLaunching() {
+    mUpdates.checkAutomatically(mUserDefaults.integerForKey(CVDefaultsKeys::kCheckUpdatesAutomatically));
     const CVLoadReport report = mFile.initWithStandardUserFile(*mDocument);
     makeWindowControllers();
     if (!report.reason.isEmpty())
@@ -32,11 +39,13 @@ void CVAppDelegate::applicationDidFinishLaunching() {
 void CVAppDelegate::makeWindowControllers() {
     mMainWindow = std::make_unique<CVMainWindowController>(*mDocument, mAlerts, mPanels);
     mMainWindow->setMayClose([this] { return mayClose(); });
-    mEditorWindows = std::make_unique<CVEditorWindows>(*mDocument, mAlerts, *mMainWindow->window());
+    mEditorWindows = std::make_unique<CVEditorWindows>(*mDocument, mAlerts, mHelp, *mMainWindow->window(),
+                                                       [this] { showPreferences(); });
     mMainWindow->setDocumentWindows(mEditorWindows.get());
+    mMainWindow->setPrintPanels(mPrintPanels);
+    connect(mMainWindow.get(), &CVMainWindowController::applicationCommandChosen, this, &CVAppDelegate::obey);
     CVSaveStatus& status = mMainWindow->saveStatus();
     connect(&mFile.saves(), &CVSaveQueue::saveStarted, &status, &CVSaveStatus::setSaving);
-    connect(&mFile.saves(), &CVSaveQueue::saveFinished, this, &CVAppDelegate::handleSaveFinished);
     connect(&status, &CVSaveStatus::tryAgain, this, [this] { mDocument->workbookSave(); });
     mMainWindow->showWindow();
 }
@@ -64,7 +73,7 @@ void CVAppDelegate::tellAboutReading(const CVLoadReport& report) {
 bool CVAppDelegate::mayClose() {
     for (;;) {
         const CVSaveOutcome outcome = mFile.saves().waitForFinished();
-        if (outcome.saved)
+        if (outcome.saved || mEndsWithoutAsking)
             return true;
         const int answer = mAlerts.run(CVFileMessages::quitUnsaved(outcome));
         if (answer != CVAlert::kDefault)

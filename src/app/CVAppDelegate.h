@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/CVUpdateController.h"
+#include "preferences/CVPreferenceHost.h"
 #include "shared/base/QBNotificationCenter.h"
 #include "shared/base/QBUserDefaults.h"
 #include "storage/CVDocumentFile.h"
@@ -13,11 +15,16 @@ class CVAlerts;
 class CVDocument;
 class CVEditorWindows;
 class CVFilePanels;
+class CVHelpOpener;
 class CVMainWindowController;
+class CVPreferenceWindowController;
+class CVPrintPanels;
+enum class CVCommand;
 
 /// The application: creates the one document from the user's data file and its main window, tells the user what became
-/// of reading and saving, and lets the window close only when the last save has ended. Owns all of these.
-class CVAppDelegate final : public QObject {
+/// of reading and saving, and lets the window close only when the last save has ended. Carries out the commands that
+/// concern no document: preferences, support, new versions. Owns all of these.
+class CVAppDelegate final : public QObject, private CVPreferenceHost {
     Q_OBJECT
 
 public:
@@ -26,16 +33,50 @@ public:
                   CVFilePanels& panels);
     ~CVAppDelegate() override;
 
-    /// Opens the document and shows its window.
+    /// Opens addresses; without it the user is told them. Outlives the delegate.
+    void setURLOpener(CVURLOpener* opener) { mUpdates.setURLOpener(opener); }
+    /// Shows help; without it there are no Help buttons. Outlives the delegate.
+    void setHelp(CVHelpOpener* help) { mHelp = help; }
+    /// Through which everything is printed; without them nothing is. They outlive the delegate.
+    void setPrintPanels(CVPrintPanels* panels) { mPrintPanels = panels; }
+
+    /// Looks for a newer version if one is due, opens the document and shows its window.
     void applicationDidFinishLaunching();
+
+    /// Shows the main window in front of others, whatever has become of it.
+    void comeToFront();
+    /// Saves all that has been entered, what is being typed into a cell included, and waits for it.
+    void keepEverything();
+    /// Does so and ends the event loop, with status 1 when the last save has failed. Open windows are closed as with
+    /// Escape, questions answered as with Escape.
+    void endWithoutAsking();
+
+    /// The start page of the help book; without help nothing.
+    void showHelp();
+    /// Each in the user's own program.
+    void contactTechSupport();
+    void goToWebSite();
+    void goToSupportForums();
+    void showPreferences();
+    /// Looks for a newer version and tells the user; returns at once.
+    void checkForNewVersion() override;
+    /// Puts another document in the place of the present one, whose window goes.
+    void setDocument(std::unique_ptr<CVDocument> document);
 
     [[nodiscard]] CVDocument& document() { return *mDocument; }
     /// Null before the launch.
     [[nodiscard]] CVMainWindowController* mainWindow() { return mMainWindow.get(); }
+    /// Null until they are first shown.
+    [[nodiscard]] CVPreferenceWindowController* preferences() { return mPreferences.get(); }
+    [[nodiscard]] CVUpdateController& updates() { return mUpdates; }
     [[nodiscard]] CVSaveQueue& saves() { return mFile.saves(); }
 
 private:
     void makeWindowControllers();
+    void obey(CVCommand command);
+    void showUpdatePreferences();
+    [[nodiscard]] QString waitForSaves() override;
+    void reopenDocument() override;
     void handleSaveFinished(const CVSaveOutcome& outcome);
     void tellAboutReading(const CVLoadReport& report);
     /// Whether the window may close: not while changes would be lost, unless the user says so.
@@ -46,9 +87,14 @@ private:
     QBNotificationCenter mNotificationCenter;
     QBUserDefaults mUserDefaults;
     CVDocumentFile mFile;
+    CVUpdateController mUpdates;
+    CVHelpOpener* mHelp = nullptr;
+    CVPrintPanels* mPrintPanels = nullptr;
     std::unique_ptr<CVDocument> mDocument;
     std::unique_ptr<CVEditorWindows> mEditorWindows;
     std::unique_ptr<CVMainWindowController> mMainWindow;
+    std::unique_ptr<CVPreferenceWindowController> mPreferences;
     /// Kept copies that the user has been told of.
     std::set<QString> mToldCopies;
+    bool mEndsWithoutAsking = false;
 };

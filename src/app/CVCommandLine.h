@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/CVExportCommand.h"
+#include "app/CVReportCommand.h"
 
 #include <QStringList>
 
@@ -8,7 +9,7 @@
 
 /// What the program was asked to do on its command line.
 struct CVCommandLine {
-    enum class Action { OpenWindow, ShowVersion, ShowHelp, Check, Export, Refuse };
+    enum class Action { OpenWindow, ShowVersion, ShowHelp, Check, Export, Report, Refuse };
 
     Action action = Action::OpenWindow;
     /// The file that `check` reads; absent: the user's own.
@@ -17,6 +18,8 @@ struct CVCommandLine {
     QString problem = {};
     /// What `export` is to write.
     CVExportRequest exportRequest = {};
+    /// What `report` is to write.
+    CVReportRequest reportRequest = {};
 
     /// `arguments` begin with the program's name. Options that belong to the toolkit are left to it: they open the
     /// window.

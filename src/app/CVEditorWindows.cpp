@@ -4,24 +4,22 @@
 #include "editors/CVTransactionSetController.h"
 #include "editors/CVTransactionWindowController.h"
 
-namespace {
+#include <utility>
 
-/// There is no help book yet, so the editors show no Help button.
-constexpr CVHelpOpener* kNoHelp = nullptr;
-
-} // namespace
-
-CVEditorWindows::CVEditorWindows(CVDocument& document, CVAlerts& alerts, QWidget& mainWindow)
+CVEditorWindows::CVEditorWindows(CVDocument& document, CVAlerts& alerts, CVHelpOpener* help, QWidget& mainWindow,
+                                 std::function<void()> showPreferences)
     : mDocument(document)
     , mAlerts(alerts)
-    , mMainWindow(mainWindow) {}
+    , mHelp(help)
+    , mMainWindow(mainWindow)
+    , mShowPreferences(std::move(showPreferences)) {}
 
 void CVEditorWindows::createCategoryEditController() {
-    CVCategoryEditController(mDocument, mAlerts, kNoHelp, &mMainWindow).exec();
+    CVCategoryEditController(mDocument, mAlerts, mHelp, &mMainWindow).exec();
 }
 
 void CVEditorWindows::createTransactionSetController() {
-    CVTransactionSetController(mDocument, mAlerts, kNoHelp, &mMainWindow).exec();
+    CVTransactionSetController(mDocument, mAlerts, mHelp, &mMainWindow).exec();
 }
 
 void CVEditorWindows::createTransactionController(const CVDocument::Transactions& transactions) {

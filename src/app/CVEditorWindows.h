@@ -2,21 +2,29 @@
 
 #include "workspace/CVDocumentWindows.h"
 
+#include <functional>
+
 class CVAlerts;
+class CVHelpOpener;
 class QWidget;
 
-/// Opens the editors as modal windows of the main window. References the document, the alerts and the main window,
-/// which outlive it.
+/// Opens the editors as modal windows of the main window; the preferences are the application's. References the
+/// document, the alerts, the help and the main window: all are there while a window is opened.
 class CVEditorWindows final : public CVDocumentWindows {
 public:
-    CVEditorWindows(CVDocument& document, CVAlerts& alerts, QWidget& mainWindow);
+    /// Without `help` the editors have no Help button.
+    CVEditorWindows(CVDocument& document, CVAlerts& alerts, CVHelpOpener* help, QWidget& mainWindow,
+                    std::function<void()> showPreferences);
 
     void createCategoryEditController() override;
     void createTransactionSetController() override;
     void createTransactionController(const CVDocument::Transactions& transactions) override;
+    void createPreferenceController() override { mShowPreferences(); }
 
 private:
     CVDocument& mDocument;
     CVAlerts& mAlerts;
+    CVHelpOpener* mHelp;
     QWidget& mMainWindow;
+    std::function<void()> mShowPreferences;
 };

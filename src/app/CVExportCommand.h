@@ -1,32 +1,14 @@
 #pragma once
 
-#include "budget/CVDayRange.h"
-
-#include <QString>
-#include <QStringList>
-
-#include <optional>
-
-class QTextStream;
+#include "app/CVBudgetOptions.h"
 
 /// What `corvella export` was asked for.
-struct CVExportRequest {
-    /// The item of the range pop-up, 0 to 7, where no range is given.
-    int preset = 0;
-    std::optional<CVDayRange> range = std::nullopt;
-    /// The name of a set; absent: the file's current one.
-    std::optional<QString> set = std::nullopt;
+struct CVExportRequest : CVBudgetOptions {
     int searchKind = 0;
     /// Empty: everything.
     QString searchText = {};
     QString sortColumn = QStringLiteral("date");
     bool descending = true;
-    /// Absent: the user's own.
-    std::optional<QString> dataFile = std::nullopt;
-    /// Absent: the clock's.
-    std::optional<QBDate> today = std::nullopt;
-    /// Absent: standard output.
-    std::optional<QString> output = std::nullopt;
 
     /// Reads the arguments behind the command's name (the first is skipped). Absent when they cannot be understood:
     /// `problem` then says why.

@@ -1,20 +1,32 @@
 #include "app/CVAppDelegate.h"
 #include "app/CVCheckCommand.h"
 #include "app/CVCommandLine.h"
+#include "app/CVOffscreenApplication.h"
+#include "app/CVRunningInstance.h"
+#include "app/CVTerminationSignals.h"
+#include "help/CVHelp.h"
 #include "shared/base/CVBundle.h"
 #include "shared/base/QBUserDefaults.h"
 #include "shared/widgets/CVAccessibleComboBox.h"
 #include "shared/widgets/CVAlertPanel.h"
+#include "shared/widgets/CVDesktopPrograms.h"
 #include "shared/widgets/CVFileDialogs.h"
 #include "storage/CVStandardDataFile.h"
+#include "workspace/CVPrintDialogs.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QIcon>
 #include <QSettings>
+#include <QStandardPaths>
 #include <QTextStream>
 
 namespace {
 
+constexpr int kFailure = 1;
 constexpr int kUsageError = 2;
+/// How long a program that runs already may take to show itself.
+constexpr std::chrono::seconds kPatience(5);
 
 void nameApplication() {
     const auto version = CVBundle::version();
@@ -42,26 +54,80 @@ int runWithoutWindow(const CVCommandLine& line) {
         return CVRunCheck(line.dataFile, output, errors);
     case CVCommandLine::Action::Export:
         return CVRunExport(line.exportRequest, errors);
+    case CVCommandLine::Action::Report:
+        return CVRunReport(line.reportRequest, errors);
     default:
         return refuse(errors, line.problem);
     }
 }
 
-int runWindow(int& argc, char** argv) {
-    QApplication application(argc, argv);
-    // What the toolkit has not taken for itself is a file, say, that a file manager wants opened.
-    if (QCoreApplication::arguments().size() > 1) {
-        QTextStream errors(stderr);
-        return refuse(
-            errors, QCoreApplication::translate("main", "\"%1\" is not opened: Corvella opens your own data file only")
-                        .arg(QCoreApplication::arguments().at(1)));
-    }
-    CVAccessibleComboBox::install();
+/// What the toolkit has not taken for itself: an option that nobody knows, or a file that a file manager, say, wants
+/// opened.
+int refuseArgument(const QString& argument) {
+    QTextStream errors(stderr);
+    if (argument.startsWith('-'))
+        return refuse(errors, QCoreApplication::translate("main", "there is no option \"%1\"").arg(argument));
+    const CVStandardFolders folders = CVStandardFolders::ofUser();
+    QBUserDefaults defaults(QBUserDefaults::standardStore(), QBUserDefaults::Changes::Forgotten);
+    auto own = CVStandardDataFileURL(CVLookForExisting::Yes, folders, defaults);
+    if (!own)
+        own = CVPathForSaving(folders, defaults);
+    errors << "corvella: "
+           << QCoreApplication::translate("main",
+                                          "\"%1\" is not opened: Corvella opens your own data file only, \"%2\"")
+                  .arg(argument, QDir::toNativeSeparators(own.value_or(QString())))
+           << Qt::endl;
+    return kUsageError;
+}
+
+int refuseToRunTwice() {
+    QTextStream errors(stderr);
+    errors << "corvella: "
+           << QCoreApplication::translate("main", "Corvella is running already and does not answer; your data file is "
+                                                  "not opened a second time. Try again, or end that one first.")
+           << Qt::endl;
+    return kFailure;
+}
+
+int runOnlyWindow(CVRunningInstance& running) {
     CVAlertPanel alerts;
     CVFileDialogs panels;
+    CVPrintDialogs printPanels;
+    CVDesktopPrograms programs;
+    QBUserDefaults defaults(QBUserDefaults::standardStore());
+    CVHelp help(QCoreApplication::applicationDirPath(), alerts, defaults, programs);
     CVAppDelegate delegate(QBUserDefaults::standardStore(), CVStandardFolders::ofUser(), alerts, panels);
+    const CVTerminationSignals terminations;
+    QObject::connect(&running, &CVRunningInstance::showRequested, &delegate, &CVAppDelegate::comeToFront);
+    QObject::connect(&terminations, &CVTerminationSignals::received, &delegate, &CVAppDelegate::endWithoutAsking);
+    QObject::connect(qApp, &QGuiApplication::commitDataRequest, &delegate, &CVAppDelegate::keepEverything);
+    delegate.setURLOpener(&programs);
+    delegate.setHelp(&help);
+    delegate.setPrintPanels(&printPanels);
     delegate.applicationDidFinishLaunching();
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    if (status != 0)
+        QTextStream(stderr) << "corvella: " << delegate.saves().waitForFinished().message << Qt::endl;
+    return status;
+}
+
+int runWindow(int& argc, char** argv) {
+    QApplication application(argc, argv);
+    if (QCoreApplication::arguments().size() > 1)
+        return refuseArgument(QCoreApplication::arguments().at(1));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/corvella.png")));
+    QGuiApplication::setDesktopFileName(QStringLiteral("corvella"));
+    CVAccessibleComboBox::install();
+    CVRunningInstance running(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
+    switch (running.claim(kPatience)) {
+    case CVRunningInstance::Outcome::First:
+        return runOnlyWindow(running);
+    case CVRunningInstance::Outcome::OtherShown:
+        return 0;
+    case CVRunningInstance::Outcome::OtherSilent:
+        break;
+    }
+    return refuseToRunTwice();
 }
 
 } // namespace
@@ -74,6 +140,10 @@ int main(int argc, char** argv) {
     const CVCommandLine line = CVCommandLine::parse(arguments);
     if (line.action == CVCommandLine::Action::OpenWindow)
         return runWindow(argc, argv);
+    if (line.action == CVCommandLine::Action::Report && line.reportRequest.needsFonts()) {
+        const CVOffscreenApplication application(argc, argv);
+        return runWithoutWindow(line);
+    }
     const QCoreApplication application(argc, argv);
     return runWithoutWindow(line);
 }

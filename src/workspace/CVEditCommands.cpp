@@ -1,12 +1,12 @@
 #include "workspace/CVEditCommands.h"
 
+#include "shared/widgets/CVTableText.h"
+
 #include <QAbstractItemView>
 #include <QClipboard>
 #include <QComboBox>
 #include <QGuiApplication>
 #include <QLineEdit>
-
-#include <algorithm>
 
 namespace {
 
@@ -14,38 +14,6 @@ namespace {
 QLineEdit* fieldOf(QWidget* focused) {
     const auto* const box = qobject_cast<QComboBox*>(focused);
     return box ? box->lineEdit() : qobject_cast<QLineEdit*>(focused);
-}
-
-QString cellText(const QModelIndex& cell) {
-    const QVariant spoken = cell.data(Qt::AccessibleTextRole);
-    // A cell with a tab or a line end in it would fall into two.
-    return (spoken.isValid() ? spoken : cell.data()).toString().simplified();
-}
-
-/// In the order of reading. Where whole rows are selected, a row stands for its cells.
-QModelIndexList selectedCells(const QAbstractItemView& table) {
-    const QItemSelectionModel& selection = *table.selectionModel();
-    if (table.selectionBehavior() == QAbstractItemView::SelectItems)
-        return selection.selectedIndexes();
-    QModelIndexList cells;
-    for (const QModelIndex& row : selection.selectedRows()) {
-        for (int column = 0; column < table.model()->columnCount(); ++column)
-            cells.append(row.siblingAtColumn(column));
-    }
-    return cells;
-}
-
-/// A line for each row, its cells parted by tabs.
-QString selectedText(const QAbstractItemView& table) {
-    QModelIndexList cells = selectedCells(table);
-    std::sort(cells.begin(), cells.end());
-    QString text;
-    for (qsizetype i = 0; i < cells.size(); ++i) {
-        if (i > 0)
-            text += cells[i].row() == cells[i - 1].row() ? '\t' : '\n';
-        text += cellText(cells[i]);
-    }
-    return text + '\n';
 }
 
 bool canEditText(CVEditCommand command, const QLineEdit& field) {
@@ -98,7 +66,7 @@ void CVEdit(CVEditCommand command, QWidget* focused) {
         editText(command, *field);
     else if (auto* const table = qobject_cast<QAbstractItemView*>(focused)) {
         if (command == CVEditCommand::Copy)
-            QGuiApplication::clipboard()->setText(selectedText(*table));
+            QGuiApplication::clipboard()->setText(CVSelectedText(*table));
         else
             table->selectAll();
     }

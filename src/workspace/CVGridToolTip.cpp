@@ -5,19 +5,17 @@
 #include "model/CVCategory.h"
 #include "shared/format/QBDateFormatter.h"
 #include "shared/format/QBMoneyFormatter.h"
+#include "workspace/CVFiguresToolTip.h"
 
 #include <QCoreApplication>
 
+#include <vector>
+
 namespace {
 
-struct Text {
+struct GridText {
     Q_DECLARE_TR_FUNCTIONS(CVGridToolTip)
 };
-
-QString line(const QString& label, const QString& value) {
-    return QStringLiteral("<tr><td>%1&nbsp;&nbsp;</td><td align=\"right\">%2</td></tr>")
-        .arg(label.toHtmlEscaped(), value.toHtmlEscaped());
-}
 
 QString periodText(const CVGridContents& contents, int column) {
     const CVDisplayPeriods& periods = contents.periods();
@@ -26,21 +24,18 @@ QString periodText(const CVGridContents& contents, int column) {
     const QBDateFormatter formatter;
     switch (periods.periodType()) {
     case CVDisplayPeriods::Day:
-        return Text::tr("%1, %2").arg(header, formatter.string(range.start));
+        return GridText::tr("%1, %2").arg(header, formatter.string(range.start));
     case CVDisplayPeriods::Month:
         return header;
     default:
-        return Text::tr("%1 - %2").arg(formatter.string(range.start), formatter.string(range.end));
+        return GridText::tr("%1 - %2").arg(formatter.string(range.start), formatter.string(range.end));
     }
 }
 
-QString planLines(const CVGridContents& contents, const CVCategory& category, double spent) {
-    const auto plan = planPerPeriod(category, contents.periods().periodType());
-    if (!plan)
-        return {};
+void addPlan(std::vector<CVToolTipFigure>& figures, double plan, double spent) {
     const QBMoneyFormatter formatter;
-    return line(Text::tr("Planned:"), formatter.string(*plan)) +
-           line(Text::tr("Difference:"), formatter.string(*plan - spent));
+    figures.push_back({GridText::tr("Planned:"), formatter.string(plan)});
+    figures.push_back({GridText::tr("Difference:"), formatter.string(plan - spent)});
 }
 
 } // namespace
@@ -49,12 +44,14 @@ QString CVGridToolTip(const CVGridContents& contents, const CVCategory* category
                       double spent) {
     const CVDisplayPeriods& periods = contents.periods();
     const CVDayRange range = column ? contents.rangeOfColumn(*column) : periods.displayRange();
-    const QString name = category ? category->categoryName() : Text::tr("All Categories");
+    const QString name = category ? category->categoryName() : GridText::tr("All Categories");
     const QString period = column ? periodText(contents, *column) : periods.displayRangeText();
     const std::size_t count = contents.numberOfTransactions(category, range);
-    QString lines = line(Text::tr("Transactions:"), QBLocaleInForce().toString(static_cast<qulonglong>(count))) +
-                    line(Text::tr("Spent:"), QBMoneyFormatter().string(spent));
-    if (category && column)
-        lines += planLines(contents, *category, spent);
-    return QStringLiteral("<b>%1</b><br>%2<table>%3</table>").arg(name.toHtmlEscaped(), period.toHtmlEscaped(), lines);
+    std::vector<CVToolTipFigure> figures{
+        {GridText::tr("Transactions:"), QBLocaleInForce().toString(static_cast<qulonglong>(count))},
+        {GridText::tr("Spent:"), QBMoneyFormatter().string(spent)}};
+    const auto plan = category && column ? planPerPeriod(*category, periods.periodType()) : std::nullopt;
+    if (plan)
+        addPlan(figures, *plan, spent);
+    return CVFiguresToolTip(name, period, figures);
 }

@@ -1,6 +1,7 @@
 #include "workspace/CVMainMenu.h"
 
 #include "workspace/CVEditCommands.h"
+#include "workspace/CVOptionItem.h"
 #include "workspace/CVTransactionTableModel.h"
 
 #include <QApplication>
@@ -47,11 +48,15 @@ struct Entry {
 /// In the order of the commands, which is that of the menus.
 constexpr std::array<Entry, kCVCommands> kEntries{
     {{CVCommand::Export, File, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Export Transactions…"), "Ctrl+E"},
+     {CVCommand::Print, File, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "&Print…"), "Ctrl+P"},
+     {CVCommand::PrintPreview, File, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "Print Pre&view…"), "Ctrl+Shift+P"},
+     {CVCommand::PageSetup, File, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "Page Set&up…"), ""},
      {CVCommand::Quit, File, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "&Quit"), "Ctrl+Q"},
      {CVCommand::Remove, Edit, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "&Remove Transactions"), "Del"},
      {CVCommand::Find, Edit, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "&Find"), "Ctrl+F"},
      {CVCommand::DetectDuplicates, Edit, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Detect Duplicates"),
       "Ctrl+Alt+D"},
+     {CVCommand::Preferences, Edit, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "Pre&ferences…"), "Ctrl+,"},
      {CVCommand::ShowTransactions, View, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Transactions"), "Ctrl+1"},
      {CVCommand::ShowSummary, View, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Summary"), "Ctrl+2"},
      {CVCommand::ShowReports, View, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Reports"), "Ctrl+3"},
@@ -63,7 +68,12 @@ constexpr std::array<Entry, kCVCommands> kEntries{
       "Ctrl+Shift+C"},
      {CVCommand::TransactionSets, Budget, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Transaction Sets…"),
       "Ctrl+Shift+S"},
-     {CVCommand::About, Help, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&About Corvella"), ""}}};
+     {CVCommand::ShowHelp, Help, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "Corvella &Help"), "F1"},
+     {CVCommand::ContactSupport, Help, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "Contact &Support"), ""},
+     {CVCommand::WebSite, Help, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Web Site"), ""},
+     {CVCommand::SupportForums, Help, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "Support &Forums"), ""},
+     {CVCommand::CheckForNewVersion, Help, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "Check for &New Version…"), ""},
+     {CVCommand::About, Help, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "&About Corvella"), ""}}};
 
 } // namespace
 
@@ -107,6 +117,7 @@ void CVMainMenu::addCommands() {
         action->setShortcuts(QKeySequence::listFromString(QLatin1String(entry.shortcut)));
         mActions[static_cast<std::size_t>(entry.command)] = action;
     }
+    new CVOptionItem(*menus[Edit], *mActions[static_cast<std::size_t>(CVCommand::DetectDuplicates)]);
     menus[View]->addSeparator();
     addSortMenu(*menus[View]);
 }
@@ -139,6 +150,11 @@ void CVMainMenu::addTableCommands(QTableView& table) {
     connect(edit, &QAction::triggered, &table, [&table] { table.edit(table.currentIndex()); });
     auto* const copy = new QAction(tr("&Copy"), &table);
     connect(copy, &QAction::triggered, &table, [&table] { CVEdit(CVEditCommand::Copy, &table); });
+    // All of them act on the selected rows.
+    for (QAction* const action : {edit, copy}) {
+        action->setEnabled(false);
+        connect(remove, &QAction::enabledChanged, action, &QAction::setEnabled);
+    }
     table.addActions({edit, copy, remove});
     table.setContextMenuPolicy(Qt::ActionsContextMenu);
 }

@@ -13,10 +13,14 @@ class QTableView;
 /// What the menus of the main window can ask for.
 enum class CVCommand {
     Export,
+    Print,
+    PrintPreview,
+    PageSetup,
     Quit,
     Remove,
     Find,
     DetectDuplicates,
+    Preferences,
     ShowTransactions,
     ShowSummary,
     ShowReports,
@@ -26,6 +30,11 @@ enum class CVCommand {
     Record,
     EditCategories,
     TransactionSets,
+    ShowHelp,
+    ContactSupport,
+    WebSite,
+    SupportForums,
+    CheckForNewVersion,
     About
 };
 inline constexpr std::size_t kCVCommands = static_cast<std::size_t>(CVCommand::About) + 1;

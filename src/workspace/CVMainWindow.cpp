@@ -1,5 +1,6 @@
 #include "workspace/CVMainWindow.h"
 
+#include "shared/widgets/CVOpenEditor.h"
 #include "workspace/CVEntryStrip.h"
 #include "workspace/CVMainMenu.h"
 #include "workspace/CVReportsTab.h"
@@ -8,7 +9,6 @@
 #include "workspace/CVTransactionTableView.h"
 #include "workspace/CVTransactionsTab.h"
 
-#include <QAbstractItemView>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -58,12 +58,7 @@ void CVMainWindow::closeEvent(QCloseEvent* event) {
 }
 
 void CVMainWindow::commitOpenEditor() {
-    QWidget* const focused = focusWidget();
-    for (QWidget* above = focused ? focused->parentWidget() : nullptr; above; above = above->parentWidget()) {
-        // An editor commits when it loses the focus.
-        if (qobject_cast<QAbstractItemView*>(above))
-            return focused->clearFocus();
-    }
+    CVCommitOpenEditor(focusWidget());
 }
 
 void CVMainWindow::changeEvent(QEvent* event) {

@@ -1,6 +1,5 @@
 #include "workspace/CVMainWindowController.h"
 
-#include "budget/CVBudgetRows.h"
 #include "model/CVCategory.h"
 #include "model/CVTransactionSet.h"
 #include "shared/base/CVBundle.h"
@@ -40,6 +39,7 @@ CVMainWindowController::CVMainWindowController(CVDocument& document, CVAlerts& a
     , mGrid(mToday, document.userDefaults().integerForKey(CVDefaultsKeys::kPeriodType),
             CVDisplayPeriods::Placement::fromDefaults(document.userDefaults()))
     , mReports(mToday)
+    , mPrintCommands({mList, mGrid, mReports}, alerts)
     , mWindow(std::make_unique<CVMainWindow>(mList, mGrid, mReports)) {
     windowDidLoad();
 }
@@ -75,15 +75,12 @@ void CVMainWindowController::getStarted() {
 }
 
 void CVMainWindowController::reloadAllTables() {
-    if (mDisplayTab == kSummary || mDisplayTab == kReports) {
-        const auto rows = buildCategoryArray(mDocument, CVShowUnusedFromDefaults(mDocument.userDefaults()));
-        if (mDisplayTab == kSummary) {
-            mGrid.reload(mList.transactions(), rows);
-            mWindow->summaryTab().reload();
-        } else {
-            mReports.reload(mList.transactions(), rows);
-            mWindow->reportsTab().reload();
-        }
+    if (mDisplayTab == kSummary) {
+        reloadGrid();
+        mWindow->summaryTab().reload();
+    } else if (mDisplayTab == kReports) {
+        reloadReports();
+        mWindow->reportsTab().reload();
     } else
         showList();
     updateCommands();
@@ -200,12 +197,19 @@ void CVMainWindowController::reportTabSelected(int index) {
     reloadAllTables();
 }
 
-void CVMainWindowController::handleCategoryUpdate() {
+void CVMainWindowController::showCategoryItems() {
     QStringList names;
     for (const auto& category : mDocument.categories())
         names.append(category->categoryName());
     mWindow->entryStrip().setCategoryItems(names);
     mWindow->transactionsTab().table().setCategoryItems(names);
+}
+
+void CVMainWindowController::handleCategoryUpdate() {
+    showCategoryItems();
+    // A name that is searched for or sorted by may be another one now.
+    mList.filterTransactions();
+    mList.doUserSort();
     reloadAllTables();
 }
 
@@ -217,7 +221,10 @@ void CVMainWindowController::transactionUpdated() {
     reloadAllTables();
 }
 
+/// The settings are not all that may be new: the data file may have been cleared as well.
 void CVMainWindowController::preferenceChanged() {
+    mList.collectTransactions();
+    showCategoryItems();
     mainSetup();
     updatePaidToAutocomplete();
     reloadAllTables();

@@ -3,6 +3,7 @@
 #include "budget/CVGridContents.h"
 #include "budget/CVReportContents.h"
 #include "workspace/CVPaidToList.h"
+#include "workspace/CVPrintCommands.h"
 #include "workspace/CVTransactionList.h"
 
 #include <QObject>
@@ -15,6 +16,7 @@ class CVDocument;
 class CVDocumentWindows;
 class CVFilePanels;
 class CVMainWindow;
+class CVPrintPanels;
 class CVSaveStatus;
 class QMainWindow;
 enum class CVCommand;
@@ -37,6 +39,8 @@ public:
 
     /// Opens the further windows; without it none opens. Outlives the controller.
     void setDocumentWindows(CVDocumentWindows* windows);
+    /// Through which everything is printed; without them nothing is. They outlive the controller.
+    void setPrintPanels(CVPrintPanels* panels);
 
     /// Rebuilds everything that depends on the current transaction set.
     void getStarted();
@@ -51,11 +55,20 @@ public:
     void detectDuplicates();
     /// Writes the listed transactions to a file of the user's choice.
     void exportTransactions();
+    /// Print the transactions as they are listed, the grid, and the report tab that is chosen; or show the pages.
+    void printTransactions(CVPrintWay way);
+    void printSummary(CVPrintWay way);
+    void printReport(CVPrintWay way);
     /// Makes the set at that position of the document's sets the current one.
     void changeTransactionSet(int index);
     /// Open the editors; without document windows they do nothing.
     void editCategories();
+    void showPreferences();
     void handleTransactionSets();
+
+signals:
+    /// A command was chosen that concerns the application, not this window.
+    void applicationCommandChosen(CVCommand command);
 
 private:
     enum Tab { kTransactions, kSummary, kReports };
@@ -83,6 +96,7 @@ private:
     void tabSelected(int index);
     void reportTabSelected(int index);
 
+    void showCategoryItems();
     void handleCategoryUpdate();
     void transactionUpdated();
     void preferenceChanged();
@@ -110,6 +124,10 @@ private:
     void setFrequency(int row, int code);
     void setTarget(int row, double target);
 
+    void reloadGrid();
+    void reloadReports();
+    void printShownTab(CVPrintWay way);
+
     void showProblem(const CVEntryProblem& problem);
     void showAbout();
 
@@ -123,6 +141,7 @@ private:
     CVPaidToList mPaidToList;
     CVGridContents mGrid;
     CVReportContents mReports;
+    CVPrintCommands mPrintCommands;
     int mDisplayTab = kTransactions;
     int mReportTab = 0;
     /// While the window is (re)built: what its controls report then is no choice of the user's.

@@ -5,6 +5,7 @@
 #include "shared/base/QBUserDefaults.h"
 #include "shared/widgets/CVAlerts.h"
 #include "shared/widgets/CVFilePanels.h"
+#include "shared/widgets/CVProgressDelay.h"
 #include "workspace/CVDuplicates.h"
 #include "workspace/CVEntryStrip.h"
 #include "workspace/CVMainWindow.h"
@@ -24,8 +25,6 @@
 /// What the controller does for the entry strip and the transactions tab.
 
 namespace {
-
-constexpr int kSilentMilliseconds = 500;
 
 /// The name of the data file less its extension.
 QString displayName(const QBUserDefaults& defaults) {
@@ -115,7 +114,7 @@ void CVMainWindowController::writeExport(const QString& path) {
     QProgressDialog progress(tr("Exporting transactions…"), tr("Cancel"), 0, static_cast<int>(rows.size()),
                              mWindow.get());
     progress.setWindowModality(Qt::WindowModal);
-    progress.setMinimumDuration(kSilentMilliseconds);
+    progress.setMinimumDuration(kCVProgressDelay);
     const auto text = CVExportedTransactions(rows, [&progress](std::size_t done) {
         progress.setValue(static_cast<int>(done));
         return !progress.wasCanceled();

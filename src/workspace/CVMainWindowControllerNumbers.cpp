@@ -1,3 +1,4 @@
+#include "budget/CVBudgetRows.h"
 #include "budget/CVFrequencyConversion.h"
 #include "budget/CVRangePresets.h"
 #include "model/CVCategory.h"
@@ -18,6 +19,16 @@ void CVMainWindowController::setDateFieldsFromPopUp() {
     mReports.setRangeFromPreset(mToday, mDocument);
     mWindow->transactionsTab().rangeControls().setRange(mList.range());
     mWindow->reportsTab().rangeControls().setRange(mReports.range());
+}
+
+void CVMainWindowController::reloadGrid() {
+    mGrid.reload(mList.transactions(),
+                 buildCategoryArray(mDocument, CVShowUnusedFromDefaults(mDocument.userDefaults())));
+}
+
+void CVMainWindowController::reloadReports() {
+    mReports.reload(mList.transactions(),
+                    buildCategoryArray(mDocument, CVShowUnusedFromDefaults(mDocument.userDefaults())));
 }
 
 void CVMainWindowController::setTimePeriod(int periodType) {

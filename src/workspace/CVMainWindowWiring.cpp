@@ -44,9 +44,15 @@ void CVMainWindowController::handleTransactionSets() {
         mDocumentWindows->createTransactionSetController();
 }
 
+void CVMainWindowController::showPreferences() {
+    if (mDocumentWindows)
+        mDocumentWindows->createPreferenceController();
+}
+
 void CVMainWindowController::connectTransactionsTab() {
     const CVTransactionsTab& tab = mWindow->transactionsTab();
     connect(&tab, &CVTransactionsTab::removeRequested, this, &CVMainWindowController::removeTransaction);
+    connect(&tab, &CVTransactionsTab::printRequested, this, [this] { choose(CVCommand::Print); });
     connect(&tab.searchField(), &CVSearchField::searched, this, &CVMainWindowController::setSearchText);
     connect(&tab.searchField(), &CVSearchField::searchTypePicked, this, &CVMainWindowController::setSearchType);
     connect(&tab.table(), &CVTransactionTableView::columnClicked, this, &CVMainWindowController::sortByColumn);
@@ -65,6 +71,7 @@ void CVMainWindowController::connectSummaryTab() {
     connect(&tab, &CVSummaryTab::previousRequested, this, [this] { showPeriods(&CVDisplayPeriods::previous); });
     connect(&tab, &CVSummaryTab::nextRequested, this, [this] { showPeriods(&CVDisplayPeriods::next); });
     connect(&tab, &CVSummaryTab::todayRequested, this, &CVMainWindowController::goToToday);
+    connect(&tab, &CVSummaryTab::printRequested, this, [this] { choose(CVCommand::Print); });
     connect(&tab, &CVSummaryTab::cellActivated, this, &CVMainWindowController::showCell);
 }
 
@@ -74,6 +81,7 @@ void CVMainWindowController::connectReportsTab() {
     connect(&tab, &CVReportsTab::presetPicked, this, &CVMainWindowController::setReportDateRange);
     connect(&tab, &CVReportsTab::startEntered, this, &CVMainWindowController::setReportStart);
     connect(&tab, &CVReportsTab::endEntered, this, &CVMainWindowController::setReportEnd);
+    connect(&tab, &CVReportsTab::printRequested, this, [this] { choose(CVCommand::Print); });
     connect(&tab, &CVReportsTab::frequencyPicked, this, &CVMainWindowController::setFrequency);
     connect(&tab, &CVReportsTab::targetEntered, this, &CVMainWindowController::setTarget);
 }
@@ -83,6 +91,12 @@ void CVMainWindowController::choose(CVCommand command) {
     switch (command) {
     case CVCommand::Export:
         return exportTransactions();
+    case CVCommand::Print:
+        return printShownTab(CVPrintWay::Print);
+    case CVCommand::PrintPreview:
+        return printShownTab(CVPrintWay::Preview);
+    case CVCommand::PageSetup:
+        return mPrintCommands.setUpPage(*mWindow);
     case CVCommand::Quit:
         mWindow->close();
         return;
@@ -112,6 +126,15 @@ void CVMainWindowController::choose(CVCommand command) {
         return editCategories();
     case CVCommand::TransactionSets:
         return handleTransactionSets();
+    case CVCommand::Preferences:
+        return showPreferences();
+    case CVCommand::ShowHelp:
+    case CVCommand::ContactSupport:
+    case CVCommand::WebSite:
+    case CVCommand::SupportForums:
+    case CVCommand::CheckForNewVersion:
+        emit applicationCommandChosen(command);
+        return;
     case CVCommand::About:
         return showAbout();
     }
@@ -125,6 +148,8 @@ void CVMainWindowController::updateCommands() {
                     mDisplayTab == kTransactions && !mWindow->transactionsTab().table().selectedTransactions().empty());
     for (const CVCommand command : {CVCommand::PreviousPeriod, CVCommand::NextPeriod, CVCommand::Today})
         menu.setEnabled(command, mDisplayTab == kSummary);
-    for (const CVCommand command : {CVCommand::EditCategories, CVCommand::TransactionSets})
+    for (const CVCommand command : {CVCommand::EditCategories, CVCommand::TransactionSets, CVCommand::Preferences})
         menu.setEnabled(command, mDocumentWindows != nullptr);
+    for (const CVCommand command : {CVCommand::Print, CVCommand::PrintPreview, CVCommand::PageSetup})
+        menu.setEnabled(command, mPrintCommands.canPrint());
 }

@@ -35,7 +35,8 @@ public:
 signals:
     /// The user chose that item, be it anew or again.
     void presetPicked(int index);
-    /// The user entered another day. A text that is no date enters none: the old day stays and the field says so.
+    /// The user entered a day, be it the one that stood there. A text that is no date enters none: the old day stays
+    /// and the field says so.
     void startEntered(const QBDate& date);
     void endEntered(const QBDate& date);
 

@@ -6,6 +6,7 @@
 #include "shared/base/QBMoney.h"
 #include "shared/widgets/CVAttentionColour.h"
 #include "shared/widgets/CVCellAlignment.h"
+#include "workspace/CVReportToolTip.h"
 
 #include <QFont>
 #include <QGuiApplication>
@@ -74,8 +75,9 @@ QVariant CVReportModel::data(const QModelIndex& index, int role) const {
         return QVariant(alignment(column(index.column()).kind));
     case Qt::ForegroundRole:
     case Qt::FontRole:
+        return warns(index) ? emphasis(role) : QVariant();
     case Qt::ToolTipRole:
-        return warns(index) ? warning(index, role) : QVariant();
+        return index.column() == 0 ? QVariant() : toolTip(index);
     default:
         return {};
     }
@@ -135,15 +137,20 @@ bool CVReportModel::warns(const QModelIndex& index) const {
     return column(index.column()).kind == Kind::Difference && targetIsBelowMonthlyAverage(*categoryOfRow(index.row()));
 }
 
-QVariant CVReportModel::warning(const QModelIndex& index, int role) const {
+QVariant CVReportModel::emphasis(int role) {
     if (role == Qt::ForegroundRole)
         return QBrush(CVAttentionColour(QGuiApplication::palette(), QPalette::Base));
-    if (role == Qt::FontRole) {
-        QFont font;
-        font.setBold(true);
-        return font;
-    }
+    QFont font;
+    font.setBold(true);
+    return font;
+}
+
+QString CVReportModel::toolTip(const QModelIndex& index) const {
     const CVCategory& category = *categoryOfRow(index.row());
-    return tr("The target is too low: %1 a month were spent on average.")
-        .arg(mMoneyFormatter.string(category.monthly()));
+    QString figures = CVReportToolTip(mContents, category);
+    if (!warns(index))
+        return figures;
+    const QString warning =
+        tr("The target is too low: %1 a month were spent on average.").arg(mMoneyFormatter.string(category.monthly()));
+    return figures + QStringLiteral("<p>%1</p>").arg(warning.toHtmlEscaped());
 }

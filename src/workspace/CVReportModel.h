@@ -38,7 +38,8 @@ private:
     [[nodiscard]] QVariant value(const QModelIndex& index) const;
     [[nodiscard]] QString text(const QModelIndex& index) const;
     [[nodiscard]] bool warns(const QModelIndex& index) const;
-    [[nodiscard]] QVariant warning(const QModelIndex& index, int role) const;
+    [[nodiscard]] static QVariant emphasis(int role);
+    [[nodiscard]] QString toolTip(const QModelIndex& index) const;
 
     const CVReportContents& mContents;
     std::span<const CVReportColumn> mColumns;

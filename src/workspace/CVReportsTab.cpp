@@ -4,6 +4,7 @@
 #include "shared/format/QBLocale.h"
 #include "shared/widgets/CVFigureField.h"
 #include "workspace/CVFiguresTable.h"
+#include "workspace/CVPrintButton.h"
 #include "workspace/CVRangeControls.h"
 #include "workspace/CVReportCellDelegate.h"
 #include "workspace/CVReportModel.h"
@@ -12,6 +13,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPushButton>
 #include <QSignalBlocker>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -22,6 +24,7 @@ CVReportsTab::CVReportsTab(const CVReportContents& contents, QWidget* parent)
     , mRangeControls(new CVRangeControls({QLatin1StringView("mSetReportDateRange"), tr("Report Range")},
                                          {QLatin1StringView("mReportStartDate"), tr("Report Start")},
                                          {QLatin1StringView("mReportEndDate"), tr("Report End")}, this))
+    , mPrintButton(CVMakePrintButton(tr("Print the report that is shown"), *this))
     , mReportTabView(new QTabWidget(this)) {
     mReportTabView->setObjectName(QStringLiteral("mReportTabView"));
     mReportTabView->setAccessibleName(tr("Reports"));
@@ -34,6 +37,7 @@ CVReportsTab::CVReportsTab(const CVReportContents& contents, QWidget* parent)
     layout->addWidget(mReportTabView, 1);
 
     connect(mReportTabView, &QTabWidget::currentChanged, this, &CVReportsTab::reportTabPicked);
+    connect(mPrintButton, &QPushButton::clicked, this, &CVReportsTab::printRequested);
     connect(mRangeControls, &CVRangeControls::presetPicked, this, &CVReportsTab::presetPicked);
     connect(mRangeControls, &CVRangeControls::startEntered, this, &CVReportsTab::startEntered);
     connect(mRangeControls, &CVRangeControls::endEntered, this, &CVReportsTab::endEntered);
@@ -82,6 +86,7 @@ QHBoxLayout* CVReportsTab::makeControls() {
         addFigure(*controls, "mNumberOfTransactionsField2", tr("Transactions:"), tr("Report Transactions"));
     mTotalNumberOfTransactionsField2 =
         addFigure(*controls, "mTotalNumberOfTransactionsField2", tr("of"), tr("Report Transactions Total"));
+    controls->addWidget(mPrintButton);
     return controls;
 }
 

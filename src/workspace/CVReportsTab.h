@@ -12,6 +12,7 @@ class CVFiguresTable;
 class CVRangeControls;
 class CVReportContents;
 class QHBoxLayout;
+class QPushButton;
 class QTabWidget;
 
 /// The four report tables with the controls of their range. It announces what the user enters and changes nothing
@@ -43,6 +44,7 @@ signals:
     /// The user changed a row's plan; counted from 0.
     void frequencyPicked(int row, int code);
     void targetEntered(int row, double target);
+    void printRequested();
 
 private:
     [[nodiscard]] QHBoxLayout* makeControls();
@@ -56,6 +58,8 @@ private:
     CVRangeControls* mRangeControls;
     CVFigureField* mNumberOfTransactionsField2 = nullptr;
     CVFigureField* mTotalNumberOfTransactionsField2 = nullptr;
+    /// Made before the tables, so that Tab meets it before them.
+    QPushButton* mPrintButton;
     QTabWidget* mReportTabView;
     /// By CVReportTable.
     std::array<CVFiguresTable*, kReportTables> mTables{};

@@ -3,6 +3,7 @@
 #include "budget/CVGridContents.h"
 #include "shared/widgets/CVFigureField.h"
 #include "workspace/CVGridTables.h"
+#include "workspace/CVPrintButton.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -42,6 +43,10 @@ CVSummaryTab::CVSummaryTab(const CVGridContents& contents, QWidget* parent)
             &QPushButton::clicked, this, &CVSummaryTab::todayRequested);
     connect(addButton(*controls, "mNextButton", tr("Next"), tr("Show later periods")), &QPushButton::clicked, this,
             &CVSummaryTab::nextRequested);
+
+    auto* const print = CVMakePrintButton(tr("Print the summary"), *this);
+    connect(print, &QPushButton::clicked, this, &CVSummaryTab::printRequested);
+    controls->addWidget(print);
 
     mTables = new CVGridTables(contents, this);
     connect(mTables, &CVGridTables::cellActivated, this, &CVSummaryTab::cellActivated);

@@ -28,6 +28,7 @@ signals:
     void previousRequested();
     void nextRequested();
     void todayRequested();
+    void printRequested();
     /// The user wants to see what a cell was added up from. Rows and columns are counted from 0.
     void cellActivated(int row, int column);
 

@@ -4,12 +4,9 @@
 #include "model/CVTransaction.h"
 #include "shared/format/QBDateFormatter.h"
 #include "shared/format/QBMoneyFormatter.h"
+#include "workspace/CVOutputFile.h"
 
-#include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
-
-#include <unistd.h>
+#include <QIODevice>
 
 namespace {
 
@@ -43,26 +40,9 @@ std::optional<QByteArray> CVExportedTransactions(std::span<CVTransaction* const>
     return text;
 }
 
-namespace {
-
-/// What is no file (a pipe, a terminal, another device) is written to as it stands there.
-std::optional<QString> writeThrough(const QString& path, const QByteArray& text) {
-    QFile target(path);
-    const bool written = target.open(QIODevice::WriteOnly | QIODevice::Unbuffered | QIODevice::ExistingOnly) &&
-                         target.write(text) == text.size();
-    return written ? std::nullopt : std::optional(target.errorString());
-}
-
-} // namespace
-
 std::optional<QString> CVWriteExport(const QString& path, const QByteArray& text) {
-    if (const QFileInfo target(path); target.exists() && !target.isFile())
-        return writeThrough(path, text);
-    QSaveFile file(path);
-    // Flushed and synced here, because commit() may drop the errors of its own flush.
-    const bool written = file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.flush() &&
-                         ::fsync(file.handle()) == 0;
-    if (written && file.commit())
-        return std::nullopt;
-    return file.errorString();
+    return CVWriteOutputFile(path, [&text](QIODevice& output) {
+        output.write(text);
+        return true;
+    });
 }

@@ -146,6 +146,15 @@ CVDocument::Transactions CVTransactionList::owned(const Rows& rows) const {
     return found;
 }
 
+CVDocument::Transactions CVTransactionList::sharedDisplayTransactions() const {
+    const auto owner = std::make_shared<CVDocument::Transactions>(mTransactionArray);
+    CVDocument::Transactions shared;
+    shared.reserve(mDisplayTransactionArray.size());
+    for (CVTransaction* const transaction : mDisplayTransactionArray)
+        shared.emplace_back(owner, transaction);
+    return shared;
+}
+
 /// A transaction without a date lies in no range, but "All" is to show every line that there is.
 bool CVTransactionList::showsUndated() const {
     const auto all = rangeOfPreset(kPresetAll, mRange.end, mDocument);

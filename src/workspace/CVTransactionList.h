@@ -64,6 +64,8 @@ public:
 
     /// The shared objects behind rows, each once, in the order of stage 1.
     [[nodiscard]] CVDocument::Transactions owned(const Rows& rows) const;
+    /// Stage 3 with a share in the ownership of stage 1.
+    [[nodiscard]] CVDocument::Transactions sharedDisplayTransactions() const;
 
 private:
     [[nodiscard]] bool showsUndated() const;

@@ -20,9 +20,9 @@ constexpr double kEqualWithin = 0.000001;
 using Rows = std::vector<CVTransaction*>;
 using Source = std::span<CVTransaction* const>;
 
-QString tr(const char* text) {
-    return QCoreApplication::translate("CVTransactionSearch", text);
-}
+struct SearchText {
+    Q_DECLARE_TR_FUNCTIONS(CVTransactionSearch)
+};
 
 /// Whether texts contain what is searched for. Most transactions share their texts with others: the answers for those
 /// met last are remembered by where the text lies in memory.
@@ -107,8 +107,8 @@ Rows searchCategory(Source transactions, const QString& text) {
 template <typename Flag>
 Rows searchFlag(Source transactions, const QString& text, Flag flag) {
     const auto mentions = [&text](const QString& word) { return text.contains(word, Qt::CaseInsensitive) ? 1 : 0; };
-    const int timesWhenSet = mentions(tr("Yes")) + mentions(tr("On"));
-    const int timesWhenClear = mentions(tr("No")) + mentions(tr("Off"));
+    const int timesWhenSet = mentions(SearchText::tr("Yes")) + mentions(SearchText::tr("On"));
+    const int timesWhenClear = mentions(SearchText::tr("No")) + mentions(SearchText::tr("Off"));
     Rows found;
     for (CVTransaction* const transaction : transactions) {
         const int times = flag(*transaction) ? timesWhenSet : timesWhenClear;
@@ -176,7 +176,7 @@ bool isKind(int kind) {
 } // namespace
 
 QString CVSearchKindTitle(int kind) {
-    return isKind(kind) ? tr(kSearchKinds[static_cast<std::size_t>(kind)].title) : QString();
+    return isKind(kind) ? SearchText::tr(kSearchKinds[static_cast<std::size_t>(kind)].title) : QString();
 }
 
 std::vector<CVTransaction*> searchTransactionsWithString(std::span<CVTransaction* const> transactions, int kind,

@@ -1,14 +1,12 @@
 #include "workspace/CVTransactionTableView.h"
 
 #include "model/CVTransaction.h"
-#include "shared/widgets/CVTableStyle.h"
 #include "workspace/CVTransactionCellDelegate.h"
 #include "workspace/CVTransactionList.h"
 #include "workspace/CVTransactionTableModel.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QPushButton>
 #include <QScrollBar>
 
@@ -19,14 +17,13 @@
 namespace {
 
 constexpr int kTintMilliseconds = 1500;
-constexpr double kRowHeightInLines = 1.5;
 /// The usual widths of the columns, in widths of a zero.
 constexpr std::array<int, CVTransactionTableModel::ColumnCount> kWidthsInDigits{12, 14, 26, 30, 22, 7, 7};
 
 } // namespace
 
 CVTransactionTableView::CVTransactionTableView(const CVTransactionList& list, QWidget* parent)
-    : QTableView(parent)
+    : CVTableView(parent)
     , mList(list)
     , mModel(new CVTransactionTableModel(list, this))
     , mDelegate(new CVTransactionCellDelegate(this))
@@ -36,17 +33,7 @@ CVTransactionTableView::CVTransactionTableView(const CVTransactionList& list, QW
     setSelectionBehavior(SelectRows);
     setSelectionMode(ExtendedSelection);
     setEditTriggers(DoubleClicked | EditKeyPressed);
-    setAlternatingRowColors(true);
-    setShowGrid(false);
-    setWordWrap(false);
-    // Tab leads on to the next control; the arrow keys move within the table.
-    setTabKeyNavigation(false);
-    setVerticalScrollMode(ScrollPerPixel);
-    setHorizontalScrollMode(ScrollPerPixel);
-    auto* const tableStyle = new CVTableStyle(this);
-    setStyle(tableStyle);
-    horizontalHeader()->setStyle(tableStyle);
-    setUpHeaders();
+    setUpHeader();
     mClearSearch->hide();
     connect(mClearSearch, &QPushButton::clicked, this, &CVTransactionTableView::clearSearchRequested);
     connect(mModel, &CVTransactionTableModel::edited, this, &CVTransactionTableView::edited);
@@ -76,7 +63,7 @@ void CVTransactionTableView::reload() {
     verticalScrollBar()->setValue(scrolled);
     showOrder();
     placeClearSearch();
-    setAccessibleDescription(emptyText());
+    setMessage(emptyText());
 }
 
 void CVTransactionTableView::reorder() {
@@ -137,36 +124,25 @@ void CVTransactionTableView::keyboardSearch(const QString& search) {
         const int row = qMax(0, currentIndex().row());
         selectionModel()->setCurrentIndex(mModel->index(row, column), QItemSelectionModel::NoUpdate);
     }
-    QTableView::keyboardSearch(search);
+    CVTableView::keyboardSearch(search);
 }
 
 void CVTransactionTableView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
-    QTableView::selectionChanged(selected, deselected);
+    CVTableView::selectionChanged(selected, deselected);
     updateSelectedTransactions();
 }
 
 void CVTransactionTableView::keyPressEvent(QKeyEvent* event) {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isReturn && event->modifiers() == Qt::NoModifier && currentIndex().isValid() && state() != EditingState)
+    const bool isAlone = !(event->modifiers() & ~Qt::KeypadModifier);
+    if (isReturn && isAlone && currentIndex().isValid() && state() != EditingState)
         edit(currentIndex());
     else
-        QTableView::keyPressEvent(event);
-}
-
-void CVTransactionTableView::paintEvent(QPaintEvent* event) {
-    QTableView::paintEvent(event);
-    const QString text = emptyText();
-    if (text.isEmpty())
-        return;
-    QPainter painter(viewport());
-    painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
-    painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, text);
+        CVTableView::keyPressEvent(event);
 }
 
 void CVTransactionTableView::changeEvent(QEvent* event) {
-    QTableView::changeEvent(event);
-    if (event->type() == QEvent::FontChange)
-        updateRowHeight();
+    CVTableView::changeEvent(event);
     if (event->type() == QEvent::LocaleChange)
         updateFormatters();
 }
@@ -177,20 +153,14 @@ void CVTransactionTableView::updateFormatters() {
 }
 
 void CVTransactionTableView::resizeEvent(QResizeEvent* event) {
-    QTableView::resizeEvent(event);
+    CVTableView::resizeEvent(event);
     placeClearSearch();
 }
 
-void CVTransactionTableView::setUpHeaders() {
-    verticalHeader()->hide();
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    updateRowHeight();
-
+void CVTransactionTableView::setUpHeader() {
     QHeaderView* const header = horizontalHeader();
     header->setSectionsClickable(true);
     header->setSortIndicatorShown(true);
-    header->setHighlightSections(false);
-    header->setSectionResizeMode(QHeaderView::Interactive);
     header->setSectionResizeMode(CVTransactionTableModel::For, QHeaderView::Stretch);
     setUsualWidths();
     connect(header, &QHeaderView::sectionClicked, this,
@@ -201,10 +171,6 @@ void CVTransactionTableView::setUsualWidths() {
     const int digit = fontMetrics().horizontalAdvance('0');
     for (int column = 0; column < CVTransactionTableModel::ColumnCount; ++column)
         setColumnWidth(column, digit * kWidthsInDigits[static_cast<std::size_t>(column)]);
-}
-
-void CVTransactionTableView::updateRowHeight() {
-    verticalHeader()->setDefaultSectionSize(qRound(fontMetrics().height() * kRowHeightInLines));
 }
 
 QItemSelection CVTransactionTableView::rowsOf(const CVTransactionList::Rows& transactions) const {

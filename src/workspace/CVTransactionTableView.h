@@ -1,8 +1,8 @@
 #pragma once
 
+#include "shared/widgets/CVTableView.h"
 #include "workspace/CVTransactionList.h"
 
-#include <QTableView>
 #include <QTimer>
 
 class CVTransactionCellDelegate;
@@ -11,7 +11,7 @@ class QPushButton;
 
 /// The transaction table. Whole rows are selected; the selection and the scroll position survive a reload as far as the
 /// same transactions are still shown. A double-click, F2 or Return edits a cell; letters select by the sort column.
-class CVTransactionTableView final : public QTableView {
+class CVTransactionTableView final : public CVTableView {
     Q_OBJECT
 
 public:
@@ -54,14 +54,12 @@ signals:
 protected:
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void setUpHeaders();
+    void setUpHeader();
     void setUsualWidths();
-    void updateRowHeight();
     [[nodiscard]] QItemSelection rowsOf(const CVTransactionList::Rows& transactions) const;
     void restoreCurrent(const CVTransaction& transaction, const QModelIndex& before);
     void updateSelectedTransactions();

@@ -1,6 +1,7 @@
 #include "workspace/CVTransactionsTab.h"
 
 #include "shared/widgets/CVFigureField.h"
+#include "workspace/CVPrintButton.h"
 #include "workspace/CVRangeControls.h"
 #include "workspace/CVSearchField.h"
 #include "workspace/CVTransactionList.h"
@@ -77,6 +78,9 @@ QHBoxLayout* CVTransactionsTab::makeHeader() {
 QHBoxLayout* CVTransactionsTab::makeFooter() {
     auto* const footer = new QHBoxLayout;
     footer->addWidget(mRemoveTransactionButton);
+    auto* const print = CVMakePrintButton(tr("Print the listed transactions"), *this);
+    connect(print, &QPushButton::clicked, this, &CVTransactionsTab::printRequested);
+    footer->addWidget(print);
     footer->addStretch();
     mNumberOfTransactionsField1 =
         addFigure(*footer, "mNumberOfTransactionsField1", tr("Transactions:"), tr("Transactions Shown"));

@@ -31,6 +31,7 @@ public:
 
 signals:
     void removeRequested();
+    void printRequested();
 
 protected:
     void changeEvent(QEvent* event) override;

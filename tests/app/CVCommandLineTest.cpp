@@ -30,6 +30,10 @@ const QList<Row> kRows{
     {{"export"}, Action::Export},
     {{"export", "--range", "3"}, Action::Export},
     {{"export", "--range", "9"}, Action::Refuse},
+    {{"report"}, Action::Refuse},
+    {{"report", "tax"}, Action::Report},
+    {{"report", "--range", "3", "tax"}, Action::Report},
+    {{"report", "tax", "--range", "9"}, Action::Refuse},
     // Options of the toolkit, and files, are looked at once the toolkit has taken what is its own.
     {{"-platform", "offscreen"}, Action::OpenWindow},
     {{"some file"}, Action::OpenWindow},
@@ -47,8 +51,9 @@ TEST(CVCommandLine, TellsWhatIsAskedFor) {
 
 TEST(CVCommandLine, UsageNamesEveryCommandAndOption) {
     const QString usage = CVCommandLine::usage();
-    for (const char* const word : {"check", "export", "--data FILE", "--range", "--from", "--to", "--set", "--search",
-                                   "--sort", "--today", "--output", "--version", "--help"})
+    for (const char* const word :
+         {"check", "export", "report KIND", "--period", "--paper", "--data FILE", "--range", "--from", "--to", "--set",
+          "--search", "--sort", "--today", "--output", "--version", "--help"})
         EXPECT_TRUE(usage.contains(word)) << word;
 }
 

@@ -34,7 +34,7 @@ protected:
         environment.insert("XDG_DATA_HOME", mHome.filePath("data"));
         environment.insert("XDG_CONFIG_HOME", mHome.filePath("config"));
         environment.insert("LC_ALL", "C.UTF-8");
-        for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR"})
             environment.remove(name);
         program.setProcessEnvironment(environment);
         program.start(CORVELLA_PROGRAM, arguments);

@@ -3,54 +3,11 @@
 Usage: main_window.py PROGRAM. Ends with status 77 and a reason when the display or the accessibility bus is missing.
 """
 
-import os
-import shutil
 import subprocess
 import sys
-import tempfile
-import time
 import xml.etree.ElementTree as ElementTree
 
-SKIPPED = 77
-INSIDE = "CORVELLA_END_TO_END"
-
-
-def missing():
-    """What this machine lacks, or nothing."""
-    for program in ("dbus-run-session", "xvfb-run", "xdotool"):
-        if shutil.which(program) is None:
-            return program
-    try:
-        import gi
-
-        gi.require_version("Atspi", "2.0")
-    except (ImportError, ValueError):
-        return "the accessibility bus and its Python bindings (gir1.2-atspi-2.0, python3-gi, at-spi2-core)"
-    return None
-
-
-def run_on_own_desktop():
-    """Runs this script again with a session bus, a display and a home of its own."""
-    with tempfile.TemporaryDirectory(prefix="corvella e2e ") as home:
-        runtime = os.path.join(home, "run")
-        os.mkdir(runtime, 0o700)
-        environment = dict(os.environ)
-        environment.update(
-            {
-                INSIDE: home,
-                "HOME": home,
-                "XDG_RUNTIME_DIR": runtime,
-                "XDG_DATA_HOME": os.path.join(home, "data"),
-                "XDG_CONFIG_HOME": os.path.join(home, "config"),
-                "LC_ALL": "C.UTF-8",
-                "QT_QPA_PLATFORM": "xcb",
-                "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
-            }
-        )
-        for name in ("WAYLAND_DISPLAY", "DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "AT_SPI_BUS_ADDRESS"):
-            environment.pop(name, None)
-        command = ["dbus-run-session", "--", "xvfb-run", "-a", "-s", "-screen 0 1280x800x24", sys.executable, __file__]
-        return subprocess.call(command + sys.argv[1:], env=environment)
+import session
 
 
 def drive(home, executable):
@@ -90,7 +47,7 @@ def drive(home, executable):
     finally:
         process.kill()
         process.wait()
-    check_file(os.path.join(home, "data", "Quenby Labs", "Corvella", "Corvella Data.corvella"))
+    check_file(session.data_file(home))
 
 
 def record(program, amount, payee, purpose, category):
@@ -126,19 +83,5 @@ def check_file(path):
     assert lines == {("12.34", "Baker", "milk"), ("30.00", "Station", "petrol")}, lines
 
 
-def main():
-    if len(sys.argv) != 2:
-        print(__doc__)
-        return 2
-    if INSIDE in os.environ:
-        drive(os.environ[INSIDE], sys.argv[1])
-        return 0
-    lack = missing()
-    if lack:
-        print("skipped: this needs " + lack)
-        return SKIPPED
-    return run_on_own_desktop()
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(session.main(drive, __doc__))

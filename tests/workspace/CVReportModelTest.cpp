@@ -11,6 +11,7 @@
 #include <QFont>
 #include <QGuiApplication>
 #include <QSignalSpy>
+#include <QTextDocumentFragment>
 
 #include <gtest/gtest.h>
 
@@ -126,7 +127,7 @@ TEST_F(CVReportModelTest, TheDifferenceIsRedFromTheFirstCentThatIsMissing) {
         const bool isColoured = diff.data(Qt::ForegroundRole).value<QBrush>().color() ==
                                 CVAttentionColour(QGuiApplication::palette(), QPalette::Base);
         EXPECT_EQ(diff.data(Qt::FontRole).value<QFont>().bold(), isColoured) << "never by colour alone";
-        EXPECT_EQ(diff.data(Qt::ToolTipRole).isValid(), isColoured);
+        EXPECT_EQ(diff.data(Qt::ToolTipRole).toString().contains("too low"), isColoured);
         EXPECT_EQ(diff.data(Qt::ForegroundRole).isValid(), isColoured);
         return isColoured;
     };
@@ -135,10 +136,21 @@ TEST_F(CVReportModelTest, TheDifferenceIsRedFromTheFirstCentThatIsMissing) {
         EXPECT_EQ(isRed(), red) << target;
     }
     food->setExpenseTarget(29.99);
-    EXPECT_EQ(cell(mTotals, "diff", 1).data(Qt::ToolTipRole),
-              "The target is too low: $30.00 a month were spent on average.");
+    EXPECT_TRUE(cell(mTotals, "diff", 1)
+                    .data(Qt::ToolTipRole)
+                    .toString()
+                    .endsWith("<p>The target is too low: $30.00 a month were spent on average.</p>"));
     for (const char* const plain : {"category", "freq", "target", "average"})
         EXPECT_FALSE(cell(mTotals, plain, 1).data(Qt::ForegroundRole).isValid()) << plain;
+}
+
+TEST_F(CVReportModelTest, AFigureTellsWhatItComesFrom) {
+    spend(day(2014, 1, 1), 60, "Food").spend(day(2014, 1, 31), 30, "Food").reload();
+    const QString toolTip = cell(mPercent, "percent", 1).data(Qt::ToolTipRole).toString();
+    EXPECT_EQ(QTextDocumentFragment::fromHtml(toolTip).toPlainText().simplified(),
+              "Food 1/1/14 - 3/31/14 Transactions: 2 Spent: $90.00 Average a month: $30.00 Target, Monthly: $25.26");
+    EXPECT_EQ(cell(mTotals, "target", 1).data(Qt::ToolTipRole), toolTip);
+    EXPECT_FALSE(cell(mPercent, "category", 1).data(Qt::ToolTipRole).isValid()) << "shown whole where it is cut";
 }
 
 TEST_F(CVReportModelTest, AnUnknownFrequencyHasNoLabel) {

@@ -87,7 +87,8 @@ TEST_F(CVReportsTabTest, CopyTakesTheSelectedRows) {
 
 TEST_F(CVReportsTabTest, TabLeadsThroughTheControlsToTheTableAndOut) {
     find<QWidget>("mSetReportDateRange").setFocus();
-    for (const char* const next : {"mReportStartDate", "mReportEndDate", "qt_tabwidget_tabbar", "mAveragesTable"}) {
+    for (const char* const next :
+         {"mReportStartDate", "mReportEndDate", "mPrintButton", "qt_tabwidget_tabbar", "mAveragesTable"}) {
         press(Qt::Key_Tab);
         EXPECT_EQ(QApplication::focusWidget()->objectName(), next);
     }

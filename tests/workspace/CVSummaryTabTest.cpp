@@ -153,8 +153,9 @@ TEST_F(CVSummaryTabTest, CopyTakesTheSelectedCells) {
 TEST_F(CVSummaryTabTest, TabLeadsThroughTheControlsAndTheTables) {
     categories(3).show(CVDisplayPeriods::Week);
     find<QWidget>("mExpensePeriod").setFocus();
-    for (const char* const next : {"mPreviousButton", "mTodayButton", "mNextButton", "mExpenseCategoryTable",
-                                   "mExpensePeriodTable", "mExpenseCategoryTotalTable", "mExpensePeriodTotalTable"}) {
+    for (const char* const next :
+         {"mPreviousButton", "mTodayButton", "mNextButton", "mPrintButton", "mExpenseCategoryTable",
+          "mExpensePeriodTable", "mExpenseCategoryTotalTable", "mExpensePeriodTotalTable"}) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         EXPECT_EQ(QApplication::focusWidget()->objectName(), next);
     }

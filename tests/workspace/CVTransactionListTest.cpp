@@ -195,6 +195,24 @@ TEST_F(CVTransactionListTest, OwnedFindsTheSharedObjectsEachOnce) {
     EXPECT_EQ(mList.owned(mList.displayTransactions()), CVDocument::Transactions{mBudget.transactionAt(0)});
 }
 
+TEST_F(CVTransactionListTest, SharesWhatItDisplaysInItsOrderWithItsRepetitions) {
+    mBudget.transaction({.date = day(2014, 2, 1), .payTo = "a", .taxFlag = true})
+        .transaction({.date = day(2014, 2, 2), .payTo = "b", .taxFlag = true});
+    mList.setSearchType(4);
+    mList.setSearchText("Yes, on");
+    rebuild();
+    const CVDocument::Transactions shared = mList.sharedDisplayTransactions();
+    const CVTransactionList::Rows displayed = mList.displayTransactions();
+    const std::weak_ptr<CVTransaction> removed = mBudget.transactionAt(0);
+    mBudget.document().removeTransaction(mBudget.transactionAt(0));
+    rebuild();
+    mList.releaseTakenOut();
+    ASSERT_EQ(shared.size(), 4U);
+    for (std::size_t i = 0; i < shared.size(); ++i)
+        EXPECT_EQ(shared[i].get(), displayed[i]);
+    EXPECT_FALSE(removed.expired()) << "whoever has a share keeps it alive";
+}
+
 /// The stages by their definition, from nothing, for the range of all.
 CVTransactionList::Rows plainStages(const CVDocument& document, const CVTransactionList& list) {
     CVTransactionList::Rows rows;

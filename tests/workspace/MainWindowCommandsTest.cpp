@@ -3,9 +3,11 @@
 #include "shared/base/CVDefaultsKeys.h"
 #include "shared/base/CVNotifications.h"
 #include "workspace/CVDocumentWindows.h"
+#include "workspace/CVMainMenu.h"
 #include "workspace/MainWindowFixture.h"
 
 #include <QFile>
+#include <QMenu>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -20,14 +22,17 @@ public:
     void createTransactionController(const CVDocument::Transactions& transactions) override {
         mCells.push_back(transactions);
     }
+    void createPreferenceController() override { ++mPreferences; }
     [[nodiscard]] const std::vector<CVDocument::Transactions>& cells() const { return mCells; }
     [[nodiscard]] int categoryEditors() const { return mCategoryEditors; }
     [[nodiscard]] int setEditors() const { return mSetEditors; }
+    [[nodiscard]] int preferences() const { return mPreferences; }
 
 private:
     std::vector<CVDocument::Transactions> mCells;
     int mCategoryEditors = 0;
     int mSetEditors = 0;
+    int mPreferences = 0;
 };
 
 class MainWindowCommandsTest : public MainWindowFixture {
@@ -247,6 +252,36 @@ TEST_F(MainWindowCommandsTest, AnotherLocaleShowsAtOnceAndIsAnnounced) {
     EXPECT_TRUE(column(Column::Amount).constFirst().contains("12,50"));
     EXPECT_TRUE(textOf("mTotalAmountField").contains("37,50"));
     EXPECT_TRUE(textOf("mExpenseAmountField").contains("0,00"));
+}
+
+TEST_F(MainWindowCommandsTest, DetectingDuplicatesIsOfferedByTheMenuWithAltAloneAndByItsShortcutAlways) {
+    open();
+    auto& menu = static_cast<QMenu&>(*command("Find").associatedObjects().constFirst());
+    menu.popup(QPoint());
+    EXPECT_FALSE(command("Detect Duplicates").isVisible());
+    menu.close();
+    press(Qt::Key_D, Qt::ControlModifier | Qt::AltModifier);
+    EXPECT_EQ(table().selectedTransactions().size(), 1U);
+}
+
+TEST_F(MainWindowCommandsTest, PreferencesOpenWhereThereAreSome) {
+    open();
+    EXPECT_FALSE(command("Preferences…").isEnabled());
+    RecordingWindows windows;
+    mController->setDocumentWindows(&windows);
+    press(Qt::Key_Comma, Qt::ControlModifier);
+    EXPECT_EQ(windows.preferences(), 1);
+}
+
+TEST_F(MainWindowCommandsTest, WhatConcernsTheApplicationIsPassedOnToIt) {
+    open();
+    QList<CVCommand> chosen;
+    QObject::connect(mController.get(), &CVMainWindowController::applicationCommandChosen, &window(),
+                     [&chosen](CVCommand command) { chosen.append(command); });
+    for (const char* const text : {"Contact Support", "Web Site", "Support Forums", "Check for New Version…"})
+        command(text).trigger();
+    EXPECT_EQ(chosen, (QList{CVCommand::ContactSupport, CVCommand::WebSite, CVCommand::SupportForums,
+                             CVCommand::CheckForNewVersion}));
 }
 
 } // namespace

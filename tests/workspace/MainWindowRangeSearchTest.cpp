@@ -88,6 +88,15 @@ TEST_F(MainWindowRangeSearchTest, EnteringOneEndLeavesTheOtherAsItsPresetHasIt) 
     EXPECT_EQ(textOf("mTransactionEndDate"), "3/8/14");
 }
 
+TEST_F(MainWindowRangeSearchTest, TypingTheSameDayAgainListsAnew) {
+    pick(kLastMonth);
+    document().transactions().back()->setEffectiveDate(day(2014, 2, 20));
+    EXPECT_EQ(payees(), QStringList{"Station"});
+    type("mTransactionStartDate", "2/1/14");
+    press(Qt::Key_Return);
+    EXPECT_EQ(payees(), (QStringList{"Bank", "Station"}));
+}
+
 TEST_F(MainWindowRangeSearchTest, TheListFollowsTheSearchWithEveryKey) {
     EXPECT_EQ(find<QLineEdit>("mSearchField103")->placeholderText(), "All Text Fields");
     focus("mSearchField103");

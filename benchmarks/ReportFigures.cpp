@@ -1,0 +1,206 @@
+#include "CVBareParse.h"
+#include "CVBudgetFixture.h"
+#include "CVComparison.h"
+#include "CVFigures.h"
+#include "CVMemoryProbe.h"
+#include "CVPlainWalk.h"
+#include "reports/CVReportPages.h"
+#include "reports/CVReportPainter.h"
+#include "storage/CVDocumentXML.h"
+#include "storage/CVSafeFile.h"
+
+#include <QFile>
+#include <QImage>
+#include <QPainter>
+#include <QPdfWriter>
+
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <malloc.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <chrono>
+#include <thread>
+
+namespace {
+
+/// The most that a start of the program may take beyond twice the bare reading of its file is twice this.
+constexpr std::chrono::milliseconds kStart(30);
+constexpr int kDotsPerInch = 1200;
+
+/// Runs the program, with its output going nowhere; whether it ended well.
+bool runSummary(const QByteArray& file) {
+    std::array<QByteArray, 6> words{CORVELLA_PROGRAM, "report", "summary", "--period=month", "--data", file};
+    std::array<char*, words.size() + 1> arguments{};
+    for (std::size_t i = 0; i < words.size(); ++i)
+        arguments[i] = words[i].data();
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    pid_t process = 0;
+    int status = -1;
+    const bool ran = posix_spawn(&process, arguments[0], &actions, nullptr, arguments.data(), environ) == 0 &&
+                     waitpid(process, &status, 0) == process;
+    posix_spawn_file_actions_destroy(&actions);
+    return ran && status == 0;
+}
+
+std::unique_ptr<const CVReport> reportOf(CVDocument& document) {
+    return CVReport::initWithTransactions(document.transactions());
+}
+
+/// Every text of the report's pages where it is written, without room or font looked at.
+struct BareText {
+    QPointF baseline;
+    QString text;
+};
+
+std::vector<std::vector<BareText>> bareTexts(const CVReportView& view) {
+    constexpr double kScale = kDotsPerInch / 72.0;
+    const CVReport& report = view.report();
+    std::vector<std::vector<BareText>> pages;
+    for (int number = 1; number <= view.knowsPageRange(); ++number) {
+        const CVReportPage page = view.page(number);
+        auto& texts = pages.emplace_back();
+        const auto write = [&](const QRectF& rect, const QStringList& line) {
+            for (qsizetype i = 0; i < line.size(); ++i)
+                texts.push_back({QPointF(rect.left() + report.columns()[static_cast<std::size_t>(i)].offset,
+                                         page.rect.bottom() - rect.y()) *
+                                     kScale,
+                                 line[i]});
+        };
+        write(page.title, {report.title(), CVReport::pageText(number)});
+        write(page.header, report.labels());
+        for (std::size_t line = 0; line < page.lineCount; ++line)
+            write(page.rectOfLine(line), report.line(page.firstLine + line).texts);
+    }
+    return pages;
+}
+
+void writeBare(const std::vector<std::vector<BareText>>& pages, QIODevice& output, const CVPrintInfo& printInfo) {
+    QPdfWriter writer(&output);
+    writer.setResolution(kDotsPerInch);
+    writer.setPageLayout(printInfo.wholeSheet());
+    QPainter painter(&writer);
+    painter.setFont(CVFontOf(CVReportFont::Main));
+    for (const auto& page : pages) {
+        if (&page != &pages.front())
+            writer.newPage();
+        for (const BareText& text : page)
+            painter.drawText(text.baseline, text.text);
+    }
+}
+
+} // namespace
+
+void CVMeasureSummaryReport(benchmark::State& state, std::size_t transactions) {
+    const CVScratchFolder folder;
+    const QString file = folder.file("budget.corvella");
+    CVBudgetFixture fixture(transactions);
+    if (!CVReplaceFile(file, CVDocumentXMLRepresentation(fixture.document())).ok())
+        state.SkipWithError("the budget could not be written");
+    const QByteArray bytes = fixture.text();
+    bool complete = true;
+    CVComparison comparison;
+    comparison.clock = CVClock::Wall;
+    comparison.reset = [] {};
+    comparison.yardstick = [&] {
+        complete = CVParseBare(bytes) && complete;
+        std::this_thread::sleep_for(kStart);
+    };
+    comparison.subject = [&] { complete = runSummary(file.toLocal8Bit()) && complete; };
+    comparison.run(state);
+    if (!complete)
+        state.SkipWithError("the program did not write the report");
+}
+
+void CVMeasurePagination(benchmark::State& state, std::size_t transactions) {
+    CVBudgetFixture fixture(transactions);
+    CVPrintInfo printInfo;
+    std::unique_ptr<const CVReportView> view;
+    CVDocument::Transactions printed;
+    CVComparison comparison;
+    comparison.clock = CVClock::Thread;
+    comparison.reset = [&] {
+        view = nullptr;
+        printed = fixture.document().transactions();
+    };
+    comparison.yardstick = [&] { CVPlainWalk(fixture.document().transactions()); };
+    comparison.subject = [&] {
+        view = std::make_unique<CVReportView>(CVReport::initWithTransactions(std::move(printed)), printInfo);
+        for (int page = 1; page <= view->knowsPageRange(); ++page)
+            benchmark::DoNotOptimize(view->page(page));
+    };
+    comparison.run(state);
+}
+
+void CVMeasurePaintingLastPage(benchmark::State& state, std::size_t transactions) {
+    // Both pages are full.
+    CVBudgetFixture fixture(transactions - transactions % 49);
+    CVPrintInfo printInfo;
+    const CVReportView view(reportOf(fixture.document()), printInfo);
+    QImage sheet(view.frame().size().toSize().width(), static_cast<int>(printInfo.paperSize().height()),
+                 QImage::Format_RGB32);
+    QPainter painter(&sheet);
+    CVReportPainter reportPainter(view, painter);
+    CVComparison comparison;
+    comparison.clock = CVClock::Thread;
+    comparison.reset = [] {};
+    comparison.yardstick = [&] { reportPainter.paint(1); };
+    comparison.subject = [&] { reportPainter.paint(view.knowsPageRange()); };
+    comparison.run(state);
+}
+
+void CVMeasurePDF(benchmark::State& state, std::size_t transactions) {
+    CVBudgetFixture fixture(transactions);
+    CVPrintInfo printInfo;
+    const CVReportView view(reportOf(fixture.document()), printInfo);
+    const auto texts = bareTexts(view);
+    const CVScratchFolder folder;
+    QFile output(folder.file("report.pdf"));
+    CVComparison comparison;
+    comparison.clock = CVClock::Thread;
+    comparison.reset = [&] {
+        output.close();
+        if (!output.open(QIODevice::WriteOnly))
+            state.SkipWithError("the file could not be opened");
+    };
+    comparison.yardstick = [&] { writeBare(texts, output, printInfo); };
+    comparison.subject = [&] {
+        if (CVWritePDF(view, output, CVPageRange::all(view)) != CVPaintResult::Painted)
+            state.SkipWithError("the report could not be painted");
+    };
+    comparison.run(state);
+}
+
+/// The yardstick is the memory after a tenth of the pages.
+void CVMeasurePDFMemory(benchmark::State& state, std::size_t transactions) {
+    CVBudgetFixture fixture(transactions);
+    CVPrintInfo printInfo;
+    const CVReportView view(reportOf(fixture.document()), printInfo);
+    malloc_trim(0);
+    for ([[maybe_unused]] auto iteration : state) {
+        QFile output(QStringLiteral("/dev/null"));
+        if (!output.open(QIODevice::WriteOnly))
+            state.SkipWithError("the output could not be opened");
+        const int tenth = view.knowsPageRange() / 10;
+        double early = 0;
+        double late = 0;
+        const auto result = CVWritePDF(view, output, CVPageRange::all(view), [&](int done) {
+            if (done == tenth)
+                early = CVResidentMemory();
+            if (done == view.knowsPageRange())
+                late = CVResidentMemory();
+            return true;
+        });
+        if (result != CVPaintResult::Painted)
+            state.SkipWithError("the report could not be painted");
+        state.SetIterationTime(0);
+        state.counters["yardstick"] = early;
+        state.counters["subject"] = late;
+        state.counters["ratio"] = late / early;
+    }
+}

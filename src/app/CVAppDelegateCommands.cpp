@@ -1,0 +1,95 @@
+#include "app/CVAppDelegate.h"
+#include "app/CVEditorWindows.h"
+#include "app/CVSupportMail.h"
+#include "model/CVDocument.h"
+#include "preferences/CVPreferenceWindowController.h"
+#include "shared/base/CVSite.h"
+#include "shared/widgets/CVHelpOpener.h"
+#include "shared/widgets/CVOpenEditor.h"
+#include "workspace/CVMainMenu.h"
+#include "workspace/CVMainWindowController.h"
+
+#include <QEventLoopLocker>
+#include <QMainWindow>
+#include <QUrl>
+
+#include <utility>
+
+/// The commands of the application, and what its preferences ask of it.
+
+void CVAppDelegate::obey(CVCommand command) {
+    switch (command) {
+    case CVCommand::ShowHelp:
+        return showHelp();
+    case CVCommand::ContactSupport:
+        return contactTechSupport();
+    case CVCommand::WebSite:
+        return goToWebSite();
+    case CVCommand::SupportForums:
+        return goToSupportForums();
+    case CVCommand::CheckForNewVersion:
+        return checkForNewVersion();
+    default:
+        break;
+    }
+}
+
+void CVAppDelegate::showPreferences() {
+    CVPreferenceHost& host = *this;
+    if (!mPreferences)
+        mPreferences = std::make_unique<CVPreferenceWindowController>(*mDocument, host, mAlerts, mPanels, mHelp);
+    mPreferences->showWindow();
+}
+
+void CVAppDelegate::showUpdatePreferences() {
+    showPreferences();
+    mPreferences->displayUpdatePane();
+}
+
+void CVAppDelegate::showHelp() {
+    if (mHelp)
+        mHelp->showHelpPage(QStringLiteral("index.html"));
+}
+
+void CVAppDelegate::contactTechSupport() {
+    mUpdates.openAddress(CVSupportMailAddress(CVSystemIdentity::ofThisMachine()));
+}
+
+void CVAppDelegate::goToWebSite() {
+    mUpdates.openAddress(QUrl(CVSite::webSite()));
+}
+
+void CVAppDelegate::goToSupportForums() {
+    mUpdates.openAddress(QUrl(CVSite::supportForums()));
+}
+
+void CVAppDelegate::checkForNewVersion() {
+    mUpdates.checkNow();
+}
+
+QString CVAppDelegate::waitForSaves() {
+    CVCommitOpenEditor(mMainWindow->window()->focusWidget());
+    const CVSaveOutcome outcome = mFile.saves().waitForFinished();
+    return outcome.saved ? QString() : outcome.message;
+}
+
+void CVAppDelegate::reopenDocument() {
+    // The program does not end with this window.
+    const QEventLoopLocker locker;
+    // Closed, it leaves its frame to the next one.
+    mMainWindow->window()->close();
+    auto document = std::make_unique<CVDocument>(mNotificationCenter, mUserDefaults);
+    const CVLoadReport report = mFile.initWithStandardUserFile(*document);
+    setDocument(std::move(document));
+    if (!report.reason.isEmpty())
+        tellAboutReading(report);
+}
+
+void CVAppDelegate::setDocument(std::unique_ptr<CVDocument> document) {
+    mMainWindow.reset();
+    mEditorWindows.reset();
+    mDocument = std::move(document);
+    makeWindowControllers();
+    if (mPreferences)
+        mPreferences->setDocument(*mDocument);
+}

@@ -1,0 +1,166 @@
+#include "app/CVReportCommand.h"
+
+#include "app/CVReadOnlyBudget.h"
+#include "budget/CVBudgetRows.h"
+#include "budget/CVGridContents.h"
+#include "budget/CVReportContents.h"
+#include "reports/CVReportText.h"
+#include "reports/CVReportView.h"
+#include "shared/base/CVDefaultsKeys.h"
+#include "shared/format/QBLocale.h"
+#include "workspace/CVReportFile.h"
+#include "workspace/CVReportSource.h"
+#include "workspace/CVTransactionList.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+QString tr(const char* text) {
+    return QCoreApplication::translate("CVReportCommand", text);
+}
+
+/// What a word on the command line stands for.
+template <typename Value>
+struct Word {
+    const char* word;
+    Value value;
+};
+
+constexpr std::array<Word<CVReportType>, kReportTypes> kKinds{{{"transactions", CVReportType::Transactions},
+                                                               {"averages", CVReportType::CategoryAverages},
+                                                               {"plan", CVReportType::CategoryTotals},
+                                                               {"percent", CVReportType::CategoryPercents},
+                                                               {"tax", CVReportType::CategoryTax},
+                                                               {"summary", CVReportType::Summary}}};
+constexpr std::array<Word<int>, CVDisplayPeriods::kTypes> kPeriods{{{"day", CVDisplayPeriods::Day},
+                                                                    {"week", CVDisplayPeriods::Week},
+                                                                    {"two-weeks", CVDisplayPeriods::TwoWeeks},
+                                                                    {"month", CVDisplayPeriods::Month}}};
+constexpr std::array<Word<QPageSize::PageSizeId>, 2> kPapers{{{"a4", QPageSize::A4}, {"letter", QPageSize::Letter}}};
+
+template <typename Words>
+auto meaningOf(const QString& text, const Words& words) {
+    const auto found = std::find_if(words.begin(), words.end(),
+                                    [&text](const auto& word) { return text == QLatin1String(word.word); });
+    return found == words.end() ? std::nullopt : std::optional(found->value);
+}
+
+QString readPeriod(const QString& value, CVReportRequest& request) {
+    const auto period = meaningOf(value, kPeriods);
+    request.periodType = period.value_or(CVDisplayPeriods::Day);
+    return period ? QString() : tr("--period takes day, week, two-weeks or month");
+}
+
+QString readPaper(const QString& value, CVReportRequest& request) {
+    request.paper = meaningOf(value, kPapers);
+    return request.paper ? QString() : tr("--paper takes a4 or letter");
+}
+
+constexpr std::array<CVOption<CVReportRequest>, 2> kOptions{{{"period", readPeriod}, {"paper", readPaper}}};
+
+QString readKind(const QStringList& arguments, CVReportRequest& request) {
+    if (arguments.size() > 1)
+        return tr("report takes no argument \"%1\"").arg(arguments.at(1));
+    const auto type = arguments.isEmpty() ? std::nullopt : meaningOf(arguments.constFirst(), kKinds);
+    request.type = type.value_or(CVReportType::Transactions);
+    return type ? QString() : tr("report takes transactions, averages, plan, percent, tax or summary");
+}
+
+QString readArguments(const QStringList& arguments, CVReportRequest& request) {
+    QCommandLineParser parser;
+    CVDeclareOptions(parser, CVBudgetOptions::options());
+    CVDeclareOptions<CVReportRequest>(parser, kOptions);
+    if (!parser.parse(arguments))
+        return parser.errorText();
+    QString problem = readKind(parser.positionalArguments(), request);
+    if (problem.isEmpty())
+        problem = request.read(parser);
+    return problem.isEmpty() ? CVReadOptions<CVReportRequest>(parser, kOptions, request) : problem;
+}
+
+/// What the window holds when it prints, on the days and periods that were asked for, newest transactions first. The
+/// range is that of the list where the list is printed, else that of the reports, while the list holds the whole set.
+class Workspace final {
+public:
+    Workspace(CVReadOnlyBudget& budget, const CVReportRequest& request)
+        : mRequest(request)
+        , mDocument(budget.document())
+        , mToday(QBDate::date())
+        , mList(mDocument)
+        , mGrid(mToday, request.periodType, CVDisplayPeriods::Placement::fromDefaults(budget.userDefaults()))
+        , mReports(mToday) {
+        budget.userDefaults().setString(CVDefaultsKeys::kTransactionSortColumn, QStringLiteral("date"));
+        budget.userDefaults().setInteger(CVDefaultsKeys::kTransactionSortOrder, 1);
+        fillList();
+        fillFigures();
+    }
+
+    [[nodiscard]] CVMadeReport makeReport() const { return CVMakeReport(mRequest.type, {mList, mGrid, mReports}); }
+
+private:
+    void fillList() {
+        const bool isPrinted = mRequest.type == CVReportType::Transactions;
+        mList.setTransactionPeriod(isPrinted ? mRequest.preset : 0);
+        mList.setRangeFromPreset(mToday);
+        if (isPrinted && mRequest.range)
+            mList.setRange(*mRequest.range);
+        mList.collectTransactions();
+        mList.getTransactions();
+        mList.filterTransactions();
+        mList.doUserSort();
+    }
+
+    void fillFigures() {
+        if (mRequest.type == CVReportType::Transactions)
+            return;
+        const auto rows = buildCategoryArray(mDocument, CVShowUnusedFromDefaults(mDocument.userDefaults()));
+        if (mRequest.type == CVReportType::Summary) {
+            mGrid.reload(mList.transactions(), rows);
+            return;
+        }
+        mReports.setReportPeriod(mRequest.preset);
+        mReports.setRangeFromPreset(mToday, mDocument);
+        if (mRequest.range)
+            mReports.setRange(*mRequest.range);
+        mReports.reload(mList.transactions(), rows);
+    }
+
+    const CVReportRequest& mRequest;
+    CVDocument& mDocument;
+    QBDate mToday;
+    CVTransactionList mList;
+    CVGridContents mGrid;
+    CVReportContents mReports;
+};
+
+std::optional<QString> writePDF(std::unique_ptr<const CVReport> report, const CVReportRequest& request) {
+    CVPrintInfo printInfo = CVPrintInfo::ofLocale(QBLocaleInForce());
+    if (request.paper)
+        printInfo.paper = QPageSize(*request.paper);
+    const CVReportView view(std::move(report), printInfo);
+    return CVWriteReportFile(*request.output, view, CVPageRange::all(view));
+}
+
+} // namespace
+
+std::optional<CVReportRequest> CVReportRequest::parse(const QStringList& arguments, QString& problem) {
+    CVReportRequest request;
+    problem = readArguments(arguments, request);
+    return problem.isEmpty() ? std::optional(request) : std::nullopt;
+}
+
+int CVRunReport(const CVReportRequest& request, QTextStream& errors) {
+    CVReadOnlyBudget budget;
+    if (!request.open(budget, errors))
+        return 1;
+    const Workspace workspace(budget, request);
+    CVMadeReport made = workspace.makeReport();
+    if (!made.report)
+        return CVBudgetOptions::fail(errors, made.refusal);
+    return request.output ? request.outputWritten(writePDF(std::move(made.report), request), errors)
+                          : CVBudgetOptions::writeToStandardOutput(CVReportText(*made.report), errors);
+}

@@ -1,0 +1,61 @@
+#include "app/CVSupportMail.h"
+
+#include "shared/base/CVBundle.h"
+#include "shared/base/CVSite.h"
+#include "updates/QBUpdateInfo.h"
+
+#include <QCoreApplication>
+#include <QSysInfo>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr int kHexadecimal = 16;
+
+struct Processor {
+    quint32 architecture;
+    const char* text;
+};
+
+constexpr std::array<Processor, 2> kProcessors{{{10, " (Intel)"}, {2, " (PowerPC)"}}};
+
+QString processorText(std::optional<quint32> architecture) {
+    const auto* const found = std::find_if(kProcessors.begin(), kProcessors.end(), [architecture](const Processor& p) {
+        return architecture == p.architecture;
+    });
+    return found == kProcessors.end() ? QString() : QString::fromLatin1(found->text);
+}
+
+/// The first two digits, the third and the fourth; the word of every system that has one has four.
+QString versionText(quint32 word) {
+    const QString digits = QString::number(word, kHexadecimal);
+    return QStringLiteral("%1.%2.%3").arg(digits.left(2), digits.mid(2, 1), digits.mid(3, 1));
+}
+
+} // namespace
+
+CVSystemIdentity CVSystemIdentity::ofThisMachine() {
+    CVSystemIdentity system;
+    system.words = QBSystemVersionForUpdate() + QLatin1String(" (") + QSysInfo::currentCpuArchitecture() + ')';
+    return system;
+}
+
+QString CVSystemText(const CVSystemIdentity& system) {
+    return (system.versionWord ? versionText(*system.versionWord) : system.words) + processorText(system.architecture);
+}
+
+QUrl CVSupportMailAddress(const CVSystemIdentity& system) {
+    const auto version = CVBundle::version();
+    const QString body =
+        QCoreApplication::translate(
+            "CVSupportMail", "\n%1 version: %2\nMac OS X version: %3\nMy Name: %4\n\nNOTE TO USERS: Please enter a "
+                             "subject line.  Add your comments regarding the %1 application below this line.  Thank "
+                             "you.\n\n")
+            .arg(QString::fromLatin1(CVBundle::kName),
+                 QString::fromUtf8(version.data(), static_cast<qsizetype>(version.size())), CVSystemText(system),
+                 QCoreApplication::translate("CVSupportMail", "Your name goes here"));
+    return QUrl("mailto:" + CVSite::supportMail() + "?body=" + QString::fromLatin1(QUrl::toPercentEncoding(body)),
+                QUrl::StrictMode);
+}

@@ -1,0 +1,137 @@
+#include "app/CVUpdateController.h"
+
+#include "app/CVUpdateMessages.h"
+#include "shared/base/CVBundle.h"
+#include "shared/base/CVDefaultsKeys.h"
+#include "shared/base/CVNotifications.h"
+#include "shared/base/QBNotificationCenter.h"
+#include "shared/base/QBUserDefaults.h"
+#include "shared/widgets/CVProgressDelay.h"
+#include "shared/widgets/CVURLOpener.h"
+#include "updates/CVUpdateSchedule.h"
+
+#include <QApplication>
+#include <QProgressDialog>
+
+#include <chrono>
+
+namespace {
+
+/// A check that takes less is over before anybody could read that it runs.
+constexpr std::chrono::milliseconds kBeforeProgress(kCVProgressDelay);
+
+const QString kName = QString::fromLatin1(CVBundle::kName);
+
+} // namespace
+
+CVUpdateController::CVUpdateController(QBUserDefaults& defaults, QBNotificationCenter& notificationCenter,
+                                       CVAlerts& alerts, QObject& sender)
+    : mDefaults(defaults)
+    , mNotificationCenter(notificationCenter)
+    , mAlerts(alerts)
+    , mSender(sender) {
+    setService(CVUpdateService::ofBundle(), {});
+}
+
+CVUpdateController::~CVUpdateController() {
+    delete mProgress;
+}
+
+void CVUpdateController::setService(const CVUpdateService& service, CVFetchLimits limits) {
+    mService = service;
+    mAutomaticCheck = std::make_unique<CVUpdateCheck>(limits);
+    mManualCheck = std::make_unique<CVUpdateCheck>(limits);
+    connect(mAutomaticCheck.get(), &CVUpdateCheck::finished, this, &CVUpdateController::keepReply);
+    connect(mManualCheck.get(), &CVUpdateCheck::finished, this, [this](const QByteArray& reply) {
+        delete mProgress;
+        keepReply(reply);
+        tellOutcome();
+    });
+}
+
+void CVUpdateController::checkAutomatically(int frequency) {
+    if (frequency == CVUpdateFrequency::kNever || CVOfferUpgrade())
+        return;
+    const QDateTime last = CVLastUpdateCheck(mDefaults);
+    // A time that cannot be read counts as none, so that a check mends it.
+    const auto lastDay = last.isValid() ? std::optional(QBDate::dateWithNSDate(last)) : std::nullopt;
+    if (CVUpdateIsDue(lastDay, QBDate::date(), frequency) && !mAutomaticCheck->isRunning())
+        request(*mAutomaticCheck);
+}
+
+void CVUpdateController::checkNow() {
+    if (mManualCheck->isRunning() || CVOfferUpgrade())
+        return;
+    showProgress();
+    request(*mManualCheck);
+}
+
+void CVUpdateController::openAddress(const QUrl& address) {
+    if (!mURLOpener || !mURLOpener->openURL(address))
+        mAlerts.run(CVUpdateMessages::notOpened(
+            address.scheme() == QLatin1String("mailto") ? address.path() : address.toDisplayString()));
+}
+
+bool CVUpdateController::CVOfferUpgrade() {
+    const auto offer = store().currentOffer();
+    if (!offer)
+        return false;
+    switch (mAlerts.run(CVUpdateMessages::offer(kName))) {
+    case CVAlert::kDefault:
+        upgrade(*offer);
+        break;
+    case CVAlert::kAlternate:
+        emit preferencesRequested();
+        break;
+    case CVAlert::kOther:
+        break;
+    }
+    return true;
+}
+
+/// An offer that leads nowhere goes too: while it stands, no check would ever bring a better one.
+void CVUpdateController::upgrade(const CVUpdateEntry& offer) {
+    if (const auto address = CVDownloadAddress(offer))
+        openAddress(*address);
+    else
+        mAlerts.run(CVUpdateMessages::noDownload());
+    store().removeOffer();
+}
+
+void CVUpdateController::request(CVUpdateCheck& check) const {
+    const bool includeSysInfo = mDefaults.boolForKey(CVDefaultsKeys::kIncludeSysInfo);
+    check.start(CVUpdateAddress(mService, includeSysInfo ? CVSystemInfo::Included : CVSystemInfo::Left),
+                kName + '/' + mService.version);
+}
+
+void CVUpdateController::keepReply(const QByteArray& reply) {
+    if (store().keepReply(reply, QDateTime::currentDateTime()))
+        mNotificationCenter.postNotification(QLatin1String(CVNotifications::kCheckedForUpdates), &mSender);
+}
+
+void CVUpdateController::tellOutcome() {
+    if (store().lastCheckFailed())
+        mAlerts.run(CVUpdateMessages::unreachable());
+    else if (!CVOfferUpgrade() && mAlerts.run(CVUpdateMessages::upToDate(kName)) == CVAlert::kAlternate)
+        emit preferencesRequested();
+}
+
+void CVUpdateController::showProgress() {
+    delete mProgress;
+    mProgress =
+        new QProgressDialog(tr("Looking for a newer version…"), tr("Cancel"), 0, 0, QApplication::activeWindow());
+    mProgress->setWindowTitle(kName);
+    mProgress->setWindowModality(Qt::WindowModal);
+    mProgress->setAutoReset(false);
+    mProgress->setMinimumDuration(static_cast<int>(kBeforeProgress.count()));
+    // The duration counts from the first value on.
+    mProgress->setValue(0);
+    mProgress->setAttribute(Qt::WA_QuitOnClose, false);
+    // However the dialog is closed, nobody waits any longer.
+    const auto stop = [this] {
+        mManualCheck->cancel();
+        mProgress->deleteLater();
+    };
+    connect(mProgress, &QProgressDialog::canceled, this, stop);
+    connect(mProgress, &QDialog::finished, this, stop);
+}

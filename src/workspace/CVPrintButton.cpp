@@ -1,0 +1,20 @@
+#include "workspace/CVPrintButton.h"
+
+#include <QCoreApplication>
+#include <QPushButton>
+
+namespace {
+
+struct PrintButtonText {
+    Q_DECLARE_TR_FUNCTIONS(CVPrintButton)
+};
+
+} // namespace
+
+QPushButton* CVMakePrintButton(const QString& toolTip, QWidget& tab) {
+    auto* const button = new QPushButton(PrintButtonText::tr("Print…"), &tab);
+    button->setObjectName(QStringLiteral("mPrintButton"));
+    button->setAccessibleName(PrintButtonText::tr("Print"));
+    button->setToolTip(toolTip);
+    return button;
+}

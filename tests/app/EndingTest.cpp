@@ -1,0 +1,189 @@
+#include "EditorWindowsFixture.h"
+#include "app/CVTerminationSignals.h"
+#include "shared/widgets/CVAlertPanel.h"
+#include "workspace/CVTransactionTableView.h"
+
+#include <QFile>
+#include <QMessageBox>
+#include <QSignalSpy>
+
+#include <csignal>
+
+namespace {
+
+/// What others than the user ask of the program.
+class Ending : public EditorWindowsFixture {
+protected:
+    /// Runs the event loop, in which the program is told to end after `act`; its exit status.
+    template <typename Act>
+    int endAfter(Act act) {
+        QTimer::singleShot(0, &window(), act);
+        QTimer::singleShot(200, mDelegate.get(), &CVAppDelegate::endWithoutAsking);
+        return QApplication::exec();
+    }
+
+    int end() {
+        return endAfter([] {});
+    }
+
+    [[nodiscard]] QByteArray savedBytes() const {
+        QFile file(mHome.folders().applicationSupport + "/Quenby Labs/Corvella/Corvella Data.corvella");
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    /// Leaves a payee half typed in the first row of the list.
+    void typeIntoCell(const QString& text) const {
+        auto* const table = find<CVTransactionTableView>("mTransactionTable");
+        table->setFocus();
+        table->setCurrentIndex(table->model()->index(0, 2));
+        table->edit(table->currentIndex());
+        QTest::keyClicks(QApplication::focusWidget(), text);
+    }
+};
+
+TEST_F(Ending, WithoutAskingSavesWhatIsPending) {
+    document().workbookSave();
+    EXPECT_EQ(end(), 0);
+    EXPECT_FALSE(window().isVisible());
+    EXPECT_TRUE(savedBytes().contains("Market"));
+    EXPECT_TRUE(mAlerts.shown().isEmpty());
+}
+
+TEST_F(Ending, WithoutAskingKeepsWhatIsTypedInACell) {
+    typeIntoCell("Bazaar");
+    EXPECT_EQ(end(), 0);
+    EXPECT_TRUE(savedBytes().contains("<PayToFrom>Bazaar</PayToFrom>")) << savedBytes().toStdString();
+}
+
+TEST_F(Ending, WithoutAskingKeepsWhatIsTypedInAnEditor) {
+    const int status = endAfter([this] {
+        // The editor's loop runs inside.
+        QTimer::singleShot(50, &window(), [] {
+            auto* const editor = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(editor, nullptr);
+            auto* const table = editor->findChild<QTableView*>();
+            clickRow(*table, "Food");
+            press(Qt::Key_F2);
+            QTest::keyClicks(QApplication::focusWidget(), "Provisions");
+        });
+        press(Qt::Key_C, kControlShift);
+    });
+    EXPECT_EQ(status, 0);
+    EXPECT_TRUE(savedBytes().contains(">Provisions")) << savedBytes().toStdString();
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(Ending, WithoutAskingAnswersAQuestionAsEscapeDoes) {
+    CVAlertPanel panel;
+    std::optional<CVAlert::Answer> answer;
+    const int status = endAfter([&] { answer = panel.run({"Really?", "There is no way back.", "Delete", "Cancel"}); });
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(answer, CVAlert::kAlternate);
+}
+
+TEST_F(Ending, WithoutAskingClosesWindowAfterWindow) {
+    std::vector<int> closed;
+    const int status = endAfter([this, &closed] {
+        QDialog outer(&window());
+        QObject::connect(&outer, &QDialog::finished, &outer, [&closed] { closed.push_back(1); });
+        QTimer::singleShot(0, &outer, [&closed, &outer] {
+            QDialog inner(&outer);
+            inner.exec();
+            closed.push_back(2);
+            // Closing the one puts another question.
+            QMessageBox(QMessageBox::Question, "Another", "One more?", QMessageBox::Ok, &outer).exec();
+            closed.push_back(3);
+        });
+        outer.exec();
+    });
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(closed, (std::vector<int>{2, 3, 1}));
+    EXPECT_FALSE(window().isVisible());
+}
+
+TEST_F(Ending, WithoutAskingSaysWithItsStatusThatTheLastSaveFailed) {
+    mHome.userDefaults().setString("Data File Location", mHome.path("no such folder/file"));
+    mHome.userDefaults().synchronize();
+    quitAndStartAgain();
+    document().workbookSave();
+    EXPECT_EQ(end(), 1);
+    EXPECT_TRUE(mAlerts.shown().isEmpty()) << "it asked";
+    EXPECT_FALSE(window().isVisible());
+}
+
+TEST_F(Ending, WithoutAskingRemembersTheFrame) {
+    window().resize(1111, 555);
+    EXPECT_EQ(end(), 0);
+    mDelegate.reset();
+    start();
+    EXPECT_EQ(window().size(), QSize(1111, 555));
+}
+
+TEST_F(Ending, OfTheSessionSavesAndLeavesTheProgramRunning) {
+    typeIntoCell("Bazaar");
+    mDelegate->keepEverything();
+    EXPECT_TRUE(savedBytes().contains("<PayToFrom>Bazaar</PayToFrom>"));
+    EXPECT_TRUE(window().isVisible());
+}
+
+TEST_F(Ending, OfTheSessionSavesWhatIsTypedInAnEditor) {
+    inCategoryEditor([this](QTableView& table) {
+        clickRow(table, "Food");
+        press(Qt::Key_F2);
+        QTest::keyClicks(QApplication::focusWidget(), "Provisions");
+        mDelegate->keepEverything();
+        EXPECT_TRUE(savedBytes().contains(">Provisions"));
+        EXPECT_TRUE(table.isVisible());
+    });
+}
+
+TEST_F(Ending, OfTheSessionSavesANameThatASetWasGiven) {
+    inSetEditor([this](QTableView& table) {
+        rename(table, "Initial Transaction Set", "Checking");
+        mDelegate->keepEverything();
+        EXPECT_TRUE(savedBytes().contains(">Checking"));
+    });
+}
+
+TEST_F(Ending, AnotherStartBringsAMinimisedWindowBack) {
+    window().showMinimized();
+    ASSERT_TRUE(window().isMinimized());
+    mDelegate->comeToFront();
+    EXPECT_FALSE(window().isMinimized());
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+}
+
+TEST_F(Ending, AnotherStartBringsTheWindowThatWaitsForAnAnswerToTheFront) {
+    QDialog question(&window());
+    question.setModal(true);
+    question.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&question));
+    mDelegate->comeToFront();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&question));
+}
+
+TEST(CVTerminationSignals, AnnouncesEachOfThemFromTheEventLoop) {
+    const CVTerminationSignals terminations;
+    QSignalSpy received(&terminations, &CVTerminationSignals::received);
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        received.clear();
+        ASSERT_EQ(std::raise(signal), 0);
+        EXPECT_EQ(received.size(), 0) << "in the handler";
+        EXPECT_TRUE(QTest::qWaitFor([&received] { return received.size() == 1; })) << signal;
+    }
+}
+
+TEST(CVTerminationSignals, LeavesIgnoredOnesIgnoredAndPutsTheOthersBack) {
+    std::signal(SIGHUP, SIG_IGN);
+    {
+        const CVTerminationSignals terminations;
+        QSignalSpy received(&terminations, &CVTerminationSignals::received);
+        ASSERT_EQ(std::raise(SIGHUP), 0);
+        QTest::qWait(20);
+        EXPECT_EQ(received.size(), 0);
+    }
+    EXPECT_EQ(std::signal(SIGHUP, SIG_DFL), SIG_IGN);
+    EXPECT_EQ(std::signal(SIGTERM, SIG_DFL), SIG_DFL);
+}
+
+} // namespace

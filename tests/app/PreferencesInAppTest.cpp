@@ -1,0 +1,232 @@
+#include "ShellFixture.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QTableView>
+#include <QTest>
+
+namespace {
+
+/// The preferences of the real program: what becomes of the window and of the files.
+class PreferencesInApp : public ShellFixture {
+protected:
+    void open() {
+        start();
+        mDelegate->showPreferences();
+    }
+
+    [[nodiscard]] QString dataFileIn(const QString& folder) const {
+        QDir().mkpath(mHome.path(folder));
+        return mHome.path(folder) + "/Corvella Data.corvella";
+    }
+
+    static QByteArray bytesOf(const QString& path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    static void write(const QString& path, const QByteArray& bytes) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    }
+
+    void click(const QString& name) const { preference<QAbstractButton>(name)->click(); }
+
+    void changeTo(const QString& folder, std::initializer_list<CVAlert::Answer> answers = {}) {
+        mPanels.answer(mHome.path(folder));
+        mAlerts.answer(answers);
+        click("Change Location");
+    }
+
+    [[nodiscard]] QStringList payees() const {
+        const QAbstractItemModel& model = *window().findChild<QTableView*>("mTransactionTable")->model();
+        QStringList texts;
+        for (int row = 0; row < model.rowCount(); ++row)
+            texts.append(model.index(row, 2).data().toString());
+        return texts;
+    }
+
+    /// A budget of one transaction in a file of another folder.
+    void makeOtherBudget(const QString& folder) {
+        open();
+        record(5, "Other", "Other");
+        static_cast<void>(dataFileIn(folder));
+        changeTo(folder);
+        quit();
+        mHome.userDefaults().removeKey(CVDefaultsKeys::kDataFileLocation);
+        QDir(mHome.folders().applicationSupport).removeRecursively();
+        ASSERT_TRUE(bytesOf(dataFileIn(folder)).contains("Other"));
+    }
+};
+
+TEST_F(PreferencesInApp, TheyOpenFromTheMenuOnceAndGoWithTheProgram) {
+    start();
+    choose("Preferences…");
+    const auto* const preferences = mDelegate->preferences();
+    ASSERT_NE(preferences, nullptr);
+    EXPECT_TRUE(preferences->isVisible());
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    choose("Preferences…");
+    EXPECT_EQ(mDelegate->preferences(), preferences);
+    quit();
+}
+
+TEST_F(PreferencesInApp, TheMainWindowFollowsThem) {
+    open();
+    record(12, "Market", "Food");
+    record(13, "Baker", "Food");
+    window().findChild<QTabWidget*>("mMainTabView")->setCurrentIndex(1);
+    const auto rows = [this] { return window().findChild<QTableView*>("mExpenseCategoryTable")->model()->rowCount(); };
+    EXPECT_EQ(rows(), 1);
+    click("Show All Categories");
+    EXPECT_GT(rows(), 20);
+    const auto firstDay = [this] {
+        return window()
+            .findChild<QTableView*>("mExpensePeriodTable")
+            ->model()
+            ->headerData(0, Qt::Horizontal)
+            .toString();
+    };
+    EXPECT_EQ(firstDay(), "Sunday");
+    auto* const days = preference<QComboBox>("First Day of Week");
+    days->setFocus();
+    QTest::keyClick(days, Qt::Key_Down);
+    EXPECT_EQ(firstDay(), "Monday");
+
+    const auto items = [this] { return window().findChild<QComboBox*>("mExpenseToFromComboBox")->count(); };
+    EXPECT_EQ(items(), 2);
+    auto* const field = preference<QLineEdit>("Items in Pop-up");
+    field->setText("1");
+    EXPECT_EQ(defaults().integerForKey(CVDefaultsKeys::kNumberOfItems), 1);
+    EXPECT_EQ(items(), 1);
+}
+
+TEST_F(PreferencesInApp, MovingTheFileTakesTheBudgetAlongAndLaterChangesToo) {
+    open();
+    record(12, "Market", "Food");
+    const QString before = *defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
+    static_cast<void>(dataFileIn("new place"));
+    changeTo("new place");
+    EXPECT_TRUE(bytesOf(dataFileIn("new place")).contains("Market"));
+    EXPECT_EQ(mAlerts.shown().size(), 0);
+    const QByteArray left = bytesOf(before);
+    record(13, "Baker", "Food");
+    quit();
+    EXPECT_TRUE(bytesOf(dataFileIn("new place")).contains("Baker"));
+    EXPECT_EQ(bytesOf(before), left);
+    start();
+    EXPECT_EQ(payees(), (QStringList{"Baker", "Market"}));
+}
+
+TEST_F(PreferencesInApp, UseChosenFileShowsItInPlaceOfThePresentOne) {
+    makeOtherBudget("other");
+    const QByteArray other = bytesOf(dataFileIn("other"));
+    open();
+    record(12, "Market", "Food");
+    const QString before = *defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
+    window().resize(900, 555);
+    changeTo("other", {CVAlert::kDefault});
+    EXPECT_EQ(payees(), QStringList{"Other"});
+    EXPECT_TRUE(window().isVisible());
+    EXPECT_EQ(window().size(), QSize(900, 555)) << "the window is where it was";
+    EXPECT_EQ(bytesOf(dataFileIn("other")), other);
+    EXPECT_TRUE(bytesOf(before).contains("Market"));
+    record(13, "Baker", "Food");
+    EXPECT_EQ(payees(), (QStringList{"Other", "Baker"}));
+    EXPECT_TRUE(mDelegate->preferences()->isVisible());
+    // The preferences belong to the new document now.
+    mAlerts.answer({CVAlert::kAlternate, CVAlert::kDefault});
+    click("Clear Data File");
+    EXPECT_EQ(payees(), QStringList());
+    quit();
+    EXPECT_TRUE(bytesOf(before).contains("Market"));
+    EXPECT_FALSE(bytesOf(dataFileIn("other")).contains("Baker"));
+}
+
+TEST_F(PreferencesInApp, ADamagedChosenFileIsKeptAndTold) {
+    open();
+    record(12, "Market", "Food");
+    const QByteArray damaged = "<?xml version=\"1.0\"?>\n<CorvellaDocument><Transaction></CorvellaDocument>";
+    write(dataFileIn("other"), damaged);
+    changeTo("other", {CVAlert::kDefault});
+    ASSERT_TRUE(QTest::qWaitFor([this] { return mAlerts.shown().size() == 2; }));
+    EXPECT_EQ(mAlerts.shown()[1].title, "Your budget could not be read");
+    EXPECT_EQ(payees(), QStringList());
+    const QStringList kept = QDir(mHome.path("other")).entryList({"*(unreadable *"});
+    ASSERT_EQ(kept.size(), 1);
+    EXPECT_EQ(bytesOf(mHome.path("other/" + kept[0])), damaged);
+    quit();
+}
+
+TEST_F(PreferencesInApp, ReplaceChosenFileSavesThereAndKeepsWhatStoodThere) {
+    open();
+    record(12, "Market", "Food");
+    write(dataFileIn("other"), "somebody's bytes");
+    changeTo("other", {CVAlert::kOther});
+    EXPECT_TRUE(bytesOf(dataFileIn("other")).contains("Market"));
+    const QStringList kept = QDir(mHome.path("other")).entryList({"*(unreadable *"});
+    ASSERT_EQ(kept.size(), 1);
+    EXPECT_EQ(bytesOf(mHome.path("other/" + kept[0])), "somebody's bytes");
+    EXPECT_EQ(payees(), QStringList{"Market"});
+    quit();
+}
+
+TEST_F(PreferencesInApp, AFailedSaveKeepsTheFileWhereItWas) {
+    open();
+    record(12, "Market", "Food");
+    const QString before = *defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
+    // A folder that is gone when the save comes.
+    mPanels.answer(mHome.path("gone"));
+    click("Change Location");
+    EXPECT_EQ(defaults().stringForKey(CVDefaultsKeys::kDataFileLocation), before);
+    ASSERT_EQ(mAlerts.shown().size(), 1);
+    EXPECT_EQ(mAlerts.shown()[0].title, "Your data file was not moved");
+    EXPECT_TRUE(mAlerts.shown()[0].message.contains(mHome.path("gone")));
+    record(13, "Baker", "Food");
+    quit();
+    EXPECT_EQ(mAlerts.shown().size(), 1) << "all is saved, in the old place";
+    EXPECT_TRUE(bytesOf(before).contains("Baker"));
+}
+
+TEST_F(PreferencesInApp, ClearingEmptiesTheWindowAndTheFile) {
+    open();
+    record(12, "Market", "Food of my own");
+    const QString path = *defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
+    mAlerts.answer({CVAlert::kAlternate, CVAlert::kDefault});
+    click("Clear Data File");
+    EXPECT_EQ(payees(), QStringList());
+    auto* const categories = window().findChild<QComboBox*>("mExpenseCategoryComboBox");
+    EXPECT_EQ(categories->findText("Food of my own"), -1);
+    EXPECT_GT(categories->count(), 20);
+    EXPECT_EQ(window().findChild<QComboBox*>("mExpenseToFromComboBox")->count(), 0);
+    quit();
+    EXPECT_FALSE(bytesOf(path).contains("Market"));
+    EXPECT_FALSE(bytesOf(path).contains("Food of my own"));
+}
+
+TEST_F(PreferencesInApp, SettingsThatCannotBeReadAreAbsentAndTheProgramStarts) {
+    write(mHome.path("settings.ini"), QByteArray("\0\xFF[[[=%%%\n=\n", 12) + QByteArray(1000, '\xFE'));
+    open();
+    EXPECT_FALSE(preference<QCheckBox>("Clear Fields")->isChecked());
+    EXPECT_TRUE(window().isVisible());
+    EXPECT_TRUE(mAlerts.shown().isEmpty());
+    quit();
+}
+
+TEST_F(PreferencesInApp, SettingsThatCannotBeWrittenDoNotDisturbTheWork) {
+    QFile::remove(mHome.path("settings.ini"));
+    ASSERT_TRUE(QDir().mkpath(mHome.path("settings.ini")));
+    open();
+    record(12, "Market", "Food");
+    EXPECT_EQ(payees(), QStringList{"Market"});
+    click("Clear Fields");
+    EXPECT_TRUE(defaults().boolForKey(CVDefaultsKeys::kClearFields));
+    quit();
+    EXPECT_TRUE(mAlerts.shown().isEmpty());
+}
+
+} // namespace

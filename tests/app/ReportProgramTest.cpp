@@ -1,0 +1,182 @@
+#include "ProgramFixture.h"
+
+namespace {
+
+constexpr const char* kReportedBudget = R"(<?xml version="1.0" encoding="UTF-8"?>
+<CorvellaDocument os="Mac OS X" app="com.quenbylabs.corvella" app_version="1.0.0">
+ <MiscInfo id="40" current_transaction_set_id="27" />
+<TransactionSet id="27">Checking</TransactionSet><TransactionSet id="28">Savings</TransactionSet><TransactionSet id="29">Empty</TransactionSet>
+<Transaction categoryID="12" flag="0" tax_flag="1" transaction_set_id="27"><Data date="2014/03/07" amount="45.10" /><PayToFrom>Dr. Lee &amp; Sons</PayToFrom><For>Checkup</For></Transaction>
+<Transaction categoryID="13" flag="0" tax_flag="0" transaction_set_id="27"><Data date="2014/02/01" amount="1234.50" /><PayToFrom>A market whose name is longer than its column</PayToFrom><For></For></Transaction>
+<Transaction categoryID="13" flag="1" tax_flag="0" transaction_set_id="27"><Data date="2013/12/31" amount="9.00" /><PayToFrom>Baker</PayToFrom><For>rolls</For></Transaction>
+<Transaction categoryID="13" flag="0" tax_flag="0" transaction_set_id="28"><Data date="2014/03/01" amount="50.00" /><PayToFrom>Deposit</PayToFrom><For></For></Transaction>
+<Category id="13">Food<ExpenseEstimates frequency="Bi-Weekly" target="20.00" /></Category><Category id="12">Medical<ExpenseEstimates frequency="Monthly" target="50.00" /></Category></CorvellaDocument>
+)";
+
+constexpr const char* kEmptyBudget = R"(<?xml version="1.0" encoding="UTF-8"?>
+<CorvellaDocument os="Mac OS X" app="com.quenbylabs.corvella" app_version="1.0.0">
+ <MiscInfo id="40" current_transaction_set_id="27" /><TransactionSet id="27">Checking</TransactionSet></CorvellaDocument>
+)";
+
+/// On 8 March 2014.
+class ReportProgram : public ProgramFixture {
+protected:
+    [[nodiscard]] Result report(const QString& kind, const QStringList& options = {}) const {
+        return run(QStringList{"report", kind, "--data", mFile, "--today", "2014/03/08"} + options);
+    }
+
+    /// What is on the pages of a PDF, or what a tool says of it.
+    [[nodiscard]] static QString ask(const QString& tool, const QStringList& arguments) {
+        QProcess process;
+        process.start(tool, arguments);
+        EXPECT_TRUE(process.waitForFinished()) << "poppler-utils are missing";
+        return QString::fromUtf8(process.readAllStandardOutput());
+    }
+
+    QString mFile = write("budget.corvella", kReportedBudget);
+};
+
+TEST_F(ReportProgram, WritesEachReportAsText) {
+    struct Row {
+        const char* kind;
+        QStringList options;
+        const char* text;
+    };
+    const QList<Row> rows{
+        {"transactions",
+         {},
+         "Transaction Report for: 3/8/14  Total=$1,288.60\n"
+         "#\tDate\tAmount\tPaid To\tFor\tCategory\n"
+         "1\t3/7/14\t$45.10\tDr. Lee & Sons\tCheckup\tMedical\n"
+         "2\t2/1/14\t$1,234.50\tA market whose name is longer than its column\t\tFood\n"
+         "3\t12/31/13\t$9.00\tBaker\trolls\tFood\n"},
+        {"averages",
+         {"--from", "2014/01/01", "--to", "2014/02/28"},
+         "Category Averages Report for: 1/1/14 to 2/28/14\n"
+         "Category\tSpending Pattern\t# of Trans\tTotal\tMonthly\tBi-Weekly\tWeekly\n"
+         "Food\t2 Months\t1\t$1,234.50\t$617.25\t$284.88\t$142.44\n"
+         "Medical\tMonthly\t0\t$0.00\t$0.00\t$0.00\t$0.00\n"},
+        {"plan",
+         {"--from", "2014/01/01", "--to", "2014/02/28"},
+         "Plan vs Actual Report for: 1/1/14 to 2/28/14\n"
+         "Category\tExpense Frequency\tTarget Per Frequency\tAverage Per Frequency\tDifference\n"
+         "Food\tWeekly\t$20.00\t$308.63\t-$288.63\n"
+         "Medical\tMonthly\t$50.00\t$0.00\t$50.00\n"},
+        {"percent",
+         {"--range", "3"},
+         "Percent Report for: 1/1/14 to 3/8/14\n"
+         "Category\tTotal Spent\tPercent of total spent\n"
+         "Food\t$1,234.50\t96.48%\n"
+         "Medical\t$45.10\t3.52%\n"},
+        {"tax",
+         {},
+         "Tax Report for: 12/31/13 to 3/7/14\n"
+         "Category\tNumber of Transactions\tAmount of Tax\n"
+         "Food\t0\t$0.00\n"
+         "Medical\t1\t$45.10\n"},
+        {"summary",
+         {"--period", "month"},
+         "Summary Report for: 3/8/14\n"
+         "Category\tMarch 2014\tApril 2014\tMay 2014\tJune 2014\tTotal\n"
+         "Food\t$0.00\t$0.00\t$0.00\t$0.00\t$0.00\n"
+         "Medical\t$45.10\t$0.00\t$0.00\t$0.00\t$45.10\n"
+         "\n"
+         "Total\t$45.10\t$0.00\t$0.00\t$0.00\n"},
+    };
+    const QStringList before = everything();
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.kind);
+        const Result result = report(row.kind, row.options);
+        EXPECT_EQ(result.status, 0);
+        EXPECT_EQ(result.output, row.text);
+        EXPECT_EQ(result.errors, "");
+    }
+    EXPECT_EQ(everything(), before);
+}
+
+TEST_F(ReportProgram, TakesTheDaysTheSetAndThePeriodThatAreAskedFor) {
+    EXPECT_EQ(report("transactions", {"--range", "4"}).output.count('\n'), 2 + 1);
+    EXPECT_EQ(report("transactions", {"--from", "2013/12/31", "--to", "2014/02/01"}).output.count('\n'), 2 + 2);
+    EXPECT_TRUE(report("transactions", {"--set", "Savings"}).output.contains("1\t3/1/14\t$50.00\tDeposit\t\tFood\n"));
+    EXPECT_TRUE(report("summary").output.contains("Category\tSunday\tMonday\t"));
+    EXPECT_TRUE(report("summary", {"--period", "week"}).output.contains("Category\t3/2 - 3/8\t"));
+    EXPECT_TRUE(report("summary", {"--period", "two-weeks"}).output.contains("Category\t2/23 - 3/8\t"));
+}
+
+TEST_F(ReportProgram, WritesAPDFAndNothingElse) {
+    const QStringList before = everything();
+    const QString path = mHome.filePath("report.pdf");
+    const Result result = report("transactions", {"--output", path, "--paper", "a4"});
+    EXPECT_EQ(result.status, 0) << result.errors.toStdString();
+    EXPECT_EQ(result.output, "");
+    EXPECT_EQ(result.errors, "");
+    const QString facts = ask("pdfinfo", {path});
+    EXPECT_TRUE(facts.contains("Transaction Report for: 3/8/14  Total=$1,288.60\n")) << facts.toStdString();
+    EXPECT_TRUE(facts.contains("595 x 842 pts")) << facts.toStdString();
+    const QString text = ask("pdftotext", {"-layout", path, "-"});
+    EXPECT_TRUE(text.contains("Page 1\n"));
+    EXPECT_TRUE(text.contains("Dr. Lee & Sons"));
+    EXPECT_TRUE(text.contains("A market whose nam…")) << text.toStdString();
+    ASSERT_TRUE(QFile::remove(path));
+    EXPECT_EQ(everything(), before);
+}
+
+TEST_F(ReportProgram, ChoosesThePaper) {
+    const QString path = mHome.filePath("report.pdf");
+    struct Row {
+        const char* kind;
+        QStringList options;
+        const char* size;
+    };
+    // The program runs in US English here.
+    const QList<Row> rows{{"tax", {}, "612 x 792 pts"},
+                          {"tax", {"--paper", "letter"}, "612 x 792 pts"},
+                          {"tax", {"--paper", "a4"}, "595 x 842 pts"},
+                          {"plan", {"--paper", "a4"}, "842 x 595 pts"}};
+    for (const Row& row : rows) {
+        EXPECT_EQ(report(row.kind, QStringList{"--output", path} + row.options).status, 0);
+        EXPECT_TRUE(ask("pdfinfo", {path}).contains(row.size)) << row.kind << ' ' << row.size;
+    }
+}
+
+TEST_F(ReportProgram, SaysInOneLineWhatFailed) {
+    const QString empty = write("empty.corvella", kEmptyBudget);
+    struct Row {
+        QStringList arguments;
+        int status;
+        const char* reason;
+    };
+    const QList<Row> rows{
+        {{"transactions", "--set", "Empty"}, 1, "There are no transactions to print."},
+        {{"summary", "--set", "Empty"}, 1, "There are no transactions to print."},
+        {{"tax", "--set", "Empty"}, 1, "There is nothing to print."},
+        {{"averages", "--data", empty}, 1, "There is nothing to print."},
+        {{"transactions", "--from", "2010/01/01", "--to", "2010/12/31"}, 1, "There are no transactions to print."},
+        {{"tax", "--set", "Cash"}, 1, "no transaction set \"Cash\""},
+        {{"tax", "--data", mHome.filePath("missing")}, 1, "does not exist"},
+        {{"tax", "--output", mHome.filePath("missing/out.pdf")}, 1, "could not be written"},
+        {{}, 2, "report takes transactions,"},
+        {{"taxes"}, 2, "report takes transactions,"},
+        {{"tax", "plan"}, 2, "no argument \"plan\""},
+        {{"summary", "--period", "year"}, 2, "--period takes"},
+        {{"tax", "--paper", "a3"}, 2, "--paper takes"},
+        {{"tax", "--range", "8"}, 2, "0 to 7"},
+        {{"tax", "--from", "2014/01/01"}, 2, "go together"},
+        {{"tax", "--today", "now"}, 2, "--today takes a day"},
+        {{"tax", "--sort", "date"}, 2, "sort"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.arguments.join(' ').toStdString());
+        QStringList arguments = row.arguments;
+        if (!arguments.contains("--data"))
+            arguments << "--data" << mFile;
+        const Result result = run(QStringList{"report"} + arguments);
+        EXPECT_EQ(result.status, row.status);
+        EXPECT_EQ(result.output, "");
+        EXPECT_TRUE(result.errors.startsWith("corvella: ")) << result.errors.toStdString();
+        EXPECT_TRUE(result.errors.section('\n', 0, 0).contains(row.reason)) << result.errors.toStdString();
+        EXPECT_EQ(result.errors.contains("Usage:"), row.status == 2);
+    }
+}
+
+} // namespace

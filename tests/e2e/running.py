@@ -1,0 +1,126 @@
+"""One program at a time, and its end: a second start, a file argument, SIGTERM with unsaved work, help.
+
+Usage: running.py PROGRAM. Ends with status 77 and a reason when the display or the accessibility bus is missing.
+"""
+
+import signal
+import subprocess
+import sys
+import xml.etree.ElementTree as ElementTree
+
+import session
+
+
+def drive(home, executable):
+    from desktop import PATIENCE, Atspi
+
+    # The program looks for the bus when it starts.
+    Atspi.get_desktop(0).get_child_count()
+    for part in (second_start, file_argument, help_book, end_while_saving, end_in_editor):
+        process = subprocess.Popen([executable])
+        try:
+            part(home, executable, process)
+            if process.poll() is None:
+                process.send_signal(signal.SIGTERM)
+            assert process.wait(PATIENCE) == 0, part.__name__
+        finally:
+            process.kill()
+            process.wait()
+        print(part.__name__, "ok")
+
+
+def start_again(executable, *arguments):
+    return subprocess.run([executable, *arguments], capture_output=True, text=True, timeout=30)
+
+
+def main_window():
+    from desktop import Program
+
+    return Program("Corvella", "Corvella Main Window")
+
+
+def stacked_last():
+    """The title of the window in front of all others."""
+    tree = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "^Corvella"], capture_output=True, text=True)
+    last = tree.stdout.split()[-1]
+    return subprocess.run(["xdotool", "getwindowname", last], capture_output=True, text=True).stdout.strip()
+
+
+def second_start(home, executable, process):
+    """The second start ends, the first one's window is in front again."""
+    from desktop import Program, press_keys, wait_for
+
+    main_window()
+    press_keys("F1")
+    Program("Corvella", "Corvella Help")
+    wait_for("help in front", lambda: stacked_last() == "Corvella Help")
+    again = start_again(executable)
+    assert (again.returncode, again.stdout) == (0, ""), again
+    wait_for("the main window in front", lambda: stacked_last() == "Corvella Main Window")
+    assert process.poll() is None
+
+
+def file_argument(home, executable, process):
+    """Refused with one line that names the file that is opened, while the program runs and otherwise."""
+    main_window()
+    refused = start_again(executable, "somebody's.corvella")
+    assert refused.returncode == 2, refused
+    assert refused.stderr.count("\n") == 1, refused
+    assert "somebody's.corvella" in refused.stderr and session.data_file(home) in refused.stderr, refused
+    assert process.poll() is None
+
+
+def help_book(home, executable, process):
+    """F1 and the Help button of a modal editor, in which the help can be used."""
+    from desktop import Program, press_keys, text_of, wait_for
+
+    main_window()
+    press_keys("ctrl+shift+c")
+    editor = Program("Corvella", "Category Editor")
+    # The editor runs modally: an action that opens a window must not wait for its end.
+    press_keys("alt+h")
+    shown = Program("Corvella", "Corvella Help")
+    page = shown.find("label", "Help Page")
+    wait_for("the page of the editor", lambda: text_of(page).startswith("Categories\n"))
+    wait_for("help in front", lambda: stacked_last() == "Corvella Help")
+    press_keys("alt+Home")
+    wait_for("the start page", lambda: text_of(shown.find("label", "Help Page")).startswith("Corvella Help\n"))
+    press_keys("ctrl+w")
+    editor.find("push button", "Add")
+
+
+def end_while_saving(home, executable, process):
+    """What was recorded a moment before SIGTERM is in the file."""
+    from desktop import fill, press_keys
+
+    program = main_window()
+    fill(program.field("Amount"), "12.34")
+    fill(program.box_field("Paid To/From"), "Corner Shop")
+    fill(program.box_field("Category"), "Groceries")
+    press_keys("ctrl+Return")
+    process.send_signal(signal.SIGTERM)
+    process.wait()
+    assert payees(home) == ["Corner Shop"], payees(home)
+
+
+def end_in_editor(home, executable, process):
+    """What is typed in a cell is kept, on SIGINT too."""
+    from desktop import act, press_keys, type_text, wait_for
+
+    program = main_window()
+    wait_for("the transaction", lambda: program.rows("Transactions") == 1)
+    act(program.field("Search"), "SetFocus")
+    press_keys("Tab", "Home", "Right", "Right", "F2")
+    type_text("Baker")
+    process.send_signal(signal.SIGINT)
+    process.wait()
+    assert payees(home) == ["Baker"], payees(home)
+
+
+def payees(home):
+    budget = ElementTree.parse(session.data_file(home)).getroot()
+    return [transaction.findtext("PayToFrom") for transaction in budget.iter("Transaction")]
+
+
+if __name__ == "__main__":
+    sys.exit(session.main(drive, __doc__))
