@@ -62,6 +62,8 @@ CVPreferenceWindowController::CVPreferenceWindowController(CVDocument& document,
 CVPreferenceWindowController::~CVPreferenceWindowController() {
     if (isVisible())
         keep();
+    // A field that loses the focus ends its editing, for which the store must still be there.
+    hide();
 }
 
 void CVPreferenceWindowController::setDocument(CVDocument& document) {

@@ -1,5 +1,6 @@
 #include "updates/CVUpdateCheck.h"
 
+#include <QCoreApplication>
 #include <QEventLoop>
 
 #include <utility>
@@ -44,6 +45,8 @@ void CVUpdateCheck::work(const QUrl& address, const QString& userAgent) {
         if (!mStopping)
             loop.exec();
     }
+    // Nobody deletes later in a thread whose event loop has ended.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     {
         const std::lock_guard lock(mMutex);
         mReply = std::move(reply);
