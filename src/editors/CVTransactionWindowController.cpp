@@ -67,22 +67,12 @@ void CVTransactionWindowController::addCategoryField() {
 void CVTransactionWindowController::addFigures() {
     auto* const line = new QHBoxLayout;
     line->addStretch();
-    mSpentField = addFigure(*line, "mSpentField", tr("Spent:"), tr("Spent"));
+    mSpentField = CVFigureField::addTo(*line, "mSpentField", tr("Spent:"), tr("Spent"), this);
     line->addSpacing(fontMetrics().height());
-    mPlannedField = addFigure(*line, "mPlannedField", tr("Planned:"), tr("Planned"));
+    mPlannedField = CVFigureField::addTo(*line, "mPlannedField", tr("Planned:"), tr("Planned"), this);
     line->addSpacing(fontMetrics().height());
-    mDiffereceField = addFigure(*line, "mDiffereceField", tr("Difference:"), tr("Difference"));
+    mDiffereceField = CVFigureField::addTo(*line, "mDiffereceField", tr("Difference:"), tr("Difference"), this);
     contents().addLayout(line);
-}
-
-CVFigureField* CVTransactionWindowController::addFigure(QHBoxLayout& layout, const char* objectName,
-                                                        const QString& label, const QString& accessibleName) {
-    auto* const figure = new CVFigureField(this);
-    figure->setObjectName(QLatin1String(objectName));
-    figure->setAccessibleName(accessibleName);
-    layout.addWidget(new QLabel(label, this));
-    layout.addWidget(figure);
-    return figure;
 }
 
 void CVTransactionWindowController::computeFigures() {

@@ -22,8 +22,6 @@ private:
     void addTable();
     void addCategoryField();
     void addFigures();
-    CVFigureField* addFigure(QHBoxLayout& layout, const char* objectName, const QString& label,
-                             const QString& accessibleName);
     void computeFigures();
     void showFigures();
     void toggleFlag(int row);

@@ -12,7 +12,7 @@
 #include <QDataStream>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QLabel>
+#include <QIODevice>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QTabWidget>
@@ -82,22 +82,12 @@ QHBoxLayout* CVReportsTab::makeControls() {
     auto* const controls = new QHBoxLayout;
     controls->addWidget(mRangeControls);
     controls->addStretch();
-    mNumberOfTransactionsField2 =
-        addFigure(*controls, "mNumberOfTransactionsField2", tr("Transactions:"), tr("Report Transactions"));
-    mTotalNumberOfTransactionsField2 =
-        addFigure(*controls, "mTotalNumberOfTransactionsField2", tr("of"), tr("Report Transactions Total"));
+    mNumberOfTransactionsField2 = CVFigureField::addTo(*controls, "mNumberOfTransactionsField2", tr("Transactions:"),
+                                                       tr("Report Transactions"), this);
+    mTotalNumberOfTransactionsField2 = CVFigureField::addTo(*controls, "mTotalNumberOfTransactionsField2", tr("of"),
+                                                            tr("Report Transactions Total"), this);
     controls->addWidget(mPrintButton);
     return controls;
-}
-
-CVFigureField* CVReportsTab::addFigure(QHBoxLayout& layout, const char* objectName, const QString& label,
-                                       const QString& accessibleName) {
-    auto* const figure = new CVFigureField(this);
-    figure->setObjectName(QLatin1String(objectName));
-    figure->setAccessibleName(accessibleName);
-    layout.addWidget(new QLabel(label, this));
-    layout.addWidget(figure);
-    return figure;
 }
 
 CVFiguresTable* CVReportsTab::addTable(CVReportTable table, const char* objectName, const QString& accessibleName,

@@ -48,8 +48,6 @@ signals:
 
 private:
     [[nodiscard]] QHBoxLayout* makeControls();
-    [[nodiscard]] CVFigureField* addFigure(QHBoxLayout& layout, const char* objectName, const QString& label,
-                                           const QString& accessibleName);
     [[nodiscard]] CVFiguresTable* addTable(CVReportTable table, const char* objectName, const QString& accessibleName,
                                            const QString& tabText);
     static void setUsualWidths(CVFiguresTable& table, CVReportTable kind);

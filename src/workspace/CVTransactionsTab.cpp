@@ -9,7 +9,6 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -82,25 +81,16 @@ QHBoxLayout* CVTransactionsTab::makeFooter() {
     connect(print, &QPushButton::clicked, this, &CVTransactionsTab::printRequested);
     footer->addWidget(print);
     footer->addStretch();
-    mNumberOfTransactionsField1 =
-        addFigure(*footer, "mNumberOfTransactionsField1", tr("Transactions:"), tr("Transactions Shown"));
+    mNumberOfTransactionsField1 = CVFigureField::addTo(*footer, "mNumberOfTransactionsField1", tr("Transactions:"),
+                                                       tr("Transactions Shown"), this);
     mTotalNumberOfTransactionsField1 =
-        addFigure(*footer, "mTotalNumberOfTransactionsField1", tr("of"), tr("Transactions Total"));
+        CVFigureField::addTo(*footer, "mTotalNumberOfTransactionsField1", tr("of"), tr("Transactions Total"), this);
     footer->addSpacing(fontMetrics().height());
-    mTotalAmountShownField = addFigure(*footer, "mTotalAmountShownField", tr("Shown:"), tr("Amount Shown"));
+    mTotalAmountShownField =
+        CVFigureField::addTo(*footer, "mTotalAmountShownField", tr("Shown:"), tr("Amount Shown"), this);
     footer->addSpacing(fontMetrics().height());
-    mTotalAmountField = addFigure(*footer, "mTotalAmountField", tr("Total:"), tr("Amount Total"));
+    mTotalAmountField = CVFigureField::addTo(*footer, "mTotalAmountField", tr("Total:"), tr("Amount Total"), this);
     return footer;
-}
-
-CVFigureField* CVTransactionsTab::addFigure(QHBoxLayout& layout, const char* objectName, const QString& label,
-                                            const QString& accessibleName) {
-    auto* const figure = new CVFigureField(this);
-    figure->setObjectName(QLatin1String(objectName));
-    figure->setAccessibleName(accessibleName);
-    layout.addWidget(new QLabel(label, this));
-    layout.addWidget(figure);
-    return figure;
 }
 
 void CVTransactionsTab::updateRemoveButton() {

@@ -39,8 +39,6 @@ protected:
 private:
     [[nodiscard]] QHBoxLayout* makeHeader();
     [[nodiscard]] QHBoxLayout* makeFooter();
-    [[nodiscard]] CVFigureField* addFigure(QHBoxLayout& layout, const char* objectName, const QString& label,
-                                           const QString& accessibleName);
     void updateRemoveButton();
 
     const CVTransactionList& mList;

@@ -2,6 +2,9 @@
 
 #include "shared/widgets/CVCellAlignment.h"
 
+#include <QBoxLayout>
+#include <QLabel>
+
 CVFigureField::CVFigureField(QWidget* parent) : QLineEdit(parent) {
     setReadOnly(true);
     setFrame(false);
@@ -12,6 +15,16 @@ CVFigureField::CVFigureField(QWidget* parent) : QLineEdit(parent) {
     transparent.setBrush(QPalette::Base, Qt::NoBrush);
     setPalette(transparent);
     connect(this, &QLineEdit::textChanged, this, [this] { updateGeometry(); });
+}
+
+CVFigureField* CVFigureField::addTo(QBoxLayout& layout, const char* objectName, const QString& label,
+                                    const QString& accessibleName, QWidget* parent) {
+    auto* const figure = new CVFigureField(parent);
+    figure->setObjectName(QLatin1String(objectName));
+    figure->setAccessibleName(accessibleName);
+    layout.addWidget(new QLabel(label, parent));
+    layout.addWidget(figure);
+    return figure;
 }
 
 QSize CVFigureField::sizeHint() const {
