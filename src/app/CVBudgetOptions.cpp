@@ -97,7 +97,10 @@ QString CVBudgetOptions::read(const QCommandLineParser& parser) {
         preset = kNoPreset;
         range = CVDayRange{QBDate::date(), QBDate::date()};
     }
-    return CVReadOptions(parser, options(), *this);
+    const QString problem = CVReadOptions(parser, options(), *this);
+    if (problem.isEmpty() && range && range->end.comesBefore(range->start))
+        return tr("--from lies after --to");
+    return problem;
 }
 
 bool CVBudgetOptions::open(CVReadOnlyBudget& budget, QTextStream& errors) const {

@@ -7,9 +7,11 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QPageSetupDialog>
+#include <QPaintEngine>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
+#include <QRegularExpression>
 #include <QScopedValueRollback>
 
 namespace {
@@ -20,23 +22,40 @@ struct PrintDialogText {
 
 using Failure = std::optional<QString>;
 
+/// The name of the print job, from which the toolkit also makes that of a file: without what cannot stand in one.
+QString jobName(const QString& title) {
+    static const QRegularExpression unfit(QStringLiteral("[/\\\\:.]"));
+    return QString(title).replace(unfit, QStringLiteral("-"));
+}
+
 void setUp(QPrinter& printer, const CVReportView& view) {
-    printer.setDocName(view.report().title());
+    printer.setDocName(jobName(view.report().title()));
     printer.setPageLayout(view.printInfo().wholeSheet());
 }
 
-CVPageRange chosenPages(const QPrinter& printer, const CVReportView& view) {
+/// None where the pages that were chosen lie behind the end. A report without pages is an empty sheet.
+std::optional<CVPageRange> chosenPages(const QPrinter& printer, const CVReportView& view) {
     const CVPageRange all = CVPageRange::all(view);
-    if (printer.fromPage() <= 0)
+    if (printer.fromPage() <= 0 || all.last <= 0)
         return all;
-    return {qMin(printer.fromPage(), all.last), qMin(printer.toPage(), all.last)};
+    if (printer.fromPage() > all.last)
+        return std::nullopt;
+    return CVPageRange{printer.fromPage(), qMin(printer.toPage(), all.last)};
 }
 
-/// A printer is sent the pages that were painted before the user cancelled: the toolkit cannot take them back.
+/// While a preview is made, its pages are recorded.
+bool isPreview(const QPrinter& printer) {
+    const QPaintEngine* const engine = printer.paintEngine();
+    return engine && engine->type() == QPaintEngine::Picture;
+}
+
+/// Most printers are sent the pages that were painted before the user cancelled: the toolkit cannot take them back.
 Failure paint(QWidget& window, QPrinter& printer, const CVReportView& view, CVPageRange pages) {
     CVPrintProgress progress(window, pages.count());
     const auto result = CVPaintPages(view, printer, pages, [&progress](int done) { return progress.pagesDone(done); });
-    if (result == CVPaintResult::Failed)
+    if (result == CVPaintResult::Cancelled && !isPreview(printer))
+        printer.abort();
+    if (result == CVPaintResult::Failed || printer.printerState() == QPrinter::Error)
         return PrintDialogText::tr("“%1” does not accept the pages").arg(printer.printerName());
     return std::nullopt;
 }
@@ -50,12 +69,15 @@ Failure writeFile(QWidget& window, const QString& path, const CVReportView& view
     return PrintDialogText::tr("The file “%1” could not be written: %2").arg(QDir::toNativeSeparators(path), *failure);
 }
 
-/// Prints as the printer was set up by the user.
+/// Prints, or draws a preview, on the paper that the user chose for the printer. A file is written by the program
+/// itself.
 Failure printPages(QWidget& window, QPrinter& printer, CVReportView& view) {
     view.usePaperOf(printer.pageLayout());
-    const CVPageRange pages = chosenPages(printer, view);
-    return printer.outputFormat() == QPrinter::PdfFormat ? writeFile(window, printer.outputFileName(), view, pages)
-                                                         : paint(window, printer, view, pages);
+    const auto pages = chosenPages(printer, view);
+    if (!pages)
+        return PrintDialogText::tr("the report ends before page %1").arg(printer.fromPage());
+    const bool isFile = printer.outputFormat() == QPrinter::PdfFormat && !isPreview(printer);
+    return isFile ? writeFile(window, printer.outputFileName(), view, *pages) : paint(window, printer, view, *pages);
 }
 
 } // namespace
@@ -64,8 +86,8 @@ std::optional<QString> CVPrintDialogs::print(QWidget& window, CVReportView& view
     QPrinter printer(QPrinter::HighResolution);
     setUp(printer, view);
     QPrintDialog dialog(&printer, &window);
-    dialog.setWindowModality(Qt::WindowModal);
-    dialog.setMinMax(1, view.knowsPageRange());
+    dialog.setWindowModality(Qt::ApplicationModal);
+    dialog.setMinMax(1, qMax(1, view.knowsPageRange()));
     dialog.setOption(QAbstractPrintDialog::PrintPageRange);
     return dialog.exec() == QDialog::Accepted ? printPages(window, printer, view) : std::nullopt;
 }
@@ -74,7 +96,7 @@ std::optional<QString> CVPrintDialogs::preview(QWidget& window, CVReportView& vi
     QPrinter printer(QPrinter::HighResolution);
     setUp(printer, view);
     QPrintPreviewDialog dialog(&printer, &window);
-    dialog.setWindowModality(Qt::WindowModal);
+    dialog.setWindowModality(Qt::ApplicationModal);
     Failure failure;
     bool isPainting = false;
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter* target) {
@@ -82,8 +104,7 @@ std::optional<QString> CVPrintDialogs::preview(QWidget& window, CVReportView& vi
         if (isPainting)
             return;
         const QScopedValueRollback painting(isPainting, true);
-        view.usePaperOf(target->pageLayout());
-        failure = paint(dialog, *target, view, chosenPages(*target, view));
+        failure = printPages(dialog, *target, view);
     });
     dialog.exec();
     return failure;
@@ -93,7 +114,7 @@ void CVPrintDialogs::setUpPage(QWidget& window, CVPrintInfo& printInfo) {
     QPrinter printer(QPrinter::HighResolution);
     printer.setPageLayout(printInfo.pageLayout());
     QPageSetupDialog dialog(&printer, &window);
-    dialog.setWindowModality(Qt::WindowModal);
+    dialog.setWindowModality(Qt::ApplicationModal);
     if (dialog.exec() == QDialog::Accepted)
         printInfo.setPageLayout(printer.pageLayout());
 }

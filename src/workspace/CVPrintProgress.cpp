@@ -6,7 +6,7 @@
 #include <limits>
 
 CVPrintProgress::CVPrintProgress(QWidget& window, int pages) : QProgressDialog(&window) {
-    setWindowModality(Qt::WindowModal);
+    setWindowModality(Qt::ApplicationModal);
     setWindowTitle(tr("Printing"));
     setCancelButtonText(tr("Cancel"));
     setRange(0, pages);

@@ -162,6 +162,7 @@ TEST_F(ReportProgram, SaysInOneLineWhatFailed) {
         {{"tax", "--paper", "a3"}, 2, "--paper takes"},
         {{"tax", "--range", "8"}, 2, "0 to 7"},
         {{"tax", "--from", "2014/01/01"}, 2, "go together"},
+        {{"tax", "--from", "2014/01/02", "--to", "2014/01/01"}, 2, "--from lies after --to"},
         {{"tax", "--today", "now"}, 2, "--today takes a day"},
         {{"tax", "--sort", "date"}, 2, "sort"},
     };

@@ -2,6 +2,7 @@
 
 #include "kit/BudgetBuilder.h"
 #include "reports/CVReportView.h"
+#include "reports/CVSummaryTable.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -78,6 +79,43 @@ TEST_F(PrintDialogs, PrintSomePages) {
     EXPECT_EQ(pages(), 2);
 }
 
+TEST_F(PrintDialogs, PrintToTheEndWhereMorePagesWereChosenAndNothingBehindIt) {
+    CVReportView view(report(49 * 3), printInfo);
+    chooseFile(3, 9);
+    EXPECT_EQ(dialogs.print(window, view), std::nullopt);
+    EXPECT_EQ(pages(), 1);
+    ASSERT_TRUE(QFile::remove(path));
+    chooseFile(5, 6);
+    EXPECT_EQ(dialogs.print(window, view), "the report ends before page 5");
+    EXPECT_FALSE(QFile::exists(path));
+}
+
+/// The grid when there are no categories.
+struct NoRows final : CVSummaryTable {
+    [[nodiscard]] QString columnTitle(int /*column*/) const override { return {}; }
+    [[nodiscard]] std::optional<double> objectValue(int /*column*/, int /*row*/) const override { return {}; }
+};
+
+TEST_F(PrintDialogs, PrintAnEmptySheetForAReportWithoutPages) {
+    CVReportView view(CVReport::initWithSummaryTable(NoRows(), {}, 7), printInfo);
+    ASSERT_EQ(view.knowsPageRange(), 0);
+    chooseFile(1, 1);
+    EXPECT_EQ(dialogs.print(window, view), std::nullopt);
+    EXPECT_EQ(pages(), 1);
+}
+
+TEST_F(PrintDialogs, SuggestAFileNameThatAFolderCanHold) {
+    CVReportView view(report(1), printInfo);
+    QString name;
+    whenShown<QPrintDialog>([&name](QPrintDialog& dialog) {
+        name = dialog.printer()->docName();
+        dialog.reject();
+    });
+    EXPECT_EQ(dialogs.print(window, view), std::nullopt);
+    EXPECT_TRUE(name.startsWith("Transaction Report for")) << name.toStdString();
+    EXPECT_FALSE(name.contains('/') || name.contains('.')) << name.toStdString();
+}
+
 TEST_F(PrintDialogs, PrintNothingWhenTheyAreCancelled) {
     CVReportView view(report(1), printInfo);
     whenShown<QPrintDialog>([](QPrintDialog& dialog) { dialog.reject(); });
@@ -130,6 +168,26 @@ TEST_F(PrintDialogs, PreviewAllPages) {
     });
     EXPECT_EQ(dialogs.preview(window, view), std::nullopt);
     EXPECT_EQ(previewed, 4);
+}
+
+TEST_F(PrintDialogs, PrintToAFileFromThePreviewAsWithoutIt) {
+    CVReportView view(report(49 * 2), printInfo);
+    whenShown<QPrintPreviewDialog>([this](QPrintPreviewDialog& dialog) {
+        dialog.printer()->setOutputFileName(path);
+        dialog.findChild<QPrintPreviewWidget*>()->print();
+        dialog.reject();
+    });
+    EXPECT_EQ(dialogs.preview(window, view), std::nullopt);
+    EXPECT_EQ(pages(), 2);
+    EXPECT_TRUE(printed().contains("/Title")) << "as the program itself writes it";
+
+    path = folder.filePath("missing/report.pdf");
+    whenShown<QPrintPreviewDialog>([this](QPrintPreviewDialog& dialog) {
+        dialog.printer()->setOutputFileName(path);
+        dialog.findChild<QPrintPreviewWidget*>()->print();
+        dialog.reject();
+    });
+    EXPECT_TRUE(dialogs.preview(window, view).value_or(QString()).contains("missing/report.pdf"));
 }
 
 TEST_F(PrintDialogs, PreviewThePagesThatWerePaintedBeforeItWasCancelled) {
