@@ -32,6 +32,9 @@ void CVAppDelegate::applicationDidFinishLaunching() {
     mUpdates.checkAutomatically(mUserDefaults.integerForKey(CVDefaultsKeys::kCheckUpdatesAutomatically));
     const CVLoadReport report = mFile.initWithStandardUserFile(*mDocument);
     makeWindowControllers();
+    // Those that an offer of a newer version has led to stand in front.
+    if (mPreferences && mPreferences->isVisible())
+        mPreferences->showWindow();
     if (!report.reason.isEmpty())
         tellAboutReading(report);
 }

@@ -1,5 +1,6 @@
 #include "app/CVAppDelegate.h"
 #include "editors/CVEditorWindow.h"
+#include "preferences/CVPreferenceWindowController.h"
 #include "shared/widgets/CVOpenEditor.h"
 #include "workspace/CVMainWindowController.h"
 
@@ -39,6 +40,9 @@ void CVAppDelegate::keepEverything() {
         if (auto* const editor = qobject_cast<CVEditorWindow*>(window))
             editor->keepEntries();
     }
+    if (mPreferences && mPreferences->isVisible())
+        mPreferences->keep();
+    mUserDefaults.synchronize();
     mFile.saves().waitForFinished();
 }
 

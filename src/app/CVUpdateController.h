@@ -31,8 +31,8 @@ public:
     /// Asks another service than the bundle's, for another version.
     void setService(const CVUpdateService& service, CVFetchLimits limits);
 
-    /// What is due at the start of the program: shows an offer that still stands, else asks the service if that many
-    /// days have gone by. Says nothing of the outcome.
+    /// What is due at the start of the program: shows an offer that still stands, else asks the service if a day
+    /// (1), a week (2) or a month (3) has gone by. Says nothing of the outcome.
     void checkAutomatically(int frequency);
     /// The user asks: shows an offer that still stands, else asks the service and tells the outcome, unless the user
     /// cancels. Returns at once.

@@ -25,15 +25,18 @@ CVAlert offer(const QString& name) {
         tr("A newer version of %1 is available from Quenby Labs LLC.  Do you want to upgrade your copy?").arg(name),
         aboutAutomaticChecks(name), tr("Upgrade Now"), tr("Change Preferences..."), tr("Ask Again Later")};
     alert.escapeAnswer = CVAlert::kOther;
+    alert.style = CVAlert::Style::Critical;
     return alert;
 }
 
 CVAlert unreachable() {
-    return {tr("Unable to check for new software"),
-            tr("You must be connected to the internet to check for new software.\n\nThere may be a problem with the "
-               "Quenby Labs LLC web site.\n%1")
-                .arg(CVSite::webSite()),
-            tr("OK")};
+    CVAlert alert{tr("Unable to check for new software"),
+                  tr("You must be connected to the internet to check for new software.\n\nThere may be a problem with "
+                     "the Quenby Labs LLC web site.\n%1")
+                      .arg(CVSite::webSite()),
+                  tr("OK")};
+    alert.style = CVAlert::Style::Critical;
+    return alert;
 }
 
 CVAlert upToDate(const QString& name) {

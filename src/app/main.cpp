@@ -106,6 +106,7 @@ int runOnlyWindow(CVRunningInstance& running) {
     delegate.setPrintPanels(&printPanels);
     delegate.applicationDidFinishLaunching();
     const int status = QApplication::exec();
+    help.close();
     if (status != 0)
         QTextStream(stderr) << "corvella: " << delegate.saves().waitForFinished().message << Qt::endl;
     return status;

@@ -132,7 +132,8 @@ void CVDataFilePane::_cv_change_document_path(const QString& path, Replace repla
 
 void CVDataFilePane::moveDocument(const QString& path) {
     const auto former = store().defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
-    store().setDataFileLocation(path);
+    if (!keepLocation(path, former))
+        return;
     mDocument->workbookSave();
     const QString failure = mHost.waitForSaves();
     if (failure.isEmpty())
@@ -154,8 +155,20 @@ void CVDataFilePane::useDocument(const QString& path) {
                      failure + u' ' + tr("They would be lost, so the other file is not used yet."), tr("OK")});
         return;
     }
-    store().setDataFileLocation(path);
-    mHost.reopenDocument();
+    if (keepLocation(path, store().defaults().stringForKey(CVDefaultsKeys::kDataFileLocation)))
+        mHost.reopenDocument();
+}
+
+/// A place that the settings do not keep would be forgotten at the next start, and with it what was saved there.
+bool CVDataFilePane::keepLocation(const QString& path, const std::optional<QString>& former) {
+    if (store().setDataFileLocation(path))
+        return true;
+    store().setDataFileLocation(former);
+    mAlerts.run({tr("Your data file was not moved"),
+                 tr("Your settings cannot be saved, so Corvella would look for it in the old place at the next start. "
+                    "Make room on the disk, or make the settings writable, and try again."),
+                 tr("OK")});
+    return false;
 }
 
 void CVDataFilePane::clearDataFile() {
@@ -167,18 +180,25 @@ void CVDataFilePane::clearDataFile() {
            "You can't undo this action."),
         tr("No"), tr("Yes")};
     first.escapeAnswer = CVAlert::kDefault;
+    first.style = CVAlert::Style::Critical;
     if (mAlerts.run(first) != CVAlert::kAlternate)
         return;
-    const CVAlert second{
-        tr("Are you REALLY sure you want to clear your Corvella data file?"),
-        tr("If you continue, your Corvella data will be lost and you will have to start over.  This is "
-           "your last chance to stop."),
-        tr("Yes, Continue"), tr("No, Stop!")};
-    if (mAlerts.run(second) != CVAlert::kDefault)
+    CVAlert second{tr("Are you REALLY sure you want to clear your Corvella data file?"),
+                   tr("If you continue, your Corvella data will be lost and you will have to start over.  This is "
+                      "your last chance to stop."),
+                   tr("Yes, Continue"), tr("No, Stop!")};
+    second.style = CVAlert::Style::Critical;
+    // The main window could be used meanwhile.
+    if (mAlerts.run(second) != CVAlert::kDefault || isOtherWindowWaiting())
         return;
     mDocument->reset_to_default_info();
     store().announce();
     emit cleared();
+    if (const QString failure = mHost.waitForSaves(); !failure.isEmpty()) {
+        mAlerts.run({tr("Corvella data not cleared in the file"),
+                     failure + u' ' + tr("The file still holds your data until a save succeeds."), tr("OK")});
+        return;
+    }
     CVAlert done{tr("Corvella data cleared"),
                  tr("Your Corvella data has been cleared.  The category list has been reset to the default list."),
                  tr("OK")};

@@ -19,20 +19,22 @@ void CVPreferenceStore::setBool(const char* key, bool value, Change change) {
     finish(change);
 }
 
-void CVPreferenceStore::setDataFileLocation(const std::optional<QString>& path) {
+bool CVPreferenceStore::setDataFileLocation(const std::optional<QString>& path) {
     if (path)
         mDefaults.setString(CVDefaultsKeys::kDataFileLocation, *path);
     else
         mDefaults.removeKey(CVDefaultsKeys::kDataFileLocation);
-    finish(Change::Silent);
+    return finish(Change::Silent);
 }
 
 void CVPreferenceStore::announce() const {
     mNotificationCenter.postNotification(QLatin1String(CVNotifications::kPreference));
 }
 
-void CVPreferenceStore::finish(Change change) {
-    emit written(mDefaults.synchronize());
+bool CVPreferenceStore::finish(Change change) {
+    const bool isKept = mDefaults.synchronize();
+    emit written(isKept);
     if (change == Change::Announced)
         announce();
+    return isKept;
 }

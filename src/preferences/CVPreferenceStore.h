@@ -27,8 +27,8 @@ public:
 
     void setInteger(const char* key, int value, Change change);
     void setBool(const char* key, bool value, Change change);
-    /// An absent path removes the key.
-    void setDataFileLocation(const std::optional<QString>& path);
+    /// An absent path removes the key. False when the disk does not have it: it is gone with the process.
+    bool setDataFileLocation(const std::optional<QString>& path);
     void announce() const;
 
 signals:
@@ -36,7 +36,7 @@ signals:
     void written(bool isKept);
 
 private:
-    void finish(Change change);
+    bool finish(Change change);
 
     QBUserDefaults& mDefaults;
     QBNotificationCenter& mNotificationCenter;

@@ -36,6 +36,8 @@ public:
     /// Shows the window, or brings it to the front, with the settings as they are now.
     void showWindow();
     void displayUpdatePane();
+    /// Takes what is being typed; remembers the frame.
+    void keep();
 
     /// Every way of closing the window leads here.
     void done(int result) override;
@@ -46,7 +48,6 @@ private:
     void selectTab(const QString& identifier);
     void tabSelected(int index);
     void load();
-    void keep();
     void showWhetherKept(bool isKept);
 
     CVPreferenceStore mStore;

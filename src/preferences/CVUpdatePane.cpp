@@ -100,11 +100,13 @@ void CVUpdatePane::includeSysInfo(bool isOn) {
 void CVUpdatePane::learnMore(const QString& resource) {
     if (CVSystemInfoSheet::show(resource, *this))
         return;
-    mAlerts.run({tr("Could not load SystemInfo.rtf file"),
-                 tr("The SystemInfo.rtf file should be included in the application.  The application may have become "
-                    "corrupted.  You should download a fresh copy from %1")
-                     .arg(CVSite::webSite()),
-                 tr("OK")});
+    CVAlert alert{tr("Could not load SystemInfo.rtf file"),
+                  tr("The SystemInfo.rtf file should be included in the application.  The application may have become "
+                     "corrupted.  You should download a fresh copy from %1")
+                      .arg(CVSite::webSite()),
+                  tr("OK")};
+    alert.style = CVAlert::Style::Critical;
+    mAlerts.run(alert);
 }
 
 void CVUpdatePane::checkedForUpdates() {

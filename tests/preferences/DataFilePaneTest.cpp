@@ -66,6 +66,22 @@ TEST_F(DataFilePane, ThePanelStartsWhereTheFileIs) {
     EXPECT_EQ(mSaver.count(), 0) << "both were cancelled";
 }
 
+TEST_F(DataFilePane, ALocationThatTheSettingsCannotKeepIsNotUsed) {
+    useOldFolder();
+    defaults().synchronize();
+    open();
+    ASSERT_TRUE(QFile::remove(mHome.path("settings.ini")) && QDir().mkpath(mHome.path("settings.ini")));
+    const QString chosen = dataFileIn("new");
+    changeTo("new");
+    EXPECT_EQ(mAlerts.shown().size(), 1);
+    EXPECT_EQ(mSaver.count(), 0) << "what is saved there would be forgotten at the next start";
+    EXPECT_EQ(defaults().stringForKey(CVDefaultsKeys::kDataFileLocation), dataFileIn("old"));
+    makeFile(chosen);
+    changeTo("new", {CVAlert::kDefault});
+    EXPECT_EQ(defaults().stringForKey(CVDefaultsKeys::kDataFileLocation), dataFileIn("old"));
+    ASSERT_TRUE(QDir().rmdir(mHome.path("settings.ini")));
+}
+
 TEST_F(DataFilePane, AFolderWithoutAFileGetsTheBudget) {
     useOldFolder();
     static_cast<void>(dataFileIn("new"));

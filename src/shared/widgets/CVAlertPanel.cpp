@@ -25,6 +25,18 @@ QWidget* windowInUse() {
     return shown == windows.cend() ? nullptr : *shown;
 }
 
+QMessageBox::Icon iconOf(CVAlert::Style style) {
+    switch (style) {
+    case CVAlert::Style::Information:
+        return QMessageBox::Information;
+    case CVAlert::Style::Critical:
+        return QMessageBox::Critical;
+    case CVAlert::Style::Warning:
+        break;
+    }
+    return QMessageBox::Warning;
+}
+
 QPushButton* addButton(QMessageBox& panel, const QString& text, QMessageBox::ButtonRole role) {
     return text.isEmpty() ? nullptr : panel.addButton(text, role);
 }
@@ -36,7 +48,7 @@ CVAlert::Answer CVAlertPanel::run(const CVAlert& alert) {
     panel.setWindowModality(Qt::WindowModal);
     // At the start it may be the only window.
     panel.setAttribute(Qt::WA_QuitOnClose, false);
-    panel.setIcon(alert.style == CVAlert::Style::Warning ? QMessageBox::Warning : QMessageBox::Information);
+    panel.setIcon(iconOf(alert.style));
     panel.setWindowTitle(alert.title);
     // Texts may quote what the user typed: they are shown as they are, not read as markup.
     panel.setTextFormat(Qt::PlainText);

@@ -6,7 +6,7 @@
 struct CVAlert {
     /// The button that ended an alert.
     enum Answer { kOther = -1, kAlternate = 0, kDefault = 1 };
-    enum class Style { Warning, Information };
+    enum class Style { Warning, Information, Critical };
 
     QString title;
     QString message;
