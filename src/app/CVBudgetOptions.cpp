@@ -97,7 +97,7 @@ QString CVBudgetOptions::read(const QCommandLineParser& parser) {
         preset = kNoPreset;
         range = CVDayRange{QBDate::date(), QBDate::date()};
     }
-    const QString problem = CVReadOptions(parser, options(), *this);
+    QString problem = CVReadOptions(parser, options(), *this);
     if (problem.isEmpty() && range && range->end.comesBefore(range->start))
         return tr("--from lies after --to");
     return problem;

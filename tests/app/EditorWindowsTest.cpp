@@ -144,7 +144,7 @@ TEST_F(EditorWindowsTest, WhatIsChangedWhileASaveIsUnderWayIsInTheFileInTheEnd) 
         record(day(2013, 1, 1), 1, "Kiosk", "Food");
     document().workbookSave();
     ASSERT_TRUE(mDelegate->saves().isSaving());
-    inSetEditor([this](QTableView& table) {
+    inSetEditor([](QTableView& table) {
         clickButton(table, "Add");
         typeName("Savings");
         rename(table, "Initial Transaction Set", "Checking");
