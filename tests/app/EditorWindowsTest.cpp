@@ -149,6 +149,13 @@ TEST_F(EditorWindowsTest, WhatIsChangedWhileASaveIsUnderWayIsInTheFileInTheEnd) 
         typeName("Savings");
         rename(table, "Initial Transaction Set", "Checking");
     });
+    inCategoryEditor([this](QTableView& table) {
+        document().workbookSave();
+        EXPECT_TRUE(mDelegate->saves().isSaving());
+        rename(table, "Fuel", "Petrol");
+        clickButton(table, "Add");
+        typeName("Apples");
+    });
     find<QComboBox>("mTransactionSet")->setFocus();
     press(Qt::Key_Down);
     mAlerts.answer({CVAlert::kDefault, CVAlert::kAlternate});
@@ -159,13 +166,6 @@ TEST_F(EditorWindowsTest, WhatIsChangedWhileASaveIsUnderWayIsInTheFileInTheEnd) 
         clickButton(table, "Delete");
     });
     EXPECT_EQ(mAlerts.shown().size(), 2);
-    inCategoryEditor([this](QTableView& table) {
-        document().workbookSave();
-        EXPECT_TRUE(mDelegate->saves().isSaving());
-        rename(table, "Fuel", "Petrol");
-        clickButton(table, "Add");
-        typeName("Apples");
-    });
     quitAndStartAgain();
     EXPECT_EQ(document().transactions().size(), 0U) << "they went with their set";
     ASSERT_EQ(document().transactionSets().size(), 1U);
