@@ -1,7 +1,9 @@
 #include "app/CVBudgetOptions.h"
 
+#include "app/CVErrorLine.h"
 #include "app/CVReadOnlyBudget.h"
 #include "model/CVTransactionSet.h"
+#include "workspace/CVTransactionList.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -114,6 +116,13 @@ bool CVBudgetOptions::open(CVReadOnlyBudget& budget, QTextStream& errors) const 
     return false;
 }
 
+void CVBudgetOptions::chooseRange(CVTransactionList& list) const {
+    list.setTransactionPeriod(preset);
+    list.setRangeFromPreset(QBDate::date());
+    if (range)
+        list.setRange(*range);
+}
+
 int CVBudgetOptions::writeToStandardOutput(const QByteArray& text, QTextStream& errors) {
     QFile standardOutput;
     const bool written = standardOutput.open(stdout, QIODevice::WriteOnly) &&
@@ -130,6 +139,6 @@ int CVBudgetOptions::outputWritten(const std::optional<QString>& failure, QTextS
 }
 
 int CVBudgetOptions::fail(QTextStream& errors, const QString& message) {
-    errors << "corvella: " << message << Qt::endl;
+    CVWriteErrorLine(errors, message);
     return 1;
 }

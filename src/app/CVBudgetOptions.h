@@ -33,6 +33,8 @@ struct CVBudgetOptions {
 
     /// Reads the file and makes its set the current one, on the day that is today; false after one line on `errors`.
     [[nodiscard]] bool open(CVReadOnlyBudget& budget, QTextStream& errors) const;
+    /// Gives the list its range of days; its stages stay.
+    void chooseRange(CVTransactionList& list) const;
     /// Writes to standard output; the exit status, 1 after one line on `errors`.
     [[nodiscard]] static int writeToStandardOutput(const QByteArray& text, QTextStream& errors);
     /// The exit status after writing to `output`: 0 where `failure` is absent, else 1 after one line on `errors`.

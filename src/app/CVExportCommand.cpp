@@ -38,17 +38,12 @@ QString readSort(const QString& value, CVExportRequest& request) {
 
 constexpr std::array<CVOption<CVExportRequest>, 2> kOptions{{{"search", readSearch}, {"sort", readSort}}};
 
-void fill(CVTransactionList& list, const CVExportRequest& request, const QBDate& today) {
-    list.setTransactionPeriod(request.preset);
-    list.setRangeFromPreset(today);
-    if (request.range)
-        list.setRange(*request.range);
+void fill(CVTransactionList& list, const CVExportRequest& request) {
+    request.chooseRange(list);
     list.setSearchType(request.searchKind);
     list.setSearchText(request.searchText);
     list.collectTransactions();
-    list.getTransactions();
-    list.filterTransactions();
-    list.doUserSort();
+    list.rebuild();
 }
 
 QString readArguments(const QStringList& arguments, CVExportRequest& request) {
@@ -78,7 +73,7 @@ int CVRunExport(const CVExportRequest& request, QTextStream& errors) {
     budget.userDefaults().setString(CVDefaultsKeys::kTransactionSortColumn, request.sortColumn);
     budget.userDefaults().setInteger(CVDefaultsKeys::kTransactionSortOrder, request.descending ? 1 : 0);
     CVTransactionList list(budget.document());
-    fill(list, request, QBDate::date());
+    fill(list, request);
     const auto text = CVExportedTransactions(list.displayTransactions());
     return request.output ? request.outputWritten(CVWriteExport(*request.output, *text), errors)
                           : CVBudgetOptions::writeToStandardOutput(*text, errors);

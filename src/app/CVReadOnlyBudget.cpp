@@ -1,5 +1,7 @@
 #include "app/CVReadOnlyBudget.h"
 
+#include "app/CVErrorLine.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -14,7 +16,7 @@ QString tr(const char* text) {
 }
 
 bool fail(QTextStream& errors, const QString& message) {
-    errors << "corvella: " << message << Qt::endl;
+    CVWriteErrorLine(errors, message);
     return false;
 }
 
@@ -42,7 +44,7 @@ bool CVReadOnlyBudget::read(const std::optional<QString>& dataFile, QTextStream&
     if (report.outcome == CVLoadReport::Outcome::Unreadable)
         return fail(errors, tr("\"%1\" could not be read: %2").arg(shown, report.reason));
     if (!report.reason.isEmpty())
-        errors << "corvella: " << tr("note: %1").arg(report.reason) << Qt::endl;
+        CVWriteErrorLine(errors, tr("note: %1").arg(report.reason));
     mDocument.sortTransactionsByDate();
     mDocument.updateDates();
     return true;

@@ -103,15 +103,12 @@ public:
 
 private:
     void fillList() {
-        const bool isPrinted = mRequest.type == CVReportType::Transactions;
-        mList.setTransactionPeriod(isPrinted ? mRequest.preset : 0);
-        mList.setRangeFromPreset(mToday);
-        if (isPrinted && mRequest.range)
-            mList.setRange(*mRequest.range);
+        if (mRequest.type == CVReportType::Transactions)
+            mRequest.chooseRange(mList);
+        else
+            mList.setRangeFromPreset(mToday);
         mList.collectTransactions();
-        mList.getTransactions();
-        mList.filterTransactions();
-        mList.doUserSort();
+        mList.rebuild();
     }
 
     void fillFigures() {

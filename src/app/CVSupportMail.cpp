@@ -47,14 +47,12 @@ QString CVSystemText(const CVSystemIdentity& system) {
 }
 
 QUrl CVSupportMailAddress(const CVSystemIdentity& system) {
-    const auto version = CVBundle::version();
     const QString body =
         QCoreApplication::translate(
             "CVSupportMail", "\n%1 version: %2\nMac OS X version: %3\nMy Name: %4\n\nNOTE TO USERS: Please enter a "
                              "subject line.  Add your comments regarding the %1 application below this line.  Thank "
                              "you.\n\n")
-            .arg(QString::fromLatin1(CVBundle::kName),
-                 QString::fromUtf8(version.data(), static_cast<qsizetype>(version.size())), CVSystemText(system),
+            .arg(QString::fromLatin1(CVBundle::kName), CVBundle::versionText(), CVSystemText(system),
                  QCoreApplication::translate("CVSupportMail", "Your name goes here"));
     return QUrl("mailto:" + CVSite::supportMail() + "?body=" + QString::fromLatin1(QUrl::toPercentEncoding(body)),
                 QUrl::StrictMode);

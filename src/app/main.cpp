@@ -1,6 +1,7 @@
 #include "app/CVAppDelegate.h"
 #include "app/CVCheckCommand.h"
 #include "app/CVCommandLine.h"
+#include "app/CVErrorLine.h"
 #include "app/CVOffscreenApplication.h"
 #include "app/CVRunningInstance.h"
 #include "app/CVTerminationSignals.h"
@@ -29,14 +30,14 @@ constexpr int kUsageError = 2;
 constexpr std::chrono::seconds kPatience(5);
 
 void nameApplication() {
-    const auto version = CVBundle::version();
     QCoreApplication::setOrganizationName(QString::fromLatin1(CVBundle::kOrganization));
     QCoreApplication::setApplicationName(QString::fromLatin1(CVBundle::kName));
-    QCoreApplication::setApplicationVersion(QString::fromUtf8(version.data(), static_cast<qsizetype>(version.size())));
+    QCoreApplication::setApplicationVersion(CVBundle::versionText());
 }
 
 int refuse(QTextStream& errors, const QString& problem) {
-    errors << "corvella: " << problem << '\n' << CVCommandLine::usage() << Qt::flush;
+    CVWriteErrorLine(errors, problem);
+    errors << CVCommandLine::usage() << Qt::flush;
     return kUsageError;
 }
 
@@ -72,20 +73,17 @@ int refuseArgument(const QString& argument) {
     auto own = CVStandardDataFileURL(CVLookForExisting::Yes, folders, defaults);
     if (!own)
         own = CVPathForSaving(folders, defaults);
-    errors << "corvella: "
-           << QCoreApplication::translate("main",
-                                          "\"%1\" is not opened: Corvella opens your own data file only, \"%2\"")
-                  .arg(argument, QDir::toNativeSeparators(own.value_or(QString())))
-           << Qt::endl;
+    CVWriteErrorLine(errors, QCoreApplication::translate(
+                                 "main", "\"%1\" is not opened: Corvella opens your own data file only, \"%2\"")
+                                 .arg(argument, QDir::toNativeSeparators(own.value_or(QString()))));
     return kUsageError;
 }
 
 int refuseToRunTwice() {
     QTextStream errors(stderr);
-    errors << "corvella: "
-           << QCoreApplication::translate("main", "Corvella is running already and does not answer; your data file is "
-                                                  "not opened a second time. Try again, or end that one first.")
-           << Qt::endl;
+    CVWriteErrorLine(errors, QCoreApplication::translate(
+                                 "main", "Corvella is running already and does not answer; your data file is "
+                                         "not opened a second time. Try again, or end that one first."));
     return kFailure;
 }
 
@@ -107,8 +105,10 @@ int runOnlyWindow(CVRunningInstance& running) {
     delegate.applicationDidFinishLaunching();
     const int status = QApplication::exec();
     help.close();
-    if (status != 0)
-        QTextStream(stderr) << "corvella: " << delegate.saves().waitForFinished().message << Qt::endl;
+    if (status != 0) {
+        QTextStream errors(stderr);
+        CVWriteErrorLine(errors, delegate.saves().waitForFinished().message);
+    }
     return status;
 }
 

@@ -2,12 +2,12 @@
 
 #include "shared/base/QBUserDefaults.h"
 #include "shared/widgets/CVHelpOpener.h"
+#include "shared/widgets/CVWindowFrame.h"
 
 #include <QAccessible>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -65,10 +65,8 @@ void CVEditorWindow::addHelpButton(CVHelpOpener* help, const QString& page) {
 }
 
 void CVEditorWindow::restoreFrame(int widthInDigits, int heightInLines) {
-    if (restoreGeometry(mDefaults.dataForKey(mFrameKey)))
-        return;
     const QSize first(widthInDigits * fontMetrics().horizontalAdvance('0'), heightInLines * fontMetrics().height());
-    resize(first.boundedTo(screen()->availableSize()));
+    CVRestoreFrame(*this, mDefaults.dataForKey(mFrameKey), first);
 }
 
 void CVEditorWindow::setRemark(const QString& remark) {

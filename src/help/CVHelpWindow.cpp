@@ -4,6 +4,7 @@
 #include "help/CVHelpPage.h"
 #include "help/CVHelpSearch.h"
 #include "shared/base/QBUserDefaults.h"
+#include "shared/widgets/CVWindowFrame.h"
 
 #include <QAction>
 #include <QApplication>
@@ -13,7 +14,6 @@
 #include <QHelpIndexWidget>
 #include <QHelpLink>
 #include <QLineEdit>
-#include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
 #include <QStyle>
@@ -165,9 +165,8 @@ void CVHelpWindow::goToFound(const QUrl& address, const QString& word) {
 
 void CVHelpWindow::restoreFrame() {
     const int digit = fontMetrics().horizontalAdvance('0');
-    if (!restoreGeometry(mDefaults.dataForKey(kFrameKey)))
-        resize(QSize(kWidthInDigits * digit, kHeightInLines * fontMetrics().height())
-                   .boundedTo(screen()->availableSize()));
+    CVRestoreFrame(*this, mDefaults.dataForKey(kFrameKey),
+                   {kWidthInDigits * digit, kHeightInLines * fontMetrics().height()});
     if (!mSplitter->restoreState(mDefaults.dataForKey(kSplitterKey)))
         mSplitter->setSizes({kFindersInDigits * digit, width() - kFindersInDigits * digit});
 }

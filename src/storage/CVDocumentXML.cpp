@@ -18,9 +18,9 @@ QByteArray head(const CVDocument& document) {
     text += "<CorvellaDocument os=\"Mac OS X\" app=\"";
     text += CVBundle::kIdentifier;
     text += '"';
-    if (const auto version = CVBundle::version(); !version.empty()) {
+    if (const QString version = CVBundle::versionText(); !version.isEmpty()) {
         text += " app_version=\"";
-        xml_appendStringEncodedForXML(text, QString::fromUtf8(version.data(), static_cast<qsizetype>(version.size())));
+        xml_appendStringEncodedForXML(text, version);
         text += '"';
     }
     text += ">\n <MiscInfo id=\"" + QByteArray::number(document.uniqueID()) + "\" current_transaction_set_id=\"" +

@@ -5,9 +5,7 @@
 #include "updates/QBUpdateInfo.h"
 
 CVUpdateService CVUpdateService::ofBundle() {
-    const auto version = CVBundle::version();
-    return {CVSite::updateCheck(), QString::fromLatin1(CVBundle::kIdentifier),
-            QString::fromUtf8(version.data(), static_cast<qsizetype>(version.size()))};
+    return {CVSite::updateCheck(), QString::fromLatin1(CVBundle::kIdentifier), CVBundle::versionText()};
 }
 
 QUrl CVUpdateAddress(const CVUpdateService& service, CVSystemInfo systemInfo) {

@@ -8,6 +8,7 @@
 #include "shared/base/QBNotificationCenter.h"
 #include "shared/base/QBUserDefaults.h"
 #include "shared/widgets/CVAlerts.h"
+#include "shared/widgets/CVWindowFrame.h"
 #include "workspace/CVEntryStrip.h"
 #include "workspace/CVMainMenu.h"
 #include "workspace/CVMainWindow.h"
@@ -18,7 +19,6 @@
 #include "workspace/CVTransactionsTab.h"
 
 #include <QScopedValueRollback>
-#include <QScreen>
 #include <QTabWidget>
 
 namespace {
@@ -125,8 +125,7 @@ void CVMainWindowController::selectViewState() {
 
 void CVMainWindowController::restoreFrame() {
     const QBUserDefaults& defaults = mDocument.userDefaults();
-    if (!mWindow->restoreGeometry(defaults.dataForKey(kFrameKey)))
-        mWindow->resize(kFirstSize.boundedTo(mWindow->screen()->availableSize()));
+    CVRestoreFrame(*mWindow, defaults.dataForKey(kFrameKey), kFirstSize);
     mWindow->transactionsTab().table().restoreColumns(defaults.dataForKey(kColumnsKey));
     mWindow->reportsTab().restoreColumns(defaults.dataForKey(kReportColumnsKey));
 }
@@ -156,16 +155,9 @@ void CVMainWindowController::observeNotifications() {
 }
 
 void CVMainWindowController::mainSetup() {
-    rebuildList();
+    mList.rebuild();
     mGrid.periods().initializeFirstColumnStartingDate(
         CVDisplayPeriods::Placement::fromDefaults(mDocument.userDefaults()));
-}
-
-/// Stages 2 and 3 of the list.
-void CVMainWindowController::rebuildList() {
-    mList.getTransactions();
-    mList.filterTransactions();
-    mList.doUserSort();
 }
 
 void CVMainWindowController::showTransactionSets() {
@@ -208,8 +200,7 @@ void CVMainWindowController::showCategoryItems() {
 void CVMainWindowController::handleCategoryUpdate() {
     showCategoryItems();
     // A name that is searched for or sorted by may be another one now.
-    mList.filterTransactions();
-    mList.doUserSort();
+    mList.refilter();
     reloadAllTables();
 }
 
@@ -217,7 +208,7 @@ void CVMainWindowController::handleCategoryUpdate() {
 void CVMainWindowController::transactionUpdated() {
     if (mDisplayTab != kReports)
         return;
-    rebuildList();
+    mList.rebuild();
     reloadAllTables();
 }
 
@@ -242,11 +233,10 @@ void CVMainWindowController::handleLocaleChange() {
 }
 
 void CVMainWindowController::showAbout() {
-    const auto version = CVBundle::version();
-    CVAlert about{tr("About Corvella"),
-                  tr("Corvella %1, your own budget on your own computer. Made by Quenby Labs.")
-                      .arg(QString::fromUtf8(version.data(), static_cast<qsizetype>(version.size()))),
-                  tr("OK")};
+    CVAlert about{
+        tr("About Corvella"),
+        tr("Corvella %1, your own budget on your own computer. Made by Quenby Labs.").arg(CVBundle::versionText()),
+        tr("OK")};
     about.style = CVAlert::Style::Information;
     mAlerts.run(about);
 }

@@ -89,7 +89,6 @@ private:
 
     void mainSetup();
     void setDateFieldsFromPopUp();
-    void rebuildList();
     void showList();
     void showTransactionSets();
     void updatePaidToAutocomplete();

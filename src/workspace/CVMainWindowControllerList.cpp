@@ -145,15 +145,13 @@ void CVMainWindowController::sortByColumn(const QString& identifier) {
 
 void CVMainWindowController::setSearchText(const QString& text) {
     mList.setSearchText(text);
-    mList.filterTransactions();
-    mList.doUserSort();
+    mList.refilter();
     reloadAllTables();
 }
 
 void CVMainWindowController::setSearchType(int kind) {
     mList.setSearchType(kind);
-    mList.filterTransactions();
-    mList.doUserSort();
+    mList.refilter();
     reloadAllTables();
 }
 
@@ -161,21 +159,21 @@ void CVMainWindowController::setTransactionDateRange(int preset) {
     mList.setTransactionPeriod(preset);
     mDocument.userDefaults().setInteger(CVDefaultsKeys::kTransactionPeriod, preset);
     setDateFieldsFromPopUp();
-    rebuildList();
+    mList.rebuild();
     reloadAllTables();
 }
 
 void CVMainWindowController::setTransactionStart(const QBDate& start) {
     mList.setRange({verifyStartDate(start, mDocument), mList.range().end});
     mWindow->transactionsTab().rangeControls().setStart(mList.range().start);
-    rebuildList();
+    mList.rebuild();
     reloadAllTables();
 }
 
 void CVMainWindowController::setTransactionEnd(const QBDate& end) {
     mList.setRange({mList.range().start, verifyEndDate(end, mDocument)});
     mWindow->transactionsTab().rangeControls().setEnd(mList.range().end);
-    rebuildList();
+    mList.rebuild();
     reloadAllTables();
 }
 

@@ -58,7 +58,7 @@ void CVMainWindowController::setReportDateRange(int preset) {
     mReports.setReportPeriod(preset);
     mDocument.userDefaults().setInteger(CVDefaultsKeys::kReportPeriod, preset);
     setDateFieldsFromPopUp();
-    rebuildList();
+    mList.rebuild();
     reloadAllTables();
 }
 

@@ -123,6 +123,16 @@ void CVTransactionList::doUserSort() {
     CVSortTransactions(mDisplayTransactionArray, mTransactionSortContext, mDocument.categories());
 }
 
+void CVTransactionList::refilter() {
+    filterTransactions();
+    doUserSort();
+}
+
+void CVTransactionList::rebuild() {
+    getTransactions();
+    refilter();
+}
+
 void CVTransactionList::chooseSortColumn(const QString& identifier) {
     QBUserDefaults& defaults = mDocument.userDefaults();
     defaults.setInteger(CVDefaultsKeys::kTransactionSortOrder,

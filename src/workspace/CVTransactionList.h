@@ -49,6 +49,10 @@ public:
     void filterTransactions();
     /// Sorts stage 3 as the user defaults say; a user without a choice gets, and keeps, newest first.
     void doUserSort();
+    /// Stage 3 anew from stage 2, sorted.
+    void refilter();
+    /// The stages 2 and 3 anew from stage 1, sorted.
+    void rebuild();
     /// The user asks for that column: every time the direction turns round, also with another column than before. The
     /// choice is kept; nothing is sorted yet.
     void chooseSortColumn(const QString& identifier);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include <string_view>
 
 /// Facts about the application bundle: its names, identifier and version.
@@ -13,5 +15,7 @@ inline constexpr const char* kIdentifier = "com.quenbylabs.corvella";
 
 /// The bundle version, "" when the build was given none. UTF-8.
 [[nodiscard]] std::string_view version();
+/// The same, decoded.
+[[nodiscard]] QString versionText();
 
 } // namespace CVBundle
