@@ -1,7 +1,5 @@
 #include "editors/CVEditorCellDelegate.h"
 
-#include "shared/widgets/CVCheckCell.h"
-
 #include <QEvent>
 #include <QLineEdit>
 #include <QStyle>
@@ -27,18 +25,18 @@ QModelIndex boxOf(const QModelIndex& index, const QEvent& event) {
 
 void CVEditorCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const {
-    CVFigureCellDelegate::paint(painter, option, index);
+    CVCellDelegate::paint(painter, option, index);
     const QVariant state = index.data(Qt::CheckStateRole);
     if (!state.isValid())
         return;
     QStyleOptionViewItem box = option;
     box.state.setFlag(QStyle::State_Enabled, canTurnRound(index));
-    CVCheckCell::paint(*painter, box, state.toInt() == Qt::Checked);
+    mCheckCell.paint(*painter, box, state.toInt() == Qt::Checked);
 }
 
 QWidget* CVEditorCellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                                             const QModelIndex& index) const {
-    QWidget* const editor = CVFigureCellDelegate::createEditor(parent, option, index);
+    QWidget* const editor = CVCellDelegate::createEditor(parent, option, index);
     editor->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
     if (auto* const field = qobject_cast<QLineEdit*>(editor)) {
         // The text stays where the cell has it: the field itself leaves 2 pixels free, the styles 1 more than they say.
@@ -53,9 +51,4 @@ bool CVEditorCellDelegate::editorEvent(QEvent* event, QAbstractItemModel* model,
                                        const QModelIndex& index) {
     const QModelIndex box = CVCheckCell::isToggle(*event) ? boxOf(index, *event) : QModelIndex();
     return box.isValid() && model->setData(box, {}, Qt::CheckStateRole);
-}
-
-void CVEditorCellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
-    CVFigureCellDelegate::initStyleOption(option, index);
-    option->features &= ~QStyleOptionViewItem::HasCheckIndicator;
 }

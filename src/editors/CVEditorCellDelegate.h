@@ -1,14 +1,15 @@
 #pragma once
 
-#include "shared/widgets/CVFigureCellDelegate.h"
+#include "shared/widgets/CVCellDelegate.h"
+#include "shared/widgets/CVCheckCell.h"
 
 /// The cells of an editor's table: boxes stand in the middle of their cells, and one that cannot be turned round is
 /// greyed. A click on a cell with a box, or Space anywhere in its row, turns it round.
-class CVEditorCellDelegate final : public CVFigureCellDelegate {
+class CVEditorCellDelegate final : public CVCellDelegate {
     Q_OBJECT
 
 public:
-    using CVFigureCellDelegate::CVFigureCellDelegate;
+    using CVCellDelegate::CVCellDelegate;
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     [[nodiscard]] QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
@@ -16,6 +17,6 @@ public:
     bool editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,
                      const QModelIndex& index) override;
 
-protected:
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+private:
+    CVCheckCell mCheckCell;
 };

@@ -1,6 +1,6 @@
 #include "workspace/CVFiguresTable.h"
 
-#include "shared/widgets/CVFigureCellDelegate.h"
+#include "shared/widgets/CVCellDelegate.h"
 
 #include <QEvent>
 #include <QHeaderView>
@@ -17,7 +17,7 @@ CVFiguresTable::CVFiguresTable(std::unique_ptr<CVFiguresModel> model, const char
     setAccessibleName(accessibleName);
     mModel->setParent(this);
     setModel(mModel);
-    setItemDelegate(new CVFigureCellDelegate(this));
+    setItemDelegate(new CVCellDelegate(this));
     setSelectionMode(ExtendedSelection);
     setEditTriggers(NoEditTriggers);
     connect(this, &QTableView::doubleClicked, this, &CVFiguresTable::cellOpened);

@@ -45,5 +45,5 @@ void CVReportCellDelegate::setModelData(QWidget* editor, QAbstractItemModel* mod
 }
 
 bool CVReportCellDelegate::eventFilter(QObject* editor, QEvent* event) {
-    return CVKeepUnreadableOpen(editor, event) || CVFigureCellDelegate::eventFilter(editor, event);
+    return CVKeepUnreadableOpen(editor, event) || CVCellDelegate::eventFilter(editor, event);
 }

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "shared/widgets/CVFigureCellDelegate.h"
+#include "shared/widgets/CVCellDelegate.h"
 
 /// Edits what can be changed in the reports: a frequency is chosen from a list, a target is typed as an amount. Return
 /// and Tab leave an amount that cannot be read in its field, with the reason; leaving it otherwise discards it.
-class CVReportCellDelegate final : public CVFigureCellDelegate {
+class CVReportCellDelegate final : public CVCellDelegate {
     Q_OBJECT
 
 public:
-    using CVFigureCellDelegate::CVFigureCellDelegate;
+    using CVCellDelegate::CVCellDelegate;
 
     [[nodiscard]] QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                                         const QModelIndex& index) const override;

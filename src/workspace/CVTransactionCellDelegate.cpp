@@ -1,7 +1,6 @@
 #include "workspace/CVTransactionCellDelegate.h"
 
 #include "shared/base/QBXMLText.h"
-#include "shared/widgets/CVCheckCell.h"
 #include "shared/widgets/CVCompletingComboBox.h"
 #include "shared/widgets/CVDateField.h"
 #include "shared/widgets/CVKeepUnreadableOpen.h"
@@ -9,11 +8,8 @@
 #include "workspace/CVTransactionTableModel.h"
 
 #include <QAbstractItemView>
-#include <QHelpEvent>
 #include <QLineEdit>
 #include <QPainter>
-#include <QTextDocument>
-#include <QToolTip>
 
 namespace {
 
@@ -32,6 +28,12 @@ CVDateField* makeDateField(QWidget* parent) {
     return field;
 }
 
+QColor tint(const QPalette& palette) {
+    QColor tint = palette.color(QPalette::Highlight);
+    tint.setAlpha(kTintAlpha);
+    return tint;
+}
+
 CVCompletingComboBox* makeBox(const QStringList& items, QWidget* parent) {
     auto* const box = new CVCompletingComboBox(parent);
     box->setItems(items);
@@ -42,31 +44,19 @@ CVCompletingComboBox* makeBox(const QStringList& items, QWidget* parent) {
 
 void CVTransactionCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                       const QModelIndex& index) const {
-    QStyledItemDelegate::paint(painter, option, index);
+    if (index.row() == mTintedRow)
+        painter->fillRect(option.rect, tint(option.palette));
+    CVCellDelegate::paint(painter, option, index);
+    if (!Model::isFlag(index.column()))
+        return;
     if (const QVariant state = index.data(Qt::CheckStateRole); state.isValid())
-        CVCheckCell::paint(*painter, option, state.toInt() == Qt::Checked);
+        mCheckCell.paint(*painter, option, state.toInt() == Qt::Checked);
     const auto picture = index.data(Qt::DecorationRole).value<QIcon>();
     if (picture.isNull())
         return;
     const bool isSelected = option.state.testFlag(QStyle::State_Selected);
     const QRect place = QStyle::alignedRect(option.direction, Qt::AlignCenter, option.decorationSize, option.rect);
     picture.paint(painter, place, Qt::AlignCenter, isSelected ? QIcon::Selected : QIcon::Normal);
-}
-
-QString CVTransactionCellDelegate::displayText(const QVariant& value, const QLocale& locale) const {
-    return QStyledItemDelegate::displayText(value, locale).simplified();
-}
-
-bool CVTransactionCellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
-                                          const QStyleOptionViewItem& option, const QModelIndex& index) {
-    if (event->type() != QEvent::ToolTip)
-        return QStyledItemDelegate::helpEvent(event, view, option, index);
-    const bool isCut = index.isValid() && sizeHint(option, index).width() > view->visualRect(index).width();
-    if (isCut)
-        QToolTip::showText(event->globalPos(), Qt::convertFromPlainText(index.data().toString()), view);
-    else
-        QToolTip::hideText();
-    return true;
 }
 
 QWidget* CVTransactionCellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
@@ -81,7 +71,7 @@ QWidget* CVTransactionCellDelegate::createEditor(QWidget* parent, const QStyleOp
     case Model::Category:
         return makeBox(mCategoryItems, parent);
     case Model::For:
-        return QStyledItemDelegate::createEditor(parent, option, index);
+        return CVCellDelegate::createEditor(parent, option, index);
     default:
         return nullptr;
     }
@@ -102,7 +92,7 @@ void CVTransactionCellDelegate::setEditorData(QWidget* editor, const QModelIndex
         category->setEditText(value.toString());
         category->lineEdit()->selectAll();
     } else
-        QStyledItemDelegate::setEditorData(editor, index);
+        CVCellDelegate::setEditorData(editor, index);
 }
 
 void CVTransactionCellDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
@@ -137,23 +127,11 @@ void CVTransactionCellDelegate::setModelData(QWidget* editor, QAbstractItemModel
 bool CVTransactionCellDelegate::editorEvent(QEvent* event, QAbstractItemModel* model,
                                             const QStyleOptionViewItem& option, const QModelIndex& index) {
     if (!Model::isFlag(index.column()))
-        return QStyledItemDelegate::editorEvent(event, model, option, index);
+        return CVCellDelegate::editorEvent(event, model, option, index);
     return CVCheckCell::isToggle(*event) && model->setData(index, {}, Qt::CheckStateRole);
 }
 
 /// A text that cannot be read keeps its editor open, marked, until it is mended or given up with Escape.
 bool CVTransactionCellDelegate::eventFilter(QObject* editor, QEvent* event) {
-    return CVKeepUnreadableOpen(editor, event) || QStyledItemDelegate::eventFilter(editor, event);
-}
-
-void CVTransactionCellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
-    QStyledItemDelegate::initStyleOption(option, index);
-    // The styles put pictures and boxes at the edge of their cell; here they are painted in the middle.
-    option->features &= ~(QStyleOptionViewItem::HasDecoration | QStyleOptionViewItem::HasCheckIndicator);
-    option->icon = QIcon();
-    if (index.row() == mTintedRow) {
-        QColor tint = option->palette.color(QPalette::Highlight);
-        tint.setAlpha(kTintAlpha);
-        option->backgroundBrush = tint;
-    }
+    return CVKeepUnreadableOpen(editor, event) || CVCellDelegate::eventFilter(editor, event);
 }

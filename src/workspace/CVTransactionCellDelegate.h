@@ -1,16 +1,18 @@
 #pragma once
 
-#include <QStringList>
-#include <QStyledItemDelegate>
+#include "shared/widgets/CVCellDelegate.h"
+#include "shared/widgets/CVCheckCell.h"
 
-/// Paints and edits the cells of the transaction table: texts in one line, pictures and boxes in the middle, one row
-/// tinted. A text that is cut shows as tooltip. Dates, amounts, payees and categories are edited as in the entry strip;
-/// a click or Space turns a flag round. What cannot be read, or has not changed, is not committed.
-class CVTransactionCellDelegate final : public QStyledItemDelegate {
+#include <QStringList>
+
+/// Paints and edits the cells of the transaction table: pictures and boxes in the middle, one row tinted. Dates,
+/// amounts, payees and categories are edited as in the entry strip; a click or Space turns a flag round. What cannot be
+/// read, or has not changed, is not committed.
+class CVTransactionCellDelegate final : public CVCellDelegate {
     Q_OBJECT
 
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using CVCellDelegate::CVCellDelegate;
 
     /// -1 for none.
     void setTintedRow(int row) { mTintedRow = row; }
@@ -19,10 +21,6 @@ public:
     void setCategoryItems(const QStringList& items) { mCategoryItems = items; }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-    [[nodiscard]] QString displayText(const QVariant& value, const QLocale& locale) const override;
-    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
-                   const QModelIndex& index) override;
-
     [[nodiscard]] QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                                         const QModelIndex& index) const override;
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
@@ -32,9 +30,9 @@ public:
 
 protected:
     bool eventFilter(QObject* editor, QEvent* event) override;
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
 private:
+    CVCheckCell mCheckCell;
     int mTintedRow = -1;
     QStringList mPaidToItems;
     QStringList mCategoryItems;

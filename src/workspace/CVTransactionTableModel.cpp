@@ -2,6 +2,7 @@
 
 #include "model/CVTransaction.h"
 #include "shared/widgets/CVCellAlignment.h"
+#include "shared/widgets/CVCellDelegate.h"
 #include "shared/widgets/CVGlyph.h"
 #include "workspace/CVTransactionList.h"
 
@@ -22,6 +23,7 @@ struct ColumnInfo {
     Qt::Alignment alignment;
 };
 
+constexpr qsizetype kRoomForFigures = 64;
 constexpr Qt::Alignment kCentre = Qt::AlignCenter;
 
 constexpr std::array<ColumnInfo, CVTransactionTableModel::ColumnCount> kColumns{
@@ -41,7 +43,9 @@ const ColumnInfo& info(int column) {
 
 CVTransactionTableModel::CVTransactionTableModel(const CVTransactionList& list, QObject* parent)
     : QAbstractTableModel(parent)
-    , mList(list) {}
+    , mList(list) {
+    mText.reserve(kRoomForFigures);
+}
 
 QLatin1StringView CVTransactionTableModel::identifier(int column) {
     return info(column).identifier;
@@ -112,6 +116,8 @@ QVariant CVTransactionTableModel::data(const QModelIndex& index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         return isFlag(index.column()) ? QVariant() : text(transaction, index.column());
+    case kCVTextViewRole:
+        return QVariant::fromValue(isFlag(index.column()) ? QStringView() : textView(transaction, index.column()));
     case Qt::EditRole:
         return value(transaction, index.column());
     case Qt::DecorationRole:
@@ -185,20 +191,32 @@ void CVTransactionTableModel::updateFormatters() {
 
 QString CVTransactionTableModel::text(const CVTransaction& transaction, int column) const {
     switch (column) {
+    case Tax:
+        return transaction.taxFlag() ? tr("Yes") : tr("No");
+    case UserFlag:
+        return transaction.userFlag() ? tr("Yes") : tr("No");
+    default:
+        return textView(transaction, column).toString();
+    }
+}
+
+QStringView CVTransactionTableModel::textView(const CVTransaction& transaction, int column) const {
+    mText.resize(0);
+    switch (column) {
     case Date:
-        return transaction.effectiveDate() ? mDateFormatter.string(*transaction.effectiveDate()) : QString();
+        if (const auto date = transaction.effectiveDate())
+            mDateFormatter.append(mText, *date);
+        return mText;
     case Amount:
-        return mMoneyFormatter.string(transaction.amount());
+        mMoneyFormatter.append(mText, transaction.amount());
+        return mText;
     case ToFrom:
         return transaction.payTo();
     case For:
         return transaction.xfor();
-    case Category:
-        return transaction.categoryName();
-    case Tax:
-        return transaction.taxFlag() ? tr("Yes") : tr("No");
     default:
-        return transaction.userFlag() ? tr("Yes") : tr("No");
+        mCategoryName = transaction.categoryName();
+        return mCategoryName;
     }
 }
 

@@ -61,10 +61,15 @@ signals:
 
 private:
     [[nodiscard]] QString text(const CVTransaction& transaction, int column) const;
+    /// Of any column but the flags'; valid until the next is asked for.
+    [[nodiscard]] QStringView textView(const CVTransaction& transaction, int column) const;
     [[nodiscard]] static QVariant value(const CVTransaction& transaction, int column);
 
     const CVTransactionList& mList;
     std::vector<CVTransaction*> mRows;
     QBDateFormatter mDateFormatter;
     QBMoneyFormatter mMoneyFormatter;
+    /// The date or amount that was asked for last, in a text that keeps its room, and the category.
+    mutable QString mText;
+    mutable QString mCategoryName;
 };

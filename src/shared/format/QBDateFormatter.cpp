@@ -36,9 +36,8 @@ std::optional<QBDate> existingDay(qint64 year, int month, int day) {
 QBDateFormatter::QBDateFormatter(const QLocale& locale) : QBDateFormatter(shortDateFormat(locale), locale) {}
 
 QBDateFormatter::QBDateFormatter(const QString& format, const QLocale& locale)
-    : mLocale(locale)
+    : mDigits(locale)
     , mPieces(pieces(format)) {
-    mLocale.setNumberOptions(QLocale::OmitGroupSeparator);
     const auto isDayOrMonth = [](const Piece& piece) { return piece.field != Field::Year; };
     const auto first = std::find_if(mPieces.cbegin(), mPieces.cend(), isDayOrMonth);
     if (first != mPieces.cend())
@@ -51,21 +50,25 @@ QString QBDateFormatter::shortDateFormat(const QLocale& locale) {
 
 QString QBDateFormatter::string(const QBDate& date) const {
     QString text;
+    append(text, date);
+    return text;
+}
+
+void QBDateFormatter::append(QString& text, const QBDate& date) const {
     for (const Piece& piece : mPieces) {
         switch (piece.field) {
         case Field::Day:
-            text += digits(date.dayOfMonth(), piece.width);
+            mDigits.append(text, date.dayOfMonth(), piece.width);
             break;
         case Field::Month:
-            text += digits(date.monthOfYear(), piece.width);
+            mDigits.append(text, date.monthOfYear(), piece.width);
             break;
         case Field::Year:
-            text += yearText(date.yearOfCommonEra(), piece.width);
+            appendYear(text, date.yearOfCommonEra(), piece.width);
             break;
         }
         text += piece.literal;
     }
-    return text;
 }
 
 std::optional<QBDate> QBDateFormatter::parse(QStringView text) const {
@@ -132,18 +135,12 @@ QList<QBDateFormatter::Piece> QBDateFormatter::pieces(const QString& format) {
     return pieces;
 }
 
-QString QBDateFormatter::digits(qint64 number, int width) const {
-    const QString text = mLocale.toString(std::abs(number)).rightJustified(width, mLocale.zeroDigit().front());
-    return number < 0 ? mLocale.negativeSign() + text : text;
-}
-
-QString QBDateFormatter::yearText(qint64 year, int width) const {
-    if (width == 2) {
-        const int lastDigits = static_cast<int>(std::abs(year) % kYearsPerCentury);
-        if (fullYear(lastDigits) == year)
-            return digits(lastDigits, width);
-    }
-    return digits(year, kDigitsOfFullYear);
+void QBDateFormatter::appendYear(QString& text, qint64 year, int width) const {
+    const int lastDigits = static_cast<int>(std::abs(year) % kYearsPerCentury);
+    if (width == 2 && fullYear(lastDigits) == year)
+        mDigits.append(text, lastDigits, width);
+    else
+        mDigits.append(text, year, kDigitsOfFullYear);
 }
 
 /// What the numbers of a typed date mean. A first number of three or more digits can only be a year.

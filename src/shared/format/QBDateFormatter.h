@@ -2,6 +2,7 @@
 
 #include "model/QBDate.h"
 #include "shared/format/QBLocale.h"
+#include "shared/format/QBLocaleDigits.h"
 
 #include <QList>
 #include <QString>
@@ -21,6 +22,8 @@ public:
 
     /// A year that two digits would not bring back is written out, also where the locale writes two digits.
     [[nodiscard]] QString string(const QBDate& date) const;
+    /// Writes the same behind `text`, without allocating where there is room for it.
+    void append(QString& text, const QBDate& date) const;
 
     /// The day that `text` names: day, day and month, or day, month and year in the locale's order (or the year first,
     /// when it has three or four digits), with any usual separators. A missing month or year is the present one; two
@@ -44,12 +47,11 @@ private:
     };
 
     [[nodiscard]] static QList<Piece> pieces(const QString& format);
-    [[nodiscard]] QString digits(qint64 number, int width) const;
-    [[nodiscard]] QString yearText(qint64 year, int width) const;
+    void appendYear(QString& text, qint64 year, int width) const;
     [[nodiscard]] QList<Field> fields(qsizetype count, int digitsOfFirst) const;
     [[nodiscard]] bool isSeparator(char32_t character) const;
 
-    QLocale mLocale;
+    QBLocaleDigits mDigits;
     QList<Piece> mPieces;
     QString mSeparator;
 };

@@ -2,18 +2,33 @@
 
 #include <QList>
 
+#include <array>
 #include <charconv>
 #include <cmath>
+#include <limits>
 #include <string>
+#include <string_view>
 
 namespace {
 
 constexpr int kDecimals = 2;
-constexpr qsizetype kGroup = 3;
+constexpr std::size_t kGroup = 3;
+/// Of the largest amount, with its decimals and their mark.
+constexpr std::size_t kMostCharacters = std::numeric_limits<double>::max_exponent10 + 2 + kDecimals;
 /// Amounts below this show as 0.00.
 constexpr double kSmallestShown = 0.005;
 constexpr char32_t kMinusSign = 0x2212;
 constexpr char32_t kApostrophe = 0x2019;
+
+/// Digits, '.' and two decimals. An amount in the middle between two cents is written as the larger one.
+std::string_view decimalText(double amount, std::array<char, kMostCharacters>& buffer) {
+    // Only odd eighths lie there; the conversion itself would take the even cent.
+    const bool isInTheMiddle = std::fmod(amount * 8, 2) == 1;
+    const double written = isInTheMiddle ? std::nextafter(amount, std::numeric_limits<double>::max()) : amount;
+    const auto end =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), written, std::chars_format::fixed, kDecimals).ptr;
+    return {buffer.data(), static_cast<std::size_t>(end - buffer.data())};
+}
 
 char32_t firstCharacter(const QString& text) {
     const auto characters = text.toUcs4();
@@ -65,17 +80,38 @@ bool areGroups(const QList<int>& lengths) {
 } // namespace
 
 QBMoneyFormatter::QBMoneyFormatter(const QLocale& locale)
-    : mLocale(locale)
+    : mDigits(locale)
     , mSymbol(locale.currencySymbol())
     , mMinus(locale.negativeSign())
     , mGroupMark(firstCharacter(locale.groupSeparator()))
-    , mDecimalMark(firstCharacter(locale.decimalPoint())) {
-    mLocale.setNumberOptions(QLocale::OmitGroupSeparator);
-}
+    , mDecimalMark(firstCharacter(locale.decimalPoint())) {}
 
 QString QBMoneyFormatter::string(double amount) const {
-    const QString digits = grouped(mLocale.toString(std::abs(amount), 'f', kDecimals));
-    return amount <= -kSmallestShown ? mMinus + mSymbol + digits : mSymbol + digits;
+    QString text;
+    append(text, amount);
+    return text;
+}
+
+/// The marks stand between groups of three; the locales' own rules group some numbers in other ways, or not at all.
+void QBMoneyFormatter::append(QString& text, double amount) const {
+    if (amount <= -kSmallestShown)
+        text += mMinus;
+    text += mSymbol;
+    if (!std::isfinite(amount)) {
+        text += QLocale::c().toString(std::abs(amount));
+        return;
+    }
+    std::array<char, kMostCharacters> buffer;
+    const std::string_view decimal = decimalText(std::abs(amount), buffer);
+    const std::string_view whole = decimal.substr(0, decimal.size() - kDecimals - 1);
+    std::size_t group = (whole.size() - 1) % kGroup + 1;
+    mDigits.append(text, whole.substr(0, group));
+    for (; group < whole.size(); group += kGroup) {
+        QBLocaleDigits::appendCharacter(text, mGroupMark);
+        mDigits.append(text, whole.substr(group, kGroup));
+    }
+    QBLocaleDigits::appendCharacter(text, mDecimalMark);
+    mDigits.append(text, decimal.substr(decimal.size() - kDecimals));
 }
 
 std::optional<double> QBMoneyFormatter::parse(QStringView text) const {
@@ -106,14 +142,6 @@ std::optional<double> QBMoneyFormatter::parse(QStringView text) const {
     if (!areGroups(groups) || read.ec != std::errc() || read.ptr != digits.data() + digits.size())
         return std::nullopt;
     return negative ? -amount : amount;
-}
-
-/// Puts the marks between groups of three; the locales' own rules group some numbers in other ways, or not at all.
-QString QBMoneyFormatter::grouped(const QString& digits) const {
-    auto characters = digits.toUcs4();
-    for (auto i = characters.indexOf(mDecimalMark) - kGroup; i > 0; i -= kGroup)
-        characters.insert(i, mGroupMark);
-    return QString::fromUcs4(reinterpret_cast<const char32_t*>(characters.constData()), characters.size());
 }
 
 bool QBMoneyFormatter::isGroupMark(char32_t character) const {

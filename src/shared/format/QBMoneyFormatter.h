@@ -1,6 +1,7 @@
 #pragma once
 
 #include "shared/format/QBLocale.h"
+#include "shared/format/QBLocaleDigits.h"
 
 #include <QString>
 
@@ -14,16 +15,17 @@ public:
 
     /// An amount that shows as zero has no sign.
     [[nodiscard]] QString string(double amount) const;
+    /// Writes the same behind `text`, without allocating where there is room for it.
+    void append(QString& text, double amount) const;
 
     /// The amount that `text` stands for, with or without symbol, group marks and decimals; not rounded. Absent for a
     /// text that is no amount: a mark in the wrong place is never guessed at, and neither is an empty text.
     [[nodiscard]] std::optional<double> parse(QStringView text) const;
 
 private:
-    [[nodiscard]] QString grouped(const QString& digits) const;
     [[nodiscard]] bool isGroupMark(char32_t character) const;
 
-    QLocale mLocale;
+    QBLocaleDigits mDigits;
     QString mSymbol;
     QString mMinus;
     char32_t mGroupMark;

@@ -3,6 +3,7 @@
 #include "shared/widgets/CVCellAlignment.h"
 
 #include <QBoxLayout>
+#include <QEvent>
 #include <QLabel>
 
 CVFigureField::CVFigureField(QWidget* parent) : QLineEdit(parent) {
@@ -14,7 +15,7 @@ CVFigureField::CVFigureField(QWidget* parent) : QLineEdit(parent) {
     QPalette transparent;
     transparent.setBrush(QPalette::Base, Qt::NoBrush);
     setPalette(transparent);
-    connect(this, &QLineEdit::textChanged, this, [this] { updateGeometry(); });
+    connect(this, &QLineEdit::textChanged, this, &CVFigureField::widen);
 }
 
 CVFigureField* CVFigureField::addTo(QBoxLayout& layout, const char* objectName, const QString& label,
@@ -28,13 +29,31 @@ CVFigureField* CVFigureField::addTo(QBoxLayout& layout, const char* objectName, 
 }
 
 QSize CVFigureField::sizeHint() const {
-    QSize size = QLineEdit::sizeHint();
-    const QMargins margins = textMargins();
-    // The line edit keeps 2 pixels free on either side of its text.
-    size.setWidth(fontMetrics().horizontalAdvance(text()) + margins.left() + margins.right() + 6);
-    return size;
+    return {mWidth, QLineEdit::sizeHint().height()};
 }
 
 QSize CVFigureField::minimumSizeHint() const {
     return sizeHint();
+}
+
+void CVFigureField::changeEvent(QEvent* event) {
+    QLineEdit::changeEvent(event);
+    if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange)
+        return;
+    mWidth = 0;
+    widen();
+}
+
+int CVFigureField::neededWidth() const {
+    const QMargins margins = textMargins();
+    // The line edit keeps 2 pixels free on either side of its text.
+    return fontMetrics().horizontalAdvance(text()) + margins.left() + margins.right() + 6;
+}
+
+void CVFigureField::widen() {
+    const int needed = neededWidth();
+    if (needed <= mWidth)
+        return;
+    mWidth = needed;
+    updateGeometry();
 }

@@ -4,7 +4,8 @@
 
 class QBoxLayout;
 
-/// A figure that is shown, not entered: as wide as its text, and it can be selected and copied.
+/// A figure that is shown, not entered; it can be selected and copied. It is as wide as the widest text that it had, so
+/// that nothing moves, and nothing is laid out anew, while a search changes it from key to key.
 class CVFigureField final : public QLineEdit {
     Q_OBJECT
 
@@ -17,4 +18,13 @@ public:
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    [[nodiscard]] int neededWidth() const;
+    void widen();
+
+    int mWidth = 0;
 };

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPalette>
+#include <QPixmap>
 
 #include <memory>
 
@@ -76,17 +77,26 @@ public:
     }
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        QPixmap pixmap(size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
+        const qint64 palette = QGuiApplication::palette().cacheKey();
+        if (mPicture.size() == size && mMode == mode && mPalette == palette)
+            return mPicture;
+        mMode = mode;
+        mPalette = palette;
+        mPicture = QPixmap(size);
+        mPicture.fill(Qt::transparent);
+        QPainter painter(&mPicture);
         paint(&painter, QRect(QPoint(), size), mode, state);
-        return pixmap;
+        return mPicture;
     }
 
     [[nodiscard]] QIconEngine* clone() const override { return std::make_unique<GlyphEngine>(*this).release(); }
 
 private:
     CVGlyph::Shape mShape;
+    /// As it was last asked for.
+    QPixmap mPicture;
+    QIcon::Mode mMode = QIcon::Normal;
+    qint64 mPalette = 0;
 };
 
 } // namespace

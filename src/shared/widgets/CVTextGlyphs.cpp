@@ -1,0 +1,144 @@
+#include "shared/widgets/CVTextGlyphs.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QStyle>
+#include <QTextLayout>
+#include <QVarLengthArray>
+
+namespace {
+
+/// More different texts than that are hardly on a screen; then all are forgotten.
+constexpr std::size_t kMostTexts = 4096;
+/// No figure is longer.
+constexpr int kLongestFigure = 48;
+
+bool belongsToFigures(QChar character) {
+    switch (character.category()) {
+    case QChar::Number_DecimalDigit:
+    case QChar::Punctuation_Dash:
+    case QChar::Punctuation_Other:
+    case QChar::Symbol_Currency:
+    case QChar::Symbol_Math:
+    case QChar::Separator_Space:
+        return character.direction() != QChar::DirR && character.direction() != QChar::DirAL;
+    default:
+        return false;
+    }
+}
+
+/// Where something of that width begins. Whole pixels keep the glyphs sharp.
+int leftEdge(const QRect& place, Qt::Alignment alignment, double width) {
+    const int pixels = qCeil(width);
+    if (alignment.testFlag(Qt::AlignRight))
+        return place.right() + 1 - pixels;
+    if (alignment.testFlag(Qt::AlignHCenter))
+        return place.left() + (place.width() - pixels) / 2;
+    return place.left();
+}
+
+} // namespace
+
+CVTextGlyphs::CVTextGlyphs(const QFont& font, Qt::LayoutDirection direction)
+    : mFont(font)
+    , mDirection(direction)
+    , mHeight(QFontMetrics(font).height())
+    , mAscent(QFontMetrics(font).ascent()) {
+    const Line digit = layOut(QStringLiteral("0"));
+    if (digit.runs.size() == 1)
+        mFigure.setRawFont(digit.runs.first().rawFont());
+}
+
+double CVTextGlyphs::width(QStringView text) {
+    double width = 0;
+    for (const QChar character : text) {
+        const auto& known = figureCharacter(character);
+        if (!known)
+            return this->known(text).whole.width;
+        width += known->advance;
+    }
+    return width;
+}
+
+void CVTextGlyphs::paint(QPainter& painter, const QRect& place, Qt::Alignment alignment, QStringView text) {
+    const Qt::Alignment visual = QStyle::visualAlignment(mDirection, alignment);
+    if (text.isEmpty() || paintFigure(painter, place, visual, text))
+        return;
+    const Line& line = lineFor(text, place.width());
+    // All lines of a font stand on one baseline, also those that take glyphs from other fonts.
+    const double top = place.top() + (place.height() - mHeight) / 2 + mAscent - line.ascent;
+    for (const QGlyphRun& run : line.runs)
+        painter.drawGlyphRun(QPointF(leftEdge(place, visual, line.width), top), run);
+}
+
+CVTextGlyphs::Line CVTextGlyphs::layOut(const QString& text) const {
+    QTextLayout layout(text, mFont);
+    QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
+    option.setTextDirection(mDirection);
+    option.setWrapMode(QTextOption::NoWrap);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+    return line.isValid() ? Line{layout.glyphRuns(), line.naturalTextWidth(), line.ascent()} : Line();
+}
+
+CVTextGlyphs::Text& CVTextGlyphs::known(QStringView text) {
+    if (const auto found = mTexts.find(text); found != mTexts.end())
+        return found->second;
+    if (mTexts.size() >= kMostTexts)
+        mTexts.clear();
+    const QString key = text.toString();
+    return mTexts.emplace(key, Text{layOut(key.simplified()), {}, -1}).first->second;
+}
+
+const CVTextGlyphs::Line& CVTextGlyphs::lineFor(QStringView text, int width) {
+    Text& known = this->known(text);
+    if (known.whole.width <= width)
+        return known.whole;
+    if (known.cutWidth != width) {
+        known.cut = layOut(QFontMetricsF(mFont).elidedText(text.toString().simplified(), Qt::ElideRight, width));
+        known.cutWidth = width;
+    }
+    return known.cut;
+}
+
+const std::optional<CVTextGlyphs::Character>& CVTextGlyphs::figureCharacter(QChar character) {
+    const auto found = mFigureCharacters.find(character.unicode());
+    return found != mFigureCharacters.end()
+               ? found->second
+               : mFigureCharacters.emplace(character.unicode(), makeFigureCharacter(character)).first->second;
+}
+
+std::optional<CVTextGlyphs::Character> CVTextGlyphs::makeFigureCharacter(QChar character) const {
+    if (!belongsToFigures(character))
+        return std::nullopt;
+    const Line line = layOut(QString(character));
+    if (line.runs.size() != 1 || line.runs.first().rawFont() != mFigure.rawFont() ||
+        line.runs.first().glyphIndexes().size() != 1)
+        return std::nullopt;
+    return Character{line.runs.first().glyphIndexes().first(), line.width};
+}
+
+/// False, with nothing painted, for what is no figure or does not fit.
+bool CVTextGlyphs::paintFigure(QPainter& painter, const QRect& place, Qt::Alignment alignment, QStringView text) {
+    if (text.size() > kLongestFigure)
+        return false;
+    QVarLengthArray<quint32, kLongestFigure> glyphs;
+    QVarLengthArray<QPointF, kLongestFigure> positions;
+    double width = 0;
+    for (const QChar character : text) {
+        const auto& known = figureCharacter(character);
+        if (!known)
+            return false;
+        glyphs.append(known->glyph);
+        positions.append(QPointF(width, 0));
+        width += known->advance;
+    }
+    if (width > place.width())
+        return false;
+    mFigure.setRawData(glyphs.constData(), positions.constData(), static_cast<int>(glyphs.size()));
+    const int baseline = place.top() + (place.height() - mHeight) / 2 + mAscent;
+    painter.drawGlyphRun(QPointF(leftEdge(place, alignment, width), baseline), mFigure);
+    return true;
+}
