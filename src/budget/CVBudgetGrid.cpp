@@ -1,6 +1,6 @@
 #include "budget/CVBudgetGrid.h"
 
-#include "budget/CVFetchAhead.h"
+#include "model/CVFetchAhead.h"
 #include "shared/base/QBMoney.h"
 
 #include <algorithm>

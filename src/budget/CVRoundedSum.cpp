@@ -5,7 +5,7 @@
 void CVRoundedSum::addRounding(double amount) {
     const double sum = RoundDoubleToTwoPlaces(value() + amount);
     if (std::abs(sum) <= kExactAmount) {
-        mCents = nearestCents(sum);
+        mCents = CVCents::nearest(sum);
     } else {
         mCents = kBeyond;
         mBeyond = sum;

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
-
-#include <cmath>
+#include "budget/CVCents.h"
 
 /// A sum that is rounded to two places after every addition. Whole cents are added as integers, which leads to the same
 /// double bit for bit: as long as neither number exceeds 2^45 cents, the errors of their doubles, of the addition and
@@ -11,26 +9,21 @@ class CVRoundedSum final {
 public:
     void add(double amount) {
         if (std::abs(amount) <= kExactAmount && mCents >= -kExactCents && mCents <= kExactCents) {
-            const qint64 cents = nearestCents(amount);
-            if (inUnits(cents) == amount) {
+            const qint64 cents = CVCents::nearest(amount);
+            if (CVCents::inUnits(cents) == amount) {
                 mCents += cents;
                 return;
             }
         }
         addRounding(amount);
     }
-    [[nodiscard]] double value() const { return mCents == kBeyond ? mBeyond : inUnits(mCents); }
+    [[nodiscard]] double value() const { return mCents == kBeyond ? mBeyond : CVCents::inUnits(mCents); }
 
 private:
     static constexpr qint64 kExactCents = qint64(1) << 45;
     static constexpr double kExactAmount = 0x1p38;
     static constexpr qint64 kBeyond = 2 * kExactCents + 1;
 
-    [[nodiscard]] static qint64 nearestCents(double amount) {
-        const double scaled = amount * 100.0;
-        return static_cast<qint64>(scaled + std::copysign(0.5, scaled));
-    }
-    [[nodiscard]] static double inUnits(qint64 cents) { return static_cast<double>(cents) / 100.0; }
     void addRounding(double amount);
 
     /// `kBeyond` when the sum is none of the cents that are added as integers: then `mBeyond` is the sum.

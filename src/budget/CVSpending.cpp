@@ -1,7 +1,7 @@
 #include "budget/CVSpending.h"
 
-#include "budget/CVFetchAhead.h"
 #include "budget/CVRoundedSum.h"
+#include "model/CVFetchAhead.h"
 #include "shared/base/QBMoney.h"
 
 #include <algorithm>

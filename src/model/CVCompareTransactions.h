@@ -9,6 +9,8 @@ class CVTransaction;
 struct CVTransactionSortContext {
     QString key;
     bool descending = false;
+
+    bool operator==(const CVTransactionSortContext&) const = default;
 };
 
 /// The one order of transactions: -1, 0 or 1. Dates are ordered by day, a missing one before all others, and within a

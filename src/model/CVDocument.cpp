@@ -75,6 +75,7 @@ void CVDocument::addDefaults() {
 
 void CVDocument::reset_to_default_info() {
     removeAllCategories();
+    recordChanged();
     release(mTransactions);
     setUniqueID(0);
     addDefaults();
@@ -82,6 +83,7 @@ void CVDocument::reset_to_default_info() {
 }
 
 void CVDocument::finishedParsingData() {
+    recordChanged();
     keepFirstOfEachID(mTransactionSets);
     keepFirstOfEachID(mCategories);
 }
@@ -91,6 +93,7 @@ const std::shared_ptr<CVCategory>& CVDocument::objectInCategoriesAtIndex(std::si
 }
 
 void CVDocument::removeAllCategories() {
+    recordChanged();
     release(mCategories);
 }
 
@@ -123,11 +126,13 @@ std::shared_ptr<CVCategory> CVDocument::insertCategoryName(const QString& name) 
 void CVDocument::addCategory(const std::shared_ptr<CVCategory>& category) {
     if (!category)
         return;
+    recordChanged();
     mCategories.push_back(category);
     announceCategories();
 }
 
 void CVDocument::sortCategories() {
+    recordChanged();
     std::stable_sort(mCategories.begin(), mCategories.end(), [](const auto& a, const auto& b) {
         return a->categoryName().compare(b->categoryName(), Qt::CaseInsensitive) < 0;
     });
@@ -138,6 +143,7 @@ void CVDocument::removeCategory(const std::shared_ptr<CVCategory>& category) {
         return;
     // `category` may be the very element that goes.
     if (const auto found = std::find(mCategories.begin(), mCategories.end(), category); found != mCategories.end()) {
+        recordChanged();
         category->setDocument(nullptr);
         mCategories.erase(found);
     }

@@ -110,6 +110,14 @@ public:
     [[nodiscard]] quint32 uniqueID() const { return _uniqueID; }
     void setUniqueID(quint32 id) { _uniqueID = id; }
 
+    /// Rises with every change of a transaction or of a category's name, of which of them there are, of their order and
+    /// of the bounds of their dates: whoever keeps what was computed from them can tell whether it still holds.
+    [[nodiscard]] quint64 changeCount() const { return mChangeCount; }
+    /// The records tell of their own changes.
+    void recordChanged() { ++mChangeCount; }
+    /// The index at which the last of these changes put a new transaction; absent when it was a change of another kind.
+    [[nodiscard]] std::optional<std::size_t> lastInsertion() const;
+
     /// What a document without data holds: the standard categories and a paid-to list of ten.
     void addDefaults();
     /// Removes all categories and transactions, starts over with the standard categories and saves. Sets stay.
@@ -124,11 +132,18 @@ private:
     void announceTransactions() const;
     void announceCategories() const;
 
+    struct Insertion {
+        quint64 changeCount = 0;
+        std::size_t index = 0;
+    };
+
     Transactions mTransactions;
     Categories mCategories;
     TransactionSets mTransactionSets;
     quint32 mCurrentTransactionSetID = 0;
     quint32 _uniqueID = 0;
+    quint64 mChangeCount = 0;
+    Insertion mLastInsertion;
     std::optional<QBDate> _earliestTransactionDate;
     std::optional<QBDate> _latestTransactionDate;
     QBNotificationCenter& mNotificationCenter;

@@ -27,7 +27,14 @@ void eraseLeaving(CVDocument::Transactions& transactions, Leaves leaves) {
 /// The part of the document that keeps transactions in their order and the bounds of their dates.
 
 void CVDocument::addTransaction(std::shared_ptr<CVTransaction> transaction) {
+    recordChanged();
     mTransactions.push_back(std::move(transaction));
+}
+
+std::optional<std::size_t> CVDocument::lastInsertion() const {
+    if (mLastInsertion.changeCount != mChangeCount || mChangeCount == 0)
+        return std::nullopt;
+    return mLastInsertion.index;
 }
 
 void CVDocument::insertTransaction(const std::shared_ptr<CVTransaction>& transaction) {
@@ -43,6 +50,8 @@ void CVDocument::insertTransaction(const std::shared_ptr<CVTransaction>& transac
     }
     const auto index = indexInTransactionArrayOfDate(transaction->effectiveDate());
     mTransactions.insert(mTransactions.begin() + static_cast<std::ptrdiff_t>(index), transaction);
+    recordChanged();
+    mLastInsertion = {mChangeCount, index};
     announceTransactions();
 }
 
@@ -50,6 +59,7 @@ void CVDocument::removeTransaction(const std::shared_ptr<CVTransaction>& transac
     if (transaction) {
         const auto found = std::find(mTransactions.begin(), mTransactions.end(), transaction);
         if (found != mTransactions.end()) {
+            recordChanged();
             transaction->setDocument(nullptr);
             mTransactions.erase(found);
         }
@@ -66,6 +76,7 @@ void CVDocument::removeTransactions(std::span<const std::shared_ptr<CVTransactio
     for (const auto& transaction : transactions)
         removed.push_back(transaction.get());
     std::sort(removed.begin(), removed.end(), std::less<>());
+    recordChanged();
     eraseLeaving(mTransactions, [&removed](const auto& transaction) {
         return std::binary_search(removed.begin(), removed.end(), transaction.get(), std::less<>());
     });
@@ -76,12 +87,14 @@ void CVDocument::removeTransactions(std::span<const std::shared_ptr<CVTransactio
 void CVDocument::removeTransactionsForSet(quint32 id) {
     if (mTransactions.empty())
         return;
+    recordChanged();
     eraseLeaving(mTransactions, [id](const auto& transaction) { return transaction->transactionSetID() == id; });
     announceTransactions();
     updateDates();
 }
 
 void CVDocument::sortTransactionsByDate() {
+    recordChanged();
     CVSortTransactions(mTransactions, {QStringLiteral("date"), true}, mCategories);
 }
 
@@ -103,6 +116,7 @@ std::size_t CVDocument::indexInTransactionArrayOfDate(const std::optional<QBDate
 }
 
 void CVDocument::updateDates() {
+    recordChanged();
     const QBDate today = QBDate::date();
     for (const auto& category : mCategories) {
         category->setEarliestTransactionDate(today);

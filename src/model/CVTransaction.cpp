@@ -101,6 +101,12 @@ QString CVTransaction::categoryName() const {
     return category ? category->categoryName() : QString();
 }
 
+void CVTransaction::changed() {
+    mXMLString = {};
+    if (mDocument)
+        mDocument->recordChanged();
+}
+
 const CVTextSlice& CVTransaction::xmlRepresentation(CVTextArena& arena) const {
     if (mXMLString.isNull()) {
         const qsizetype bound = kFixedBound + xml_encodedBound(mPayToFrom) + xml_encodedBound(mFor);

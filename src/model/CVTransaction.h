@@ -69,7 +69,7 @@ private:
     void readAttributes(CVXMLAttributes attributes);
     void readData(CVXMLAttributes attributes);
     [[nodiscard]] char* write(char* out) const;
-    void changed() { mXMLString = {}; }
+    void changed();
 
     /// What walks over all transactions read comes first and together. As an order key.
     qint64 mEffectiveDate = QBDate::orderKey(std::nullopt);

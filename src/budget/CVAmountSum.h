@@ -1,0 +1,47 @@
+#pragma once
+
+#include "budget/CVCents.h"
+
+#include <optional>
+
+/// A sum that is rounded to two places once, at its end, added up in whole cents: then the order of the amounts does
+/// not matter, and amounts can be added to a sum that was there before. It stands for the sum of the doubles, added one
+/// after another in any order, and says nothing where their errors might lead to another cent.
+class CVAmountSum final {
+public:
+    void add(double amount) {
+        if (!(std::abs(amount) <= kExactAmount)) {
+            mIsExact = false;
+            return;
+        }
+        const qint64 cents = CVCents::nearest(amount);
+        mIsExact = mIsExact && CVCents::inUnits(cents) == amount;
+        mCents += cents;
+        mSize += std::abs(cents);
+        ++mCount;
+    }
+
+    /// Bit for bit the rounded sum of the doubles; absent where that cannot be promised.
+    [[nodiscard]] std::optional<double> roundedOnce() const {
+        // Each addition is wrong by at most half a unit in the last place of a number no larger than all sizes
+        // together.
+        const double size = CVCents::inUnits(mSize);
+        const double error = static_cast<double>(mCount) * size * 0x1p-53;
+        if (!mIsExact || size > kLargestSize || error > kHarmlessError)
+            return std::nullopt;
+        return CVCents::inUnits(mCents);
+    }
+
+private:
+    static constexpr double kExactAmount = 0x1p30;
+    /// Up to here the scaling of the rounding errs by less than a hundredth of a cent.
+    static constexpr double kLargestSize = 0x1p39;
+    /// Less than a third of a cent, in units.
+    static constexpr double kHarmlessError = 0.003;
+
+    qint64 mCents = 0;
+    /// All amounts added up without their signs, in cents.
+    qint64 mSize = 0;
+    qint64 mCount = 0;
+    bool mIsExact = true;
+};
