@@ -87,8 +87,10 @@ private:
 
 void CVMeasureWindowRecord(benchmark::State& state, std::size_t transactions) {
     OpenWindow window(transactions);
-    const QString category = window.find<QComboBox>("mExpenseCategoryComboBox").itemText(3);
+    const auto& categories = window.find<QComboBox>("mExpenseCategoryComboBox");
+    int next = 0;
     const auto fillIn = [&] {
+        const QString category = categories.itemText(++next % categories.count());
         window.find<QLineEdit>("mExpenseAmountField").setText(QStringLiteral("12.34"));
         window.find<QComboBox>("mExpenseToFromComboBox").setEditText(QStringLiteral("Corner Market"));
         window.find<QComboBox>("mExpenseCategoryComboBox").setEditText(category);

@@ -31,6 +31,8 @@ CVMainWindow::CVMainWindow(const CVTransactionList& list, const CVGridContents& 
     mMainTabView->addTab(mSummaryTab, tr("Summary"));
     mMainTabView->addTab(mReportsTab, tr("Reports"));
     mMainTabView->setCornerWidget(mSetPicker);
+    // The frame around the pages is what takes longest to paint, and says nothing.
+    mMainTabView->setDocumentMode(true);
     auto* const content = new QWidget(this);
     auto* const layout = new QVBoxLayout(content);
     layout->addWidget(mEntryStrip);
@@ -41,8 +43,12 @@ CVMainWindow::CVMainWindow(const CVTransactionList& list, const CVGridContents& 
 }
 
 void CVMainWindow::setTransactionSets(const QStringList& names, int current) {
-    mTransactionSet->clear();
-    mTransactionSet->addItems(names);
+    // Filling it anew would lay out and paint half of the window anew.
+    if (names != mTransactionSetNames) {
+        mTransactionSetNames = names;
+        mTransactionSet->clear();
+        mTransactionSet->addItems(names);
+    }
     mTransactionSet->setCurrentIndex(current);
     mSetPicker->setVisible(names.size() > 1);
 }

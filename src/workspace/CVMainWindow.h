@@ -67,6 +67,7 @@ private:
     CVSaveStatus* mSaveStatus;
     CVMainMenu* mMenu = nullptr;
     QComboBox* mTransactionSet;
+    QStringList mTransactionSetNames;
     QWidget* mSetPicker;
     std::function<bool()> mMayClose;
 };

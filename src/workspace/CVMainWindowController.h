@@ -1,5 +1,6 @@
 #pragma once
 
+#include "budget/CVBudgetRows.h"
 #include "budget/CVGridContents.h"
 #include "budget/CVReportContents.h"
 #include "workspace/CVPaidToList.h"
@@ -123,6 +124,31 @@ private:
     void setFrequency(int row, int code);
     void setTarget(int row, double target);
 
+    /// What the figures on the tabs were computed from: coming back to a tab computes nothing that still holds.
+    struct Basis {
+        quint64 changeCount = 0;
+        quint32 transactionSet = 0;
+        CVShowUnused showUnused = CVShowUnused::No;
+
+        bool operator==(const Basis&) const = default;
+    };
+
+    struct GridBasis {
+        Basis rows;
+        int periodType = 0;
+        QBDate firstDay;
+
+        bool operator==(const GridBasis&) const = default;
+    };
+    struct ReportBasis {
+        Basis rows;
+        CVDayRange range;
+
+        bool operator==(const ReportBasis&) const = default;
+    };
+
+    [[nodiscard]] Basis basis() const;
+    void buildCategoryArray();
     void reloadGrid();
     void reloadReports();
     void printShownTab(CVPrintWay way);
@@ -138,8 +164,13 @@ private:
     QBDate mToday;
     CVTransactionList mList;
     CVPaidToList mPaidToList;
+    /// The rows of the grid and the reports, and what they were built from.
+    CVDocument::Categories mCategoryArray;
+    std::optional<Basis> mCategoryBasis;
     CVGridContents mGrid;
+    std::optional<GridBasis> mGridBasis;
     CVReportContents mReports;
+    std::optional<ReportBasis> mReportBasis;
     CVPrintCommands mPrintCommands;
     int mDisplayTab = kTransactions;
     int mReportTab = 0;

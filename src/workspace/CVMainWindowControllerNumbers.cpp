@@ -1,4 +1,3 @@
-#include "budget/CVBudgetRows.h"
 #include "budget/CVFrequencyConversion.h"
 #include "budget/CVRangePresets.h"
 #include "model/CVCategory.h"
@@ -21,14 +20,35 @@ void CVMainWindowController::setDateFieldsFromPopUp() {
     mWindow->reportsTab().rangeControls().setRange(mReports.range());
 }
 
+CVMainWindowController::Basis CVMainWindowController::basis() const {
+    return {mDocument.changeCount(), mDocument.currentTransactionSet(),
+            CVShowUnusedFromDefaults(mDocument.userDefaults())};
+}
+
+void CVMainWindowController::buildCategoryArray() {
+    const Basis now = basis();
+    if (mCategoryBasis == now)
+        return;
+    mCategoryArray = ::buildCategoryArray(mDocument, now.showUnused);
+    mCategoryBasis = now;
+}
+
 void CVMainWindowController::reloadGrid() {
-    mGrid.reload(mList.transactions(),
-                 buildCategoryArray(mDocument, CVShowUnusedFromDefaults(mDocument.userDefaults())));
+    buildCategoryArray();
+    const GridBasis now{basis(), mGrid.periods().periodType(), mGrid.periods().firstColumnStartingDate()};
+    if (mGridBasis == now)
+        return;
+    mGrid.reload(mList.transactions(), mCategoryArray);
+    mGridBasis = now;
 }
 
 void CVMainWindowController::reloadReports() {
-    mReports.reload(mList.transactions(),
-                    buildCategoryArray(mDocument, CVShowUnusedFromDefaults(mDocument.userDefaults())));
+    buildCategoryArray();
+    const ReportBasis now{basis(), mReports.range()};
+    if (mReportBasis == now)
+        return;
+    mReports.reload(mList.transactions(), mCategoryArray);
+    mReportBasis = now;
 }
 
 void CVMainWindowController::setTimePeriod(int periodType) {

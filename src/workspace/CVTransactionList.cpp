@@ -1,12 +1,12 @@
 #include "workspace/CVTransactionList.h"
 
 #include "budget/CVRangePresets.h"
+#include "model/CVFetchAhead.h"
 #include "model/CVTransaction.h"
 #include "model/CVTransactionSort.h"
 #include "shared/base/CVDefaultsKeys.h"
 #include "shared/base/QBMoney.h"
 #include "shared/base/QBUserDefaults.h"
-#include "workspace/CVTransactionSearch.h"
 
 #include <algorithm>
 #include <iterator>
@@ -18,54 +18,12 @@ constexpr int kAscending = 0;
 constexpr int kDescending = 1;
 constexpr int kPresetAll = 0;
 
-/// Makes `target` those of `source` that `belongs` accepts, and returns what it lost. Most rebuilds follow the change
-/// of one transaction: what stands at either end as before is left alone, as counting a reference anew costs more than
-/// all the rest.
-template <typename Belongs>
-CVDocument::Transactions replaceChangedPart(CVDocument::Transactions& target, const CVDocument::Transactions& source,
-                                            Belongs belongs) {
-    auto front = source.begin();
-    auto targetFront = target.begin();
-    for (; front != source.end(); ++front) {
-        if (!belongs(*front))
-            continue;
-        if (targetFront == target.end() || *targetFront != *front)
-            break;
-        ++targetFront;
-    }
-    auto back = source.end();
-    auto targetBack = target.end();
-    for (; back != front; --back) {
-        const auto& last = *std::prev(back);
-        if (!belongs(last))
-            continue;
-        if (targetBack == targetFront || *std::prev(targetBack) != last)
-            break;
-        --targetBack;
-    }
-    CVDocument::Transactions changed;
-    std::copy_if(front, back, std::back_inserter(changed), belongs);
-    CVDocument::Transactions lost;
-    std::move(targetFront, targetBack, std::back_inserter(lost));
-    const auto place = target.erase(targetFront, targetBack);
-    target.insert(place, std::make_move_iterator(changed.begin()), std::make_move_iterator(changed.end()));
-    return lost;
-}
-
-template <typename Transactions>
-CVTransactionList::Totals totalsOf(const Transactions& transactions) {
-    CVTransactionList::Totals totals{transactions.size()};
-    for (const auto& transaction : transactions)
-        totals.amount += transaction->amount();
-    totals.amount = RoundDoubleToTwoPlaces(totals.amount);
-    return totals;
-}
-
 } // namespace
 
 CVTransactionList::CVTransactionList(CVDocument& document)
     : mDocument(document)
-    , mRange{QBDate::date(), QBDate::date()} {}
+    , mRange{QBDate::date(), QBDate::date()}
+    , mSetTransactions(document) {}
 
 void CVTransactionList::setRangeFromPreset(const QBDate& today) {
     if (const auto range = rangeOfPreset(mTransactionPeriod, today, mDocument))
@@ -83,31 +41,40 @@ void CVTransactionList::updateDisplayDatesWithTransaction(const CVTransaction& t
 }
 
 void CVTransactionList::collectTransactions() {
-    const auto belongs = [set = mDocument.shownTransactionSet()](const auto& transaction) {
-        return transaction->transactionSetID() == set;
-    };
-    auto takenOut = replaceChangedPart(mTransactionArray, mDocument.transactions(), belongs);
-    mTakenOut.insert(mTakenOut.end(), std::make_move_iterator(takenOut.begin()),
-                     std::make_move_iterator(takenOut.end()));
+    mSetTransactions.collect();
+    mRangeHoldsAll = false;
 }
 
 void CVTransactionList::getTransactions() {
+    mSearched.reset();
     mDateSelectedTransactionArray.clear();
-    mDateSelectedTransactionArray.reserve(mTransactionArray.size());
+    mDateSelectedTransactionArray.reserve(transactions().size());
     const bool undated = showsUndated();
-    for (const auto& transaction : mTransactionArray) {
-        const auto& date = transaction->effectiveDate();
-        if (date ? mRange.contains(date) : undated)
+    if (mSetTransactions.lieIn(mRange) && (undated || !mSetTransactions.haveUndated())) {
+        for (const auto& transaction : transactions())
             mDateSelectedTransactionArray.push_back(transaction.get());
+    } else {
+        for (std::size_t i = 0; i < transactions().size(); ++i) {
+            const auto date = CVFetchAhead(transactions(), i).effectiveDate();
+            if (date ? mRange.contains(date) : undated)
+                mDateSelectedTransactionArray.push_back(transactions()[i].get());
+        }
     }
+    mRangeHoldsAll = mDateSelectedTransactionArray.size() == transactions().size();
 }
 
 void CVTransactionList::filterTransactions() {
-    if (mSearchText.isEmpty())
+    if (mSearchText.isEmpty()) {
         mDisplayTransactionArray = mDateSelectedTransactionArray;
-    else
+        mSorted.reset();
+    } else if (searchNarrows()) {
+        mDisplayTransactionArray = searchTransactionsWithString(mDisplayTransactionArray, mSearchType, mSearchText);
+    } else {
         mDisplayTransactionArray =
             searchTransactionsWithString(mDateSelectedTransactionArray, mSearchType, mSearchText);
+        mSorted.reset();
+    }
+    mSearched = Search{mDocument.changeCount(), {mSearchType, mSearchText}};
 }
 
 void CVTransactionList::doUserSort() {
@@ -120,7 +87,13 @@ void CVTransactionList::doUserSort() {
     }
     const bool descending = defaults.integerForKey(CVDefaultsKeys::kTransactionSortOrder) == kDescending;
     mTransactionSortContext = {*column, descending};
-    CVSortTransactions(mDisplayTransactionArray, mTransactionSortContext, mDocument.categories());
+    // What a search leaves of sorted lines is sorted, where each line has what it is sorted by.
+    const quint64 now = mDocument.changeCount();
+    if (mSorted && mSorted->changeCount == now && mSorted->context == mTransactionSortContext)
+        return;
+    mSorted.reset();
+    if (CVSortTransactions(mDisplayTransactionArray, mTransactionSortContext, mDocument.categories()))
+        mSorted = Order{now, mTransactionSortContext};
 }
 
 void CVTransactionList::refilter() {
@@ -141,23 +114,28 @@ void CVTransactionList::chooseSortColumn(const QString& identifier) {
 }
 
 CVTransactionList::Totals CVTransactionList::totals() const {
-    return totalsOf(mTransactionArray);
+    return {transactions().size(), mSetTransactions.total()};
 }
 
 CVTransactionList::Totals CVTransactionList::displayTotals() const {
-    return totalsOf(mDisplayTransactionArray);
+    if (mRangeHoldsAll && mSearched && mSearched->query.text.isEmpty())
+        return totals();
+    double sum = 0;
+    for (std::size_t i = 0; i < mDisplayTransactionArray.size(); ++i)
+        sum += CVFetchAhead(mDisplayTransactionArray, i).amount();
+    return {mDisplayTransactionArray.size(), RoundDoubleToTwoPlaces(sum)};
 }
 
 CVDocument::Transactions CVTransactionList::owned(const Rows& rows) const {
     const std::unordered_set<const CVTransaction*> wanted(rows.begin(), rows.end());
     CVDocument::Transactions found;
-    std::copy_if(mTransactionArray.begin(), mTransactionArray.end(), std::back_inserter(found),
+    std::copy_if(transactions().begin(), transactions().end(), std::back_inserter(found),
                  [&wanted](const auto& transaction) { return wanted.contains(transaction.get()); });
     return found;
 }
 
 CVDocument::Transactions CVTransactionList::sharedDisplayTransactions() const {
-    const auto owner = std::make_shared<CVDocument::Transactions>(mTransactionArray);
+    const auto owner = std::make_shared<CVDocument::Transactions>(transactions());
     CVDocument::Transactions shared;
     shared.reserve(mDisplayTransactionArray.size());
     for (CVTransaction* const transaction : mDisplayTransactionArray)
@@ -169,4 +147,10 @@ CVDocument::Transactions CVTransactionList::sharedDisplayTransactions() const {
 bool CVTransactionList::showsUndated() const {
     const auto all = rangeOfPreset(kPresetAll, mRange.end, mDocument);
     return mTransactionPeriod == kPresetAll && all && mRange.start <= all->start && mRange.end >= all->end;
+}
+
+/// Whether all that the search can find is listed already, as it was made from the list before by typing on.
+bool CVTransactionList::searchNarrows() const {
+    return mSearched && mSearched->changeCount == mDocument.changeCount() &&
+           CVSearchNarrows(mSearched->query, {mSearchType, mSearchText});
 }

@@ -3,6 +3,8 @@
 #include "budget/CVDayRange.h"
 #include "model/CVCompareTransactions.h"
 #include "model/CVDocument.h"
+#include "workspace/CVSetTransactions.h"
+#include "workspace/CVTransactionSearch.h"
 
 #include <QString>
 
@@ -42,7 +44,7 @@ public:
     /// they, or a table, refer to lives until `releaseTakenOut`.
     void collectTransactions();
     /// Nobody shows what the last collections took out of stage 1 any more.
-    void releaseTakenOut() { mTakenOut.clear(); }
+    void releaseTakenOut() { mSetTransactions.releaseTakenOut(); }
     /// Stage 2 from stage 1: the transactions in the range, and the undated ones where "All" is shown.
     void getTransactions();
     /// Stage 3 from stage 2, not yet sorted.
@@ -60,7 +62,7 @@ public:
     [[nodiscard]] const CVTransactionSortContext& sortContext() const { return mTransactionSortContext; }
 
     /// Stage 1.
-    [[nodiscard]] const CVDocument::Transactions& transactions() const { return mTransactionArray; }
+    [[nodiscard]] const CVDocument::Transactions& transactions() const { return mSetTransactions.transactions(); }
     /// Stage 3. A transaction can stand in it twice.
     [[nodiscard]] const Rows& displayTransactions() const { return mDisplayTransactionArray; }
     [[nodiscard]] Totals totals() const;
@@ -72,17 +74,30 @@ public:
     [[nodiscard]] CVDocument::Transactions sharedDisplayTransactions() const;
 
 private:
+    /// What stage 3 was made of stage 2 with, and how it was sorted, at one of the document's change counts.
+    struct Search {
+        quint64 changeCount = 0;
+        CVSearchQuery query;
+    };
+    struct Order {
+        quint64 changeCount = 0;
+        CVTransactionSortContext context;
+    };
+
     [[nodiscard]] bool showsUndated() const;
+    [[nodiscard]] bool searchNarrows() const;
 
     CVDocument& mDocument;
     int mTransactionPeriod = 0;
     CVDayRange mRange;
     int mSearchType = 0;
     QString mSearchText;
-    CVDocument::Transactions mTransactionArray;
-    /// What was taken out of stage 1: a table may show it until it is reloaded.
-    CVDocument::Transactions mTakenOut;
+    CVSetTransactions mSetTransactions;
     Rows mDateSelectedTransactionArray;
     Rows mDisplayTransactionArray;
     CVTransactionSortContext mTransactionSortContext;
+    /// Whether stage 2 was made of stage 1 as it is, and holds all of it.
+    bool mRangeHoldsAll = false;
+    std::optional<Search> mSearched;
+    std::optional<Order> mSorted;
 };

@@ -1,7 +1,7 @@
 #include "workspace/CVTransactionSearch.h"
 
-#include "model/CVCategory.h"
-#include "model/CVCategoryLookup.h"
+#include "model/CVFetchAhead.h"
+#include "model/CVIDMap.h"
 #include "model/CVTransaction.h"
 #include "shared/base/QBNumberText.h"
 #include "shared/format/QBLocale.h"
@@ -11,7 +11,6 @@
 
 #include <array>
 #include <cmath>
-#include <unordered_map>
 
 namespace {
 
@@ -33,57 +32,87 @@ public:
     [[nodiscard]] bool matches(const QString& text) {
         if (text.isNull())
             return true;
-        const QChar* const place = text.constData();
-        Answer& answer = mAnswers[(reinterpret_cast<quintptr>(place) / kAlignment) % mAnswers.size()];
-        if (answer.place != place || answer.size != text.size())
-            answer = {place, text.size(), mMatcher.indexIn(text) >= 0};
+        Answer& answer = answerFor(text.constData(), static_cast<quint32>(text.size()));
+        if (!answer.place)
+            answer = {text.constData(), static_cast<quint32>(text.size()), mMatcher.indexIn(text) >= 0};
         return answer.matches;
     }
 
 private:
     struct Answer {
         const QChar* place = nullptr;
-        qsizetype size = 0;
+        quint32 size = 0;
         bool matches = false;
     };
-    static constexpr std::size_t kAlignment = 16;
+    static constexpr int kPlaceBits = 13;
+    static constexpr std::size_t kPlaces = std::size_t(1) << kPlaceBits;
+    static constexpr std::size_t kMostSteps = 4;
+
+    /// The answer for a text; one without a place where there is none yet.
+    [[nodiscard]] Answer& answerFor(const QChar* place, quint32 size) {
+        const std::size_t first = spread(place);
+        for (std::size_t step = 0; step < kMostSteps; ++step) {
+            Answer& answer = mAnswers[(first + step) % kPlaces];
+            if (!answer.place || (answer.place == place && answer.size == size))
+                return answer;
+        }
+        // All are taken by others: the first makes room.
+        return mAnswers[first] = Answer();
+    }
+
+    /// Texts lie in memory at regular distances: a plain remainder would send many to one place.
+    [[nodiscard]] static std::size_t spread(const QChar* place) {
+        constexpr quint64 kGoldenRatio = 0x9E3779B97F4A7C15;
+        return static_cast<std::size_t>((reinterpret_cast<quintptr>(place) * kGoldenRatio) >> (64 - kPlaceBits));
+    }
 
     QStringMatcher mMatcher;
-    std::array<Answer, 4096> mAnswers;
+    std::array<Answer, kPlaces> mAnswers;
 };
 
 template <typename Matches>
 Rows filter(Source transactions, Matches matches) {
-    Rows found;
-    for (CVTransaction* const transaction : transactions) {
-        if (matches(*transaction))
-            found.push_back(transaction);
+    // Nobody can foretell which ones match: each is written, and the next one over it where it does not.
+    Rows found(transactions.size());
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < transactions.size(); ++i) {
+        found[count] = transactions[i];
+        count += matches(CVFetchAhead<CVFetch::Texts>(transactions, i)) ? 1 : 0;
     }
+    found.resize(count);
     return found;
 }
 
-/// The category names of the transactions, looked up once for each category.
-class CategoryNames {
+/// Whether the names of the transactions' categories contain what is searched for, answered once for each category.
+class CategoryMatcher {
 public:
-    [[nodiscard]] const QString& of(const CVTransaction& transaction) {
-        const auto [entry, isNew] = mNames.try_emplace(transaction.categoryID());
-        if (isNew)
-            entry->second = transaction.categoryName();
-        return entry->second;
+    explicit CategoryMatcher(const QString& pattern) : mMatcher(pattern) {}
+
+    [[nodiscard]] bool matches(const CVTransaction& transaction) {
+        const Answer known = mAnswers.find(transaction.categoryID());
+        if (known != Answer::Unknown)
+            return known == Answer::Yes;
+        const bool matches = mMatcher.matches(transaction.categoryName());
+        mAnswers.insert(transaction.categoryID(), matches ? Answer::Yes : Answer::No);
+        return matches;
     }
 
 private:
-    std::unordered_map<quint32, QString> mNames;
+    enum class Answer : quint8 { Unknown, No, Yes };
+
+    TextMatcher mMatcher;
+    CVIDMap<Answer> mAnswers{Answer::Unknown};
 };
 
 Rows searchAllTexts(Source transactions, const QString& text) {
     TextMatcher payTo(text);
     TextMatcher xfor(text);
-    TextMatcher category(text);
-    CategoryNames names;
+    CategoryMatcher category(text);
     return filter(transactions, [&](const CVTransaction& transaction) {
-        return payTo.matches(transaction.payTo()) || xfor.matches(transaction.xfor()) ||
-               category.matches(names.of(transaction));
+        // To ask for the next one only where this one says no would be slower.
+        const std::array<bool, 3> answers{payTo.matches(transaction.payTo()), xfor.matches(transaction.xfor()),
+                                          category.matches(transaction)};
+        return (answers[0] | answers[1] | answers[2]) != 0;
     });
 }
 
@@ -98,10 +127,8 @@ Rows searchFor(Source transactions, const QString& text) {
 }
 
 Rows searchCategory(Source transactions, const QString& text) {
-    TextMatcher matcher(text);
-    CategoryNames names;
-    return filter(transactions,
-                  [&](const CVTransaction& transaction) { return matcher.matches(names.of(transaction)); });
+    CategoryMatcher matcher(text);
+    return filter(transactions, [&](const CVTransaction& transaction) { return matcher.matches(transaction); });
 }
 
 template <typename Flag>
@@ -177,6 +204,14 @@ bool isKind(int kind) {
 
 QString CVSearchKindTitle(int kind) {
     return isKind(kind) ? SearchText::tr(kSearchKinds[static_cast<std::size_t>(kind)].title) : QString();
+}
+
+bool CVSearchNarrows(const CVSearchQuery& before, const CVSearchQuery& query) {
+    if (before.text.isEmpty())
+        return true;
+    // What contains a text contains its parts; flags and amounts follow other rules.
+    const bool isOfText = isKind(query.kind) && query.kind <= static_cast<int>(CVSearchKind::Category);
+    return isOfText && before.kind == query.kind && query.text.contains(before.text);
 }
 
 std::vector<CVTransaction*> searchTransactionsWithString(std::span<CVTransaction* const> transactions, int kind,

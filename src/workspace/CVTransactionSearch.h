@@ -24,6 +24,15 @@ inline constexpr int kCVSearchKinds = 9;
 /// "All Text Fields" and so on; empty for a number that is no kind.
 [[nodiscard]] QString CVSearchKindTitle(int kind);
 
+struct CVSearchQuery {
+    /// A kind by its number.
+    int kind = 0;
+    QString text;
+};
+
+/// Whether every transaction that a search finds is also found, once for each time, by the one before.
+[[nodiscard]] bool CVSearchNarrows(const CVSearchQuery& before, const CVSearchQuery& query);
+
 /// The transactions that match, in their order; none for a number that is no kind.
 /// Texts match where they contain `text` without regard to case, and so does a text that is missing altogether. Amounts
 /// are compared with the number that `text` begins with, 0 when it begins with none. For the flags it is the other way
