@@ -28,15 +28,21 @@ CVAppDelegate::CVAppDelegate(std::unique_ptr<QSettings> settings, CVStandardFold
 
 CVAppDelegate::~CVAppDelegate() = default;
 
-void CVAppDelegate::applicationDidFinishLaunching() {
+bool CVAppDelegate::applicationDidFinishLaunching() {
     mUpdates.checkAutomatically(mUserDefaults.integerForKey(CVDefaultsKeys::kCheckUpdatesAutomatically));
+    // Later readings, from another place, cannot be cancelled: there is a budget on the screen that needs its file.
+    mFile.setReadingProgress(std::exchange(mReadingProgress, {}));
     const CVLoadReport report = mFile.initWithStandardUserFile(*mDocument);
+    mFile.setReadingProgress({});
+    if (report.outcome == CVLoadReport::Outcome::Cancelled)
+        return false;
     makeWindowControllers();
     // Those that an offer of a newer version has led to stand in front.
     if (mPreferences && mPreferences->isVisible())
         mPreferences->showWindow();
     if (!report.reason.isEmpty())
         tellAboutReading(report);
+    return true;
 }
 
 void CVAppDelegate::makeWindowControllers() {

@@ -8,6 +8,7 @@
 
 #include <QObject>
 
+#include <functional>
 #include <memory>
 #include <set>
 
@@ -40,8 +41,12 @@ public:
     /// Through which everything is printed; without them nothing is. They outlive the delegate.
     void setPrintPanels(CVPrintPanels* panels) { mPrintPanels = panels; }
 
-    /// Looks for a newer version if one is due, opens the document and shows its window.
-    void applicationDidFinishLaunching();
+    /// Hears how far the reading of the data file has come (see `CVDocumentFile`); none at first.
+    void setReadingProgress(std::function<bool(double part)> progress) { mReadingProgress = std::move(progress); }
+
+    /// Looks for a newer version if one is due, opens the document and shows its window. False when the reading of a
+    /// large data file was cancelled: nothing is open then, and nothing was changed.
+    [[nodiscard]] bool applicationDidFinishLaunching();
 
     /// Shows the main window in front of others, whatever has become of it.
     void comeToFront();
@@ -90,6 +95,7 @@ private:
     CVUpdateController mUpdates;
     CVHelpOpener* mHelp = nullptr;
     CVPrintPanels* mPrintPanels = nullptr;
+    std::function<bool(double part)> mReadingProgress;
     std::unique_ptr<CVDocument> mDocument;
     std::unique_ptr<CVEditorWindows> mEditorWindows;
     std::unique_ptr<CVMainWindowController> mMainWindow;

@@ -3,6 +3,7 @@
 #include "app/CVCommandLine.h"
 #include "app/CVErrorLine.h"
 #include "app/CVOffscreenApplication.h"
+#include "app/CVReadingPanel.h"
 #include "app/CVRunningInstance.h"
 #include "app/CVTerminationSignals.h"
 #include "help/CVHelp.h"
@@ -102,7 +103,9 @@ int runOnlyWindow(CVRunningInstance& running) {
     delegate.setURLOpener(&programs);
     delegate.setHelp(&help);
     delegate.setPrintPanels(&printPanels);
-    delegate.applicationDidFinishLaunching();
+    delegate.setReadingProgress(CVReadingPanel());
+    if (!delegate.applicationDidFinishLaunching())
+        return 0;
     const int status = QApplication::exec();
     help.close();
     if (status != 0) {

@@ -31,6 +31,8 @@ CVLoadReport CVDocumentFile::initWithStandardUserFile(CVDocument& document) {
         report = readFromURL(document, *path);
     else
         report = reportObstacle();
+    if (report.outcome == CVLoadReport::Outcome::Cancelled)
+        return report;
     if (document.uniqueID() == 0) {
         document.setCurrentTransactionSet(0);
         document.addDefaults();
@@ -63,6 +65,7 @@ CVLoadReport CVDocumentFile::readFromURL(CVDocument& document, const QString& pa
         return report;
     }
     bool read = false;
+    mWasCancelled = false;
     try {
         QByteArray bytes = file.readAll();
         if (file.error() != QFileDevice::NoError) {
@@ -74,7 +77,9 @@ CVLoadReport CVDocumentFile::readFromURL(CVDocument& document, const QString& pa
     } catch (const std::bad_alloc&) {
         report.reason = tr("there is not enough memory to read the file");
     }
-    if (read)
+    if (mWasCancelled)
+        report.outcome = CVLoadReport::Outcome::Cancelled;
+    else if (read)
         report.outcome = mReason.isEmpty() ? CVLoadReport::Outcome::Loaded : CVLoadReport::Outcome::NoBudget;
     if (report.outcome == CVLoadReport::Outcome::Loaded && mReadWhole)
         mSaves.markAsRead(path, signature);
@@ -86,9 +91,11 @@ bool CVDocumentFile::readFromData(CVDocument& document, QByteArray bytes, const 
     if (!isAccepted(type))
         return false;
     CVDocumentParserDelegate parser(&document);
+    parser.setProgress(mReadingProgress);
     const bool read = parser.prepareFromData(std::move(bytes)) && !parser.isEncrypted() && parser.parseDocumentData();
     mReason = parser.errorMessage();
     mReadWhole = parser.readWhole();
+    mWasCancelled = parser.wasCancelled();
     if (read && !parser.foundRoot())
         mReason = tr("the file is XML but holds no Corvella budget");
     return read;

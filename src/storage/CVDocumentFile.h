@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 
+#include <functional>
 #include <optional>
 
 class QBUserDefaults;
@@ -18,7 +19,9 @@ struct CVLoadReport {
         /// XML of another kind, which reads as an empty budget. It is somebody's file: kept before it is written over.
         NoBudget,
         /// Nothing was read; the file is untouched, or, when it is damaged, being replaced after a copy was kept.
-        Unreadable
+        Unreadable,
+        /// The user did not want to wait; the document is of no use.
+        Cancelled
     };
 
     Outcome outcome = Outcome::NoFile;
@@ -36,6 +39,10 @@ public:
     static constexpr const char* kXMLDocumentType = "com.quenbylabs.corvella.xml";
 
     CVDocumentFile(CVStandardFolders folders, QBUserDefaults& defaults);
+
+    /// Hears now and then which part of the file has been read, from 0 to 1 by an estimate, and cancels the reading by
+    /// answering false. None at first.
+    void setReadingProgress(std::function<bool(double part)> progress) { mReadingProgress = std::move(progress); }
 
     /// Fills a new document from the user's data file, or with the defaults when there is none to be read.
     CVLoadReport initWithStandardUserFile(CVDocument& document);
@@ -57,5 +64,7 @@ private:
     /// Why nothing came out of the last read; empty when something did.
     QString mReason;
     bool mReadWhole = false;
+    bool mWasCancelled = false;
+    std::function<bool(double part)> mReadingProgress;
     CVSaveQueue mSaves;
 };

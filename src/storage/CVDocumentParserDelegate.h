@@ -9,6 +9,7 @@
 #include <QCoreApplication>
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -38,6 +39,12 @@ public:
     ~CVDocumentParserDelegate();
     CVDocumentParserDelegate(const CVDocumentParserDelegate&) = delete;
     CVDocumentParserDelegate& operator=(const CVDocumentParserDelegate&) = delete;
+
+    /// Hears now and then which part of the bytes has been read, by an estimate from 0 to 1, and cancels the reading by
+    /// answering false.
+    void setProgress(std::function<bool(double part)> progress) { mProgress = std::move(progress); }
+    /// Whether it did: then the document holds a part of the file, and is of no use.
+    [[nodiscard]] bool wasCancelled() const { return mWasCancelled; }
 
     /// Examines the bytes and keeps them: as plain XML, or, when they are encrypted, their salt, vector and cipher.
     /// False, with nothing kept and a message, when there are fewer than 64 bytes or more than 2 GiB less one.
@@ -92,6 +99,7 @@ private:
     bool keepPlainBytes(QByteArray bytes);
     [[nodiscard]] QString malformedMessage() const;
     [[nodiscard]] int parsePlainBytes();
+    void reportProgress();
     bool readEncryptedParts(QByteArrayView text);
     template <typename Record>
     void begin(Record& record, const char* name, CVXMLAttributes attributes);
@@ -119,8 +127,11 @@ private:
     QBDate mToday = QBDate::date();
     bool mFoundRoot = false;
     bool mHoldsNul = false;
-    /// A callback ran out of memory: what was read is incomplete.
+    /// A callback ran out of memory, or the reading was cancelled: what was read is incomplete.
     bool mGaveUp = false;
+    bool mWasCancelled = false;
+    std::function<bool(double part)> mProgress;
+    double mExpectedTransactions = 0;
     int mErrorCount = 0;
     int mErrorLine = 0;
     QString mFirstError;

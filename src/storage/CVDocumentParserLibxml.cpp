@@ -139,6 +139,10 @@ bool CVDocumentParserDelegate::parseDocumentData() {
     const int result = parsePlainBytes();
     _co_decrypted_data.reset();
     mTexts = {};
+    if (mWasCancelled) {
+        mErrorMessage = tr("the reading was cancelled");
+        return false;
+    }
     if (result != 0) {
         qCWarning(lcStorage, "Document parsing error %u", static_cast<unsigned>(result));
         mErrorMessage = malformedMessage();
@@ -157,6 +161,7 @@ int CVDocumentParserDelegate::parsePlainBytes() {
         mFirstError = tr("an element has more than %1 attributes").arg(kMostAttributes);
         return XML_ERR_INTERNAL_ERROR;
     }
+    mExpectedTransactions = static_cast<double>(bytes.size() / kUsualTransaction);
     xmlSAXHandler handler = CVDocumentParserCallbacks::handler();
     CVDocumentParserCallbacks::run(this, [&bytes](auto& parser) {
         parser.document->reserveTransactions(static_cast<std::size_t>(bytes.size() / kUsualTransaction));

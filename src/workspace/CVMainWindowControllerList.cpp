@@ -5,7 +5,7 @@
 #include "shared/base/QBUserDefaults.h"
 #include "shared/widgets/CVAlerts.h"
 #include "shared/widgets/CVFilePanels.h"
-#include "shared/widgets/CVProgressDelay.h"
+#include "shared/widgets/CVProgressPanel.h"
 #include "workspace/CVDuplicates.h"
 #include "workspace/CVEntryStrip.h"
 #include "workspace/CVMainWindow.h"
@@ -19,7 +19,6 @@
 
 #include <QApplication>
 #include <QFileInfo>
-#include <QProgressDialog>
 #include <QTabWidget>
 
 /// What the controller does for the entry strip and the transactions tab.
@@ -111,15 +110,11 @@ void CVMainWindowController::exportTransactions() {
 
 void CVMainWindowController::writeExport(const QString& path) {
     const auto& rows = mList.displayTransactions();
-    QProgressDialog progress(tr("Exporting transactions…"), tr("Cancel"), 0, static_cast<int>(rows.size()),
-                             mWindow.get());
-    progress.setWindowModality(Qt::WindowModal);
-    progress.setMinimumDuration(kCVProgressDelay);
+    CVProgressPanel progress(tr("Export Transactions"), static_cast<int>(rows.size()), mWindow.get());
     const auto text = CVExportedTransactions(rows, [&progress](std::size_t done) {
-        progress.setValue(static_cast<int>(done));
-        return !progress.wasCanceled();
+        return progress.stepsDone(static_cast<int>(done), tr("Exporting transactions…"));
     });
-    progress.reset();
+    progress.hide();
     if (!text)
         return;
     if (const auto failure = CVWriteExport(path, *text))

@@ -1,7 +1,8 @@
 #include "workspace/CVPrintDialogs.h"
 
 #include "reports/CVReportView.h"
-#include "workspace/CVPrintProgress.h"
+#include "shared/format/QBLocale.h"
+#include "shared/widgets/CVProgressPanel.h"
 #include "workspace/CVReportFile.h"
 
 #include <QCoreApplication>
@@ -49,10 +50,27 @@ bool isPreview(const QPrinter& printer) {
     return engine && engine->type() == QPaintEngine::Picture;
 }
 
+/// The progress of pages being painted.
+class PrintProgress {
+public:
+    PrintProgress(QWidget& window, int pages)
+        : mPanel(PrintDialogText::tr("Printing"), pages, &window)
+        , mPages(QBLocaleInForce().toString(pages)) {}
+
+    [[nodiscard]] bool operator()(int done) {
+        return mPanel.stepsDone(done,
+                                PrintDialogText::tr("Page %1 of %2").arg(QBLocaleInForce().toString(done), mPages));
+    }
+
+private:
+    CVProgressPanel mPanel;
+    QString mPages;
+};
+
 /// Most printers are sent the pages that were painted before the user cancelled: the toolkit cannot take them back.
 Failure paint(QWidget& window, QPrinter& printer, const CVReportView& view, CVPageRange pages) {
-    CVPrintProgress progress(window, pages.count());
-    const auto result = CVPaintPages(view, printer, pages, [&progress](int done) { return progress.pagesDone(done); });
+    PrintProgress progress(window, pages.count());
+    const auto result = CVPaintPages(view, printer, pages, [&progress](int done) { return progress(done); });
     if (result == CVPaintResult::Cancelled && !isPreview(printer))
         printer.abort();
     if (result == CVPaintResult::Failed || printer.printerState() == QPrinter::Error)
@@ -61,9 +79,8 @@ Failure paint(QWidget& window, QPrinter& printer, const CVReportView& view, CVPa
 }
 
 Failure writeFile(QWidget& window, const QString& path, const CVReportView& view, CVPageRange pages) {
-    CVPrintProgress progress(window, pages.count());
-    const auto failure =
-        CVWriteReportFile(path, view, pages, [&progress](int done) { return progress.pagesDone(done); });
+    PrintProgress progress(window, pages.count());
+    const auto failure = CVWriteReportFile(path, view, pages, [&progress](int done) { return progress(done); });
     if (!failure)
         return std::nullopt;
     return PrintDialogText::tr("The file “%1” could not be written: %2").arg(QDir::toNativeSeparators(path), *failure);

@@ -25,7 +25,7 @@ class CVAppDelegateTest : public testing::Test {
 protected:
     std::unique_ptr<CVAppDelegate> start() {
         auto delegate = std::make_unique<CVAppDelegate>(mHome.settingsStore(), mHome.folders(), mAlerts, mPanels);
-        delegate->applicationDidFinishLaunching();
+        EXPECT_TRUE(delegate->applicationDidFinishLaunching());
         QTest::qWait(0);
         return delegate;
     }
@@ -172,6 +172,23 @@ TEST_F(CVAppDelegateTest, AFailedSaveIsShownAndTheNextOneTriesAgain) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return !tryAgain->isVisible(); }));
     quit(delegate);
     EXPECT_TRUE(bytesOf(dataFile()).contains("Somebody"));
+}
+
+TEST_F(CVAppDelegateTest, NothingOpensWhenTheReadingIsCancelled) {
+    auto delegate = start();
+    for (int i = 0; i < 5'000; ++i)
+        delegate->document().insertTransaction(std::make_shared<CVTransaction>());
+    delegate->document().workbookSave();
+    quit(delegate);
+    const QByteArray before = bytesOf(dataFile());
+
+    delegate = std::make_unique<CVAppDelegate>(mHome.settingsStore(), mHome.folders(), mAlerts, mPanels);
+    delegate->setReadingProgress([](double /*part*/) { return false; });
+    EXPECT_FALSE(delegate->applicationDidFinishLaunching());
+    EXPECT_EQ(delegate->mainWindow(), nullptr);
+    EXPECT_TRUE(mAlerts.shown().isEmpty());
+    delegate.reset();
+    EXPECT_EQ(bytesOf(dataFile()), before);
 }
 
 TEST_F(CVAppDelegateTest, TheUserMayQuitWithoutSaving) {

@@ -43,7 +43,7 @@ protected:
 
     void start() {
         mDelegate = std::make_unique<CVAppDelegate>(mHome.settingsStore(), mHome.folders(), mAlerts, mPanels);
-        mDelegate->applicationDidFinishLaunching();
+        ASSERT_TRUE(mDelegate->applicationDidFinishLaunching());
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
     }
 

@@ -21,7 +21,7 @@ protected:
     void SetUp() override {
         mDelegate = std::make_unique<CVAppDelegate>(mHome.settingsStore(), mHome.folders(), mAlerts, mPanels);
         mDelegate->setHelp(&mHelp);
-        mDelegate->applicationDidFinishLaunching();
+        ASSERT_TRUE(mDelegate->applicationDidFinishLaunching());
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
     }
 

@@ -37,7 +37,7 @@ protected:
         mDelegate = std::make_unique<CVAppDelegate>(mHome.settingsStore(), mHome.folders(), mAlerts, mPanels);
         mDelegate->setURLOpener(&mURLs);
         mDelegate->updates().setService({mServer.address(), "com.quenbylabs.corvella", mVersion}, mLimits);
-        mDelegate->applicationDidFinishLaunching();
+        ASSERT_TRUE(mDelegate->applicationDidFinishLaunching());
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&window()));
     }
 

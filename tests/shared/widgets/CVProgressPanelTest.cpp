@@ -1,4 +1,4 @@
-#include "workspace/CVPrintProgress.h"
+#include "shared/widgets/CVProgressPanel.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -8,12 +8,12 @@
 
 namespace {
 
-struct PrintProgress : testing::Test {
+struct ProgressPanel : testing::Test {
     /// Paints pages of 30 ms until the panel appears or there are no more.
     [[nodiscard]] int paintUntilVisible(int pages) {
         for (int page = 1; page <= pages; ++page) {
             QTest::qSleep(30);
-            if (!progress.pagesDone(page))
+            if (!progress.stepsDone(page, "At work…"))
                 return page;
             if (progress.isVisible())
                 return page;
@@ -22,38 +22,38 @@ struct PrintProgress : testing::Test {
     }
 
     QWidget window;
-    CVPrintProgress progress{window, 1000};
+    CVProgressPanel progress{"Printing", 1000, &window};
 };
 
-TEST_F(PrintProgress, AppearsAfterHalfASecond) {
+TEST_F(ProgressPanel, AppearsAfterHalfASecond) {
     EXPECT_GE(paintUntilVisible(100), 500 / 31);
     EXPECT_TRUE(progress.isVisible());
-    EXPECT_TRUE(progress.labelText().contains(" of 1,000"));
+    EXPECT_EQ(progress.labelText(), "At work…");
     EXPECT_TRUE(progress.isModal());
 }
 
-TEST_F(PrintProgress, NeverAppearsForWhatIsQuick) {
-    EXPECT_TRUE(progress.pagesDone(1));
-    EXPECT_TRUE(progress.pagesDone(1000));
+TEST_F(ProgressPanel, NeverAppearsForWhatIsQuick) {
+    EXPECT_TRUE(progress.stepsDone(1, "At work…"));
+    EXPECT_TRUE(progress.stepsDone(1000, "At work…"));
     EXPECT_FALSE(progress.isVisible());
 }
 
-TEST_F(PrintProgress, EndsWithItsButtonOrByBeingClosed) {
+TEST_F(ProgressPanel, EndsWithItsButtonOrByBeingClosed) {
     ASSERT_GT(paintUntilVisible(100), 0);
     auto* const cancel = progress.findChild<QPushButton*>();
     ASSERT_NE(cancel, nullptr);
     EXPECT_EQ(cancel->text(), "Cancel");
     cancel->click();
-    EXPECT_FALSE(progress.pagesDone(101));
-    EXPECT_FALSE(progress.pagesDone(102)) << "it stays so";
+    EXPECT_FALSE(progress.stepsDone(101, "At work…"));
+    EXPECT_FALSE(progress.stepsDone(102, "At work…")) << "it stays so";
 
-    CVPrintProgress other(window, 1000);
+    CVProgressPanel other("Printing", 1000, &window);
     for (int page = 1; !other.isVisible(); ++page) {
         QTest::qSleep(30);
-        ASSERT_TRUE(other.pagesDone(page));
+        ASSERT_TRUE(other.stepsDone(page, "At work…"));
     }
     other.reject();
-    EXPECT_FALSE(other.pagesDone(500));
+    EXPECT_FALSE(other.stepsDone(500, "At work…"));
 }
 
 } // namespace

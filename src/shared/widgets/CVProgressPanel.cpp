@@ -1,15 +1,14 @@
-#include "workspace/CVPrintProgress.h"
+#include "shared/widgets/CVProgressPanel.h"
 
-#include "shared/format/QBLocale.h"
 #include "shared/widgets/CVProgressDelay.h"
 
 #include <limits>
 
-CVPrintProgress::CVPrintProgress(QWidget& window, int pages) : QProgressDialog(&window) {
+CVProgressPanel::CVProgressPanel(const QString& title, int steps, QWidget* window) : QProgressDialog(window) {
     setWindowModality(Qt::ApplicationModal);
-    setWindowTitle(tr("Printing"));
+    setWindowTitle(title);
     setCancelButtonText(tr("Cancel"));
-    setRange(0, pages);
+    setRange(0, steps);
     // It would estimate how long the rest takes, and appear earlier than it is due.
     setMinimumDuration(std::numeric_limits<int>::max());
     setAutoClose(false);
@@ -17,14 +16,13 @@ CVPrintProgress::CVPrintProgress(QWidget& window, int pages) : QProgressDialog(&
     mElapsed.start();
 }
 
-bool CVPrintProgress::pagesDone(int pages) {
+bool CVProgressPanel::stepsDone(int steps, const QString& label) {
     if (mElapsed.elapsed() < kCVProgressDelay)
         return true;
-    const QLocale locale = QBLocaleInForce();
-    setLabelText(tr("Page %1 of %2").arg(locale.toString(pages), locale.toString(maximum())));
+    setLabelText(label);
     if (!mIsShown)
         forceShow();
     mIsShown = true;
-    setValue(pages);
+    setValue(steps);
     return isVisible() && !wasCanceled();
 }
