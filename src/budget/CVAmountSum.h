@@ -27,17 +27,15 @@ public:
         // together.
         const double size = CVCents::inUnits(mSize);
         const double error = static_cast<double>(mCount) * size * 0x1p-53;
-        if (!mIsExact || size > kLargestSize || error > kHarmlessError)
+        if (!mIsExact || error > kHarmlessError)
             return std::nullopt;
         return CVCents::inUnits(mCents);
     }
 
 private:
     static constexpr double kExactAmount = 0x1p30;
-    /// Up to here the scaling of the rounding errs by less than a hundredth of a cent.
-    static constexpr double kLargestSize = 0x1p39;
-    /// Less than a third of a cent, in units.
-    static constexpr double kHarmlessError = 0.003;
+    /// A little less than half a cent, in units: the scaling of the rounding errs by less than the rest.
+    static constexpr double kHarmlessError = 0.0045;
 
     qint64 mCents = 0;
     /// All amounts added up without their signs, in cents.

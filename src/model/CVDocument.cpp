@@ -75,7 +75,6 @@ void CVDocument::addDefaults() {
 
 void CVDocument::reset_to_default_info() {
     removeAllCategories();
-    recordChanged();
     release(mTransactions);
     setUniqueID(0);
     addDefaults();

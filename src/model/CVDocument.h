@@ -80,8 +80,8 @@ public:
     /// Absent until there was a dated transaction.
     [[nodiscard]] const std::optional<QBDate>& earliestTransactionDate() const { return _earliestTransactionDate; }
     [[nodiscard]] const std::optional<QBDate>& latestTransactionDate() const { return _latestTransactionDate; }
-    void setEarliestTransactionDate(const std::optional<QBDate>& date) { _earliestTransactionDate = date; }
-    void setLatestTransactionDate(const std::optional<QBDate>& date) { _latestTransactionDate = date; }
+    void setEarliestTransactionDate(const std::optional<QBDate>& date);
+    void setLatestTransactionDate(const std::optional<QBDate>& date);
 
     [[nodiscard]] std::size_t countOfCategories() const { return mCategories.size(); }
     [[nodiscard]] const std::shared_ptr<CVCategory>& objectInCategoriesAtIndex(std::size_t index) const;

@@ -137,6 +137,16 @@ void CVDocument::updateDates() {
     _latestTransactionDate = (*newest)->effectiveDate();
 }
 
+void CVDocument::setEarliestTransactionDate(const std::optional<QBDate>& date) {
+    recordChanged();
+    _earliestTransactionDate = date;
+}
+
+void CVDocument::setLatestTransactionDate(const std::optional<QBDate>& date) {
+    recordChanged();
+    _latestTransactionDate = date;
+}
+
 void CVDocument::widenBounds(const QBDate& date) {
     if (!_earliestTransactionDate || date.comesBefore(*_earliestTransactionDate))
         _earliestTransactionDate = date;

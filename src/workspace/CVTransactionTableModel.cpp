@@ -3,7 +3,6 @@
 #include "model/CVTransaction.h"
 #include "shared/widgets/CVCellAlignment.h"
 #include "shared/widgets/CVCellDelegate.h"
-#include "shared/widgets/CVGlyph.h"
 #include "workspace/CVTransactionList.h"
 
 #include <QFont>
@@ -122,7 +121,7 @@ QVariant CVTransactionTableModel::data(const QModelIndex& index, int role) const
         return value(transaction, index.column());
     case Qt::DecorationRole:
         if (index.column() == Tax && transaction.taxFlag())
-            return CVGlyph::icon(CVGlyph::Shape::SmallTax);
+            return mSmallTax;
         return {};
     case Qt::CheckStateRole:
         if (index.column() == UserFlag)

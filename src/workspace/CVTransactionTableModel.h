@@ -2,6 +2,7 @@
 
 #include "shared/format/QBDateFormatter.h"
 #include "shared/format/QBMoneyFormatter.h"
+#include "shared/widgets/CVGlyph.h"
 
 #include <QAbstractTableModel>
 #include <QLatin1StringView>
@@ -69,6 +70,7 @@ private:
     std::vector<CVTransaction*> mRows;
     QBDateFormatter mDateFormatter;
     QBMoneyFormatter mMoneyFormatter;
+    QIcon mSmallTax = CVGlyph::icon(CVGlyph::Shape::SmallTax);
     /// The date or amount that was asked for last, in a text that keeps its room, and the category.
     mutable QString mText;
     mutable QString mCategoryName;

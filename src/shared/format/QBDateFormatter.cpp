@@ -16,9 +16,13 @@ struct Number {
     int digits = 0;
 };
 
-/// The year with these last two digits that lies nearest, not more than twenty years ahead.
-qint64 fullYear(int lastDigits) {
-    const qint64 latest = QBDate::date().yearOfCommonEra() + kYearsAhead;
+/// The latest year that two digits can name today.
+qint64 latestYear() {
+    return QBDate::date().yearOfCommonEra() + kYearsAhead;
+}
+
+/// The year with these last two digits that lies nearest to `latest`, and not behind it.
+qint64 fullYear(int lastDigits, qint64 latest) {
     const qint64 year = latest - latest % kYearsPerCentury + lastDigits;
     return year > latest ? year - kYearsPerCentury : year;
 }
@@ -37,6 +41,7 @@ QBDateFormatter::QBDateFormatter(const QLocale& locale) : QBDateFormatter(shortD
 
 QBDateFormatter::QBDateFormatter(const QString& format, const QLocale& locale)
     : mDigits(locale)
+    , mLatestYear(latestYear())
     , mPieces(pieces(format)) {
     const auto isDayOrMonth = [](const Piece& piece) { return piece.field != Field::Year; };
     const auto first = std::find_if(mPieces.cbegin(), mPieces.cend(), isDayOrMonth);
@@ -104,7 +109,7 @@ std::optional<QBDate> QBDateFormatter::parse(QStringView text) const {
         else if (order[i] == Field::Month)
             month = number.value;
         else
-            year = number.digits <= 2 ? fullYear(number.value) : number.value;
+            year = number.digits <= 2 ? fullYear(number.value, latestYear()) : number.value;
     }
     return existingDay(year, month, day);
 }
@@ -137,7 +142,7 @@ QList<QBDateFormatter::Piece> QBDateFormatter::pieces(const QString& format) {
 
 void QBDateFormatter::appendYear(QString& text, qint64 year, int width) const {
     const int lastDigits = static_cast<int>(std::abs(year) % kYearsPerCentury);
-    if (width == 2 && fullYear(lastDigits) == year)
+    if (width == 2 && fullYear(lastDigits, mLatestYear) == year)
         mDigits.append(text, lastDigits, width);
     else
         mDigits.append(text, year, kDigitsOfFullYear);

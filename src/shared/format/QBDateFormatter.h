@@ -52,6 +52,8 @@ private:
     [[nodiscard]] bool isSeparator(char32_t character) const;
 
     QBLocaleDigits mDigits;
+    /// That of when the formatter was made: the clock is too slow to be asked for each date of a table.
+    qint64 mLatestYear;
     QList<Piece> mPieces;
     QString mSeparator;
 };

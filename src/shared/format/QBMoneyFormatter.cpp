@@ -22,11 +22,12 @@ constexpr char32_t kApostrophe = 0x2019;
 
 /// Digits, '.' and two decimals. An amount in the middle between two cents is written as the larger one.
 std::string_view decimalText(double amount, std::array<char, kMostCharacters>& buffer) {
-    // Only odd eighths lie there; the conversion itself would take the even cent.
-    const bool isInTheMiddle = std::fmod(amount * 8, 2) == 1;
-    const double written = isInTheMiddle ? std::nextafter(amount, std::numeric_limits<double>::max()) : amount;
     const auto end =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), written, std::chars_format::fixed, kDecimals).ptr;
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), amount, std::chars_format::fixed, kDecimals).ptr;
+    // Only odd eighths lie in the middle. The conversion takes the even cent, which is the smaller one where the last
+    // digit is a 2 (0.125 and 0.625) and the larger one where it is an 8.
+    if (std::fmod(amount * 8, 2) == 1 && end[-1] == '2')
+        end[-1] = '3';
     return {buffer.data(), static_cast<std::size_t>(end - buffer.data())};
 }
 

@@ -41,7 +41,8 @@ void CVCheckCell::paint(QPainter& painter, const QStyleOptionViewItem& option, b
     const QSize size(style.pixelMetric(QStyle::PM_IndicatorWidth, &option, option.widget),
                      style.pixelMetric(QStyle::PM_IndicatorHeight, &option, option.widget));
     const QStyle::State state = (option.state & kVisibleStates) | (checked ? QStyle::State_On : QStyle::State_Off);
-    const Look look{&style, option.palette.cacheKey(), state, size, painter.device()->devicePixelRatioF()};
+    const Look look{QApplication::style(), option.palette.cacheKey(), state, size,
+                    painter.device()->devicePixelRatioF()};
     auto picture =
         std::find_if(mPictures.begin(), mPictures.end(), [&look](const Picture& known) { return known.look == look; });
     if (picture == mPictures.end()) {

@@ -117,7 +117,8 @@ std::optional<CVTextGlyphs::Character> CVTextGlyphs::makeFigureCharacter(QChar c
     if (line.runs.size() != 1 || line.runs.first().rawFont() != mFigure.rawFont() ||
         line.runs.first().glyphIndexes().size() != 1)
         return std::nullopt;
-    return Character{line.runs.first().glyphIndexes().first(), line.width};
+    // The width of the line would count what leans out of it.
+    return Character{line.runs.first().glyphIndexes().first(), QFontMetricsF(mFont).horizontalAdvance(character)};
 }
 
 /// False, with nothing painted, for what is no figure or does not fit.

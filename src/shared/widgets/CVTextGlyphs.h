@@ -11,7 +11,8 @@
 class QPainter;
 
 /// Lines of text as glyphs, to be painted again and again: a text is laid out once, and a figure never, as it is put
-/// together from the glyphs of its digits and marks. For one font and one direction of writing.
+/// together from the glyphs of its digits and marks. For one
+/// font and one direction of writing.
 class CVTextGlyphs final {
 public:
     CVTextGlyphs(const QFont& font, Qt::LayoutDirection direction);
