@@ -2,6 +2,7 @@
 
 #include "app/CVErrorLine.h"
 #include "app/CVReadOnlyBudget.h"
+#include "budget/CVRangePresets.h"
 #include "model/CVTransactionSet.h"
 #include "workspace/CVTransactionList.h"
 
@@ -15,8 +16,6 @@
 
 namespace {
 
-constexpr int kPresets = 8;
-
 QString tr(const char* text) {
     return QCoreApplication::translate("CVBudgetOptions", text);
 }
@@ -24,8 +23,9 @@ QString tr(const char* text) {
 QString readPreset(const QString& value, CVBudgetOptions& options) {
     bool isNumber = false;
     options.preset = value.toInt(&isNumber);
-    return isNumber && options.preset >= 0 && options.preset < kPresets ? QString()
-                                                                        : tr("--range takes a number from 0 to 7");
+    return isNumber && options.preset >= 0 && options.preset < kCVRangePresets
+               ? QString()
+               : tr("--range takes a number from 0 to 7");
 }
 
 QString readDay(const QString& value, const char* option, QBDate& day) {

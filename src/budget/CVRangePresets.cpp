@@ -25,7 +25,7 @@ struct Preset {
     Verify verify;
 };
 
-constexpr std::array<Preset, 8> kPresets{{
+constexpr std::array<Preset, kCVRangePresets> kPresets{{
     {Start::FirstTransaction, 0, Clamp::No, {0, 0, 0}, Verify::No},
     {Start::FirstOfYear, 1, Clamp::Yes, {2, 0, -1}, Verify::Yes},
     {Start::FirstOfYear, 1, Clamp::Yes, {1, 0, -1}, Verify::No},

@@ -13,6 +13,9 @@
 /// `date`, or the document's earliest transaction date when it comes before that.
 [[nodiscard]] QBDate verifyStartDate(const QBDate& date, const CVDocument& document);
 
+/// How many items a range pop-up has.
+inline constexpr int kCVRangePresets = 8;
+
 /// The range that item `index` (0 to 7) of a range pop-up stands for on the day `today`: all, this year and last, last
 /// year, this year, last month, this month, last week, this week. Starts are held back to the first transaction and
 /// some ends to today, irregularly but deliberately. Absent for any other index. A document without dated transactions

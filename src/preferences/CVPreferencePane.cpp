@@ -1,5 +1,7 @@
 #include "preferences/CVPreferencePane.h"
 
+#include "shared/widgets/CVSteadyComboBox.h"
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFormLayout>
@@ -15,7 +17,7 @@ CVPreferencePane::CVPreferencePane(CVPreferenceStore& store, QWidget* parent)
 }
 
 QComboBox& CVPreferencePane::addPopUp(const QString& label, const QString& name, const char* objectName) {
-    auto* const popUp = new QComboBox(this);
+    auto* const popUp = new CVSteadyComboBox(this);
     popUp->setObjectName(QLatin1String(objectName));
     popUp->setAccessibleName(name);
     popUp->setSizeAdjustPolicy(QComboBox::AdjustToContents);

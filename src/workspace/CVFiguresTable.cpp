@@ -20,6 +20,8 @@ CVFiguresTable::CVFiguresTable(std::unique_ptr<CVFiguresModel> model, const char
     setItemDelegate(new CVCellDelegate(this));
     setSelectionMode(ExtendedSelection);
     setEditTriggers(NoEditTriggers);
+    // There is nothing to sort by.
+    horizontalHeader()->setSectionsClickable(false);
     connect(this, &QTableView::doubleClicked, this, &CVFiguresTable::cellOpened);
 }
 

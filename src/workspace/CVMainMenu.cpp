@@ -147,7 +147,10 @@ void CVMainMenu::addTableCommands(QTableView& table) {
     remove->setShortcutContext(Qt::WidgetShortcut);
     remove->setEnabled(false);
     auto* const edit = new QAction(tr("&Edit"), &table);
-    connect(edit, &QAction::triggered, &table, [&table] { table.edit(table.currentIndex()); });
+    connect(edit, &QAction::triggered, &table, [&table] {
+        if (table.currentIndex().flags().testFlag(Qt::ItemIsEditable))
+            table.edit(table.currentIndex());
+    });
     auto* const copy = new QAction(tr("&Copy"), &table);
     connect(copy, &QAction::triggered, &table, [&table] { CVEdit(CVEditCommand::Copy, &table); });
     // All of them act on the selected rows.

@@ -1,6 +1,7 @@
 #include "workspace/CVMainWindow.h"
 
 #include "shared/widgets/CVOpenEditor.h"
+#include "shared/widgets/CVSteadyComboBox.h"
 #include "workspace/CVEntryStrip.h"
 #include "workspace/CVMainMenu.h"
 #include "workspace/CVReportsTab.h"
@@ -23,7 +24,7 @@ CVMainWindow::CVMainWindow(const CVTransactionList& list, const CVGridContents& 
     , mSummaryTab(new CVSummaryTab(grid, this))
     , mReportsTab(new CVReportsTab(reports, this))
     , mSaveStatus(new CVSaveStatus(this))
-    , mTransactionSet(new QComboBox(this))
+    , mTransactionSet(new CVSteadyComboBox(this))
     , mSetPicker(makeSetPicker()) {
     setWindowTitle(tr("Corvella Main Window"));
     mMainTabView->setObjectName(QStringLiteral("mMainTabView"));

@@ -1,5 +1,6 @@
 #include "workspace/CVMainWindowController.h"
 
+#include "budget/CVRangePresets.h"
 #include "model/CVCategory.h"
 #include "model/CVTransactionSet.h"
 #include "shared/base/CVBundle.h"
@@ -13,6 +14,7 @@
 #include "workspace/CVMainMenu.h"
 #include "workspace/CVMainWindow.h"
 #include "workspace/CVRangeControls.h"
+#include "workspace/CVReportColumns.h"
 #include "workspace/CVReportsTab.h"
 #include "workspace/CVSummaryTab.h"
 #include "workspace/CVTransactionTableView.h"
@@ -99,20 +101,23 @@ void CVMainWindowController::windowDidLoad() {
     readViewState();
     observeNotifications();
     connectWindow();
-    handleCategoryUpdate();
+    showCategoryItems();
     mWindow->entryStrip().focusField(CVEntryField::Date);
     selectViewState();
     getStarted();
 }
 
-/// A number that no tab has counts as the first.
+/// A number that no tab or item has counts as the first.
 void CVMainWindowController::readViewState() {
     const QBUserDefaults& defaults = mDocument.userDefaults();
-    const int tab = defaults.integerForKey(CVDefaultsKeys::kDisplayTab);
-    mDisplayTab = tab >= 0 && tab < mWindow->tabs().count() ? tab : kTransactions;
-    mReportTab = defaults.integerForKey(CVDefaultsKeys::kReportTab);
-    mList.setTransactionPeriod(defaults.integerForKey(CVDefaultsKeys::kTransactionPeriod));
-    mReports.setReportPeriod(defaults.integerForKey(CVDefaultsKeys::kReportPeriod));
+    const auto indexForKey = [&defaults](const char* key, int count) {
+        const int index = defaults.integerForKey(key);
+        return index >= 0 && index < count ? index : 0;
+    };
+    mDisplayTab = indexForKey(CVDefaultsKeys::kDisplayTab, mWindow->tabs().count());
+    mReportTab = indexForKey(CVDefaultsKeys::kReportTab, kReportTables);
+    mList.setTransactionPeriod(indexForKey(CVDefaultsKeys::kTransactionPeriod, kCVRangePresets));
+    mReports.setReportPeriod(indexForKey(CVDefaultsKeys::kReportPeriod, kCVRangePresets));
 }
 
 void CVMainWindowController::selectViewState() {
@@ -200,7 +205,8 @@ void CVMainWindowController::showCategoryItems() {
 void CVMainWindowController::handleCategoryUpdate() {
     showCategoryItems();
     // A name that is searched for or sorted by may be another one now.
-    mList.refilter();
+    if (!mKeepsRows)
+        mList.refilter();
     reloadAllTables();
 }
 

@@ -127,7 +127,10 @@ private:
     /// What the figures on the tabs were computed from: coming back to a tab computes nothing that still holds.
     struct Basis {
         quint64 changeCount = 0;
+        /// The list is collected anew some time after a change.
+        std::optional<quint64> collectedAt;
         quint32 transactionSet = 0;
+        quint32 shownTransactionSet = 0;
         CVShowUnused showUnused = CVShowUnused::No;
 
         bool operator==(const Basis&) const = default;
@@ -176,5 +179,7 @@ private:
     int mReportTab = 0;
     /// While the window is (re)built: what its controls report then is no choice of the user's.
     bool _cv_setting_up = false;
+    /// While a cell of the list is edited: its rows stay, whatever they were searched for.
+    bool mKeepsRows = false;
     std::unique_ptr<CVMainWindow> mWindow;
 };

@@ -19,6 +19,7 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QScopedValueRollback>
 #include <QTabWidget>
 
 /// What the controller does for the entry strip and the transactions tab.
@@ -63,8 +64,10 @@ void CVMainWindowController::record() {
     mDocument.workbookSave();
     strip.resetAmount();
     getStarted();
-    mWindow->transactionsTab().table().reveal(transaction.get());
+    const bool isListed = mWindow->transactionsTab().table().reveal(transaction.get());
     strip.focusField(CVEntryField::Amount);
+    if (!isListed && mDisplayTab == kTransactions)
+        mWindow->transactionsTab().tellNotListed();
 }
 
 void CVMainWindowController::showProblem(const CVEntryProblem& problem) {
@@ -87,6 +90,8 @@ void CVMainWindowController::removeTransaction() {
     table.clearSelection();
     mDocument.workbookSave();
     getStarted();
+    // Not to whatever comes after a button that has nothing left to remove.
+    table.setFocus();
 }
 
 void CVMainWindowController::detectDuplicates() {
@@ -175,6 +180,7 @@ void CVMainWindowController::setTransactionEnd(const QBDate& end) {
 /// The rows stay: a transaction that no longer fits the range or the search is listed until the next rebuild.
 void CVMainWindowController::setObjectValue(int row, int column, const QVariant& value) {
     CVTransaction& transaction = *mList.displayTransactions()[static_cast<std::size_t>(row)];
+    const QScopedValueRollback keepsRows(mKeepsRows, true);
     switch (column) {
     case CVTransactionTableModel::Date:
         transaction.setEffectiveDate(value.value<std::optional<QBDate>>());

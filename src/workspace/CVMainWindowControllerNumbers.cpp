@@ -21,8 +21,8 @@ void CVMainWindowController::setDateFieldsFromPopUp() {
 }
 
 CVMainWindowController::Basis CVMainWindowController::basis() const {
-    return {mDocument.changeCount(), mDocument.currentTransactionSet(),
-            CVShowUnusedFromDefaults(mDocument.userDefaults())};
+    return {mDocument.changeCount(), mList.collectedAt(), mDocument.currentTransactionSet(),
+            mDocument.shownTransactionSet(), CVShowUnusedFromDefaults(mDocument.userDefaults())};
 }
 
 void CVMainWindowController::buildCategoryArray() {

@@ -1,6 +1,8 @@
 #include "workspace/CVRangeControls.h"
 
+#include "budget/CVRangePresets.h"
 #include "shared/widgets/CVDateField.h"
+#include "shared/widgets/CVSteadyComboBox.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -10,7 +12,7 @@
 
 namespace {
 
-constexpr std::array<const char*, 8> kPresets{
+constexpr std::array<const char*, kCVRangePresets> kPresets{
     QT_TRANSLATE_NOOP("CVRangeControls", "All"),        QT_TRANSLATE_NOOP("CVRangeControls", "This Year and Last"),
     QT_TRANSLATE_NOOP("CVRangeControls", "Last Year"),  QT_TRANSLATE_NOOP("CVRangeControls", "This Year"),
     QT_TRANSLATE_NOOP("CVRangeControls", "Last Month"), QT_TRANSLATE_NOOP("CVRangeControls", "This Month"),
@@ -25,7 +27,7 @@ void name(QWidget& widget, const CVRangeControls::Naming& naming) {
 
 CVRangeControls::CVRangeControls(const Naming& preset, const Naming& start, const Naming& end, QWidget* parent)
     : QWidget(parent)
-    , mPreset(new QComboBox(this))
+    , mPreset(new CVSteadyComboBox(this))
     , mStart(new CVDateField(this))
     , mEnd(new CVDateField(this)) {
     name(*mPreset, preset);

@@ -29,6 +29,7 @@ CVSearchField::CVSearchField(QWidget* parent) : QLineEdit(parent), mKinds(new QM
         });
     }
     QAction* const glass = addAction(CVGlyph::icon(CVGlyph::Shape::Search), LeadingPosition);
+    glass->setText(tr("Search Menu"));
     glass->setToolTip(tr("Choose what is searched (Alt+Down)"));
     connect(glass, &QAction::triggered, this, &CVSearchField::showKinds);
     connect(this, &QLineEdit::textChanged, this, &CVSearchField::searched);

@@ -77,7 +77,7 @@ void CVSetTransactions::collect() {
 }
 
 double CVSetTransactions::total() const {
-    const auto rounded = figures().sum.roundedOnce();
+    const auto rounded = totalInAnyOrder();
     return rounded ? *rounded : roundedSum(mTransactions);
 }
 

@@ -18,8 +18,13 @@ public:
     void releaseTakenOut() { mTakenOut.clear(); }
 
     [[nodiscard]] const CVDocument::Transactions& transactions() const { return mTransactions; }
+    /// The document's change count at the last collection; absent before.
+    [[nodiscard]] const std::optional<quint64>& collectedAt() const { return mCollectedAt; }
+
     /// Their amounts as they are now, added up in their order and rounded once to two places.
     [[nodiscard]] double total() const;
+    /// The same for every order in which they can be added up; absent where the order might matter.
+    [[nodiscard]] std::optional<double> totalInAnyOrder() const { return figures().sum.roundedOnce(); }
     /// Whether all that have a date lie in a range, and whether there are some that have none.
     [[nodiscard]] bool lieIn(const CVDayRange& range) const;
     [[nodiscard]] bool haveUndated() const { return figures().hasUndated; }
@@ -43,8 +48,8 @@ private:
     CVDocument::Transactions mTransactions;
     CVDocument::Transactions mTakenOut;
     quint32 mSetID = 0;
-    /// The document's change count at the last collection, and when the figures were right; absent before.
     std::optional<quint64> mCollectedAt;
+    /// The document's change count when the figures were right; absent before.
     mutable std::optional<quint64> mFiguredAt;
     mutable Figures mFigures;
 };

@@ -2,6 +2,7 @@
 
 #include "budget/CVGridContents.h"
 #include "shared/widgets/CVFigureField.h"
+#include "shared/widgets/CVSteadyComboBox.h"
 #include "workspace/CVGridTables.h"
 #include "workspace/CVPrintButton.h"
 
@@ -24,7 +25,7 @@ constexpr std::array<const char*, CVDisplayPeriods::kTypes> kPeriods{
 CVSummaryTab::CVSummaryTab(const CVGridContents& contents, QWidget* parent)
     : QWidget(parent)
     , mContents(contents)
-    , mExpensePeriod(new QComboBox(this)) {
+    , mExpensePeriod(new CVSteadyComboBox(this)) {
     auto* const label = new QLabel(tr("Per&iod"), this);
     label->setBuddy(mExpensePeriod);
     mExpensePeriod->setObjectName(QStringLiteral("mExpensePeriod"));

@@ -56,11 +56,21 @@ void CVTransactionCellDelegate::paint(QPainter* painter, const QStyleOptionViewI
         return;
     const bool isSelected = option.state.testFlag(QStyle::State_Selected);
     const QRect place = QStyle::alignedRect(option.direction, Qt::AlignCenter, option.decorationSize, option.rect);
-    picture.paint(painter, place, Qt::AlignCenter, isSelected ? QIcon::Selected : QIcon::Normal);
+    // The icon would set up a painter of its own for each cell.
+    const double pixelRatio = painter->device()->devicePixelRatioF();
+    painter->drawPixmap(place, picture.pixmap(place.size(), pixelRatio, isSelected ? QIcon::Selected : QIcon::Normal));
 }
 
 QWidget* CVTransactionCellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                                                  const QModelIndex& index) const {
+    QWidget* const editor = makeEditor(parent, option, index);
+    if (editor)
+        editor->setAccessibleName(Model::title(index.column()));
+    return editor;
+}
+
+QWidget* CVTransactionCellDelegate::makeEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                                               const QModelIndex& index) const {
     switch (index.column()) {
     case Model::Date:
         return makeDateField(parent);

@@ -32,6 +32,9 @@ protected:
     bool eventFilter(QObject* editor, QEvent* event) override;
 
 private:
+    [[nodiscard]] QWidget* makeEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                                      const QModelIndex& index) const;
+
     CVCheckCell mCheckCell;
     int mTintedRow = -1;
     QStringList mPaidToItems;

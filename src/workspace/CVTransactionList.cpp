@@ -118,8 +118,9 @@ CVTransactionList::Totals CVTransactionList::totals() const {
 }
 
 CVTransactionList::Totals CVTransactionList::displayTotals() const {
-    if (mRangeHoldsAll && mSearched && mSearched->query.text.isEmpty())
-        return totals();
+    const bool showsAll = mRangeHoldsAll && mSearched && mSearched->query.text.isEmpty();
+    if (const auto total = showsAll ? mSetTransactions.totalInAnyOrder() : std::nullopt)
+        return {mDisplayTransactionArray.size(), *total};
     double sum = 0;
     for (std::size_t i = 0; i < mDisplayTransactionArray.size(); ++i)
         sum += CVFetchAhead(mDisplayTransactionArray, i).amount();

@@ -43,6 +43,8 @@ public:
     /// Stage 1: the transactions of the document's current set, in document order. The further stages stay, and what
     /// they, or a table, refer to lives until `releaseTakenOut`.
     void collectTransactions();
+    /// The document's change count at the last collection; absent before.
+    [[nodiscard]] const std::optional<quint64>& collectedAt() const { return mSetTransactions.collectedAt(); }
     /// Nobody shows what the last collections took out of stage 1 any more.
     void releaseTakenOut() { mSetTransactions.releaseTakenOut(); }
     /// Stage 2 from stage 1: the transactions in the range, and the undated ones where "All" is shown.

@@ -97,14 +97,15 @@ void CVTransactionTableView::setCategoryItems(const QStringList& items) {
     mDelegate->setCategoryItems(items);
 }
 
-void CVTransactionTableView::reveal(const CVTransaction* transaction) {
+bool CVTransactionTableView::reveal(const CVTransaction* transaction) {
     const int row = mModel->rowOf(transaction);
     if (row < 0)
-        return;
+        return false;
     mDelegate->setTintedRow(row);
     scrollTo(mModel->index(row, 0));
     viewport()->update();
     mTint.start();
+    return true;
 }
 
 QByteArray CVTransactionTableView::saveColumns() const {
@@ -135,7 +136,8 @@ void CVTransactionTableView::selectionChanged(const QItemSelection& selected, co
 void CVTransactionTableView::keyPressEvent(QKeyEvent* event) {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const bool isAlone = !(event->modifiers() & ~Qt::KeypadModifier);
-    if (isReturn && isAlone && currentIndex().isValid() && state() != EditingState)
+    const bool isEditable = currentIndex().flags().testFlag(Qt::ItemIsEditable);
+    if (isReturn && isAlone && isEditable && state() != EditingState)
         edit(currentIndex());
     else
         CVTableView::keyPressEvent(event);

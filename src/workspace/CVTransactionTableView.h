@@ -28,8 +28,8 @@ public:
     [[nodiscard]] const CVTransactionList::Rows& selectedTransactions() const { return mSelectedTransactions; }
     /// Selects exactly the first row that shows each of these, and scrolls to the first; false when none is shown.
     bool selectTransactions(const CVTransactionList::Rows& transactions);
-    /// Scrolls to the row of a transaction and tints it for a moment; nothing when it is not shown.
-    void reveal(const CVTransaction* transaction);
+    /// Scrolls to the row of a transaction and tints it for a moment; false when it is not shown.
+    [[nodiscard]] bool reveal(const CVTransaction* transaction);
 
     /// What the editors of payees and categories complete to.
     void setPaidToItems(const QStringList& items);

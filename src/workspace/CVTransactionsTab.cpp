@@ -10,7 +10,14 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QToolTip>
 #include <QVBoxLayout>
+
+namespace {
+
+constexpr int kRemarkMilliseconds = 6000;
+
+} // namespace
 
 CVTransactionsTab::CVTransactionsTab(const CVTransactionList& list, QWidget* parent)
     : QWidget(parent)
@@ -52,6 +59,14 @@ void CVTransactionsTab::showTotalsAndCountsField() {
     mTotalNumberOfTransactionsField1->setText(locale.toString(static_cast<qulonglong>(total.count)));
     mTotalAmountShownField->setText(mMoneyFormatter.string(shown.amount));
     mTotalAmountField->setText(mMoneyFormatter.string(total.amount));
+}
+
+void CVTransactionsTab::tellNotListed() {
+    const bool isSearched = !mList.searchText().isEmpty();
+    const QWidget& cause = isSearched ? static_cast<QWidget&>(*mSearchField) : *mRangeControls;
+    const QString text = isSearched ? tr("Recorded, but not listed here: it does not match the search.")
+                                    : tr("Recorded, but not listed here: its date is not in this range.");
+    QToolTip::showText(cause.mapToGlobal(cause.rect().bottomLeft()), text, this, {}, kRemarkMilliseconds);
 }
 
 void CVTransactionsTab::changeEvent(QEvent* event) {

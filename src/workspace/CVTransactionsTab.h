@@ -26,6 +26,8 @@ public:
     [[nodiscard]] CVSearchField& searchField() const { return *mSearchField; }
     /// Counts and sums of the list as it is now.
     void showTotalsAndCountsField();
+    /// Says for a few seconds why a transaction that was recorded is not among those that are listed.
+    void tellNotListed();
     /// Shows everything in the locale in force.
     void updateFormatters();
 

@@ -84,14 +84,13 @@ QString CVCompletedString(const QStringList& items, const QString& typed) {
     return found == items.cend() ? typed : *found;
 }
 
-CVCompletingComboBox::CVCompletingComboBox(QWidget* parent) : QComboBox(parent) {
+CVCompletingComboBox::CVCompletingComboBox(QWidget* parent) : CVSteadyComboBox(parent) {
     setLineEdit(new CompletingLineEdit(*this, this));
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);
     setMaxVisibleItems(kVisibleItems);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(kShortestText);
-    setFocusPolicy(Qt::StrongFocus);
 }
 
 void CVCompletingComboBox::setItems(const QStringList& items) {
@@ -107,16 +106,8 @@ void CVCompletingComboBox::setItems(const QStringList& items) {
 }
 
 void CVCompletingComboBox::focusInEvent(QFocusEvent* event) {
-    QComboBox::focusInEvent(event);
+    CVSteadyComboBox::focusInEvent(event);
     // As after the Tab key: what is typed next replaces the text.
     if (event->reason() == Qt::OtherFocusReason)
         lineEdit()->selectAll();
-}
-
-void CVCompletingComboBox::wheelEvent(QWheelEvent* event) {
-    // Scrolling past the box must not change what will be recorded.
-    if (hasFocus())
-        QComboBox::wheelEvent(event);
-    else
-        event->ignore();
 }

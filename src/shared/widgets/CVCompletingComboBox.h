@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QComboBox>
+#include "shared/widgets/CVSteadyComboBox.h"
+
 #include <QStringList>
 
 /// The first of `items`, in their order, that begins with `typed` in whatever case; `typed` itself when none does.
@@ -8,7 +9,7 @@
 
 /// A text with a list to choose from. Typing completes to the first item that fits, with the rest selected: going on
 /// accepts it, Backspace refuses it. Any text may be entered; new items leave it alone.
-class CVCompletingComboBox final : public QComboBox {
+class CVCompletingComboBox final : public CVSteadyComboBox {
     Q_OBJECT
 
 public:
@@ -19,7 +20,6 @@ public:
 
 protected:
     void focusInEvent(QFocusEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
 
 private:
     QStringList mItems;

@@ -4,8 +4,8 @@
 
 void CVCommitOpenEditor(QWidget* focused) {
     for (QWidget* above = focused ? focused->parentWidget() : nullptr; above; above = above->parentWidget()) {
-        // An editor commits when it loses the focus.
+        // An editor commits when it loses the focus, to its table, in which the arrow keys then go on.
         if (qobject_cast<QAbstractItemView*>(above))
-            return focused->clearFocus();
+            return above->setFocus();
     }
 }

@@ -1,0 +1,81 @@
+#include "workspace/MainWindowFixture.h"
+
+#include <QPushButton>
+
+namespace {
+
+/// Where the keys go after a command that was given while something else had the focus.
+class MainWindowFocusTest : public MainWindowFixture {
+protected:
+    void SetUp() override {
+        mBudget.category("Food", 1).lastID(1);
+        for (int i = 1; i <= 3; ++i) {
+            mBudget.transaction(
+                {.date = day(2014, 3, i), .amount = 10.0 * i, .payTo = QString("Shop %1").arg(i), .category = "Food"});
+        }
+        mBudget.inOrder();
+        open();
+    }
+
+    /// Leaves a payee half typed in the first row.
+    void typeIntoCell(const QString& text) const {
+        table().setFocus();
+        table().setCurrentIndex(table().model()->index(0, Column::ToFrom));
+        press(Qt::Key_F2);
+        ASSERT_NE(QApplication::focusWidget(), &table());
+        type(text);
+    }
+
+    [[nodiscard]] QWidget* focused() const { return window().focusWidget(); }
+};
+
+TEST_F(MainWindowFocusTest, AHeaderClickedWhileACellIsEditedLeadsToTheTable) {
+    typeIntoCell("Bazaar");
+    clickHeader(Column::Amount);
+    EXPECT_EQ(column(Column::ToFrom), (QStringList{"Shop 1", "Shop 2", "Bazaar"}));
+    EXPECT_EQ(focused(), &table());
+    const int before = table().currentIndex().row();
+    press(Qt::Key_Up);
+    EXPECT_EQ(table().currentIndex().row(), before - 1);
+}
+
+TEST_F(MainWindowFocusTest, ACancelledExportLeadsToTheTable) {
+    typeIntoCell("Bazaar");
+    mController->exportTransactions();
+    press(Qt::Key_E, Qt::ControlModifier);
+    EXPECT_EQ(mPanels.asked().size(), 2);
+    EXPECT_EQ(column(Column::ToFrom).first(), "Bazaar");
+    EXPECT_EQ(focused(), &table());
+}
+
+TEST_F(MainWindowFocusTest, TheRemoveButtonLeadsToTheTable) {
+    table().selectRow(1);
+    auto* const remove = find<QPushButton>("mRemoveTransactionButton");
+    remove->setFocus();
+    mAlerts.answer({CVAlert::kDefault});
+    press(Qt::Key_Space);
+    EXPECT_EQ(column(Column::ToFrom), (QStringList{"Shop 3", "Shop 1"}));
+    EXPECT_FALSE(remove->isEnabled());
+    EXPECT_EQ(focused(), &table());
+}
+
+TEST_F(MainWindowFocusTest, ReturnOnAFlagEditsNothing) {
+    table().setFocus();
+    table().setCurrentIndex(table().model()->index(0, Column::UserFlag));
+    press(Qt::Key_Return);
+    EXPECT_EQ(focused(), &table());
+}
+
+TEST_F(MainWindowFocusTest, TheEditorsOfCellsHaveTheNamesOfTheirColumns) {
+    for (const Column column : {Column::Date, Column::Amount, Column::ToFrom, Column::For, Column::Category}) {
+        table().setFocus();
+        table().setCurrentIndex(table().model()->index(0, column));
+        press(Qt::Key_F2);
+        QWidget* const editor = table().indexWidget(table().currentIndex());
+        ASSERT_NE(editor, nullptr) << column;
+        EXPECT_EQ(editor->accessibleName(), CVTransactionTableModel::title(column));
+        press(Qt::Key_Escape);
+    }
+}
+
+} // namespace
