@@ -161,7 +161,7 @@ int CVDocumentParserDelegate::parsePlainBytes() {
         mFirstError = tr("an element has more than %1 attributes").arg(kMostAttributes);
         return XML_ERR_INTERNAL_ERROR;
     }
-    mExpectedTransactions = static_cast<double>(bytes.size() / kUsualTransaction);
+    mExpectedTransactions = static_cast<double>(bytes.size()) / static_cast<double>(kUsualTransaction);
     xmlSAXHandler handler = CVDocumentParserCallbacks::handler();
     CVDocumentParserCallbacks::run(this, [&bytes](auto& parser) {
         parser.document->reserveTransactions(static_cast<std::size_t>(bytes.size() / kUsualTransaction));

@@ -110,9 +110,10 @@ Rows searchAllTexts(Source transactions, const QString& text) {
     CategoryMatcher category(text);
     return filter(transactions, [&](const CVTransaction& transaction) {
         // To ask for the next one only where this one says no would be slower.
-        const std::array<bool, 3> answers{payTo.matches(transaction.payTo()), xfor.matches(transaction.xfor()),
-                                          category.matches(transaction)};
-        return (answers[0] | answers[1] | answers[2]) != 0;
+        const bool isInPayee = payTo.matches(transaction.payTo());
+        const bool isInFor = xfor.matches(transaction.xfor());
+        const bool isInCategory = category.matches(transaction);
+        return isInPayee || isInFor || isInCategory;
     });
 }
 

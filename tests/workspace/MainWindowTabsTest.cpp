@@ -42,7 +42,7 @@ protected:
 
     [[nodiscard]] QStringList totals() const {
         show(Summary);
-        const QStringList shown = texts("mExpenseCategoryTotalTable");
+        QStringList shown = texts("mExpenseCategoryTotalTable");
         show(Transactions);
         return shown;
     }
@@ -50,7 +50,7 @@ protected:
     /// Category, its total, and so on.
     [[nodiscard]] QStringList averages() const {
         show(Reports);
-        const QStringList shown = texts("mAveragesTable").mid(0, 2);
+        QStringList shown = texts("mAveragesTable").mid(0, 2);
         show(Transactions);
         return shown;
     }

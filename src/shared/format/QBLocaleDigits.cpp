@@ -16,9 +16,9 @@ void QBLocaleDigits::append(QString& text, std::string_view digits) const {
 }
 
 void QBLocaleDigits::append(QString& text, qint64 number, int width) const {
-    std::array<char, std::numeric_limits<quint64>::digits10 + 1> buffer;
+    std::array<char, std::numeric_limits<quint64>::digits10 + 1> buffer{};
     const quint64 size = number < 0 ? 0 - static_cast<quint64>(number) : static_cast<quint64>(number);
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), size).ptr;
+    char* const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), size).ptr;
     if (number < 0)
         text += mMinus;
     for (auto missing = width - (end - buffer.data()); missing > 0; --missing)

@@ -22,7 +22,7 @@ constexpr char32_t kApostrophe = 0x2019;
 
 /// Digits, '.' and two decimals. An amount in the middle between two cents is written as the larger one.
 std::string_view decimalText(double amount, std::array<char, kMostCharacters>& buffer) {
-    const auto end =
+    char* const end =
         std::to_chars(buffer.data(), buffer.data() + buffer.size(), amount, std::chars_format::fixed, kDecimals).ptr;
     // Only odd eighths lie in the middle. The conversion takes the even cent, which is the smaller one where the last
     // digit is a 2 (0.125 and 0.625) and the larger one where it is an 8.
@@ -102,7 +102,7 @@ void QBMoneyFormatter::append(QString& text, double amount) const {
         text += QLocale::c().toString(std::abs(amount));
         return;
     }
-    std::array<char, kMostCharacters> buffer;
+    std::array<char, kMostCharacters> buffer{};
     const std::string_view decimal = decimalText(std::abs(amount), buffer);
     const std::string_view whole = decimal.substr(0, decimal.size() - kDecimals - 1);
     std::size_t group = (whole.size() - 1) % kGroup + 1;

@@ -66,9 +66,13 @@ void CVTextGlyphs::paint(QPainter& painter, const QRect& place, Qt::Alignment al
         return;
     const Line& line = lineFor(text, place.width());
     // All lines of a font stand on one baseline, also those that take glyphs from other fonts.
-    const double top = place.top() + (place.height() - mHeight) / 2 + mAscent - line.ascent;
+    const double top = baseline(place) - line.ascent;
     for (const QGlyphRun& run : line.runs)
         painter.drawGlyphRun(QPointF(leftEdge(place, visual, line.width), top), run);
+}
+
+int CVTextGlyphs::baseline(const QRect& place) const {
+    return place.top() + (place.height() - mHeight) / 2 + mAscent;
 }
 
 CVTextGlyphs::Line CVTextGlyphs::layOut(const QString& text) const {
@@ -139,7 +143,6 @@ bool CVTextGlyphs::paintFigure(QPainter& painter, const QRect& place, Qt::Alignm
     if (width > place.width())
         return false;
     mFigure.setRawData(glyphs.constData(), positions.constData(), static_cast<int>(glyphs.size()));
-    const int baseline = place.top() + (place.height() - mHeight) / 2 + mAscent;
-    painter.drawGlyphRun(QPointF(leftEdge(place, alignment, width), baseline), mFigure);
+    painter.drawGlyphRun(QPointF(leftEdge(place, alignment, width), baseline(place)), mFigure);
     return true;
 }

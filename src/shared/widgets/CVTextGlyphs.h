@@ -52,6 +52,7 @@ private:
         bool operator()(QStringView a, QStringView b) const { return a == b; }
     };
 
+    [[nodiscard]] int baseline(const QRect& place) const;
     [[nodiscard]] Line layOut(const QString& text) const;
     [[nodiscard]] Text& known(QStringView text);
     [[nodiscard]] const Line& lineFor(QStringView text, int width);
