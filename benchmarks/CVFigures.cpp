@@ -14,7 +14,7 @@ constexpr std::array<CVFigure::Size, 3> kWindow{{{kSmall, 101}, {kMiddle, 51}, {
 constexpr std::array<CVFigure::Size, 3> kReport{{{kSmall, 51}, {kMiddle, 5}, {kLarge, 1}}};
 constexpr std::array<CVFigure::Size, 3> kOnce{{{kSmall, 1}, {kMiddle, 1}, {kLarge, 1}}};
 
-constexpr std::array<CVFigure, 34> kFigures{{
+constexpr std::array<CVFigure, 35> kFigures{{
     {"Load, file in order", 1.5, kSmall, kSeldom, CVMeasureLoadSorted},
     {"Load, file shuffled", CVFigure::kNoLimit, kSmall, kSeldom, CVMeasureLoadShuffled},
     {"Memory after loading", 2, kLarge, kOnce, CVMeasureSteadyMemory},
@@ -44,6 +44,7 @@ constexpr std::array<CVFigure, 34> kFigures{{
     {"Window: search, each key", 5, kMiddle, kWindow, CVMeasureWindowSearch, 8},
     {"Window: another tab", 5, kMiddle, kWindow, CVMeasureWindowTab, 8},
     {"Window: another period", 5, kMiddle, kWindow, CVMeasureWindowPeriod, 8},
+    {"Window: scroll, allocations for each cell", 0.5, kMiddle, kOnce, CVMeasureWindowScroll},
     {"Report of the summary, from start to exit", 2, kMiddle, kSeldom, CVMeasureSummaryReport},
     {"Report pages", 2, kMiddle, kOften, CVMeasurePagination},
     {"Report painted, last page", 1.5, kMiddle, kOften, CVMeasurePaintingLastPage},

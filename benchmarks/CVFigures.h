@@ -68,6 +68,7 @@ void CVMeasureWindowRecord(benchmark::State& state, std::size_t transactions);
 void CVMeasureWindowSearch(benchmark::State& state, std::size_t transactions);
 void CVMeasureWindowTab(benchmark::State& state, std::size_t transactions);
 void CVMeasureWindowPeriod(benchmark::State& state, std::size_t transactions);
+void CVMeasureWindowScroll(benchmark::State& state, std::size_t transactions);
 void CVMeasureSummaryReport(benchmark::State& state, std::size_t transactions);
 void CVMeasurePagination(benchmark::State& state, std::size_t transactions);
 void CVMeasurePaintingLastPage(benchmark::State& state, std::size_t transactions);

@@ -1,3 +1,4 @@
+#include "CVAllocationCount.h"
 #include "CVBudgetFixture.h"
 #include "CVComparison.h"
 #include "CVFigures.h"
@@ -12,7 +13,9 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTabWidget>
+#include <QTableView>
 
 #include <benchmark/benchmark.h>
 
@@ -120,4 +123,34 @@ void CVMeasureWindowPeriod(benchmark::State& state, std::size_t transactions) {
     QPushButton& previous = window.buttonNamed("Previous");
     window.measure(
         state, [] {}, [&] { previous.click(); });
+}
+
+/// The yardstick is the number of cells that come into view. What scrolling costs however little comes into view is
+/// taken off: a page is compared with a single row.
+void CVMeasureWindowScroll(benchmark::State& state, std::size_t transactions) {
+    OpenWindow window(transactions);
+    auto& table = window.find<QTableView>("mTransactionTable");
+    QScrollBar& bar = *table.verticalScrollBar();
+    const int row = table.rowHeight(0);
+    const int page = table.viewport()->height() / row * row;
+    const auto allocationsOf = [&](int step, int times) {
+        const std::size_t before = CVAllocationCount();
+        for (int i = 0; i < times; ++i) {
+            bar.setValue(bar.value() + step <= bar.maximum() ? bar.value() + step : 0);
+            OpenWindow::repaint();
+        }
+        return static_cast<double>(CVAllocationCount() - before) / times;
+    };
+    // A text that is shown for the first time is laid out.
+    constexpr int kPagesBefore = 500;
+    constexpr int kSteps = 50;
+    allocationsOf(page, kPagesBefore);
+    for ([[maybe_unused]] auto iteration : state) {
+        const double more = allocationsOf(page, kSteps) - allocationsOf(row, kSteps);
+        const double cells = static_cast<double>(page / row - 1) * table.model()->columnCount();
+        state.SetIterationTime(0);
+        state.counters["yardstick"] = cells;
+        state.counters["subject"] = more;
+        state.counters["ratio"] = more / cells;
+    }
 }

@@ -110,10 +110,10 @@ Rows searchAllTexts(Source transactions, const QString& text) {
     CategoryMatcher category(text);
     return filter(transactions, [&](const CVTransaction& transaction) {
         // To ask for the next one only where this one says no would be slower.
-        const bool isInPayee = payTo.matches(transaction.payTo());
-        const bool isInFor = xfor.matches(transaction.xfor());
-        const bool isInCategory = category.matches(transaction);
-        return isInPayee || isInFor || isInCategory;
+        int places = payTo.matches(transaction.payTo()) ? 1 : 0;
+        places += xfor.matches(transaction.xfor()) ? 1 : 0;
+        places += category.matches(transaction) ? 1 : 0;
+        return places > 0;
     });
 }
 
