@@ -65,7 +65,8 @@ public:
     void insertTransaction(const std::shared_ptr<CVTransaction>& transaction);
     /// Removes that very object and announces it, even when it was not there; then `updateDates`, for null too.
     void removeTransaction(const std::shared_ptr<CVTransaction>& transaction);
-    /// Removes all of these objects in one walk, with one announcement; nothing for an empty list.
+    /// Removes all of these objects in one walk, with one announcement; nothing for an empty list. The list is not the
+    /// document's own.
     void removeTransactions(std::span<const std::shared_ptr<CVTransaction>> transactions);
     /// Removes every transaction of that set in one walk and announces it once, even when none matched; nothing when
     /// the document has no transactions.
@@ -128,6 +129,7 @@ public:
     void finishedParsingData();
 
 private:
+    void removeInAnyOrder(std::span<const std::shared_ptr<CVTransaction>> transactions);
     void widenBounds(const QBDate& date);
     void announceTransactions() const;
     void announceCategories() const;

@@ -71,17 +71,29 @@ void CVDocument::removeTransaction(const std::shared_ptr<CVTransaction>& transac
 void CVDocument::removeTransactions(std::span<const std::shared_ptr<CVTransaction>> transactions) {
     if (transactions.empty())
         return;
+    recordChanged();
+    // Most lists are in the order of the document; only the rest of another one is looked up.
+    std::size_t inOrder = 0;
+    eraseLeaving(mTransactions, [&](const auto& transaction) {
+        const bool leaves = inOrder < transactions.size() && transaction == transactions[inOrder];
+        inOrder += leaves ? 1 : 0;
+        return leaves;
+    });
+    if (inOrder < transactions.size())
+        removeInAnyOrder(transactions.subspan(inOrder));
+    announceTransactions();
+    updateDates();
+}
+
+void CVDocument::removeInAnyOrder(std::span<const std::shared_ptr<CVTransaction>> transactions) {
     std::vector<const CVTransaction*> removed;
     removed.reserve(transactions.size());
     for (const auto& transaction : transactions)
         removed.push_back(transaction.get());
     std::sort(removed.begin(), removed.end(), std::less<>());
-    recordChanged();
     eraseLeaving(mTransactions, [&removed](const auto& transaction) {
         return std::binary_search(removed.begin(), removed.end(), transaction.get(), std::less<>());
     });
-    announceTransactions();
-    updateDates();
 }
 
 void CVDocument::removeTransactionsForSet(quint32 id) {

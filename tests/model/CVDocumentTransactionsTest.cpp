@@ -208,6 +208,11 @@ TEST(CVDocumentRemoveSeveral, EqualsAsManySingleRemovals) {
                 removedSingly.push_back(other.document().transactions()[i]);
             }
         }
+        // In the order of the document, in the other one, and with one line out of order.
+        if (seed % 3 == 1)
+            std::reverse(removed.begin(), removed.end());
+        else if (seed % 3 == 2 && removed.size() > 2)
+            std::swap(removed[removed.size() / 2], removed.back());
         one.document().updateDates();
         other.document().updateDates();
         one.document().removeTransactions(removed);
