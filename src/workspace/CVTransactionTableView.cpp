@@ -5,6 +5,7 @@
 #include "workspace/CVTransactionList.h"
 #include "workspace/CVTransactionTableModel.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPushButton>
@@ -120,6 +121,11 @@ void CVTransactionTableView::restoreColumns(const QByteArray& columns) {
 }
 
 void CVTransactionTableView::keyboardSearch(const QString& search) {
+    // Space alone, which turns flags round, is no beginning of a name.
+    const bool begins = !mTypedAhead.isValid() || mTypedAhead.elapsed() > QApplication::keyboardInputInterval();
+    if (begins && search.trimmed().isEmpty())
+        return;
+    mTypedAhead.start();
     const int column = qMax(0, CVTransactionTableModel::columnOfIdentifier(mList.sortContext().key));
     if (currentIndex().column() != column) {
         const int row = qMax(0, currentIndex().row());

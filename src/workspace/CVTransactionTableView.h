@@ -3,6 +3,7 @@
 #include "shared/widgets/CVTableView.h"
 #include "workspace/CVTransactionList.h"
 
+#include <QElapsedTimer>
 #include <QTimer>
 
 class CVTransactionCellDelegate;
@@ -72,6 +73,8 @@ private:
     CVTransactionCellDelegate* mDelegate;
     QPushButton* mClearSearch;
     CVTransactionList::Rows mSelectedTransactions;
+    /// Since the last letter that was typed to go to a row.
+    QElapsedTimer mTypedAhead;
     /// Runs while a row is tinted.
     QTimer mTint;
 };

@@ -66,6 +66,17 @@ TEST_F(MainWindowFocusTest, ReturnOnAFlagEditsNothing) {
     EXPECT_EQ(focused(), &table());
 }
 
+TEST_F(MainWindowFocusTest, SpaceMovesNothingWhereThereIsNoFlag) {
+    table().setFocus();
+    table().setCurrentIndex(table().model()->index(1, Column::ToFrom));
+    press(Qt::Key_Space);
+    EXPECT_EQ(table().currentIndex(), table().model()->index(1, Column::ToFrom));
+    for (int i = 0; i < 3; ++i)
+        press(Qt::Key_Right);
+    press(Qt::Key_Space);
+    EXPECT_TRUE(document().transactions()[1]->taxFlag());
+}
+
 TEST_F(MainWindowFocusTest, TheEditorsOfCellsHaveTheNamesOfTheirColumns) {
     for (const Column column : {Column::Date, Column::Amount, Column::ToFrom, Column::For, Column::Category}) {
         table().setFocus();
