@@ -5,14 +5,13 @@
 
 namespace {
 
-constexpr int kSteps = 100;
+constexpr int kReadingSteps = 100;
 
 } // namespace
 
-CVReadingPanel::CVReadingPanel()
-    : mPanel(std::make_shared<CVProgressPanel>(QString::fromLatin1(CVBundle::kName), kSteps, nullptr)) {}
-
-bool CVReadingPanel::operator()(double part) const {
-    return mPanel->stepsDone(static_cast<int>(part * kSteps),
+bool CVReadingPanel::operator()(double part) {
+    if (!mPanel)
+        mPanel = std::make_shared<CVProgressPanel>(QString::fromLatin1(CVBundle::kName), kReadingSteps, nullptr);
+    return mPanel->stepsDone(static_cast<int>(part * kReadingSteps),
                              tr("Reading your budget. Cancel ends Corvella and changes nothing."));
 }

@@ -11,11 +11,10 @@ class CVReadingPanel final {
     Q_DECLARE_TR_FUNCTIONS(CVReadingPanel)
 
 public:
-    CVReadingPanel();
-
-    /// Which part has been read, from 0 to 1; false once the user has cancelled.
-    [[nodiscard]] bool operator()(double part) const;
+    /// Which part has been read, from 0, when the reading begins, to 1; false once the user has cancelled.
+    [[nodiscard]] bool operator()(double part);
 
 private:
+    /// Null before the reading begins.
     std::shared_ptr<CVProgressPanel> mPanel;
 };

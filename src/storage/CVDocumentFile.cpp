@@ -64,6 +64,10 @@ CVLoadReport CVDocumentFile::readFromURL(CVDocument& document, const QString& pa
         report.reason = tr("the file is larger than 2 GiB");
         return report;
     }
+    if (mReadingProgress && !mReadingProgress(0)) {
+        report.outcome = CVLoadReport::Outcome::Cancelled;
+        return report;
+    }
     bool read = false;
     mWasCancelled = false;
     try {

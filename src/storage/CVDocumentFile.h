@@ -40,8 +40,8 @@ public:
 
     CVDocumentFile(CVStandardFolders folders, QBUserDefaults& defaults);
 
-    /// Hears now and then which part of the file has been read, from 0 to 1 by an estimate, and cancels the reading by
-    /// answering false. None at first.
+    /// Hears 0 when the reading of a file begins and then now and again which part of it has been read, up to 1, by an
+    /// estimate; it cancels the reading by answering false. None at first.
     void setReadingProgress(std::function<bool(double part)> progress) { mReadingProgress = std::move(progress); }
 
     /// Fills a new document from the user's data file, or with the defaults when there is none to be read.

@@ -67,7 +67,7 @@ void CVMainWindowController::record() {
     const bool isListed = mWindow->transactionsTab().table().reveal(transaction.get());
     strip.focusField(CVEntryField::Amount);
     if (!isListed && mDisplayTab == kTransactions)
-        mWindow->transactionsTab().tellNotListed();
+        mWindow->transactionsTab().tellNotListed(*transaction);
 }
 
 void CVMainWindowController::showProblem(const CVEntryProblem& problem) {
@@ -114,7 +114,9 @@ void CVMainWindowController::exportTransactions() {
 }
 
 void CVMainWindowController::writeExport(const QString& path) {
-    const auto& rows = mList.displayTransactions();
+    // While the progress is shown other events run, which may list other lines.
+    const CVDocument::Transactions owners = mList.sharedDisplayTransactions();
+    const CVTransactionList::Rows rows = mList.displayTransactions();
     CVProgressPanel progress(tr("Export Transactions"), static_cast<int>(rows.size()), mWindow.get());
     const auto text = CVExportedTransactions(rows, [&progress](std::size_t done) {
         return progress.stepsDone(static_cast<int>(done), tr("Exporting transactions…"));

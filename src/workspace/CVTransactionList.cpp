@@ -150,8 +150,10 @@ bool CVTransactionList::showsUndated() const {
     return mTransactionPeriod == kPresetAll && all && mRange.start <= all->start && mRange.end >= all->end;
 }
 
-/// Whether all that the search can find is listed already, as it was made from the list before by typing on.
+/// Whether all that the search can find is listed already, in order, as it was made from the search before by typing
+/// on.
 bool CVTransactionList::searchNarrows() const {
-    return mSearched && mSearched->changeCount == mDocument.changeCount() &&
+    const quint64 now = mDocument.changeCount();
+    return mSearched && mSearched->changeCount == now && mSorted && mSorted->changeCount == now &&
            CVSearchNarrows(mSearched->query, {mSearchType, mSearchText});
 }

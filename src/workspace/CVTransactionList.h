@@ -49,11 +49,11 @@ public:
     void releaseTakenOut() { mSetTransactions.releaseTakenOut(); }
     /// Stage 2 from stage 1: the transactions in the range, and the undated ones where "All" is shown.
     void getTransactions();
-    /// Stage 3 from stage 2, not yet sorted.
+    /// Stage 3 from stage 2, not yet sorted; or from itself, sorted, where the search was only typed on.
     void filterTransactions();
     /// Sorts stage 3 as the user defaults say; a user without a choice gets, and keeps, newest first.
     void doUserSort();
-    /// Stage 3 anew from stage 2, sorted.
+    /// Stage 3 anew for the search, sorted.
     void refilter();
     /// The stages 2 and 3 anew from stage 1, sorted.
     void rebuild();

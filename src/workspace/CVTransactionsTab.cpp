@@ -1,5 +1,6 @@
 #include "workspace/CVTransactionsTab.h"
 
+#include "model/CVTransaction.h"
 #include "shared/widgets/CVFigureField.h"
 #include "workspace/CVPrintButton.h"
 #include "workspace/CVRangeControls.h"
@@ -61,11 +62,11 @@ void CVTransactionsTab::showTotalsAndCountsField() {
     mTotalAmountField->setText(mMoneyFormatter.string(total.amount));
 }
 
-void CVTransactionsTab::tellNotListed() {
-    const bool isSearched = !mList.searchText().isEmpty();
-    const QWidget& cause = isSearched ? static_cast<QWidget&>(*mSearchField) : *mRangeControls;
-    const QString text = isSearched ? tr("Recorded, but not listed here: it does not match the search.")
-                                    : tr("Recorded, but not listed here: its date is not in this range.");
+void CVTransactionsTab::tellNotListed(const CVTransaction& transaction) {
+    const bool isInRange = mList.range().contains(transaction.effectiveDate());
+    const QWidget& cause = isInRange ? static_cast<QWidget&>(*mSearchField) : *mRangeControls;
+    const QString text = isInRange ? tr("Recorded, but not listed here: it does not match the search.")
+                                   : tr("Recorded, but not listed here: its date is not in this range.");
     QToolTip::showText(cause.mapToGlobal(cause.rect().bottomLeft()), text, this, {}, kRemarkMilliseconds);
 }
 

@@ -7,6 +7,7 @@
 class CVFigureField;
 class CVRangeControls;
 class CVSearchField;
+class CVTransaction;
 class CVTransactionList;
 class CVTransactionTableView;
 class QHBoxLayout;
@@ -27,7 +28,7 @@ public:
     /// Counts and sums of the list as it is now.
     void showTotalsAndCountsField();
     /// Says for a few seconds why a transaction that was recorded is not among those that are listed.
-    void tellNotListed();
+    void tellNotListed(const CVTransaction& transaction);
     /// Shows everything in the locale in force.
     void updateFormatters();
 

@@ -42,27 +42,35 @@ TEST_F(ReadingProgress, RisesFromZeroToOne) {
     });
     EXPECT_EQ(read().outcome, CVLoadReport::Outcome::Loaded);
     EXPECT_EQ(mRead.document().transactions().size(), 20'500U);
-    ASSERT_EQ(parts.size(), 4U);
+    ASSERT_EQ(parts.size(), 5U);
     EXPECT_TRUE(std::is_sorted(parts.begin(), parts.end()));
-    EXPECT_GT(parts.front(), 0);
+    EXPECT_EQ(parts.front(), 0);
+    EXPECT_GT(parts[1], 0);
     EXPECT_LE(parts.back(), 1);
     EXPECT_GT(parts.back(), 0.5) << "the estimate is not far out";
 }
 
-TEST_F(ReadingProgress, SaysNothingOfASmallFile) {
+TEST_F(ReadingProgress, SaysNothingMoreOfASmallFile) {
+    writeBudget(100);
+    mFile.setReadingProgress([](double part) { return part == 0; });
+    EXPECT_EQ(read().outcome, CVLoadReport::Outcome::Loaded);
+}
+
+TEST_F(ReadingProgress, CanCancelBeforeAnythingIsRead) {
     writeBudget(100);
     mFile.setReadingProgress([](double /*part*/) { return false; });
-    EXPECT_EQ(read().outcome, CVLoadReport::Outcome::Loaded);
+    EXPECT_EQ(read().outcome, CVLoadReport::Outcome::Cancelled);
+    EXPECT_TRUE(mRead.document().transactions().empty());
 }
 
 TEST_F(ReadingProgress, CancelledReadingChangesNothing) {
     writeBudget(20'500);
     int reports = 0;
-    mFile.setReadingProgress([&reports](double /*part*/) { return ++reports < 2; });
+    mFile.setReadingProgress([&reports](double /*part*/) { return ++reports < 3; });
     const CVLoadReport report = read();
     EXPECT_EQ(report.outcome, CVLoadReport::Outcome::Cancelled);
     EXPECT_EQ(report.reason, "the reading was cancelled");
-    EXPECT_EQ(reports, 2) << "nobody is asked again";
+    EXPECT_EQ(reports, 3) << "nobody is asked again";
     EXPECT_FALSE(mFile.saves().isSaving());
     EXPECT_TRUE(mFile.saves().waitForFinished().saved);
     EXPECT_EQ(readFile(mPath), mBytes);

@@ -6,6 +6,7 @@
 #include "kit/RandomBudget.h"
 #include "model/CVTransactionSort.h"
 #include "shared/base/CVDefaultsKeys.h"
+#include "shared/base/QBMoney.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -213,6 +214,23 @@ TEST_F(CVTransactionListTest, SharesWhatItDisplaysInItsOrderWithItsRepetitions) 
     EXPECT_FALSE(removed.expired()) << "whoever has a share keeps it alive";
 }
 
+CVDocument::Transactions plainStage1(const CVDocument& document) {
+    CVDocument::Transactions transactions;
+    for (const auto& transaction : document.transactions()) {
+        if (transaction->transactionSetID() == document.shownTransactionSet())
+            transactions.push_back(transaction);
+    }
+    return transactions;
+}
+
+template <typename Transactions>
+double plainTotal(const Transactions& transactions) {
+    double sum = 0;
+    for (const auto& transaction : transactions)
+        sum += transaction->amount();
+    return RoundDoubleToTwoPlaces(sum);
+}
+
 /// The stages by their definition, from nothing, for the range of all.
 CVTransactionList::Rows plainStages(const CVDocument& document, const CVTransactionList& list) {
     CVTransactionList::Rows rows;
@@ -233,13 +251,21 @@ RC_GTEST_PROP(CVTransactionListProperty, AfterAnyChangesTheStagesAreWhatARebuild
     CVTransactionList list(document);
     for (int change = 0; change < 8; ++change) {
         list.collectTransactions();
+        RC_ASSERT(list.transactions() == plainStage1(document));
         list.setRangeFromPreset(day(2014, 3, 7));
         list.getTransactions();
         list.filterTransactions();
         list.doUserSort();
         RC_ASSERT(list.displayTransactions() == plainStages(document, list));
-        budget.change();
-        document.updateDates();
+        RC_ASSERT(list.totals().amount == plainTotal(list.transactions()));
+        RC_ASSERT(list.displayTotals().amount == plainTotal(list.displayTransactions()));
+        // An insertion alone is followed without a walk over all; it widens the dates itself.
+        if (budget.oneIn(2)) {
+            document.insertTransaction(budget.transaction());
+        } else {
+            budget.change();
+            document.updateDates();
+        }
     }
 }
 

@@ -59,10 +59,32 @@ TEST_F(MainWindowFocusTest, TheRemoveButtonLeadsToTheTable) {
     EXPECT_EQ(focused(), &table());
 }
 
+/// What the toolkit complains of while it lives.
+class Complaints {
+public:
+    Complaints() { qInstallMessageHandler(note); }
+    ~Complaints() { qInstallMessageHandler(nullptr); }
+    Complaints(const Complaints&) = delete;
+    Complaints& operator=(const Complaints&) = delete;
+
+    [[nodiscard]] static QStringList& all() {
+        static QStringList all;
+        return all;
+    }
+
+private:
+    static void note(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& text) {
+        all().append(text);
+    }
+};
+
 TEST_F(MainWindowFocusTest, ReturnOnAFlagEditsNothing) {
     table().setFocus();
     table().setCurrentIndex(table().model()->index(0, Column::UserFlag));
+    Complaints::all().clear();
+    const Complaints complaints;
     press(Qt::Key_Return);
+    EXPECT_EQ(Complaints::all(), QStringList()) << "the toolkit was asked to edit what has no editor";
     EXPECT_EQ(focused(), &table());
 }
 

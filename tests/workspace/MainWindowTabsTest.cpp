@@ -68,6 +68,14 @@ TEST_F(MainWindowTabsTest, ShowTheSameWhereNothingHasChanged) {
     EXPECT_EQ(averages(), (QStringList{"Food", "$30.00"}));
 }
 
+TEST_F(MainWindowTabsTest, AreNotComputedAnewWhereNothingHasChanged) {
+    // Nobody is told of this, and the next computation would put it right.
+    document().categories().front()->setTotal(99);
+    EXPECT_EQ(averages(), (QStringList{"Food", "$99.00"}));
+    document().transactions().front()->setTaxFlag(true);
+    EXPECT_EQ(averages(), (QStringList{"Food", "$30.00"}));
+}
+
 TEST_F(MainWindowTabsTest, ShowAnAmountThatWasEdited) {
     setCell(0, Column::Amount, 15.0);
     EXPECT_EQ(totals(), QStringList{"$35.00"});
@@ -181,11 +189,18 @@ TEST_F(MainWindowTabsTest, AnEntryThatIsNotListedSaysWhy) {
     fillIn("5", "Market", "Food");
     press(Qt::Key_Return);
     EXPECT_EQ(QToolTip::text(), "Recorded, but not listed here: its date is not in this range.");
+    find<QLineEdit>("mSearchField103")->setText("mark");
+    fillIn("5", "Market", "Food");
+    press(Qt::Key_Return);
+    EXPECT_EQ(QToolTip::text(), "Recorded, but not listed here: its date is not in this range.") << "the search fits";
 }
 
 TEST_F(MainWindowTabsTest, TheWheelChoosesNothingInABoxWithoutTheFocus) {
     for (const char* const name : {"mSetTransactionDateRange", "mTransactionSet", "mExpensePeriod"}) {
         auto* const box = find<QComboBox>(name);
+        if (box->count() < 2)
+            box->addItems({"One", "Two"});
+        box->setCurrentIndex(0);
         const int before = box->currentIndex();
         QWheelEvent wheel(QPointF(5, 5), box->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
                           false);

@@ -12,9 +12,9 @@ namespace {
 /// Of the outline, whose colour is that of the text.
 constexpr int kOutlineAlpha = 130;
 constexpr int kDisabledOutlineAlpha = 50;
-/// A table has no more at a time: greyed or not, checked or not, selected or not, in a window with the focus or
-/// without.
-constexpr std::size_t kMostLooks = 16;
+/// Greyed or not, checked or not, selected or not, under the mouse or not, in a window with the focus or without; what
+/// goes beyond that is of another palette or scale.
+constexpr std::size_t kMostLooks = 32;
 constexpr QStyle::State kVisibleStates =
     QStyle::State_Enabled | QStyle::State_Active | QStyle::State_Selected | QStyle::State_MouseOver;
 

@@ -2,12 +2,18 @@
 
 #include "shared/widgets/CVProgressDelay.h"
 
+#include <QPushButton>
+
 #include <limits>
 
 CVProgressPanel::CVProgressPanel(const QString& title, int steps, QWidget* window) : QProgressDialog(window) {
     setWindowModality(Qt::ApplicationModal);
     setWindowTitle(title);
-    setCancelButtonText(tr("Cancel"));
+    // A key that was meant for what the panel covers must not cancel.
+    auto* const cancel = new QPushButton(tr("Cancel"), this);
+    setCancelButton(cancel);
+    cancel->setAutoDefault(false);
+    setFocusPolicy(Qt::StrongFocus);
     setRange(0, steps);
     // It would estimate how long the rest takes, and appear earlier than it is due.
     setMinimumDuration(std::numeric_limits<int>::max());
@@ -20,8 +26,10 @@ bool CVProgressPanel::stepsDone(int steps, const QString& label) {
     if (mElapsed.elapsed() < kCVProgressDelay)
         return true;
     setLabelText(label);
-    if (!mIsShown)
+    if (!mIsShown) {
         forceShow();
+        setFocus();
+    }
     mIsShown = true;
     setValue(steps);
     return isVisible() && !wasCanceled();

@@ -45,17 +45,25 @@ CVTextGlyphs::CVTextGlyphs(const QFont& font, Qt::LayoutDirection direction)
     , mHeight(QFontMetrics(font).height())
     , mAscent(QFontMetrics(font).ascent()) {
     const Line digit = layOut(QStringLiteral("0"));
-    if (digit.runs.size() == 1)
+    // From the right, signs may change sides: then figures are texts like others.
+    if (digit.runs.size() == 1 && direction == Qt::LeftToRight)
         mFigure.setRawFont(digit.runs.first().rawFont());
 }
 
 double CVTextGlyphs::width(QStringView text) {
+    const auto figure = figureWidth(text);
+    return figure ? *figure : known(text).whole.width;
+}
+
+std::optional<double> CVTextGlyphs::figureWidth(QStringView text) {
+    if (text.size() > kLongestFigure || text.startsWith(u' ') || text.endsWith(u' ') || text.contains(u"  "))
+        return std::nullopt;
     double width = 0;
     for (const QChar character : text) {
-        const auto& known = figureCharacter(character);
-        if (!known)
-            return this->known(text).whole.width;
-        width += known->advance;
+        const auto& found = figureCharacter(character);
+        if (!found)
+            return std::nullopt;
+        width += found->advance;
     }
     return width;
 }
@@ -97,14 +105,14 @@ CVTextGlyphs::Text& CVTextGlyphs::known(QStringView text) {
 }
 
 const CVTextGlyphs::Line& CVTextGlyphs::lineFor(QStringView text, int width) {
-    Text& known = this->known(text);
-    if (known.whole.width <= width)
-        return known.whole;
-    if (known.cutWidth != width) {
-        known.cut = layOut(QFontMetricsF(mFont).elidedText(text.toString().simplified(), Qt::ElideRight, width));
-        known.cutWidth = width;
+    Text& found = known(text);
+    if (found.whole.width <= width)
+        return found.whole;
+    if (found.cutWidth != width) {
+        found.cut = layOut(QFontMetricsF(mFont).elidedText(text.toString().simplified(), Qt::ElideRight, width));
+        found.cutWidth = width;
     }
-    return known.cut;
+    return found.cut;
 }
 
 const std::optional<CVTextGlyphs::Character>& CVTextGlyphs::figureCharacter(QChar character) {
@@ -127,22 +135,20 @@ std::optional<CVTextGlyphs::Character> CVTextGlyphs::makeFigureCharacter(QChar c
 
 /// False, with nothing painted, for what is no figure or does not fit.
 bool CVTextGlyphs::paintFigure(QPainter& painter, const QRect& place, Qt::Alignment alignment, QStringView text) {
-    if (text.size() > kLongestFigure)
+    const auto width = figureWidth(text);
+    if (!width || *width > place.width())
         return false;
     QVarLengthArray<quint32, kLongestFigure> glyphs;
     QVarLengthArray<QPointF, kLongestFigure> positions;
-    double width = 0;
+    double x = 0;
     for (const QChar character : text) {
-        const auto& known = figureCharacter(character);
-        if (!known)
-            return false;
-        glyphs.append(known->glyph);
-        positions.append(QPointF(width, 0));
-        width += known->advance;
+        const Character& figure = figureCharacter(character).value();
+        glyphs.append(figure.glyph);
+        positions.append(QPointF(x, 0));
+        x += figure.advance;
     }
-    if (width > place.width())
-        return false;
     mFigure.setRawData(glyphs.constData(), positions.constData(), static_cast<int>(glyphs.size()));
-    painter.drawGlyphRun(QPointF(leftEdge(place, alignment, width), baseline(place)), mFigure);
+    painter.drawGlyphRun(QPointF(leftEdge(place, alignment, *width), baseline(place)), mFigure);
+    mFigure.setRawData(nullptr, nullptr, 0);
     return true;
 }

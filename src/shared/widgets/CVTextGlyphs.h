@@ -11,8 +11,7 @@
 class QPainter;
 
 /// Lines of text as glyphs, to be painted again and again: a text is laid out once, and a figure never, as it is put
-/// together from the glyphs of its digits and marks. For one
-/// font and one direction of writing.
+/// together from the glyphs of its digits and marks. For one font and one direction of writing.
 class CVTextGlyphs final {
 public:
     CVTextGlyphs(const QFont& font, Qt::LayoutDirection direction);
@@ -56,6 +55,8 @@ private:
     [[nodiscard]] Line layOut(const QString& text) const;
     [[nodiscard]] Text& known(QStringView text);
     [[nodiscard]] const Line& lineFor(QStringView text, int width);
+    /// Absent for what is no figure.
+    [[nodiscard]] std::optional<double> figureWidth(QStringView text);
     [[nodiscard]] const std::optional<Character>& figureCharacter(QChar character);
     [[nodiscard]] std::optional<Character> makeFigureCharacter(QChar character) const;
     bool paintFigure(QPainter& painter, const QRect& place, Qt::Alignment alignment, QStringView text);

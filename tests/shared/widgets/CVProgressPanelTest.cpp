@@ -1,5 +1,6 @@
 #include "shared/widgets/CVProgressPanel.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
@@ -36,6 +37,14 @@ TEST_F(ProgressPanel, NeverAppearsForWhatIsQuick) {
     EXPECT_TRUE(progress.stepsDone(1, "At work…"));
     EXPECT_TRUE(progress.stepsDone(1000, "At work…"));
     EXPECT_FALSE(progress.isVisible());
+}
+
+TEST_F(ProgressPanel, IsNotCancelledByAKeyMeantForSomethingElse) {
+    ASSERT_GT(paintUntilVisible(100), 0);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&progress));
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space})
+        QTest::keyClick(QApplication::focusWidget() ? QApplication::focusWidget() : &progress, key);
+    EXPECT_TRUE(progress.stepsDone(101, "At work…"));
 }
 
 TEST_F(ProgressPanel, EndsWithItsButtonOrByBeingClosed) {

@@ -91,6 +91,7 @@ INSTANTIATE_TEST_SUITE_P(Rows, CVTextGlyphsTest,
                                          TextRow{"a date", "11/21/26"}, TextRow{"accents", "Café Blümchen"},
                                          TextRow{"ligatures", "offline files"},
                                          TextRow{"figures in a text", "Flat 12b"},
+                                         TextRow{"figures with blanks", " 24  7 "},
                                          TextRow{"several blanks and lines", "two\n  lines "}));
 
 TEST_F(CVTextGlyphsTest, PaintsNothingForNoText) {
@@ -104,6 +105,14 @@ TEST_F(CVTextGlyphsTest, InAWindowFromTheRightTheLeftIsTheRight) {
     const auto inkOf = [&](Qt::Alignment alignment) {
         return ink(painted([&](QPainter& painter) { mirrored.paint(painter, kPlace, alignment, u"Market"); }));
     };
+    const QImage figure =
+        painted([&](QPainter& painter) { mirrored.paint(painter, kPlace, Qt::AlignRight, u"-$7.05"); });
+    const QImage laidOut = painted([&](QPainter& painter) {
+        painter.setFont(mFont);
+        painter.setLayoutDirection(Qt::RightToLeft);
+        painter.drawText(kPlace, Qt::AlignRight | Qt::AlignVCenter, "-$7.05");
+    });
+    EXPECT_EQ(figure.copy(ink(figure)), laidOut.copy(ink(laidOut))) << "the sign stands where the toolkit puts it";
     EXPECT_GT(inkOf(Qt::AlignLeft).left(), kPlace.center().x());
     EXPECT_LT(inkOf(Qt::AlignRight).right(), kPlace.center().x());
 }
