@@ -259,12 +259,15 @@ RC_GTEST_PROP(CVTransactionListProperty, AfterAnyChangesTheStagesAreWhatARebuild
         RC_ASSERT(list.displayTransactions() == plainStages(document, list));
         RC_ASSERT(list.totals().amount == plainTotal(list.transactions()));
         RC_ASSERT(list.displayTotals().amount == plainTotal(list.displayTransactions()));
-        // An insertion alone is followed without a walk over all; it widens the dates itself.
-        if (budget.oneIn(2)) {
-            document.insertTransaction(budget.transaction());
-        } else {
+        // Insertions alone are followed without a walk over all, also where nobody asks for figures in between; they
+        // widen the dates themselves.
+        if (budget.oneIn(3)) {
             budget.change();
             document.updateDates();
+        }
+        for (quint32 left = budget.below(3); left > 0; --left) {
+            list.collectTransactions();
+            document.insertTransaction(budget.transaction());
         }
     }
 }
