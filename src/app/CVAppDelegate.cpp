@@ -30,9 +30,8 @@ CVAppDelegate::~CVAppDelegate() = default;
 
 bool CVAppDelegate::applicationDidFinishLaunching() {
     mUpdates.checkAutomatically(mUserDefaults.integerForKey(CVDefaultsKeys::kCheckUpdatesAutomatically));
-    // Later readings, from another place, cannot be cancelled: there is a budget on the screen that needs its file.
-    mFile.setReadingProgress(std::exchange(mReadingProgress, {}));
     const CVLoadReport report = mFile.initWithStandardUserFile(*mDocument);
+    // Later readings, from another place, cannot be cancelled: there is a budget on the screen that needs its file.
     mFile.setReadingProgress({});
     if (report.outcome == CVLoadReport::Outcome::Cancelled)
         return false;

@@ -42,7 +42,9 @@ public:
     void setPrintPanels(CVPrintPanels* panels) { mPrintPanels = panels; }
 
     /// Hears how far the reading of the data file has come (see `CVDocumentFile`); none at first.
-    void setReadingProgress(std::function<bool(double part)> progress) { mReadingProgress = std::move(progress); }
+    void setReadingProgress(std::function<bool(double part)> progress) {
+        mFile.setReadingProgress(std::move(progress));
+    }
 
     /// Looks for a newer version if one is due, opens the document and shows its window. False when the reading of a
     /// large data file was cancelled: nothing is open then, and nothing was changed.
@@ -95,7 +97,6 @@ private:
     CVUpdateController mUpdates;
     CVHelpOpener* mHelp = nullptr;
     CVPrintPanels* mPrintPanels = nullptr;
-    std::function<bool(double part)> mReadingProgress;
     std::unique_ptr<CVDocument> mDocument;
     std::unique_ptr<CVEditorWindows> mEditorWindows;
     std::unique_ptr<CVMainWindowController> mMainWindow;

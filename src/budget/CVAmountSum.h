@@ -1,8 +1,19 @@
 #pragma once
 
 #include "budget/CVCents.h"
+#include "model/CVFetchAhead.h"
+#include "shared/base/QBMoney.h"
 
 #include <optional>
+
+/// The amounts of transactions, added one after another as doubles and rounded to two places once, at the end.
+template <typename Pointers>
+[[nodiscard]] double CVSumRoundedOnce(const Pointers& transactions) {
+    double sum = 0;
+    for (std::size_t i = 0; i < transactions.size(); ++i)
+        sum += CVFetchAhead(transactions, i).amount();
+    return RoundDoubleToTwoPlaces(sum);
+}
 
 /// A sum that is rounded to two places once, at its end, added up in whole cents: then the order of the amounts does
 /// not matter, and amounts can be added to a sum that was there before. It stands for the sum of the doubles, added one

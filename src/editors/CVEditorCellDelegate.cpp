@@ -1,8 +1,9 @@
 #include "editors/CVEditorCellDelegate.h"
 
+#include "shared/widgets/CVCellStyle.h"
+
 #include <QEvent>
 #include <QLineEdit>
-#include <QStyle>
 
 namespace {
 
@@ -39,9 +40,8 @@ QWidget* CVEditorCellDelegate::createEditor(QWidget* parent, const QStyleOptionV
     QWidget* const editor = CVCellDelegate::createEditor(parent, option, index);
     editor->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
     if (auto* const field = qobject_cast<QLineEdit*>(editor)) {
-        // The text stays where the cell has it: the field itself leaves 2 pixels free, the styles 1 more than they say.
-        const QStyle& style = *option.widget->style();
-        const int margin = style.pixelMetric(QStyle::PM_FocusFrameHMargin, &option, option.widget) - 1;
+        // The text stays where the cell has it: the field itself leaves 2 pixels free.
+        const int margin = CVTextMarginOfCell(option) - 2;
         field->setTextMargins(margin, 0, margin, 0);
     }
     return editor;

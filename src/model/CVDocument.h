@@ -115,9 +115,12 @@ public:
     /// of the bounds of their dates: whoever keeps what was computed from them can tell whether it still holds.
     [[nodiscard]] quint64 changeCount() const { return mChangeCount; }
     /// The records tell of their own changes.
-    void recordChanged() { ++mChangeCount; }
+    void recordChanged() {
+        ++mChangeCount;
+        mLastInsertion.reset();
+    }
     /// The index at which the last of these changes put a new transaction; absent when it was a change of another kind.
-    [[nodiscard]] std::optional<std::size_t> lastInsertion() const;
+    [[nodiscard]] const std::optional<std::size_t>& lastInsertion() const { return mLastInsertion; }
 
     /// What a document without data holds: the standard categories and a paid-to list of ten.
     void addDefaults();
@@ -134,18 +137,13 @@ private:
     void announceTransactions() const;
     void announceCategories() const;
 
-    struct Insertion {
-        quint64 changeCount = 0;
-        std::size_t index = 0;
-    };
-
     Transactions mTransactions;
     Categories mCategories;
     TransactionSets mTransactionSets;
     quint32 mCurrentTransactionSetID = 0;
     quint32 _uniqueID = 0;
     quint64 mChangeCount = 0;
-    Insertion mLastInsertion;
+    std::optional<std::size_t> mLastInsertion;
     std::optional<QBDate> _earliestTransactionDate;
     std::optional<QBDate> _latestTransactionDate;
     QBNotificationCenter& mNotificationCenter;

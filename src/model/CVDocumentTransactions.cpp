@@ -31,12 +31,6 @@ void CVDocument::addTransaction(std::shared_ptr<CVTransaction> transaction) {
     mTransactions.push_back(std::move(transaction));
 }
 
-std::optional<std::size_t> CVDocument::lastInsertion() const {
-    if (mLastInsertion.changeCount != mChangeCount || mChangeCount == 0)
-        return std::nullopt;
-    return mLastInsertion.index;
-}
-
 void CVDocument::insertTransaction(const std::shared_ptr<CVTransaction>& transaction) {
     if (!transaction)
         return;
@@ -51,7 +45,7 @@ void CVDocument::insertTransaction(const std::shared_ptr<CVTransaction>& transac
     const auto index = indexInTransactionArrayOfDate(transaction->effectiveDate());
     mTransactions.insert(mTransactions.begin() + static_cast<std::ptrdiff_t>(index), transaction);
     recordChanged();
-    mLastInsertion = {mChangeCount, index};
+    mLastInsertion = index;
     announceTransactions();
 }
 

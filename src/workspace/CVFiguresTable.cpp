@@ -39,9 +39,9 @@ void CVFiguresTable::reload() {
 
 void CVFiguresTable::keyPressEvent(QKeyEvent* event) {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isReturn && currentIndex().flags().testFlag(Qt::ItemIsEditable) && state() != EditingState)
-        edit(currentIndex());
-    else if (isReturn && currentIndex().isValid())
+    if (isReturn && editCurrentCell())
+        return;
+    if (isReturn && currentIndex().isValid())
         emit cellOpened(currentIndex());
     else
         CVTableView::keyPressEvent(event);

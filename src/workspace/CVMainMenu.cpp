@@ -1,5 +1,6 @@
 #include "workspace/CVMainMenu.h"
 
+#include "shared/widgets/CVTableView.h"
 #include "workspace/CVEditCommands.h"
 #include "workspace/CVOptionItem.h"
 #include "workspace/CVTransactionTableModel.h"
@@ -8,7 +9,6 @@
 #include <QKeyEvent>
 #include <QMainWindow>
 #include <QMenuBar>
-#include <QTableView>
 
 #include <algorithm>
 
@@ -77,7 +77,7 @@ constexpr std::array<Entry, kCVCommands> kEntries{
 
 } // namespace
 
-CVMainMenu::CVMainMenu(QMainWindow& window, QTableView& table) : QObject(&window), mWindow(window) {
+CVMainMenu::CVMainMenu(QMainWindow& window, CVTableView& table) : QObject(&window), mWindow(window) {
     addCommands();
     addTableCommands(table);
     qApp->installEventFilter(this);
@@ -142,15 +142,12 @@ void CVMainMenu::addSortMenu(QMenu& menu) {
     }
 }
 
-void CVMainMenu::addTableCommands(QTableView& table) {
+void CVMainMenu::addTableCommands(CVTableView& table) {
     QAction* const remove = mActions[static_cast<std::size_t>(CVCommand::Remove)];
     remove->setShortcutContext(Qt::WidgetShortcut);
     remove->setEnabled(false);
     auto* const edit = new QAction(tr("&Edit"), &table);
-    connect(edit, &QAction::triggered, &table, [&table] {
-        if (table.currentIndex().flags().testFlag(Qt::ItemIsEditable))
-            table.edit(table.currentIndex());
-    });
+    connect(edit, &QAction::triggered, &table, &CVTableView::editCurrentCell);
     auto* const copy = new QAction(tr("&Copy"), &table);
     connect(copy, &QAction::triggered, &table, [&table] { CVEdit(CVEditCommand::Copy, &table); });
     // All of them act on the selected rows.

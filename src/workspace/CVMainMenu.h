@@ -5,10 +5,10 @@
 
 #include <array>
 
+class CVTableView;
 class QAction;
 class QMainWindow;
 class QMenu;
-class QTableView;
 
 /// What the menus of the main window can ask for.
 enum class CVCommand {
@@ -47,7 +47,7 @@ class CVMainMenu final : public QObject {
 public:
     /// Fills the menu bar of `window`. The shortcut of Remove Transactions works in `table` alone, so that Delete keeps
     /// its meaning elsewhere.
-    CVMainMenu(QMainWindow& window, QTableView& table);
+    CVMainMenu(QMainWindow& window, CVTableView& table);
 
     /// A command that cannot act now is greyed out, and its shortcut does nothing.
     void setEnabled(CVCommand command, bool enabled);
@@ -63,7 +63,7 @@ private:
     void addCommands();
     void addEditCommands(QMenu& menu);
     void addSortMenu(QMenu& menu);
-    void addTableCommands(QTableView& table);
+    void addTableCommands(CVTableView& table);
 
     QMainWindow& mWindow;
     std::array<QAction*, kCVCommands> mActions{};

@@ -34,11 +34,10 @@ CVMainWindow::CVMainWindow(const CVTransactionList& list, const CVGridContents& 
     mMainTabView->setCornerWidget(mSetPicker);
     // The frame around the pages is what takes longest to paint, and says nothing.
     mMainTabView->setDocumentMode(true);
-    for (QWidget* const page : {static_cast<QWidget*>(mTransactionsTab), static_cast<QWidget*>(mSummaryTab),
-                                static_cast<QWidget*>(mReportsTab)}) {
-        // The edges of the pages are those of the entry strip above them.
-        const int above = page->layout()->contentsMargins().top();
-        page->layout()->setContentsMargins(0, above, 0, 0);
+    // The edges of the pages are those of the entry strip above them.
+    for (int page = 0; page < mMainTabView->count(); ++page) {
+        QLayout& inside = *mMainTabView->widget(page)->layout();
+        inside.setContentsMargins(0, inside.contentsMargins().top(), 0, 0);
     }
     auto* const content = new QWidget(this);
     auto* const layout = new QVBoxLayout(content);

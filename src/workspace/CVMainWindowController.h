@@ -136,20 +136,6 @@ private:
         bool operator==(const Basis&) const = default;
     };
 
-    struct GridBasis {
-        Basis rows;
-        int periodType = 0;
-        QBDate firstDay;
-
-        bool operator==(const GridBasis&) const = default;
-    };
-    struct ReportBasis {
-        Basis rows;
-        CVDayRange range;
-
-        bool operator==(const ReportBasis&) const = default;
-    };
-
     [[nodiscard]] Basis basis() const;
     void buildCategoryArray();
     void reloadGrid();
@@ -169,11 +155,12 @@ private:
     CVPaidToList mPaidToList;
     /// The rows of the grid and the reports, and what they were built from.
     CVDocument::Categories mCategoryArray;
-    std::optional<Basis> mCategoryBasis;
+    std::optional<Basis> mBasis;
+    /// Of the figures that were computed from that; absent for none. A range of the grid belongs to one type of period.
+    std::optional<CVDayRange> mGridRange;
+    std::optional<CVDayRange> mReportRange;
     CVGridContents mGrid;
-    std::optional<GridBasis> mGridBasis;
     CVReportContents mReports;
-    std::optional<ReportBasis> mReportBasis;
     CVPrintCommands mPrintCommands;
     int mDisplayTab = kTransactions;
     int mReportTab = 0;

@@ -27,28 +27,29 @@ CVMainWindowController::Basis CVMainWindowController::basis() const {
 
 void CVMainWindowController::buildCategoryArray() {
     const Basis now = basis();
-    if (mCategoryBasis == now)
+    if (mBasis == now)
         return;
     mCategoryArray = ::buildCategoryArray(mDocument, now.showUnused);
-    mCategoryBasis = now;
+    mBasis = now;
+    mGridRange.reset();
+    mReportRange.reset();
 }
 
 void CVMainWindowController::reloadGrid() {
     buildCategoryArray();
-    const GridBasis now{basis(), mGrid.periods().periodType(), mGrid.periods().firstColumnStartingDate()};
-    if (mGridBasis == now)
+    const CVDayRange range = mGrid.periods().displayRange();
+    if (mGridRange == range)
         return;
     mGrid.reload(mList.transactions(), mCategoryArray);
-    mGridBasis = now;
+    mGridRange = range;
 }
 
 void CVMainWindowController::reloadReports() {
     buildCategoryArray();
-    const ReportBasis now{basis(), mReports.range()};
-    if (mReportBasis == now)
+    if (mReportRange == mReports.range())
         return;
     mReports.reload(mList.transactions(), mCategoryArray);
-    mReportBasis = now;
+    mReportRange = mReports.range();
 }
 
 void CVMainWindowController::setTimePeriod(int periodType) {

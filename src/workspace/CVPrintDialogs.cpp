@@ -15,6 +15,8 @@
 #include <QRegularExpression>
 #include <QScopedValueRollback>
 
+#include <functional>
+
 namespace {
 
 struct PrintDialogText {
@@ -70,7 +72,7 @@ private:
 /// Most printers are sent the pages that were painted before the user cancelled: the toolkit cannot take them back.
 Failure paint(QWidget& window, QPrinter& printer, const CVReportView& view, CVPageRange pages) {
     PrintProgress progress(window, pages.count());
-    const auto result = CVPaintPages(view, printer, pages, [&progress](int done) { return progress(done); });
+    const auto result = CVPaintPages(view, printer, pages, std::ref(progress));
     if (result == CVPaintResult::Cancelled && !isPreview(printer))
         printer.abort();
     if (result == CVPaintResult::Failed || printer.printerState() == QPrinter::Error)
@@ -80,7 +82,7 @@ Failure paint(QWidget& window, QPrinter& printer, const CVReportView& view, CVPa
 
 Failure writeFile(QWidget& window, const QString& path, const CVReportView& view, CVPageRange pages) {
     PrintProgress progress(window, pages.count());
-    const auto failure = CVWriteReportFile(path, view, pages, [&progress](int done) { return progress(done); });
+    const auto failure = CVWriteReportFile(path, view, pages, std::ref(progress));
     if (!failure)
         return std::nullopt;
     return PrintDialogText::tr("The file “%1” could not be written: %2").arg(QDir::toNativeSeparators(path), *failure);

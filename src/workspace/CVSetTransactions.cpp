@@ -1,7 +1,6 @@
 #include "workspace/CVSetTransactions.h"
 
 #include "model/CVFetchAhead.h"
-#include "shared/base/QBMoney.h"
 
 #include <algorithm>
 #include <iterator>
@@ -47,13 +46,6 @@ CVDocument::Transactions replaceChangedPart(CVDocument::Transactions& target, co
     return lost;
 }
 
-double roundedSum(const CVDocument::Transactions& transactions) {
-    double sum = 0;
-    for (std::size_t i = 0; i < transactions.size(); ++i)
-        sum += CVFetchAhead(transactions, i).amount();
-    return RoundDoubleToTwoPlaces(sum);
-}
-
 } // namespace
 
 void CVSetTransactions::collect() {
@@ -77,8 +69,8 @@ void CVSetTransactions::collect() {
 }
 
 double CVSetTransactions::total() const {
-    const auto rounded = totalInAnyOrder();
-    return rounded ? *rounded : roundedSum(mTransactions);
+    const auto total = totalInAnyOrder();
+    return total ? *total : CVSumRoundedOnce(mTransactions);
 }
 
 bool CVSetTransactions::lieIn(const CVDayRange& range) const {

@@ -5,12 +5,12 @@
 #include "model/CVTransaction.h"
 #include "model/CVTransactionSort.h"
 #include "shared/base/CVDefaultsKeys.h"
-#include "shared/base/QBMoney.h"
 #include "shared/base/QBUserDefaults.h"
 
 #include <algorithm>
 #include <iterator>
 #include <unordered_set>
+#include <utility>
 
 namespace {
 
@@ -64,17 +64,13 @@ void CVTransactionList::getTransactions() {
 }
 
 void CVTransactionList::filterTransactions() {
-    if (mSearchText.isEmpty()) {
-        mDisplayTransactionArray = mDateSelectedTransactionArray;
-        mSorted.reset();
-    } else if (searchNarrows()) {
-        mDisplayTransactionArray = searchTransactionsWithString(mDisplayTransactionArray, mSearchType, mSearchText);
-    } else {
-        mDisplayTransactionArray =
-            searchTransactionsWithString(mDateSelectedTransactionArray, mSearchType, mSearchText);
-        mSorted.reset();
-    }
-    mSearched = Search{mDocument.changeCount(), {mSearchType, mSearchText}};
+    const bool narrows = searchNarrows();
+    const Rows& source = narrows ? mDisplayTransactionArray : mDateSelectedTransactionArray;
+    mDisplayTransactionArray =
+        mQuery.text.isEmpty() ? source : searchTransactionsWithString(source, mQuery.kind, mQuery.text);
+    if (!narrows)
+        mSortedAt.reset();
+    mSearched = Search{mDocument.changeCount(), mQuery};
 }
 
 void CVTransactionList::doUserSort() {
@@ -86,14 +82,13 @@ void CVTransactionList::doUserSort() {
         defaults.setInteger(CVDefaultsKeys::kTransactionSortOrder, kDescending);
     }
     const bool descending = defaults.integerForKey(CVDefaultsKeys::kTransactionSortOrder) == kDescending;
-    mTransactionSortContext = {*column, descending};
+    const CVTransactionSortContext before = std::exchange(mTransactionSortContext, {*column, descending});
     // What a search leaves of sorted lines is sorted, where each line has what it is sorted by.
-    const quint64 now = mDocument.changeCount();
-    if (mSorted && mSorted->changeCount == now && mSorted->context == mTransactionSortContext)
+    if (mSortedAt == mDocument.changeCount() && before == mTransactionSortContext)
         return;
-    mSorted.reset();
+    mSortedAt.reset();
     if (CVSortTransactions(mDisplayTransactionArray, mTransactionSortContext, mDocument.categories()))
-        mSorted = Order{now, mTransactionSortContext};
+        mSortedAt = mDocument.changeCount();
 }
 
 void CVTransactionList::refilter() {
@@ -121,10 +116,7 @@ CVTransactionList::Totals CVTransactionList::displayTotals() const {
     const bool showsAll = mRangeHoldsAll && mSearched && mSearched->query.text.isEmpty();
     if (const auto total = showsAll ? mSetTransactions.totalInAnyOrder() : std::nullopt)
         return {mDisplayTransactionArray.size(), *total};
-    double sum = 0;
-    for (std::size_t i = 0; i < mDisplayTransactionArray.size(); ++i)
-        sum += CVFetchAhead(mDisplayTransactionArray, i).amount();
-    return {mDisplayTransactionArray.size(), RoundDoubleToTwoPlaces(sum)};
+    return {mDisplayTransactionArray.size(), CVSumRoundedOnce(mDisplayTransactionArray)};
 }
 
 CVDocument::Transactions CVTransactionList::owned(const Rows& rows) const {
@@ -154,6 +146,6 @@ bool CVTransactionList::showsUndated() const {
 /// on.
 bool CVTransactionList::searchNarrows() const {
     const quint64 now = mDocument.changeCount();
-    return mSearched && mSearched->changeCount == now && mSorted && mSorted->changeCount == now &&
-           CVSearchNarrows(mSearched->query, {mSearchType, mSearchText});
+    return !mQuery.text.isEmpty() && mSearched && mSearched->changeCount == now && mSortedAt == now &&
+           CVSearchNarrows(mSearched->query, mQuery);
 }

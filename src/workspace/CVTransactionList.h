@@ -34,11 +34,11 @@ public:
     void updateDisplayDatesWithTransaction(const CVTransaction& transaction);
 
     /// A kind of search by its number.
-    void setSearchType(int kind) { mSearchType = kind; }
-    [[nodiscard]] int searchType() const { return mSearchType; }
+    void setSearchType(int kind) { mQuery.kind = kind; }
+    [[nodiscard]] int searchType() const { return mQuery.kind; }
     /// As typed, not trimmed; empty: everything passes.
-    void setSearchText(const QString& text) { mSearchText = text; }
-    [[nodiscard]] const QString& searchText() const { return mSearchText; }
+    void setSearchText(const QString& text) { mQuery.text = text; }
+    [[nodiscard]] const QString& searchText() const { return mQuery.text; }
 
     /// Stage 1: the transactions of the document's current set, in document order. The further stages stay, and what
     /// they, or a table, refer to lives until `releaseTakenOut`.
@@ -76,14 +76,10 @@ public:
     [[nodiscard]] CVDocument::Transactions sharedDisplayTransactions() const;
 
 private:
-    /// What stage 3 was made of stage 2 with, and how it was sorted, at one of the document's change counts.
+    /// What stage 3 was made of stage 2 with, at one of the document's change counts.
     struct Search {
         quint64 changeCount = 0;
         CVSearchQuery query;
-    };
-    struct Order {
-        quint64 changeCount = 0;
-        CVTransactionSortContext context;
     };
 
     [[nodiscard]] bool showsUndated() const;
@@ -92,8 +88,7 @@ private:
     CVDocument& mDocument;
     int mTransactionPeriod = 0;
     CVDayRange mRange;
-    int mSearchType = 0;
-    QString mSearchText;
+    CVSearchQuery mQuery;
     CVSetTransactions mSetTransactions;
     Rows mDateSelectedTransactionArray;
     Rows mDisplayTransactionArray;
@@ -101,5 +96,7 @@ private:
     /// Whether stage 2 was made of stage 1 as it is, and holds all of it.
     bool mRangeHoldsAll = false;
     std::optional<Search> mSearched;
-    std::optional<Order> mSorted;
+    /// The document's change count when stage 3 was last sorted; absent when it is not, or lines lack what they are
+    /// sorted by.
+    std::optional<quint64> mSortedAt;
 };

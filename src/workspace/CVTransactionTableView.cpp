@@ -142,10 +142,7 @@ void CVTransactionTableView::selectionChanged(const QItemSelection& selected, co
 void CVTransactionTableView::keyPressEvent(QKeyEvent* event) {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const bool isAlone = !(event->modifiers() & ~Qt::KeypadModifier);
-    const bool isEditable = currentIndex().flags().testFlag(Qt::ItemIsEditable);
-    if (isReturn && isAlone && isEditable && state() != EditingState)
-        edit(currentIndex());
-    else
+    if (!isReturn || !isAlone || !editCurrentCell())
         CVTableView::keyPressEvent(event);
 }
 

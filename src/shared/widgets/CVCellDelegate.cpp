@@ -1,7 +1,8 @@
 #include "shared/widgets/CVCellDelegate.h"
 
+#include "shared/widgets/CVCellStyle.h"
+
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QTextDocument>
@@ -11,15 +12,6 @@ namespace {
 
 /// More fonts than that are those of before a change of the fonts.
 constexpr std::size_t kMostFonts = 4;
-
-const QStyle& styleOf(const QStyleOptionViewItem& option) {
-    return option.widget ? *option.widget->style() : *QApplication::style();
-}
-
-/// Between a text and the edge of its cell, where the styles put it and the editors expect it.
-int textMargin(const QStyleOptionViewItem& option) {
-    return styleOf(option).pixelMetric(QStyle::PM_FocusFrameHMargin, &option, option.widget) + 1;
-}
 
 QPalette::ColorGroup colorGroup(const QStyleOptionViewItem& option) {
     if (!option.state.testFlag(QStyle::State_Enabled))
@@ -51,13 +43,13 @@ void paintFocus(QPainter& painter, const QStyleOptionViewItem& option) {
     focus.state |= QStyle::State_KeyboardFocusChange | QStyle::State_Item;
     const auto role = option.state.testFlag(QStyle::State_Selected) ? QPalette::Highlight : QPalette::Window;
     focus.backgroundColor = option.palette.color(colorGroup(option), role);
-    styleOf(option).drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, option.widget);
+    CVStyleOfCell(option).drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, option.widget);
 }
 
 } // namespace
 
 void CVCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    styleOf(option).drawPrimitive(QStyle::PE_PanelItemViewItem, &option, painter, option.widget);
+    CVStyleOfCell(option).drawPrimitive(QStyle::PE_PanelItemViewItem, &option, painter, option.widget);
     paintText(*painter, option, index);
     if (option.state.testFlag(QStyle::State_HasFocus))
         paintFocus(*painter, option);
@@ -66,7 +58,7 @@ void CVCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
 QSize CVCellDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
     double width = 0;
     withText(index, [&](QStringView text) { width = glyphs(option, index).width(text); });
-    return {qCeil(width) + 2 * textMargin(option), option.fontMetrics.height()};
+    return {qCeil(width) + 2 * CVTextMarginOfCell(option), option.fontMetrics.height()};
 }
 
 bool CVCellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
@@ -85,7 +77,7 @@ void CVCellDelegate::paintText(QPainter& painter, const QStyleOptionViewItem& op
     // Making a pen costs more than painting most texts.
     if (const QColor color = textColor(option, index); painter.pen().color() != color)
         painter.setPen(color);
-    const int margin = textMargin(option);
+    const int margin = CVTextMarginOfCell(option);
     const QRect place = option.rect.adjusted(margin, 0, -margin, 0);
     const auto alignment = Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt());
     withText(index, [&](QStringView text) { glyphs(option, index).paint(painter, place, alignment, text); });

@@ -1,5 +1,7 @@
 #include "shared/widgets/CVCheckCell.h"
 
+#include "shared/widgets/CVCellStyle.h"
+
 #include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
@@ -37,7 +39,7 @@ QPixmap paintedBox(const QStyle& style, const QStyleOptionViewItem& option, cons
 } // namespace
 
 void CVCheckCell::paint(QPainter& painter, const QStyleOptionViewItem& option, bool checked) const {
-    const QStyle& style = option.widget ? *option.widget->style() : *QApplication::style();
+    const QStyle& style = CVStyleOfCell(option);
     const QSize size(style.pixelMetric(QStyle::PM_IndicatorWidth, &option, option.widget),
                      style.pixelMetric(QStyle::PM_IndicatorHeight, &option, option.widget));
     const QStyle::State state = (option.state & kVisibleStates) | (checked ? QStyle::State_On : QStyle::State_Off);

@@ -37,6 +37,13 @@ void CVTableView::setMessage(const QString& message) {
     viewport()->update();
 }
 
+bool CVTableView::editCurrentCell() {
+    if (!currentIndex().flags().testFlag(Qt::ItemIsEditable) || state() == EditingState)
+        return false;
+    edit(currentIndex());
+    return true;
+}
+
 int CVTableView::rowHeight() const {
     return qRound(fontMetrics().height() * kRowHeightInLines);
 }

@@ -12,6 +12,8 @@ public:
 
     /// A sentence in the middle of the table; empty for none.
     void setMessage(const QString& message);
+    /// Begins to edit the current cell; false for one that cannot be edited, or is already.
+    bool editCurrentCell();
     /// One and a half lines of the table's font.
     [[nodiscard]] int rowHeight() const;
 

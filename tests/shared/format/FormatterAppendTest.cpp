@@ -141,20 +141,25 @@ void expectAppendedInPlace(QString& text, const QString& expected, Append append
     EXPECT_EQ(text.constData(), room) << "the text lies elsewhere";
 }
 
+/// Writes a value into an empty text, behind itself, and into the emptied text, as a table does for each cell.
+template <typename Formatter, typename Value>
+void expectAppendedInPlace(const Formatter& formatter, const Value& value, qsizetype room) {
+    QString text;
+    text.reserve(room);
+    const auto append = [&](QString& out) { formatter.append(out, value); };
+    expectAppendedInPlace(text, formatter.string(value), append);
+    expectAppendedInPlace(text, formatter.string(value), append);
+    text.resize(0);
+    expectAppendedInPlace(text, formatter.string(value), append);
+}
+
 TEST(QBMoneyFormatterAppend, WritesTheSameBehindATextAndKeepsItsRoom) {
     for (const char* const name : kLocaleNames) {
         const QBMoneyFormatter formatter((QLocale(name)));
         for (const double amount :
              {0.0, 12.5, -1234.5, 0.125, -0.001, 1e15, -1e300, std::numeric_limits<double>::max()}) {
             SCOPED_TRACE(testing::Message() << name << ' ' << amount);
-            QString text;
-            text.reserve(2 * kRoom);
-            const auto append = [&](QString& out) { formatter.append(out, amount); };
-            expectAppendedInPlace(text, formatter.string(amount), append);
-            expectAppendedInPlace(text, formatter.string(amount), append);
-            // What a table does for each cell.
-            text.resize(0);
-            expectAppendedInPlace(text, formatter.string(amount), append);
+            expectAppendedInPlace(formatter, amount, 2 * kRoom);
         }
     }
 }
@@ -179,13 +184,7 @@ TEST(QBDateFormatterAppend, WritesTheSameBehindATextAndKeepsItsRoom) {
         for (const QBDate& date : {day(2014, 3, 7), day(2014, 12, 31), day(1899, 1, 1), day(812, 5, 5), day(-44, 3, 15),
                                    day(999'999'999, 5, 5)}) {
             SCOPED_TRACE(testing::Message() << locale.name().toStdString() << ' ' << testing::PrintToString(date));
-            QString text;
-            text.reserve(kRoom);
-            const auto append = [&](QString& out) { formatter.append(out, date); };
-            expectAppendedInPlace(text, formatter.string(date), append);
-            expectAppendedInPlace(text, formatter.string(date), append);
-            text.resize(0);
-            expectAppendedInPlace(text, formatter.string(date), append);
+            expectAppendedInPlace(formatter, date, kRoom);
         }
     }
 }

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QApplication>
+#include <QStyle>
+#include <QStyleOptionViewItem>
+#include <QWidget>
+
+/// The style in which a cell is painted.
+[[nodiscard]] inline const QStyle& CVStyleOfCell(const QStyleOptionViewItem& option) {
+    return option.widget ? *option.widget->style() : *QApplication::style();
+}
+
+/// Between a text and the edge of its cell, where the styles put it: one pixel more than they say.
+[[nodiscard]] inline int CVTextMarginOfCell(const QStyleOptionViewItem& option) {
+    return CVStyleOfCell(option).pixelMetric(QStyle::PM_FocusFrameHMargin, &option, option.widget) + 1;
+}
