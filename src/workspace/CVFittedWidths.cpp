@@ -3,26 +3,26 @@
 #include <QtGlobal>
 
 #include <algorithm>
+#include <numeric>
 
 std::vector<int> CVFittedWidths(const std::vector<int>& widths, int available, int smallest) {
-    std::vector<int> shares;
-    qint64 allShares = 0;
-    for (const int width : widths) {
-        shares.push_back(std::max(0, width - smallest));
-        allShares += shares.back();
-    }
-    if (allShares == 0) {
-        shares.assign(widths.size(), 1);
-        allShares = static_cast<qint64>(widths.size());
-    }
-    qint64 rest = std::max<qint64>(0, available - static_cast<qint64>(widths.size()) * smallest);
-    std::vector<int> fitted;
-    for (const int share : shares) {
-        // Each takes its part of what is left, so that no pixel is lost to rounding.
-        const qint64 part = allShares == 0 ? 0 : rest * share / allShares;
-        fitted.push_back(smallest + static_cast<int>(part));
-        rest -= part;
-        allShares -= share;
+    std::vector<std::size_t> narrowToWide(widths.size());
+    std::iota(narrowToWide.begin(), narrowToWide.end(), 0U);
+    std::stable_sort(narrowToWide.begin(), narrowToWide.end(),
+                     [&](std::size_t one, std::size_t other) { return widths[one] < widths[other]; });
+
+    const auto sharesOf = [&](std::size_t column) { return std::max(1, widths[column]); };
+    qint64 shares = 0;
+    for (const std::size_t column : narrowToWide)
+        shares += sharesOf(column);
+    qint64 rest = available;
+    std::vector<int> fitted(widths.size());
+    // Each takes its part of what the narrower ones have left, so that no pixel is lost to rounding.
+    for (const std::size_t column : narrowToWide) {
+        const qint64 part = std::max<qint64>(smallest, rest * sharesOf(column) / shares);
+        fitted[column] = static_cast<int>(part);
+        rest = std::max<qint64>(0, rest - part);
+        shares -= sharesOf(column);
     }
     return fitted;
 }

@@ -58,17 +58,12 @@ CVGridTables::CVGridTables(const CVGridContents& contents, QWidget* parent)
 }
 
 void CVGridTables::reload() {
-    std::vector<int> widths = periodWidths();
     {
         const QScopedValueRollback reloading(mReloading, true);
         for (CVFiguresTable* const table : tables())
             table->reload();
     }
     mExpensePeriodTable->setMessage(mContents.isEmpty() ? tr("Nothing was spent in these periods.") : QString());
-    // Columns that come back are as wide as the first one; columns that stay keep their widths.
-    const auto columns = static_cast<std::size_t>(mExpensePeriodTable->model()->columnCount());
-    widths.resize(columns, widths.empty() ? 0 : widths.front());
-    setPeriodWidths(widths);
     adjustMetrics();
 }
 
@@ -147,9 +142,12 @@ void CVGridTables::scrollTogether() {
             connect(moved->horizontalScrollBar(), &QScrollBar::valueChanged, other->horizontalScrollBar(),
                     &QScrollBar::setValue);
     }
-    connect(mExpensePeriodTable->horizontalHeader(), &QHeaderView::sectionResized,
-            mExpensePeriodTotalTable->horizontalHeader(),
-            [this](int column, int /*before*/, int width) { mExpensePeriodTotalTable->setColumnWidth(column, width); });
+    connect(mExpensePeriodTable->horizontalHeader(), &QHeaderView::sectionResized, this,
+            [this](int column, int /*before*/, int width) {
+                mExpensePeriodTotalTable->setColumnWidth(column, width);
+                if (!mFitting)
+                    mChosenWidths = periodWidths();
+            });
     connect(mExpensePeriodTotalTable->horizontalScrollBar(), &QScrollBar::rangeChanged, this,
             &CVGridTables::adjustTotalsHeight);
 }
@@ -212,10 +210,12 @@ void CVGridTables::fitPeriodColumns() {
     int smallest = widthOfZeros(*this, kShortestAmount);
     for (const CVFiguresTable* const table : tablesOfPeriods())
         smallest = std::max(smallest, widestColumn(*table));
-    setPeriodWidths(CVFittedWidths(periodWidths(), mExpensePeriodTable->viewport()->width(), smallest));
-}
-
-void CVGridTables::setPeriodWidths(const std::vector<int>& widths) {
+    std::vector<int> widths = mChosenWidths;
+    // Columns that the user has not seen yet are as wide as the first one.
+    widths.resize(static_cast<std::size_t>(mExpensePeriodTable->model()->columnCount()),
+                  widths.empty() ? 0 : widths.front());
+    widths = CVFittedWidths(widths, mExpensePeriodTable->viewport()->width(), smallest);
+    const QScopedValueRollback fitting(mFitting, true);
     for (CVFiguresTable* const table : tablesOfPeriods()) {
         for (std::size_t column = 0; column < widths.size(); ++column)
             table->setColumnWidth(static_cast<int>(column), widths[column]);

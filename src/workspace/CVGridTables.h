@@ -45,7 +45,6 @@ private:
     void adjustMetrics();
     void adjustTotalsHeight();
     void fitPeriodColumns();
-    void setPeriodWidths(const std::vector<int>& widths);
     [[nodiscard]] std::vector<int> periodWidths() const;
 
     const CVGridContents& mContents;
@@ -54,5 +53,9 @@ private:
     CVFiguresTable* mExpenseCategoryTotalTable;
     CVFiguresTable* mExpensePeriodTotalTable;
     QLabel* mTotalLabel;
+    /// The columns of the periods as the user left them when he last moved one; empty before he did. The shown widths
+    /// follow from them and from the room, and never the other way round: a rounded pixel is no choice.
+    std::vector<int> mChosenWidths;
     bool mReloading = false;
+    bool mFitting = false;
 };

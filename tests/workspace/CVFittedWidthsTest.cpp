@@ -26,8 +26,13 @@ TEST(CVFittedWidths, LosesNoPixel) {
 }
 
 TEST(CVFittedWidths, KeepsAWideColumnWide) {
-    EXPECT_THAT(CVFittedWidths({150, 250}, 700, 50), ElementsAre(250, 450));
-    EXPECT_THAT(CVFittedWidths({20, 250}, 400, 50), ElementsAre(50, 350));
+    EXPECT_THAT(CVFittedWidths({100, 250}, 700, 50), ElementsAre(200, 500));
+    EXPECT_THAT(CVFittedWidths({250, 100}, 700, 50), ElementsAre(500, 200));
+    EXPECT_THAT(CVFittedWidths({20, 250, 250}, 450, 50), ElementsAre(50, 200, 200));
+}
+
+TEST(CVFittedWidths, TakesAPixelOfDifferenceForNoMore) {
+    EXPECT_THAT(CVFittedWidths({101, 102, 101}, 606, 100), ElementsAre(201, 204, 201));
 }
 
 TEST(CVFittedWidths, NeverMakesAColumnNarrowerThanTheSmallest) {

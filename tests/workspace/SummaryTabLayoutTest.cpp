@@ -1,7 +1,10 @@
 #include "workspace/SummaryTabFixture.h"
 
+#include <QFontInfo>
 #include <QHeaderView>
 #include <QWheelEvent>
+
+#include <algorithm>
 
 namespace {
 
@@ -124,7 +127,23 @@ TEST_F(SummaryTabLayoutTest, ScrollingToTheSideKeepsTotalsBelowTheirPeriods) {
     }
 }
 
-TEST_F(SummaryTabLayoutTest, PeriodsFillTheWidth) {
+/// In each of the fonts of the tests.
+class SummaryTabFontTest : public SummaryTabLayoutTest, public testing::WithParamInterface<const char*> {
+protected:
+    SummaryTabFontTest() {
+        QApplication::setFont(QFont(GetParam(), mFont.pointSize()));
+        QCoreApplication::processEvents();
+        EXPECT_EQ(QFontInfo(mPeriods.font()).family(), GetParam());
+    }
+
+    void widen(int width) {
+        mTab.resize(width, 400);
+        QCoreApplication::processEvents();
+    }
+};
+
+TEST_P(SummaryTabFontTest, PeriodsFillTheWidth) {
+    widen(1200);
     categories(3);
     for (int type = 0; type < CVDisplayPeriods::kTypes; ++type) {
         show(type);
@@ -133,17 +152,38 @@ TEST_F(SummaryTabLayoutTest, PeriodsFillTheWidth) {
     }
 }
 
-TEST_F(SummaryTabLayoutTest, GoingFromDaysToWeeksAndBackRestoresTheColumns) {
-    categories(3).show(CVDisplayPeriods::Day);
-    const std::vector<int> days = widths(mPeriods);
-    show(CVDisplayPeriods::Week);
-    EXPECT_EQ(widths(mPeriods).size(), 4U);
-    show(CVDisplayPeriods::Day);
-    EXPECT_EQ(widths(mPeriods), days);
-    expectAlignedColumns();
-    for (int column = 0; column < 7; ++column)
-        EXPECT_EQ(mPeriods.model()->headerData(column, Qt::Horizontal), mContents.periods().header(column + 1).text);
+TEST_P(SummaryTabFontTest, GoingFromDaysToWeeksAndBackRestoresTheColumns) {
+    for (int width = 900; width <= 1300; width += 25) {
+        widen(width);
+        categories(3).show(CVDisplayPeriods::Day);
+        const std::vector<int> days = widths(mPeriods);
+        EXPECT_LE(*std::ranges::max_element(days) - *std::ranges::min_element(days), 1) << width;
+        show(CVDisplayPeriods::Week);
+        EXPECT_EQ(widths(mPeriods).size(), 4U);
+        show(CVDisplayPeriods::Day);
+        EXPECT_EQ(widths(mPeriods), days) << width;
+        expectAlignedColumns();
+        for (int column = 0; column < 7; ++column) {
+            EXPECT_EQ(mPeriods.model()->headerData(column, Qt::Horizontal),
+                      mContents.periods().header(column + 1).text);
+        }
+    }
 }
+
+TEST_P(SummaryTabFontTest, GoingFromDaysToWeeksAndBackRestoresTheWidthsThatTheUserHasChosen) {
+    widen(1300);
+    categories(3).show(CVDisplayPeriods::Day);
+    mPeriods.setColumnWidth(1, 2 * mPeriods.columnWidth(1));
+    reload();
+    const std::vector<int> days = widths(mPeriods);
+    ASSERT_GT(days[1], days[0] + 20);
+    for (const int type : {CVDisplayPeriods::Week, CVDisplayPeriods::Month, CVDisplayPeriods::Day})
+        show(type);
+    EXPECT_EQ(widths(mPeriods), days);
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, SummaryTabFontTest, testing::Values("DejaVu Sans", "Liberation Sans"),
+                         [](const auto& font) { return std::string(font.param).substr(0, 6); });
 
 TEST_F(SummaryTabLayoutTest, ColumnsThatComeBackAreAsWideAsTheFirst) {
     mTab.resize(1400, 400);
