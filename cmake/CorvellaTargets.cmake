@@ -54,6 +54,7 @@ function(corvella_test)
         ENVIRONMENT_MODIFICATION "XDG_DATA_HOME=unset:;XDG_CONFIG_HOME=unset:;XDG_CACHE_HOME=unset:"
     )
     set_property(TEST ${ARG_NAME} APPEND PROPERTY ENVIRONMENT
+        "FONTCONFIG_FILE=${PROJECT_SOURCE_DIR}/tests/fonts.conf"
         "ASAN_OPTIONS=halt_on_error=1:detect_leaks=1:detect_stack_use_after_return=1:strict_string_checks=1"
         "LSAN_OPTIONS=suppressions='${suppressions}/lsan.supp':print_suppressions=0"
         "TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1:suppressions='${suppressions}/tsan.supp'"
