@@ -3,7 +3,7 @@
 #include "generator/CVDetachedDocument.h"
 #include "storage/CVDocumentFile.h"
 #include "storage/CVDocumentXML.h"
-#include "storage/CVSafeFile.h"
+#include "storage/CVWriteDocumentText.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -40,7 +40,7 @@ int probe(const QString& file, const QString& copy) {
     document->updateDates();
     const double loaded = CVResidentMemory() - before;
     const double peak = residentPeak() - before;
-    if (!CVReplaceFile(copy, CVDocumentXMLRepresentation(*document)).ok())
+    if (!CVWriteDocumentText(copy, CVDocumentXMLRepresentation(*document)).ok())
         return 1;
     const double saved = CVResidentMemory() - before;
     std::printf("%.0f %.0f %.0f", loaded, peak, saved);

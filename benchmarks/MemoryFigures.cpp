@@ -2,7 +2,7 @@
 #include "CVFigures.h"
 #include "CVMemoryProbe.h"
 #include "storage/CVDocumentXML.h"
-#include "storage/CVSafeFile.h"
+#include "storage/CVWriteDocumentText.h"
 
 #include <QFileInfo>
 
@@ -14,7 +14,7 @@ namespace {
 void measureMemory(benchmark::State& state, std::size_t transactions, double CVMemoryUse::*use) {
     const CVScratchFolder folder;
     const QString file = folder.file("budget.corvella");
-    if (!CVReplaceFile(file, CVDocumentXMLRepresentation(CVBudgetFixture(transactions).document())).ok())
+    if (!CVWriteDocumentText(file, CVDocumentXMLRepresentation(CVBudgetFixture(transactions).document())).ok())
         state.SkipWithError("the budget could not be written");
     for ([[maybe_unused]] auto iteration : state) {
         const auto memory = CVProbeMemory(file, folder.file("copy.corvella"));

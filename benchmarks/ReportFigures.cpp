@@ -7,7 +7,7 @@
 #include "reports/CVReportPages.h"
 #include "reports/CVReportPainter.h"
 #include "storage/CVDocumentXML.h"
-#include "storage/CVSafeFile.h"
+#include "storage/CVWriteDocumentText.h"
 
 #include <QFile>
 #include <QImage>
@@ -100,7 +100,7 @@ void CVMeasureSummaryReport(benchmark::State& state, std::size_t transactions) {
     const CVScratchFolder folder;
     const QString file = folder.file("budget.corvella");
     CVBudgetFixture fixture(transactions);
-    if (!CVReplaceFile(file, CVDocumentXMLRepresentation(fixture.document())).ok())
+    if (!CVWriteDocumentText(file, CVDocumentXMLRepresentation(fixture.document())).ok())
         state.SkipWithError("the budget could not be written");
     const QByteArray bytes = fixture.text();
     bool complete = true;

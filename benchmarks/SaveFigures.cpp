@@ -2,7 +2,7 @@
 #include "CVComparison.h"
 #include "CVFigures.h"
 #include "storage/CVDocumentXML.h"
-#include "storage/CVSafeFile.h"
+#include "storage/CVWriteDocumentText.h"
 
 #include <QFile>
 
@@ -52,7 +52,7 @@ void measureSave(benchmark::State& state, std::size_t transactions, Folder folde
     // What is still on its way to the disk would slow down whoever comes next.
     comparison.reset = [] { ::sync(); };
     comparison.yardstick = [&] { saved = replaceBare(barePath, bytes, folder) && saved; };
-    comparison.subject = [&] { saved = CVReplaceFile(path, text).ok() && saved; };
+    comparison.subject = [&] { saved = CVWriteDocumentText(path, text).ok() && saved; };
     comparison.run(state);
     if (!saved)
         state.SkipWithError("a file could not be written");

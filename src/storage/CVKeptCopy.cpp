@@ -1,27 +1,25 @@
 #include "storage/CVKeptCopy.h"
 
-#include "storage/CVFileSignature.h"
-#include "storage/CVSafeFile.h"
+#include "shared/base/CVFileSignature.h"
+#include "shared/base/CVFileSink.h"
+#include "shared/base/CVSafeFile.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QTemporaryFile>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
-#include <filesystem>
-#include <system_error>
 
 namespace {
 
 constexpr int kMostCopiesPerSecond = 100;
-
-std::filesystem::path native(const QString& path) {
-    return {QFile::encodeName(path).toStdString()};
-}
+constexpr qsizetype kCopiedAtOnce = 1024 * 1024;
 
 QString freeName(const QFileInfo& file, const QDateTime& now) {
     const QString stamp = now.toString(QStringLiteral("yyyy-MM-dd HHmmss"));
@@ -39,44 +37,73 @@ QString freeName(const QFileInfo& file, const QDateTime& now) {
 
 /// In one step, so that the bytes are never without a name; neither replaces anything nor copies. QFile::rename would
 /// copy where it cannot rename.
-bool moveTo(const QString& from, const QString& to) {
+CVFileResult moveTo(const QString& from, const QString& to) {
     const QByteArray source = QFile::encodeName(from);
     const QByteArray target = QFile::encodeName(to);
 #ifdef Q_OS_LINUX
     if (::renameat2(AT_FDCWD, source.constData(), AT_FDCWD, target.constData(), RENAME_NOREPLACE) == 0)
-        return true;
+        return {};
     if (errno != EINVAL && errno != ENOSYS)
-        return false;
+        return CVFileResult::ofLastCall();
 #endif
     const CVStanding standing = CVStanding::at(to);
-    return standing.error.isEmpty() && !standing.signature && std::rename(source.constData(), target.constData()) == 0;
+    if (standing.signature)
+        return {qt_error_string(EEXIST)};
+    if (!standing.error.isEmpty())
+        return {standing.error};
+    return std::rename(source.constData(), target.constData()) == 0 ? CVFileResult() : CVFileResult::ofLastCall();
 }
 
-/// Whether the copy is on the disk, as long as the original: QFile takes a file whose size it cannot learn for an empty
+/// From where the source stands to its end. Not by QFile, which takes a file whose size it cannot learn for an empty
 /// one.
-bool isWhole(const QString& original, const QString& copyPath) {
-    const int copy = ::open(QFile::encodeName(copyPath).constData(), O_RDONLY | O_CLOEXEC);
-    if (copy < 0)
-        return false;
-    const auto standing = CVFileSignature::of(original);
-    const auto copied = CVFileSignature::ofOpenFile(copy);
-    const bool synced = ::fsync(copy) == 0;
-    ::close(copy);
-    return synced && standing && copied && standing->size == copied->size;
+CVFileResult copyBytes(int source, QIODevice& target) {
+    QByteArray bytes(kCopiedAtOnce, Qt::Uninitialized);
+    for (;;) {
+        const ssize_t read = ::read(source, bytes.data(), static_cast<std::size_t>(bytes.size()));
+        if (read == 0)
+            return {};
+        if (read < 0 && errno != EINTR)
+            return CVFileResult::ofLastCall();
+        if (read > 0 && target.write(bytes.constData(), read) != read)
+            return {target.errorString()};
+    }
 }
 
-/// A second name for the same bytes; where the file system knows none, a copy on the disk. Neither replaces a file.
-bool linkOrCopy(const QString& from, const QString& to) {
-    std::error_code error;
-    std::filesystem::create_hard_link(native(from), native(to), error);
-    if (!error)
-        return true;
-    if (!QFile::copy(from, to))
-        return false;
-    if (isWhole(from, to))
-        return true;
-    QFile::remove(to);
-    return false;
+/// A copy on the disk, which takes its name, and the mode of the original, when it is whole.
+CVFileResult copyTo(const QString& from, const QString& to) {
+    const CVStanding original = CVStanding::at(from);
+    if (!original.signature)
+        return {original.error};
+    QTemporaryFile copy(QFileInfo(to).absolutePath() + QStringLiteral("/XXXXXX"));
+    if (!copy.open())
+        return {copy.errorString()};
+    const int source = ::open(QFile::encodeName(from).constData(), O_RDONLY | O_CLOEXEC);
+    if (source < 0)
+        return CVFileResult::ofLastCall();
+    CVFileSink sink(copy.handle());
+    CVFileResult result = copyBytes(source, sink);
+    ::close(source);
+    if (const CVFileResult finished = sink.finish(); !finished.ok())
+        result = finished;
+    // A file system that knows no modes may not permit this even to the owner.
+    if (result.ok() && ::fchmod(copy.handle(), original.mode) != 0 && errno != EPERM)
+        result = CVFileResult::ofLastCall();
+    if (result.ok())
+        result = moveTo(copy.fileName(), to);
+    copy.setAutoRemove(!result.ok());
+    return result;
+}
+
+/// A second name for the same bytes; where the file system knows none, a copy. Neither replaces a file.
+CVFileResult linkOrCopy(const QString& from, const QString& to) {
+    const bool linked = ::link(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
+    return linked ? CVFileResult() : copyTo(from, to);
+}
+
+CVKeptCopy refuse(const QString& file, const QString& reason) {
+    return {{},
+            {QCoreApplication::translate("CVKeptCopy", "the unreadable file \"%1\" could not be kept beside it: %2")
+                 .arg(file, reason)}};
 }
 
 } // namespace
@@ -89,15 +116,15 @@ CVKeptCopy CVKeepUnreadable(const QString& path, const QDateTime& now) {
     CVKeptCopy kept{freeName(file, now), {}, false};
     // A second name for a file that cannot be read would not help: the new file would inherit its mode.
     kept.moved = !file.isFile() || !file.isReadable();
-    if (kept.path.isEmpty() || !(kept.moved ? moveTo(real, kept.path) : linkOrCopy(real, kept.path))) {
-        return {{},
-                {QCoreApplication::translate("CVKeptCopy", "the unreadable file \"%1\" could not be kept beside it")
-                     .arg(real)}};
-    }
+    if (kept.path.isEmpty())
+        return refuse(real, QCoreApplication::translate("CVKeptCopy", "too many are kept there already"));
+    const CVFileResult keeping = kept.moved ? moveTo(real, kept.path) : linkOrCopy(real, kept.path);
+    if (!keeping.ok())
+        return refuse(real, keeping.error);
     kept.result = CVSyncFolder(file.absolutePath());
     return kept;
 }
 
 bool CVPutBack(const CVKeptCopy& kept, const QString& path) {
-    return moveTo(kept.path, path);
+    return moveTo(kept.path, path).ok();
 }

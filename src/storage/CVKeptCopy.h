@@ -1,6 +1,6 @@
 #pragma once
 
-#include "storage/CVFileResult.h"
+#include "shared/base/CVFileResult.h"
 
 #include <QDateTime>
 

@@ -1,7 +1,7 @@
 #include "storage/CVSaveQueue.h"
 
 #include "storage/CVKeptCopy.h"
-#include "storage/CVSafeFile.h"
+#include "storage/CVWriteDocumentText.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -121,7 +121,7 @@ void CVSaveQueue::write(const Job& job, CVSaveOutcome& outcome) {
         kept = keepStanding(job.path, *standing.signature);
     CVReplaceResult replacing{kept.result, {}};
     if (kept.result.ok())
-        replacing = CVReplaceFile(job.path, job.text);
+        replacing = CVWriteDocumentText(job.path, job.text);
     if (replacing.written)
         markAsRead(job.path, replacing.written);
     else if (kept.moved && CVPutBack(kept, job.path))

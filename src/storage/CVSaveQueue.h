@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/CVDocumentText.h"
-#include "storage/CVFileSignature.h"
+#include "shared/base/CVFileSignature.h"
 
 #include <QObject>
 #include <QString>

@@ -1,6 +1,6 @@
 #include "workspace/CVReportFile.h"
 
-#include "workspace/CVOutputFile.h"
+#include "shared/base/CVOutputFile.h"
 
 #include <QCoreApplication>
 

@@ -2,9 +2,9 @@
 
 #include "model/CVCategory.h"
 #include "model/CVTransaction.h"
+#include "shared/base/CVOutputFile.h"
 #include "shared/format/QBDateFormatter.h"
 #include "shared/format/QBMoneyFormatter.h"
-#include "workspace/CVOutputFile.h"
 
 #include <QIODevice>
 
@@ -41,8 +41,5 @@ std::optional<QByteArray> CVExportedTransactions(std::span<CVTransaction* const>
 }
 
 std::optional<QString> CVWriteExport(const QString& path, const QByteArray& text) {
-    return CVWriteOutputFile(path, [&text](QIODevice& output) {
-        output.write(text);
-        return true;
-    });
+    return CVWriteOutputFile(path, [&text](QIODevice& output) { return output.write(text) == text.size(); });
 }

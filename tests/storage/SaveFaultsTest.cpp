@@ -200,12 +200,9 @@ TEST_P(SaveFaults, ofTwoCallsThatWriteLoseNothingAndAreTold) {
     report("two that write");
 }
 
-/// File systems that know less: one without files that have no name, one without hard links either, and one on which
-/// bytes can be copied by reading and writing alone.
+/// File systems that know less: one without files that have no name, and one without hard links either.
 const std::vector<FaultyCalls::Unsupported> kNoNameless{{"tmpfile", EOPNOTSUPP}};
 const std::vector<FaultyCalls::Unsupported> kNoLinks{{"tmpfile", EOPNOTSUPP}, {"link", EPERM}};
-const std::vector<FaultyCalls::Unsupported> kPlainCopies{
-    {"tmpfile", EOPNOTSUPP}, {"link", EPERM}, {"ioctl", ENOTTY}, {"sendfile", EINVAL}};
 
 const Row kRows[]{
     {"overAGoodFile", Before::Good},
@@ -213,7 +210,6 @@ const Row kRows[]{
     {"overALinkedFile", Before::Linked},
     {"overAnUnreadableFile", Before::Unreadable},
     {"overAnUnreadableFileWithoutHardLinks", Before::Unreadable, kNoLinks},
-    {"overAnUnreadableFileWithPlainCopies", Before::Unreadable, kPlainCopies},
     {"overAFolder", Before::Folder},
     {"withoutAFile", Before::Absent},
     {"withoutAFileOnAPlainDisk", Before::Absent, kNoLinks},

@@ -2,7 +2,7 @@
 #include "generator/CVDetachedDocument.h"
 #include "generator/CVHouseholdBudget.h"
 #include "storage/CVDocumentXML.h"
-#include "storage/CVSafeFile.h"
+#include "storage/CVWriteDocumentText.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -29,7 +29,7 @@ CVReplaceResult make(const CVSampleOptions& options) {
     const QString folder = QFileInfo(options.output).absolutePath();
     if (!QDir().mkpath(folder))
         return {{CVSampleOptions::tr("the folder \"%1\" could not be made").arg(folder)}, {}};
-    return CVReplaceFile(options.output, CVDocumentXMLRepresentation(*document));
+    return CVWriteDocumentText(options.output, CVDocumentXMLRepresentation(*document));
 }
 
 } // namespace

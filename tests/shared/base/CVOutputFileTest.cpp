@@ -1,4 +1,4 @@
-#include "workspace/CVOutputFile.h"
+#include "shared/base/CVOutputFile.h"
 
 #include "kit/Printers.h"
 

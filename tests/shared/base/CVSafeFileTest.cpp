@@ -1,9 +1,10 @@
-#include "storage/CVSafeFile.h"
+#include "shared/base/CVSafeFile.h"
 
 #include "kit/ScratchHome.h"
 #include "storage/ScratchFiles.h"
 
 #include <QFileInfo>
+#include <QIODevice>
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -14,7 +15,7 @@ namespace {
 class CVReplaceFileTest : public testing::Test {
 protected:
     [[nodiscard]] static CVReplaceResult replace(const QString& path, const QByteArray& bytes) {
-        return CVReplaceFile(path, textOf(bytes));
+        return CVReplaceFile(path, [&bytes](QIODevice& output) { return output.write(bytes) == bytes.size(); });
     }
 
     ScratchHome mHome;
@@ -40,23 +41,43 @@ TEST_F(CVReplaceFileTest, replacesAllOfAnExistingFile) {
     }
 }
 
-TEST_F(CVReplaceFileTest, writesEveryPieceOfAText) {
+TEST_F(CVReplaceFileTest, writesEveryPiece) {
     writeFile(mPath, "old");
-    CVDocumentText text;
     QByteArray expected;
-    for (int i = 0; i < 50; ++i) {
-        const QByteArray piece = QByteArray::number(i).repeated(i * 1000 + 1);
-        text.append(textOf(piece).pieces().front());
-        expected += piece;
-    }
-    EXPECT_TRUE(CVReplaceFile(mPath, text).ok());
+    EXPECT_TRUE(CVReplaceFile(mPath, [&expected](QIODevice& output) {
+                    for (int i = 0; i < 50; ++i) {
+                        const QByteArray piece = QByteArray::number(i).repeated(i * 1000 + 1);
+                        EXPECT_EQ(output.write(piece), piece.size());
+                        expected += piece;
+                    }
+                    return true;
+                }).ok());
     EXPECT_TRUE(readFile(mPath) == expected);
 }
 
-TEST_F(CVReplaceFileTest, writesAnEmptyText) {
+TEST_F(CVReplaceFileTest, writesAnEmptyFile) {
     writeFile(mPath, "old");
-    EXPECT_TRUE(CVReplaceFile(mPath, {}).ok());
+    EXPECT_TRUE(replace(mPath, "").ok());
     EXPECT_EQ(readFile(mPath), "");
+}
+
+TEST_F(CVReplaceFileTest, leavesTheOldFileWhereTheWriterGivesUp) {
+    writeFile(mPath, "old");
+    const CVReplaceResult result = CVReplaceFile(mPath, [](QIODevice& output) { return output.write("half") < 0; });
+    EXPECT_TRUE(result.ok());
+    EXPECT_FALSE(result.written.has_value());
+    EXPECT_EQ(readFile(mPath), "old");
+    EXPECT_EQ(namesIn(mFolder), QStringList({"Data File.corvella"}));
+}
+
+TEST_F(CVReplaceFileTest, leavesTheModeOfAFileForOthersToTheUser) {
+    writeFile(mFolder + "/other", "other");
+    const mode_t previous = ::umask(0027);
+    EXPECT_TRUE(CVReplaceFile(
+                    mPath, [](QIODevice& output) { return output.write("new") > 0; }, CVNewFile::Usual)
+                    .ok());
+    ::umask(previous);
+    EXPECT_EQ(modeOf(mPath), 0640);
 }
 
 TEST_F(CVReplaceFileTest, keepsANewFileFromOthers) {

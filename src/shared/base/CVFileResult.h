@@ -7,4 +7,9 @@ struct CVFileResult {
     QString error;
 
     [[nodiscard]] bool ok() const { return error.isEmpty(); }
+    /// Whether the reason is that the disk has no room left.
+    [[nodiscard]] bool diskIsFull() const;
+
+    /// The reason that the last call of the C library left behind.
+    [[nodiscard]] static CVFileResult ofLastCall();
 };

@@ -1,4 +1,4 @@
-#include "storage/CVFileSignature.h"
+#include "shared/base/CVFileSignature.h"
 
 #include <QFile>
 

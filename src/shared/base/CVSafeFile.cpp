@@ -1,6 +1,6 @@
-#include "storage/CVSafeFile.h"
+#include "shared/base/CVSafeFile.h"
 
-#include "model/CVDocumentText.h"
+#include "shared/base/CVFileSink.h"
 
 #include <QDir>
 #include <QFile>
@@ -20,10 +20,6 @@ namespace {
 constexpr int kLongestChain = 40;
 constexpr unsigned kPrivate = 0600;
 
-CVFileResult failed() {
-    return {qt_error_string(errno)};
-}
-
 struct Target {
     QString path;
     /// Why the path cannot be followed; empty when it can.
@@ -40,7 +36,7 @@ Target followLinks(const QString& path) {
         if (length < 0 && (errno == EINVAL || errno == ENOENT || errno == ENOTDIR))
             return {at, {}};
         if (length < 0)
-            return {{}, qt_error_string(errno)};
+            return {{}, CVFileResult::ofLastCall().error};
         const QString next = QFile::decodeName(QByteArray(link.data(), static_cast<qsizetype>(length)));
         at = QFileInfo(QFileInfo(at).absoluteDir(), next).absoluteFilePath();
     }
@@ -49,57 +45,59 @@ Target followLinks(const QString& path) {
 
 /// Gives the new file the mode of the one it replaces, or makes it private. On a file system that knows no modes
 /// (where the attempt is not permitted even to the owner) a private file is not to be had.
-CVFileResult setMode(int descriptor, const CVStanding& old) {
+CVFileResult setMode(int descriptor, const CVStanding& old, CVNewFile access) {
+    if (!old.signature && access == CVNewFile::Usual)
+        return {};
     if (::fchmod(descriptor, old.signature ? old.mode : kPrivate) == 0 || (!old.signature && errno == EPERM))
         return {};
-    return failed();
+    return CVFileResult::ofLastCall();
 }
 
-CVFileResult writePieces(QSaveFile& file, const CVDocumentText& text) {
-    for (const CVTextSlice& piece : text.pieces()) {
-        if (file.write(piece.bytes().data(), piece.length) != piece.length)
-            return {file.errorString()};
-    }
-    // QSaveFile::commit() drops the errors of its own flush, so everything must be on the disk before it is called.
-    if (!file.flush())
-        return {file.errorString()};
-    return ::fsync(file.handle()) == 0 ? CVFileResult() : failed();
+/// The toolkit drops the reason of some calls.
+CVFileResult failureOf(const QSaveFile& file) {
+    const bool dropped = file.errorString() == QIODevice::tr("Unknown error");
+    return dropped ? CVFileResult::ofLastCall() : CVFileResult{file.errorString()};
 }
 
 } // namespace
 
-CVReplaceResult CVReplaceFile(const QString& path, const CVDocumentText& text) {
+CVReplaceResult CVReplaceFile(const QString& path, const CVFileContent& write, CVNewFile access) {
     const auto [target, error] = followLinks(path);
     if (!error.isEmpty())
         return {{error}, {}};
     const CVStanding old = CVStanding::at(target);
     if (!old.error.isEmpty())
         return {{old.error}, {}};
+    // Finds a name for the new file and renames it; the bytes pass it by, as it takes a part of them for all.
     QSaveFile file(target);
     if (!file.open(QIODevice::WriteOnly))
-        return {{file.errorString()}, {}};
-    CVFileResult result = setMode(file.handle(), old);
-    if (result.ok())
-        result = writePieces(file, text);
+        return {failureOf(file), {}};
+    CVFileResult result = setMode(file.handle(), old, access);
+    bool abandoned = false;
+    if (result.ok()) {
+        CVFileSink sink(file.handle());
+        abandoned = !write(sink);
+        result = sink.finish();
+    }
     const auto written = CVFileSignature::ofOpenFile(file.handle());
     if (result.ok() && !written)
-        result = failed();
-    if (!result.ok()) {
+        result = CVFileResult::ofLastCall();
+    if (!result.ok() || abandoned) {
         file.cancelWriting();
         return {result, {}};
     }
     if (!file.commit())
-        return {{file.errorString()}, {}};
+        return {failureOf(file), {}};
     return {CVSyncFolder(QFileInfo(target).absolutePath()), written};
 }
 
 CVFileResult CVSyncFolder(const QString& path) {
     const int folder = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (folder < 0)
-        return failed();
+        return CVFileResult::ofLastCall();
     // Some file systems know no sync of folders and say so; there is nothing more to be done on them.
     const bool synced = ::fsync(folder) == 0 || errno == EINVAL || errno == ENOTSUP;
-    CVFileResult result = synced ? CVFileResult() : failed();
+    CVFileResult result = synced ? CVFileResult() : CVFileResult::ofLastCall();
     ::close(folder);
     return result;
 }

@@ -1,0 +1,40 @@
+#include "shared/base/CVOutputFile.h"
+
+#include "shared/base/CVFileSink.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+std::optional<QString> failureIn(const CVFileResult& result) {
+    return result.ok() ? std::nullopt : std::optional(result.error);
+}
+
+std::optional<QString> writeThrough(const QString& path, const CVFileContent& write) {
+    const int target = ::open(QFile::encodeName(path).constData(), O_WRONLY | O_NOCTTY | O_CLOEXEC);
+    if (target < 0)
+        return CVFileResult::ofLastCall().error;
+    auto failure = CVWriteOutput(target, write);
+    if (::close(target) != 0 && !failure)
+        failure = CVFileResult::ofLastCall().error;
+    return failure;
+}
+
+} // namespace
+
+std::optional<QString> CVWriteOutputFile(const QString& path, const CVFileContent& write) {
+    if (const QFileInfo target(path); target.exists() && !target.isFile())
+        return writeThrough(path, write);
+    return failureIn(CVReplaceFile(path, write, CVNewFile::Usual));
+}
+
+std::optional<QString> CVWriteOutput(int descriptor, const CVFileContent& write) {
+    CVFileSink sink(descriptor);
+    // What was written before the writer gave up has gone out.
+    (void)write(sink);
+    return failureIn(sink.finish());
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "shared/base/CVSafeFile.h"
+
+/// Writes a file that the user wants to have, which stands there whole or as it was. What is no file (a pipe, a
+/// terminal, another device) is written to as it stands there. Absent when that succeeded or `write` answered false,
+/// else the reason.
+[[nodiscard]] std::optional<QString> CVWriteOutputFile(const QString& path, const CVFileContent& write);
+
+/// Writes to what is open already, standard output say; the same answer.
+[[nodiscard]] std::optional<QString> CVWriteOutput(int descriptor, const CVFileContent& write);
