@@ -38,6 +38,15 @@ TEST(CVUpdateReply, ABinaryListIsReadToo) {
     EXPECT_EQ(chosen(reply, "1.0b2"), "1.2b1");
 }
 
+TEST(CVUpdateReply, ATextWithANULRefusesTheReply) {
+    // {Release: {Version: "1\0"}}, the version in UTF-16.
+    const QByteArray reply = QByteArray::fromHex(
+        "62706c6973743030d101025752656c65617365d103045756657273696f6e6200310000080b13161e0000000000000101"
+        "000000000000000500000000000000000000000000000023");
+    EXPECT_FALSE(CVChooseUpdateEntry(reply, "1.0").has_value());
+    EXPECT_EQ(chosen(QByteArray(reply).replace(QByteArray("1\0\0", 3), QByteArray("1\0.", 3)), "1.0"), "1.");
+}
+
 TEST(CVUpdateReply, WhatIsNoReplyHasNoEntry) {
     for (const char* const bytes :
          {"", "garbage", "<!DOCTYPE html><html><body>Sign in</body></html>",

@@ -1,5 +1,7 @@
 #include "shared/base/QBPropertyList.h"
 
+#include "shared/base/QBSoundBinaryList.h"
+
 #include <plist/plist.h>
 
 #include <cstdlib>
@@ -19,16 +21,25 @@ using PlistText = std::unique_ptr<char, MallocDeleter>;
 /// In bytes; the library that reads lists would run out of stack on longer ones that are nothing but lists within
 /// lists.
 constexpr qsizetype kLargestList = qsizetype(1) << 20;
+/// How libplist tells a binary list from XML.
+constexpr QByteArrayView kBinaryStart("bplist");
 /// Deeper lists within lists are left out: they come from nobody who means well, and each level costs stack.
-constexpr int kDeepestLevel = 100;
+constexpr int kDeepestLevel = QBSoundBinaryList::kDeepestLevel;
 
 QVariant valueOf(plist_t node, int level);
 
 QVariant listOf(plist_t node, int level) {
     QVariantList list;
-    for (uint32_t i = 0; i < plist_array_get_size(node); ++i)
-        list.append(valueOf(plist_array_get_item(node, i), level));
-    return list;
+    plist_array_iter position = nullptr;
+    plist_array_new_iter(node, &position);
+    const std::unique_ptr<void, MallocDeleter> positionOwner(position);
+    for (;;) {
+        plist_t item = nullptr;
+        plist_array_next_item(node, position, &item);
+        if (!item)
+            return list;
+        list.append(valueOf(item, level));
+    }
 }
 
 QVariant mapOf(plist_t node, int level) {
@@ -47,11 +58,11 @@ QVariant mapOf(plist_t node, int level) {
     }
 }
 
+/// By pointer and length: what hands out a copy ends the process on a text with a NUL.
 QVariant textOf(plist_t node) {
-    char* text = nullptr;
-    plist_get_string_val(node, &text);
-    const PlistText owner(text);
-    return text ? QVariant(QString::fromUtf8(text)) : QVariant();
+    uint64_t length = 0;
+    const char* const text = plist_get_string_ptr(node, &length);
+    return text ? QVariant(QString::fromUtf8(text, static_cast<qsizetype>(length))) : QVariant();
 }
 
 QVariant dataOf(plist_t node) {
@@ -94,10 +105,17 @@ QVariant valueOf(plist_t node, int level) {
     }
 }
 
+/// Whether libplist can be asked without harm. No XML holds a NUL, and none that stands for one is read.
+bool isSound(const QByteArray& bytes) {
+    if (bytes.isEmpty() || bytes.size() > kLargestList)
+        return false;
+    return bytes.startsWith(kBinaryStart) ? QBIsSoundBinaryList(bytes) : !bytes.contains('\0');
+}
+
 } // namespace
 
 QVariant QBPropertyListFromData(const QByteArray& bytes) {
-    if (bytes.isEmpty() || bytes.size() > kLargestList)
+    if (!isSound(bytes))
         return {};
     plist_t root = nullptr;
     plist_from_memory(bytes.constData(), static_cast<uint32_t>(bytes.size()), &root);

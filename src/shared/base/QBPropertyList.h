@@ -4,6 +4,6 @@
 #include <QVariant>
 
 /// The value that a property list (XML or binary) holds: maps, lists, strings, numbers, booleans and data.
-/// Invalid when the bytes are no property list, or one of more than 1 MiB; an item of another kind (a date, say) is
-/// invalid in its place.
+/// Invalid when the bytes are no property list, one of more than 1 MiB, or one that libplist cannot be asked to read
+/// (see QBSoundBinaryList.h); an item of another kind (a date, say) is invalid in its place.
 [[nodiscard]] QVariant QBPropertyListFromData(const QByteArray& bytes);
