@@ -1,14 +1,22 @@
 #include "app/CVRunningInstance.h"
 
+#include <QCryptographicHash>
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QLocalSocket>
 #include <QThread>
+
+#include <unistd.h>
 
 namespace {
 
 constexpr QLatin1StringView kLock("/.running.lock");
 constexpr QLatin1StringView kSocket("/.running");
+constexpr QLatin1StringView kSpareName("/corvella-");
+constexpr QLatin1StringView kSpareLock(".lock");
+constexpr int kDigestLetters = 16;
 constexpr const char* kAnswer = "shown\n";
 /// Between two looks at a program that is just starting or ending.
 constexpr std::chrono::milliseconds kPause(50);
@@ -18,11 +26,30 @@ QString made(const QString& folder) {
     return folder;
 }
 
+/// The way to the spare lock and socket of a folder, whichever way the folder is named; empty without a runtime folder.
+QString sparePath(const QString& folder, const QString& runtimeFolder) {
+    if (runtimeFolder.isEmpty())
+        return {};
+    const QString canonical = QFileInfo(folder).canonicalFilePath();
+    const QByteArray name = QFile::encodeName(canonical.isEmpty() ? QDir::cleanPath(folder) : canonical);
+    const QByteArray digest = QCryptographicHash::hash(name, QCryptographicHash::Sha256).toHex();
+    return runtimeFolder + kSpareName + QString::fromLatin1(digest.first(kDigestLetters));
+}
+
 } // namespace
 
-CVRunningInstance::CVRunningInstance(const QString& folder) : mSocket(folder + kSocket), mLock(made(folder) + kLock) {
-    // However long the program runs, its lock stays its own.
-    mLock.setStaleLockTime(0);
+QString CVRunningInstance::ofUser() {
+    const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    const QFileInfo found(folder);
+    return found.isAbsolute() && found.isDir() && found.ownerId() == ::geteuid() ? folder : QString();
+}
+
+CVRunningInstance::CVRunningInstance(const QString& folder, const QString& runtimeFolder)
+    : mSockets(folder + kSocket)
+    , mLock(made(folder) + kLock)
+    , mSpareLock(runtimeFolder.isEmpty() ? QString() : sparePath(folder, runtimeFolder) + kSpareLock) {
+    if (const QString spare = sparePath(folder, runtimeFolder); !spare.isEmpty())
+        mSockets.append(spare);
     mServer.setSocketOptions(QLocalServer::UserAccessOption);
     connect(&mServer, &QLocalServer::newConnection, this, &CVRunningInstance::answer);
 }
@@ -30,27 +57,31 @@ CVRunningInstance::CVRunningInstance(const QString& folder) : mSocket(folder + k
 CVRunningInstance::Outcome CVRunningInstance::claim(std::chrono::milliseconds patience) {
     const QDeadlineTimer deadline(patience);
     for (;;) {
-        if (lock()) {
+        const CVFileLock::Outcome locked = lock();
+        if (locked != CVFileLock::Outcome::Taken && askOther(deadline))
+            return Outcome::OtherShown;
+        if (locked != CVFileLock::Outcome::HeldByOther) {
             listen();
             return Outcome::First;
         }
-        if (askOther(deadline))
-            return Outcome::OtherShown;
         if (deadline.hasExpired())
             return Outcome::OtherSilent;
         QThread::msleep(kPause.count());
     }
 }
 
-/// Whether no other program holds the lock.
-bool CVRunningInstance::lock() {
-    return mLock.tryLock() || mLock.error() != QLockFile::LockFailedError;
+CVFileLock::Outcome CVRunningInstance::lock() {
+    const CVFileLock::Outcome outcome = mLock.tryLock();
+    return outcome == CVFileLock::Outcome::Impossible ? mSpareLock.tryLock() : outcome;
 }
 
 /// Without a socket the program works all the same; it only cannot be called.
 void CVRunningInstance::listen() {
-    // It takes the place of a socket that a crash left behind.
-    mServer.listen(mSocket);
+    for (const QString& socket : std::as_const(mSockets)) {
+        // It takes the place of a socket that a crash left behind.
+        if (mServer.listen(socket))
+            return;
+    }
 }
 
 void CVRunningInstance::answer() {
@@ -63,8 +94,12 @@ void CVRunningInstance::answer() {
 }
 
 bool CVRunningInstance::askOther(const QDeadlineTimer& deadline) const {
-    QLocalSocket socket;
-    socket.connectToServer(mSocket);
     const auto left = [&deadline] { return static_cast<int>(deadline.remainingTime()); };
-    return socket.waitForConnected(left()) && socket.waitForReadyRead(left()) && socket.readAll() == kAnswer;
+    for (const QString& place : mSockets) {
+        QLocalSocket socket;
+        socket.connectToServer(place);
+        if (socket.waitForConnected(left()) && socket.waitForReadyRead(left()) && socket.readAll() == kAnswer)
+            return true;
+    }
+    return false;
 }

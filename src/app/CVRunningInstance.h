@@ -1,7 +1,8 @@
 #pragma once
 
+#include "app/CVFileLock.h"
+
 #include <QLocalServer>
-#include <QLockFile>
 #include <QObject>
 
 #include <chrono>
@@ -9,14 +10,15 @@
 class QDeadlineTimer;
 
 /// The one running program of a folder: the first holds a lock there and listens; whoever comes later has the first
-/// shown instead of working on the same data file. A lock or socket that a crash left behind does not count.
+/// shown instead of working on the same data file. A lock or socket that a crash left behind does not count. Where the
+/// folder takes no lock or no socket (the path of a socket has at most 107 bytes), both lie in the runtime folder,
+/// under a name made from the folder's.
 class CVRunningInstance final : public QObject {
     Q_OBJECT
 
 public:
     enum class Outcome {
-        /// This program is the one, until this object goes. Also where nothing can be locked, as in a folder that is
-        /// read-only.
+        /// This program is the one, until this object goes. Also where nothing can be locked at all.
         First,
         /// Another one runs and has come to the front.
         OtherShown,
@@ -24,8 +26,9 @@ public:
         OtherSilent
     };
 
-    /// The folder is made if it is missing.
-    explicit CVRunningInstance(const QString& folder);
+    /// The folder is made if it is missing. `runtimeFolder` is the user's own for as long as the user is logged in;
+    /// empty for none.
+    explicit CVRunningInstance(const QString& folder, const QString& runtimeFolder = ofUser());
 
     /// Blocks while another program takes its time to answer, but not longer than `patience`.
     [[nodiscard]] Outcome claim(std::chrono::milliseconds patience);
@@ -35,12 +38,17 @@ signals:
     void showRequested();
 
 private:
-    [[nodiscard]] bool lock();
+    /// The runtime folder of this user; empty when there is none.
+    [[nodiscard]] static QString ofUser();
+    [[nodiscard]] CVFileLock::Outcome lock();
     void listen();
     void answer();
     [[nodiscard]] bool askOther(const QDeadlineTimer& deadline) const;
 
-    QString mSocket;
-    QLockFile mLock;
+    /// Where the first may be listening, in order.
+    QStringList mSockets;
+    CVFileLock mLock;
+    /// Taken where the other cannot be.
+    CVFileLock mSpareLock;
     QLocalServer mServer;
 };

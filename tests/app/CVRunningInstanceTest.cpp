@@ -10,7 +10,9 @@
 #include <QTest>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
+#include <array>
 #include <atomic>
 #include <future>
 
@@ -23,7 +25,8 @@ class CVRunningInstanceTest : public testing::Test {
 protected:
     /// What another start hears while this program's event loop runs.
     Outcome startAgain() const {
-        auto outcome = std::async(std::launch::async, [this] { return CVRunningInstance(mFolder).claim(5s); });
+        auto outcome =
+            std::async(std::launch::async, [this] { return CVRunningInstance(mFolder, mRuntimeFolder).claim(5s); });
         EXPECT_TRUE(QTest::qWaitFor([&outcome] { return outcome.wait_for(0s) == std::future_status::ready; }, 10'000));
         return outcome.get();
     }
@@ -34,8 +37,46 @@ protected:
         ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
     }
 
+    /// Puts something else in the place of the lock.
+    void obstruct(void (*place)(const QString& path)) const {
+        ASSERT_TRUE(QDir().mkpath(mFolder));
+        place(lockPath());
+    }
+
+    [[nodiscard]] QString lockPath() const { return mFolder + "/.running.lock"; }
+
     ScratchHome mHome;
     QString mFolder = mHome.path("data/Quenby Labs/Corvella");
+    /// None at first.
+    QString mRuntimeFolder;
+};
+
+struct Obstacle {
+    const char* name;
+    void (*place)(const QString& path);
+};
+
+void makeFileWith(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+}
+
+/// What a crash, a copy of a home folder or a person may have left in the place of the lock.
+const std::array kObstacles{
+    Obstacle{"empty", [](const QString& path) { makeFileWith(path, ""); }},
+    Obstacle{"garbage", [](const QString& path) { makeFileWith(path, QByteArray("\0\xff rubbish", 10)); }},
+    Obstacle{"of a program that runs here", [](const QString& path) { makeFileWith(path, "1\ncorvella\nhost\n"); }},
+    Obstacle{"of another machine", [](const QString& path) { makeFileWith(path, "1\ncorvella\nother\n\n\n"); }},
+    Obstacle{"folder", [](const QString& path) { ASSERT_TRUE(QDir().mkpath(path)); }},
+    Obstacle{"full folder", [](const QString& path) { ASSERT_TRUE(QDir().mkpath(path + "/within")); }},
+    Obstacle{"link to a file",
+             [](const QString& path) {
+                 makeFileWith(path + ".target", "somebody's");
+                 ASSERT_TRUE(QFile::link(path + ".target", path));
+             }},
+    Obstacle{"dangling link", [](const QString& path) { ASSERT_TRUE(QFile::link(path + ".nothing", path)); }},
+    Obstacle{"cyclic link", [](const QString& path) { ASSERT_TRUE(QFile::link(path, path)); }},
+    Obstacle{"pipe", [](const QString& path) { ASSERT_EQ(::mkfifo(qPrintable(path), 0600), 0); }},
 };
 
 TEST_F(CVRunningInstanceTest, TheSecondHasTheFirstShown) {
@@ -90,11 +131,72 @@ TEST_F(CVRunningInstanceTest, WaitsForOneThatIsJustEnding) {
 }
 
 TEST_F(CVRunningInstanceTest, WhatACrashLeftBehindDoesNotCount) {
-    // No process has this number.
-    write("/.running.lock", "2147483646\ncorvella\n" + QSysInfo::machineHostName().toUtf8() + '\n');
+    // The number of a process that runs.
+    write("/.running.lock", QByteArray::number(QCoreApplication::applicationPid()) + "\ncorvella\n" +
+                                QSysInfo::machineHostName().toUtf8());
     write("/.running", "");
     CVRunningInstance first(mFolder);
     ASSERT_EQ(first.claim(0s), Outcome::First);
+    EXPECT_EQ(startAgain(), Outcome::OtherShown);
+}
+
+TEST_F(CVRunningInstanceTest, WhateverStandsInThePlaceOfTheLockTheFirstStartsAndTheSecondHasItShown) {
+    for (const bool hasRuntimeFolder : {true, false}) {
+        for (const Obstacle& obstacle : kObstacles) {
+            SCOPED_TRACE(testing::Message() << obstacle.name << ", runtime folder " << hasRuntimeFolder);
+            mFolder = mHome.path(QString("%1 %2").arg(obstacle.name).arg(hasRuntimeFolder));
+            mRuntimeFolder = hasRuntimeFolder ? mHome.path() : QString();
+            obstruct(obstacle.place);
+            CVRunningInstance first(mFolder, mRuntimeFolder);
+            ASSERT_EQ(first.claim(0s), Outcome::First);
+            EXPECT_EQ(startAgain(), Outcome::OtherShown);
+        }
+    }
+}
+
+TEST_F(CVRunningInstanceTest, WhateverStandsInThePlaceOfTheLockOneThatDoesNotAnswerIsNotRunOver) {
+    mRuntimeFolder = mHome.path();
+    for (const Obstacle& obstacle : kObstacles) {
+        SCOPED_TRACE(obstacle.name);
+        mFolder = mHome.path(obstacle.name);
+        obstruct(obstacle.place);
+        CVRunningInstance first(mFolder, mRuntimeFolder);
+        ASSERT_EQ(first.claim(0s), Outcome::First);
+        EXPECT_EQ(CVRunningInstance(mFolder, mRuntimeFolder).claim(10ms), Outcome::OtherSilent);
+    }
+}
+
+TEST_F(CVRunningInstanceTest, ALinkInThePlaceOfTheLockIsNeitherFollowedNorRemoved) {
+    mRuntimeFolder = mHome.path();
+    obstruct([](const QString& path) { ASSERT_TRUE(QFile::link(path + ".nothing", path)); });
+    ASSERT_EQ(CVRunningInstance(mFolder, mRuntimeFolder).claim(0s), Outcome::First);
+    EXPECT_FALSE(QFile::exists(lockPath() + ".nothing"));
+    EXPECT_TRUE(QFileInfo(lockPath()).isSymLink());
+    EXPECT_EQ(QDir(mRuntimeFolder).entryList({"corvella-*"}, QDir::AllEntries | QDir::System), QStringList());
+}
+
+TEST_F(CVRunningInstanceTest, CanBeCalledHoweverLongThePathOfItsFolderIs) {
+    mRuntimeFolder = mHome.path("run");
+    ASSERT_TRUE(QDir().mkpath(mRuntimeFolder));
+    const QString home = mHome.path();
+    for (const int length : {90, 95, 96, 97, 98, 99, 100, 107, 108, 140, 220}) {
+        SCOPED_TRACE(length);
+        mFolder = home + '/' + QString(length - static_cast<int>(home.size()) - 1, 'x');
+        CVRunningInstance first(mFolder, mRuntimeFolder);
+        ASSERT_EQ(first.claim(0s), Outcome::First);
+        EXPECT_EQ(startAgain(), Outcome::OtherShown);
+    }
+}
+
+TEST_F(CVRunningInstanceTest, TwoFoldersWithLongPathsAreTwoAndALinkToOneIsTheSame) {
+    mRuntimeFolder = mHome.path();
+    const QString longName(150, 'x');
+    mFolder = mHome.path(longName);
+    CVRunningInstance first(mFolder, mRuntimeFolder);
+    ASSERT_EQ(first.claim(0s), Outcome::First);
+    EXPECT_EQ(CVRunningInstance(mFolder + 'y', mRuntimeFolder).claim(0s), Outcome::First);
+    ASSERT_TRUE(QFile::link(mFolder, mHome.path("another way")));
+    mFolder = mHome.path("another way");
     EXPECT_EQ(startAgain(), Outcome::OtherShown);
 }
 

@@ -1,0 +1,68 @@
+#include "app/CVFileLock.h"
+
+#include <QFile>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace {
+
+constexpr int kOwnerOnly = 0600;
+
+/// The outcome of one attempt on an open file.
+CVFileLock::Outcome lockWhole(int file) {
+    struct stat status {};
+    if (::fstat(file, &status) != 0 || !S_ISREG(status.st_mode))
+        return CVFileLock::Outcome::Impossible;
+    struct flock whole {};
+    whole.l_type = F_WRLCK;
+    whole.l_whence = SEEK_SET;
+    if (::fcntl(file, F_OFD_SETLK, &whole) == 0)
+        return CVFileLock::Outcome::Taken;
+    return errno == EAGAIN || errno == EACCES ? CVFileLock::Outcome::HeldByOther : CVFileLock::Outcome::Impossible;
+}
+
+/// Whether the open file is the one that the path leads to.
+bool standsAt(int file, const QByteArray& path) {
+    struct stat open {};
+    struct stat standing {};
+    return ::fstat(file, &open) == 0 && ::lstat(path.constData(), &standing) == 0 && open.st_dev == standing.st_dev &&
+           open.st_ino == standing.st_ino;
+}
+
+} // namespace
+
+CVFileLock::~CVFileLock() {
+    if (mFile == kNone)
+        return;
+    // Removed while the lock is still held: whoever has opened the file meanwhile sees that it stands there no more.
+    const QByteArray path = QFile::encodeName(mPath);
+    if (standsAt(mFile, path))
+        ::unlink(path.constData());
+    ::close(mFile);
+}
+
+CVFileLock::Outcome CVFileLock::tryLock() {
+    if (mFile != kNone)
+        return Outcome::Taken;
+    const QByteArray path = QFile::encodeName(mPath);
+    for (;;) {
+        // Without waiting: a pipe may stand there.
+        const int file =
+            ::open(path.constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, kOwnerOnly);
+        if (file == kNone)
+            return Outcome::Impossible;
+        const Outcome outcome = lockWhole(file);
+        if (outcome == Outcome::Taken && standsAt(file, path)) {
+            mFile = file;
+            return outcome;
+        }
+        ::close(file);
+        if (outcome != Outcome::Taken)
+            return outcome;
+        // The file was removed by a process that ended between opening and locking.
+    }
+}
