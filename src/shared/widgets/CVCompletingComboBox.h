@@ -4,9 +4,6 @@
 
 #include <QStringList>
 
-/// The first of `items`, in their order, that begins with `typed` in whatever case; `typed` itself when none does.
-[[nodiscard]] QString CVCompletedString(const QStringList& items, const QString& typed);
-
 /// A text with a list to choose from. Typing completes to the first item that fits, with the rest selected: going on
 /// accepts it, Backspace refuses it. Any text may be entered; new items leave it alone.
 class CVCompletingComboBox final : public CVSteadyComboBox {

@@ -9,16 +9,6 @@
 
 namespace {
 
-TEST(CVCompletedString, IsTheFirstItemThatBeginsWithTheTextInAnyCase) {
-    const QStringList items{"Growth", "Groceries", "Food", "food"};
-    EXPECT_EQ(CVCompletedString(items, "gro"), "Growth");
-    EXPECT_EQ(CVCompletedString(items, "GROC"), "Groceries");
-    EXPECT_EQ(CVCompletedString(items, "food"), "Food");
-    EXPECT_EQ(CVCompletedString(items, "x"), "x");
-    EXPECT_EQ(CVCompletedString(items, "food "), "food ");
-    EXPECT_EQ(CVCompletedString({}, "x"), "x");
-}
-
 class CVCompletingComboBoxTest : public testing::Test {
 protected:
     CVCompletingComboBoxTest() {

@@ -162,6 +162,17 @@ TEST_F(FieldsInCellsTest, EscapeLeavesTheCellAsItWas) {
     }
 }
 
+TEST_F(FieldsInCellsTest, WhatWasTypedAndUndoneIsNotCommitted) {
+    for (const char* typed : {"Zed", "gro"}) {
+        EXPECT_NE(edit<QLineEdit>(CategoryColumn), nullptr);
+        type(typed);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Z, Qt::ControlModifier);
+        press(Qt::Key_Return);
+        EXPECT_TRUE(closes());
+        EXPECT_EQ(value(CategoryColumn), "Car") << typed;
+    }
+}
+
 TEST_F(FieldsInCellsTest, ATextThatCannotBeReadLeavesTheCellAsItWas) {
     for (const Column column : {DateColumn, AmountColumn}) {
         const QVariant before = value(column);
