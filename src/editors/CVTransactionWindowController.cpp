@@ -7,6 +7,7 @@
 #include "model/CVTransaction.h"
 #include "shared/base/CVNotifications.h"
 #include "shared/base/QBNotificationCenter.h"
+#include "shared/widgets/CVAnyLength.h"
 #include "shared/widgets/CVAttentionColour.h"
 #include "shared/widgets/CVFigureField.h"
 
@@ -52,6 +53,7 @@ void CVTransactionWindowController::addTable() {
 void CVTransactionWindowController::addCategoryField() {
     mCategoryField->setObjectName(QStringLiteral("mCategoryField"));
     mCategoryField->setAccessibleName(tr("Category"));
+    CVTakeAnyLength(*mCategoryField);
     mCategoryField->setReadOnly(true);
     mCategoryField->setFrame(false);
     mCategoryField->setFocusPolicy(Qt::ClickFocus);

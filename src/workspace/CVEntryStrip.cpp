@@ -1,6 +1,7 @@
 #include "workspace/CVEntryStrip.h"
 
 #include "shared/base/QBXMLText.h"
+#include "shared/widgets/CVAnyLength.h"
 #include "shared/widgets/CVCompletingComboBox.h"
 #include "shared/widgets/CVDateField.h"
 #include "shared/widgets/CVMoneyField.h"
@@ -50,6 +51,7 @@ CVEntryStrip::CVEntryStrip(QWidget* parent)
     addField(*layout, mExpenseCategoryComboBox, "mExpenseCategoryComboBox", tr("&Category"), tr("Category"), 2);
     addField(*layout, mTaxCheckbox, "mTaxCheckbox", QString(), tr("Tax"), 0);
     addField(*layout, mRecordButton, "mRecordButton", QString(), tr("Record"), 0);
+    CVTakeAnyLength(*mForField);
     mForField->setMinimumWidth(fontMetrics().averageCharWidth() * kShortestFor);
     mRecordButton->setToolTip(tr("Record this transaction (Return in any of the fields)"));
     // On some desktops Return presses a check box.

@@ -69,6 +69,16 @@ TEST_F(CVEditorWindowTest, EveryWayOfClosingKeepsWhatIsBeingTyped) {
     EXPECT_EQ(mSaver.count(), 3);
 }
 
+TEST_F(CVEditorWindowTest, ANameIsAsLongAfterItsCellWasOpenedAsBefore) {
+    const QString name = QString(40'000, 'x') + "end";
+    mBudget.categoryNamed("Food")->setCategoryName(name);
+    open();
+    table().editRow(0);
+    commit();
+    EXPECT_EQ(mBudget.categoryNamed(name)->uniqueID(), 1U);
+    EXPECT_EQ(mSaver.count(), 0);
+}
+
 TEST_F(CVEditorWindowTest, ATextThatIsSetWithoutTheFocusIsKeptToo) {
     open();
     QWidget other;

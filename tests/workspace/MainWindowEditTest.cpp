@@ -55,6 +55,24 @@ TEST_F(MainWindowEditTest, TextsAreEditedInTheirCellsAndSaved) {
     EXPECT_EQ(table().currentIndex().row(), 0);
 }
 
+TEST_F(MainWindowEditTest, ATextIsAsLongInItsCellAsItWasRecorded) {
+    const QString text = QString(40'000, 'x') + "end";
+    mMarket->setPayTo(text);
+    mMarket->setFor(text);
+    mBudget.categoryNamed("Food")->setCategoryName(text);
+    mController->getStarted();
+    for (const Column column : {Column::ToFrom, Column::For, Column::Category}) {
+        table().setFocus();
+        table().setCurrentIndex(table().model()->index(0, column));
+        press(Qt::Key_F2);
+        ASSERT_NE(QApplication::focusWidget(), &table());
+        commit();
+    }
+    EXPECT_EQ(mMarket->payTo(), text);
+    EXPECT_EQ(mMarket->xfor(), text);
+    EXPECT_EQ(mMarket->categoryName(), text);
+}
+
 TEST_F(MainWindowEditTest, AnAmountIsCalculatedAndTheSumsFollow) {
     edit(0, Column::Amount, "2*(10+5.25)");
     commit();

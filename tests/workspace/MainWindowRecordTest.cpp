@@ -5,6 +5,7 @@
 
 #include <QAbstractItemView>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QPushButton>
 
@@ -115,6 +116,21 @@ TEST_F(MainWindowRecordTest, ChoosingFromTheListOfABoxDoesNotRecord) {
     EXPECT_GE(box->currentIndex(), 0);
     EXPECT_TRUE(recorded().empty());
     EXPECT_TRUE(mAlerts.shown().isEmpty());
+}
+
+TEST_F(MainWindowRecordTest, ATextOfAnyLengthIsRecordedWhole) {
+    const QString text = QString(40'000, 'x') + "end";
+    type("mExpenseAmountField", "5");
+    QGuiApplication::clipboard()->setText(text);
+    for (const char* const name : {"mExpenseToFromComboBox", "mForField", "mExpenseCategoryComboBox"}) {
+        focus(name);
+        press(Qt::Key_V, Qt::ControlModifier);
+    }
+    press(Qt::Key_Return);
+    ASSERT_EQ(recorded().size(), 1U);
+    EXPECT_EQ(recorded()[0]->payTo(), text);
+    EXPECT_EQ(recorded()[0]->xfor(), text);
+    EXPECT_EQ(recorded()[0]->categoryName(), text);
 }
 
 TEST_F(MainWindowRecordTest, RefusesAnAmountThatIsTooSmallFirst) {

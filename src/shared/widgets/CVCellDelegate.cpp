@@ -1,5 +1,6 @@
 #include "shared/widgets/CVCellDelegate.h"
 
+#include "shared/widgets/CVAnyLength.h"
 #include "shared/widgets/CVCellStyle.h"
 
 #include <QAbstractItemView>
@@ -53,6 +54,14 @@ void CVCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
     paintText(*painter, option, index);
     if (option.state.testFlag(QStyle::State_HasFocus))
         paintFocus(*painter, option);
+}
+
+QWidget* CVCellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                                      const QModelIndex& index) const {
+    QWidget* const editor = QStyledItemDelegate::createEditor(parent, option, index);
+    if (auto* const field = qobject_cast<QLineEdit*>(editor))
+        CVTakeAnyLength(*field);
+    return editor;
 }
 
 QSize CVCellDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {

@@ -1,5 +1,7 @@
 #include "shared/widgets/CVCompletingLineEdit.h"
 
+#include "shared/widgets/CVAnyLength.h"
+
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QSignalBlocker>
@@ -27,7 +29,9 @@ QString CVCompletedString(const QStringList& items, const QString& typed) {
 
 CVCompletingLineEdit::CVCompletingLineEdit(const QStringList& items, QWidget* parent)
     : QLineEdit(parent)
-    , mItems(items) {}
+    , mItems(items) {
+    CVTakeAnyLength(*this);
+}
 
 void CVCompletingLineEdit::keyPressEvent(QKeyEvent* event) {
     const bool completed = isCompleted();
