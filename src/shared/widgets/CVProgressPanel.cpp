@@ -11,6 +11,8 @@ CVProgressPanel::CVProgressPanel(const QString& title, int steps, QWidget* windo
     setWindowTitle(title);
     // A key that was meant for what the panel covers must not cancel.
     auto* const cancel = new QPushButton(tr("Cancel"), this);
+    // Each button brings a shortcut for Escape, and two of them make none: the first goes with its button.
+    setCancelButton(nullptr);
     setCancelButton(cancel);
     cancel->setAutoDefault(false);
     setFocusPolicy(Qt::StrongFocus);

@@ -47,6 +47,13 @@ TEST_F(ProgressPanel, IsNotCancelledByAKeyMeantForSomethingElse) {
     EXPECT_TRUE(progress.stepsDone(101, "At work…"));
 }
 
+TEST_F(ProgressPanel, EndsWithEscape) {
+    ASSERT_GT(paintUntilVisible(100), 0);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&progress));
+    QTest::keyClick(QApplication::focusWidget() ? QApplication::focusWidget() : &progress, Qt::Key_Escape);
+    EXPECT_FALSE(progress.stepsDone(101, "At work…"));
+}
+
 TEST_F(ProgressPanel, EndsWithItsButtonOrByBeingClosed) {
     ASSERT_GT(paintUntilVisible(100), 0);
     auto* const cancel = progress.findChild<QPushButton*>();
