@@ -5,6 +5,18 @@
 
 namespace {
 
+constexpr std::array<const char*, kReportTypes> kNames{QT_TRANSLATE_NOOP("CVReport", "Transaction Report %1"),
+                                                       QT_TRANSLATE_NOOP("CVReport", "Category Averages Report %1"),
+                                                       QT_TRANSLATE_NOOP("CVReport", "Plan vs Actual Report %1"),
+                                                       QT_TRANSLATE_NOOP("CVReport", "Percent Report %1"),
+                                                       QT_TRANSLATE_NOOP("CVReport", "Tax Report %1"),
+                                                       QT_TRANSLATE_NOOP("CVReport", "Summary Report %1")};
+
+/// In the form of ISO 8601, which sorts and has no slashes.
+QString today() {
+    return QString::fromLatin1(QBDate::date().corvellaXMLRepresentation().replace('/', '-'));
+}
+
 bool breaksLine(QChar character) {
     return character < u' ' || character == QChar::LineSeparator || character == QChar::ParagraphSeparator;
 }
@@ -14,6 +26,7 @@ bool breaksLine(QChar character) {
 CVReport::CVReport(CVReportType type, QString title, std::span<const CVPrintedColumn> columns, QStringList labels)
     : mReportType(type)
     , mTitle(std::move(title))
+    , mName(tr(kNames[static_cast<std::size_t>(type)]).arg(today()))
     , mColumns(columns)
     , mLabels(std::move(labels)) {}
 

@@ -57,6 +57,9 @@ public:
     [[nodiscard]] CVReportType type() const { return mReportType; }
     /// Without the page.
     [[nodiscard]] const QString& title() const { return mTitle; }
+    /// What the print job and the file are called: the kind and today, without a figure, as everyone at the printer
+    /// reads it, and with nothing that cannot stand in the name of a file.
+    [[nodiscard]] const QString& name() const { return mName; }
     /// "Page 1" for the first.
     [[nodiscard]] static QString pageText(int page);
     /// As many as there are headings.
@@ -79,6 +82,7 @@ protected:
 private:
     CVReportType mReportType;
     QString mTitle;
+    QString mName;
     std::span<const CVPrintedColumn> mColumns;
     QStringList mLabels;
 };

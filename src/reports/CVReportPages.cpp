@@ -41,7 +41,8 @@ CVPaintResult CVWritePDF(const CVReportView& view, QIODevice& output, CVPageRang
         return CVPaintResult::Failed;
     QPdfWriter writer(&output);
     writer.setResolution(kDotsPerInch);
-    writer.setTitle(view.report().title());
+    // The printer may show it, as it shows the name of the job.
+    writer.setTitle(view.report().name());
     writer.setCreator(QString::fromLatin1(CVBundle::kName));
     return CVPaintPages(view, writer, pages, progress);
 }

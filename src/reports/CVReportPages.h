@@ -25,7 +25,7 @@ using CVPaintProgress = std::function<bool(int done)>;
 [[nodiscard]] CVPaintResult CVPaintPages(const CVReportView& view, QPagedPaintDevice& device, CVPageRange pages,
                                          const CVPaintProgress& progress = {});
 
-/// The same as a PDF with the report's title and embedded fonts. It is written piece by piece, so that its length takes
-/// no memory; whether all of it was written is the output's to tell.
+/// The same as a PDF with the report's name as its title, and embedded fonts. It is written piece by piece, so that its
+/// length takes no memory; whether all of it was written is the output's to tell.
 [[nodiscard]] CVPaintResult CVWritePDF(const CVReportView& view, QIODevice& output, CVPageRange pages,
                                        const CVPaintProgress& progress = {});

@@ -12,7 +12,6 @@
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
-#include <QRegularExpression>
 #include <QScopedValueRollback>
 
 #include <functional>
@@ -25,14 +24,9 @@ struct PrintDialogText {
 
 using Failure = std::optional<QString>;
 
-/// The name of the print job, from which the toolkit also makes that of a file: without what cannot stand in one.
-QString jobName(const QString& title) {
-    static const QRegularExpression unfit(QStringLiteral("[/\\\\:.]"));
-    return QString(title).replace(unfit, QStringLiteral("-"));
-}
-
 void setUp(QPrinter& printer, const CVReportView& view) {
-    printer.setDocName(jobName(view.report().title()));
+    // The toolkit also makes the name of a file from it, and shows it above the preview.
+    printer.setDocName(view.report().name());
     printer.setPageLayout(view.printInfo().wholeSheet());
 }
 

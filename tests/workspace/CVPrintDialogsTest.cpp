@@ -1,6 +1,7 @@
 #include "workspace/CVPrintDialogs.h"
 
 #include "kit/BudgetBuilder.h"
+#include "kit/FixedToday.h"
 #include "reports/CVReportView.h"
 #include "reports/CVSummaryTable.h"
 
@@ -104,16 +105,26 @@ TEST_F(PrintDialogs, PrintAnEmptySheetForAReportWithoutPages) {
     EXPECT_EQ(pages(), 1);
 }
 
-TEST_F(PrintDialogs, SuggestAFileNameThatAFolderCanHold) {
-    CVReportView view(report(1), printInfo);
-    QString name;
-    whenShown<QPrintDialog>([&name](QPrintDialog& dialog) {
-        name = dialog.printer()->docName();
+TEST_F(PrintDialogs, CallJobAndPreviewByKindAndDayAndSoDoesTheToolkitTheFile) {
+    const FixedToday today(day(2026, 11, 21));
+    CVReportView view(report(3), printInfo);
+    QString job;
+    whenShown<QPrintDialog>([&job](QPrintDialog& dialog) {
+        job = dialog.printer()->docName();
         dialog.reject();
     });
     EXPECT_EQ(dialogs.print(window, view), std::nullopt);
-    EXPECT_TRUE(name.startsWith("Transaction Report for")) << name.toStdString();
-    EXPECT_FALSE(name.contains('/') || name.contains('.')) << name.toStdString();
+    EXPECT_EQ(job, "Transaction Report 2026-11-21");
+    QString caption;
+    whenShown<QPrintPreviewDialog>([&](QPrintPreviewDialog& dialog) {
+        job = dialog.printer()->docName();
+        caption = dialog.windowTitle();
+        dialog.reject();
+    });
+    EXPECT_EQ(dialogs.preview(window, view), std::nullopt);
+    EXPECT_EQ(job, "Transaction Report 2026-11-21");
+    EXPECT_TRUE(caption.endsWith("Transaction Report 2026-11-21")) << caption.toStdString();
+    EXPECT_FALSE(caption.contains('$'));
 }
 
 TEST_F(PrintDialogs, PrintNothingWhenTheyAreCancelled) {
