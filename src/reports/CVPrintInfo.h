@@ -5,6 +5,8 @@
 #include <QPageLayout>
 #include <QSizeF>
 
+class QBUserDefaults;
+
 /// How pages are set up. Margins are in points, of the page as it is read, whichever way the paper lies.
 struct CVPrintInfo {
     static constexpr double kInch = 72;
@@ -15,6 +17,9 @@ struct CVPrintInfo {
 
     /// The paper that is usual where the locale is spoken: Letter or A4.
     [[nodiscard]] static CVPrintInfo ofLocale(const QLocale& locale);
+    /// As `keepIn` kept it. What is absent or makes no page is that of the locale.
+    [[nodiscard]] static CVPrintInfo fromDefaults(const QBUserDefaults& defaults, const QLocale& locale);
+    void keepIn(QBUserDefaults& defaults) const;
 
     /// In points, as the paper lies.
     [[nodiscard]] QSizeF paperSize() const;
@@ -24,4 +29,6 @@ struct CVPrintInfo {
     void setPageLayout(const QPageLayout& layout);
     /// For a device on which the whole sheet is painted.
     [[nodiscard]] QPageLayout wholeSheet() const;
+
+    bool operator==(const CVPrintInfo&) const = default;
 };

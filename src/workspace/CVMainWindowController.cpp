@@ -41,7 +41,7 @@ CVMainWindowController::CVMainWindowController(CVDocument& document, CVAlerts& a
     , mGrid(mToday, document.userDefaults().integerForKey(CVDefaultsKeys::kPeriodType),
             CVDisplayPeriods::Placement::fromDefaults(document.userDefaults()))
     , mReports(mToday)
-    , mPrintCommands({mList, mGrid, mReports}, alerts)
+    , mPrintCommands({mList, mGrid, mReports}, alerts, document.userDefaults())
     , mWindow(std::make_unique<CVMainWindow>(mList, mGrid, mReports)) {
     windowDidLoad();
 }

@@ -5,10 +5,11 @@
 #include "shared/widgets/CVAlerts.h"
 #include "workspace/CVPrintPanels.h"
 
-CVPrintCommands::CVPrintCommands(CVReportSource source, CVAlerts& alerts)
+CVPrintCommands::CVPrintCommands(CVReportSource source, CVAlerts& alerts, QBUserDefaults& defaults)
     : mSource(source)
     , mAlerts(alerts)
-    , mPrintInfo(CVPrintInfo::ofLocale(QBLocaleInForce())) {}
+    , mDefaults(defaults)
+    , mPrintInfo(CVPrintInfo::fromDefaults(defaults, QBLocaleInForce())) {}
 
 void CVPrintCommands::printTransactions(QWidget& window, CVPrintWay way) {
     print(window, CVReportType::Transactions, way);
@@ -26,8 +27,12 @@ void CVPrintCommands::printReport(QWidget& window, int reportTab, CVPrintWay way
 }
 
 void CVPrintCommands::setUpPage(QWidget& window) {
-    if (mPanels)
-        mPanels->setUpPage(window, mPrintInfo);
+    if (!mPanels)
+        return;
+    const CVPrintInfo before = mPrintInfo;
+    mPanels->setUpPage(window, mPrintInfo);
+    if (mPrintInfo != before)
+        mPrintInfo.keepIn(mDefaults);
 }
 
 void CVPrintCommands::print(QWidget& window, CVReportType type, CVPrintWay way) {

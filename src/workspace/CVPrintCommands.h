@@ -5,17 +5,18 @@
 
 class CVAlerts;
 class CVPrintPanels;
+class QBUserDefaults;
 class QWidget;
 
 enum class CVPrintWay { Print, Preview };
 
-/// The print commands of the main window, with the print settings that they share for as long as the window is open.
-/// References what it prints, and the alerts and the panels, which outlive it. The figures are to be current.
+/// The print commands of the main window, with the print settings that they share and keep in the user defaults.
+/// References what it prints, the alerts, the panels and the defaults, which outlive it. The figures are to be current.
 class CVPrintCommands final {
     Q_DECLARE_TR_FUNCTIONS(CVPrintCommands)
 
 public:
-    CVPrintCommands(CVReportSource source, CVAlerts& alerts);
+    CVPrintCommands(CVReportSource source, CVAlerts& alerts, QBUserDefaults& defaults);
 
     /// Without panels the commands do nothing.
     void setPrintPanels(CVPrintPanels* panels) { mPanels = panels; }
@@ -33,6 +34,7 @@ private:
 
     CVReportSource mSource;
     CVAlerts& mAlerts;
+    QBUserDefaults& mDefaults;
     CVPrintPanels* mPanels = nullptr;
     CVPrintInfo mPrintInfo;
 };

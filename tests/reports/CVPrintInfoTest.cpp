@@ -1,5 +1,8 @@
 #include "reports/CVPrintInfo.h"
 
+#include "kit/ScratchHome.h"
+#include "shared/base/QBUserDefaults.h"
+
 #include <QRectF>
 
 #include <gtest/gtest.h>
@@ -39,6 +42,50 @@ TEST(CVPrintInfo, GoesToAPanelAndBackUnchanged) {
 TEST(CVPrintInfo, GivesADeviceTheWholeSheet) {
     const QPageLayout sheet = CVPrintInfo{.orientation = QPageLayout::Landscape}.wholeSheet();
     EXPECT_EQ(sheet.paintRect(QPageLayout::Point), QRectF(0, 0, 842, 595));
+}
+
+TEST(CVPrintInfo, IsKeptForTheNextStart) {
+    ScratchHome home;
+    std::vector<CVPrintInfo> kept{
+        {.paper = QPageSize(QSizeF(300.5, 400), QPageSize::Point), .margins = {0, 0, 0, 0}},
+        {.paper = QPageSize(QPageSize::A4), .orientation = QPageLayout::Landscape, .margins = {36, 48.25, 60, 72}}};
+    for (int id = 0; id <= QPageSize::LastPageSize; ++id) {
+        if (id != QPageSize::Custom)
+            kept.push_back({.paper = QPageSize(static_cast<QPageSize::PageSizeId>(id)), .margins = {9, 9, 9, 9}});
+    }
+    for (const CVPrintInfo& printInfo : kept) {
+        printInfo.keepIn(home.userDefaults());
+        const CVPrintInfo read = CVPrintInfo::fromDefaults(home.userDefaults(), QLocale("de_DE"));
+        EXPECT_EQ(read.paper.id(), printInfo.paper.id()) << printInfo.paper.name().toStdString();
+        EXPECT_EQ(read.paperSize(), printInfo.paperSize()) << printInfo.paper.name().toStdString();
+        EXPECT_EQ(read.orientation, printInfo.orientation);
+        EXPECT_EQ(read.margins, printInfo.margins);
+    }
+}
+
+TEST(CVPrintInfo, IsThatOfTheLocaleWhereWhatWasKeptMakesNoPage) {
+    ScratchHome home;
+    struct Row {
+        const char* paper;
+        const char* margins;
+        CVPrintInfo expected;
+    };
+    const CVPrintInfo letter{.paper = QPageSize(QPageSize::Letter)};
+    const CVPrintInfo a5{.paper = QPageSize(QPageSize::A5)};
+    const std::vector<Row> rows{{"", "", letter},
+                                {"Foolscap", "a b c d", letter},
+                                {"100x", "72 72 72", letter},
+                                {"1x1", "72 72 72 72 72", letter},
+                                {"nanxinf", "nan 72 72 72", letter},
+                                {"999999x100", "-1 72 72 72", letter},
+                                {"Custom", "306 72 306 72", letter},
+                                {"A5", "72 300 72 300", a5}};
+    for (const Row& row : rows) {
+        home.userDefaults().setString("CVPaper", row.paper);
+        home.userDefaults().setString("CVPaperMargins", row.margins);
+        EXPECT_EQ(CVPrintInfo::fromDefaults(home.userDefaults(), QLocale("en_US")), row.expected)
+            << row.paper << ", " << row.margins;
+    }
 }
 
 } // namespace

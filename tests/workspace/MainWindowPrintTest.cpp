@@ -198,6 +198,28 @@ TEST_F(MainWindowPrintTest, ThePageIsSetUpForAllReportsAndAWideReportLeavesTheOr
     EXPECT_EQ(mPrintPanels.setUps()[1].paper.id(), QPageSize::A5) << "the panel shows what was chosen before";
 }
 
+TEST_F(MainWindowPrintTest, ThePageSetUpHoldsForTheNextWindowToo) {
+    someBudget();
+    openForPrinting();
+    const CVPrintInfo chosen{
+        .paper = QPageSize(QPageSize::A5), .orientation = QPageLayout::Landscape, .margins = {36, 48, 60, 72.5}};
+    mPrintPanels.chooseSetUp(chosen);
+    command("Page Setup…").trigger();
+    mController->printReport(CVPrintWay::Print);
+    openForPrinting();
+    command("Page Setup…").trigger();
+    EXPECT_EQ(mPrintPanels.setUps().last(), chosen);
+    mController->printTransactions(CVPrintWay::Print);
+    EXPECT_EQ(mPrintPanels.shown().last().paper, QPageSize::A5);
+}
+
+TEST_F(MainWindowPrintTest, APageSetUpThatIsLeftAsItWasIsNotKept) {
+    openForPrinting();
+    command("Page Setup…").trigger();
+    ASSERT_EQ(mPrintPanels.setUps().size(), 1);
+    EXPECT_FALSE(mBudget.userDefaults().hasKey("CVPaper")) << "another locale may bring another paper";
+}
+
 TEST_F(MainWindowPrintTest, AFailureIsToldWithItsReason) {
     someBudget();
     openForPrinting();

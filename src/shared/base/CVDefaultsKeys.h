@@ -21,6 +21,12 @@ inline constexpr const char* kReportTab = "kCReportTab";
 inline constexpr const char* kTransactionPeriod = "kCVTransactionPeriod";
 inline constexpr const char* kReportPeriod = "kCVReportPeriod";
 
+/// The page set-up: the paper's name ("A4") or its width and height ("420x595"), whether it lies on its side, and the
+/// margins at the left, the top, the right and the bottom ("72 72 72 72"), in points.
+inline constexpr const char* kPaper = "CVPaper";
+inline constexpr const char* kPaperLandscape = "CVPaperLandscape";
+inline constexpr const char* kPaperMargins = "CVPaperMargins";
+
 /// The identifier of the preferences' tab that was shown last.
 inline constexpr const char* kPreferencesTab = "Prefs: Selected Tab";
 /// 0 never, 1 daily, 2 weekly, 3 monthly.
