@@ -1,12 +1,14 @@
-#include "ParserProperty.h"
-
+#include <QByteArray>
+#include <QString>
 #include <QtGlobal>
 
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 
-/// Feeds the parser of the data file whatever libFuzzer comes up with.
+/// Feeds the property that the target is built with whatever libFuzzer comes up with.
+[[nodiscard]] QString CORVELLA_PROPERTY(const QByteArray& bytes);
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv);
 
@@ -18,7 +20,7 @@ extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
-    const QString broken = brokenParserProperty(bytes);
+    const QString broken = CORVELLA_PROPERTY(bytes);
     if (!broken.isNull()) {
         std::fprintf(stderr, "%s\n", qUtf8Printable(broken));
         std::abort();
