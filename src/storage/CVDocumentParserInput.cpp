@@ -1,4 +1,5 @@
 #include "storage/CVDocumentParserDelegate.h"
+#include "storage/CVFileExamination.h"
 #include "storage/CVStorageLog.h"
 
 #include <QByteArrayView>
@@ -11,18 +12,18 @@
 
 namespace {
 
-constexpr qsizetype kExaminedBytes = 64;
 constexpr qsizetype kLargestBlock = std::numeric_limits<int>::max();
 constexpr qsizetype kVectorCharacters = 24;
 
-constexpr QByteArrayView kEncryptedStart("<EncryptedData");
 constexpr QByteArrayView kSaltStart("<Salt><Specified>");
 constexpr QByteArrayView kSaltEnd("</Specified>");
 constexpr QByteArrayView kCipherStart("<CipherValue>");
 constexpr QByteArrayView kCipherEnd("</CipherValue>");
 
-bool looksEncrypted(QByteArrayView bytes) {
-    return bytes.first(std::min(bytes.size(), kExaminedBytes)).indexOf(kEncryptedStart) >= 0;
+CVFileExamination examinedStart(QByteArrayView bytes) {
+    CVFileExamination start;
+    start.add(bytes.first(std::min(bytes.size(), CVFileExamination::kFewestBytes)));
+    return start;
 }
 
 QByteArray decoded(QByteArrayView text) {
@@ -32,11 +33,12 @@ QByteArray decoded(QByteArrayView text) {
 } // namespace
 
 bool CVDocumentParserDelegate::prepareFromData(QByteArray bytes) {
-    if (bytes.size() < kExaminedBytes) {
-        mErrorMessage = tr("the file is shorter than %1 bytes").arg(kExaminedBytes);
+    const CVFileExamination start = examinedStart(bytes);
+    if (start.isTooShort()) {
+        mErrorMessage = tr("the file is shorter than %1 bytes").arg(CVFileExamination::kFewestBytes);
         return false;
     }
-    if (looksEncrypted(bytes)) {
+    if (start.looksEncrypted()) {
         readEncryptedParts(bytes);
         return true;
     }
@@ -60,7 +62,7 @@ bool CVDocumentParserDelegate::prepareFromFile(const QString& path, CVReadError*
         qCWarning(lcStorage, "Error loading document: %s", qUtf8Printable(problem.message));
         return false;
     }
-    if (looksEncrypted(bytes)) {
+    if (examinedStart(bytes).looksEncrypted()) {
         if (bytes.isValidUtf8() && readEncryptedParts(bytes))
             return true;
         problem.code = CVReadError::kCorruptFile;

@@ -1,11 +1,11 @@
 #include "model/CVDocument.h"
 #include "storage/CVDocumentParserDelegate.h"
+#include "storage/CVFileExamination.h"
 #include "storage/CVStorageLog.h"
 
 #include <libxml/parser.h>
 #include <libxml/xmlerror.h>
 
-#include <algorithm>
 #include <array>
 #include <cstdarg>
 #include <cstdio>
@@ -18,58 +18,8 @@ namespace {
 /// A damaged file can raise an error per character; the log needs only the first of them.
 constexpr int kLoggedErrors = 20;
 
-/// libxml2 compares each attribute of an element with all before it, so that one with many thousands would take hours.
-/// The data file has elements with four.
-constexpr int kMostAttributes = 100;
-
-/// An element with more has at least this many bytes: a blank, a letter, an equals sign and two quotes for each.
-constexpr qsizetype kShortestAbsurdElement = 5 * kMostAttributes;
-
-/// The attributes of the tag that `text` begins with, just behind the less-than sign; what is no start tag has none.
-int attributesOf(QByteArrayView text) {
-    const char* at = std::find_if(text.begin(), text.end(), [](char c) { return c != '\0'; });
-    if (at == text.end() || *at == '/' || *at == '!' || *at == '?')
-        return 0;
-    for (int count = 0;; ++count) {
-        at = std::find_if(at, text.end(), [](char c) { return c == '"' || c == '\'' || c == '>'; });
-        const char* const close = at == text.end() || *at == '>' ? text.end() : std::find(at + 1, text.end(), *at);
-        if (close == text.end())
-            return count;
-        at = close + 1;
-    }
-}
-
 /// In bytes; few budgets have shorter ones on the average.
 constexpr qsizetype kUsualTransaction = 160;
-
-struct Examination {
-    bool holdsNul = false;
-    bool hasAbsurdElement = false;
-};
-
-/// Looks for a NUL and for an element with more than `kMostAttributes` attributes, in one walk: the search for NULs
-/// brings the bytes into the cache, in which the jumps of the other alone would miss. A start tag holds no further
-/// less-than sign, so that each can be looked at by itself, and where signs stand close together there is none of
-/// interest: from each, the search goes on at the last one within reach.
-Examination examine(QByteArrayView bytes) {
-    const qsizetype first = bytes.indexOf('<');
-    Examination found{bytes.first(first < 0 ? bytes.size() : first).contains('\0')};
-    for (qsizetype at = first; at >= 0;) {
-        const QByteArrayView reach = bytes.sliced(at + 1, std::min(kShortestAbsurdElement, bytes.size() - at - 1));
-        found.holdsNul = found.holdsNul || reach.contains('\0');
-        const qsizetype last = reach.lastIndexOf('<');
-        if (last >= 0) {
-            at += 1 + last;
-            continue;
-        }
-        const qsizetype next = bytes.indexOf('<', at + 1);
-        const QByteArrayView text = bytes.sliced(at + 1, (next < 0 ? bytes.size() : next) - at - 1);
-        found.holdsNul = found.holdsNul || text.contains('\0');
-        found.hasAbsurdElement = found.hasAbsurdElement || attributesOf(text) > kMostAttributes;
-        at = next;
-    }
-    return found;
-}
 
 } // namespace
 
@@ -155,10 +105,11 @@ bool CVDocumentParserDelegate::parseDocumentData() {
 
 int CVDocumentParserDelegate::parsePlainBytes() {
     const QByteArray bytes = _co_decrypted_data.value_or(QByteArray());
-    const Examination found = examine(bytes);
-    mHoldsNul = found.holdsNul;
-    if (found.hasAbsurdElement) {
-        mFirstError = tr("an element has more than %1 attributes").arg(kMostAttributes);
+    CVFileExamination examination;
+    examination.add(bytes);
+    mHoldsNul = examination.holdsNul();
+    if (examination.hasAbsurdElement()) {
+        mFirstError = tr("an element has more than %1 attributes").arg(CVFileExamination::kMostAttributes);
         return XML_ERR_INTERNAL_ERROR;
     }
     mExpectedTransactions = static_cast<double>(bytes.size()) / static_cast<double>(kUsualTransaction);
