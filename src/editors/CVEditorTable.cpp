@@ -105,6 +105,14 @@ void CVEditorTable::keyPressEvent(QKeyEvent* event) {
         CVTableView::keyPressEvent(event);
 }
 
+/// Rows are selected, not cells, so that the ends of a row are no places to go to.
+QModelIndex CVEditorTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    if (action != MoveHome && action != MoveEnd)
+        return CVTableView::moveCursor(action, modifiers);
+    const int row = action == MoveHome ? 0 : model()->rowCount() - 1;
+    return model()->index(row, std::max(0, currentIndex().column()));
+}
+
 /// The editor always stands in the current row.
 QWidget* CVEditorTable::openEditor() const {
     return state() == EditingState ? indexWidget(currentIndex()) : nullptr;

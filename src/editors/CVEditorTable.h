@@ -9,7 +9,7 @@ class CVEditorModel;
 class QBUserDefaults;
 
 /// The table of an editor. Whole rows are selected. Return, F2 or a double-click edits the text that names a row;
-/// letters select by it.
+/// letters select by it. Home and End lead to the first and the last row.
 class CVEditorTable final : public CVTableView {
     Q_OBJECT
 
@@ -50,6 +50,7 @@ protected:
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void keyPressEvent(QKeyEvent* event) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
 private:
     [[nodiscard]] QWidget* openEditor() const;

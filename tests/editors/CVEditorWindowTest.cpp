@@ -127,6 +127,27 @@ TEST_F(CVEditorWindowTest, ReturnEditsTheRowAndPressesNoButton) {
     EXPECT_EQ(document().countOfCategories(), 2U);
 }
 
+TEST_F(CVEditorWindowTest, HomeAndEndLeadToTheFirstAndTheLastRow) {
+    for (int i = 3; i < 60; ++i)
+        mBudget.category(QString("Rent %1").arg(i), static_cast<quint32>(i));
+    open();
+    const int last = table().model()->rowCount() - 1;
+    for (const Qt::KeyboardModifiers modifiers : {Qt::NoModifier, Qt::ControlModifier}) {
+        clickCell(1, 1);
+        press(Qt::Key_End, modifiers);
+        EXPECT_EQ(table().currentIndex().row(), last);
+        EXPECT_TRUE(isVisible(last));
+        press(Qt::Key_Home, modifiers);
+        EXPECT_EQ(table().currentIndex().row(), 0);
+        EXPECT_TRUE(isVisible(0));
+    }
+    clickCell(1, 1);
+    press(Qt::Key_Home);
+    EXPECT_EQ(table().selectedRows(), std::vector{0});
+    press(Qt::Key_End, Qt::ShiftModifier);
+    EXPECT_EQ(table().selectedRows().size(), static_cast<std::size_t>(last) + 1) << "as far as the key led";
+}
+
 TEST_F(CVEditorWindowTest, TabLeadsFromTheTableToEveryButton) {
     open();
     clickCell(1, 0);
