@@ -1,52 +1,78 @@
 #include "app/CVBudgetOptions.h"
 
+#include "app/CVDaysOfText.h"
 #include "app/CVErrorLine.h"
 #include "app/CVReadOnlyBudget.h"
+#include "app/CVStandardStreams.h"
 #include "budget/CVRangePresets.h"
 #include "model/CVTransactionSet.h"
 #include "workspace/CVTransactionList.h"
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QTextStream>
 
+#include <algorithm>
 #include <array>
-#include <cstdio>
 
 namespace {
+
+/// In place of a preset where days are given.
+constexpr int kNoPreset = -1;
 
 QString tr(const char* text) {
     return QCoreApplication::translate("CVBudgetOptions", text);
 }
 
-QString readPreset(const QString& value, CVBudgetOptions& options) {
-    bool isNumber = false;
-    options.preset = value.toInt(&isNumber);
-    return isNumber && options.preset >= 0 && options.preset < kCVRangePresets
-               ? QString()
-               : tr("--range takes a number from 0 to 7");
+/// What the option `name` asks for; `days` stays where it cannot be understood.
+QString readDays(const QString& value, const char* name, const CVBudgetOptions& options,
+                 std::optional<CVDayRange>& days) {
+    const auto found = CVDaysOfText(value, options.today.value_or(QBDate::date()));
+    if (!found) {
+        return tr("%1 takes a day, a month or a year, as in 2014-01-31, 2014-01, 2014 or today, not \"%2\"")
+            .arg(QLatin1String(name), value);
+    }
+    days = found;
+    return {};
 }
 
-QString readDay(const QString& value, const char* option, QBDate& day) {
-    const auto date = QBDate::optimizedDateWithCStringXMLFormat(value.toStdString());
-    if (!date)
-        return tr("%1 takes a day as YYYY/MM/DD, not \"%2\"").arg(QLatin1String(option), value);
-    day = *date;
+QString readRange(const QString& value, CVBudgetOptions& options) {
+    bool isNumber = false;
+    const int preset = value.toInt(&isNumber);
+    if (isNumber && preset >= 0 && preset < kCVRangePresets) {
+        options.preset = preset;
+        return {};
+    }
+    const auto days = CVDaysOfText(value, options.today.value_or(QBDate::date()));
+    if (!days)
+        return tr("--range takes a number from 0 to 7, or a day, a month or a year as in 2014-01-31, 2014-01 or 2014");
+    options.from = days->start;
+    options.to = days->end;
     return {};
 }
 
 QString readFrom(const QString& value, CVBudgetOptions& options) {
-    return readDay(value, "--from", options.range->start);
+    std::optional<CVDayRange> days;
+    QString problem = readDays(value, "--from", options, days);
+    if (days)
+        options.from = days->start;
+    return problem;
 }
 
 QString readTo(const QString& value, CVBudgetOptions& options) {
-    return readDay(value, "--to", options.range->end);
+    std::optional<CVDayRange> days;
+    QString problem = readDays(value, "--to", options, days);
+    if (days)
+        options.to = days->end;
+    return problem;
 }
 
 QString readToday(const QString& value, CVBudgetOptions& options) {
-    options.today = QBDate::date();
-    return readDay(value, "--today", *options.today);
+    const auto days = CVDaysOfText(value, QBDate::date());
+    if (!days || days->start != days->end)
+        return tr("--today takes a day, as in 2014-01-31, not \"%1\"").arg(value);
+    options.today = days->start;
+    return {};
 }
 
 QString readSet(const QString& value, CVBudgetOptions& options) {
@@ -54,22 +80,17 @@ QString readSet(const QString& value, CVBudgetOptions& options) {
     return {};
 }
 
-QString readData(const QString& value, CVBudgetOptions& options) {
-    options.dataFile = value;
-    return value.isEmpty() ? tr("--data needs the name of a file") : QString();
-}
-
 QString readOutput(const QString& value, CVBudgetOptions& options) {
     options.output = value;
     return value.isEmpty() ? tr("--output needs the name of a file") : QString();
 }
 
-constexpr std::array<CVOption<CVBudgetOptions>, 7> kOptions{{{"range", readPreset},
+/// The day that is today comes first: others count from it.
+constexpr std::array<CVOption<CVBudgetOptions>, 6> kOptions{{{"today", readToday},
+                                                             {"range", readRange},
                                                              {"from", readFrom},
                                                              {"to", readTo},
                                                              {"set", readSet},
-                                                             {"data", readData},
-                                                             {"today", readToday},
                                                              {"output", readOutput}}};
 
 /// Makes the set of that name the current one; false when there is none.
@@ -85,22 +106,19 @@ bool selectSet(CVDocument& document, const QString& name) {
 
 } // namespace
 
-std::span<const CVOption<CVBudgetOptions>> CVBudgetOptions::options() {
-    return kOptions;
+void CVBudgetOptions::declare(QCommandLineParser& parser) {
+    CVDataOptions::declare(parser);
+    CVDeclareOptions<CVBudgetOptions>(parser, kOptions);
 }
 
 QString CVBudgetOptions::read(const QCommandLineParser& parser) {
-    const bool hasRange = parser.isSet(QStringLiteral("from"));
-    if (hasRange != parser.isSet(QStringLiteral("to")))
-        return tr("--from and --to go together");
-    if (hasRange && parser.isSet(QStringLiteral("range")))
+    const bool hasDays = parser.isSet(QStringLiteral("from")) || parser.isSet(QStringLiteral("to"));
+    if (hasDays && parser.isSet(QStringLiteral("range")))
         return tr("give either --range or --from and --to");
-    if (hasRange) {
-        preset = kNoPreset;
-        range = CVDayRange{QBDate::date(), QBDate::date()};
-    }
-    QString problem = CVReadOptions(parser, options(), *this);
-    if (problem.isEmpty() && range && range->end.comesBefore(range->start))
+    QString problem = CVDataOptions::read(parser);
+    if (problem.isEmpty())
+        problem = CVReadOptions<CVBudgetOptions>(parser, kOptions, *this);
+    if (problem.isEmpty() && from && to && to->comesBefore(*from))
         return tr("--from lies after --to");
     return problem;
 }
@@ -112,22 +130,28 @@ bool CVBudgetOptions::open(CVReadOnlyBudget& budget, QTextStream& errors) const 
         return false;
     if (!set || selectSet(budget.document(), *set))
         return true;
-    fail(errors, tr("there is no transaction set \"%1\"").arg(*set));
+    fail(errors, tr("there is no transaction set \"%1\"; corvella sets lists them").arg(*set));
     return false;
 }
 
-void CVBudgetOptions::chooseRange(CVTransactionList& list) const {
-    list.setTransactionPeriod(preset);
+std::optional<CVDayRange> CVBudgetOptions::days(const CVDocument& document) const {
+    const auto all = rangeOfPreset(0, QBDate::date(), document);
+    if (!all || (!from && !to))
+        return std::nullopt;
+    const QBDate start = from.value_or(to ? std::min(all->start, *to) : all->start);
+    return CVDayRange{start, to.value_or(std::max(all->end, start))};
+}
+
+void CVBudgetOptions::chooseRange(CVTransactionList& list, const CVDocument& document) const {
+    const auto range = days(document);
+    list.setTransactionPeriod(range ? kNoPreset : preset);
     list.setRangeFromPreset(QBDate::date());
     if (range)
         list.setRange(*range);
 }
 
-int CVBudgetOptions::writeToStandardOutput(const QByteArray& text, QTextStream& errors) {
-    QFile standardOutput;
-    const bool written = standardOutput.open(stdout, QIODevice::WriteOnly) &&
-                         standardOutput.write(text) == text.size() && standardOutput.flush();
-    return written ? 0 : fail(errors, tr("standard output could not be written: %1").arg(standardOutput.errorString()));
+bool CVBudgetOptions::writesToStandardOutput() const {
+    return !output || *output == QLatin1String(CVStandardStreams::kName);
 }
 
 int CVBudgetOptions::outputWritten(const std::optional<QString>& failure, QTextStream& errors) const {

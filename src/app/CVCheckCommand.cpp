@@ -1,17 +1,17 @@
 #include "app/CVCheckCommand.h"
 
 #include "app/CVReadOnlyBudget.h"
+#include "app/CVStandardStreams.h"
 
-#include <QTextStream>
-
-int CVRunCheck(const std::optional<QString>& dataFile, QTextStream& output, QTextStream& errors) {
+int CVRunCheck(const std::optional<QString>& dataFile, QTextStream& errors) {
     CVReadOnlyBudget budget;
     if (!budget.read(dataFile, errors))
         return 1;
     const CVDocument& document = budget.document();
-    output << "transactions: " << document.transactions().size() << '\n'
-           << "categories: " << document.countOfCategories() << '\n'
-           << "transaction sets: " << document.countOfTransactionSets() << '\n'
-           << "current set: " << document.currentTransactionSet() << Qt::endl;
-    return 0;
+    const QString text = QStringLiteral("transactions: %1\ncategories: %2\ntransaction sets: %3\ncurrent set: %4\n")
+                             .arg(document.transactions().size())
+                             .arg(document.countOfCategories())
+                             .arg(document.countOfTransactionSets())
+                             .arg(document.currentTransactionSet());
+    return CVStandardStreams::write(text.toUtf8(), budget.dataFiles(), errors);
 }

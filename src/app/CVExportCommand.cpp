@@ -1,6 +1,7 @@
 #include "app/CVExportCommand.h"
 
 #include "app/CVReadOnlyBudget.h"
+#include "app/CVStandardStreams.h"
 #include "shared/base/CVDefaultsKeys.h"
 #include "workspace/CVTransactionExport.h"
 #include "workspace/CVTransactionList.h"
@@ -38,8 +39,8 @@ QString readSort(const QString& value, CVExportRequest& request) {
 
 constexpr std::array<CVOption<CVExportRequest>, 2> kOptions{{{"search", readSearch}, {"sort", readSort}}};
 
-void fill(CVTransactionList& list, const CVExportRequest& request) {
-    request.chooseRange(list);
+void fill(CVTransactionList& list, const CVDocument& document, const CVExportRequest& request) {
+    request.chooseRange(list, document);
     list.setSearchType(request.searchKind);
     list.setSearchText(request.searchText);
     list.collectTransactions();
@@ -48,10 +49,13 @@ void fill(CVTransactionList& list, const CVExportRequest& request) {
 
 QString readArguments(const QStringList& arguments, CVExportRequest& request) {
     QCommandLineParser parser;
-    CVDeclareOptions(parser, CVBudgetOptions::options());
+    CVBudgetOptions::declare(parser);
     CVDeclareOptions<CVExportRequest>(parser, kOptions);
     if (!parser.parse(arguments))
         return parser.errorText();
+    request.help = CVDataOptions::asksForHelp(parser);
+    if (request.help)
+        return {};
     if (!parser.positionalArguments().isEmpty())
         return tr("export takes no argument \"%1\"").arg(parser.positionalArguments().constFirst());
     QString problem = request.read(parser);
@@ -73,8 +77,9 @@ int CVRunExport(const CVExportRequest& request, QTextStream& errors) {
     budget.userDefaults().setString(CVDefaultsKeys::kTransactionSortColumn, request.sortColumn);
     budget.userDefaults().setInteger(CVDefaultsKeys::kTransactionSortOrder, request.descending ? 1 : 0);
     CVTransactionList list(budget.document());
-    fill(list, request);
+    fill(list, budget.document(), request);
     const auto text = CVExportedTransactions(list.displayTransactions());
-    return request.output ? request.outputWritten(CVWriteExport(*request.output, *text), errors)
-                          : CVBudgetOptions::writeToStandardOutput(*text, errors);
+    if (request.writesToStandardOutput())
+        return CVStandardStreams::write(*text, budget.dataFiles(), errors);
+    return request.outputWritten(CVWriteExport(*request.output, *text, budget.dataFiles()), errors);
 }

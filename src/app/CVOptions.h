@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QCommandLineParser>
+#include <QCoreApplication>
 
 #include <span>
 
@@ -19,14 +20,17 @@ void CVDeclareOptions(QCommandLineParser& parser, std::span<const CVOption<Reque
 }
 
 /// Takes the values of the options that are given, in the order of the table; answers as the first that cannot be
-/// understood.
+/// understood. One that is given twice is: no value is passed over.
 template <typename Request>
 [[nodiscard]] QString CVReadOptions(const QCommandLineParser& parser, std::span<const CVOption<Request>> options,
                                     Request& request) {
     for (const auto& option : options) {
-        if (!parser.isSet(QLatin1String(option.name)))
+        const QStringList values = parser.values(QLatin1String(option.name));
+        if (values.size() > 1)
+            return QCoreApplication::translate("CVOptions", "--%1 is given twice").arg(QLatin1String(option.name));
+        if (values.isEmpty())
             continue;
-        QString problem = option.read(parser.value(QLatin1String(option.name)), request);
+        QString problem = option.read(values.constFirst(), request);
         if (!problem.isEmpty())
             return problem;
     }

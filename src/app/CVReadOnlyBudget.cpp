@@ -1,13 +1,16 @@
 #include "app/CVReadOnlyBudget.h"
 
 #include "app/CVErrorLine.h"
+#include "app/CVStandardStreams.h"
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
-#include <QLoggingCategory>
 #include <QSettings>
 #include <QTextStream>
+
+#include <unistd.h>
 
 namespace {
 
@@ -28,24 +31,44 @@ CVReadOnlyBudget::CVReadOnlyBudget()
     , mDocument(mNotificationCenter, mUserDefaults) {}
 
 bool CVReadOnlyBudget::read(const std::optional<QString>& dataFile, QTextStream& errors) {
-    // One clear line is promised; the parser's own remarks would stand beside it.
-    QLoggingCategory::setFilterRules(QStringLiteral("corvella.storage=false"));
     const auto path = dataFile ? dataFile : CVStandardDataFileURL(CVLookForExisting::Yes, mFolders, mUserDefaults);
     if (!path)
         return fail(errors, tr("there is no data file yet; name one with --data FILE"));
-    const QString shown = QDir::toNativeSeparators(*path);
-    if (!QFileInfo::exists(*path))
-        return fail(errors, tr("\"%1\" does not exist").arg(shown));
-    if (!QFileInfo(*path).isFile())
-        return fail(errors, tr("\"%1\" is not a file").arg(shown));
-
-    CVDocumentFile file(mFolders, mUserDefaults);
-    const CVLoadReport report = file.readFromURL(mDocument, *path);
+    const bool isInput = *path == QLatin1String(CVStandardStreams::kName);
+    const QString shown = isInput ? tr("standard input") : u'"' + QDir::toNativeSeparators(*path) + u'"';
+    if (!isInput && !QFileInfo::exists(*path))
+        return fail(errors, tr("%1 does not exist").arg(shown));
+    if (!isInput && QFileInfo(*path).isDir())
+        return fail(errors, tr("%1 is not a file").arg(shown));
+    mPath = isInput ? QString::fromLatin1(CVStandardStreams::kInputPath) : *path;
+    const CVLoadReport report = load(isInput ? QString() : *path);
     if (report.outcome == CVLoadReport::Outcome::Unreadable)
-        return fail(errors, tr("\"%1\" could not be read: %2").arg(shown, report.reason));
+        return fail(errors, tr("%1 could not be read: %2").arg(shown, report.reason));
     if (!report.reason.isEmpty())
         CVWriteErrorLine(errors, tr("note: %1").arg(report.reason));
     mDocument.sortTransactionsByDate();
     mDocument.updateDates();
     return true;
+}
+
+/// Standard input in place of an empty path.
+CVLoadReport CVReadOnlyBudget::load(const QString& path) {
+    CVDocumentFile file(mFolders, mUserDefaults);
+    if (!path.isEmpty())
+        return file.readFromURL(mDocument, path);
+    QFile input;
+    if (!input.open(STDIN_FILENO, QIODevice::ReadOnly))
+        return {CVLoadReport::Outcome::Unreadable, mPath, input.errorString()};
+    return file.readFromOpenFile(mDocument, input);
+}
+
+QStringList CVReadOnlyBudget::dataFiles() {
+    QStringList files{mPath};
+    for (const auto look : {CVLookForExisting::Yes, CVLookForExisting::No}) {
+        const auto own = look == CVLookForExisting::Yes ? CVStandardDataFileURL(look, mFolders, mUserDefaults)
+                                                        : CVPathForSaving(mFolders, mUserDefaults);
+        if (own)
+            files.append(*own);
+    }
+    return files;
 }

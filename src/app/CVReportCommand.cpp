@@ -1,6 +1,7 @@
 #include "app/CVReportCommand.h"
 
 #include "app/CVReadOnlyBudget.h"
+#include "app/CVStandardStreams.h"
 #include "budget/CVBudgetRows.h"
 #include "budget/CVGridContents.h"
 #include "budget/CVReportContents.h"
@@ -13,6 +14,8 @@
 #include "workspace/CVTransactionList.h"
 
 #include <QCoreApplication>
+
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -70,13 +73,33 @@ QString readKind(const QStringList& arguments, CVReportRequest& request) {
     return type ? QString() : tr("report takes transactions, averages, plan, percent, tax or summary");
 }
 
+/// An option that would change nothing in this report, which whoever gave it does not know.
+QString idleOption(const QCommandLineParser& parser, CVReportType type) {
+    const bool isSummary = type == CVReportType::Summary;
+    for (const char* const option : {"range", "to"}) {
+        if (isSummary && parser.isSet(QLatin1String(option)))
+            return tr("the summary takes no --%1: --from says where it begins, --period how long its columns are")
+                .arg(QLatin1String(option));
+    }
+    if (!isSummary && parser.isSet(QStringLiteral("period")))
+        return tr("--period is an option of the summary alone");
+    if (parser.isSet(QStringLiteral("paper")) && !parser.isSet(QStringLiteral("output")))
+        return tr("--paper is an option of PDF files alone, which --output makes");
+    return {};
+}
+
 QString readArguments(const QStringList& arguments, CVReportRequest& request) {
     QCommandLineParser parser;
-    CVDeclareOptions(parser, CVBudgetOptions::options());
+    CVBudgetOptions::declare(parser);
     CVDeclareOptions<CVReportRequest>(parser, kOptions);
     if (!parser.parse(arguments))
         return parser.errorText();
+    request.help = CVDataOptions::asksForHelp(parser);
+    if (request.help)
+        return {};
     QString problem = readKind(parser.positionalArguments(), request);
+    if (problem.isEmpty())
+        problem = idleOption(parser, request.type);
     if (problem.isEmpty())
         problem = request.read(parser);
     return problem.isEmpty() ? CVReadOptions<CVReportRequest>(parser, kOptions, request) : problem;
@@ -104,7 +127,7 @@ public:
 private:
     void fillList() {
         if (mRequest.type == CVReportType::Transactions)
-            mRequest.chooseRange(mList);
+            mRequest.chooseRange(mList, mDocument);
         else
             mList.setRangeFromPreset(mToday);
         mList.collectTransactions();
@@ -116,13 +139,15 @@ private:
             return;
         const auto rows = buildCategoryArray(mDocument, CVShowUnusedFromDefaults(mDocument.userDefaults()));
         if (mRequest.type == CVReportType::Summary) {
+            if (mRequest.from)
+                mGrid.periods().goToDay(*mRequest.from);
             mGrid.reload(mList.transactions(), rows);
             return;
         }
         mReports.setReportPeriod(mRequest.preset);
         mReports.setRangeFromPreset(mToday, mDocument);
-        if (mRequest.range)
-            mReports.setRange(*mRequest.range);
+        if (const auto days = mRequest.days(mDocument))
+            mReports.setRange(*days);
         mReports.reload(mList.transactions(), rows);
     }
 
@@ -134,12 +159,16 @@ private:
     CVReportContents mReports;
 };
 
-std::optional<QString> writePDF(std::unique_ptr<const CVReport> report, const CVReportRequest& request) {
+int writePDF(std::unique_ptr<const CVReport> report, const CVReportRequest& request, const QStringList& spared,
+             QTextStream& errors) {
     CVPrintInfo printInfo = CVPrintInfo::ofLocale(QBLocaleInForce());
     if (request.paper)
         printInfo.paper = QPageSize(*request.paper);
     const CVReportView view(std::move(report), printInfo);
-    return CVWriteReportFile(*request.output, view, CVPageRange::all(view));
+    const CVPageRange pages = CVPageRange::all(view);
+    if (request.writesToStandardOutput())
+        return CVStandardStreams::written(CVWriteReport(STDOUT_FILENO, view, pages, spared), errors);
+    return request.outputWritten(CVWriteReportFile(*request.output, view, pages, {}, spared), errors);
 }
 
 } // namespace
@@ -158,6 +187,7 @@ int CVRunReport(const CVReportRequest& request, QTextStream& errors) {
     CVMadeReport made = workspace.makeReport();
     if (!made.report)
         return CVBudgetOptions::fail(errors, made.refusal);
-    return request.output ? request.outputWritten(writePDF(std::move(made.report), request), errors)
-                          : CVBudgetOptions::writeToStandardOutput(CVReportText(*made.report), errors);
+    const QStringList spared = budget.dataFiles();
+    return request.output ? writePDF(std::move(made.report), request, spared, errors)
+                          : CVStandardStreams::write(CVReportText(*made.report), spared, errors);
 }

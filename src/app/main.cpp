@@ -5,9 +5,14 @@
 #include "app/CVOffscreenApplication.h"
 #include "app/CVReadingPanel.h"
 #include "app/CVRunningInstance.h"
+#include "app/CVSetsCommand.h"
+#include "app/CVStandardStreams.h"
 #include "app/CVTerminationSignals.h"
+#include "app/CVToolkitOptions.h"
+#include "app/CVUsage.h"
 #include "help/CVHelp.h"
 #include "shared/base/CVBundle.h"
+#include "shared/base/CVDefaultsKeys.h"
 #include "shared/base/QBUserDefaults.h"
 #include "shared/widgets/CVAccessibleComboBox.h"
 #include "shared/widgets/CVAlertPanel.h"
@@ -23,6 +28,8 @@
 #include <QStandardPaths>
 #include <QTextStream>
 
+#include <cstdio>
+
 namespace {
 
 constexpr int kFailure = 1;
@@ -36,30 +43,37 @@ void nameApplication() {
     QCoreApplication::setApplicationVersion(CVBundle::versionText());
 }
 
-int refuse(QTextStream& errors, const QString& problem) {
+int refuse(QTextStream& errors, const QString& problem, const QString& command = {}) {
     CVWriteErrorLine(errors, problem);
-    errors << CVCommandLine::usage() << Qt::flush;
+    errors << CVUsage(command) << Qt::flush;
     return kUsageError;
 }
 
+/// The commands promise one line on standard error: the toolkit's remarks would stand beside it.
+void dropRemarks(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    if (type == QtFatalMsg)
+        std::fputs(qUtf8Printable(qFormatLogMessage(type, context, message) + u'\n'), stderr);
+}
+
 int runWithoutWindow(const CVCommandLine& line) {
-    QTextStream output(stdout);
     QTextStream errors(stderr);
     switch (line.action) {
     case CVCommandLine::Action::ShowVersion:
-        output << CVBundle::kName << ' ' << QCoreApplication::applicationVersion() << Qt::endl;
-        return 0;
+        return CVStandardStreams::write(
+            (QString::fromLatin1(CVBundle::kName) + u' ' + QCoreApplication::applicationVersion() + u'\n').toUtf8(), {},
+            errors);
     case CVCommandLine::Action::ShowHelp:
-        output << CVCommandLine::usage() << Qt::flush;
-        return 0;
+        return CVStandardStreams::write(CVUsage(line.command).toUtf8(), {}, errors);
     case CVCommandLine::Action::Check:
-        return CVRunCheck(line.dataFile, output, errors);
+        return CVRunCheck(line.dataFile, errors);
+    case CVCommandLine::Action::Sets:
+        return CVRunSets(line.dataFile, errors);
     case CVCommandLine::Action::Export:
         return CVRunExport(line.exportRequest, errors);
     case CVCommandLine::Action::Report:
         return CVRunReport(line.reportRequest, errors);
     default:
-        return refuse(errors, line.problem);
+        return refuse(errors, line.problem, line.command);
     }
 }
 
@@ -80,6 +94,13 @@ int refuseArgument(const QString& argument) {
     return kUsageError;
 }
 
+int refuseWithoutDisplay() {
+    QTextStream errors(stderr);
+    CVWriteErrorLine(errors, QCoreApplication::translate("main", "there is no display to show your budget on; the "
+                                                                 "commands that \"corvella --help\" lists need none"));
+    return kFailure;
+}
+
 int refuseToRunTwice() {
     QTextStream errors(stderr);
     CVWriteErrorLine(errors, QCoreApplication::translate(
@@ -94,6 +115,8 @@ int runOnlyWindow(CVRunningInstance& running) {
     CVPrintDialogs printPanels;
     CVDesktopPrograms programs;
     QBUserDefaults defaults(QBUserDefaults::standardStore());
+    printPanels.spare(
+        [&defaults] { return defaults.stringForKey(CVDefaultsKeys::kDataFileLocation).value_or(QString()); });
     CVHelp help(QCoreApplication::applicationDirPath(), alerts, defaults, programs);
     CVAppDelegate delegate(QBUserDefaults::standardStore(), CVStandardFolders::ofUser(), alerts, panels);
     const CVTerminationSignals terminations;
@@ -137,13 +160,19 @@ int runWindow(int& argc, char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
+    CVStandardStreams::occupy();
     nameApplication();
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
     const CVCommandLine line = CVCommandLine::parse(arguments);
-    if (line.action == CVCommandLine::Action::OpenWindow)
-        return runWindow(argc, argv);
+    if (line.action == CVCommandLine::Action::OpenWindow) {
+        if (CVToolkitOptions::take(arguments.mid(1)).hasDisplay())
+            return runWindow(argc, argv);
+        const QCoreApplication application(argc, argv);
+        return line.file ? refuseArgument(*line.file) : refuseWithoutDisplay();
+    }
+    qInstallMessageHandler(dropRemarks);
     if (line.action == CVCommandLine::Action::Report && line.reportRequest.needsFonts()) {
         const CVOffscreenApplication application(argc, argv);
         return runWithoutWindow(line);

@@ -105,6 +105,18 @@ void CVDisplayPeriods::previous() {
     mFirstColumnStartingDate = typeOf(mPeriodType).page.from(mFirstColumnStartingDate, -1);
 }
 
+void CVDisplayPeriods::goToDay(const QBDate& day) {
+    const Amount page = typeOf(mPeriodType).page;
+    if (page.months != 0) {
+        mFirstColumnStartingDate = anchorOf(Anchor::FirstOfMonth, day, mStartDayOfWeek);
+        return;
+    }
+    qint64 days = 0;
+    day.yearsMonthsDaysSinceDate(nullptr, nullptr, &days, mFirstColumnStartingDate);
+    const qint64 pages = days >= 0 ? days / page.days : -((page.days - 1 - days) / page.days);
+    mFirstColumnStartingDate = page.from(mFirstColumnStartingDate, pages);
+}
+
 QBDate CVDisplayPeriods::computeColumnStartDateForColumn(int n) const {
     return typeOf(mPeriodType).step.from(mFirstColumnStartingDate, n - 1);
 }

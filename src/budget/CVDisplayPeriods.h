@@ -38,6 +38,9 @@ public:
     void setTimePeriod(int periodType, Placement placement);
     void next();
     void previous();
+    /// Begins with the period that holds the day, without a change of where periods begin: days with the first of that
+    /// week, two weeks in step with today's.
+    void goToDay(const QBDate& day);
     void goToToday(Placement placement) { initializeFirstColumnStartingDate(placement); }
 
     /// Of column n; n may lie outside the shown ones.

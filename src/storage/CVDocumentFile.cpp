@@ -13,6 +13,9 @@
 
 namespace {
 
+constexpr qint64 kLargestFile = std::numeric_limits<int>::max();
+constexpr qint64 kPieceOfPipe = 1024 * 1024;
+
 bool isAccepted(const QString& type) {
     return type == QLatin1String(CVDocumentFile::kDocumentType) ||
            type == QLatin1String(CVDocumentFile::kXMLDocumentType);
@@ -51,16 +54,22 @@ CVLoadReport CVDocumentFile::reportObstacle() const {
 }
 
 CVLoadReport CVDocumentFile::readFromURL(CVDocument& document, const QString& path) {
-    CVLoadReport report{CVLoadReport::Outcome::Unreadable, path, {}};
     // Taken first: a file that changes while it is read is then not the one that was read.
     const auto signature = CVFileSignature::of(path);
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        report.reason = file.errorString();
-        return report;
-    }
+    if (!file.open(QIODevice::ReadOnly))
+        return {CVLoadReport::Outcome::Unreadable, path, file.errorString()};
+    CVLoadReport report = readFromOpenFile(document, file);
+    report.path = path;
+    if (report.outcome == CVLoadReport::Outcome::Loaded && mReadWhole)
+        mSaves.markAsRead(path, signature);
+    return report;
+}
+
+CVLoadReport CVDocumentFile::readFromOpenFile(CVDocument& document, QFile& file) {
+    CVLoadReport report{CVLoadReport::Outcome::Unreadable, {}, {}};
     // Not even read: the parser would refuse it.
-    if (file.size() > std::numeric_limits<int>::max()) {
+    if (file.size() > kLargestFile) {
         report.reason = tr("the file is larger than 2 GiB");
         return report;
     }
@@ -71,12 +80,10 @@ CVLoadReport CVDocumentFile::readFromURL(CVDocument& document, const QString& pa
     bool read = false;
     mWasCancelled = false;
     try {
-        QByteArray bytes = file.readAll();
-        if (file.error() != QFileDevice::NoError) {
-            report.reason = file.errorString();
+        auto bytes = readBytes(file, report.reason);
+        if (!bytes)
             return report;
-        }
-        read = readFromData(document, std::move(bytes), QLatin1String(kDocumentType));
+        read = readFromData(document, std::move(*bytes), QLatin1String(kDocumentType));
         report.reason = mReason;
     } catch (const std::bad_alloc&) {
         report.reason = tr("there is not enough memory to read the file");
@@ -85,9 +92,27 @@ CVLoadReport CVDocumentFile::readFromURL(CVDocument& document, const QString& pa
         report.outcome = CVLoadReport::Outcome::Cancelled;
     else if (read)
         report.outcome = mReason.isEmpty() ? CVLoadReport::Outcome::Loaded : CVLoadReport::Outcome::NoBudget;
-    if (report.outcome == CVLoadReport::Outcome::Loaded && mReadWhole)
-        mSaves.markAsRead(path, signature);
     return report;
+}
+
+std::optional<QByteArray> CVDocumentFile::readBytes(QFile& file, QString& reason) {
+    QByteArray bytes;
+    if (file.isSequential()) {
+        // A pipe does not tell beforehand how much it will bring.
+        while (bytes.size() <= kLargestFile) {
+            const QByteArray piece = file.read(kPieceOfPipe);
+            if (piece.isEmpty())
+                break;
+            bytes += piece;
+        }
+    } else {
+        bytes = file.readAll();
+    }
+    if (file.error() != QFileDevice::NoError)
+        reason = file.errorString();
+    else if (bytes.size() > kLargestFile)
+        reason = tr("the file is larger than 2 GiB");
+    return reason.isEmpty() ? std::optional(std::move(bytes)) : std::nullopt;
 }
 
 bool CVDocumentFile::readFromData(CVDocument& document, QByteArray bytes, const QString& type) {

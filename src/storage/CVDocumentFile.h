@@ -10,6 +10,7 @@
 #include <optional>
 
 class QBUserDefaults;
+class QFile;
 
 /// How the reading of the data file went.
 struct CVLoadReport {
@@ -46,8 +47,10 @@ public:
 
     /// Fills a new document from the user's data file, or with the defaults when there is none to be read.
     CVLoadReport initWithStandardUserFile(CVDocument& document);
-    /// Reads the file at `path` into a new document.
+    /// Reads the file at `path`, or what a pipe there brings, into a new document.
     CVLoadReport readFromURL(CVDocument& document, const QString& path);
+    /// Reads what is open from where it stands to its end; it is never written over.
+    CVLoadReport readFromOpenFile(CVDocument& document, QFile& file);
     /// False for another type than the two above, for too few or too many bytes, encrypted ones and malformed XML.
     bool readFromData(CVDocument& document, QByteArray bytes, const QString& type);
     /// The document's text; absent for another type than the two above (an unknown file-write error, code 512).
@@ -58,6 +61,9 @@ public:
 
 private:
     [[nodiscard]] CVLoadReport reportObstacle() const;
+    /// Everything that comes, as long as it is not too long to be parsed; absent, with the reason, when it is or cannot
+    /// be read.
+    [[nodiscard]] static std::optional<QByteArray> readBytes(QFile& file, QString& reason);
 
     CVStandardFolders mFolders;
     QBUserDefaults& mDefaults;

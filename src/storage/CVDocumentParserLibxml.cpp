@@ -21,6 +21,18 @@ constexpr int kLoggedErrors = 20;
 /// In bytes; few budgets have shorter ones on the average.
 constexpr qsizetype kUsualTransaction = 160;
 
+/// Errors without a parser, of a text in another encoding, say, go to standard error unless somebody takes them.
+class CVQuietLibxml final {
+public:
+    CVQuietLibxml() { xmlSetGenericErrorFunc(nullptr, drop); }
+    ~CVQuietLibxml() { xmlSetGenericErrorFunc(nullptr, nullptr); }
+    CVQuietLibxml(const CVQuietLibxml&) = delete;
+    CVQuietLibxml& operator=(const CVQuietLibxml&) = delete;
+
+private:
+    static void drop(void* /*context*/, const char* /*format*/, ...) {}
+};
+
 } // namespace
 
 /// The callbacks given to libxml2, which passes the parser as its user data. No exception leaves them: one that comes
@@ -117,6 +129,7 @@ int CVDocumentParserDelegate::parsePlainBytes() {
     CVDocumentParserCallbacks::run(this, [&bytes](auto& parser) {
         parser.document->reserveTransactions(static_cast<std::size_t>(bytes.size() / kUsualTransaction));
     });
+    const CVQuietLibxml quiet;
     const int result = xmlSAXUserParseMemory(&handler, this, bytes.constData(), static_cast<int>(bytes.size()));
     return mGaveUp ? XML_ERR_NO_MEMORY : result;
 }

@@ -124,7 +124,8 @@ void CVMainWindowController::writeExport(const QString& path) {
     progress.hide();
     if (!text)
         return;
-    if (const auto failure = CVWriteExport(path, *text))
+    const auto dataFile = mDocument.userDefaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
+    if (const auto failure = CVWriteExport(path, *text, dataFile ? QStringList{*dataFile} : QStringList()))
         mAlerts.run({tr("The transactions were not exported"),
                      tr("The file “%1” could not be written: %2. Your budget is not affected; choose another place and "
                         "export again.")

@@ -74,9 +74,10 @@ Failure paint(QWidget& window, QPrinter& printer, const CVReportView& view, CVPa
     return std::nullopt;
 }
 
-Failure writeFile(QWidget& window, const QString& path, const CVReportView& view, CVPageRange pages) {
+Failure writeFile(QWidget& window, const QString& path, const CVReportView& view, CVPageRange pages,
+                  const QStringList& spared) {
     PrintProgress progress(window, pages.count());
-    const auto failure = CVWriteReportFile(path, view, pages, std::ref(progress));
+    const auto failure = CVWriteReportFile(path, view, pages, std::ref(progress), spared);
     if (!failure)
         return std::nullopt;
     return PrintDialogText::tr("The file “%1” could not be written: %2").arg(QDir::toNativeSeparators(path), *failure);
@@ -84,13 +85,14 @@ Failure writeFile(QWidget& window, const QString& path, const CVReportView& view
 
 /// Prints, or draws a preview, on the paper that the user chose for the printer. A file is written by the program
 /// itself.
-Failure printPages(QWidget& window, QPrinter& printer, CVReportView& view) {
+Failure printPages(QWidget& window, QPrinter& printer, CVReportView& view, const QStringList& spared) {
     view.usePaperOf(printer.pageLayout());
     const auto pages = chosenPages(printer, view);
     if (!pages)
         return PrintDialogText::tr("the report ends before page %1").arg(printer.fromPage());
     const bool isFile = printer.outputFormat() == QPrinter::PdfFormat && !isPreview(printer);
-    return isFile ? writeFile(window, printer.outputFileName(), view, *pages) : paint(window, printer, view, *pages);
+    return isFile ? writeFile(window, printer.outputFileName(), view, *pages, spared)
+                  : paint(window, printer, view, *pages);
 }
 
 } // namespace
@@ -102,7 +104,7 @@ std::optional<QString> CVPrintDialogs::print(QWidget& window, CVReportView& view
     dialog.setWindowModality(Qt::ApplicationModal);
     dialog.setMinMax(1, qMax(1, view.knowsPageRange()));
     dialog.setOption(QAbstractPrintDialog::PrintPageRange);
-    return dialog.exec() == QDialog::Accepted ? printPages(window, printer, view) : std::nullopt;
+    return dialog.exec() == QDialog::Accepted ? printPages(window, printer, view, spared()) : std::nullopt;
 }
 
 std::optional<QString> CVPrintDialogs::preview(QWidget& window, CVReportView& view) {
@@ -117,7 +119,7 @@ std::optional<QString> CVPrintDialogs::preview(QWidget& window, CVReportView& vi
         if (isPainting)
             return;
         const QScopedValueRollback painting(isPainting, true);
-        failure = printPages(dialog, *target, view);
+        failure = printPages(dialog, *target, view, spared());
     });
     dialog.exec();
     return failure;

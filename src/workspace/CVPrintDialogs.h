@@ -2,10 +2,22 @@
 
 #include "workspace/CVPrintPanels.h"
 
+#include <QStringList>
+
+#include <functional>
+
 /// The toolkit's own dialogs. A file is written by the program itself, as the command line writes it.
 class CVPrintDialogs final : public CVPrintPanels {
 public:
+    /// No file of pages may take the place of that one, which is asked for whenever one is written.
+    void spare(std::function<QString()> dataFile) { mDataFile = std::move(dataFile); }
+
     [[nodiscard]] std::optional<QString> print(QWidget& window, CVReportView& view) override;
     [[nodiscard]] std::optional<QString> preview(QWidget& window, CVReportView& view) override;
     void setUpPage(QWidget& window, CVPrintInfo& printInfo) override;
+
+private:
+    [[nodiscard]] QStringList spared() const { return mDataFile ? QStringList{mDataFile()} : QStringList(); }
+
+    std::function<QString()> mDataFile;
 };

@@ -40,6 +40,7 @@ std::optional<QByteArray> CVExportedTransactions(std::span<CVTransaction* const>
     return text;
 }
 
-std::optional<QString> CVWriteExport(const QString& path, const QByteArray& text) {
-    return CVWriteOutputFile(path, [&text](QIODevice& output) { return output.write(text) == text.size(); });
+std::optional<QString> CVWriteExport(const QString& path, const QByteArray& text, const QStringList& spared) {
+    return CVWriteOutputFile(
+        path, [&text](QIODevice& output) { return output.write(text) == text.size(); }, spared);
 }

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <optional>
@@ -17,5 +18,7 @@ class CVTransaction;
 CVExportedTransactions(std::span<CVTransaction* const> transactions,
                        const std::function<bool(std::size_t done)>& progress = {});
 
-/// Writes the text to a file, which stands there whole or as it was; absent when that succeeded, else the reason.
-[[nodiscard]] std::optional<QString> CVWriteExport(const QString& path, const QByteArray& text);
+/// Writes the text to a file, which stands there whole or as it was, and is none of the `spared` ones; absent when that
+/// succeeded, else the reason.
+[[nodiscard]] std::optional<QString> CVWriteExport(const QString& path, const QByteArray& text,
+                                                   const QStringList& spared = {});

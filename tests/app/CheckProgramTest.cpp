@@ -43,6 +43,12 @@ TEST_F(CheckProgram, RefusesWithOneLineThatSaysWhy) {
     const QList<Row> rows{
         {mHome.filePath("missing"), "does not exist"},
         {mHome.path(), "is not a file"},
+        {"/dev/null", "shorter than 64 bytes"},
+        {write("unknown encoding", "<?xml version=\"1.0\" encoding=\"nonsense\"?>" + QByteArray(100, ' ')), "line 1"},
+        {write("unconvertible",
+               "<?xml version=\"1.0\" encoding=\"EUC-JP\"?><CorvellaDocument>\xff\xfe" + QByteArray(100, '0')),
+         "line 1"},
+        {write("wrong encoding", "<?xml version=\"1.0\" encoding=\"UTF-16\"?>" + QByteArray(kBudget).mid(38)), ""},
         {write("empty", ""), "shorter than 64 bytes"},
         {write("short", "<CorvellaDocument></CorvellaDocument>"), "shorter than 64 bytes"},
         {write("encrypted", encrypted), "encrypted"},

@@ -21,7 +21,13 @@ const QString kDeposit = QStringLiteral("3/1/14\t$50.00\t\tDeposit\t\tFood\n");
 class ExportProgram : public ProgramFixture {
 protected:
     [[nodiscard]] Result exported(const QStringList& options) const {
-        return run(QStringList{"export", "--data", mFile, "--today", "2014/03/08"} + options);
+        QStringList arguments = QStringList{"export"} + options;
+        if (!options.contains("--data"))
+            arguments << "--data" << mFile;
+        if (!options.contains("--today"))
+            arguments << "--today"
+                      << "2014/03/08";
+        return run(arguments);
     }
 
     QString mFile = write("budget.corvella", kExportedBudget);
@@ -40,6 +46,20 @@ TEST_F(ExportProgram, WritesTheLinesThatTheWindowWouldExport) {
         {{"--range", "3"}, kLee + kMarket},
         {{"--range", "4"}, kMarket},
         {{"--from", "2013/12/31", "--to", "2014/02/01"}, kMarket + kBaker},
+        {{"--from", "2014-02-01"}, kLee + kMarket},
+        {{"--from", "2014-02"}, kLee + kMarket},
+        {{"--from", "2014"}, kLee + kMarket},
+        {{"--from", "2015"}, ""},
+        {{"--to", "2014-02"}, kMarket + kBaker},
+        {{"--to", "2013"}, kBaker},
+        {{"--to", "2012"}, ""},
+        {{"--to", "today"}, kLee + kMarket + kBaker},
+        {{"--from", "today"}, ""},
+        {{"--from", "2013", "--to", "2014-02-01"}, kMarket + kBaker},
+        {{"--range", "2014-02"}, kMarket},
+        {{"--range", "2013"}, kBaker},
+        {{"--range", "2014-03-07"}, kLee},
+        {{"--range", "today"}, ""},
         {{"--set", "Savings"}, kDeposit},
         {{"--search", "1:BAK"}, kBaker},
         {{"--search", "6:9"}, kLee + kMarket},
@@ -84,7 +104,11 @@ TEST_F(ExportProgram, SaysInOneLineWhatFailed) {
         {{"--data", mHome.filePath("missing")}, 1, "does not exist"},
         {{"--range", "8"}, 2, "0 to 7"},
         {{"--range", "x"}, 2, "0 to 7"},
-        {{"--from", "2014/01/01"}, 2, "go together"},
+        {{"--set", "Savings", "--set", "Checking"}, 2, "--set is given twice"},
+        {{"--output", "x", "--output", "x"}, 2, "--output is given twice"},
+        {{"--data", mFile, "--data", mFile}, 2, "--data is given twice"},
+        {{"--paper", "a4"}, 2, "paper"},
+        {{"--range", "2014-13"}, 2, "0 to 7"},
         {{"--from", "2014/02/30", "--to", "2014/03/01"}, 2, "--from takes a day"},
         {{"--range", "1", "--from", "2014/01/01", "--to", "2014/03/01"}, 2, "either"},
         {{"--search", "9:x"}, 2, "0 to 8"},

@@ -27,20 +27,29 @@ protected:
         return path;
     }
 
-    [[nodiscard]] Result run(const QStringList& arguments) const {
+    [[nodiscard]] Result run(const QStringList& arguments) const { return start(CORVELLA_PROGRAM, arguments); }
+
+    [[nodiscard]] Result start(const QString& executable, const QStringList& arguments) const {
         QProcess program;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert("HOME", mHome.path());
         environment.insert("XDG_DATA_HOME", mHome.filePath("data"));
         environment.insert("XDG_CONFIG_HOME", mHome.filePath("config"));
         environment.insert("LC_ALL", "C.UTF-8");
+        environment.insert("CORVELLA", CORVELLA_PROGRAM);
         for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR"})
             environment.remove(name);
         program.setProcessEnvironment(environment);
-        program.start(CORVELLA_PROGRAM, arguments);
+        program.start(executable, arguments);
         EXPECT_TRUE(program.waitForFinished(60'000));
+        EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
         return {program.exitCode(), QString::fromUtf8(program.readAllStandardOutput()),
                 QString::fromUtf8(program.readAllStandardError())};
+    }
+
+    /// Runs the program from a shell, which joins its streams: $CORVELLA is the program, the folder the home.
+    [[nodiscard]] Result shell(const QString& script) const {
+        return start(QStringLiteral("bash"), {QStringLiteral("-c"), QStringLiteral("cd \"$HOME\" && ") + script});
     }
 
     /// Everything below the home, files with their sizes.

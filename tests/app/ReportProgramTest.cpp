@@ -103,6 +103,39 @@ TEST_F(ReportProgram, TakesTheDaysTheSetAndThePeriodThatAreAskedFor) {
     EXPECT_TRUE(report("summary", {"--period", "two-weeks"}).output.contains("Category\t2/23 - 3/8\t"));
 }
 
+/// Aligned as in the window, from wherever the first column begins there: 8 March 2014 was a Saturday.
+TEST_F(ReportProgram, BeginsTheSummaryWithThePeriodThatHoldsTheDay) {
+    struct Row {
+        QStringList options;
+        const char* columns;
+    };
+    const QList<Row> rows{
+        {{"--from", "2014-01-15", "--period", "month"}, "Category\tJanuary 2014\tFebruary 2014\t"},
+        {{"--from", "2014", "--period", "month"}, "Category\tJanuary 2014\tFebruary 2014\t"},
+        {{"--from", "2014-01-15", "--period", "week"}, "Category\t1/12 - 1/18\t1/19 - 1/25\t"},
+        {{"--from", "today", "--period", "week"}, "Category\t3/2 - 3/8\t"},
+        // In step with the two weeks that begin on 23 February.
+        {{"--from", "2014-02-22", "--period", "two-weeks"}, "Category\t2/9 - 2/22\t2/23 - 3/8\t"},
+        {{"--from", "2014-03-23", "--period", "two-weeks"}, "Category\t3/23 - 4/5\t"},
+        {{"--from", "2014-01-01"}, "Category\tSunday\tMonday\t"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.options.join(' ').toStdString());
+        const Result result = report("summary", row.options);
+        EXPECT_EQ(result.status, 0) << result.errors.toStdString();
+        EXPECT_TRUE(result.output.contains(row.columns)) << result.output.toStdString();
+    }
+    EXPECT_TRUE(report("summary", {"--from", "2014-02-01"}).output.contains("$1,234.50"));
+    EXPECT_FALSE(report("summary", {"--from", "2014-02-02"}).output.contains("$1,234.50"));
+}
+
+TEST_F(ReportProgram, TakesOneEndOfTheRangeAlone) {
+    EXPECT_TRUE(report("tax", {"--from", "2014"}).output.startsWith("Tax Report for: 1/1/14 to 3/7/14\n"));
+    EXPECT_TRUE(report("tax", {"--to", "2014-02"}).output.startsWith("Tax Report for: 12/31/13 to 2/28/14\n"));
+    EXPECT_TRUE(report("tax", {"--from", "2020"}).output.startsWith("Tax Report for: 1/1/20 to 1/1/20\n"));
+    EXPECT_TRUE(report("tax", {"--range", "2014-02"}).output.startsWith("Tax Report for: 2/1/14 to 2/28/14\n"));
+}
+
 TEST_F(ReportProgram, WritesAPDFAndNothingElse) {
     const QStringList before = everything();
     const QString path = mHome.filePath("report.pdf");
@@ -159,9 +192,15 @@ TEST_F(ReportProgram, SaysInOneLineWhatFailed) {
         {{"taxes"}, 2, "report takes transactions,"},
         {{"tax", "plan"}, 2, "no argument \"plan\""},
         {{"summary", "--period", "year"}, 2, "--period takes"},
-        {{"tax", "--paper", "a3"}, 2, "--paper takes"},
+        {{"tax", "--output", "x.pdf", "--paper", "a3"}, 2, "--paper takes"},
         {{"tax", "--range", "8"}, 2, "0 to 7"},
-        {{"tax", "--from", "2014/01/01"}, 2, "go together"},
+        {{"summary", "--range", "3"}, 2, "the summary takes no --range"},
+        {{"summary", "--to", "2014/01/01"}, 2, "the summary takes no --to"},
+        {{"summary", "--from", "2014/01/01", "--to", "2014/01/02"}, 2, "the summary takes no --to"},
+        {{"tax", "--period", "week"}, 2, "--period is an option of the summary alone"},
+        {{"summary", "--paper", "a4"}, 2, "--paper is an option of PDF files alone"},
+        {{"summary", "--period", "week", "--period", "day"}, 2, "--period is given twice"},
+        {{"tax", "--range", "2014", "--to", "2014"}, 2, "either"},
         {{"tax", "--from", "2014/01/02", "--to", "2014/01/01"}, 2, "--from lies after --to"},
         {{"tax", "--today", "now"}, 2, "--today takes a day"},
         {{"tax", "--sort", "date"}, 2, "sort"},

@@ -180,6 +180,40 @@ TEST(CVDisplayPeriods, GoBackToTheDayOnWhichTheyWereMade) {
     }
 }
 
+/// As if the user had gone there, page by page, from where they begin without periods before today.
+TEST(CVDisplayPeriods, GoToADayInStepWithToday) {
+    const QBDate today = day(2014, 3, 5);
+    for (const int type : kAllTypes) {
+        for (const int before : {0, 1, 2}) {
+            for (int offset = -800; offset <= 800; offset += 3) {
+                const QBDate wanted = today.dateByAddingYears(0, 0, offset);
+                CVDisplayPeriods walked(type, today, {1, before});
+                while (wanted.comesBefore(walked.firstColumnStartingDate()))
+                    walked.previous();
+                for (CVDisplayPeriods ahead = walked;; walked = ahead) {
+                    ahead.next();
+                    if (wanted.comesBefore(ahead.firstColumnStartingDate()))
+                        break;
+                }
+                CVDisplayPeriods periods(type, today, {1, before});
+                periods.goToDay(wanted);
+                ASSERT_EQ(periods.firstColumnStartingDate(), walked.firstColumnStartingDate())
+                    << "type " << type << ", before " << before << ", offset " << offset;
+            }
+        }
+    }
+}
+
+TEST(CVDisplayPeriods, GoToADayFarAwayAtOnce) {
+    for (const int type : kAllTypes) {
+        CVDisplayPeriods periods(type, day(2014, 3, 5), {});
+        periods.goToDay(day(900'000'000, 1, 1));
+        EXPECT_TRUE(periods.displayRange().contains(day(900'000'000, 1, 1))) << type;
+        periods.goToDay(day(-900'000'000, 1, 1));
+        EXPECT_TRUE(periods.displayRange().contains(day(-900'000'000, 1, 1))) << type;
+    }
+}
+
 TEST(CVDisplayPeriods, OfAnotherTypeBeginAnewFromToday) {
     CVDisplayPeriods periods(CVDisplayPeriods::Day, day(2014, 3, 5), {1, 0});
     periods.next();

@@ -73,6 +73,31 @@ TEST_F(PrintDialogs, PrintAllPagesToAFile) {
     EXPECT_EQ(pages(), 3);
 }
 
+TEST_F(PrintDialogs, RefuseToPrintOverTheDataFile) {
+    CVReportView view(report(1), printInfo);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("a budget") > 0 && file.flush());
+    QString dataFile;
+    dialogs.spare([&dataFile] { return dataFile; });
+    dataFile = path;
+    chooseFile();
+    const auto failure = dialogs.print(window, view);
+    ASSERT_TRUE(failure.has_value());
+    EXPECT_TRUE(failure->contains("it is the data file that holds a budget")) << failure->toStdString();
+    EXPECT_EQ(printed(), "a budget");
+}
+
+TEST_F(PrintDialogs, TellTheReasonOfAFullDisk) {
+    if (!QFile::exists("/dev/full"))
+        GTEST_SKIP() << "this machine has no device that is always full";
+    CVReportView view(report(1), printInfo);
+    path = QStringLiteral("/dev/full");
+    chooseFile();
+    const auto failure = dialogs.print(window, view);
+    ASSERT_TRUE(failure.has_value());
+    EXPECT_TRUE(failure->contains(qt_error_string(ENOSPC))) << failure->toStdString();
+}
+
 TEST_F(PrintDialogs, PrintSomePages) {
     CVReportView view(report(49 * 5), printInfo);
     chooseFile(2, 3);

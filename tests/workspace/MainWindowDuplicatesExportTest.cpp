@@ -1,8 +1,11 @@
+#include "shared/base/CVDefaultsKeys.h"
 #include "workspace/MainWindowFixture.h"
 
 #include <QComboBox>
 #include <QFile>
 #include <QTemporaryDir>
+
+#include <cerrno>
 
 namespace {
 
@@ -29,6 +32,36 @@ TEST_F(MainWindowDuplicatesExportTest, TheExportHasTheOrderOfTheList) {
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_TRUE(file.readLine().contains("$30.00"));
     EXPECT_TRUE(file.readLine().contains("$20.00"));
+}
+
+TEST_F(MainWindowDuplicatesExportTest, TheExportIsRefusedOntoTheDataFile) {
+    const QTemporaryDir folder;
+    const QString dataFile = folder.filePath("budget");
+    const QString link = folder.filePath("link");
+    QFile file(dataFile);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.write("a budget") > 0 && file.flush());
+    ASSERT_TRUE(QFile::link(dataFile, link));
+    document().userDefaults().setString(CVDefaultsKeys::kDataFileLocation, dataFile);
+    for (const QString& path : {dataFile, link}) {
+        mPanels.answer(path);
+        mController->exportTransactions();
+        ASSERT_FALSE(mAlerts.shown().isEmpty());
+        EXPECT_EQ(mAlerts.shown().last().title, "The transactions were not exported");
+        EXPECT_TRUE(mAlerts.shown().last().message.contains(path + "” could not be written: it is the data file"))
+            << mAlerts.shown().last().message.toStdString();
+    }
+    EXPECT_EQ(mAlerts.shown().size(), 2);
+    file.seek(0);
+    EXPECT_EQ(file.readAll(), "a budget");
+}
+
+TEST_F(MainWindowDuplicatesExportTest, AnExportOntoAFullDeviceIsTold) {
+    if (!QFile::exists("/dev/full"))
+        GTEST_SKIP() << "this machine has no device that is always full";
+    mPanels.answer(QStringLiteral("/dev/full"));
+    mController->exportTransactions();
+    ASSERT_EQ(mAlerts.shown().size(), 1);
+    EXPECT_TRUE(mAlerts.shown()[0].message.contains(qt_error_string(ENOSPC)));
 }
 
 TEST_F(MainWindowDuplicatesExportTest, ADuplicateOutsideTheRangeIsNotMarked) {

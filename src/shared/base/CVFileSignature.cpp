@@ -1,6 +1,8 @@
 #include "shared/base/CVFileSignature.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <sys/stat.h>
 
@@ -24,6 +26,19 @@ std::optional<CVFileSignature> CVFileSignature::of(const QString& path) {
 std::optional<CVFileSignature> CVFileSignature::ofOpenFile(int descriptor) {
     struct stat facts {};
     return ::fstat(descriptor, &facts) == 0 ? std::optional(signatureFrom(facts)) : std::nullopt;
+}
+
+bool CVIsSameFile(const QString& path, const QString& other) {
+    const QFileInfo file(path);
+    const QFileInfo otherFile(other);
+    if (!file.exists() && !otherFile.exists()) {
+        return file.fileName() == otherFile.fileName() && file.dir().exists() &&
+               file.dir().canonicalPath() == otherFile.dir().canonicalPath();
+    }
+    const auto signature = CVFileSignature::of(path);
+    const auto otherSignature = CVFileSignature::of(other);
+    return file.isFile() && signature && otherSignature && signature->device == otherSignature->device &&
+           signature->inode == otherSignature->inode;
 }
 
 CVStanding CVStanding::at(const QString& path) {

@@ -20,6 +20,10 @@ struct CVFileSignature {
     friend bool operator==(const CVFileSignature&, const CVFileSignature&) = default;
 };
 
+/// Whether two paths lead to one file, by links of either kind too, or to one place where there is none yet. Only files
+/// are compared: a terminal, say, may be read and written.
+[[nodiscard]] bool CVIsSameFile(const QString& path, const QString& other);
+
 /// What stands at a path, links followed.
 struct CVStanding {
     /// Absent when nothing stands there.
