@@ -56,6 +56,7 @@ CVEntryStrip::CVEntryStrip(QWidget* parent)
     mRecordButton->setToolTip(tr("Record this transaction (Return in any of the fields)"));
     // On some desktops Return presses a check box.
     mTaxCheckbox->installEventFilter(this);
+    mRecordButton->installEventFilter(this);
     connect(mRecordButton, &QPushButton::clicked, this, &CVEntryStrip::recordRequested);
     connect(mExpenseDate, &CVDateField::leftUnreadable, this, &CVEntryStrip::dateLeftUnreadable);
 }
@@ -124,6 +125,9 @@ void CVEntryStrip::keyPressEvent(QKeyEvent* event) {
 }
 
 bool CVEntryStrip::eventFilter(QObject* watched, QEvent* event) {
+    // One transaction was meant: the second click would find the fields as the first one left them.
+    if (watched == mRecordButton)
+        return event->type() == QEvent::MouseButtonDblClick;
     if (event->type() != QEvent::KeyPress || !isReturn(*static_cast<QKeyEvent*>(event)))
         return QWidget::eventFilter(watched, event);
     emit recordRequested();

@@ -106,6 +106,18 @@ TEST_F(CVTransactionWindowControllerTest, AClickOrSpaceTurnsAFlagRoundAndSaves) 
     EXPECT_EQ(mSaver.count(), 3);
 }
 
+TEST_F(CVTransactionWindowControllerTest, BothClicksOfADoubleClickTurnAFlagRound) {
+    transaction(10);
+    open();
+    clickCell(0, CellColumn::UserFlag);
+    const QPoint place = table().visualRect(cell(0, CellColumn::UserFlag)).center();
+    EXPECT_TRUE(isFlagged(0));
+    QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseRelease(table().viewport(), Qt::LeftButton, {}, place);
+    EXPECT_FALSE(isFlagged(0));
+    EXPECT_EQ(mSaver.count(), 2);
+}
+
 TEST_F(CVTransactionWindowControllerTest, TheValueThatIsSetCountsForNothing) {
     transaction(10);
     open();

@@ -143,6 +143,20 @@ TEST_F(MainWindowEditTest, AClickTurnsAFlagRoundAndSoDoesSpace) {
     EXPECT_EQ(mSaver.count(), 4);
 }
 
+TEST_F(MainWindowEditTest, BothClicksOfADoubleClickTurnAFlagRound) {
+    for (const Column column : {Column::Tax, Column::UserFlag}) {
+        const QPoint place = table().visualRect(table().model()->index(0, column)).center();
+        const int saved = mSaver.count();
+        QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, place);
+        EXPECT_EQ(mSaver.count(), saved + 1);
+        EXPECT_TRUE(column == Column::Tax ? mMarket->taxFlag() : mMarket->userFlag());
+        QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseRelease(table().viewport(), Qt::LeftButton, {}, place);
+        EXPECT_EQ(mSaver.count(), saved + 2);
+        EXPECT_FALSE(column == Column::Tax ? mMarket->taxFlag() : mMarket->userFlag());
+    }
+}
+
 TEST_F(MainWindowEditTest, ARowThatNoLongerFitsTheSearchStaysUntilTheNextRebuild) {
     type("mSearchField103", "market");
     edit(0, Column::ToFrom, "Grocer");

@@ -107,6 +107,19 @@ TEST_F(MainWindowRecordTest, TheButtonAndTheShortcutRecordFromAnywhere) {
     EXPECT_EQ(recorded().size(), 3U);
 }
 
+TEST_F(MainWindowRecordTest, ADoubleClickOnTheButtonRecordsOnce) {
+    fillIn("5", "Market", "Groceries");
+    auto* const button = find<QPushButton>("mRecordButton");
+    QTest::mouseClick(button, Qt::LeftButton);
+    QTest::mouseDClick(button, Qt::LeftButton);
+    QTest::mouseRelease(button, Qt::LeftButton);
+    EXPECT_EQ(recorded().size(), 1U);
+    EXPECT_TRUE(mAlerts.shown().isEmpty());
+    fillIn("6", "Market", "Groceries");
+    QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_EQ(recorded().size(), 2U);
+}
+
 TEST_F(MainWindowRecordTest, ChoosingFromTheListOfABoxDoesNotRecord) {
     fillIn("1", "Market", "");
     auto* const box = find<QComboBox>("mExpenseCategoryComboBox");

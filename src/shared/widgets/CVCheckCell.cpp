@@ -60,7 +60,8 @@ void CVCheckCell::paint(QPainter& painter, const QStyleOptionViewItem& option, b
 }
 
 bool CVCheckCell::isToggle(const QEvent& event) {
-    if (event.type() == QEvent::MouseButtonRelease) {
+    // Of a double click a table hands on the second press, but not the release.
+    if (event.type() == QEvent::MouseButtonRelease || event.type() == QEvent::MouseButtonDblClick) {
         const auto& mouse = static_cast<const QMouseEvent&>(event);
         return mouse.button() == Qt::LeftButton && mouse.modifiers() == Qt::NoModifier;
     }

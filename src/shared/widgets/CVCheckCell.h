@@ -16,7 +16,8 @@ public:
     /// The place and the look of the cell are those of `option`; one that is not enabled is painted greyed.
     void paint(QPainter& painter, const QStyleOptionViewItem& option, bool checked) const;
 
-    /// Whether an event on the cell turns its box round: a plain click anywhere in the cell, or Space.
+    /// Whether an event on the cell turns its box round: a plain click anywhere in the cell, each one of
+    /// a double click, or Space.
     [[nodiscard]] static bool isToggle(const QEvent& event);
 
 private:
