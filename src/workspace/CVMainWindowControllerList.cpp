@@ -11,6 +11,7 @@
 #include "workspace/CVMainWindow.h"
 #include "workspace/CVMainWindowController.h"
 #include "workspace/CVRangeControls.h"
+#include "workspace/CVSaveStatus.h"
 #include "workspace/CVSearchField.h"
 #include "workspace/CVTransactionExport.h"
 #include "workspace/CVTransactionTableModel.h"
@@ -92,6 +93,8 @@ void CVMainWindowController::removeTransaction() {
     getStarted();
     // Not to whatever comes after a button that has nothing left to remove.
     table.setFocus();
+    const int count = static_cast<int>(selected.size());
+    saveStatus().remark(count == 1 ? tr("1 transaction removed") : tr("%n transactions removed", nullptr, count));
 }
 
 void CVMainWindowController::detectDuplicates() {

@@ -6,11 +6,24 @@
 #include <QPushButton>
 #include <QStyle>
 
+namespace {
+
+void announce(QLabel& label) {
+    QAccessibleEvent announcement(&label, QAccessible::Alert);
+    QAccessible::updateAccessibility(&announcement);
+}
+
+} // namespace
+
 CVSaveStatus::CVSaveStatus(QWidget* parent)
     : QWidget(parent)
+    , mRemark(new QLabel(this))
     , mIcon(new QLabel(this))
     , mText(new QLabel(this))
     , mTryAgain(new QPushButton(tr("Tr&y Again"), this)) {
+    mRemark->setObjectName(QStringLiteral("mRemark"));
+    mRemark->setTextFormat(Qt::PlainText);
+    mRemark->hide();
     mText->setObjectName(QStringLiteral("mSaveStatusText"));
     mText->setTextFormat(Qt::PlainText);
     mText->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -22,6 +35,7 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
 
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(mRemark);
     layout->addWidget(mIcon);
     layout->addWidget(mText, 1);
     layout->addWidget(mTryAgain);
@@ -39,8 +53,14 @@ void CVSaveStatus::setSaved() {
 
 void CVSaveStatus::setFailed(const QString& reason) {
     show(tr("Not saved: %1").arg(reason), Outcome::Failed);
-    QAccessibleEvent announcement(mText, QAccessible::Alert);
-    QAccessible::updateAccessibility(&announcement);
+    mRemark->hide();
+    announce(*mText);
+}
+
+void CVSaveStatus::remark(const QString& text) {
+    mRemark->setText(text);
+    mRemark->show();
+    announce(*mRemark);
 }
 
 void CVSaveStatus::show(const QString& text, Outcome outcome) {

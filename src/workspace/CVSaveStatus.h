@@ -5,7 +5,8 @@
 class QLabel;
 class QPushButton;
 
-/// The quiet line that says whether everything is saved, and offers to try again when it is not.
+/// The quiet line that says whether everything is saved, and offers to try again when it is not. At its beginning
+/// stands what a command has done, where nothing else would show that.
 class CVSaveStatus final : public QWidget {
     Q_OBJECT
 
@@ -16,6 +17,8 @@ public:
     void setSaved();
     /// `reason` says what failed and what that means, in whole sentences.
     void setFailed(const QString& reason);
+    /// Stays until the next remark or a failure; screen readers are told at once.
+    void remark(const QString& text);
 
 signals:
     /// The user asks for another attempt to save.
@@ -25,6 +28,7 @@ private:
     enum class Outcome { Fine, Failed };
     void show(const QString& text, Outcome outcome);
 
+    QLabel* mRemark;
     QLabel* mIcon;
     QLabel* mText;
     QPushButton* mTryAgain;

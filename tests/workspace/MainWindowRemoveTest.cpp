@@ -1,7 +1,9 @@
 #include "kit/NotificationCounter.h"
 #include "shared/base/CVNotifications.h"
+#include "workspace/CVSaveStatus.h"
 #include "workspace/MainWindowFixture.h"
 
+#include <QLabel>
 #include <QPushButton>
 
 namespace {
@@ -65,6 +67,23 @@ TEST_F(MainWindowRemoveTest, RemovesTheSelectedTransactionsAtOnceAndSaves) {
     EXPECT_EQ(textOf("mTotalAmountField"), "$5.00");
     EXPECT_TRUE(table().selectedTransactions().empty());
     EXPECT_FALSE(removeButton().isEnabled());
+}
+
+TEST_F(MainWindowRemoveTest, SaysHowManyWereRemovedUntilSomethingElseIsSaid) {
+    const auto* const remark = find<QLabel>("mRemark");
+    EXPECT_FALSE(remark->isVisible());
+    selectRows(1, 3);
+    press(Qt::Key_Delete);
+    EXPECT_TRUE(remark->isVisible());
+    EXPECT_EQ(remark->text(), "3 transactions removed");
+    mController->saveStatus().setSaving();
+    mController->saveStatus().setSaved();
+    EXPECT_TRUE(remark->isVisible());
+    selectRows(0, 1);
+    press(Qt::Key_Delete);
+    EXPECT_EQ(remark->text(), "1 transaction removed");
+    mController->saveStatus().setFailed("the disk is full.");
+    EXPECT_FALSE(remark->isVisible());
 }
 
 TEST_F(MainWindowRemoveTest, TheArrowKeysGoOnWhereTheRemovedRowWas) {
