@@ -19,6 +19,7 @@
 #include "shared/widgets/CVDesktopPrograms.h"
 #include "shared/widgets/CVFileDialogs.h"
 #include "storage/CVStandardDataFile.h"
+#include "workspace/CVCupsQueue.h"
 #include "workspace/CVPrintDialogs.h"
 
 #include <QApplication>
@@ -112,7 +113,8 @@ int refuseToRunTwice() {
 int runOnlyWindow(CVRunningInstance& running) {
     CVAlertPanel alerts;
     CVFileDialogs panels;
-    CVPrintDialogs printPanels;
+    CVCupsQueue printQueue;
+    CVPrintDialogs printPanels(printQueue);
     CVDesktopPrograms programs;
     QBUserDefaults defaults(QBUserDefaults::standardStore());
     printPanels.spare(

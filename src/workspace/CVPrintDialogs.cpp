@@ -3,16 +3,20 @@
 #include "reports/CVReportView.h"
 #include "shared/format/QBLocale.h"
 #include "shared/widgets/CVProgressPanel.h"
+#include "workspace/CVPaperChoice.h"
+#include "workspace/CVPrintQueue.h"
 #include "workspace/CVReportFile.h"
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QPageSetupDialog>
 #include <QPaintEngine>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QScopedValueRollback>
+#include <QTemporaryDir>
 
 #include <functional>
 
@@ -28,6 +32,8 @@ void setUp(QPrinter& printer, const CVReportView& view) {
     // The toolkit also makes the name of a file from it, and shows it above the preview.
     printer.setDocName(view.report().name());
     printer.setPageLayout(view.printInfo().wholeSheet());
+    // A printer without that paper refuses the layout as a whole.
+    printer.setPageOrientation(view.printInfo().orientation);
 }
 
 /// None where the pages that were chosen lie behind the end. A report without pages is an empty sheet.
@@ -63,15 +69,10 @@ private:
     QString mPages;
 };
 
-/// Most printers are sent the pages that were painted before the user cancelled: the toolkit cannot take them back.
-Failure paint(QWidget& window, QPrinter& printer, const CVReportView& view, CVPageRange pages) {
+void paintPreview(QWidget& window, QPrinter& printer, const CVReportView& view, CVPageRange pages) {
     PrintProgress progress(window, pages.count());
-    const auto result = CVPaintPages(view, printer, pages, std::ref(progress));
-    if (result == CVPaintResult::Cancelled && !isPreview(printer))
-        printer.abort();
-    if (result == CVPaintResult::Failed || printer.printerState() == QPrinter::Error)
-        return PrintDialogText::tr("“%1” does not accept the pages").arg(printer.printerName());
-    return std::nullopt;
+    // What was painted before the user cancelled is shown.
+    (void)CVPaintPages(view, printer, pages, std::ref(progress));
 }
 
 Failure writeFile(QWidget& window, const QString& path, const CVReportView& view, CVPageRange pages,
@@ -83,16 +84,57 @@ Failure writeFile(QWidget& window, const QString& path, const CVReportView& view
     return PrintDialogText::tr("The file “%1” could not be written: %2").arg(QDir::toNativeSeparators(path), *failure);
 }
 
-/// Prints, or draws a preview, on the paper that the user chose for the printer. A file is written by the program
-/// itself.
-Failure printPages(QWidget& window, QPrinter& printer, CVReportView& view, const QStringList& spared) {
-    view.usePaperOf(printer.pageLayout());
+/// The pages are held in a file until all of them are painted: the queue begins to print with the first that it gets.
+Failure sendToQueue(QWidget& window, CVPrintQueue& queue, const QPrinter& printer, const CVReportView& view,
+                    CVPageRange pages) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("pages.pdf"));
+    PrintProgress progress(window, pages.count());
+    if (const auto failure = CVWriteReportFile(path, view, pages, std::ref(progress)))
+        return PrintDialogText::tr("The pages could not be kept in “%1” for the printer: %2")
+            .arg(QDir::toNativeSeparators(QDir::tempPath()), *failure);
+    const bool isCancelled = !QFile::exists(path);
+    if (isCancelled)
+        return std::nullopt;
+    auto refusal = queue.print(path, view.printInfo().paper, printer);
+    if (!refusal)
+        return std::nullopt;
+    if (refusal->endsWith(u'.'))
+        refusal->chop(1);
+    return PrintDialogText::tr("“%1” does not accept the pages: %2").arg(printer.printerName(), *refusal);
+}
+
+/// On the paper that the user chose in the dialog, and on the side that was chosen there.
+void usePaper(CVReportView& view, const QPrinter& printer, const CVPaperChoice& choice) {
+    QPageLayout layout = printer.pageLayout();
+    layout.setPageSize(choice.paperOn(printer));
+    view.usePaperOf(layout);
+}
+
+/// Prints, or draws a preview. A file is written by the program itself.
+Failure printPages(QWidget& window, CVPrintQueue& queue, QPrinter& printer, const CVReportView& view,
+                   const QStringList& spared) {
     const auto pages = chosenPages(printer, view);
     if (!pages)
         return PrintDialogText::tr("the report ends before page %1").arg(printer.fromPage());
-    const bool isFile = printer.outputFormat() == QPrinter::PdfFormat && !isPreview(printer);
-    return isFile ? writeFile(window, printer.outputFileName(), view, *pages, spared)
-                  : paint(window, printer, view, *pages);
+    if (isPreview(printer)) {
+        paintPreview(window, printer, view, *pages);
+        return std::nullopt;
+    }
+    const QString path = printer.outputFileName();
+    return path.isEmpty() ? sendToQueue(window, queue, printer, view, *pages)
+                          : writeFile(window, path, view, *pages, spared);
+}
+
+/// Of the page set-up, which concerns no printer: one would bring its own usual paper, and offer only what it has.
+std::unique_ptr<QPageSetupDialog> makeSetUpDialog(QPrinter& printer, const CVPrintInfo& printInfo, QWidget& window) {
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setPageLayout(printInfo.pageLayout());
+    // The toolkit would remark on standard error that there is no printer.
+    const auto handler = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    auto dialog = std::make_unique<QPageSetupDialog>(&printer, &window);
+    qInstallMessageHandler(handler);
+    return dialog;
 }
 
 } // namespace
@@ -104,7 +146,11 @@ std::optional<QString> CVPrintDialogs::print(QWidget& window, CVReportView& view
     dialog.setWindowModality(Qt::ApplicationModal);
     dialog.setMinMax(1, qMax(1, view.knowsPageRange()));
     dialog.setOption(QAbstractPrintDialog::PrintPageRange);
-    return dialog.exec() == QDialog::Accepted ? printPages(window, printer, view, spared()) : std::nullopt;
+    const CVPaperChoice choice(dialog, view.printInfo().paper);
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    usePaper(view, printer, choice);
+    return printPages(window, mQueue, printer, view, spared());
 }
 
 std::optional<QString> CVPrintDialogs::preview(QWidget& window, CVReportView& view) {
@@ -112,6 +158,7 @@ std::optional<QString> CVPrintDialogs::preview(QWidget& window, CVReportView& vi
     setUp(printer, view);
     QPrintPreviewDialog dialog(&printer, &window);
     dialog.setWindowModality(Qt::ApplicationModal);
+    const CVPaperChoice choice(dialog, view.printInfo().paper);
     Failure failure;
     bool isPainting = false;
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter* target) {
@@ -119,7 +166,8 @@ std::optional<QString> CVPrintDialogs::preview(QWidget& window, CVReportView& vi
         if (isPainting)
             return;
         const QScopedValueRollback painting(isPainting, true);
-        failure = printPages(dialog, *target, view, spared());
+        usePaper(view, *target, choice);
+        failure = printPages(dialog, mQueue, *target, view, spared());
     });
     dialog.exec();
     return failure;
@@ -127,9 +175,11 @@ std::optional<QString> CVPrintDialogs::preview(QWidget& window, CVReportView& vi
 
 void CVPrintDialogs::setUpPage(QWidget& window, CVPrintInfo& printInfo) {
     QPrinter printer(QPrinter::HighResolution);
-    printer.setPageLayout(printInfo.pageLayout());
-    QPageSetupDialog dialog(&printer, &window);
-    dialog.setWindowModality(Qt::ApplicationModal);
-    if (dialog.exec() == QDialog::Accepted)
-        printInfo.setPageLayout(printer.pageLayout());
+    const auto dialog = makeSetUpDialog(printer, printInfo, window);
+    dialog->setWindowModality(Qt::ApplicationModal);
+    const CVPaperChoice choice(*dialog, printInfo.paper);
+    if (dialog->exec() != QDialog::Accepted)
+        return;
+    printInfo.setPageLayout(printer.pageLayout());
+    printInfo.paper = choice.paperOn(printer);
 }

@@ -6,9 +6,15 @@
 
 #include <functional>
 
-/// The toolkit's own dialogs. A file is written by the program itself, as the command line writes it.
+class CVPrintQueue;
+
+/// The toolkit's own dialogs. A file is written by the program itself, as the command line writes it; what goes to a
+/// printer is held in such a file until all of it is painted, so that a cancelled report prints nothing.
 class CVPrintDialogs final : public CVPrintPanels {
 public:
+    /// The queue outlives the dialogs.
+    explicit CVPrintDialogs(CVPrintQueue& queue) : mQueue(queue) {}
+
     /// No file of pages may take the place of that one, which is asked for whenever one is written.
     void spare(std::function<QString()> dataFile) { mDataFile = std::move(dataFile); }
 
@@ -19,5 +25,6 @@ public:
 private:
     [[nodiscard]] QStringList spared() const { return mDataFile ? QStringList{mDataFile()} : QStringList(); }
 
+    CVPrintQueue& mQueue;
     std::function<QString()> mDataFile;
 };

@@ -1,69 +1,14 @@
-#include "workspace/CVPrintDialogs.h"
-
-#include "kit/BudgetBuilder.h"
+#include "PrintDialogsFixture.h"
 #include "kit/FixedToday.h"
-#include "reports/CVReportView.h"
 #include "reports/CVSummaryTable.h"
 
-#include <QApplication>
-#include <QComboBox>
 #include <QFile>
-#include <QPageSetupDialog>
-#include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
-#include <QPrinter>
 #include <QProgressDialog>
-#include <QRadioButton>
-#include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
-
-#include <gtest/gtest.h>
 
 namespace {
-
-/// The toolkit's dialogs, answered while they are shown.
-struct PrintDialogs : testing::Test {
-    [[nodiscard]] std::unique_ptr<const CVReport> report(std::size_t transactions) const {
-        return CVReport::initWithTransactions(
-            CVDocument::Transactions(transactions, makeTransaction({.amount = 1, .payTo = "Market"})));
-    }
-
-    /// Does something with the dialog of that kind once it is shown.
-    template <typename Dialog>
-    void whenShown(std::function<void(Dialog&)> act) {
-        auto* const timer = new QTimer(&window);
-        QObject::connect(timer, &QTimer::timeout, &window, [timer, act = std::move(act)] {
-            if (auto* const dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget())) {
-                timer->stop();
-                act(*dialog);
-            }
-        });
-        timer->start(10);
-    }
-
-    /// Prints to a file, as the user does who chooses that.
-    void chooseFile(int from = 0, int to = 0) {
-        whenShown<QPrintDialog>([this, from, to](QPrintDialog& dialog) {
-            dialog.printer()->setOutputFileName(path);
-            dialog.printer()->setFromTo(from, to);
-            dialog.done(QDialog::Accepted);
-        });
-    }
-
-    [[nodiscard]] QByteArray printed() const {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-    [[nodiscard]] qsizetype pages() const { return printed().count("/Type /Page\n"); }
-
-    QWidget window;
-    QTemporaryDir folder;
-    QString path = folder.filePath("report.pdf");
-    CVPrintInfo printInfo;
-    CVPrintDialogs dialogs;
-};
 
 TEST_F(PrintDialogs, PrintAllPagesToAFile) {
     CVReportView view(report(49 * 3), printInfo);
@@ -168,20 +113,6 @@ TEST_F(PrintDialogs, TellWhichFileCannotBeWritten) {
     EXPECT_TRUE(failure->contains("missing/report.pdf")) << failure->toStdString();
 }
 
-TEST_F(PrintDialogs, PrintOnThePaperThatIsChosenThere) {
-    CVReportView view(report(1), printInfo);
-    whenShown<QPrintDialog>([this](QPrintDialog& dialog) {
-        dialog.printer()->setOutputFileName(path);
-        dialog.printer()->setPageSize(QPageSize(QPageSize::A5));
-        dialog.printer()->setPageOrientation(QPageLayout::Landscape);
-        dialog.done(QDialog::Accepted);
-    });
-    EXPECT_EQ(dialogs.print(window, view), std::nullopt);
-    EXPECT_EQ(view.printInfo().paper.id(), QPageSize::A5);
-    EXPECT_TRUE(printed().contains("/MediaBox [0 0 595.000000 420.000000]"));
-    EXPECT_EQ(printInfo.paper.id(), QPageSize::A4) << "for this printing alone";
-}
-
 TEST_F(PrintDialogs, ShowAProgressPanelWithWhichALongReportIsCancelled) {
     CVReportView view(report(300'000), printInfo);
     chooseFile();
@@ -253,32 +184,6 @@ TEST_F(PrintDialogs, PreviewOnTheOtherSideWhenAsked) {
     });
     EXPECT_EQ(dialogs.preview(window, view), std::nullopt);
     EXPECT_EQ(previewed, 2) << "a sheet on its side holds 30 lines";
-}
-
-/// Picks a paper and a side, as the user does.
-void setUp(QPageSetupDialog& dialog, const QString& paper) {
-    auto* const papers = dialog.findChild<QComboBox*>("pageSizeCombo");
-    ASSERT_NE(papers, nullptr);
-    papers->setCurrentIndex(papers->findText(paper, Qt::MatchStartsWith));
-    dialog.findChild<QRadioButton*>("landscape")->click();
-}
-
-TEST_F(PrintDialogs, SetThePageUp) {
-    whenShown<QPageSetupDialog>([](QPageSetupDialog& dialog) {
-        setUp(dialog, "A5");
-        dialog.accept();
-    });
-    dialogs.setUpPage(window, printInfo);
-    EXPECT_EQ(printInfo.paper.id(), QPageSize::A5);
-    EXPECT_EQ(printInfo.orientation, QPageLayout::Landscape);
-    EXPECT_EQ(printInfo.margins, QMarginsF(72, 72, 72, 72));
-
-    whenShown<QPageSetupDialog>([](QPageSetupDialog& dialog) {
-        setUp(dialog, "A3");
-        dialog.reject();
-    });
-    dialogs.setUpPage(window, printInfo);
-    EXPECT_EQ(printInfo.paper.id(), QPageSize::A5);
 }
 
 } // namespace
