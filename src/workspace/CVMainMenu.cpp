@@ -64,6 +64,7 @@ constexpr std::array<Entry, kCVCommands> kEntries{
      {CVCommand::NextPeriod, View, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Next Period"), "Ctrl+Right"},
      {CVCommand::Today, View, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "T&oday"), "Ctrl+T"},
      {CVCommand::Record, Budget, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Record"), "Ctrl+Return; Ctrl+Enter"},
+     {CVCommand::PlanVsActual, Budget, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "&Plan vs Actual"), ""},
      {CVCommand::EditCategories, Budget, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "Edit &Categories…"),
       "Ctrl+Shift+C"},
      {CVCommand::TransactionSets, Budget, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Transaction Sets…"),

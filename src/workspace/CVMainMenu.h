@@ -28,6 +28,7 @@ enum class CVCommand {
     NextPeriod,
     Today,
     Record,
+    PlanVsActual,
     EditCategories,
     TransactionSets,
     ShowHelp,

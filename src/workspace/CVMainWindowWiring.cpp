@@ -122,6 +122,10 @@ void CVMainWindowController::choose(CVCommand command) {
         return goToToday();
     case CVCommand::Record:
         return record();
+    case CVCommand::PlanVsActual:
+        mWindow->tabs().setCurrentIndex(kReports);
+        mWindow->reportsTab().showReport(CVReportTable::Totals);
+        return;
     case CVCommand::EditCategories:
         return editCategories();
     case CVCommand::TransactionSets:

@@ -29,7 +29,7 @@ CVReportsTab::CVReportsTab(const CVReportContents& contents, QWidget* parent)
     mReportTabView->setObjectName(QStringLiteral("mReportTabView"));
     mReportTabView->setAccessibleName(tr("Reports"));
     mTables = {addTable(CVReportTable::Averages, "mAveragesTable", tr("Averages"), tr("Averages")),
-               addTable(CVReportTable::Totals, "mTotalTable", tr("Plan vs Actual"), tr("Totals")),
+               addTable(CVReportTable::Totals, "mTotalTable", tr("Plan vs Actual"), tr("Plan vs Actual")),
                addTable(CVReportTable::Percent, "mPercentTable", tr("Percent"), tr("Percent")),
                addTable(CVReportTable::Tax, "mTaxTable", tr("Tax Report"), tr("Tax"))};
     auto* const layout = new QVBoxLayout(this);
@@ -58,6 +58,12 @@ void CVReportsTab::reload() {
 void CVReportsTab::setReportTab(int index) {
     const QSignalBlocker blocker(mReportTabView);
     mReportTabView->setCurrentIndex(index);
+}
+
+void CVReportsTab::showReport(CVReportTable report) {
+    const auto index = static_cast<std::size_t>(report);
+    mReportTabView->setCurrentIndex(static_cast<int>(index));
+    mTables[index]->setFocus();
 }
 
 QByteArray CVReportsTab::saveColumns() const {

@@ -30,6 +30,8 @@ public:
     void reload();
     /// 0 to 3, any other index changes nothing; announces nothing.
     void setReportTab(int index);
+    /// The same as if the user picked it, with the focus in its table.
+    void showReport(CVReportTable report);
 
     /// The widths of the columns of all tables, for `restoreColumns`.
     [[nodiscard]] QByteArray saveColumns() const;

@@ -25,7 +25,7 @@ TEST_F(CVReportsTabTest, EveryControlHasItsNames) {
                                                      {"mTaxTable", "Tax Report"}})
         EXPECT_EQ(find<QWidget>(objectName).accessibleName(), accessibleName);
     const auto& tabs = find<QTabWidget>("mReportTabView");
-    const QStringList texts{"Averages", "Totals", "Percent", "Tax"};
+    const QStringList texts{"Averages", "Plan vs Actual", "Percent", "Tax"};
     const QStringList tables{"mAveragesTable", "mTotalTable", "mPercentTable", "mTaxTable"};
     ASSERT_EQ(tabs.count(), texts.size());
     for (int tab = 0; tab < tabs.count(); ++tab) {

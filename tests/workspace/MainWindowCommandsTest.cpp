@@ -111,6 +111,23 @@ TEST_F(MainWindowCommandsTest, ChoosingATabIsRemembered) {
     EXPECT_EQ(stored(CVDefaultsKeys::kDisplayTab), 0);
 }
 
+TEST_F(MainWindowCommandsTest, TheBudgetMenuLeadsToThePlanFromAnyTab) {
+    open();
+    for (const int tab : {0, 1, 2}) {
+        tabs().setCurrentIndex(tab);
+        find<QTabWidget>("mReportTabView")->setCurrentIndex(3);
+        press(Qt::Key_B, Qt::AltModifier);
+        QWidget* const menu = QApplication::activePopupWidget();
+        ASSERT_NE(menu, nullptr);
+        QTest::keyClick(menu, Qt::Key_P);
+        EXPECT_EQ(tabs().currentIndex(), 2);
+        EXPECT_EQ(stored(CVDefaultsKeys::kDisplayTab), 2);
+        EXPECT_EQ(stored(CVDefaultsKeys::kReportTab), 1);
+        EXPECT_EQ(QApplication::focusWidget(), find<QTableView>("mTotalTable"));
+        EXPECT_EQ(find<QTableView>("mTotalTable")->model()->rowCount(), 1);
+    }
+}
+
 TEST_F(MainWindowCommandsTest, CommandsThatCannotActAreGreyedOut) {
     open();
     EXPECT_FALSE(command("Next Period").isEnabled());
