@@ -28,6 +28,12 @@ QString whereabouts(const CVSaveOutcome& outcome) {
               "\"(unreadable ...)\" in its name.");
 }
 
+/// What failed, and what that means for the file; `fullDisk` is said in place of what failed where that is all.
+QString failure(const CVSaveOutcome& outcome, const QString& fullDisk) {
+    const QString what = outcome.diskIsFull ? fullDisk : outcome.message;
+    return QFileInfo::exists(outcome.path) ? what + u' ' + tr("Your last saved file is whole.") : what;
+}
+
 } // namespace
 
 CVAlert unreadable(const CVLoadReport& report, const CVSaveOutcome& outcome) {
@@ -50,13 +56,14 @@ CVAlert keptCopy(const CVSaveOutcome& outcome) {
 }
 
 QString notSaved(const CVSaveOutcome& outcome) {
-    return QFileInfo::exists(outcome.path) ? outcome.message + u' ' + tr("Your last saved file is whole.")
-                                           : outcome.message;
+    // Behind "Not saved: ".
+    return failure(outcome, tr("the disk is full."));
 }
 
 CVAlert quitUnsaved(const CVSaveOutcome& outcome) {
     return {tr("Your last changes are not saved"),
-            notSaved(outcome) + u' ' + tr("If you quit now, what you changed since the last save is lost."),
+            failure(outcome, tr("The disk is full.")) + u' ' +
+                tr("If you quit now, what you changed since the last save is lost."),
             tr("Try Again"), tr("Cancel"), tr("Quit Without Saving")};
 }
 

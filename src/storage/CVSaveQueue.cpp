@@ -127,6 +127,7 @@ void CVSaveQueue::write(const Job& job, CVSaveOutcome& outcome) {
     else if (kept.moved && CVPutBack(kept, job.path))
         kept = {};
     outcome.keptCopy = kept.path;
+    outcome.diskIsFull = replacing.diskIsFull();
     if (!replacing.ok()) {
         outcome.message =
             tr("The budget could not be saved to \"%1\": %2.").arg(QDir::toNativeSeparators(job.path), replacing.error);

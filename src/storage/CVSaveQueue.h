@@ -22,6 +22,8 @@ struct CVSaveOutcome {
     /// What failed and where, in a sentence. The file is whole then, the old one or (when only the last step failed,
     /// the sync of the folder) the new one.
     QString message;
+    /// Nothing but room is missing.
+    bool diskIsFull = false;
     /// Where the file that stood there, and that this program had not read, is kept; empty when there was none.
     QString keptCopy;
 };

@@ -200,6 +200,25 @@ TEST_P(SaveFaults, ofTwoCallsThatWriteLoseNothingAndAreTold) {
     report("two that write");
 }
 
+TEST(SaveFaultsOfAFullDisk, AreToldAsSuchAndOthersWithTheirReason) {
+    const auto calls = SaveScenario(Before::Good).save().calls;
+    int tried = 0;
+    for (std::size_t at = 0; at < calls.size(); ++at) {
+        if (calls[at].name != "write" && calls[at].name != "fsync")
+            continue;
+        for (const int error : {ENOSPC, EIO, EDQUOT}) {
+            SaveScenario scenario(Before::Good);
+            scenario.save({{at, error, Repeat::SameForEver}});
+            ASSERT_FALSE(scenario.wasSaved());
+            EXPECT_EQ(scenario.outcome().diskIsFull, error == ENOSPC);
+            EXPECT_TRUE(scenario.outcome().message.contains(qt_error_string(error)))
+                << scenario.outcome().message.toStdString();
+            ++tried;
+        }
+    }
+    EXPECT_GE(tried, 6);
+}
+
 /// File systems that know less: one without files that have no name, and one without hard links either.
 const std::vector<FaultyCalls::Unsupported> kNoNameless{{"tmpfile", EOPNOTSUPP}};
 const std::vector<FaultyCalls::Unsupported> kNoLinks{{"tmpfile", EOPNOTSUPP}, {"link", EPERM}};

@@ -30,6 +30,7 @@ public:
     const FaultyCalls::Record& save(std::vector<FaultyCalls::Fault> faults = {},
                                     std::vector<FaultyCalls::Unsupported> unsupported = {});
     [[nodiscard]] bool wasSaved() const { return mOutcome.saved; }
+    [[nodiscard]] const CVSaveOutcome& outcome() const { return mOutcome; }
     /// What is not as it must be after the save, on the disk and in what was said about it; empty when all is well.
     [[nodiscard]] QStringList broken() const;
     /// Changes the document, saves once more without faults, and tells the same.
