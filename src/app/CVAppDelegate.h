@@ -64,6 +64,8 @@ public:
     void contactTechSupport();
     void goToWebSite();
     void goToSupportForums();
+    /// The desktop has not opened an address that it had taken.
+    void tellNotOpened(const QUrl& address);
     void showPreferences();
     /// Looks for a newer version and tells the user; returns at once.
     void checkForNewVersion() override;

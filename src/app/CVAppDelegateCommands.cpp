@@ -1,6 +1,7 @@
 #include "app/CVAppDelegate.h"
 #include "app/CVEditorWindows.h"
 #include "app/CVSupportMail.h"
+#include "app/CVUpdateMessages.h"
 #include "model/CVDocument.h"
 #include "preferences/CVPreferenceWindowController.h"
 #include "shared/base/CVSite.h"
@@ -61,6 +62,10 @@ void CVAppDelegate::goToWebSite() {
 
 void CVAppDelegate::goToSupportForums() {
     mUpdates.openAddress(QUrl(CVSite::supportForums()));
+}
+
+void CVAppDelegate::tellNotOpened(const QUrl& address) {
+    mAlerts.run(CVUpdateMessages::notOpened(address));
 }
 
 void CVAppDelegate::checkForNewVersion() {

@@ -68,8 +68,7 @@ void CVUpdateController::checkNow() {
 
 void CVUpdateController::openAddress(const QUrl& address) {
     if (!mURLOpener || !mURLOpener->openURL(address))
-        mAlerts.run(CVUpdateMessages::notOpened(
-            address.scheme() == QLatin1String("mailto") ? address.path() : address.toDisplayString()));
+        mAlerts.run(CVUpdateMessages::notOpened(address));
 }
 
 bool CVUpdateController::CVOfferUpgrade() {

@@ -52,6 +52,10 @@ CVAlert notOpened(const QString& address) {
             tr("Please open it yourself, in a web browser or a mail program:\n\n%1").arg(address), tr("OK")};
 }
 
+CVAlert notOpened(const QUrl& address) {
+    return notOpened(address.scheme() == QLatin1String("mailto") ? address.path() : address.toDisplayString());
+}
+
 CVAlert noDownload() {
     return {tr("The newer version could not be found"),
             tr("Quenby Labs LLC has named no web page from which it can be loaded. Please look for it on the web "

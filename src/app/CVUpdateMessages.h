@@ -12,6 +12,7 @@ namespace CVUpdateMessages {
 [[nodiscard]] CVAlert upToDate(const QString& name);
 /// The address is shown, so that the user can go there otherwise.
 [[nodiscard]] CVAlert notOpened(const QString& address);
+[[nodiscard]] CVAlert notOpened(const QUrl& address);
 /// The offer names no page that could be opened.
 [[nodiscard]] CVAlert noDownload();
 

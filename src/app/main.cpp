@@ -125,6 +125,7 @@ int runOnlyWindow(CVRunningInstance& running) {
     QObject::connect(&running, &CVRunningInstance::showRequested, &delegate, &CVAppDelegate::comeToFront);
     QObject::connect(&terminations, &CVTerminationSignals::received, &delegate, &CVAppDelegate::endWithoutAsking);
     QObject::connect(qApp, &QGuiApplication::commitDataRequest, &delegate, &CVAppDelegate::keepEverything);
+    QObject::connect(&programs, &CVDesktopPrograms::failed, &delegate, &CVAppDelegate::tellNotOpened);
     delegate.setURLOpener(&programs);
     delegate.setHelp(&help);
     delegate.setPrintPanels(&printPanels);

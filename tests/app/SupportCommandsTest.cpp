@@ -50,6 +50,16 @@ TEST(CVSupportMail, TheSystemIsNamedAsItIs) {
 
 class SupportCommands : public ShellFixture {};
 
+TEST_F(SupportCommands, AnAddressThatTheDesktopTookAndDidNotOpenIsTold) {
+    start();
+    mDelegate->tellNotOpened(QUrl(CVSite::webSite()));
+    ASSERT_EQ(mAlerts.shown().size(), 1);
+    EXPECT_EQ(mAlerts.shown()[0].title, "No program could be opened for this address");
+    EXPECT_TRUE(mAlerts.shown()[0].message.contains(CVSite::webSite()));
+    mDelegate->tellNotOpened(CVSupportMailAddress(CVSystemIdentity::ofThisMachine()));
+    EXPECT_TRUE(mAlerts.shown()[1].message.endsWith("\n\n" + CVSite::supportMail()));
+}
+
 TEST_F(SupportCommands, EachOpensItsAddress) {
     start();
     choose("Contact Support");

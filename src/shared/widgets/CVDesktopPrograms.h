@@ -2,8 +2,17 @@
 
 #include "shared/widgets/CVURLOpener.h"
 
-/// The programs that the user's desktop has chosen for web pages and mail.
-class CVDesktopPrograms final : public CVURLOpener {
+#include <QObject>
+#include <QUrl>
+
+/// The programs that the user's desktop has chosen for web pages and mail. What is opened goes on when Corvella ends.
+class CVDesktopPrograms final : public QObject, public CVURLOpener {
+    Q_OBJECT
+
 public:
     [[nodiscard]] bool openURL(const QUrl& address) override;
+
+signals:
+    /// The desktop, which had taken the address, found no program for it, or none that would start.
+    void failed(const QUrl& address);
 };
