@@ -9,11 +9,11 @@ namespace {
 
 TEST(CVDaysOfText, AreADayAMonthAYearOrToday) {
     const QBDate today = day(2014, 3, 8);
-    struct Row {
+    struct Days {
         const char* text;
         std::optional<CVDayRange> days;
     };
-    const QList<Row> rows{
+    const QList<Days> rows{
         {"2014-01-31", CVDayRange{day(2014, 1, 31), day(2014, 1, 31)}},
         {"2014/01/31", CVDayRange{day(2014, 1, 31), day(2014, 1, 31)}},
         {"2014/1/3", CVDayRange{day(2014, 1, 3), day(2014, 1, 3)}},
@@ -35,7 +35,7 @@ TEST(CVDaysOfText, AreADayAMonthAYearOrToday) {
         {"2014-01-31x", std::nullopt},
         {"01/31/2014", std::nullopt},
     };
-    for (const Row& row : rows)
+    for (const Days& row : rows)
         EXPECT_EQ(CVDaysOfText(row.text, today), row.days) << row.text;
 }
 
