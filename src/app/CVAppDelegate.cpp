@@ -36,6 +36,7 @@ bool CVAppDelegate::applicationDidFinishLaunching() {
     if (report.outcome == CVLoadReport::Outcome::Cancelled)
         return false;
     makeWindowControllers();
+    showWhetherSaved(report);
     // Those that an offer of a newer version has led to stand in front.
     if (mPreferences && mPreferences->isVisible())
         mPreferences->showWindow();
@@ -56,6 +57,12 @@ void CVAppDelegate::makeWindowControllers() {
     connect(&mFile.saves(), &CVSaveQueue::saveStarted, &status, &CVSaveStatus::setSaving);
     connect(&status, &CVSaveStatus::tryAgain, this, [this] { mDocument->workbookSave(); });
     mMainWindow->showWindow();
+}
+
+/// What was not read from a file is in none.
+void CVAppDelegate::showWhetherSaved(const CVLoadReport& report) const {
+    if (report.outcome == CVLoadReport::Outcome::Loaded)
+        mMainWindow->saveStatus().setSaved();
 }
 
 void CVAppDelegate::handleSaveFinished(const CVSaveOutcome& outcome) {

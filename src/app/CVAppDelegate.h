@@ -90,6 +90,7 @@ private:
     void tellAboutReading(const CVLoadReport& report);
     /// Whether the window may close: not while changes would be lost, unless the user says so.
     [[nodiscard]] bool mayClose();
+    void showWhetherSaved(const CVLoadReport& report) const;
 
     CVAlerts& mAlerts;
     CVFilePanels& mPanels;

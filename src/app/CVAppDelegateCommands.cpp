@@ -98,3 +98,4 @@ void CVAppDelegate::setDocument(std::unique_ptr<CVDocument> document) {
     if (mPreferences)
         mPreferences->setDocument(*mDocument);
 }
+    showWhetherSaved(report);

@@ -40,7 +40,7 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
     layout->addWidget(mText, 1);
     layout->addWidget(mTryAgain);
     connect(mTryAgain, &QPushButton::clicked, this, &CVSaveStatus::tryAgain);
-    setSaved();
+    show(QString(), Outcome::Fine);
 }
 
 void CVSaveStatus::setSaving() {

@@ -5,8 +5,9 @@
 class QLabel;
 class QPushButton;
 
-/// The quiet line that says whether everything is saved, and offers to try again when it is not. At its beginning
-/// stands what a command has done, where nothing else would show that.
+/// The quiet line that says whether everything is saved, and offers to try again when it is not. Says nothing at first:
+/// there may be no file in which anything could be. At its beginning stands what a command has done, where nothing else
+/// would show that.
 class CVSaveStatus final : public QWidget {
     Q_OBJECT
 

@@ -11,6 +11,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QMainWindow>
 #include <QPushButton>
 #include <QSettings>
@@ -116,6 +117,22 @@ TEST_F(CVAppDelegateTest, AFirstStartWritesNothingUntilSomethingIsRecorded) {
     EXPECT_GT(delegate->document().countOfCategories(), 20U);
     quit(delegate);
     EXPECT_FALSE(QFile::exists(dataFile()));
+}
+
+TEST_F(CVAppDelegateTest, SaysThatAllIsSavedOnlyWhenThereIsAFile) {
+    const auto status = [](CVAppDelegate& delegate) { return find<QLabel>(delegate, "mSaveStatusText")->text(); };
+    auto delegate = start();
+    EXPECT_EQ(status(*delegate), "");
+    record(*delegate, "1", "Somebody", "Other");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return status(*delegate) == "All changes saved"; }));
+    quit(delegate);
+    delegate = start();
+    EXPECT_EQ(status(*delegate), "All changes saved");
+    quit(delegate);
+    writeDataFile("<EncryptedData>" + QByteArray(200, 'x'));
+    delegate = start();
+    EXPECT_EQ(status(*delegate), "") << "what is shown is in no file";
+    quit(delegate);
 }
 
 TEST_F(CVAppDelegateTest, ADamagedFileIsKeptAndTheUserIsToldWhere) {

@@ -145,7 +145,7 @@ TEST_F(MainWindowStateTest, TheStatusLineSaysWhatBecameOfSaving) {
     QSignalSpy tryAgain(&status, &CVSaveStatus::tryAgain);
     const auto* const text = find<QLabel>("mSaveStatusText");
     auto* const button = find<QPushButton>("mTryAgainButton");
-    EXPECT_EQ(text->text(), "All changes saved");
+    EXPECT_EQ(text->text(), "") << "there may be no file";
     EXPECT_FALSE(button->isVisible());
     status.setSaving();
     EXPECT_EQ(text->text(), "Saving…");
