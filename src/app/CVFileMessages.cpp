@@ -18,12 +18,17 @@ QString shown(const QString& path) {
     return QDir::toNativeSeparators(path);
 }
 
+/// Files of that folder by their names alone.
+QString withoutFolder(QString text, const QString& folder) {
+    return text.remove(shown(folder) + QDir::separator());
+}
+
 /// What has become of the file that could not be read.
-QString whereabouts(const CVSaveOutcome& outcome) {
+QString whereabouts(const CVSaveOutcome& outcome, const QString& folder) {
     if (!outcome.keptCopy.isEmpty())
-        return tr("Every byte of the old file is kept in \"%1\".").arg(shown(outcome.keptCopy));
+        return tr("Every byte of the old file is kept in \"%1\".").arg(withoutFolder(shown(outcome.keptCopy), folder));
     if (!outcome.saved)
-        return outcome.message + u' ' + tr("The old file is untouched.");
+        return withoutFolder(outcome.message, folder) + u' ' + tr("The old file is untouched.");
     return tr("It is untouched; before Corvella saves for the first time, it keeps it beside the new file, with "
               "\"(unreadable ...)\" in its name.");
 }
@@ -37,12 +42,15 @@ QString failure(const CVSaveOutcome& outcome, const QString& fullDisk) {
 } // namespace
 
 CVAlert unreadable(const CVLoadReport& report, const CVSaveOutcome& outcome) {
-    return {tr("Your budget could not be read"),
-            tr("Corvella has started with an empty budget, because \"%1\" could not be read: %2.\n\n%3")
-                .arg(shown(report.path), report.reason, whereabouts(outcome)),
-            tr("OK"),
-            {},
-            {}};
+    const QFileInfo file(report.path);
+    return {
+        tr("Your budget could not be read"),
+        tr("Corvella has started with an empty budget, because \"%1\" could not be read: %2.\n\n%3\n\nThe folder is "
+           "\"%4\".")
+            .arg(file.fileName(), report.reason, whereabouts(outcome, file.path()), shown(file.path())),
+        tr("OK"),
+        {},
+        {}};
 }
 
 CVAlert keptCopy(const CVSaveOutcome& outcome) {

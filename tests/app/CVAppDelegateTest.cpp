@@ -1,5 +1,6 @@
 #include "app/CVAppDelegate.h"
 
+#include "app/CVFileMessages.h"
 #include "kit/FixedToday.h"
 #include "kit/Printers.h"
 #include "kit/ScratchHome.h"
@@ -133,6 +134,26 @@ TEST_F(CVAppDelegateTest, SaysThatAllIsSavedOnlyWhenThereIsAFile) {
     delegate = start();
     EXPECT_EQ(status(*delegate), "") << "what is shown is in no file";
     quit(delegate);
+}
+
+TEST_F(CVAppDelegateTest, WhatBecameOfAFileThatCannotBeReadNamesItsFolderOnce) {
+    writeDataFile("<?xml version=\"1.0\"?>\n<CorvellaDocument><Transaction></CorvellaDocument>");
+    const QString folder = QFileInfo(dataFile()).path();
+    auto delegate = start();
+    quit(delegate);
+    ASSERT_EQ(mAlerts.shown().size(), 1);
+    const QString told = mAlerts.shown().constFirst().message;
+    EXPECT_EQ(told.count(folder), 1) << told.toStdString();
+    EXPECT_TRUE(told.contains("Corvella Data.corvella")) << told.toStdString();
+
+    CVSaveOutcome failed;
+    failed.saved = false;
+    failed.path = dataFile();
+    failed.message = "The budget could not be saved to \"" + dataFile() + "\": the unreadable file \"" + dataFile() +
+                     "\" could not be kept beside it.";
+    const CVLoadReport report{CVLoadReport::Outcome::Unreadable, dataFile(), "Permission denied"};
+    EXPECT_EQ(CVFileMessages::unreadable(report, failed).message.count(folder), 1)
+        << CVFileMessages::unreadable(report, failed).message.toStdString();
 }
 
 TEST_F(CVAppDelegateTest, ADamagedFileIsKeptAndTheUserIsToldWhere) {
