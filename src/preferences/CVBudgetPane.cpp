@@ -16,15 +16,15 @@ constexpr int kDaysPerWeek = 7;
 } // namespace
 
 CVBudgetPane::CVBudgetPane(CVPreferenceStore& store, QWidget* parent) : CVPreferencePane(store, parent) {
-    mStartDayOfWeek = &addPopUp(tr("&First day of the week:"), tr("First Day of Week"), "mStartDayOfWeek");
+    mStartDayOfWeek = &addPopUp(tr("&First day of the week:"), tr("First Day of Week"), "mStartDayOfWeek",
+                                tr("The summary by days begins with it."));
     for (int day = 0; day < kDaysPerWeek; ++day)
         mStartDayOfWeek->addItem(QString());
     titleDays();
-    addHint(tr("The summary by days begins with it."));
-    mTodayColumn = &addPopUp(tr("&Today's column:"), tr("Today Column"), "mTodayColumn");
+    mTodayColumn = &addPopUp(tr("&Today's column:"), tr("Today Column"), "mTodayColumn",
+                             tr("Where the summary by weeks, two weeks or months shows the period of today."));
     mTodayColumn->addItems({tr("First"), tr("Second, after one earlier period"), tr("Third, after two earlier periods"),
                             tr("Fourth, after three earlier periods")});
-    addHint(tr("Where the summary by weeks, two weeks or months shows the period of today."));
     mShowAllCategories = &addCheckBox(tr("Show &all categories, also those without transactions"),
                                       tr("Show All Categories"), "mShowAllCategories");
     connect(mStartDayOfWeek, &QComboBox::activated, this, &CVBudgetPane::setStartDayfWeek);

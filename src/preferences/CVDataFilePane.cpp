@@ -15,6 +15,7 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -59,22 +60,27 @@ CVDataFilePane::CVDataFilePane(CVPreferenceStore& store, CVDocument& document, C
     mDataFileLocation->setReadOnly(true);
     mDataFileLocation->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     form().addRow(tr("Your data file is &in:"), mDataFileLocation);
-    QPushButton* const change = addButton(tr("Change &Location…"), tr("Change Location"));
+    QPushButton* const change = addButton(
+        tr("Change &Location…"), tr("Change Location"),
+        tr("The file at the old place stays there unchanged. Corvella may open it again if it does not find the one "
+           "at the new place."));
     connect(change, &QPushButton::clicked, this, &CVDataFilePane::changeFileLocation);
-    addHint(tr("A file that stays behind at the old place is not used any more."));
-    QPushButton* const clear = addButton(tr("Clear &Data File…"), tr("Clear Data File"));
+    QPushButton* const clear = addButton(tr("Clear &Data File…"), tr("Clear Data File"),
+                                         tr("Removes all transactions and brings the default categories back."));
     connect(clear, &QPushButton::clicked, this, &CVDataFilePane::clearDataFile);
-    addHint(tr("Removes all transactions and brings the default categories back."));
 }
 
-QPushButton* CVDataFilePane::addButton(const QString& text, const QString& name) {
+QPushButton* CVDataFilePane::addButton(const QString& text, const QString& name, const QString& hint) {
     auto* const button = new QPushButton(text, this);
     button->setAccessibleName(name);
     button->setAutoDefault(false);
     auto* const row = new QHBoxLayout;
     row->addWidget(button);
     row->addStretch();
-    form().addRow(QString(), row);
+    auto* const field = new QVBoxLayout;
+    field->addLayout(row);
+    addHint(*field, *button, hint);
+    form().addRow(QString(), field);
     return button;
 }
 

@@ -35,7 +35,7 @@ signals:
 private:
     enum class Replace : bool { No, Yes };
 
-    QPushButton* addButton(const QString& text, const QString& name);
+    QPushButton* addButton(const QString& text, const QString& name, const QString& hint);
     /// Where the budget is to be; absent when the user cancelled.
     [[nodiscard]] std::optional<QString> choosePath();
     void _cv_set_file_location_field();

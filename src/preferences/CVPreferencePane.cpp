@@ -6,6 +6,14 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QLabel>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int kHintDistance = 2;
+constexpr int kHintIndent = 6;
+
+} // namespace
 
 CVPreferencePane::CVPreferencePane(CVPreferenceStore& store, QWidget* parent)
     : QWidget(parent)
@@ -16,12 +24,19 @@ CVPreferencePane::CVPreferencePane(CVPreferenceStore& store, QWidget* parent)
     mForm->setRowWrapPolicy(QFormLayout::WrapLongRows);
 }
 
-QComboBox& CVPreferencePane::addPopUp(const QString& label, const QString& name, const char* objectName) {
+QComboBox& CVPreferencePane::addPopUp(const QString& label, const QString& name, const char* objectName,
+                                      const QString& hint) {
     auto* const popUp = new CVSteadyComboBox(this);
     popUp->setObjectName(QLatin1String(objectName));
     popUp->setAccessibleName(name);
     popUp->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    mForm->addRow(label, popUp);
+    auto* const title = new QLabel(label, this);
+    title->setBuddy(popUp);
+    auto* const field = new QVBoxLayout;
+    field->addWidget(popUp);
+    if (!hint.isEmpty())
+        addHint(*field, *popUp, hint);
+    mForm->addRow(title, field);
     return *popUp;
 }
 
@@ -33,10 +48,15 @@ QCheckBox& CVPreferencePane::addCheckBox(const QString& text, const QString& nam
     return *box;
 }
 
-void CVPreferencePane::addHint(const QString& text) {
+void CVPreferencePane::addHint(QVBoxLayout& below, QWidget& control, const QString& text) {
+    control.setAccessibleDescription(text);
     auto* const hint = new QLabel(text, this);
     hint->setTextFormat(Qt::PlainText);
     hint->setWordWrap(true);
+    hint->setAlignment(Qt::AlignLeading | Qt::AlignTop);
     hint->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum);
-    mForm->addRow(QString(), hint);
+    // Nearer to its control than to what follows, and beginning further in.
+    below.setSpacing(kHintDistance);
+    hint->setContentsMargins(kHintIndent, 0, 0, hint->fontMetrics().height() / 2);
+    below.addWidget(hint);
 }

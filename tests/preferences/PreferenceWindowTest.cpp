@@ -119,4 +119,33 @@ TEST_F(PreferenceWindow, SettingsThatCannotBeKeptAreRemarkedOnlyWhenASaveFails) 
     EXPECT_TRUE(QBUserDefaults(mHome.settingsStore()).hasKey(CVDefaultsKeys::kClearFields));
 }
 
+TEST_F(PreferenceWindow, AHintStandsNearerToItsControlThanToTheNextAndIsReadOutWithIt) {
+    open();
+    struct Row {
+        const char* control;
+        const char* next;
+    };
+    for (const Row& row : {Row{"First Day of Week", "Today Column"}, Row{"Today Column", "Show All Categories"},
+                           Row{"Change Location", "Clear Data File"}}) {
+        auto* const mine = control<QWidget>(row.control);
+        auto* const other = control<QWidget>(row.next);
+        showTabOf(mine);
+        const QString text = mine->accessibleDescription();
+        ASSERT_FALSE(text.isEmpty()) << row.control;
+        const QLabel* hint = nullptr;
+        for (auto* const label : mWindow->findChildren<QLabel*>()) {
+            if (label->text() == text)
+                hint = label;
+        }
+        ASSERT_NE(hint, nullptr) << row.control;
+        const auto onWindow = [this](const QWidget& widget, int y) {
+            return widget.mapTo(mWindow.get(), QPoint(0, y)).y();
+        };
+        const int textTop = onWindow(*hint, hint->contentsRect().top());
+        const int textBottom = onWindow(*hint, hint->contentsRect().bottom());
+        EXPECT_LT(2 * (textTop - onWindow(*mine, mine->height())), onWindow(*other, 0) - textBottom) << row.control;
+        EXPECT_EQ(other->accessibleDescription() == text, false);
+    }
+}
+
 } // namespace
