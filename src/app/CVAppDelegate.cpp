@@ -37,9 +37,8 @@ bool CVAppDelegate::applicationDidFinishLaunching() {
         return false;
     makeWindowControllers();
     showWhetherSaved(report);
-    // Those that an offer of a newer version has led to stand in front.
-    if (mPreferences && mPreferences->isVisible())
-        mPreferences->showWindow();
+    if (mWantsUpdatePreferences)
+        showUpdatePreferences();
     if (!report.reason.isEmpty())
         tellAboutReading(report);
     return true;
@@ -72,7 +71,7 @@ void CVAppDelegate::handleSaveFinished(const CVSaveOutcome& outcome) {
     else if (!mFile.saves().isSaving())
         status.setSaved();
     if (!outcome.keptCopy.isEmpty() && mToldCopies.insert(outcome.keptCopy).second)
-        mAlerts.run(CVFileMessages::keptCopy(outcome));
+        mAlerts.run(mMainWindow->window(), CVFileMessages::keptCopy(outcome));
 }
 
 void CVAppDelegate::tellAboutReading(const CVLoadReport& report) {
@@ -81,7 +80,8 @@ void CVAppDelegate::tellAboutReading(const CVLoadReport& report) {
     mToldCopies.insert(outcome.keptCopy);
     // Once the event loop runs, so that the window stands behind the alert.
     QMetaObject::invokeMethod(
-        this, [this, alert = CVFileMessages::unreadable(report, outcome)] { mAlerts.run(alert); },
+        this,
+        [this, alert = CVFileMessages::unreadable(report, outcome)] { mAlerts.run(mMainWindow->window(), alert); },
         Qt::QueuedConnection);
 }
 
@@ -90,7 +90,7 @@ bool CVAppDelegate::mayClose() {
         const CVSaveOutcome outcome = mFile.saves().waitForFinished();
         if (outcome.saved || mEndsWithoutAsking)
             return true;
-        const int answer = mAlerts.run(CVFileMessages::quitUnsaved(outcome));
+        const int answer = mAlerts.run(mMainWindow->window(), CVFileMessages::quitUnsaved(outcome));
         if (answer != CVAlert::kDefault)
             return answer == CVAlert::kOther;
         mDocument->workbookSave();

@@ -67,8 +67,8 @@ public:
     /// The desktop has not opened an address that it had taken.
     void tellNotOpened(const QUrl& address);
     void showPreferences();
-    /// Looks for a newer version and tells the user; returns at once.
-    void checkForNewVersion() override;
+    /// Looks for a newer version and tells the user in that window; returns at once.
+    void checkForNewVersion(QWidget& asker) override;
     /// Puts another document in the place of the present one, whose window goes.
     void setDocument(std::unique_ptr<CVDocument> document);
 
@@ -83,14 +83,15 @@ public:
 private:
     void makeWindowControllers();
     void obey(CVCommand command);
+    void standBeforeMainWindow();
     void showUpdatePreferences();
     [[nodiscard]] QString waitForSaves() override;
     void reopenDocument() override;
     void handleSaveFinished(const CVSaveOutcome& outcome);
+    void showWhetherSaved(const CVLoadReport& report) const;
     void tellAboutReading(const CVLoadReport& report);
     /// Whether the window may close: not while changes would be lost, unless the user says so.
     [[nodiscard]] bool mayClose();
-    void showWhetherSaved(const CVLoadReport& report) const;
 
     CVAlerts& mAlerts;
     CVFilePanels& mPanels;
@@ -106,5 +107,7 @@ private:
     std::unique_ptr<CVPreferenceWindowController> mPreferences;
     /// Kept copies that the user has been told of.
     std::set<QString> mToldCopies;
+    /// An offer of a newer version has led to them before there was a window in front of which they could stand.
+    bool mWantsUpdatePreferences = false;
     bool mEndsWithoutAsking = false;
 };

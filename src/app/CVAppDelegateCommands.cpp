@@ -13,6 +13,7 @@
 #include <QEventLoopLocker>
 #include <QMainWindow>
 #include <QUrl>
+#include <QWindow>
 
 #include <utility>
 
@@ -29,7 +30,7 @@ void CVAppDelegate::obey(CVCommand command) {
     case CVCommand::SupportForums:
         return goToSupportForums();
     case CVCommand::CheckForNewVersion:
-        return checkForNewVersion();
+        return checkForNewVersion(*mMainWindow->window());
     default:
         break;
     }
@@ -39,37 +40,47 @@ void CVAppDelegate::showPreferences() {
     CVPreferenceHost& host = *this;
     if (!mPreferences)
         mPreferences = std::make_unique<CVPreferenceWindowController>(*mDocument, host, mAlerts, mPanels, mHelp);
+    standBeforeMainWindow();
     mPreferences->showWindow();
 }
 
+/// They stay in front of the main window, which can be used meanwhile.
+void CVAppDelegate::standBeforeMainWindow() {
+    mPreferences->winId();
+    mPreferences->windowHandle()->setTransientParent(mMainWindow->window()->windowHandle());
+}
+
 void CVAppDelegate::showUpdatePreferences() {
+    mWantsUpdatePreferences = !mMainWindow;
+    if (mWantsUpdatePreferences)
+        return;
     showPreferences();
     mPreferences->displayUpdatePane();
 }
 
 void CVAppDelegate::showHelp() {
     if (mHelp)
-        mHelp->showHelpPage(QStringLiteral("index.html"));
+        mHelp->showHelpPage(QStringLiteral("index.html"), *mMainWindow->window());
 }
 
 void CVAppDelegate::contactTechSupport() {
-    mUpdates.openAddress(CVSupportMailAddress(CVSystemIdentity::ofThisMachine()));
+    mUpdates.openAddress(CVSupportMailAddress(CVSystemIdentity::ofThisMachine()), mMainWindow->window());
 }
 
 void CVAppDelegate::goToWebSite() {
-    mUpdates.openAddress(QUrl(CVSite::webSite()));
+    mUpdates.openAddress(QUrl(CVSite::webSite()), mMainWindow->window());
 }
 
 void CVAppDelegate::goToSupportForums() {
-    mUpdates.openAddress(QUrl(CVSite::supportForums()));
+    mUpdates.openAddress(QUrl(CVSite::supportForums()), mMainWindow->window());
 }
 
 void CVAppDelegate::tellNotOpened(const QUrl& address) {
-    mAlerts.run(CVUpdateMessages::notOpened(address));
+    mAlerts.run(mMainWindow ? mMainWindow->window() : nullptr, CVUpdateMessages::notOpened(address));
 }
 
-void CVAppDelegate::checkForNewVersion() {
-    mUpdates.checkNow();
+void CVAppDelegate::checkForNewVersion(QWidget& asker) {
+    mUpdates.checkNow(asker);
 }
 
 QString CVAppDelegate::waitForSaves() {
@@ -86,6 +97,7 @@ void CVAppDelegate::reopenDocument() {
     auto document = std::make_unique<CVDocument>(mNotificationCenter, mUserDefaults);
     const CVLoadReport report = mFile.initWithStandardUserFile(*document);
     setDocument(std::move(document));
+    showWhetherSaved(report);
     if (!report.reason.isEmpty())
         tellAboutReading(report);
 }
@@ -95,7 +107,12 @@ void CVAppDelegate::setDocument(std::unique_ptr<CVDocument> document) {
     mEditorWindows.reset();
     mDocument = std::move(document);
     makeWindowControllers();
-    if (mPreferences)
-        mPreferences->setDocument(*mDocument);
+    if (!mPreferences)
+        return;
+    mPreferences->setDocument(*mDocument);
+    // A window is told at its showing alone before which other it stands.
+    if (mPreferences->isVisible()) {
+        mPreferences->hide();
+        showPreferences();
+    }
 }
-    showWhetherSaved(report);

@@ -10,7 +10,6 @@
 #include "shared/widgets/CVURLOpener.h"
 #include "updates/CVUpdateSchedule.h"
 
-#include <QApplication>
 #include <QProgressDialog>
 
 #include <chrono>
@@ -59,23 +58,26 @@ void CVUpdateController::checkAutomatically(int frequency) {
         request(*mAutomaticCheck);
 }
 
-void CVUpdateController::checkNow() {
-    if (mManualCheck->isRunning() || CVOfferUpgrade())
+void CVUpdateController::checkNow(QWidget& asker) {
+    if (mManualCheck->isRunning())
+        return;
+    mAsker = &asker;
+    if (CVOfferUpgrade())
         return;
     showProgress();
     request(*mManualCheck);
 }
 
-void CVUpdateController::openAddress(const QUrl& address) {
+void CVUpdateController::openAddress(const QUrl& address, QWidget* asker) {
     if (!mURLOpener || !mURLOpener->openURL(address))
-        mAlerts.run(CVUpdateMessages::notOpened(address));
+        mAlerts.run(asker, CVUpdateMessages::notOpened(address));
 }
 
 bool CVUpdateController::CVOfferUpgrade() {
     const auto offer = store().currentOffer();
     if (!offer)
         return false;
-    switch (mAlerts.run(CVUpdateMessages::offer(kName))) {
+    switch (mAlerts.run(mAsker, CVUpdateMessages::offer(kName))) {
     case CVAlert::kDefault:
         upgrade(*offer);
         break;
@@ -91,9 +93,9 @@ bool CVUpdateController::CVOfferUpgrade() {
 /// An offer that leads nowhere goes too: while it stands, no check would ever bring a better one.
 void CVUpdateController::upgrade(const CVUpdateEntry& offer) {
     if (const auto address = CVDownloadAddress(offer))
-        openAddress(*address);
+        openAddress(*address, mAsker);
     else
-        mAlerts.run(CVUpdateMessages::noDownload());
+        mAlerts.run(mAsker, CVUpdateMessages::noDownload());
     store().removeOffer();
 }
 
@@ -110,15 +112,14 @@ void CVUpdateController::keepReply(const QByteArray& reply) {
 
 void CVUpdateController::tellOutcome() {
     if (store().lastCheckFailed())
-        mAlerts.run(CVUpdateMessages::unreachable());
-    else if (!CVOfferUpgrade() && mAlerts.run(CVUpdateMessages::upToDate(kName)) == CVAlert::kAlternate)
+        mAlerts.run(mAsker, CVUpdateMessages::unreachable());
+    else if (!CVOfferUpgrade() && mAlerts.run(mAsker, CVUpdateMessages::upToDate(kName)) == CVAlert::kAlternate)
         emit preferencesRequested();
 }
 
 void CVUpdateController::showProgress() {
     delete mProgress;
-    mProgress =
-        new QProgressDialog(tr("Looking for a newer version…"), tr("Cancel"), 0, 0, QApplication::activeWindow());
+    mProgress = new QProgressDialog(tr("Looking for a newer version…"), tr("Cancel"), 0, 0, mAsker);
     mProgress->setWindowTitle(kName);
     mProgress->setWindowModality(Qt::WindowModal);
     mProgress->setAutoReset(false);

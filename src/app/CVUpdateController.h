@@ -34,12 +34,13 @@ public:
     /// What is due at the start of the program: shows an offer that still stands, else asks the service if a day
     /// (1), a week (2) or a month (3) has gone by. Says nothing of the outcome.
     void checkAutomatically(int frequency);
-    /// The user asks: shows an offer that still stands, else asks the service and tells the outcome, unless the user
-    /// cancels. Returns at once.
-    void checkNow();
+    /// The user asks from that window: shows an offer that still stands, else asks the service and tells the outcome,
+    /// unless the user cancels. Returns at once.
+    void checkNow(QWidget& asker);
 
-    /// Opens a web page or a mail; tells the user its address when no program does.
-    void openAddress(const QUrl& address);
+    /// Opens a web page or a mail; tells the user its address, in the window from which the user asked, when no program
+    /// does.
+    void openAddress(const QUrl& address, QWidget* asker);
 
 signals:
     /// The user wants to change how versions are looked for.
@@ -63,5 +64,7 @@ private:
     CVUpdateService mService;
     std::unique_ptr<CVUpdateCheck> mAutomaticCheck;
     std::unique_ptr<CVUpdateCheck> mManualCheck;
+    /// The window to which what is told belongs; none at the start, before there is a window.
+    QPointer<QWidget> mAsker;
     QPointer<QProgressDialog> mProgress;
 };

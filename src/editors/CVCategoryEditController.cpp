@@ -104,12 +104,13 @@ void CVCategoryEditController::renameCategory(int row, const QString& text) {
     mDocument.workbookSave();
 }
 
-bool CVCategoryEditController::confirmRemoval(const CVDocument::Categories& categories) const {
+bool CVCategoryEditController::confirmRemoval(const CVDocument::Categories& categories) {
     const QString title =
         categories.size() == 1
             ? tr("Are you sure you want to delete the '%1' category?").arg(categories.front()->categoryName())
             : tr("Are you sure you want to delete the %1 selected categories?").arg(categories.size());
-    return mAlerts.run({title, tr("You can't undo this action."), tr("Delete"), tr("Cancel")}) == CVAlert::kDefault;
+    return mAlerts.run(this, {title, tr("You can't undo this action."), tr("Delete"), tr("Cancel")}) ==
+           CVAlert::kDefault;
 }
 
 void CVCategoryEditController::showCategory(const CVCategory& category) {

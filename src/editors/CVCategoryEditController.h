@@ -34,7 +34,7 @@ public:
 private:
     void addControls(CVHelpOpener* help);
     void renameCategory(int row, const QString& text);
-    [[nodiscard]] bool confirmRemoval(const std::vector<std::shared_ptr<CVCategory>>& categories) const;
+    [[nodiscard]] bool confirmRemoval(const std::vector<std::shared_ptr<CVCategory>>& categories);
     void showCategory(const CVCategory& category);
     void reload();
     void updateControls();

@@ -60,7 +60,7 @@ void CVEditorWindow::addHelpButton(CVHelpOpener* help, const QString& page) {
     if (!help)
         return;
     QPushButton* const button = makeButton(tr("&Help"));
-    connect(button, &QPushButton::clicked, this, [help, page] { help->showHelpPage(page); });
+    connect(button, &QPushButton::clicked, this, [this, help, page] { help->showHelpPage(page, *this); });
     mGeneral->insertWidget(0, button);
 }
 

@@ -130,14 +130,14 @@ bool CVTransactionSetController::isCurrentSet(int row) const {
     return static_cast<std::size_t>(row) == mDocument.popupIndexOfCurrentTransactionSet();
 }
 
-bool CVTransactionSetController::confirmRemoval(const CVTransactionSet& set, qsizetype count) const {
+bool CVTransactionSetController::confirmRemoval(const CVTransactionSet& set, qsizetype count) {
     const QString noUndo = tr("You can't undo this action.");
     const QString message =
         count == 0
             ? noUndo
             : tr("%1 %2").arg(tr("Deleting this transaction set will delete all associated transactions."), noUndo);
     const QString title = tr("Do you really want to delete the '%1' transaction set?").arg(set.transactionSetName());
-    if (mAlerts.run({title, message, tr("Delete"), tr("Cancel")}) != CVAlert::kDefault)
+    if (mAlerts.run(this, {title, message, tr("Delete"), tr("Cancel")}) != CVAlert::kDefault)
         return false;
     if (count == 0)
         return true;
@@ -145,14 +145,14 @@ bool CVTransactionSetController::confirmRemoval(const CVTransactionSet& set, qsi
                  tr("You are about to delete %1 transactions.  Do you really want to do this?").arg(count), tr("No"),
                  tr("Yes")};
     last.escapeAnswer = CVAlert::kDefault;
-    return mAlerts.run(last) == CVAlert::kAlternate;
+    return mAlerts.run(this, last) == CVAlert::kAlternate;
 }
 
-void CVTransactionSetController::refuseRemoval() const {
+void CVTransactionSetController::refuseRemoval() {
     CVAlert refusal{tr("You can not delete the current transaction set."),
                     tr("Change the current transaction set with the popup on the main window."), tr("OK")};
     refusal.style = CVAlert::Style::Information;
-    mAlerts.run(refusal);
+    mAlerts.run(this, refusal);
 }
 
 /// Null: one was deleted.

@@ -36,8 +36,8 @@ private:
     void addControls(CVHelpOpener* help);
     void renameSet(int row, const QString& text);
     [[nodiscard]] bool isCurrentSet(int row) const;
-    [[nodiscard]] bool confirmRemoval(const CVTransactionSet& set, qsizetype count) const;
-    void refuseRemoval() const;
+    [[nodiscard]] bool confirmRemoval(const CVTransactionSet& set, qsizetype count);
+    void refuseRemoval();
     void announce(const std::shared_ptr<CVTransactionSet>& set) const;
     void save();
     void saveName();

@@ -27,8 +27,8 @@ CVHelp::CVHelp(QString programFolder, CVAlerts& alerts, QBUserDefaults& defaults
 
 CVHelp::~CVHelp() = default;
 
-void CVHelp::showHelpPage(const QString& page) {
-    if (mWindow || open())
+void CVHelp::showHelpPage(const QString& page, QWidget& asker) {
+    if (mWindow || open(asker))
         mWindow->showPage(mBook->page(page));
 }
 
@@ -37,15 +37,15 @@ void CVHelp::close() {
         mWindow->close();
 }
 
-bool CVHelp::open() {
+bool CVHelp::open(QWidget& asker) {
     const auto file = CVHelpBook::fileForProgramIn(mProgramFolder);
     if (!file) {
-        tellOfProblem(tr("its file “corvella.qch” is missing"));
+        tellOfProblem(tr("its file “corvella.qch” is missing"), asker);
         return false;
     }
     auto book = std::make_unique<CVHelpBook>(*file);
     if (!book->problem().isEmpty()) {
-        tellOfProblem(tr("“%1” could not be read: %2").arg(QDir::toNativeSeparators(*file), book->problem()));
+        tellOfProblem(tr("“%1” could not be read: %2").arg(QDir::toNativeSeparators(*file), book->problem()), asker);
         return false;
     }
     mBook = std::move(book);
@@ -55,8 +55,9 @@ bool CVHelp::open() {
     return true;
 }
 
-void CVHelp::tellOfProblem(const QString& problem) {
-    mAlerts.run({tr("The help book cannot be opened"),
+void CVHelp::tellOfProblem(const QString& problem, QWidget& asker) {
+    mAlerts.run(&asker,
+                {tr("The help book cannot be opened"),
                  tr("Corvella's help cannot be shown, because %1. Your budget is not affected; install Corvella again "
                     "to have its help.")
                      .arg(problem),
@@ -65,6 +66,6 @@ void CVHelp::tellOfProblem(const QString& problem) {
 
 void CVHelp::openWebPage(const QUrl& address) {
     if (!mURLs.openURL(address))
-        mAlerts.run({tr("The web page cannot be opened"),
-                     tr("No program on this computer opens “%1”.").arg(address.toString()), tr("OK")});
+        mAlerts.run(mWindow.get(), {tr("The web page cannot be opened"),
+                                    tr("No program on this computer opens “%1”.").arg(address.toString()), tr("OK")});
 }

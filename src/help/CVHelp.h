@@ -23,13 +23,13 @@ public:
 
     /// Shows that page, or the start page when the book has none of that name. A book that is missing or unreadable is
     /// told of instead.
-    void showHelpPage(const QString& page) override;
+    void showHelpPage(const QString& page, QWidget& asker) override;
     /// Closes the window, if there is one.
     void close();
 
 private:
-    [[nodiscard]] bool open();
-    void tellOfProblem(const QString& problem);
+    [[nodiscard]] bool open(QWidget& asker);
+    void tellOfProblem(const QString& problem, QWidget& asker);
     void openWebPage(const QUrl& address);
 
     QString mProgramFolder;

@@ -117,7 +117,7 @@ std::optional<QString> CVDataFilePane::choosePath() {
     return QDir(*folder).absoluteFilePath(QString::fromLatin1(CVBundle::kDataFileName));
 }
 
-CVAlert::Answer CVDataFilePane::askWhatToUse(const QString& folder) const {
+CVAlert::Answer CVDataFilePane::askWhatToUse(const QString& folder) {
     CVAlert alert{
         tr("Corvella file already exists"),
         tr("There is already a Corvella data file at '%1'.\n\nWould you like to use this file instead of your "
@@ -125,7 +125,7 @@ CVAlert::Answer CVDataFilePane::askWhatToUse(const QString& folder) const {
             .arg(abbreviated(folder)),
         tr("Use Chosen File"), tr("Cancel"), tr("Replace Chosen File")};
     alert.style = CVAlert::Style::Information;
-    return mAlerts.run(alert);
+    return mAlerts.run(this, alert);
 }
 
 void CVDataFilePane::_cv_change_document_path(const QString& path, Replace replace) {
@@ -148,8 +148,8 @@ void CVDataFilePane::moveDocument(const QString& path) {
     // Nothing was lost: what the window says of the last save is to be true of the file that is used.
     if (former)
         mDocument->workbookSave();
-    mAlerts.run({tr("Your data file was not moved"), failure + u' ' + tr("Corvella keeps your budget where it was."),
-                 tr("OK")});
+    mAlerts.run(this, {tr("Your data file was not moved"),
+                       failure + u' ' + tr("Corvella keeps your budget where it was."), tr("OK")});
 }
 
 void CVDataFilePane::useDocument(const QString& path) {
@@ -157,8 +157,8 @@ void CVDataFilePane::useDocument(const QString& path) {
         return;
     const QString failure = mHost.waitForSaves();
     if (!failure.isEmpty()) {
-        mAlerts.run({tr("Your last changes are not saved"),
-                     failure + u' ' + tr("They would be lost, so the other file is not used yet."), tr("OK")});
+        mAlerts.run(this, {tr("Your last changes are not saved"),
+                           failure + u' ' + tr("They would be lost, so the other file is not used yet."), tr("OK")});
         return;
     }
     if (keepLocation(path, store().defaults().stringForKey(CVDefaultsKeys::kDataFileLocation)))
@@ -170,7 +170,8 @@ bool CVDataFilePane::keepLocation(const QString& path, const std::optional<QStri
     if (store().setDataFileLocation(path))
         return true;
     store().setDataFileLocation(former);
-    mAlerts.run({tr("Your data file was not moved"),
+    mAlerts.run(this,
+                {tr("Your data file was not moved"),
                  tr("Your settings cannot be saved, so Corvella would look for it in the old place at the next start. "
                     "Make room on the disk, or make the settings writable, and try again."),
                  tr("OK")});
@@ -187,7 +188,7 @@ void CVDataFilePane::clearDataFile() {
         tr("No"), tr("Yes")};
     first.escapeAnswer = CVAlert::kDefault;
     first.style = CVAlert::Style::Critical;
-    if (mAlerts.run(first) != CVAlert::kAlternate)
+    if (mAlerts.run(this, first) != CVAlert::kAlternate)
         return;
     CVAlert second{tr("Are you REALLY sure you want to clear your Corvella data file?"),
                    tr("If you continue, your Corvella data will be lost and you will have to start over.  This is "
@@ -195,21 +196,21 @@ void CVDataFilePane::clearDataFile() {
                    tr("Yes, Continue"), tr("No, Stop!")};
     second.style = CVAlert::Style::Critical;
     // The main window could be used meanwhile.
-    if (mAlerts.run(second) != CVAlert::kDefault || isOtherWindowWaiting())
+    if (mAlerts.run(this, second) != CVAlert::kDefault || isOtherWindowWaiting())
         return;
     mDocument->reset_to_default_info();
     store().announce();
     emit cleared();
     if (const QString failure = mHost.waitForSaves(); !failure.isEmpty()) {
-        mAlerts.run({tr("Corvella data not cleared in the file"),
-                     failure + u' ' + tr("The file still holds your data until a save succeeds."), tr("OK")});
+        mAlerts.run(this, {tr("Corvella data not cleared in the file"),
+                           failure + u' ' + tr("The file still holds your data until a save succeeds."), tr("OK")});
         return;
     }
     CVAlert done{tr("Corvella data cleared"),
                  tr("Your Corvella data has been cleared.  The category list has been reset to the default list."),
                  tr("OK")};
     done.style = CVAlert::Style::Information;
-    mAlerts.run(done);
+    mAlerts.run(this, done);
 }
 
 void CVDataFilePane::_cv_set_file_location_field() {

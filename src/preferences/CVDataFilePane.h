@@ -43,7 +43,7 @@ private:
     void moveDocument(const QString& path);
     void useDocument(const QString& path);
     [[nodiscard]] bool keepLocation(const QString& path, const std::optional<QString>& former);
-    [[nodiscard]] CVAlert::Answer askWhatToUse(const QString& folder) const;
+    [[nodiscard]] CVAlert::Answer askWhatToUse(const QString& folder);
 
     CVDocument* mDocument;
     CVPreferenceHost& mHost;

@@ -27,7 +27,7 @@ constexpr const char* kFrameKey = "CVPreferenceWindowController";
 
 CVPreferenceWindowController::CVPreferenceWindowController(CVDocument& document, CVPreferenceHost& host,
                                                            CVAlerts& alerts, CVFilePanels& panels, CVHelpOpener* help)
-    : QDialog(nullptr, Qt::Window)
+    : QDialog(nullptr)
     , mStore(document.userDefaults(), document.notificationCenter())
     , mTabView(new QTabWidget(this))
     , mEntryPane(new CVEntryPane(mStore, mTabView))
@@ -54,7 +54,7 @@ CVPreferenceWindowController::CVPreferenceWindowController(CVDocument& document,
     restoreGeometry(mStore.defaults().dataForKey(kFrameKey));
 
     connect(mTabView, &QTabWidget::currentChanged, this, &CVPreferenceWindowController::tabSelected);
-    connect(mUpdatePane, &CVUpdatePane::checkRequested, this, [&host] { host.checkForNewVersion(); });
+    connect(mUpdatePane, &CVUpdatePane::checkRequested, this, [this, &host] { host.checkForNewVersion(*this); });
     connect(mDataFilePane, &CVDataFilePane::cleared, mEntryPane, &CVEntryPane::load);
     connect(&mStore, &CVPreferenceStore::written, this, &CVPreferenceWindowController::showWhetherKept);
 }
@@ -111,7 +111,7 @@ void CVPreferenceWindowController::addButtons(CVHelpOpener* help) {
     };
     if (help) {
         connect(add(tr("&Help"), tr("Help")), &QPushButton::clicked, this,
-                [help] { help->showHelpPage(QStringLiteral("Preferences.html")); });
+                [this, help] { help->showHelpPage(QStringLiteral("Preferences.html"), *this); });
     }
     connect(add(tr("&Close"), tr("Close")), &QPushButton::clicked, this, &QDialog::reject);
     static_cast<QVBoxLayout*>(layout())->addLayout(buttons);

@@ -106,7 +106,7 @@ void CVUpdatePane::learnMore(const QString& resource) {
                       .arg(CVSite::webSite()),
                   tr("OK")};
     alert.style = CVAlert::Style::Critical;
-    mAlerts.run(alert);
+    mAlerts.run(this, alert);
 }
 
 void CVUpdatePane::checkedForUpdates() {

@@ -244,5 +244,5 @@ void CVMainWindowController::showAbout() {
         tr("Corvella %1, your own budget on your own computer. Made by Quenby Labs.").arg(CVBundle::versionText()),
         tr("OK")};
     about.style = CVAlert::Style::Information;
-    mAlerts.run(about);
+    mAlerts.run(mWindow.get(), about);
 }

@@ -74,7 +74,7 @@ void CVMainWindowController::record() {
 void CVMainWindowController::showProblem(const CVEntryProblem& problem) {
     if (problem.field == CVEntryField::Date)
         QApplication::beep();
-    mAlerts.run({problem.title, problem.message, tr("OK")});
+    mAlerts.run(mWindow.get(), {problem.title, problem.message, tr("OK")});
     mWindow->entryStrip().focusField(problem.field);
 }
 
@@ -83,8 +83,8 @@ void CVMainWindowController::removeTransaction() {
     const CVDocument::Transactions selected = mList.owned(table.selectedTransactions());
     if (selected.empty())
         return;
-    const auto answer = mAlerts.run({tr("Are you sure you want to delete the selected transaction(s)?"),
-                                     tr("This action is not reversible."), tr("Delete"), tr("Cancel")});
+    const auto answer = mAlerts.run(mWindow.get(), {tr("Are you sure you want to delete the selected transaction(s)?"),
+                                                    tr("This action is not reversible."), tr("Delete"), tr("Cancel")});
     if (answer != CVAlert::kDefault)
         return;
     mDocument.removeTransactions(selected);
@@ -103,7 +103,7 @@ void CVMainWindowController::detectDuplicates() {
     if (table.selectTransactions(CVFindDuplicates(mList.transactions())))
         table.setFocus();
     else
-        mAlerts.run({tr("No duplicate transactions found"), QString(), tr("OK")});
+        mAlerts.run(mWindow.get(), {tr("No duplicate transactions found"), QString(), tr("OK")});
 }
 
 void CVMainWindowController::exportTransactions() {
@@ -129,7 +129,8 @@ void CVMainWindowController::writeExport(const QString& path) {
         return;
     const auto dataFile = mDocument.userDefaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
     if (const auto failure = CVWriteExport(path, *text, dataFile ? QStringList{*dataFile} : QStringList()))
-        mAlerts.run({tr("The transactions were not exported"),
+        mAlerts.run(mWindow.get(),
+                    {tr("The transactions were not exported"),
                      tr("The file “%1” could not be written: %2. Your budget is not affected; choose another place and "
                         "export again.")
                          .arg(path, *failure),

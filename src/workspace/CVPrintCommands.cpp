@@ -40,13 +40,14 @@ void CVPrintCommands::print(QWidget& window, CVReportType type, CVPrintWay way) 
         return;
     CVMadeReport made = CVMakeReport(type, mSource);
     if (!made.report) {
-        mAlerts.run({tr("Report Error"), made.refusal, tr("OK")});
+        mAlerts.run(&window, {tr("Report Error"), made.refusal, tr("OK")});
         return;
     }
     CVReportView view(std::move(made.report), mPrintInfo);
     const auto failure = way == CVPrintWay::Print ? mPanels->print(window, view) : mPanels->preview(window, view);
     if (failure)
-        mAlerts.run({tr("The report was not printed"),
+        mAlerts.run(&window,
+                    {tr("The report was not printed"),
                      tr("%1. Your budget is not affected; try again, or choose another printer.").arg(*failure),
                      tr("OK")});
 }

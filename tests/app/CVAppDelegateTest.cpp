@@ -162,6 +162,7 @@ TEST_F(CVAppDelegateTest, ADamagedFileIsKeptAndTheUserIsToldWhere) {
     writeDataFile(damaged);
     auto delegate = start();
     ASSERT_EQ(mAlerts.shown().size(), 1);
+    EXPECT_EQ(mAlerts.owners(), QStringList{"Corvella Main Window"});
     ASSERT_EQ(keptCopies().size(), 1);
     const QString copy = QFileInfo(dataFile()).path() + '/' + keptCopies().constFirst();
     EXPECT_EQ(bytesOf(copy), damaged);

@@ -76,7 +76,9 @@ TEST_F(Ending, WithoutAskingKeepsWhatIsTypedInAnEditor) {
 TEST_F(Ending, WithoutAskingAnswersAQuestionAsEscapeDoes) {
     CVAlertPanel panel;
     std::optional<CVAlert::Answer> answer;
-    const int status = endAfter([&] { answer = panel.run({"Really?", "There is no way back.", "Delete", "Cancel"}); });
+    const int status = endAfter([&] {
+        answer = panel.run(&window(), {"Really?", "There is no way back.", "Delete", "Cancel"});
+    });
     EXPECT_EQ(status, 0);
     EXPECT_EQ(answer, CVAlert::kAlternate);
 }

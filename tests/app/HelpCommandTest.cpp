@@ -11,7 +11,7 @@ namespace {
 
 class RememberedPages final : public CVHelpOpener {
 public:
-    void showHelpPage(const QString& page) override { shown.append(page); }
+    void showHelpPage(const QString& page, QWidget& /*asker*/) override { shown.append(page); }
 
     QStringList shown;
 };

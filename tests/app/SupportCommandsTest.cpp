@@ -76,6 +76,7 @@ TEST_F(SupportCommands, WhereNoProgramOpensThemTheAddressesAreTold) {
     choose("Contact Support");
     choose("Web Site");
     ASSERT_EQ(mAlerts.shown().size(), 2);
+    EXPECT_EQ(mAlerts.owners(), (QStringList{"Corvella Main Window", "Corvella Main Window"}));
     EXPECT_TRUE(mAlerts.shown()[0].message.endsWith("\n\n" + CVSite::supportMail()))
         << mAlerts.shown()[0].message.toStdString();
     EXPECT_TRUE(mAlerts.shown()[1].message.endsWith("\n\n" + CVSite::webSite()));

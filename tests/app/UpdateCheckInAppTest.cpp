@@ -7,6 +7,7 @@
 #include <QElapsedTimer>
 #include <QProgressDialog>
 #include <QTabWidget>
+#include <QWindow>
 
 namespace {
 
@@ -105,6 +106,36 @@ TEST_F(UpdateCheckInApp, TheRunningVersionIsUpToDateAndTheCheckCounts) {
     mAlerts.answer({CVAlert::kAlternate});
     check();
     EXPECT_TRUE(isUpdatePaneShown());
+}
+
+TEST_F(UpdateCheckInApp, WhatIsToldBelongsToTheWindowFromWhichTheUserAsked) {
+    mServer.answerWith(updateReply("1.0"));
+    start();
+    check();
+    mDelegate->showPreferences();
+    const auto before = mAlerts.shown().size();
+    preference<QAbstractButton>("Check Now")->click();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return mAlerts.shown().size() > before; }, kPatience));
+    mURLs.removePrograms();
+    mServer.answerWith(updateReply("1.1"));
+    preference<QAbstractButton>("Check Now")->click();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return mAlerts.shown().size() > before + 2; }, kPatience));
+    EXPECT_EQ(mAlerts.owners(), (QStringList{"Corvella Main Window", "Corvella Preferences", "Corvella Preferences",
+                                             "Corvella Preferences"}));
+}
+
+TEST_F(UpdateCheckInApp, TheOfferAtTheLaunchBelongsToNoWindowAndItsPreferencesStandBeforeTheMainWindow) {
+    mServer.answerWith(updateReply("1.1"));
+    setFrequency(1);
+    startAndWait();
+    quit();
+    mAlerts.answer({CVAlert::kAlternate});
+    start();
+    EXPECT_EQ(mAlerts.owners(), QStringList{QString()});
+    EXPECT_TRUE(isUpdatePaneShown());
+    EXPECT_TRUE(QTest::qWaitForWindowActive(mDelegate->preferences()));
+    EXPECT_EQ(mDelegate->preferences()->windowHandle()->transientParent(), window().windowHandle());
+    EXPECT_EQ(mDelegate->preferences()->windowType(), Qt::Dialog) << "of others the window manager is not told";
 }
 
 TEST_F(UpdateCheckInApp, EveryKindOfReplyHasItsOutcome) {

@@ -11,7 +11,7 @@ namespace {
 
 class RecordingHelp final : public CVHelpOpener {
 public:
-    void showHelpPage(const QString& page) override { mPages.append(page); }
+    void showHelpPage(const QString& page, QWidget& /*asker*/) override { mPages.append(page); }
     [[nodiscard]] const QStringList& pages() const { return mPages; }
 
 private:

@@ -25,6 +25,11 @@ class EditorFixture : public testing::Test {
 protected:
     explicit EditorFixture(const char* table) : mTableName(table) { mBudget.document().setSaver(&mSaver); }
 
+    /// Whoever asks hands its window over.
+    void TearDown() override {
+        EXPECT_EQ(mAlerts.owners(), QStringList(mAlerts.shown().size(), mWindow ? mWindow->windowTitle() : QString()));
+    }
+
     /// Shows an editor made with these arguments.
     template <typename Controller, typename... Arguments>
     Controller& open(Arguments&&... arguments) {

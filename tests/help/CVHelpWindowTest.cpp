@@ -36,7 +36,7 @@ public:
 class CVHelpWindowTest : public BookFixture {
 protected:
     void show(const QString& page) {
-        mHelp->showHelpPage(page);
+        mHelp->showHelpPage(page, mAsker);
         ASSERT_NE(window(), nullptr);
         ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
     }
@@ -83,6 +83,8 @@ protected:
     }
 
     ScratchHome mHome;
+    /// From which the help is asked for.
+    QWidget mAsker;
     ScriptedAlerts mAlerts;
     RememberedAddresses mURLs;
     std::unique_ptr<CVHelp> mHelp =
@@ -250,14 +252,17 @@ TEST_F(CVHelpWindowTest, OpensPagesOfTheWebElsewhereAndOthersNowhere) {
     mURLs.canOpen = false;
     emit page().anchorClicked(QUrl("https://www.quenbylabs.example/"));
     ASSERT_EQ(mAlerts.shown().size(), 1);
+    EXPECT_EQ(mAlerts.owners(), QStringList{"Corvella Help"});
     EXPECT_TRUE(mAlerts.shown()[0].message.contains("https://www.quenbylabs.example/"));
 }
 
 TEST_F(CVHelpWindowTest, AMissingBookIsToldOfEachTime) {
+    mAsker.setWindowTitle("Asker");
     CVHelp help(mHome.path(), mAlerts, mHome.userDefaults(), mURLs);
-    help.showHelpPage("index.html");
-    help.showHelpPage("Categories.html");
+    help.showHelpPage("index.html", mAsker);
+    help.showHelpPage("Categories.html", mAsker);
     ASSERT_EQ(mAlerts.shown().size(), 2);
+    EXPECT_EQ(mAlerts.owners(), (QStringList{"Asker", "Asker"}));
     EXPECT_EQ(mAlerts.shown()[0].title, "The help book cannot be opened");
     EXPECT_TRUE(mAlerts.shown()[0].message.contains("corvella.qch"));
     EXPECT_EQ(window(), nullptr);
@@ -268,7 +273,7 @@ TEST_F(CVHelpWindowTest, AnUnreadableBookIsToldOf) {
     QFile damaged(mHome.path("help/corvella.qch"));
     ASSERT_TRUE(damaged.open(QIODevice::WriteOnly) && damaged.write("no book") > 0);
     damaged.close();
-    CVHelp(mHome.path(), mAlerts, mHome.userDefaults(), mURLs).showHelpPage("index.html");
+    CVHelp(mHome.path(), mAlerts, mHome.userDefaults(), mURLs).showHelpPage("index.html", mAsker);
     ASSERT_EQ(mAlerts.shown().size(), 1);
     EXPECT_TRUE(mAlerts.shown()[0].message.contains(damaged.fileName()));
 }

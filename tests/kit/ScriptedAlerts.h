@@ -2,20 +2,25 @@
 
 #include "shared/widgets/CVAlerts.h"
 
-#include <QList>
+#include <QStringList>
+#include <QWidget>
 
 /// Answers alerts from a script, in order, and remembers them. One without an answer left gets the default button.
 class ScriptedAlerts final : public CVAlerts {
 public:
-    CVAlert::Answer run(const CVAlert& alert) override {
+    CVAlert::Answer run(QWidget* window, const CVAlert& alert) override {
         mShown.append(alert);
+        mOwners.append(window ? window->window()->windowTitle() : QString());
         return mAnswers.isEmpty() ? CVAlert::kDefault : mAnswers.takeFirst();
     }
 
     void answer(std::initializer_list<CVAlert::Answer> answers) { mAnswers.append(answers); }
     [[nodiscard]] const QList<CVAlert>& shown() const { return mShown; }
+    /// The title of the window to which each belongs; null for none.
+    [[nodiscard]] const QStringList& owners() const { return mOwners; }
 
 private:
     QList<CVAlert::Answer> mAnswers;
     QList<CVAlert> mShown;
+    QStringList mOwners;
 };

@@ -33,11 +33,15 @@
 /// A program around the preferences that does nothing but remember what it was asked.
 class ScriptedHost final : public CVPreferenceHost {
 public:
-    void checkForNewVersion() override { ++checks; }
+    void checkForNewVersion(QWidget& asker) override {
+        ++checks;
+        lastAsker = &asker;
+    }
     [[nodiscard]] QString waitForSaves() override { return failure; }
     void reopenDocument() override { ++reopened; }
 
     int checks = 0;
+    const QWidget* lastAsker = nullptr;
     int reopened = 0;
     /// Of the last save.
     QString failure;
@@ -50,6 +54,11 @@ protected:
         mDocument.setSaver(&mSaver);
         // A first start has no settings file; these tests look at what is written from here on.
         defaults().synchronize();
+    }
+
+    /// Whoever asks hands its window over.
+    void TearDown() override {
+        EXPECT_EQ(mAlerts.owners(), QStringList(mAlerts.shown().size(), "Corvella Preferences"));
     }
 
     CVPreferenceWindowController& open(CVHelpOpener* help = nullptr) {

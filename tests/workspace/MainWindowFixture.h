@@ -26,6 +26,11 @@ protected:
 
     MainWindowFixture() { mBudget.document().setSaver(&mSaver); }
 
+    /// Whoever asks hands its window over.
+    void TearDown() override {
+        EXPECT_EQ(mAlerts.owners(), QStringList(mAlerts.shown().size(), "Corvella Main Window"));
+    }
+
     void open() {
         mController = std::make_unique<CVMainWindowController>(document(), mAlerts, mPanels);
         mController->showWindow();

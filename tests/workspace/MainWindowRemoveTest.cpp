@@ -12,7 +12,7 @@ namespace {
 class MeddlingAlerts final : public CVAlerts {
 public:
     explicit MeddlingAlerts(std::function<void()> meddle) : mMeddle(std::move(meddle)) {}
-    CVAlert::Answer run(const CVAlert& /*alert*/) override {
+    CVAlert::Answer run(QWidget* /*window*/, const CVAlert& /*alert*/) override {
         mMeddle();
         return CVAlert::kDefault;
     }

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+class QWidget;
+
 /// What an alert says and asks. A button with an empty text is not there; the default button always is.
 struct CVAlert {
     /// The button that ended an alert.
@@ -23,7 +25,8 @@ struct CVAlert {
 /// anew afterwards.
 class CVAlerts {
 public:
-    virtual CVAlert::Answer run(const CVAlert& alert) = 0;
+    /// The alert belongs to `window`, the one of whoever asks; to none at the start, before there is a window.
+    virtual CVAlert::Answer run(QWidget* window, const CVAlert& alert) = 0;
 
 protected:
     ~CVAlerts() = default;

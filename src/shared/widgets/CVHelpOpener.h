@@ -2,11 +2,14 @@
 
 #include <QString>
 
+class QWidget;
+
 /// Shows pages of the help book.
 class CVHelpOpener {
 public:
-    /// `page` is the name of a page, such as "Categories.html".
-    virtual void showHelpPage(const QString& page) = 0;
+    /// `page` is the name of a page, such as "Categories.html". Should there be no help, the user is told so in
+    /// `asker`, the window from which the user asked.
+    virtual void showHelpPage(const QString& page, QWidget& asker) = 0;
 
 protected:
     ~CVHelpOpener() = default;

@@ -3,6 +3,7 @@
 #include "kit/Printers.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -17,13 +18,13 @@ const CVAlert kOneButton{"Input Error", "You must select a category", "OK"};
 
 /// Shows an alert and lets `act` deal with it once it is on the screen.
 template <typename Act>
-CVAlert::Answer run(const CVAlert& alert, Act act) {
+CVAlert::Answer run(const CVAlert& alert, Act act, QWidget* window = nullptr) {
     QTimer::singleShot(0, [act] {
         auto* const panel = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         ASSERT_NE(panel, nullptr);
         act(*panel);
     });
-    return CVAlertPanel().run(alert);
+    return CVAlertPanel().run(window, alert);
 }
 
 CVAlert::Answer click(const CVAlert& alert, const QString& label) {
@@ -85,11 +86,16 @@ TEST(CVAlertPanel, ItsEndIsNotThatOfTheProgramAlthoughItIsTheOnlyWindow) {
     });
 }
 
-TEST(CVAlertPanel, ShowsItsTextsAsTheyAreAndBlocksTheWindowInUse) {
+TEST(CVAlertPanel, ShowsItsTextsAsTheyAreAndBlocksTheWindowThatAsks) {
     QWidget window;
     window.show();
-    run(kThreeButtons, [&window](QMessageBox& panel) {
-        EXPECT_EQ(panel.windowTitle(), "Really?");
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    auto* const control = new QWidget(&window);
+    const auto look = [&window](QMessageBox& panel) {
+        EXPECT_EQ(panel.windowTitle(), "Corvella");
         EXPECT_EQ(panel.text(), "Really?");
         EXPECT_EQ(panel.informativeText(), "It <b>matters</b>.");
         EXPECT_EQ(panel.textFormat(), Qt::PlainText);
@@ -97,7 +103,87 @@ TEST(CVAlertPanel, ShowsItsTextsAsTheyAreAndBlocksTheWindowInUse) {
         EXPECT_EQ(panel.windowModality(), Qt::WindowModal);
         EXPECT_EQ(panel.buttons().size(), 3);
         panel.reject();
-    });
+    };
+    run(kThreeButtons, look, &window);
+    run(kThreeButtons, look, control);
+}
+
+TEST(CVAlertPanel, HasRoomForFortyFiveLettersHoweverShortItsHeadlineAndShowsALongOneWhole) {
+    for (const QString& title :
+         {QString("No"), QString("Are you REALLY sure you want to clear your Corvella data file?"),
+          QString("word ").repeated(40).trimmed()}) {
+        run({title, "A message of some words, which would be broken into many lines in a narrow panel.", "OK"},
+            [&title](QMessageBox& panel) {
+                QLabel* headline = nullptr;
+                for (auto* const label : panel.findChildren<QLabel*>()) {
+                    if (label->text() == title)
+                        headline = label;
+                }
+                ASSERT_NE(headline, nullptr);
+                EXPECT_TRUE(headline->font().bold());
+                EXPECT_GE(headline->width(), 45 * panel.fontMetrics().averageCharWidth());
+                if (headline->wordWrap())
+                    EXPECT_GE(headline->height(), headline->heightForWidth(headline->width())) << "cut below";
+                else
+                    EXPECT_GE(headline->width(), headline->sizeHint().width()) << "cut at the right";
+                panel.reject();
+            });
+    }
+}
+
+TEST(CVAlertPanel, BelongsToTheDialogThatBlocksTheWindowThatAsks) {
+    QWidget window;
+    window.show();
+    QDialog dialog(&window);
+    dialog.setModal(true);
+    dialog.show();
+    const auto belongsTo = [](QWidget* owner) {
+        return [owner](QMessageBox& panel) {
+            EXPECT_EQ(panel.parentWidget(), owner);
+            panel.reject();
+        };
+    };
+    run(kOneButton, belongsTo(&dialog), &window);
+    run(kOneButton, belongsTo(&dialog), &dialog);
+    QDialog onTop(&dialog);
+    run(kOneButton, belongsTo(&dialog), &onTop);
+}
+
+TEST(CVAlertPanel, TheSheetOfOneWindowDoesNotTakeTheAlertOfAnother) {
+    QWidget window;
+    window.show();
+    QWidget other;
+    other.show();
+    QDialog sheet(&other);
+    sheet.setWindowModality(Qt::WindowModal);
+    sheet.show();
+    run(
+        kOneButton,
+        [&window](QMessageBox& panel) {
+            EXPECT_EQ(panel.parentWidget(), &window);
+            panel.reject();
+        },
+        &window);
+    run(
+        kOneButton,
+        [&sheet](QMessageBox& panel) {
+            EXPECT_EQ(panel.parentWidget(), &sheet);
+            panel.reject();
+        },
+        &other);
+}
+
+TEST(CVAlertPanel, BelongsToAnotherWindowWhenTheOneThatAskedHasClosedMeanwhile) {
+    QWidget window;
+    window.show();
+    QWidget closed;
+    run(
+        kOneButton,
+        [&window](QMessageBox& panel) {
+            EXPECT_EQ(panel.parentWidget(), &window);
+            panel.reject();
+        },
+        &closed);
 }
 
 } // namespace
