@@ -1,5 +1,6 @@
 #include "app/CVAppDelegate.h"
 #include "app/CVCheckCommand.h"
+#include "app/CVClaimInstance.h"
 #include "app/CVCommandLine.h"
 #include "app/CVErrorLine.h"
 #include "app/CVOffscreenApplication.h"
@@ -7,6 +8,7 @@
 #include "app/CVRunningInstance.h"
 #include "app/CVSetsCommand.h"
 #include "app/CVStandardStreams.h"
+#include "app/CVStartMessages.h"
 #include "app/CVTerminationSignals.h"
 #include "app/CVToolkitOptions.h"
 #include "app/CVUsage.h"
@@ -79,8 +81,8 @@ int runWithoutWindow(const CVCommandLine& line) {
 }
 
 /// What the toolkit has not taken for itself: an option that nobody knows, or a file that a file manager, say, wants
-/// opened.
-int refuseArgument(const QString& argument) {
+/// opened. Somebody who has double-clicked the file sees no standard error.
+int refuseArgument(const QString& argument, CVAlerts& alerts) {
     QTextStream errors(stderr);
     if (argument.startsWith('-'))
         return refuse(errors, QCoreApplication::translate("main", "there is no option \"%1\"").arg(argument));
@@ -92,6 +94,7 @@ int refuseArgument(const QString& argument) {
     CVWriteErrorLine(errors, QCoreApplication::translate(
                                  "main", "\"%1\" is not opened: Corvella opens your own data file only, \"%2\"")
                                  .arg(argument, QDir::toNativeSeparators(own.value_or(QString()))));
+    alerts.run(nullptr, CVStartMessages::notOpened(argument, own.value_or(QString())));
     return kUsageError;
 }
 
@@ -110,8 +113,7 @@ int refuseToRunTwice() {
     return kFailure;
 }
 
-int runOnlyWindow(CVRunningInstance& running) {
-    CVAlertPanel alerts;
+int runOnlyWindow(CVRunningInstance& running, CVAlerts& alerts) {
     CVFileDialogs panels;
     CVCupsQueue printQueue;
     CVPrintDialogs printPanels(printQueue);
@@ -143,15 +145,16 @@ int runOnlyWindow(CVRunningInstance& running) {
 
 int runWindow(int& argc, char** argv) {
     QApplication application(argc, argv);
-    if (QCoreApplication::arguments().size() > 1)
-        return refuseArgument(QCoreApplication::arguments().at(1));
+    CVAlertPanel alerts;
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/corvella.png")));
     QGuiApplication::setDesktopFileName(QStringLiteral("corvella"));
+    if (QCoreApplication::arguments().size() > 1)
+        return refuseArgument(QCoreApplication::arguments().at(1), alerts);
     CVAccessibleComboBox::install();
     CVRunningInstance running(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
-    switch (running.claim(kPatience)) {
+    switch (CVClaimInstance(running, alerts, kPatience)) {
     case CVRunningInstance::Outcome::First:
-        return runOnlyWindow(running);
+        return runOnlyWindow(running, alerts);
     case CVRunningInstance::Outcome::OtherShown:
         return 0;
     case CVRunningInstance::Outcome::OtherSilent:

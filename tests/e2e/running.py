@@ -16,7 +16,7 @@ def drive(home, executable):
 
     # The program looks for the bus when it starts.
     Atspi.get_desktop(0).get_child_count()
-    for part in (second_start, file_argument, help_book, end_while_saving, end_in_editor):
+    for part in (second_start, silent_program, file_argument, help_book, end_while_saving, end_in_editor):
         process = subprocess.Popen([executable])
         try:
             part(home, executable, process)
@@ -60,13 +60,51 @@ def second_start(home, executable, process):
     assert process.poll() is None
 
 
-def file_argument(home, executable, process):
-    """Refused with one line that names the file that is opened, while the program runs and otherwise."""
+def answer_alert(program, *keys):
+    """Waits for the alert of a program without another window, and presses those keys in it."""
+    from desktop import press_keys, wait_for
+
+    def alert():
+        found = subprocess.run(
+            ["xdotool", "search", "--onlyvisible", "--pid", str(program.pid), "--name", "^Corvella$"], capture_output=True
+        )
+        return found.stdout.strip()
+
+    window = wait_for("the alert", alert)
+    subprocess.run(["xdotool", "windowfocus", "--sync", window.split()[-1]], check=True)
+    press_keys(*keys)
+
+
+def silent_program(home, executable, process):
+    """Of one that does not answer a window tells, and offers to try again or to quit."""
+    from desktop import PATIENCE
+
     main_window()
-    refused = start_again(executable, "somebody's.corvella")
-    assert refused.returncode == 2, refused
-    assert refused.stderr.count("\n") == 1, refused
-    assert "somebody's.corvella" in refused.stderr and session.data_file(home) in refused.stderr, refused
+    process.send_signal(signal.SIGSTOP)
+    try:
+        again = subprocess.Popen([executable], stderr=subprocess.PIPE, text=True)
+        answer_alert(again, "Escape")
+        assert again.wait(PATIENCE) == 1
+        assert again.stderr.read().count("\n") == 1
+        again = subprocess.Popen([executable])
+        answer_alert(again, "Return")
+    finally:
+        process.send_signal(signal.SIGCONT)
+    assert again.wait(PATIENCE) == 0
+    assert process.poll() is None
+
+
+def file_argument(home, executable, process):
+    """Refused in a window, and with one line that names the file that is opened."""
+    from desktop import PATIENCE
+
+    main_window()
+    refused = subprocess.Popen([executable, "somebody's.corvella"], stderr=subprocess.PIPE, text=True)
+    answer_alert(refused, "Return")
+    assert refused.wait(PATIENCE) == 2
+    told = refused.stderr.read()
+    assert told.count("\n") == 1, told
+    assert "somebody's.corvella" in told and session.data_file(home) in told, told
     assert process.poll() is None
 
 
