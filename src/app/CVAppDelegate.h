@@ -67,6 +67,8 @@ public:
     /// The desktop has not opened an address that it had taken.
     void tellNotOpened(const QUrl& address);
     void showPreferences();
+    /// Returns when the user has closed the window.
+    void showAbout();
     /// Looks for a newer version and tells the user in that window; returns at once.
     void checkForNewVersion(QWidget& asker) override;
     /// Puts another document in the place of the present one, whose window goes.

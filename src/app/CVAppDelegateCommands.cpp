@@ -1,3 +1,4 @@
+#include "app/CVAboutWindow.h"
 #include "app/CVAppDelegate.h"
 #include "app/CVEditorWindows.h"
 #include "app/CVSupportMail.h"
@@ -31,6 +32,8 @@ void CVAppDelegate::obey(CVCommand command) {
         return goToSupportForums();
     case CVCommand::CheckForNewVersion:
         return checkForNewVersion(*mMainWindow->window());
+    case CVCommand::About:
+        return showAbout();
     default:
         break;
     }
@@ -77,6 +80,13 @@ void CVAppDelegate::goToSupportForums() {
 
 void CVAppDelegate::tellNotOpened(const QUrl& address) {
     mAlerts.run(mMainWindow ? mMainWindow->window() : nullptr, CVUpdateMessages::notOpened(address));
+}
+
+void CVAppDelegate::showAbout() {
+    CVAboutWindow about(mMainWindow->window());
+    connect(&about, &CVAboutWindow::webPageRequested, this,
+            [this, &about](const QUrl& address) { mUpdates.openAddress(address, &about); });
+    about.exec();
 }
 
 void CVAppDelegate::checkForNewVersion(QWidget& asker) {

@@ -3,12 +3,10 @@
 #include "budget/CVRangePresets.h"
 #include "model/CVCategory.h"
 #include "model/CVTransactionSet.h"
-#include "shared/base/CVBundle.h"
 #include "shared/base/CVDefaultsKeys.h"
 #include "shared/base/CVNotifications.h"
 #include "shared/base/QBNotificationCenter.h"
 #include "shared/base/QBUserDefaults.h"
-#include "shared/widgets/CVAlerts.h"
 #include "shared/widgets/CVWindowFrame.h"
 #include "workspace/CVEntryStrip.h"
 #include "workspace/CVMainMenu.h"
@@ -236,13 +234,4 @@ void CVMainWindowController::moneyFormatChanged() {
 /// The fields and tables follow by themselves; whoever else shows money hears of it.
 void CVMainWindowController::handleLocaleChange() {
     mDocument.notificationCenter().postNotification(QLatin1String(CVNotifications::kMoneyFormatterChanged));
-}
-
-void CVMainWindowController::showAbout() {
-    CVAlert about{
-        tr("About Corvella"),
-        tr("Corvella %1, your own budget on your own computer. Made by Quenby Labs.").arg(CVBundle::versionText()),
-        tr("OK")};
-    about.style = CVAlert::Style::Information;
-    mAlerts.run(mWindow.get(), about);
 }

@@ -143,7 +143,6 @@ private:
     void printShownTab(CVPrintWay way);
 
     void showProblem(const CVEntryProblem& problem);
-    void showAbout();
 
     CVDocument& mDocument;
     CVAlerts& mAlerts;

@@ -137,10 +137,9 @@ void CVMainWindowController::choose(CVCommand command) {
     case CVCommand::WebSite:
     case CVCommand::SupportForums:
     case CVCommand::CheckForNewVersion:
+    case CVCommand::About:
         emit applicationCommandChosen(command);
         return;
-    case CVCommand::About:
-        return showAbout();
     }
 }
 

@@ -161,16 +161,4 @@ TEST_F(MainWindowStateTest, TheStatusLineSaysWhatBecameOfSaving) {
     EXPECT_FALSE(button->isVisible());
 }
 
-TEST_F(MainWindowStateTest, AboutNamesTheProgramAndItsVersion) {
-    open();
-    const auto actions = window().findChildren<QAction*>();
-    const auto found = std::find_if(actions.begin(), actions.end(),
-                                    [](const QAction* action) { return action->text() == "&About Corvella"; });
-    ASSERT_NE(found, actions.end());
-    (*found)->trigger();
-    ASSERT_EQ(mAlerts.shown().size(), 1);
-    EXPECT_EQ(mAlerts.shown()[0].title, "About Corvella");
-    EXPECT_TRUE(mAlerts.shown()[0].message.contains("Corvella " CORVELLA_VERSION));
-}
-
 } // namespace
