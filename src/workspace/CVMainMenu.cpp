@@ -56,7 +56,7 @@ constexpr std::array<Entry, kCVCommands> kEntries{
      {CVCommand::Find, Edit, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "&Find"), "Ctrl+F"},
      {CVCommand::DetectDuplicates, Edit, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Detect Duplicates"),
       "Ctrl+Alt+D"},
-     {CVCommand::Preferences, Edit, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "Pre&ferences…"), "Ctrl+,"},
+     {CVCommand::Preferences, Edit, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "Pr&eferences…"), "Ctrl+,"},
      {CVCommand::ShowTransactions, View, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Transactions"), "Ctrl+1"},
      {CVCommand::ShowSummary, View, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Summary"), "Ctrl+2"},
      {CVCommand::ShowReports, View, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Reports"), "Ctrl+3"},
