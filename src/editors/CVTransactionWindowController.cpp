@@ -1,5 +1,6 @@
 #include "editors/CVTransactionWindowController.h"
 
+#include "budget/CVFrequencyLabel.h"
 #include "budget/CVRoundedSum.h"
 #include "editors/CVEditorTable.h"
 #include "editors/CVTransactionWindowModel.h"
@@ -71,20 +72,31 @@ void CVTransactionWindowController::addFigures() {
     line->addStretch();
     mSpentField = CVFigureField::addTo(*line, "mSpentField", tr("Spent:"), tr("Spent"), this);
     line->addSpacing(fontMetrics().height());
-    mPlannedField = CVFigureField::addTo(*line, "mPlannedField", tr("Planned:"), tr("Planned"), this);
+    const QString planned = plannedText();
+    mPlannedField = CVFigureField::addTo(*line, "mPlannedField", tr("%1:").arg(planned), planned, this);
     line->addSpacing(fontMetrics().height());
     mDiffereceField = CVFigureField::addTo(*line, "mDiffereceField", tr("Difference:"), tr("Difference"), this);
     contents().addLayout(line);
 }
 
-void CVTransactionWindowController::computeFigures() {
+std::shared_ptr<const CVCategory> CVTransactionWindowController::category() const {
     const auto& transactions = mModel->transactions();
+    return transactions.empty() ? nullptr : mDocument.getCategoryByUniqueID(transactions.back()->categoryID());
+}
+
+QString CVTransactionWindowController::plannedText() const {
+    const auto category = this->category();
+    const bool hasPlan = category && category->expenseTarget() != 0;
+    const QString frequency = hasPlan ? CVFrequencyLabel(category->expenseFrequency()) : QString();
+    return frequency.isEmpty() ? tr("Planned") : tr("Planned (%1)").arg(frequency);
+}
+
+void CVTransactionWindowController::computeFigures() {
     CVRoundedSum spent;
-    for (const auto& transaction : transactions)
+    for (const auto& transaction : mModel->transactions())
         spent.add(transaction->amount());
     mSpent = spent.value();
-    const auto category =
-        transactions.empty() ? nullptr : mDocument.getCategoryByUniqueID(transactions.back()->categoryID());
+    const auto category = this->category();
     mPlanned = category ? category->expenseTarget() : 0;
     mCategoryField->setText(category ? category->categoryName() : QString());
     // A name that is longer than the field shows its beginning.

@@ -22,6 +22,10 @@ private:
     void addTable();
     void addCategoryField();
     void addFigures();
+    /// Of the last transaction; null where there is none.
+    [[nodiscard]] std::shared_ptr<const CVCategory> category() const;
+    /// What the planned amount is: the category's target, with the frequency that it is meant for.
+    [[nodiscard]] QString plannedText() const;
     void computeFigures();
     void showFigures();
     void toggleFlag(int row);

@@ -9,6 +9,7 @@
 
 #include <QCoreApplication>
 
+#include <array>
 #include <vector>
 
 namespace {
@@ -32,9 +33,16 @@ QString periodText(const CVGridContents& contents, int column) {
     }
 }
 
-void addPlan(std::vector<CVToolTipFigure>& figures, double plan, double spent) {
+/// The plan is converted to the column's period; elsewhere it reads as it was entered.
+constexpr std::array<const char*, CVDisplayPeriods::kTypes> kPlannedLabels{
+    QT_TRANSLATE_NOOP("CVGridToolTip", "Planned for the day:"),
+    QT_TRANSLATE_NOOP("CVGridToolTip", "Planned for the week:"),
+    QT_TRANSLATE_NOOP("CVGridToolTip", "Planned for the two weeks:"),
+    QT_TRANSLATE_NOOP("CVGridToolTip", "Planned for the month:")};
+
+void addPlan(std::vector<CVToolTipFigure>& figures, int periodType, double plan, double spent) {
     const QBMoneyFormatter formatter;
-    figures.push_back({GridText::tr("Planned:"), formatter.string(plan)});
+    figures.push_back({GridText::tr(kPlannedLabels[static_cast<std::size_t>(periodType)]), formatter.string(plan)});
     figures.push_back({GridText::tr("Difference:"), formatter.string(plan - spent)});
 }
 
@@ -52,6 +60,6 @@ QString CVGridToolTip(const CVGridContents& contents, const CVCategory* category
         {GridText::tr("Spent:"), QBMoneyFormatter().string(spent)}};
     const auto plan = category && column ? planPerPeriod(*category, periods.periodType()) : std::nullopt;
     if (plan)
-        addPlan(figures, *plan, spent);
+        addPlan(figures, periods.periodType(), *plan, spent);
     return CVFiguresToolTip(name, period, figures);
 }

@@ -6,6 +6,7 @@
 #include "shared/base/CVNotifications.h"
 #include "shared/base/QBMoney.h"
 
+#include <QLabel>
 #include <QLineEdit>
 
 namespace {
@@ -41,6 +42,30 @@ TEST_F(CVTransactionWindowControllerTest, ShowsTheTransactionsAndWhatTheyComeTo)
     EXPECT_EQ(textOf("mPlannedField"), "$50.00");
     EXPECT_EQ(textOf("mDiffereceField"), "$7.50");
     EXPECT_EQ(mSaver.count(), 0);
+}
+
+TEST_F(CVTransactionWindowControllerTest, ThePlannedAmountSaysForWhichFrequencyItIsMeant) {
+    struct Row {
+        qint64 frequency;
+        double target;
+        const char* text;
+    };
+    for (const Row& row :
+         {Row{CVExpenseFrequency::kMonthly, 50, "Planned (Monthly)"},
+          Row{CVExpenseFrequency::kWeekly, 50, "Planned (Weekly)"},
+          Row{CVExpenseFrequency::kBiMonthly, 60, "Planned (Bi-Monthly)"},
+          Row{CVExpenseFrequency::kUnknown, 60, "Planned"}, Row{CVExpenseFrequency::kMonthly, 0, "Planned"}}) {
+        document().categories().front()->setExpenseFrequency(row.frequency);
+        document().categories().front()->setExpenseTarget(row.target);
+        if (document().transactions().empty())
+            transaction(10);
+        open();
+        EXPECT_EQ(find<QLineEdit>("mPlannedField")->accessibleName(), row.text);
+        const auto labels = window().findChildren<QLabel*>();
+        EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [&row](const QLabel* label) {
+            return label->text() == QString(row.text) + ':';
+        })) << row.text;
+    }
 }
 
 TEST_F(CVTransactionWindowControllerTest, TheSumIsRoundedAfterEveryAddition) {

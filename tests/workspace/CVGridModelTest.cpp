@@ -199,10 +199,11 @@ TEST_F(CVGridModelTest, AToolTipSaysWhereASumComesFrom) {
 
 TEST_F(CVGridModelTest, AToolTipComparesWithThePlanForThatPeriod) {
     spend(day(2014, 3, 12), 12, "Car");
-    const std::array plans{"Car Wednesday, 3/12/14 Transactions: 1 Spent: $12.00 Planned: $1.43 Difference: -$10.57",
-                           "Car 3/9/14 - 3/15/14 Transactions: 1 Spent: $12.00 Planned: $10.00 Difference: -$2.00",
-                           "Car 3/2/14 - 3/15/14 Transactions: 1 Spent: $12.00 Planned: $20.00 Difference: $8.00",
-                           "Car March 2014 Transactions: 1 Spent: $12.00 Planned: $43.33 Difference: $31.33"};
+    const std::array plans{
+        "Car Wednesday, 3/12/14 Transactions: 1 Spent: $12.00 Planned for the day: $1.43 Difference: -$10.57",
+        "Car 3/9/14 - 3/15/14 Transactions: 1 Spent: $12.00 Planned for the week: $10.00 Difference: -$2.00",
+        "Car 3/2/14 - 3/15/14 Transactions: 1 Spent: $12.00 Planned for the two weeks: $20.00 Difference: $8.00",
+        "Car March 2014 Transactions: 1 Spent: $12.00 Planned for the month: $43.33 Difference: $31.33"};
     for (int type = 0; type < CVDisplayPeriods::kTypes; ++type) {
         show(type, CVShowUnused::No, {3, 0});
         EXPECT_EQ(toolTip(mPeriods, 0, 0), plans[static_cast<std::size_t>(type)]);
