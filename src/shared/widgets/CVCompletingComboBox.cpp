@@ -8,7 +8,7 @@
 namespace {
 
 constexpr int kVisibleItems = 16;
-constexpr int kShortestText = 6;
+constexpr int kShortestText = 5;
 
 } // namespace
 

@@ -1,6 +1,16 @@
 #include "shared/widgets/CVSteadyComboBox.h"
 
+#include <QHelpEvent>
+#include <QStyleOptionComboBox>
+#include <QToolTip>
 #include <QWheelEvent>
+
+namespace {
+
+/// That the styles keep on either side of the text. In pixels.
+constexpr int kTextMargin = 1;
+
+} // namespace
 
 CVSteadyComboBox::CVSteadyComboBox(QWidget* parent) : QComboBox(parent) {
     // Nor does the wheel give it the focus.
@@ -12,4 +22,20 @@ void CVSteadyComboBox::wheelEvent(QWheelEvent* event) {
         QComboBox::wheelEvent(event);
     else
         event->ignore();
+}
+
+bool CVSteadyComboBox::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip || !toolTip().isEmpty())
+        return QComboBox::event(event);
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+                       option.currentText == currentText() ? QString() : currentText(), this);
+    return true;
+}
+
+void CVSteadyComboBox::initStyleOption(QStyleOptionComboBox* option) const {
+    QComboBox::initStyleOption(option);
+    const int room = style()->subControlRect(QStyle::CC_ComboBox, option, QStyle::SC_ComboBoxEditField, this).width();
+    option->currentText = fontMetrics().elidedText(option->currentText, Qt::ElideRight, room - 2 * kTextMargin);
 }

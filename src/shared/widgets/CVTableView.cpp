@@ -12,6 +12,9 @@
 namespace {
 
 constexpr double kRowHeightInLines = 1.5;
+/// In pixels, above and below a line together.
+constexpr int kMostRoomInRow = 10;
+constexpr int kLeastRows = 2;
 
 } // namespace
 
@@ -45,7 +48,17 @@ bool CVTableView::editCurrentCell() {
 }
 
 int CVTableView::rowHeight() const {
-    return qRound(fontMetrics().height() * kRowHeightInLines);
+    const int line = fontMetrics().height();
+    return qMin(qRound(line * kRowHeightInLines), line + kMostRoomInRow);
+}
+
+QSize CVTableView::sizeHint() const {
+    const int header = horizontalHeader()->isHidden() ? 0 : horizontalHeader()->sizeHint().height();
+    return {QTableView::sizeHint().width(), header + kLeastRows * rowHeight() + 2 * frameWidth()};
+}
+
+QSize CVTableView::minimumSizeHint() const {
+    return {QTableView::minimumSizeHint().width(), sizeHint().height()};
 }
 
 void CVTableView::paintEvent(QPaintEvent* event) {

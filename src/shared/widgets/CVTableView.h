@@ -2,8 +2,8 @@
 
 #include <QTableView>
 
-/// A table in the house's style: rows of one and a half lines in alternating tints, no grid, more room between the
-/// columns. One with nothing in it can say why. Copy takes the selected rows as text.
+/// A table in the house's style: rows of about one and a half lines in alternating tints, no grid, more room between
+/// the columns. One with nothing in it can say why. Copy takes the selected rows as text.
 class CVTableView : public QTableView {
     Q_OBJECT
 
@@ -14,8 +14,12 @@ public:
     void setMessage(const QString& message);
     /// Begins to edit the current cell; false for one that cannot be edited, or is already.
     bool editCurrentCell();
-    /// One and a half lines of the table's font.
+    /// One and a half lines of the table's font; a little less where the letters are large.
     [[nodiscard]] int rowHeight() const;
+
+    /// The header and a few rows: more is for the layout to give.
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

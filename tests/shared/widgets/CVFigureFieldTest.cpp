@@ -48,4 +48,20 @@ TEST_F(CVFigureFieldTest, FitsItsTextAnewInAnotherFont) {
     EXPECT_LT(mField->sizeHint().width(), mField->fontMetrics().horizontalAdvance("$123,456,789.00"));
 }
 
+TEST_F(CVFigureFieldTest, GivesWayWhereTheWindowIsNarrow) {
+    isLaidOutFor("$123,456,789.00");
+    const int whole = mField->width();
+    EXPECT_EQ(mField->toolTip(), QString());
+    mWindow.resize(mWindow.minimumSizeHint());
+    QCoreApplication::processEvents();
+    EXPECT_LT(mField->width(), whole);
+    EXPECT_GE(mField->width(), mField->fontMetrics().horizontalAdvance("$1…"));
+    EXPECT_EQ(mField->toolTip(), "$123,456,789.00");
+    EXPECT_EQ(mField->text(), "$123,456,789.00") << "what is copied and read out";
+    mWindow.resize(400, 60);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(mField->width(), whole);
+    EXPECT_EQ(mField->toolTip(), QString());
+}
+
 } // namespace
