@@ -11,6 +11,7 @@
 #include "shared/widgets/CVAnyLength.h"
 #include "shared/widgets/CVAttentionColour.h"
 #include "shared/widgets/CVFigureField.h"
+#include "shared/widgets/CVWrappingLayout.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -68,14 +69,19 @@ void CVTransactionWindowController::addCategoryField() {
 }
 
 void CVTransactionWindowController::addFigures() {
-    auto* const line = new QHBoxLayout;
-    line->addStretch();
-    mSpentField = CVFigureField::addTo(*line, "mSpentField", tr("Spent:"), tr("Spent"), this);
-    line->addSpacing(fontMetrics().height());
+    auto* const line = new CVWrappingLayout;
+    const auto part = [line] {
+        auto* const figure = new QHBoxLayout;
+        line->addPart(figure, line->count() == 0 ? 1 : 0);
+        return figure;
+    };
+    QHBoxLayout* const first = part();
+    first->addStretch();
+    mSpentField = CVFigureField::addTo(*first, "mSpentField", tr("Spent:"), tr("Spent"), this);
     const QString planned = plannedText();
-    mPlannedField = CVFigureField::addTo(*line, "mPlannedField", tr("%1:").arg(planned), planned, this);
-    line->addSpacing(fontMetrics().height());
-    mDiffereceField = CVFigureField::addTo(*line, "mDiffereceField", tr("Difference:"), tr("Difference"), this);
+    mPlannedField = CVFigureField::addTo(*part(), "mPlannedField", tr("%1:").arg(planned), planned, this);
+    mDiffereceField = CVFigureField::addTo(*part(), "mDiffereceField", tr("Difference:"), tr("Difference"), this);
+    line->setSpacing(fontMetrics().height());
     contents().addLayout(line);
 }
 

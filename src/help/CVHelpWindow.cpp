@@ -28,6 +28,8 @@ constexpr const char* kSplitterKey = "Help Window Splitter";
 constexpr int kWidthInDigits = 132;
 constexpr int kHeightInLines = 42;
 constexpr int kFindersInDigits = 34;
+/// The page keeps more than half of the window.
+constexpr double kMostShareOfFinders = 0.4;
 
 } // namespace
 
@@ -167,6 +169,7 @@ void CVHelpWindow::restoreFrame() {
     const int digit = fontMetrics().horizontalAdvance('0');
     CVRestoreFrame(*this, mDefaults.dataForKey(kFrameKey),
                    {kWidthInDigits * digit, kHeightInLines * fontMetrics().height()});
+    const int finders = qMin(kFindersInDigits * digit, qRound(width() * kMostShareOfFinders));
     if (!mSplitter->restoreState(mDefaults.dataForKey(kSplitterKey)))
-        mSplitter->setSizes({kFindersInDigits * digit, width() - kFindersInDigits * digit});
+        mSplitter->setSizes({finders, width() - finders});
 }

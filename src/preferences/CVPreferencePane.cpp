@@ -12,6 +12,8 @@ namespace {
 
 constexpr int kHintDistance = 2;
 constexpr int kHintIndent = 6;
+/// What is seen of an item where the window is narrow, in letters.
+constexpr int kShortestPopUp = 10;
 
 } // namespace
 
@@ -30,6 +32,7 @@ QComboBox& CVPreferencePane::addPopUp(const QString& label, const QString& name,
     popUp->setObjectName(QLatin1String(objectName));
     popUp->setAccessibleName(name);
     popUp->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    popUp->setMinimumContentsLength(kShortestPopUp);
     auto* const title = new QLabel(label, this);
     title->setBuddy(popUp);
     auto* const field = new QVBoxLayout;

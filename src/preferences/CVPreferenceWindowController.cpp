@@ -9,6 +9,8 @@
 #include "shared/base/CVDefaultsKeys.h"
 #include "shared/base/QBUserDefaults.h"
 #include "shared/widgets/CVHelpOpener.h"
+#include "shared/widgets/CVScrollArea.h"
+#include "shared/widgets/CVWindowFrame.h"
 
 #include <QAccessible>
 #include <QDir>
@@ -51,7 +53,7 @@ CVPreferenceWindowController::CVPreferenceWindowController(CVDocument& document,
     addButtons(help);
     load();
     selectTab(mStore.defaults().stringForKey(CVDefaultsKeys::kPreferencesTab).value_or(QString()));
-    restoreGeometry(mStore.defaults().dataForKey(kFrameKey));
+    CVRestoreFrame(*this, mStore.defaults().dataForKey(kFrameKey), sizeHint());
 
     connect(mTabView, &QTabWidget::currentChanged, this, &CVPreferenceWindowController::tabSelected);
     connect(mUpdatePane, &CVUpdatePane::checkRequested, this, [this, &host] { host.checkForNewVersion(*this); });
@@ -94,8 +96,9 @@ void CVPreferenceWindowController::keep() {
 }
 
 void CVPreferenceWindowController::addPane(CVPreferencePane& pane, const QString& title, const char* identifier) {
-    pane.setObjectName(QLatin1String(identifier));
-    mTabView->addTab(&pane, title);
+    auto* const page = new CVScrollArea(pane, mTabView);
+    page->setObjectName(QLatin1String(identifier));
+    mTabView->addTab(page, title);
     mPanes.append(&pane);
 }
 
@@ -121,9 +124,9 @@ void CVPreferenceWindowController::addButtons(CVHelpOpener* help) {
 
 /// An identifier that no tab has leaves the tabs as they are.
 void CVPreferenceWindowController::selectTab(const QString& identifier) {
-    for (CVPreferencePane* const pane : mPanes) {
-        if (pane->objectName() == identifier)
-            mTabView->setCurrentWidget(pane);
+    for (int index = 0; index < mTabView->count(); ++index) {
+        if (mTabView->widget(index)->objectName() == identifier)
+            mTabView->setCurrentIndex(index);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "preferences/CVRichTextFormat.h"
 #include "shared/base/CVBundle.h"
+#include "shared/widgets/CVWindowFrame.h"
 #include "updates/CVUpdateAddress.h"
 #include "updates/QBUpdateInfo.h"
 
@@ -72,7 +73,9 @@ CVSystemInfoSheet::CVSystemInfoSheet(QWidget& owner) : QDialog(&owner), mText(ne
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(mText);
     layout->addWidget(buttons);
-    resize(kWidthInDigits * fontMetrics().horizontalAdvance('0'), kHeightInLines * fontMetrics().lineSpacing());
+    const QSize wish(kWidthInDigits * fontMetrics().horizontalAdvance('0'),
+                     kHeightInLines * fontMetrics().lineSpacing());
+    resize(wish.boundedTo(CVLargestWindow(owner)));
 }
 
 void CVFillSystemInfo(QTextDocument& text, const QMap<QString, QString>& values) {

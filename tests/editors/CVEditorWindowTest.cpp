@@ -2,6 +2,7 @@
 #include "editors/CVTransactionSetController.h"
 #include "editors/CVTransactionWindowController.h"
 #include "editors/EditorFixture.h"
+#include "kit/ScreenRows.h"
 #include "shared/widgets/CVHelpOpener.h"
 
 #include <QHeaderView>
@@ -229,6 +230,37 @@ TEST_F(CVEditorWindowTest, NothingIsCutWithTwiceTheTextSize) {
     fits(sets);
     CVTransactionWindowController transactions(document(), {});
     fits(transactions);
+    QApplication::setFont(before);
+}
+
+TEST_F(CVEditorWindowTest, EveryEditorFitsEveryScreenWithSomeRows) {
+    const QFont before = QApplication::font();
+    mBudget.transaction({.date = day(2014, 3, 6), .amount = 98'765'432.1, .category = "Food"});
+    RecordingHelp help;
+    for (const ScreenRow& screen : kScreenRows) {
+        QFont font = before;
+        font.setPixelSize(screen.letterPixels);
+        QApplication::setFont(font);
+        const auto fits = [&screen](QDialog& window) {
+            SCOPED_TRACE(window.windowTitle().toStdString() + " on " + screen.name);
+            window.show();
+            window.resize(screen.inside);
+            QCoreApplication::processEvents();
+            EXPECT_EQ(window.size(), screen.inside) << "its smallest size is larger";
+            for (const auto* const widget : window.findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+                EXPECT_TRUE(widget->isHidden() || window.rect().contains(widget->geometry()));
+            for (const auto* const button : window.findChildren<QPushButton*>())
+                EXPECT_GE(button->width(), button->minimumSizeHint().width()) << button->text().toStdString();
+            const auto* const table = window.findChild<CVEditorTable*>();
+            EXPECT_GE(table->viewport()->height() / table->rowHeight(), 4);
+        };
+        CVCategoryEditController categories(document(), mAlerts, &help);
+        fits(categories);
+        CVTransactionSetController sets(document(), mAlerts, &help);
+        fits(sets);
+        CVTransactionWindowController transactions(document(), document().transactions());
+        fits(transactions);
+    }
     QApplication::setFont(before);
 }
 

@@ -3,6 +3,7 @@
 #include "BookFixture.h"
 #include "help/CVHelp.h"
 #include "kit/ScratchHome.h"
+#include "kit/ScreenRows.h"
 #include "kit/ScriptedAlerts.h"
 #include "shared/base/QBUserDefaults.h"
 #include "shared/widgets/CVURLOpener.h"
@@ -217,6 +218,25 @@ TEST_F(CVHelpWindowTest, RemembersItsSize) {
     mHelp = std::make_unique<CVHelp>(CORVELLA_PROGRAM_FOLDER, mAlerts, mHome.userDefaults(), mURLs);
     show("index.html");
     EXPECT_EQ(window()->size(), QSize(611, 433));
+}
+
+TEST_F(CVHelpWindowTest, FitsEveryScreenWithMostOfItForThePage) {
+    const QFont before = QApplication::font();
+    for (const ScreenRow& screen : kScreenRows) {
+        QFont font = before;
+        font.setPixelSize(screen.letterPixels);
+        QApplication::setFont(font);
+        show("index.html");
+        window()->resize(screen.inside);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(window()->size(), screen.inside) << screen.name;
+        EXPECT_GE(find<QTextBrowser>("Help Page")->width() * 2, screen.inside.width()) << screen.name;
+        mHelp->close();
+        mHome.userDefaults().removeKey("Help Window");
+        mHome.userDefaults().removeKey("Help Window Splitter");
+        mHelp = std::make_unique<CVHelp>(CORVELLA_PROGRAM_FOLDER, mAlerts, mHome.userDefaults(), mURLs);
+    }
+    QApplication::setFont(before);
 }
 
 TEST_F(CVHelpWindowTest, CanBeUsedWhileAModalWindowAsksForIt) {

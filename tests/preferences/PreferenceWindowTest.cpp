@@ -1,8 +1,11 @@
 #include "PreferencesFixture.h"
+#include "kit/ScreenRows.h"
 #include "shared/widgets/CVHelpOpener.h"
 
 #include <QDir>
 #include <QFile>
+#include <QScrollArea>
+#include <QScrollBar>
 
 namespace {
 
@@ -146,6 +149,32 @@ TEST_F(PreferenceWindow, AHintStandsNearerToItsControlThanToTheNextAndIsReadOutW
         EXPECT_LT(2 * (textTop - onWindow(*mine, mine->height())), onWindow(*other, 0) - textBottom) << row.control;
         EXPECT_EQ(other->accessibleDescription() == text, false);
     }
+}
+
+TEST_F(PreferenceWindow, EveryPaneFitsEveryScreen) {
+    const QFont before = QApplication::font();
+    RecordingHelp help;
+    for (const ScreenRow& screen : kScreenRows) {
+        SCOPED_TRACE(screen.name);
+        QFont font = before;
+        font.setPixelSize(screen.letterPixels);
+        QApplication::setFont(font);
+        open(&help).resize(screen.inside);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(mWindow->size(), screen.inside) << "its smallest size is larger";
+        for (int tab = 0; tab < tabs().count(); ++tab) {
+            tabs().setCurrentIndex(tab);
+            QCoreApplication::processEvents();
+            const auto* const pane = qobject_cast<QScrollArea*>(tabs().widget(tab));
+            const bool isSmallest = &screen == std::end(kScreenRows) - 1;
+            EXPECT_TRUE(isSmallest || pane->horizontalScrollBar()->maximum() == 0) << tab;
+            for (const auto* const button : pane->findChildren<QPushButton*>())
+                EXPECT_GE(button->width(), button->sizeHint().width()) << button->text().toStdString();
+        }
+        for (const auto* const button : mWindow->findChildren<QPushButton*>(Qt::FindDirectChildrenOnly))
+            EXPECT_TRUE(mWindow->rect().contains(button->geometry())) << button->text().toStdString();
+    }
+    QApplication::setFont(before);
 }
 
 } // namespace
