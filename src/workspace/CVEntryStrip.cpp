@@ -2,9 +2,11 @@
 
 #include "shared/base/QBXMLText.h"
 #include "shared/widgets/CVAnyLength.h"
+#include "shared/widgets/CVCompactButton.h"
 #include "shared/widgets/CVCompletingComboBox.h"
 #include "shared/widgets/CVDateField.h"
 #include "shared/widgets/CVMoneyField.h"
+#include "shared/widgets/CVWrappingLayout.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -22,7 +24,14 @@ namespace {
 
 enum Row { LabelRow, FieldRow };
 /// In characters.
-constexpr int kShortestFor = 10;
+constexpr int kShortestFor = 7;
+/// The room that the two halves share out, as their fields do.
+constexpr int kFirstHalfStretch = 3;
+constexpr int kSecondHalfStretch = 5;
+/// Between a label and its field. In pixels.
+constexpr int kLabelGap = 2;
+/// Between two fields. In pixels.
+constexpr int kFieldGap = 6;
 /// How soon to look again whether a click has ended.
 constexpr std::chrono::milliseconds kClickPatience(50);
 
@@ -40,19 +49,26 @@ CVEntryStrip::CVEntryStrip(QWidget* parent)
     , mForField(new QLineEdit(this))
     , mExpenseCategoryComboBox(new CVCompletingComboBox(this))
     , mTaxCheckbox(new QCheckBox(tr("&Tax"), this))
-    , mRecordButton(new QPushButton(tr("&Record"), this)) {
-    auto* const layout = new QGridLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setVerticalSpacing(2);
-    addField(*layout, mExpenseDate, "mExpenseDate", tr("&Date"), tr("Date"), 0);
-    addField(*layout, mExpenseAmountField, "mExpenseAmountField", tr("&Amount"), tr("Amount"), 0);
-    addField(*layout, mExpenseToFromComboBox, "mExpenseToFromComboBox", tr("&Paid To/From"), tr("Paid To/From"), 3);
-    addField(*layout, mForField, "mForField", tr("F&or"), tr("For"), 3);
-    addField(*layout, mExpenseCategoryComboBox, "mExpenseCategoryComboBox", tr("&Category"), tr("Category"), 2);
-    addField(*layout, mTaxCheckbox, "mTaxCheckbox", QString(), tr("Tax"), 0);
-    addField(*layout, mRecordButton, "mRecordButton", QString(), tr("Record"), 0);
+    , mRecordButton(new CVCompactButton(tr("&Record"), this)) {
+    auto* const layout = new CVWrappingLayout(this);
+    auto* const firstHalf = new QGridLayout;
+    auto* const secondHalf = new QGridLayout;
+    for (QGridLayout* const half : {firstHalf, secondHalf}) {
+        half->setHorizontalSpacing(kFieldGap);
+        half->setVerticalSpacing(kLabelGap);
+    }
+    layout->setSpacing(kFieldGap);
+    layout->addPart(firstHalf, kFirstHalfStretch);
+    layout->addPart(secondHalf, kSecondHalfStretch);
+    addField(*firstHalf, mExpenseDate, "mExpenseDate", tr("&Date"), tr("Date"), 0);
+    addField(*firstHalf, mExpenseAmountField, "mExpenseAmountField", tr("&Amount"), tr("Amount"), 0);
+    addField(*firstHalf, mExpenseToFromComboBox, "mExpenseToFromComboBox", tr("&Paid To/From"), tr("Paid To/From"), 3);
+    addField(*secondHalf, mForField, "mForField", tr("F&or"), tr("For"), 3);
+    addField(*secondHalf, mExpenseCategoryComboBox, "mExpenseCategoryComboBox", tr("&Category"), tr("Category"), 2);
+    addField(*secondHalf, mTaxCheckbox, "mTaxCheckbox", QString(), tr("Tax"), 0);
+    addField(*secondHalf, mRecordButton, "mRecordButton", QString(), tr("Record"), 0);
     CVTakeAnyLength(*mForField);
-    mForField->setMinimumWidth(fontMetrics().averageCharWidth() * kShortestFor);
+    adjustMetrics();
     mRecordButton->setToolTip(tr("Record this transaction (Return in any of the fields)"));
     // On some desktops Return presses a check box.
     mTaxCheckbox->installEventFilter(this);
@@ -116,6 +132,12 @@ void CVEntryStrip::localeChanged() {
     mExpenseAmountField->localeChanged();
 }
 
+void CVEntryStrip::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        adjustMetrics();
+}
+
 void CVEntryStrip::keyPressEvent(QKeyEvent* event) {
     // The fields let Return pass after they have taken their text.
     if (isReturn(*event))
@@ -146,6 +168,10 @@ void CVEntryStrip::addField(QGridLayout& layout, QWidget* field, const char* obj
     auto* const caption = new QLabel(label, this);
     caption->setBuddy(field);
     layout.addWidget(caption, LabelRow, column);
+}
+
+void CVEntryStrip::adjustMetrics() {
+    mForField->setMinimumWidth(fontMetrics().averageCharWidth() * kShortestFor + mForField->sizeHint().height() / 2);
 }
 
 std::optional<CVEntryProblem> CVEntryStrip::dateProblem() const {

@@ -12,8 +12,9 @@ class QGridLayout;
 class QLineEdit;
 class QPushButton;
 
-/// The row of fields in which a transaction is entered. Return in any of them asks to record, as the button does; the
-/// strip itself records nothing and shows no alerts. Whoever is told of a problem shows it and calls `focusField`.
+/// The row of fields in which a transaction is entered; two rows where the window is narrow. Return in any of them asks
+/// to record, as the button does; the strip itself records nothing and shows no alerts. Whoever is told of a problem
+/// shows it and calls `focusField`.
 class CVEntryStrip final : public QWidget {
     Q_OBJECT
 
@@ -42,12 +43,14 @@ signals:
     void dateRefused(const CVEntryProblem& problem);
 
 protected:
+    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void addField(QGridLayout& layout, QWidget* field, const char* objectName, const QString& label,
                   const QString& accessibleName, int stretch);
+    void adjustMetrics();
     [[nodiscard]] std::optional<CVEntryProblem> dateProblem() const;
     void dateLeftUnreadable();
     void tellOfDate();

@@ -18,6 +18,7 @@ namespace {
 constexpr int kShortestName = 14;
 constexpr int kLongestName = 30;
 constexpr int kShortestAmount = 11;
+constexpr double kMostShareOfNames = 0.3;
 /// Between the names and their edges. In pixels.
 constexpr int kCellMargin = 8;
 constexpr int kLineAlpha = 70;
@@ -189,8 +190,9 @@ void CVGridTables::adjustMetrics() {
     for (const CVFiguresTable* const table : tablesOfRows())
         table->horizontalHeader()->setFixedHeight(header);
     const int names = widestColumn(*mExpenseCategoryTable);
-    mExpenseCategoryTable->setFixedWidth(
-        qBound(widthOfZeros(*this, kShortestName), names, widthOfZeros(*this, kLongestName)));
+    // The periods are what the summary is about.
+    const int longest = qMin(widthOfZeros(*this, kLongestName), qRound(width() * kMostShareOfNames));
+    mExpenseCategoryTable->setFixedWidth(qMin(qMax(names, widthOfZeros(*this, kShortestName)), longest));
     const int bar = mExpenseCategoryTotalTable->verticalScrollBar()->sizeHint().width();
     mExpenseCategoryTotalTable->setFixedWidth(
         bar + qMax(widthOfZeros(*this, kShortestAmount), widestColumn(*mExpenseCategoryTotalTable)));

@@ -1,21 +1,27 @@
 #include "workspace/CVMainWindow.h"
 
 #include "shared/widgets/CVOpenEditor.h"
-#include "shared/widgets/CVSteadyComboBox.h"
+#include "shared/widgets/CVScrollArea.h"
 #include "workspace/CVEntryStrip.h"
 #include "workspace/CVMainMenu.h"
 #include "workspace/CVReportsTab.h"
 #include "workspace/CVSaveStatus.h"
+#include "workspace/CVSetPicker.h"
 #include "workspace/CVSummaryTab.h"
 #include "workspace/CVTransactionTableView.h"
 #include "workspace/CVTransactionsTab.h"
 
 #include <QCloseEvent>
-#include <QComboBox>
-#include <QHBoxLayout>
-#include <QLabel>
 #include <QTabWidget>
 #include <QVBoxLayout>
+
+namespace {
+
+/// Around and between the parts of the window, in pixels. Large letters leave the list too little room for more.
+constexpr int kEdge = 9;
+constexpr int kGap = 6;
+
+} // namespace
 
 CVMainWindow::CVMainWindow(const CVTransactionList& list, const CVGridContents& grid, const CVReportContents& reports)
     : mEntryStrip(new CVEntryStrip(this))
@@ -24,39 +30,34 @@ CVMainWindow::CVMainWindow(const CVTransactionList& list, const CVGridContents& 
     , mSummaryTab(new CVSummaryTab(grid, this))
     , mReportsTab(new CVReportsTab(reports, this))
     , mSaveStatus(new CVSaveStatus(this))
-    , mTransactionSet(new CVSteadyComboBox(this))
-    , mSetPicker(makeSetPicker()) {
+    , mSetPicker(new CVSetPicker(*mMainTabView)) {
     setWindowTitle(tr("Corvella Main Window"));
     mMainTabView->setObjectName(QStringLiteral("mMainTabView"));
     mMainTabView->addTab(mTransactionsTab, tr("Transactions"));
     mMainTabView->addTab(mSummaryTab, tr("Summary"));
     mMainTabView->addTab(mReportsTab, tr("Reports"));
-    mMainTabView->setCornerWidget(mSetPicker);
     // The frame around the pages is what takes longest to paint, and says nothing.
     mMainTabView->setDocumentMode(true);
     // The edges of the pages are those of the entry strip above them.
     for (int page = 0; page < mMainTabView->count(); ++page) {
         QLayout& inside = *mMainTabView->widget(page)->layout();
-        inside.setContentsMargins(0, inside.contentsMargins().top(), 0, 0);
+        inside.setContentsMargins(0, kGap, 0, 0);
+        inside.setSpacing(kGap);
     }
-    auto* const content = new QWidget(this);
+    connect(mSetPicker, &CVSetPicker::picked, this, &CVMainWindow::transactionSetPicked);
+    auto* const content = new QWidget;
     auto* const layout = new QVBoxLayout(content);
+    layout->setContentsMargins(kEdge, kGap, kEdge, kGap);
+    layout->setSpacing(kGap);
     layout->addWidget(mEntryStrip);
     layout->addWidget(mMainTabView, 1);
     layout->addWidget(mSaveStatus);
-    setCentralWidget(content);
+    setCentralWidget(new CVScrollArea(*content, this));
     mMenu = new CVMainMenu(*this, mTransactionsTab->table());
 }
 
 void CVMainWindow::setTransactionSets(const QStringList& names, int current) {
-    // Filling it anew would lay out and paint half of the window anew.
-    if (names != mTransactionSetNames) {
-        mTransactionSetNames = names;
-        mTransactionSet->clear();
-        mTransactionSet->addItems(names);
-    }
-    mTransactionSet->setCurrentIndex(current);
-    mSetPicker->setVisible(names.size() > 1);
+    mSetPicker->setNames(names, current);
 }
 
 void CVMainWindow::closeEvent(QCloseEvent* event) {
@@ -77,20 +78,4 @@ void CVMainWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::LocaleChange)
         emit localeChanged();
-}
-
-QWidget* CVMainWindow::makeSetPicker() {
-    auto* const picker = new QWidget(this);
-    auto* const label = new QLabel(tr("Transaction &Set"), picker);
-    label->setBuddy(mTransactionSet);
-    mTransactionSet->setObjectName(QStringLiteral("mTransactionSet"));
-    mTransactionSet->setAccessibleName(tr("Transaction Set"));
-    mTransactionSet->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    connect(mTransactionSet, &QComboBox::activated, this, &CVMainWindow::transactionSetPicked);
-
-    auto* const layout = new QHBoxLayout(picker);
-    layout->setContentsMargins(0, 0, 0, 2);
-    layout->addWidget(label);
-    layout->addWidget(mTransactionSet);
-    return picker;
 }

@@ -10,12 +10,11 @@ class CVMainMenu;
 class CVReportContents;
 class CVReportsTab;
 class CVSaveStatus;
+class CVSetPicker;
 class CVSummaryTab;
 class CVTransactionList;
 class CVTransactionsTab;
-class QComboBox;
 class QTabWidget;
-class QWidget;
 
 /// The window and its parts, put together; what they do is the controller's.
 class CVMainWindow final : public QMainWindow {
@@ -56,8 +55,6 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    QWidget* makeSetPicker();
-
     CVEntryStrip* mEntryStrip;
     /// Made before its pages, so that Tab meets it before them.
     QTabWidget* mMainTabView;
@@ -66,8 +63,6 @@ private:
     CVReportsTab* mReportsTab;
     CVSaveStatus* mSaveStatus;
     CVMainMenu* mMenu = nullptr;
-    QComboBox* mTransactionSet;
-    QStringList mTransactionSetNames;
-    QWidget* mSetPicker;
+    CVSetPicker* mSetPicker;
     std::function<bool()> mMayClose;
 };

@@ -26,7 +26,8 @@ namespace {
 constexpr const char* kFrameKey = "CVMainWindowController";
 constexpr const char* kColumnsKey = "CVMainWindowController Columns";
 constexpr const char* kReportColumnsKey = "CVMainWindowController Report Columns";
-constexpr QSize kFirstSize(1080, 680);
+constexpr int kFirstWidthInDigits = 135;
+constexpr int kFirstHeightInLines = 45;
 
 } // namespace
 
@@ -128,7 +129,9 @@ void CVMainWindowController::selectViewState() {
 
 void CVMainWindowController::restoreFrame() {
     const QBUserDefaults& defaults = mDocument.userDefaults();
-    CVRestoreFrame(*mWindow, defaults.dataForKey(kFrameKey), kFirstSize);
+    const QFontMetrics letters = mWindow->fontMetrics();
+    CVRestoreFrame(*mWindow, defaults.dataForKey(kFrameKey),
+                   {kFirstWidthInDigits * letters.horizontalAdvance('0'), kFirstHeightInLines * letters.height()});
     mWindow->transactionsTab().table().restoreColumns(defaults.dataForKey(kColumnsKey));
     mWindow->reportsTab().restoreColumns(defaults.dataForKey(kReportColumnsKey));
 }

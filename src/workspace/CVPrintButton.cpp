@@ -1,5 +1,7 @@
 #include "workspace/CVPrintButton.h"
 
+#include "shared/widgets/CVCompactButton.h"
+
 #include <QCoreApplication>
 #include <QPushButton>
 
@@ -12,7 +14,7 @@ struct PrintButtonText {
 } // namespace
 
 QPushButton* CVMakePrintButton(const QString& toolTip, QWidget& tab) {
-    auto* const button = new QPushButton(PrintButtonText::tr("Print…"), &tab);
+    auto* const button = new CVCompactButton(PrintButtonText::tr("Print…"), &tab);
     button->setObjectName(QStringLiteral("mPrintButton"));
     button->setAccessibleName(PrintButtonText::tr("Print"));
     button->setToolTip(toolTip);

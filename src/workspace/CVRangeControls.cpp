@@ -18,6 +18,9 @@ constexpr std::array<const char*, kCVRangePresets> kPresets{
     QT_TRANSLATE_NOOP("CVRangeControls", "Last Month"), QT_TRANSLATE_NOOP("CVRangeControls", "This Month"),
     QT_TRANSLATE_NOOP("CVRangeControls", "Last Week"),  QT_TRANSLATE_NOOP("CVRangeControls", "This Week")};
 
+/// In letters.
+constexpr int kShortestPreset = 6;
+
 void name(QWidget& widget, const CVRangeControls::Naming& naming) {
     widget.setObjectName(naming.objectName);
     widget.setAccessibleName(naming.accessibleName);
@@ -36,9 +39,10 @@ CVRangeControls::CVRangeControls(const Naming& preset, const Naming& start, cons
     for (const char* const item : kPresets)
         mPreset->addItem(tr(item));
     // As high as the fields beside it.
-    mPreset->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
-    mStart->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    mEnd->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    mPreset->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+    mPreset->setMinimumContentsLength(kShortestPreset);
+    mStart->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    mEnd->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
 
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -46,6 +50,7 @@ CVRangeControls::CVRangeControls(const Naming& preset, const Naming& start, cons
     layout->addWidget(mStart);
     layout->addWidget(new QLabel(tr("to"), this));
     layout->addWidget(mEnd);
+    layout->addStretch();
 
     connect(mPreset, &QComboBox::activated, this, &CVRangeControls::presetPicked);
     connect(mStart, &CVDateField::dateEntered, this, &CVRangeControls::startEntered);

@@ -3,6 +3,7 @@
 #include "budget/CVReportContents.h"
 #include "shared/format/QBLocale.h"
 #include "shared/widgets/CVFigureField.h"
+#include "shared/widgets/CVWrappingLayout.h"
 #include "workspace/CVFiguresTable.h"
 #include "workspace/CVPrintButton.h"
 #include "workspace/CVRangeControls.h"
@@ -84,15 +85,16 @@ void CVReportsTab::restoreColumns(const QByteArray& columns) {
     }
 }
 
-QHBoxLayout* CVReportsTab::makeControls() {
-    auto* const controls = new QHBoxLayout;
-    controls->addWidget(mRangeControls);
-    controls->addStretch();
-    mNumberOfTransactionsField2 = CVFigureField::addTo(*controls, "mNumberOfTransactionsField2", tr("Transactions:"),
+CVWrappingLayout* CVReportsTab::makeControls() {
+    auto* const figures = new QHBoxLayout;
+    mNumberOfTransactionsField2 = CVFigureField::addTo(*figures, "mNumberOfTransactionsField2", tr("Transactions:"),
                                                        tr("Report Transactions"), this);
-    mTotalNumberOfTransactionsField2 = CVFigureField::addTo(*controls, "mTotalNumberOfTransactionsField2", tr("of"),
+    mTotalNumberOfTransactionsField2 = CVFigureField::addTo(*figures, "mTotalNumberOfTransactionsField2", tr("of"),
                                                             tr("Report Transactions Total"), this);
-    controls->addWidget(mPrintButton);
+    figures->addWidget(mPrintButton);
+    auto* const controls = new CVWrappingLayout;
+    controls->addWidget(mRangeControls);
+    controls->addPart(figures);
     return controls;
 }
 

@@ -11,7 +11,7 @@ class CVFigureField;
 class CVFiguresTable;
 class CVRangeControls;
 class CVReportContents;
-class QHBoxLayout;
+class CVWrappingLayout;
 class QPushButton;
 class QTabWidget;
 
@@ -49,7 +49,7 @@ signals:
     void printRequested();
 
 private:
-    [[nodiscard]] QHBoxLayout* makeControls();
+    [[nodiscard]] CVWrappingLayout* makeControls();
     [[nodiscard]] CVFiguresTable* addTable(CVReportTable table, const char* objectName, const QString& accessibleName,
                                            const QString& tabText);
     static void setUsualWidths(CVFiguresTable& table, CVReportTable kind);

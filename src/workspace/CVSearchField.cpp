@@ -11,12 +11,12 @@ namespace {
 
 /// In characters.
 constexpr int kUsualWidth = 26;
+constexpr int kSmallestWidth = 18;
 
 } // namespace
 
 CVSearchField::CVSearchField(QWidget* parent) : QLineEdit(parent), mKinds(new QMenu(tr("Search Menu"), this)) {
     setClearButtonEnabled(true);
-    setMinimumWidth(fontMetrics().averageCharWidth() * kUsualWidth);
     auto* const group = new QActionGroup(mKinds);
     for (int kind = 0; kind < kCVSearchKinds; ++kind) {
         QAction* const item = mKinds->addAction(CVSearchKindTitle(kind));
@@ -34,6 +34,14 @@ CVSearchField::CVSearchField(QWidget* parent) : QLineEdit(parent), mKinds(new QM
     connect(glass, &QAction::triggered, this, &CVSearchField::showKinds);
     connect(this, &QLineEdit::textChanged, this, &CVSearchField::searched);
     setSearchType(mSearchType);
+}
+
+QSize CVSearchField::sizeHint() const {
+    return {fontMetrics().averageCharWidth() * kUsualWidth, QLineEdit::sizeHint().height()};
+}
+
+QSize CVSearchField::minimumSizeHint() const {
+    return {fontMetrics().averageCharWidth() * kSmallestWidth, QLineEdit::minimumSizeHint().height()};
 }
 
 void CVSearchField::keyPressEvent(QKeyEvent* event) {

@@ -14,6 +14,9 @@ public:
     /// The number of the kind that is checked in the menu.
     [[nodiscard]] int searchType() const { return mSearchType; }
 
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
 signals:
     /// The text has changed, with every key.
     void searched(const QString& text);

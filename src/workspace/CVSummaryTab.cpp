@@ -1,8 +1,10 @@
 #include "workspace/CVSummaryTab.h"
 
 #include "budget/CVGridContents.h"
+#include "shared/widgets/CVCompactButton.h"
 #include "shared/widgets/CVFigureField.h"
 #include "shared/widgets/CVSteadyComboBox.h"
+#include "shared/widgets/CVWrappingLayout.h"
 #include "workspace/CVGridTables.h"
 #include "workspace/CVPrintButton.h"
 
@@ -34,31 +36,37 @@ CVSummaryTab::CVSummaryTab(const CVGridContents& contents, QWidget* parent)
         mExpensePeriod->addItem(tr(period));
     connect(mExpensePeriod, &QComboBox::activated, this, &CVSummaryTab::periodTypePicked);
 
-    auto* const controls = new QHBoxLayout;
-    controls->addWidget(label);
-    controls->addWidget(mExpensePeriod);
-    controls->addStretch();
-    connect(addButton(*controls, "mPreviousButton", tr("Previous"), tr("Show earlier periods")), &QPushButton::clicked,
+    auto* const period = new QHBoxLayout;
+    period->addWidget(label);
+    period->addWidget(mExpensePeriod);
+    period->addSpacing(fontMetrics().height());
+    mExpenseDisplayRangeField = new CVFigureField(this);
+    mExpenseDisplayRangeField->setObjectName(QStringLiteral("mExpenseDisplayRangeField"));
+    mExpenseDisplayRangeField->setAccessibleName(tr("Display Range"));
+    // It says what the columns are: it is never elided.
+    mExpenseDisplayRangeField->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    period->addWidget(mExpenseDisplayRangeField);
+    auto* const buttons = new QHBoxLayout;
+    connect(addButton(*buttons, "mPreviousButton", tr("Previous"), tr("Show earlier periods")), &QPushButton::clicked,
             this, &CVSummaryTab::previousRequested);
-    connect(addButton(*controls, "mTodayButton", tr("Today"), tr("Show the periods around today")),
+    connect(addButton(*buttons, "mTodayButton", tr("Today"), tr("Show the periods around today")),
             &QPushButton::clicked, this, &CVSummaryTab::todayRequested);
-    connect(addButton(*controls, "mNextButton", tr("Next"), tr("Show later periods")), &QPushButton::clicked, this,
+    connect(addButton(*buttons, "mNextButton", tr("Next"), tr("Show later periods")), &QPushButton::clicked, this,
             &CVSummaryTab::nextRequested);
 
     auto* const print = CVMakePrintButton(tr("Print the summary"), *this);
     connect(print, &QPushButton::clicked, this, &CVSummaryTab::printRequested);
-    controls->addWidget(print);
+    buttons->addWidget(print);
+    auto* const controls = new CVWrappingLayout;
+    controls->addPart(period);
+    controls->addPart(buttons);
 
     mTables = new CVGridTables(contents, this);
     connect(mTables, &CVGridTables::cellActivated, this, &CVSummaryTab::cellActivated);
-    mExpenseDisplayRangeField = new CVFigureField(this);
-    mExpenseDisplayRangeField->setObjectName(QStringLiteral("mExpenseDisplayRangeField"));
-    mExpenseDisplayRangeField->setAccessibleName(tr("Display Range"));
 
     auto* const layout = new QVBoxLayout(this);
     layout->addLayout(controls);
     layout->addWidget(mTables, 1);
-    layout->addWidget(mExpenseDisplayRangeField, 0, Qt::AlignHCenter);
 }
 
 void CVSummaryTab::reload() {
@@ -72,7 +80,7 @@ void CVSummaryTab::setPeriodType(int periodType) {
 
 QPushButton* CVSummaryTab::addButton(QHBoxLayout& layout, const char* objectName, const QString& text,
                                      const QString& toolTip) {
-    auto* const button = new QPushButton(text, this);
+    auto* const button = new CVCompactButton(text, this);
     button->setObjectName(QLatin1String(objectName));
     button->setAccessibleName(text);
     button->setToolTip(toolTip);

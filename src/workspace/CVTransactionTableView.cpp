@@ -9,6 +9,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -20,6 +21,17 @@ namespace {
 constexpr int kTintMilliseconds = 1500;
 /// The usual widths of the columns, in widths of a zero.
 constexpr std::array<int, CVTransactionTableModel::ColumnCount> kWidthsInDigits{12, 14, 26, 30, 22, 7, 7};
+/// What names and categories can shrink to before the list scrolls.
+constexpr int kLeastNameInDigits = 12;
+
+/// In letters.
+constexpr int kShortestColumn = 6;
+
+/// The columns that share out what the others leave.
+bool isName(int column) {
+    return column == CVTransactionTableModel::ToFrom || column == CVTransactionTableModel::For ||
+           column == CVTransactionTableModel::Category;
+}
 
 } // namespace
 
@@ -110,11 +122,12 @@ bool CVTransactionTableView::reveal(const CVTransaction* transaction) {
 }
 
 QByteArray CVTransactionTableView::saveColumns() const {
-    return horizontalHeader()->saveState();
+    return mHasUsualColumns ? QByteArray() : horizontalHeader()->saveState();
 }
 
 void CVTransactionTableView::restoreColumns(const QByteArray& columns) {
-    if (!horizontalHeader()->restoreState(columns))
+    mHasUsualColumns = !horizontalHeader()->restoreState(columns);
+    if (mHasUsualColumns)
         setUsualWidths();
     // Whatever was kept: the columns can be moved.
     horizontalHeader()->setSectionsMovable(true);
@@ -150,6 +163,8 @@ void CVTransactionTableView::changeEvent(QEvent* event) {
     CVTableView::changeEvent(event);
     if (event->type() == QEvent::LocaleChange)
         updateFormatters();
+    if (event->type() == QEvent::FontChange && mHasUsualColumns)
+        setUsualWidths();
 }
 
 void CVTransactionTableView::updateFormatters() {
@@ -159,6 +174,8 @@ void CVTransactionTableView::updateFormatters() {
 
 void CVTransactionTableView::resizeEvent(QResizeEvent* event) {
     CVTableView::resizeEvent(event);
+    if (mHasUsualColumns)
+        setUsualWidths();
     placeClearSearch();
 }
 
@@ -170,12 +187,32 @@ void CVTransactionTableView::setUpHeader() {
     setUsualWidths();
     connect(header, &QHeaderView::sectionClicked, this,
             [this](int column) { emit columnClicked(CVTransactionTableModel::identifier(column)); });
+    connect(header, &QHeaderView::sectionMoved, this, [this] { mHasUsualColumns = false; });
+    connect(header, &QHeaderView::sectionResized, this, [this](int column) {
+        // This column follows the others.
+        if (!mIsFittingColumns && column != CVTransactionTableModel::For)
+            mHasUsualColumns = false;
+    });
 }
 
 void CVTransactionTableView::setUsualWidths() {
+    const QScopedValueRollback fitting(mIsFittingColumns, true);
+    horizontalHeader()->setMinimumSectionSize(fontMetrics().averageCharWidth() * kShortestColumn);
     const int digit = fontMetrics().horizontalAdvance('0');
-    for (int column = 0; column < CVTransactionTableModel::ColumnCount; ++column)
-        setColumnWidth(column, digit * kWidthsInDigits[static_cast<std::size_t>(column)]);
+    int room = viewport()->width();
+    int names = 0;
+    for (int column = 0; column < CVTransactionTableModel::ColumnCount; ++column) {
+        const int usual = kWidthsInDigits[static_cast<std::size_t>(column)];
+        if (isName(column))
+            names += usual;
+        else
+            room -= digit * usual;
+        setColumnWidth(column, digit * usual);
+    }
+    for (const int column : {CVTransactionTableModel::ToFrom, CVTransactionTableModel::Category}) {
+        const int usual = kWidthsInDigits[static_cast<std::size_t>(column)];
+        setColumnWidth(column, qBound(digit * kLeastNameInDigits, room * usual / names, digit * usual));
+    }
 }
 
 QItemSelection CVTransactionTableView::rowsOf(const CVTransactionList::Rows& transactions) const {

@@ -36,9 +36,9 @@ public:
     void setPaidToItems(const QStringList& items);
     void setCategoryItems(const QStringList& items);
 
-    /// The widths and places of the columns, for `restoreColumns`.
+    /// The widths and places that the user gave the columns, for `restoreColumns`.
     [[nodiscard]] QByteArray saveColumns() const;
-    /// Nothing that `saveColumns` has made: the usual widths.
+    /// Nothing that `saveColumns` has made: the usual widths, as far as the window has room for them.
     void restoreColumns(const QByteArray& columns);
 
     void keyboardSearch(const QString& search) override;
@@ -72,6 +72,9 @@ private:
     CVTransactionTableModel* mModel;
     CVTransactionCellDelegate* mDelegate;
     QPushButton* mClearSearch;
+    /// The user has not touched the widths and places of the columns.
+    bool mHasUsualColumns = true;
+    bool mIsFittingColumns = false;
     CVTransactionList::Rows mSelectedTransactions;
     /// Since the last letter that was typed to go to a row.
     QElapsedTimer mTypedAhead;

@@ -1,7 +1,9 @@
 #include "workspace/CVTransactionsTab.h"
 
 #include "model/CVTransaction.h"
+#include "shared/widgets/CVCompactButton.h"
 #include "shared/widgets/CVFigureField.h"
+#include "shared/widgets/CVWrappingLayout.h"
 #include "workspace/CVPrintButton.h"
 #include "workspace/CVRangeControls.h"
 #include "workspace/CVSearchField.h"
@@ -28,7 +30,7 @@ CVTransactionsTab::CVTransactionsTab(const CVTransactionList& list, QWidget* par
                                          {QLatin1StringView("mTransactionEndDate"), tr("End")}, this))
     , mSearchField(new CVSearchField(this))
     , mTransactionTable(new CVTransactionTableView(list, this))
-    , mRemoveTransactionButton(new QPushButton(tr("Re&move"), this)) {
+    , mRemoveTransactionButton(new CVCompactButton(tr("Re&move"), this)) {
     mSearchField->setObjectName(QStringLiteral("mSearchField103"));
     mSearchField->setAccessibleName(tr("Search"));
     mTransactionTable->setObjectName(QStringLiteral("mTransactionTable"));
@@ -82,30 +84,34 @@ void CVTransactionsTab::updateFormatters() {
     mTransactionTable->updateFormatters();
 }
 
-QHBoxLayout* CVTransactionsTab::makeHeader() {
-    auto* const header = new QHBoxLayout;
+CVWrappingLayout* CVTransactionsTab::makeHeader() {
+    auto* const header = new CVWrappingLayout;
     header->addWidget(mRangeControls);
-    header->addStretch();
     header->addWidget(mSearchField);
     return header;
 }
 
-QHBoxLayout* CVTransactionsTab::makeFooter() {
-    auto* const footer = new QHBoxLayout;
-    footer->addWidget(mRemoveTransactionButton);
+CVWrappingLayout* CVTransactionsTab::makeFooter() {
+    auto* const buttons = new QHBoxLayout;
+    buttons->addWidget(mRemoveTransactionButton);
     auto* const print = CVMakePrintButton(tr("Print the listed transactions"), *this);
     connect(print, &QPushButton::clicked, this, &CVTransactionsTab::printRequested);
-    footer->addWidget(print);
-    footer->addStretch();
-    mNumberOfTransactionsField1 = CVFigureField::addTo(*footer, "mNumberOfTransactionsField1", tr("Transactions:"),
+    buttons->addWidget(print);
+    buttons->addSpacing(fontMetrics().height());
+    auto* const counts = new QHBoxLayout;
+    mNumberOfTransactionsField1 = CVFigureField::addTo(*counts, "mNumberOfTransactionsField1", tr("Transactions:"),
                                                        tr("Transactions Shown"), this);
     mTotalNumberOfTransactionsField1 =
-        CVFigureField::addTo(*footer, "mTotalNumberOfTransactionsField1", tr("of"), tr("Transactions Total"), this);
-    footer->addSpacing(fontMetrics().height());
+        CVFigureField::addTo(*counts, "mTotalNumberOfTransactionsField1", tr("of"), tr("Transactions Total"), this);
+    auto* const sums = new QHBoxLayout;
+    sums->addSpacing(fontMetrics().height());
     mTotalAmountShownField =
-        CVFigureField::addTo(*footer, "mTotalAmountShownField", tr("Shown:"), tr("Amount Shown"), this);
-    footer->addSpacing(fontMetrics().height());
-    mTotalAmountField = CVFigureField::addTo(*footer, "mTotalAmountField", tr("Total:"), tr("Amount Total"), this);
+        CVFigureField::addTo(*sums, "mTotalAmountShownField", tr("Shown:"), tr("Amount Shown"), this);
+    sums->addSpacing(fontMetrics().height());
+    mTotalAmountField = CVFigureField::addTo(*sums, "mTotalAmountField", tr("Total:"), tr("Amount Total"), this);
+    auto* const footer = new CVWrappingLayout;
+    for (QHBoxLayout* const part : {buttons, counts, sums})
+        footer->addPart(part);
     return footer;
 }
 

@@ -10,7 +10,7 @@ class CVSearchField;
 class CVTransaction;
 class CVTransactionList;
 class CVTransactionTableView;
-class QHBoxLayout;
+class CVWrappingLayout;
 class QPushButton;
 
 /// The list of transactions with its range, its search, its counts and sums, and the button that removes what is
@@ -40,8 +40,8 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    [[nodiscard]] QHBoxLayout* makeHeader();
-    [[nodiscard]] QHBoxLayout* makeFooter();
+    [[nodiscard]] CVWrappingLayout* makeHeader();
+    [[nodiscard]] CVWrappingLayout* makeFooter();
     void updateRemoveButton();
 
     const CVTransactionList& mList;

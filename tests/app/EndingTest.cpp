@@ -114,11 +114,11 @@ TEST_F(Ending, WithoutAskingSaysWithItsStatusThatTheLastSaveFailed) {
 }
 
 TEST_F(Ending, WithoutAskingRemembersTheFrame) {
-    window().resize(1111, 555);
+    window().resize(711, 555);
     EXPECT_EQ(end(), 0);
     mDelegate.reset();
     start();
-    EXPECT_EQ(window().size(), QSize(1111, 555));
+    EXPECT_EQ(window().size(), QSize(711, 555));
 }
 
 TEST_F(Ending, OfTheSessionSavesAndLeavesTheProgramRunning) {
