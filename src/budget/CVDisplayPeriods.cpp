@@ -154,7 +154,7 @@ QString CVDisplayPeriods::displayRangeText() const {
 CVDisplayPeriods::Header CVDisplayPeriods::dayHeader(int n) const {
     const int weekday = weekdayModulo(mStartDayOfWeek + n - 1);
     // The locale numbers its days from 1 = Monday to 7 = Sunday.
-    const QString name = QBLocaleInForce().standaloneDayName(weekday == 0 ? kDaysPerWeek : weekday);
+    const QString name = QBDateLocaleInForce().standaloneDayName(weekday == 0 ? kDaysPerWeek : weekday);
     return {name, weekday == mToday.dayOfWeek() && displayRange().contains(mToday)};
 }
 
@@ -167,7 +167,7 @@ CVDisplayPeriods::Header CVDisplayPeriods::weeksHeader(int n) const {
 CVDisplayPeriods::Header CVDisplayPeriods::monthHeader(int n) const {
     const QBDate start = computeColumnStartDateForColumn(n);
     const CVDayRange range = displayRange();
-    const QString name = QBLocaleInForce().standaloneMonthName(start.monthOfYear());
+    const QString name = QBDateLocaleInForce().standaloneMonthName(start.monthOfYear());
     const bool yearIsShown = mToday.yearOfCommonEra() >= range.start.yearOfCommonEra() &&
                              mToday.yearOfCommonEra() <= range.end.yearOfCommonEra();
     return {tr("%1 %2").arg(name, QString::number(start.yearOfCommonEra())),

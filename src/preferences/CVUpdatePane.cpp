@@ -116,7 +116,7 @@ void CVUpdatePane::checkedForUpdates() {
         return;
     }
     const QString shown = tr("%1 %2").arg(QBDateFormatter().string(QBDate::dateWithNSDate(time)),
-                                          QBLocaleInForce().toString(time.time(), QLocale::ShortFormat));
+                                          QBDateLocaleInForce().toString(time.time(), QLocale::ShortFormat));
     mUpdateStatus->setText(_cv_formatForUpdateStatus.arg(shown));
     mUpdateStatus->setCursorPosition(0);
 }

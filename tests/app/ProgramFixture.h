@@ -39,6 +39,7 @@ protected:
         environment.insert("CORVELLA", CORVELLA_PROGRAM);
         for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR"})
             environment.remove(name);
+        environment.insert(mEnvironment);
         program.setProcessEnvironment(environment);
         program.start(executable, arguments);
         EXPECT_TRUE(program.waitForFinished(60'000));
@@ -69,5 +70,7 @@ protected:
         return names;
     }
 
+    /// Of the program, instead of what it has otherwise; what is empty counts as absent.
+    QProcessEnvironment mEnvironment;
     QTemporaryDir mHome{QDir::tempPath() + "/a home XXXXXX"};
 };

@@ -36,6 +36,30 @@ protected:
     QString mFile = write("budget.corvella", kReportedBudget);
 };
 
+TEST_F(ReportProgram, WritesDatesInTheLocaleOfDates) {
+    struct Row {
+        const char* language;
+        const char* dates;
+        const char* all;
+        const char* line;
+    };
+    for (const auto& [language, dates, all, line] :
+         {Row{"de_DE.UTF-8", "", "", "Transaction Report for: 08.03.14  Total=€1.288,60"},
+          Row{"de_DE.UTF-8", "C", "", "Transaction Report for: 3/8/14  Total=€1.288,60"},
+          Row{"de_DE.UTF-8", "POSIX", "", "Transaction Report for: 3/8/14  Total=€1.288,60"},
+          Row{"de_DE.UTF-8", "C.UTF-8", "", "Transaction Report for: 3/8/14  Total=€1.288,60"},
+          Row{"ar_EG.UTF-8", "C", "", "Transaction Report for: 3/8/14  "},
+          Row{"C.UTF-8", "en_GB.UTF-8", "", "Transaction Report for: 08/03/2014  Total=$1,288.60"},
+          Row{"de_DE.UTF-8", "en_GB.UTF-8", "C.UTF-8", "Transaction Report for: 3/8/14  Total=$1,288.60"}}) {
+        mEnvironment.insert("LANG", language);
+        mEnvironment.insert("LC_TIME", dates);
+        mEnvironment.insert("LC_ALL", all);
+        const QString output = report("transactions").output;
+        EXPECT_TRUE(output.startsWith(QString::fromUtf8(line))) << language << ' ' << dates << '\n'
+                                                                << qPrintable(output);
+    }
+}
+
 TEST_F(ReportProgram, WritesEachReportAsText) {
     struct Row {
         const char* kind;

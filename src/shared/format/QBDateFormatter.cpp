@@ -6,6 +6,8 @@
 namespace {
 
 constexpr int kDigitsOfFullYear = 4;
+/// And of a month.
+constexpr int kDigitsOfDay = 2;
 constexpr int kYearsAhead = 20;
 constexpr int kYearsPerCentury = 100;
 /// What people type between the numbers of a date, besides what their locale writes there.
@@ -94,7 +96,8 @@ std::optional<QBDate> QBDateFormatter::parse(QStringView text) const {
         }
         inNumber = digit >= 0;
     }
-    if (numbers.isEmpty() || numbers.size() > 3)
+    const auto isSlip = [](const Number& number) { return number.digits == kDigitsOfFullYear - 1; };
+    if (numbers.isEmpty() || numbers.size() > 3 || std::any_of(numbers.cbegin(), numbers.cend(), isSlip))
         return std::nullopt;
 
     const QBDate today = QBDate::date();
@@ -130,7 +133,7 @@ QList<QBDateFormatter::Piece> QBDateFormatter::pieces(const QString& format) {
         if (character == '\'')
             quoted = !quoted;
         else if (isField && character == previous)
-            ++pieces.last().width;
+            widen(pieces.last());
         else if (isField)
             pieces.append({character == 'd' ? Field::Day : character == 'M' ? Field::Month : Field::Year, 1, {}});
         else if (!pieces.isEmpty())
@@ -138,6 +141,12 @@ QList<QBDateFormatter::Piece> QBDateFormatter::pieces(const QString& format) {
         previous = isField ? character : QChar();
     }
     return pieces;
+}
+
+/// A month or a day that the format has in letters is written as its number.
+void QBDateFormatter::widen(Piece& piece) {
+    if (piece.field == Field::Year || piece.width < kDigitsOfDay)
+        ++piece.width;
 }
 
 void QBDateFormatter::appendYear(QString& text, qint64 year, int width) const {
@@ -148,7 +157,7 @@ void QBDateFormatter::appendYear(QString& text, qint64 year, int width) const {
         mDigits.append(text, year, kDigitsOfFullYear);
 }
 
-/// What the numbers of a typed date mean. A first number of three or more digits can only be a year.
+/// What the numbers of a typed date mean. A first number of four digits can only be a year.
 QList<QBDateFormatter::Field> QBDateFormatter::fields(qsizetype count, int digitsOfFirst) const {
     if (count == 1)
         return {Field::Day};

@@ -13,12 +13,12 @@
 class QBDateFormatter final {
 public:
     /// In the locale's short format.
-    explicit QBDateFormatter(const QLocale& locale = QBLocaleInForce());
+    explicit QBDateFormatter(const QLocale& locale = QBDateLocaleInForce());
     /// In a format such as `shortDateFormat` gives, or a part of one.
-    explicit QBDateFormatter(const QString& format, const QLocale& locale = QBLocaleInForce());
+    explicit QBDateFormatter(const QString& format, const QLocale& locale = QBDateLocaleInForce());
 
     /// The short format: runs of d, M and y, which stand for day, month and year, and the text between them.
-    [[nodiscard]] static QString shortDateFormat(const QLocale& locale = QBLocaleInForce());
+    [[nodiscard]] static QString shortDateFormat(const QLocale& locale = QBDateLocaleInForce());
 
     /// A year that two digits would not bring back is written out, also where the locale writes two digits.
     [[nodiscard]] QString string(const QBDate& date) const;
@@ -26,8 +26,9 @@ public:
     void append(QString& text, const QBDate& date) const;
 
     /// The day that `text` names: day, day and month, or day, month and year in the locale's order (or the year first,
-    /// when it has three or four digits), with any usual separators. A missing month or year is the present one; two
-    /// digits name a year from 79 back to 20 ahead. Absent for anything else and for a day that does not exist.
+    /// when it has four digits), with any usual separators. A missing month or year is the present one; two digits name
+    /// a year from 79 back to 20 ahead. Absent for anything else, for a year of three digits, which is a slip, and for
+    /// a day that does not exist.
     [[nodiscard]] std::optional<QBDate> parse(QStringView text) const;
 
     /// How many characters of `text` can be in no date at all: neither digits nor separators.
@@ -47,6 +48,7 @@ private:
     };
 
     [[nodiscard]] static QList<Piece> pieces(const QString& format);
+    static void widen(Piece& piece);
     void appendYear(QString& text, qint64 year, int width) const;
     [[nodiscard]] QList<Field> fields(qsizetype count, int digitsOfFirst) const;
     [[nodiscard]] bool isSeparator(char32_t character) const;

@@ -55,8 +55,8 @@ void CVDateField::showCalendar() {
     auto* const calendar = new QCalendarWidget(popup);
     calendar->setAccessibleName(tr("Calendar"));
     calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-    calendar->setLocale(QBLocaleInForce());
-    calendar->setFirstDayOfWeek(QBLocaleInForce().firstDayOfWeek());
+    calendar->setLocale(QBDateLocaleInForce());
+    calendar->setFirstDayOfWeek(QBDateLocaleInForce().firstDayOfWeek());
     // Weekends in the palette's colour: red means something else in this program, and is hard to read on dark.
     for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
         calendar->setWeekdayTextFormat(day, QTextCharFormat());
