@@ -59,7 +59,7 @@ CVTransactionSetController::~CVTransactionSetController() {
 void CVTransactionSetController::addTransactionSet() {
     mTransactionSetTable->commitEdit();
     const auto set = makeSet(mDocument, tr("New Transaction Set"));
-    set->setUniqueID(mDocument.getUniqueID());
+    set->setUniqueID(mDocument.getUniqueTransactionSetID());
     auto& sets = mDocument.transactionSets();
     sets.push_back(set);
     // What is recorded belongs to the only set that there is; the main window is to list it.

@@ -11,7 +11,6 @@
 #include "shared/base/QBXMLText.h"
 
 #include <algorithm>
-#include <unordered_set>
 
 namespace {
 
@@ -34,6 +33,14 @@ void release(Records& records) {
 template <typename Records>
 auto findID(const Records& records, quint32 id) {
     return std::find_if(records.begin(), records.end(), [id](const auto& record) { return record->uniqueID() == id; });
+}
+
+template <typename Records>
+std::unordered_set<quint32> idsOf(const Records& records) {
+    std::unordered_set<quint32> ids;
+    for (const auto& record : records)
+        ids.insert(record->uniqueID());
+    return ids;
 }
 
 } // namespace
@@ -68,6 +75,28 @@ std::shared_ptr<CVTransactionSet> CVDocument::findTransactionSetFromID(quint32 i
     return found == mTransactionSets.end() ? mTransactionSets.back() : *found;
 }
 
+quint32 CVDocument::getUniqueCategoryID() {
+    auto taken = idsOf(mCategories);
+    for (const auto& transaction : mTransactions)
+        taken.insert(transaction->categoryID());
+    return getUniqueIDBesides(taken);
+}
+
+quint32 CVDocument::getUniqueTransactionSetID() {
+    auto taken = idsOf(mTransactionSets);
+    for (const auto& transaction : mTransactions)
+        taken.insert(transaction->transactionSetID());
+    return getUniqueIDBesides(taken);
+}
+
+/// 0 is the ID of what belongs to none.
+quint32 CVDocument::getUniqueIDBesides(const std::unordered_set<quint32>& taken) {
+    quint32 id = getUniqueID();
+    while (id == 0 || taken.contains(id))
+        id = getUniqueID();
+    return id;
+}
+
 void CVDocument::addDefaults() {
     mUserDefaults.setInteger(CVDefaultsKeys::kNumberOfItems, kInitialNumberOfItems);
     setInitialCategories();
@@ -98,10 +127,11 @@ void CVDocument::removeAllCategories() {
 
 void CVDocument::setInitialCategories() {
     const QBDate today = QBDate::date();
+    const auto taken = idsOf(mCategories);
     for (const QString& name : CVCategory::standardCategoryNames().value_or(QStringList())) {
         const auto category = std::make_shared<CVCategory>(today);
         category->setCategoryName(name);
-        category->setUniqueID(getUniqueID());
+        category->setUniqueID(getUniqueIDBesides(taken));
         category->setDocument(this);
         mCategories.push_back(category);
     }
@@ -114,7 +144,7 @@ std::shared_ptr<CVCategory> CVDocument::insertCategoryName(const QString& name) 
         return existing;
     auto category = std::make_shared<CVCategory>();
     category->setCategoryName(storable);
-    category->setUniqueID(getUniqueID());
+    category->setUniqueID(getUniqueCategoryID());
     category->setDocument(this);
     addCategory(category);
     sortCategories();

@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <unordered_set>
 #include <vector>
 
 class CVCategory;
@@ -88,7 +89,8 @@ public:
     [[nodiscard]] const std::shared_ptr<CVCategory>& objectInCategoriesAtIndex(std::size_t index) const;
     [[nodiscard]] const Categories& categories() const { return mCategories; }
     void removeAllCategories();
-    /// Adds the standard categories, with new IDs and without announcements.
+    /// Adds the standard categories, with IDs that no category has and without announcements. A transaction that names
+    /// such an ID belongs to its category from then on.
     void setInitialCategories();
     /// The category of exactly that name: the one there is, or a new one, filed in order and announced (twice: once as
     /// added, once as inserted).
@@ -105,8 +107,12 @@ public:
     /// Whether a transaction of the current set has this category.
     [[nodiscard]] bool categoryInUse(const CVCategory& category) const;
 
-    /// Issues the next ID for a category or a set.
+    /// Issues the next ID, whoever may have it already.
     [[nodiscard]] quint32 getUniqueID() { return ++_uniqueID; }
+    /// Issues one for a new category or set. Where the counter is behind the records (a reset keeps the sets, a file
+    /// may say anything), those that one of them has or a transaction names are passed over, and so is 0.
+    [[nodiscard]] quint32 getUniqueCategoryID();
+    [[nodiscard]] quint32 getUniqueTransactionSetID();
     /// The last ID issued, 0 on a fresh document.
     [[nodiscard]] quint32 uniqueID() const { return _uniqueID; }
     void setUniqueID(quint32 id) { _uniqueID = id; }
@@ -134,6 +140,7 @@ public:
 private:
     void removeInAnyOrder(std::span<const std::shared_ptr<CVTransaction>> transactions);
     void widenBounds(const QBDate& date);
+    [[nodiscard]] quint32 getUniqueIDBesides(const std::unordered_set<quint32>& taken);
     void announceTransactions() const;
     void announceCategories() const;
 

@@ -8,6 +8,8 @@
 
 #include <gmock/gmock.h>
 
+#include <limits>
+#include <set>
 #include <vector>
 
 namespace {
@@ -60,6 +62,51 @@ TEST(CVDocument, IssuesIDsFromOneOnForCategoriesAndSetsAlike) {
     document.setUniqueID(40);
     EXPECT_EQ(document.uniqueID(), 40U);
     EXPECT_EQ(document.getUniqueID(), 41U);
+}
+
+TEST(CVDocument, IssuesNoIDThatARecordOfTheKindHasOrATransactionNames) {
+    BudgetBuilder budget;
+    budget.set("Checking", 2).set("Savings", 4).category("Food", 1).category("Rent", 3);
+    budget.transaction({.categoryID = 6, .setID = 5});
+    CVDocument& document = budget.document();
+    EXPECT_EQ(document.getUniqueTransactionSetID(), 1U);
+    EXPECT_EQ(document.getUniqueTransactionSetID(), 3U);
+    EXPECT_EQ(document.getUniqueTransactionSetID(), 6U) << "5 is named by a transaction";
+    document.setUniqueID(0);
+    EXPECT_EQ(document.getUniqueCategoryID(), 2U);
+    EXPECT_EQ(document.insertCategoryName("Fuel")->uniqueID(), 4U);
+    EXPECT_EQ(document.insertCategoryName("Fun")->uniqueID(), 5U);
+    EXPECT_EQ(document.insertCategoryName("Gifts")->uniqueID(), 7U) << "6 is named by a transaction";
+}
+
+TEST(CVDocument, IssuesNoIDOfZeroWhenTheCounterBeginsAnew) {
+    BudgetBuilder budget;
+    budget.set("Checking", 1).lastID(std::numeric_limits<quint32>::max());
+    EXPECT_EQ(budget.document().getUniqueTransactionSetID(), 2U);
+    budget.lastID(std::numeric_limits<quint32>::max());
+    EXPECT_EQ(budget.document().getUniqueCategoryID(), 1U);
+}
+
+TEST(CVDocument, AResetBeginsWithOneAgainAndLaterSetsPassOverThoseThatStayed) {
+    BudgetBuilder budget;
+    CVDocument& document = budget.document();
+    document.addDefaults();
+    const quint32 last = document.uniqueID();
+    budget.set("Checking", last + 1).set("Savings", last + 2).lastID(last + 2);
+    document.reset_to_default_info();
+    EXPECT_EQ(document.uniqueID(), last);
+    EXPECT_EQ(document.getUniqueTransactionSetID(), last + 3);
+    EXPECT_EQ(document.insertCategoryName("Mine")->uniqueID(), last + 4);
+}
+
+TEST(CVDocument, TheStandardCategoriesPassOverTheIDsThatCategoriesHave) {
+    BudgetBuilder budget;
+    budget.category("Zoo", 2);
+    budget.document().addDefaults();
+    std::set<quint32> ids;
+    for (const auto& category : budget.document().categories())
+        EXPECT_TRUE(ids.insert(category->uniqueID()).second) << category->categoryName().toStdString();
+    EXPECT_EQ(budget.document().getCategoryByUniqueID(2)->categoryName(), "Zoo");
 }
 
 TEST(CVDocument, SavesThroughItsSaver) {

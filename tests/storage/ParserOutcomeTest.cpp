@@ -34,6 +34,15 @@ TEST(ParserOutcome, ofMalformedXmlKeepsTheSetsThatWereRead) {
     EXPECT_EQ(budget.document().currentTransactionSet(), 27U);
 }
 
+TEST(ParserOutcome, ofMalformedXmlLeavesNoIDOfItsSetsToOthers) {
+    ParsedBudget budget(inRoot("<MiscInfo id=\"40\" /><TransactionSet id=\"29\">a</TransactionSet>"
+                               "<TransactionSet id=\"30\">b</TransactionSet><Category></Categories>"));
+    ASSERT_FALSE(budget.read());
+    ASSERT_TRUE(budget.holdsDefaults());
+    budget.document().setUniqueID(28);
+    EXPECT_EQ(budget.document().getUniqueTransactionSetID(), 31U);
+}
+
 TEST(ParserOutcome, ofMalformedXmlIsLoggedWithItsNumber) {
     const ParsedBudget budget(kMalformed);
     ASSERT_EQ(budget.log().size(), 2);

@@ -49,7 +49,7 @@ Family::Family(CVDocument& document, const QBDate& today)
 quint32 Family::addSet(const char* name) {
     const auto set = std::make_shared<CVTransactionSet>();
     set->setTransactionSetName(QLatin1String(name));
-    set->setUniqueID(mDocument.getUniqueID());
+    set->setUniqueID(mDocument.getUniqueTransactionSetID());
     set->setDocument(&mDocument);
     mDocument.transactionSets().push_back(set);
     return set->uniqueID();

@@ -36,7 +36,7 @@ void addSets(CVDocument& document, std::size_t count) {
         const auto set = std::make_shared<CVTransactionSet>();
         set->setTransactionSetName(i < kSetNames.size() ? QLatin1String(kSetNames[i])
                                                         : QStringLiteral("Account %1").arg(i + 1));
-        set->setUniqueID(document.getUniqueID());
+        set->setUniqueID(document.getUniqueTransactionSetID());
         set->setDocument(&document);
         document.transactionSets().push_back(set);
     }
