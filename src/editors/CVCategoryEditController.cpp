@@ -90,8 +90,8 @@ void CVCategoryEditController::addControls(CVHelpOpener* help) {
 /// Any name is taken, also none and one that another category has.
 void CVCategoryEditController::renameCategory(int row, const QString& text) {
     const auto category = mModel->category(row);
-    const QString name = xml_storableText(text);
-    if (name == category->categoryName())
+    const QString name = xml_storableLine(text);
+    if (text == category->categoryName() || name == category->categoryName())
         return;
     category->setCategoryName(name);
     mDocument.sortCategories();

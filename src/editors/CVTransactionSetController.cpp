@@ -115,8 +115,8 @@ void CVTransactionSetController::addControls(CVHelpOpener* help) {
 
 void CVTransactionSetController::renameSet(int row, const QString& text) {
     const auto set = mModel->set(row);
-    const QString name = xml_storableText(text);
-    if (name == set->transactionSetName())
+    const QString name = xml_storableLine(text);
+    if (text == set->transactionSetName() || name == set->transactionSetName())
         return;
     set->setTransactionSetName(name);
     mHasUnsavedName = true;

@@ -94,9 +94,9 @@ CVEntry CVEntryStrip::entry() const {
     // As they will be recorded: what is empty then must count as empty now.
     return {mExpenseDate->QBDateValue(),
             mExpenseAmountField->doubleValue(),
-            xml_storableText(mExpenseToFromComboBox->currentText()),
-            xml_storableText(mForField->text()),
-            xml_storableText(mExpenseCategoryComboBox->currentText()),
+            mExpenseToFromComboBox->enteredText(),
+            xml_storableLine(mForField->text()),
+            mExpenseCategoryComboBox->enteredText(),
             mTaxCheckbox->isChecked()};
 }
 

@@ -126,8 +126,10 @@ void CVTransactionCellDelegate::setModelData(QWidget* editor, QAbstractItemModel
         value = amount->doubleValue();
     } else {
         const auto* const box = qobject_cast<CVCompletingComboBox*>(editor);
-        const QString text = xml_storableText(box ? box->currentText() : editor->property("text").toString());
-        isSame = text == before.toString();
+        const QString typed = box ? box->currentText() : editor->property("text").toString();
+        const QString text = box ? box->enteredText() : xml_storableLine(typed);
+        // A text of several lines, from elsewhere, stays as it is where it is only looked at.
+        isSame = typed == before.toString() || text == before.toString();
         value = text;
     }
     if (!isSame)

@@ -218,6 +218,12 @@ TEST_F(CVCategoryEditControllerTest, WhatTheFileCannotCarryIsLeftOutOfAName) {
     EXPECT_EQ(mBudget.categoryNamed("AB")->uniqueID(), 3U);
 }
 
+TEST_F(CVCategoryEditControllerTest, ALineBreakInANameIsABlank) {
+    open();
+    rename(2, "Rent\nand Power\r\n");
+    EXPECT_EQ(mBudget.categoryNamed("Rent and Power")->uniqueID(), 3U);
+}
+
 TEST_F(CVCategoryEditControllerTest, AddingLetsTheUserTypeTheNameAtOnce) {
     open();
     clickButton("Add");

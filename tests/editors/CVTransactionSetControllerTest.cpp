@@ -203,6 +203,25 @@ TEST_F(CVTransactionSetControllerTest, AddingSavesAndAnnouncesTheSetAndLetsTheUs
     EXPECT_EQ(table().selectedRows(), std::vector{3});
 }
 
+TEST_F(CVTransactionSetControllerTest, ASetThatIsAddedAfterAResetHasAnIDOfItsOwn) {
+    document().addDefaults();
+    const quint32 last = document().uniqueID();
+    mBudget.set("Checking", last + 1).set("Savings", last + 2).currentSet(last + 1).lastID(last + 2);
+    document().reset_to_default_info();
+    open();
+    clickButton("Add");
+    EXPECT_EQ(document().transactionSets().back()->uniqueID(), last + 3);
+    EXPECT_EQ(document().findTransactionSetFromID(last + 1)->transactionSetName(), "Checking");
+    EXPECT_EQ(document().findTransactionSetFromID(last + 3)->transactionSetName(), "New Transaction Set");
+}
+
+TEST_F(CVTransactionSetControllerTest, ALineBreakInANameIsABlank) {
+    threeSets();
+    open();
+    rename(1, "Rainy\nDays\n");
+    EXPECT_EQ(document().transactionSets()[1]->transactionSetName(), "Rainy Days");
+}
+
 TEST_F(CVTransactionSetControllerTest, AddingFirstTakesWhatIsBeingTyped) {
     threeSets();
     auto& controller = open();

@@ -3,6 +3,8 @@
 #include "workspace/EntryStripFixture.h"
 
 #include <QCheckBox>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLabel>
 
 namespace {
@@ -46,6 +48,24 @@ TEST_F(CVEntryStripTest, TabAndReturnAcceptTheCompletionShown) {
         EXPECT_EQ(mStrip->entry().category, "Groceries");
         mStrip->clearFields();
     }
+}
+
+TEST_F(CVEntryStripTest, ALineBreakInAPastedTextIsABlank) {
+    QGuiApplication::clipboard()->setText("Corner\nMarket\n");
+    for (const char* const field : {"mExpenseToFromComboBox", "mForField", "mExpenseCategoryComboBox"}) {
+        find<QWidget>(field)->setFocus();
+        press(Qt::Key_V, Qt::ControlModifier);
+    }
+    EXPECT_EQ(mStrip->entry().payTo, "Corner Market");
+    EXPECT_EQ(mStrip->entry().xfor, "Corner Market");
+    EXPECT_EQ(mStrip->entry().category, "Corner Market");
+}
+
+TEST_F(CVEntryStripTest, AnOfferedNameOfTwoLinesIsTakenAsItIs) {
+    mStrip->setCategoryItems({"Two\nLines"});
+    find<QWidget>("mExpenseCategoryComboBox")->setFocus();
+    press(Qt::Key_Down);
+    EXPECT_EQ(mStrip->entry().category, "Two\nLines");
 }
 
 TEST_F(CVEntryStripTest, TheDateIsTypedInShortAndStepped) {

@@ -1,6 +1,8 @@
 #include "shared/widgets/CVMoneyField.h"
 #include "workspace/MainWindowFixture.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QPushButton>
 
 namespace {
@@ -71,6 +73,32 @@ TEST_F(MainWindowEditTest, ATextIsAsLongInItsCellAsItWasRecorded) {
     EXPECT_EQ(mMarket->payTo(), text);
     EXPECT_EQ(mMarket->xfor(), text);
     EXPECT_EQ(mMarket->categoryName(), text);
+}
+
+TEST_F(MainWindowEditTest, ALineBreakInAPastedTextIsABlank) {
+    QGuiApplication::clipboard()->setText("Corner\nMarket\n");
+    for (const Column column : {Column::ToFrom, Column::For, Column::Category}) {
+        edit(0, column, {});
+        press(Qt::Key_V, Qt::ControlModifier);
+        commit();
+    }
+    EXPECT_EQ(mMarket->payTo(), "Corner Market");
+    EXPECT_EQ(mMarket->xfor(), "Corner Market");
+    EXPECT_EQ(mMarket->categoryName(), "Corner Market");
+}
+
+TEST_F(MainWindowEditTest, ATextOfTwoLinesThatIsOnlyLookedAtStaysAsItIs) {
+    mMarket->setPayTo("Corner\nMarket");
+    mMarket->setFor("two\nlines");
+    for (const Column column : {Column::ToFrom, Column::For}) {
+        table().setFocus();
+        table().setCurrentIndex(table().model()->index(0, column));
+        press(Qt::Key_F2);
+        commit();
+    }
+    EXPECT_EQ(mMarket->payTo(), "Corner\nMarket");
+    EXPECT_EQ(mMarket->xfor(), "two\nlines");
+    EXPECT_EQ(mSaver.count(), 0);
 }
 
 TEST_F(MainWindowEditTest, AnAmountIsCalculatedAndTheSumsFollow) {

@@ -87,6 +87,10 @@ std::optional<char32_t> referencedCharacter(QStringView name) {
     return valid && storable ? std::optional<char32_t>(code) : std::nullopt;
 }
 
+bool isLineBreak(QChar c) {
+    return c == u'\n' || c == QChar(0x85) || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+}
+
 } // namespace
 
 qsizetype xml_encodedBound(QStringView text) {
@@ -159,4 +163,20 @@ QString xml_storableText(const QString& text) {
         }
     }
     return clean;
+}
+
+QString xml_storableLine(const QString& text) {
+    const QString storable = xml_storableText(text);
+    if (std::none_of(storable.begin(), storable.end(), isLineBreak))
+        return storable;
+    QString line(QLatin1String(""));
+    for (qsizetype start = 0; start < storable.size();) {
+        const auto* const end = std::find_if(storable.begin() + start, storable.end(), isLineBreak);
+        const QString part = storable.sliced(start, end - storable.begin() - start).trimmed();
+        if (!line.isEmpty() && !part.isEmpty())
+            line += u' ';
+        line += part;
+        start = end - storable.begin() + 1;
+    }
+    return line;
 }

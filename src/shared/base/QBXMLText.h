@@ -22,3 +22,7 @@ void xml_appendStringEncodedForXML(QByteArray& target, QStringView text);
 /// The text as it will come back from the file: without the characters that XML cannot carry (controls other than tab
 /// and line feed, U+FFFE, U+FFFF, lone surrogates), carriage returns as line feeds. Null stays null.
 [[nodiscard]] QString xml_storableText(const QString& text);
+
+/// The same in one line, as a name is typed: each line break, with the white space around it, is one blank, and none at
+/// the ends. A text without line breaks is only made storable.
+[[nodiscard]] QString xml_storableLine(const QString& text);

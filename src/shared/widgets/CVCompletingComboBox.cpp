@@ -1,5 +1,6 @@
 #include "shared/widgets/CVCompletingComboBox.h"
 
+#include "shared/base/QBXMLText.h"
 #include "shared/widgets/CVCompletingLineEdit.h"
 
 #include <QFocusEvent>
@@ -31,6 +32,11 @@ void CVCompletingComboBox::setItems(const QStringList& items) {
     addItems(items);
     setCurrentIndex(-1);
     setEditText(text);
+}
+
+QString CVCompletingComboBox::enteredText() const {
+    const QString text = xml_storableText(currentText());
+    return mItems.contains(text) ? text : xml_storableLine(text);
 }
 
 void CVCompletingComboBox::focusInEvent(QFocusEvent* event) {

@@ -14,6 +14,8 @@ public:
 
     void setItems(const QStringList& items);
     [[nodiscard]] const QStringList& items() const { return mItems; }
+    /// What was entered, as it is to be recorded: an item as it is, any other text in one line.
+    [[nodiscard]] QString enteredText() const;
 
 protected:
     void focusInEvent(QFocusEvent* event) override;

@@ -185,6 +185,33 @@ TEST(XMLStorableText, DropsWhatXMLCannotCarry) {
     }
 }
 
+constexpr StorableRow kStorableLines[]{
+    {u"", u""},
+    {u" two  words ", u" two  words "},
+    {u"tab\tstays", u"tab\tstays"},
+    {u"a\u0001b", u"ab"},
+    {u"two\nlines", u"two lines"},
+    {u"two\r\nlines", u"two lines"},
+    {u"two\rlines", u"two lines"},
+    {u"two\u2028lines\u2029and\u0085more", u"two lines and more"},
+    {u"two \n\n\t lines", u"two lines"},
+    {u"Food\n", u"Food"},
+    {u"\nFood", u"Food"},
+    {u" \n Food \n ", u"Food"},
+    {u"\n", u""},
+    {u"\n \n", u""},
+};
+
+TEST(XMLStorableLine, HasABlankForEachLineBreakBetweenWords) {
+    for (const StorableRow& row : kStorableLines) {
+        const QString line = xml_storableLine(utf16(row.text));
+        EXPECT_EQ(line, utf16(row.storable));
+        EXPECT_FALSE(line.isNull());
+        EXPECT_EQ(xml_storableLine(line), line);
+    }
+    EXPECT_TRUE(xml_storableLine(QString()).isNull());
+}
+
 TEST(XMLStorableText, KeepsNull) {
     EXPECT_TRUE(xml_storableText(QString()).isNull());
 }
