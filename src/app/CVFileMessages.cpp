@@ -26,11 +26,11 @@ QString withoutFolder(QString text, const QString& folder) {
 /// What has become of the file that could not be read.
 QString whereabouts(const CVSaveOutcome& outcome, const QString& folder) {
     if (!outcome.keptCopy.isEmpty())
-        return tr("Every byte of the old file is kept in \"%1\".").arg(withoutFolder(shown(outcome.keptCopy), folder));
+        return tr("Every byte of the old file is kept in “%1”.").arg(withoutFolder(shown(outcome.keptCopy), folder));
     if (!outcome.saved)
         return withoutFolder(outcome.message, folder) + u' ' + tr("The old file is untouched.");
     return tr("It is untouched; before Corvella saves for the first time, it keeps it beside the new file, with "
-              "\"(unreadable ...)\" in its name.");
+              "“(unreadable …)” in its name.");
 }
 
 /// What failed, and what that means for the file; `fullDisk` is said in place of what failed where that is all.
@@ -45,8 +45,8 @@ CVAlert unreadable(const CVLoadReport& report, const CVSaveOutcome& outcome) {
     const QFileInfo file(report.path);
     return {
         tr("Your budget could not be read"),
-        tr("Corvella has started with an empty budget, because \"%1\" could not be read: %2.\n\n%3\n\nThe folder is "
-           "\"%4\".")
+        tr("Corvella has started with an empty budget, because “%1” could not be read: %2.\n\n%3\n\nThe folder is "
+           "“%4”.")
             .arg(file.fileName(), report.reason, whereabouts(outcome, file.path()), shown(file.path())),
         tr("OK"),
         {},
@@ -56,7 +56,7 @@ CVAlert unreadable(const CVLoadReport& report, const CVSaveOutcome& outcome) {
 CVAlert keptCopy(const CVSaveOutcome& outcome) {
     return {tr("What stood in the place of your file was kept"),
             tr("Something that Corvella had not read, or not as a whole, stood where your budget is saved. It is kept "
-               "in \"%1\".")
+               "in “%1”.")
                 .arg(shown(outcome.keptCopy)),
             tr("OK"),
             {},

@@ -13,7 +13,7 @@ CVEntryPane::CVEntryPane(CVPreferenceStore& store, QWidget* parent)
     , mNumberOfItemsInPopup(new CVWholeNumberField(this)) {
     mNumberOfItemsInPopup->setObjectName(QStringLiteral("mNumberOfItemsInPopup"));
     mNumberOfItemsInPopup->setAccessibleName(tr("Items in Pop-up"));
-    form().addRow(tr("&Items in the \"Paid To/From\" list:"), mNumberOfItemsInPopup);
+    form().addRow(tr("&Items in the “Paid To/From” list:"), mNumberOfItemsInPopup);
     mClearFields = &addCheckBox(tr("Clear the &fields after recording"), tr("Clear Fields"), "mClearFields");
     connect(mNumberOfItemsInPopup, &CVWholeNumberField::entered, this, &CVEntryPane::setNumberOfItems);
     connect(mClearFields, &QCheckBox::clicked, this, &CVEntryPane::clearFields);

@@ -141,7 +141,7 @@ void CVPreferenceWindowController::load() {
 
 void CVPreferenceWindowController::showWhetherKept(bool isKept) {
     const bool isNews = !isKept && mRemark->isHidden();
-    mRemark->setText(tr("Your settings cannot be saved to \"%1\". What you change lasts until you quit Corvella.")
+    mRemark->setText(tr("Your settings cannot be saved to “%1”. What you change lasts until you quit Corvella.")
                          .arg(QDir::toNativeSeparators(mStore.defaults().fileName())));
     mRemark->setVisible(!isKept);
     if (isNews) {

@@ -137,7 +137,7 @@ std::optional<CVDocumentText> CVDocumentFile::dataOfType(const CVDocument& docum
 bool CVDocumentFile::workbookSave(CVDocument& document) {
     const auto path = CVStandardDataFileURL(CVLookForExisting::No, mFolders, mDefaults);
     if (!path) {
-        mSaves.fail(tr("The budget could not be saved: the folder for it could not be made in \"%1\".")
+        mSaves.fail(tr("The budget could not be saved: the folder for it could not be made in “%1”.")
                         .arg(mFolders.applicationSupport));
         return true;
     }

@@ -102,7 +102,7 @@ CVFileResult linkOrCopy(const QString& from, const QString& to) {
 
 CVKeptCopy refuse(const QString& file, const QString& reason) {
     return {{},
-            {QCoreApplication::translate("CVKeptCopy", "the unreadable file \"%1\" could not be kept beside it: %2")
+            {QCoreApplication::translate("CVKeptCopy", "the unreadable file “%1” could not be kept beside it: %2")
                  .arg(file, reason)}};
 }
 

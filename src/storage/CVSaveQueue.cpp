@@ -130,7 +130,7 @@ void CVSaveQueue::write(const Job& job, CVSaveOutcome& outcome) {
     outcome.diskIsFull = replacing.diskIsFull();
     if (!replacing.ok()) {
         outcome.message =
-            tr("The budget could not be saved to \"%1\": %2.").arg(QDir::toNativeSeparators(job.path), replacing.error);
+            tr("The budget could not be saved to “%1”: %2.").arg(QDir::toNativeSeparators(job.path), replacing.error);
     }
 }
 

@@ -146,8 +146,8 @@ TEST_F(CVDocumentFileTest, saysThatTheFolderCannotBeMade) {
     Launch launch(mHome);
     const CVSaveOutcome outcome = launch.save();
     EXPECT_FALSE(outcome.saved);
-    EXPECT_EQ(outcome.message, "The budget could not be saved: the folder for it could not be made in \"" +
-                                   mHome.folders().applicationSupport + "\".");
+    EXPECT_EQ(outcome.message, "The budget could not be saved: the folder for it could not be made in “" +
+                                   mHome.folders().applicationSupport + "”.");
 }
 
 TEST_F(CVDocumentFileTest, knowsTwoTypesOfDocument) {

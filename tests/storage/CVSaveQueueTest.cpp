@@ -163,7 +163,7 @@ TEST_F(CVSaveQueueTest, writesNothingOverWhatItCannotKeep) {
     EXPECT_FALSE(outcome.saved);
     EXPECT_EQ(outcome.keptCopy, QString());
     EXPECT_TRUE(outcome.message.startsWith(
-        QLatin1String("The budget could not be saved to \"/proc/self/comm\": the unreadable file")))
+        QStringLiteral("The budget could not be saved to “/proc/self/comm”: the unreadable file")))
         << outcome.message.toStdString();
     EXPECT_EQ(readFile(mPath), before);
 }
@@ -173,7 +173,7 @@ TEST_F(CVSaveQueueTest, saysWhatFailedAndWhere) {
     const CVSaveOutcome outcome = saveAndWait("text");
     EXPECT_FALSE(outcome.saved);
     EXPECT_EQ(outcome.path, mPath);
-    EXPECT_EQ(outcome.message, "The budget could not be saved to \"" + mPath + "\": No such file or directory.");
+    EXPECT_EQ(outcome.message, "The budget could not be saved to “" + mPath + "”: No such file or directory.");
     EXPECT_EQ(mQueue.waitForFinished().message, outcome.message);
 }
 
