@@ -2,8 +2,8 @@
 
 #include "shared/widgets/CVCellDelegate.h"
 
-/// Edits what can be changed in the reports: a frequency is chosen from a list, a target is typed as an amount. Return
-/// and Tab leave an amount that cannot be read in its field, with the reason; leaving it otherwise discards it.
+/// Edits what can be changed in the reports: a frequency is chosen from a list, a target is typed as an amount. An
+/// amount that cannot be read stays in its field, with the reason.
 class CVReportCellDelegate final : public CVCellDelegate {
     Q_OBJECT
 

@@ -1,9 +1,12 @@
+#include "shared/widgets/CVFieldNote.h"
 #include "shared/widgets/CVMoneyField.h"
 #include "workspace/MainWindowFixture.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QPushButton>
+
+#include <functional>
 
 namespace {
 
@@ -127,6 +130,56 @@ TEST_F(MainWindowEditTest, WhatCannotBeReadChangesNothing) {
     commit(Qt::Key_Escape);
     EXPECT_EQ(mMarket->effectiveDate(), day(2014, 3, 6));
     EXPECT_EQ(mSaver.count(), 0);
+}
+
+TEST_F(MainWindowEditTest, WhatCannotBeReadStaysWithItsReasonWhereverTheMouseGoes) {
+    struct {
+        Column column;
+        const char* typed;
+        const char* reason;
+    } const rows[] = {{Column::Amount, "12..5", "Type an amount like $1,234.50."},
+                      {Column::Date, "13/45", "Type a date like 3/7/14, with “/” between its parts."}};
+    for (const auto& row : rows) {
+        edit(0, row.column, row.typed);
+        auto* const field = qobject_cast<CVFormattedField*>(QApplication::focusWidget());
+        ASSERT_NE(field, nullptr);
+        const auto isBack = [field] { return field->hasFocus() && field->text() == field->selectedText(); };
+        const std::function<void()> goElsewhere[] = {
+            [this] { clickCell(1, Column::ToFrom); },
+            [this] { clickCell(0, Column::For); },
+            [this] { QTest::mouseClick(find<QWidget>("mSearchField103"), Qt::LeftButton); },
+            [this] { table().setFocus(); },
+        };
+        for (const auto& go : goElsewhere) {
+            field->deselect();
+            go();
+            EXPECT_TRUE(QTest::qWaitFor(isBack));
+            EXPECT_EQ(field->text(), row.typed);
+            EXPECT_EQ(table().currentIndex(), table().model()->index(0, row.column));
+            EXPECT_EQ(field->findChild<CVFieldNote*>()->text(), row.reason);
+            EXPECT_TRUE(field->findChild<CVFieldNote*>()->isVisible());
+        }
+        type("1");
+        EXPECT_FALSE(field->findChild<CVFieldNote*>()->text() == row.reason);
+        commit(Qt::Key_Escape);
+        EXPECT_TRUE(table().hasFocus());
+    }
+    EXPECT_EQ(mSaver.count(), 0);
+}
+
+TEST_F(MainWindowEditTest, AnEditorHasRoomForItsTextBesideItsButtons) {
+    for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        window().setLayoutDirection(direction);
+        for (const Column column : {Column::Date, Column::Amount}) {
+            edit(0, column, "12x");
+            commit();
+            const auto* const field = qobject_cast<CVFormattedField*>(QApplication::focusWidget());
+            ASSERT_NE(field, nullptr);
+            EXPECT_GE(field->width(), field->sizeHint().width());
+            EXPECT_TRUE(table().viewport()->rect().contains(field->geometry()));
+            commit(Qt::Key_Escape);
+        }
+    }
 }
 
 TEST_F(MainWindowEditTest, EscapeAndAnUnchangedTextSaveNothing) {

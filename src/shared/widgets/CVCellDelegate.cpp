@@ -2,12 +2,15 @@
 
 #include "shared/widgets/CVAnyLength.h"
 #include "shared/widgets/CVCellStyle.h"
+#include "shared/widgets/CVFormattedField.h"
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QTextDocument>
 #include <QToolTip>
+
+#include <algorithm>
 
 namespace {
 
@@ -62,6 +65,24 @@ QWidget* CVCellDelegate::createEditor(QWidget* parent, const QStyleOptionViewIte
     if (auto* const field = qobject_cast<QLineEdit*>(editor))
         CVTakeAnyLength(*field);
     return editor;
+}
+
+void CVCellDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                          const QModelIndex& index) const {
+    QStyledItemDelegate::updateEditorGeometry(editor, option, index);
+    if (!qobject_cast<CVFormattedField*>(editor))
+        return;
+    QRect place = editor->geometry();
+    const int missing = std::max(0, editor->sizeHint().width() - place.width());
+    if (option.direction == Qt::LeftToRight)
+        place.setRight(place.right() + missing);
+    else
+        place.setLeft(place.left() - missing);
+    // Where the table ends there it grows to the other side.
+    const QRect table = editor->parentWidget()->rect();
+    place.translate(std::min(0, table.right() - place.right()), 0);
+    place.translate(std::max(0, table.left() - place.left()), 0);
+    editor->setGeometry(place);
 }
 
 QSize CVCellDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {

@@ -35,6 +35,10 @@ void CVFormattedField::endEditing() {
     mWasTyped = false;
 }
 
+void CVFormattedField::tellUnreadable() {
+    showNote(expectation());
+}
+
 void CVFormattedField::localeChanged() {
     endEditing();
     readLocale();
@@ -96,6 +100,8 @@ void CVFormattedField::setReadable(bool readable) {
     const bool isNews = !readable && mReadable;
     mReadable = readable;
     mMark->setVisible(!readable);
+    // The toolkit moves the text aside for the mark, but paints only the mark.
+    update();
     showNote({});
     if (isNews) {
         QAccessibleEvent announcement(this, QAccessible::Alert);

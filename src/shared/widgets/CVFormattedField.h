@@ -19,6 +19,8 @@ public:
     void endEditing();
     /// Whether the text, as of the last reading, stands for the value.
     [[nodiscard]] bool isReadable() const { return mReadable; }
+    /// Shows below the field what is expected, until the user types on or leaves it.
+    void tellUnreadable();
     /// One sentence: what is expected.
     [[nodiscard]] virtual QString expectation() const = 0;
 

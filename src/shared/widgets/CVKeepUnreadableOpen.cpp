@@ -23,6 +23,7 @@ bool CVKeepUnreadableOpen(QObject* editor, QEvent* event) {
     field->endEditing();
     if (field->isReadable())
         return false;
+    field->tellUnreadable();
     QApplication::beep();
     return true;
 }

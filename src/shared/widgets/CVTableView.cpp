@@ -1,13 +1,16 @@
 #include "shared/widgets/CVTableView.h"
 
+#include "shared/widgets/CVFormattedField.h"
 #include "shared/widgets/CVTableStyle.h"
 #include "shared/widgets/CVTableText.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QTimer>
 
 namespace {
 
@@ -47,6 +50,22 @@ bool CVTableView::editCurrentCell() {
     return true;
 }
 
+bool CVTableView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+    const bool wasEditing = state() == EditingState;
+    const bool taken = QTableView::edit(index, trigger, event);
+    if (!wasEditing && state() == EditingState)
+        mEdited = index;
+    return taken;
+}
+
+void CVTableView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+    auto* const field = qobject_cast<CVFormattedField*>(editor);
+    if (!field || field->isReadable() || hint == QAbstractItemDelegate::RevertModelCache)
+        return QTableView::closeEditor(editor, hint);
+    // In the middle of a change of the focus or of the current cell is no time to take it back.
+    QTimer::singleShot(0, field, [this, field] { returnToEditor(*field); });
+}
+
 int CVTableView::rowHeight() const {
     const int line = fontMetrics().height();
     return qMin(qRound(line * kRowHeightInLines), line + kMostRoomInRow);
@@ -81,6 +100,15 @@ void CVTableView::keyPressEvent(QKeyEvent* event) {
         QGuiApplication::clipboard()->setText(CVSelectedText(*this));
     else
         QTableView::keyPressEvent(event);
+}
+
+void CVTableView::returnToEditor(CVFormattedField& field) {
+    if (!field.isVisible() || !isActiveWindow() || field.hasFocus())
+        return;
+    setCurrentIndex(mEdited);
+    field.setFocus(Qt::OtherFocusReason);
+    field.tellUnreadable();
+    QApplication::beep();
 }
 
 void CVTableView::setUpHeaders() {

@@ -2,8 +2,11 @@
 
 #include <QTableView>
 
+class CVFormattedField;
+
 /// A table in the house's style: rows of about one and a half lines in alternating tints, no grid, more room between
-/// the columns. One with nothing in it can say why. Copy takes the selected rows as text.
+/// the columns. One with nothing in it can say why. Copy takes the selected rows as text. An editor with a text that
+/// cannot be read stays open, and gets the focus back with the reason, until the text is mended or Escape gives it up.
 class CVTableView : public QTableView {
     Q_OBJECT
 
@@ -22,12 +25,18 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
+    using QTableView::edit;
+    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void setUpHeaders();
+    void returnToEditor(CVFormattedField& field);
 
     QString mMessage;
+    /// The cell whose editor was opened last.
+    QPersistentModelIndex mEdited;
 };
