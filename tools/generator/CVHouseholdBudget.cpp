@@ -24,10 +24,11 @@ public:
     void follow(const Habit& habit, int firstDaysBack);
     void celebrate(const Event& event);
     void plan(const Estimate& estimate);
-    void showChecking() { mDocument.setCurrentTransactionSet(mChecking); }
+    void show(Account account) { mDocument.setCurrentTransactionSet(setOf(account)); }
 
 private:
     [[nodiscard]] quint32 addSet(const char* name);
+    [[nodiscard]] quint32 setOf(Account account) const;
     void record(const QBDate& date, const char* category, const Purchase& purchase, Tax tax,
                 Account account = Account::Checking);
 
@@ -36,6 +37,7 @@ private:
     QBDate mToday;
     QBDate mFirstDay;
     quint32 mChecking;
+    quint32 mIncome;
     quint32 mSavings;
 };
 
@@ -44,6 +46,7 @@ Family::Family(CVDocument& document, const QBDate& today)
     , mToday(today)
     , mFirstDay(today.dateByAddingYears(-kYears, 0, 1))
     , mChecking(addSet("Checking"))
+    , mIncome(addSet("Income"))
     , mSavings(addSet("Savings")) {}
 
 quint32 Family::addSet(const char* name) {
@@ -53,6 +56,18 @@ quint32 Family::addSet(const char* name) {
     set->setDocument(&mDocument);
     mDocument.transactionSets().push_back(set);
     return set->uniqueID();
+}
+
+quint32 Family::setOf(Account account) const {
+    switch (account) {
+    case Account::Checking:
+        return mChecking;
+    case Account::Income:
+        return mIncome;
+    case Account::Savings:
+        return mSavings;
+    }
+    Q_UNREACHABLE();
 }
 
 void Family::record(const QBDate& date, const char* category, const Purchase& purchase, Tax tax, Account account) {
@@ -66,7 +81,7 @@ void Family::record(const QBDate& date, const char* category, const Purchase& pu
     transaction->setCategoryID(mDocument.insertCategoryName(QString::fromUtf8(category))->uniqueID());
     transaction->setTaxFlag(tax == Tax::Yes);
     transaction->setUserFlag(mRandom.chance(kPercentOfHouseholdFlagged));
-    mDocument.setCurrentTransactionSet(account == Account::Checking ? mChecking : mSavings);
+    mDocument.setCurrentTransactionSet(setOf(account));
     mDocument.insertTransaction(transaction);
 }
 
@@ -91,7 +106,7 @@ void Family::follow(const Habit& habit, int firstDaysBack) {
 void Family::celebrate(const Event& event) {
     for (int year = 0; year <= kYears; ++year) {
         const QBDate date = QBDate::dateWithYear(mFirstDay.yearOfCommonEra() + year, event.month, event.day);
-        record(date, event.category, event.purchase, event.tax);
+        record(date, event.category, event.purchase, event.tax, event.account);
     }
 }
 
@@ -115,7 +130,7 @@ void CVFillHouseholdBudget(CVDocument& document, const QBDate& today) {
         family.celebrate(event);
     for (const Estimate& estimate : estimates())
         family.plan(estimate);
-    family.showChecking();
+    family.show(Account::Checking);
     document.sortTransactionsByDate();
     document.updateDates();
 }

@@ -7,7 +7,7 @@ namespace CVHouseholdTables {
 namespace {
 
 constexpr auto kBills = std::to_array<Bill>({
-    {"Salary", 25, 1, 1, {"Ashgrove Instruments", "salary", {424'000, 424'000}}},
+    {"Salary", 25, 1, 1, {"Ashgrove Instruments", "salary", {424'000, 424'000}}, Tax::No, Account::Income},
     {"Rent or Mortgage", 1, 1, 1, {"Hartwell Property Management", "rent", {118'000, 118'000}}},
     {"Electricity", 8, 1, 1, {"Northfield Power & Light", "", {5'800, 9'900}}},
     {"Gas and Heating", 12, 1, 1, {"Northfield Power & Light", "heating", {6'400, 14'800}}},
@@ -129,7 +129,7 @@ constexpr auto kEvents = std::to_array<Event>({
     {"Education", 8, 28, {"Harbor Bookshop", "school books", {6'400, 9'900}}},
     {"Taxes", 4, 22, {"Pelham Tax Advisers", "tax return", {18'000, 19'500}}, Tax::Yes},
     {"Medical", 10, 9, {"Optician Lakeshore", "glasses", {16'900, 24'500}}, Tax::Yes},
-    {"Salary", 11, 25, {"Ashgrove Instruments", "bonus", {95'000, 130'000}}},
+    {"Salary", 11, 25, {"Ashgrove Instruments", "bonus", {95'000, 130'000}}, Tax::No, Account::Income},
 });
 
 constexpr auto kEstimates = std::to_array<Estimate>({

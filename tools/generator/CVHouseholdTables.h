@@ -9,7 +9,8 @@
 /// lie between both limits.
 namespace CVHouseholdTables {
 
-enum class Account { Checking, Savings };
+/// Each has a transaction set of its own.
+enum class Account { Checking, Income, Savings };
 enum class Tax { No, Yes };
 
 struct Amount {
@@ -49,6 +50,7 @@ struct Event {
     int day = 0;
     Purchase purchase;
     Tax tax = Tax::No;
+    Account account = Account::Checking;
 };
 
 struct Estimate {
