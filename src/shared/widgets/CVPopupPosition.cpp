@@ -4,10 +4,11 @@
 #include <QWidget>
 
 QPoint CVPopupPosition(const QWidget& field, const QSize& size) {
-    const QPoint below = field.mapToGlobal(QPoint(0, field.height()));
+    const bool isMirrored = field.layoutDirection() == Qt::RightToLeft;
+    const QPoint below = field.mapToGlobal(QPoint(isMirrored ? field.width() - size.width() : 0, field.height()));
     const QRect screen = field.screen()->availableGeometry();
-    const int x = qBound(screen.left(), below.x(), qMax(screen.left(), screen.right() - size.width()));
-    if (below.y() + size.height() <= screen.bottom())
+    const int x = qMax(screen.left(), qMin(below.x(), screen.right() + 1 - size.width()));
+    if (below.y() + size.height() <= screen.bottom() + 1)
         return {x, below.y()};
     return {x, qMax(screen.top(), below.y() - field.height() - size.height())};
 }

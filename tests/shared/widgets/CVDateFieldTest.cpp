@@ -5,11 +5,13 @@
 #include "kit/FixedToday.h"
 #include "kit/Printers.h"
 #include "shared/widgets/CVFieldNote.h"
+#include "shared/widgets/CVPopupPosition.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QHBoxLayout>
+#include <QScreen>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -124,6 +126,35 @@ TEST_F(CVDateFieldTest, AnnouncesEveryStepOnce) {
     QTest::keyClicks(&mField, "1");
     QTest::keyClick(&mField, Qt::Key_Down);
     EXPECT_EQ(mEntered, QList({day(2014, 3, 13), day(2014, 3, 14), day(2014, 2, 28)}));
+}
+
+TEST_F(CVDateFieldTest, TheCalendarLiesOnTheScreenAndBeginsWhereTheFieldBegins) {
+    const QRect screen = mField.screen()->availableGeometry();
+    mField.setWindowFlag(Qt::FramelessWindowHint);
+    mField.resize(90, mField.sizeHint().height());
+    const int middle = screen.center().x();
+    for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        mField.setLayoutDirection(direction);
+        for (const int x : {screen.left(), middle, screen.right() - 89}) {
+            for (const int y : {screen.top(), screen.bottom() - mField.height()}) {
+                mField.move(x, y);
+                mField.show();
+                ASSERT_TRUE(QTest::qWaitForWindowExposed(&mField));
+                mField.showCalendar();
+                // Where the platform puts it may differ by a frame.
+                const QSize size = calendar()->window()->size();
+                const QRect place(CVPopupPosition(mField, size), size);
+                EXPECT_LT((place.topLeft() - calendar()->window()->pos()).manhattanLength(), 6);
+                EXPECT_TRUE(screen.contains(place)) << direction << ' ' << x << ' ' << y;
+                const QRect field(mField.mapToGlobal(QPoint()), mField.size());
+                const bool mirrored = direction == Qt::RightToLeft;
+                if (x == middle) {
+                    EXPECT_EQ(mirrored ? place.right() : place.left(), mirrored ? field.right() : field.left());
+                }
+                delete calendar()->window();
+            }
+        }
+    }
 }
 
 TEST_F(CVDateFieldTest, AnnouncesADayChosenFromTheCalendar) {
