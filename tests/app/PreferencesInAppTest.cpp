@@ -128,11 +128,11 @@ TEST_F(PreferencesInApp, UseChosenFileShowsItInPlaceOfThePresentOne) {
     open();
     record(12, "Market", "Food");
     const QString before = *defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
-    window().resize(900, 555);
+    window().resize(700, 555);
     changeTo("other", {CVAlert::kDefault});
     EXPECT_EQ(payees(), QStringList{"Other"});
     EXPECT_TRUE(window().isVisible());
-    EXPECT_EQ(window().size(), QSize(900, 555)) << "the window is where it was";
+    EXPECT_EQ(window().size(), QSize(700, 555)) << "the window is where it was";
     EXPECT_EQ(bytesOf(dataFileIn("other")), other);
     EXPECT_TRUE(bytesOf(before).contains("Market"));
     record(13, "Baker", "Food");
