@@ -81,8 +81,9 @@ int runWithoutWindow(const CVCommandLine& line) {
 }
 
 /// What the toolkit has not taken for itself: an option that nobody knows, or a file that a file manager, say, wants
-/// opened. Somebody who has double-clicked the file sees no standard error.
-int refuseArgument(const QString& argument, CVAlerts& alerts) {
+/// opened. Somebody who has double-clicked the file sees no standard error; without a display there are no alerts
+/// (null).
+int refuseArgument(const QString& argument, CVAlerts* alerts) {
     QTextStream errors(stderr);
     if (argument.startsWith('-'))
         return refuse(errors, QCoreApplication::translate("main", "there is no option \"%1\"").arg(argument));
@@ -94,7 +95,8 @@ int refuseArgument(const QString& argument, CVAlerts& alerts) {
     CVWriteErrorLine(errors, QCoreApplication::translate(
                                  "main", "\"%1\" is not opened: Corvella opens your own data file only, \"%2\"")
                                  .arg(argument, QDir::toNativeSeparators(own.value_or(QString()))));
-    alerts.run(nullptr, CVStartMessages::notOpened(argument, own.value_or(QString())));
+    if (alerts)
+        alerts->run(nullptr, CVStartMessages::notOpened(argument, own.value_or(QString())));
     return kUsageError;
 }
 
@@ -149,7 +151,7 @@ int runWindow(int& argc, char** argv) {
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/corvella.png")));
     QGuiApplication::setDesktopFileName(QStringLiteral("corvella"));
     if (QCoreApplication::arguments().size() > 1)
-        return refuseArgument(QCoreApplication::arguments().at(1), alerts);
+        return refuseArgument(QCoreApplication::arguments().at(1), &alerts);
     CVAccessibleComboBox::install();
     CVRunningInstance running(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
     switch (CVClaimInstance(running, alerts, kPatience)) {
@@ -176,7 +178,7 @@ int main(int argc, char** argv) {
         if (CVToolkitOptions::take(arguments.mid(1)).hasDisplay())
             return runWindow(argc, argv);
         const QCoreApplication application(argc, argv);
-        return line.file ? refuseArgument(*line.file) : refuseWithoutDisplay();
+        return line.file ? refuseArgument(*line.file, nullptr) : refuseWithoutDisplay();
     }
     qInstallMessageHandler(dropRemarks);
     if (line.action == CVCommandLine::Action::Report && line.reportRequest.needsFonts()) {
