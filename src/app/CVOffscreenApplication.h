@@ -1,14 +1,12 @@
 #pragma once
 
-#include <QTemporaryDir>
+#include "app/CVRuntimeFolder.h"
 
 #include <memory>
 
 class QGuiApplication;
 
-/// The application object of a command that needs fonts but no display. While the toolkit starts it looks for a display
-/// all the same, in a folder that it makes, with a complaint, where the system provides none: then it gets one of its
-/// own, which goes with this object.
+/// The application object of a command that needs fonts but no display.
 class CVOffscreenApplication final {
 public:
     /// `argc` and `argv` are those of the program.
@@ -18,6 +16,6 @@ public:
     CVOffscreenApplication& operator=(const CVOffscreenApplication&) = delete;
 
 private:
-    std::unique_ptr<QTemporaryDir> mRuntimeFolder;
+    CVRuntimeFolder mRuntimeFolder;
     std::unique_ptr<QGuiApplication> mApplication;
 };

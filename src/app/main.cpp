@@ -6,6 +6,7 @@
 #include "app/CVOffscreenApplication.h"
 #include "app/CVReadingPanel.h"
 #include "app/CVRunningInstance.h"
+#include "app/CVRuntimeFolder.h"
 #include "app/CVSetsCommand.h"
 #include "app/CVStandardStreams.h"
 #include "app/CVStartMessages.h"
@@ -32,6 +33,7 @@
 #include <QTextStream>
 
 #include <cstdio>
+#include <optional>
 
 namespace {
 
@@ -146,7 +148,9 @@ int runOnlyWindow(CVRunningInstance& running, CVAlerts& alerts) {
 }
 
 int runWindow(int& argc, char** argv) {
-    QApplication application(argc, argv);
+    std::optional<CVRuntimeFolder> runtimeFolder(std::in_place);
+    const QApplication application(argc, argv);
+    runtimeFolder.reset();
     CVAlertPanel alerts;
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/corvella.png")));
     QGuiApplication::setDesktopFileName(QStringLiteral("corvella"));

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QByteArray>
+#include <QTemporaryDir>
+
+#include <optional>
+
+/// The runtime folder of the session while the toolkit starts. The toolkit looks there for a display, and where the
+/// session has no such folder of this user's, it makes one with a complaint on standard error: then it gets one of its
+/// own, which goes with this object.
+class CVRuntimeFolder final {
+public:
+    CVRuntimeFolder();
+    /// The environment is again as it was.
+    ~CVRuntimeFolder();
+    CVRuntimeFolder(const CVRuntimeFolder&) = delete;
+    CVRuntimeFolder& operator=(const CVRuntimeFolder&) = delete;
+
+private:
+    std::optional<QByteArray> mBefore;
+    std::optional<QTemporaryDir> mOwn;
+};

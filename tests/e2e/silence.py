@@ -1,0 +1,105 @@
+"""Standard error stays empty while all goes well: with no file yet and with the sample, through every window.
+
+Usage: silence.py PROGRAM. Ends with status 77 and a reason when the display or the accessibility bus is missing. The
+program of a build folder is needed, beside which the one that makes the sample lies.
+"""
+
+import os
+import subprocess
+import sys
+import tempfile
+
+import session
+
+SAMPLE_HOME = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "scripts", "sample-home")
+# What opens a window, and the title of that window; Escape closes it.
+WINDOWS = (
+    ("F1", "Corvella Help"),
+    ("ctrl+shift+c", "Category Editor"),
+    ("ctrl+shift+s", "Transaction Sets"),
+    ("ctrl+comma", "Corvella Preferences"),
+)
+# These need something to write.
+OUTPUT_WINDOWS = (
+    ("ctrl+e", "Export Transactions"),
+    ("ctrl+p", "Print"),
+    ("ctrl+shift+p", "Print Preview.*"),
+)
+TABS = ("ctrl+1", "ctrl+2", "ctrl+3")
+
+
+def drive(home, executable):
+    from desktop import Atspi
+
+    # The program looks for the bus when it starts.
+    Atspi.get_desktop(0).get_child_count()
+    walk_through_windows(home, executable, with_sample=False)
+    walk_through_windows(home, executable, with_sample=True)
+
+
+def walk_through_windows(home, executable, with_sample):
+    from desktop import PATIENCE, Program, press_keys, wait_for
+
+    folder = os.path.join(home, "sample" if with_sample else "fresh")
+    os.mkdir(folder)
+    if with_sample:
+        subprocess.run([SAMPLE_HOME, os.path.dirname(executable), folder], check=True)
+    with tempfile.TemporaryFile("w+") as errors:
+        process = subprocess.Popen([executable], stderr=errors, env=environment_of(folder))
+        try:
+            program = Program("Corvella", "Corvella Main Window")
+            if with_sample:
+                check_completion(program)
+            for tab in TABS:
+                press_keys(tab)
+                for keys, title in WINDOWS + (OUTPUT_WINDOWS if with_sample else ()):
+                    press_keys(keys)
+                    wait_for(title, lambda: shown(title))
+                    focus(title)
+                    press_keys("Escape")
+                    wait_for("the end of " + title, lambda: not shown(title))
+                    focus("Corvella Main Window")
+            press_keys("ctrl+q")
+            assert process.wait(PATIENCE) == 0
+        finally:
+            process.kill()
+            process.wait()
+        errors.seek(0)
+        said = errors.read()
+        assert said == "", said
+
+
+def environment_of(folder):
+    """Without a runtime folder, as in a session that was begun with su or over ssh."""
+    environment = dict(os.environ)
+    for kind in ("data", "config", "cache"):
+        environment["XDG_%s_HOME" % kind.upper()] = os.path.join(folder, kind)
+    del environment["XDG_RUNTIME_DIR"]
+    return environment
+
+
+def shown(title):
+    """Whether a window of that title, a regular expression, is on the screen."""
+    found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "^%s$" % title], capture_output=True)
+    return found.stdout != b""
+
+
+def focus(title):
+    """Gives the keyboard to that window, as a window manager would."""
+    search = ["xdotool", "search", "--onlyvisible", "--name", "^%s$" % title]
+    subprocess.run(search + ["windowfocus", "--sync"], check=True)
+
+
+def check_completion(program):
+    """The first letters of a payee of the sample bring the rest."""
+    from desktop import act, press_keys, text_of, type_text, wait_for
+
+    act(program.field("Amount"), "SetFocus")
+    press_keys("Tab")
+    field = program.box_field("Paid To/From")
+    type_text("Town T")
+    wait_for("a completed payee", lambda: text_of(field) == "Town Transit")
+
+
+if __name__ == "__main__":
+    sys.exit(session.main(drive, __doc__))
