@@ -66,10 +66,12 @@ void CVFileExamination::read(QByteArrayView bytes) {
 void CVFileExamination::readPart(QByteArrayView bytes) {
     for (qsizetype at = 0; at < bytes.size();) {
         const qsizetype next = mIsPlain ? nextOfInterest(bytes, at) : at;
-        if (next == at)
+        if (next == at) {
             readByte(bytes[at++]);
-        else
+        } else {
             at = next;
+            forgetCharacter();
+        }
     }
 }
 
@@ -107,6 +109,13 @@ void CVFileExamination::readByte(char byte) {
         readCharacter(static_cast<char16_t>(byte));
 }
 
+/// The rest of one that was begun has been passed over.
+void CVFileExamination::forgetCharacter() {
+    if (mWithinCharacter)
+        mDecoder->resetState();
+    mWithinCharacter = false;
+}
+
 void CVFileExamination::readCharacter(char16_t c) {
     switch (mState) {
     case State::Text:
@@ -126,16 +135,11 @@ void CVFileExamination::readCharacter(char16_t c) {
 }
 
 void CVFileExamination::readOpening(char16_t c) {
-    const bool isFirst = !std::exchange(mHasOpened, true);
+    if (mState == State::Opened)
+        return open(c);
     if (c == u'<') {
         leaveOff();
         mState = State::Opened;
-    } else if (mState == State::Opened) {
-        mAttributes = 0;
-        mTagSize = 1;
-        mState = c == u'!' ? State::Marked : c == u'/' ? State::Text : State::Tag;
-        if (c == u'?')
-            isFirst ? void(mState = State::Declaration) : leaveOff();
     } else if (mState == State::Marked) {
         if (mMaySkip && (c == kComment.start.front() || c == kSection.start.front()))
             expect(c == kComment.start.front() ? kComment : kSection);
@@ -148,6 +152,31 @@ void CVFileExamination::readOpening(char16_t c) {
             mState = State::Skipped;
     } else if (c == u'>') {
         mState = State::Text;
+    }
+}
+
+/// The character behind a less-than sign tells what it opens.
+void CVFileExamination::open(char16_t c) {
+    const bool isFirst = !std::exchange(mHasOpened, true);
+    mAttributes = 0;
+    mTagSize = 1;
+    switch (c) {
+    case u'<':
+        break;
+    case u'!':
+        mState = State::Marked;
+        break;
+    case u'?':
+        if (isFirst)
+            mState = State::Declaration;
+        else
+            leaveOff();
+        break;
+    case u'/':
+        mState = State::Text;
+        break;
+    default:
+        mState = State::Tag;
     }
 }
 

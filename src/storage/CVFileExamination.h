@@ -34,10 +34,10 @@ private:
         Opened,
         /// Behind that and an exclamation mark.
         Marked,
+        /// Behind both and the beginning of what opens a comment or a marked section.
+        Matching,
         /// In the declaration at the beginning of the file.
         Declaration,
-        /// Behind a less-than sign and the beginning of what opens a comment or a marked section.
-        Matching,
         Tag,
         /// In the value of an attribute.
         Quoted,
@@ -56,8 +56,10 @@ private:
     void readPart(QByteArrayView bytes);
     [[nodiscard]] qsizetype nextOfInterest(QByteArrayView bytes, qsizetype at);
     void readByte(char byte);
+    void forgetCharacter();
     void readCharacter(char16_t c);
     void readOpening(char16_t c);
+    void open(char16_t c);
     void readInTag(char16_t c);
     void readSkipped(char16_t c);
     void expect(const Skippable& skippable);
@@ -85,5 +87,6 @@ private:
     /// Nothing more is skipped behind what could hold the start of a comment that is none, or end one early: there an
     /// absurd element could hide.
     bool mMaySkip = true;
+    /// Whether a less-than sign was met: what the first opens may be the declaration.
     bool mHasOpened = false;
 };
