@@ -4,6 +4,7 @@
 #include "help/CVHelpPage.h"
 #include "help/CVHelpSearch.h"
 #include "shared/base/QBUserDefaults.h"
+#include "shared/widgets/CVAccessibleName.h"
 #include "shared/widgets/CVWindowFrame.h"
 
 #include <QAction>
@@ -42,10 +43,13 @@ CVHelpWindow::CVHelpWindow(const CVHelpBook& book, QBUserDefaults& defaults)
     setWindowTitle(tr("Corvella Help"));
     // The program ends with its main window, be the help open or not.
     setAttribute(Qt::WA_QuitOnClose, false);
+    CVSetAccessibleName(*mFinders, tr("Find in Help"));
     mPage->setAccessibleName(tr("Help Page"));
     mSplitter->setStretchFactor(1, 1);
     mSplitter->setChildrenCollapsible(false);
-    auto* const layout = new QVBoxLayout(this);
+    auto* const content = new QWidget(this);
+    setCentralWidget(content);
+    auto* const layout = new QVBoxLayout(content);
     layout->addLayout(makeCommands());
     layout->addWidget(mSplitter, 1);
     addContents();

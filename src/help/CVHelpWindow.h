@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QWidget>
+#include <QMainWindow>
 
 class CVHelpBook;
 class CVHelpPage;
@@ -13,7 +13,7 @@ class QTabWidget;
 
 /// The window of the help book: contents, index and search at the left, the page at the right. Escape and Ctrl+W close
 /// it; its frame is remembered. References the book and the user defaults, which outlive it.
-class CVHelpWindow final : public QWidget {
+class CVHelpWindow final : public QMainWindow {
     Q_OBJECT
 
 public:

@@ -8,6 +8,7 @@
 #include "preferences/CVUpdatePane.h"
 #include "shared/base/CVDefaultsKeys.h"
 #include "shared/base/QBUserDefaults.h"
+#include "shared/widgets/CVAccessibleName.h"
 #include "shared/widgets/CVHelpOpener.h"
 #include "shared/widgets/CVScrollArea.h"
 #include "shared/widgets/CVWindowFrame.h"
@@ -37,6 +38,7 @@ CVPreferenceWindowController::CVPreferenceWindowController(CVDocument& document,
     , mDataFilePane(new CVDataFilePane(mStore, document, host, alerts, panels, mTabView))
     , mRemark(new QLabel(this)) {
     setWindowTitle(tr("Corvella Preferences"));
+    CVSetAccessibleName(*mTabView, tr("Preferences"));
     // The program ends with its main window.
     setAttribute(Qt::WA_QuitOnClose, false);
     addPane(*new CVBudgetPane(mStore, mTabView), tr("Budget"), "BudgetID");

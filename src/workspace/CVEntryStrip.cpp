@@ -1,6 +1,7 @@
 #include "workspace/CVEntryStrip.h"
 
 #include "shared/base/QBXMLText.h"
+#include "shared/widgets/CVAccessibleName.h"
 #include "shared/widgets/CVAnyLength.h"
 #include "shared/widgets/CVCompactButton.h"
 #include "shared/widgets/CVCompletingComboBox.h"
@@ -160,7 +161,7 @@ void CVEntryStrip::addField(QGridLayout& layout, QWidget* field, const char* obj
                             const QString& accessibleName, int stretch) {
     const int column = layout.columnCount() - (layout.count() == 0 ? 1 : 0);
     field->setObjectName(QLatin1String(objectName));
-    field->setAccessibleName(accessibleName);
+    CVSetAccessibleName(*field, accessibleName);
     layout.addWidget(field, FieldRow, column);
     layout.setColumnStretch(column, stretch);
     if (label.isEmpty())

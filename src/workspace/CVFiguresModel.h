@@ -15,6 +15,8 @@ public:
     virtual void reload() = 0;
     /// By which a row is the same after a reload; null in a row of totals.
     [[nodiscard]] virtual const CVCategory* categoryOfRow(int row) const = 0;
+    /// The headers of the rows are not seen; screen readers call a row by its category.
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 protected:
     enum class Shape { Same, Another };

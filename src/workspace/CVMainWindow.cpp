@@ -1,5 +1,6 @@
 #include "workspace/CVMainWindow.h"
 
+#include "shared/widgets/CVAccessibleName.h"
 #include "shared/widgets/CVOpenEditor.h"
 #include "shared/widgets/CVScrollArea.h"
 #include "workspace/CVEntryStrip.h"
@@ -33,6 +34,7 @@ CVMainWindow::CVMainWindow(const CVTransactionList& list, const CVGridContents& 
     , mSetPicker(new CVSetPicker(*mMainTabView)) {
     setWindowTitle(tr("Corvella Main Window"));
     mMainTabView->setObjectName(QStringLiteral("mMainTabView"));
+    CVSetAccessibleName(*mMainTabView, tr("Views"));
     mMainTabView->addTab(mTransactionsTab, tr("Transactions"));
     mMainTabView->addTab(mSummaryTab, tr("Summary"));
     mMainTabView->addTab(mReportsTab, tr("Reports"));

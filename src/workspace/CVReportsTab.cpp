@@ -2,6 +2,7 @@
 
 #include "budget/CVReportContents.h"
 #include "shared/format/QBLocale.h"
+#include "shared/widgets/CVAccessibleName.h"
 #include "shared/widgets/CVFigureField.h"
 #include "shared/widgets/CVWrappingLayout.h"
 #include "workspace/CVFiguresTable.h"
@@ -28,7 +29,7 @@ CVReportsTab::CVReportsTab(const CVReportContents& contents, QWidget* parent)
     , mPrintButton(CVMakePrintButton(tr("Print the report that is shown"), *this))
     , mReportTabView(new QTabWidget(this)) {
     mReportTabView->setObjectName(QStringLiteral("mReportTabView"));
-    mReportTabView->setAccessibleName(tr("Reports"));
+    CVSetAccessibleName(*mReportTabView, tr("Reports"));
     mTables = {addTable(CVReportTable::Averages, "mAveragesTable", tr("Averages"), tr("Averages")),
                addTable(CVReportTable::Totals, "mTotalTable", tr("Plan vs Actual"), tr("Plan vs Actual")),
                addTable(CVReportTable::Percent, "mPercentTable", tr("Percent"), tr("Percent")),

@@ -1,6 +1,7 @@
 #include "workspace/CVTransactionCellDelegate.h"
 
 #include "shared/base/QBXMLText.h"
+#include "shared/widgets/CVAccessibleName.h"
 #include "shared/widgets/CVCompletingComboBox.h"
 #include "shared/widgets/CVDateField.h"
 #include "shared/widgets/CVKeepUnreadableOpen.h"
@@ -49,8 +50,9 @@ void CVTransactionCellDelegate::paint(QPainter* painter, const QStyleOptionViewI
     CVCellDelegate::paint(painter, option, index);
     if (!Model::isFlag(index.column()))
         return;
-    if (const QVariant state = index.data(Qt::CheckStateRole); state.isValid())
-        mCheckCell.paint(*painter, option, state.toInt() == Qt::Checked);
+    // A set tax flag is a picture, another one nothing.
+    if (index.column() == Model::UserFlag)
+        mCheckCell.paint(*painter, option, index.data(Qt::CheckStateRole).toInt() == Qt::Checked);
     const auto picture = index.data(Qt::DecorationRole).value<QIcon>();
     if (picture.isNull())
         return;
@@ -65,7 +67,7 @@ QWidget* CVTransactionCellDelegate::createEditor(QWidget* parent, const QStyleOp
                                                  const QModelIndex& index) const {
     QWidget* const editor = makeEditor(parent, option, index);
     if (editor)
-        editor->setAccessibleName(Model::title(index.column()));
+        CVSetAccessibleName(*editor, Model::title(index.column()));
     return editor;
 }
 

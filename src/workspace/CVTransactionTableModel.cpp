@@ -124,9 +124,9 @@ QVariant CVTransactionTableModel::data(const QModelIndex& index, int role) const
             return mSmallTax;
         return {};
     case Qt::CheckStateRole:
-        if (index.column() == UserFlag)
-            return transaction.userFlag() ? Qt::Checked : Qt::Unchecked;
-        return {};
+        if (!isFlag(index.column()))
+            return {};
+        return (index.column() == Tax ? transaction.taxFlag() : transaction.userFlag()) ? Qt::Checked : Qt::Unchecked;
     case Qt::AccessibleTextRole:
         return text(transaction, index.column());
     case Qt::TextAlignmentRole:

@@ -40,13 +40,15 @@ CVTransactionTableView::CVTransactionTableView(const CVTransactionList& list, QW
     , mList(list)
     , mModel(new CVTransactionTableModel(list, this))
     , mDelegate(new CVTransactionCellDelegate(this))
-    , mClearSearch(new QPushButton(tr("Clear Search"), viewport())) {
+    , mClearSearch(new QPushButton(tr("Clear Search"), parent ? parent : viewport())) {
     setModel(mModel);
     setItemDelegate(mDelegate);
     setSelectionBehavior(SelectRows);
     setSelectionMode(ExtendedSelection);
     setEditTriggers(DoubleClicked | EditKeyPressed);
     setUpHeader();
+    mClearSearch->setObjectName(QStringLiteral("mClearSearchButton"));
+    // Beside the table, as a table has no children for screen readers but its cells.
     mClearSearch->hide();
     connect(mClearSearch, &QPushButton::clicked, this, &CVTransactionTableView::clearSearchRequested);
     connect(mModel, &CVTransactionTableModel::edited, this, &CVTransactionTableView::edited);
@@ -273,6 +275,7 @@ QString CVTransactionTableView::emptyText() const {
 void CVTransactionTableView::placeClearSearch() {
     mClearSearch->setVisible(mModel->rowCount() == 0 && !mList.transactions().empty() && !mList.searchText().isEmpty());
     mClearSearch->adjustSize();
-    const QPoint centre = viewport()->rect().center();
+    mClearSearch->raise();
+    const QPoint centre = viewport()->mapTo(mClearSearch->parentWidget(), viewport()->rect().center());
     mClearSearch->move(centre.x() - mClearSearch->width() / 2, centre.y() + fontMetrics().height());
 }

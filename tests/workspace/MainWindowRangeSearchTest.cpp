@@ -133,7 +133,7 @@ TEST_F(MainWindowRangeSearchTest, TheMenuHoldsTheNineKindsInTheirOrder) {
 }
 
 TEST_F(MainWindowRangeSearchTest, ASearchThatFindsNothingOffersToBeCleared) {
-    auto* const button = table().findChild<QPushButton*>();
+    auto* const button = find<QPushButton>("mClearSearchButton");
     ASSERT_NE(button, nullptr);
     EXPECT_FALSE(button->isVisible());
     type("mSearchField103", "nothing like it");

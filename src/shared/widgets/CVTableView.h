@@ -17,6 +17,7 @@ public:
     void setMessage(const QString& message);
     /// Begins to edit the current cell; false for one that cannot be edited, or is already.
     bool editCurrentCell();
+    using QTableView::edit;
     /// One and a half lines of the table's font; a little less where the letters are large.
     [[nodiscard]] int rowHeight() const;
 
@@ -25,7 +26,6 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
-    using QTableView::edit;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     void paintEvent(QPaintEvent* event) override;
