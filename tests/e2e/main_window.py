@@ -32,11 +32,13 @@ def drive(home, executable):
         edit_first_payee(program, "Baker")
         wait_for("the edit", lambda: program.cell_text("Transactions", 0, 2) == "Baker")
         assert text_of(program.field("Transactions Shown")) == "1"
-        fill(program.field("Search"), "")
+        fill(program.field("Search"), "nothing like it")
+        program.press("push button", "Clear Search")
         wait_for("both rows", lambda: program.rows("Transactions") == 2)
 
         program.press("page tab", "Summary")
         assert program.rows("Categories") == program.rows("Periods") == 2
+        assert Atspi.Table.get_row_description(program.find("table", "Periods"), 0) == "Fuel"
         program.press("page tab", "Reports")
         assert program.rows("Averages") == 2
         assert text_of(program.field("Report Transactions")) == "2"

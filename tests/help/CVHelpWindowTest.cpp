@@ -8,6 +8,7 @@
 #include "shared/base/QBUserDefaults.h"
 #include "shared/widgets/CVURLOpener.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDialog>
 #include <QHelpIndexWidget>
@@ -15,6 +16,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
 #include <QTextBrowser>
@@ -104,6 +106,14 @@ TEST_F(CVHelpWindowTest, ShowsThePageThatIsAskedForInItsOneWindow) {
     show("Nothing.html");
     EXPECT_EQ(shownPage(), "index.html");
     EXPECT_TRUE(mAlerts.shown().isEmpty());
+}
+
+TEST_F(CVHelpWindowTest, IsAWindowForScreenReadersAndNamesItsTabs) {
+    show("Categories.html");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(window())->role(), QAccessible::Window);
+    const auto* const tabs = window()->findChild<QTabWidget*>();
+    EXPECT_EQ(tabs->accessibleName(), "Find in Help");
+    EXPECT_EQ(tabs->findChild<QTabBar*>()->accessibleName(), "Find in Help");
 }
 
 TEST_F(CVHelpWindowTest, GoesBackForwardAndHome) {
