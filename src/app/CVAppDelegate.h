@@ -65,7 +65,7 @@ public:
     void goToWebSite();
     void goToSupportForums();
     /// The desktop has not opened an address that it had taken.
-    void tellNotOpened(const QUrl& address);
+    void tellNotOpened(const QUrl& address, QWidget* asker);
     void showPreferences();
     /// Returns when the user has closed the window.
     void showAbout();

@@ -78,8 +78,9 @@ void CVAppDelegate::goToSupportForums() {
     mUpdates.openAddress(QUrl(CVSite::supportForums()), mMainWindow->window());
 }
 
-void CVAppDelegate::tellNotOpened(const QUrl& address) {
-    mAlerts.run(mMainWindow ? mMainWindow->window() : nullptr, CVUpdateMessages::notOpened(address));
+void CVAppDelegate::tellNotOpened(const QUrl& address, QWidget* asker) {
+    QWidget* const main = mMainWindow ? mMainWindow->window() : nullptr;
+    mAlerts.run(asker ? asker : main, CVUpdateMessages::notOpened(address));
 }
 
 void CVAppDelegate::showAbout() {

@@ -69,7 +69,7 @@ void CVUpdateController::checkNow(QWidget& asker) {
 }
 
 void CVUpdateController::openAddress(const QUrl& address, QWidget* asker) {
-    if (!mURLOpener || !mURLOpener->openURL(address))
+    if (!mURLOpener || !mURLOpener->openURL(address, asker))
         mAlerts.run(asker, CVUpdateMessages::notOpened(address));
 }
 

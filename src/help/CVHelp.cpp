@@ -65,7 +65,7 @@ void CVHelp::tellOfProblem(const QString& problem, QWidget& asker) {
 }
 
 void CVHelp::openWebPage(const QUrl& address) {
-    if (!mURLs.openURL(address))
+    if (!mURLs.openURL(address, mWindow.get()))
         mAlerts.run(mWindow.get(), {tr("The web page cannot be opened"),
                                     tr("No program on this computer opens “%1”.").arg(address.toString()), tr("OK")});
 }

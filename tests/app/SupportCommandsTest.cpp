@@ -52,12 +52,15 @@ class SupportCommands : public ShellFixture {};
 
 TEST_F(SupportCommands, AnAddressThatTheDesktopTookAndDidNotOpenIsTold) {
     start();
-    mDelegate->tellNotOpened(QUrl(CVSite::webSite()));
+    mDelegate->tellNotOpened(QUrl(CVSite::webSite()), nullptr);
     ASSERT_EQ(mAlerts.shown().size(), 1);
     EXPECT_EQ(mAlerts.shown()[0].title, "No program could be opened for this address");
     EXPECT_TRUE(mAlerts.shown()[0].message.contains(CVSite::webSite()));
-    mDelegate->tellNotOpened(CVSupportMailAddress(CVSystemIdentity::ofThisMachine()));
+    QWidget asker;
+    asker.setWindowTitle("Asker");
+    mDelegate->tellNotOpened(CVSupportMailAddress(CVSystemIdentity::ofThisMachine()), &asker);
     EXPECT_TRUE(mAlerts.shown()[1].message.endsWith("\n\n" + CVSite::supportMail()));
+    EXPECT_EQ(mAlerts.owners().constLast(), "Asker");
 }
 
 TEST_F(SupportCommands, EachOpensItsAddress) {

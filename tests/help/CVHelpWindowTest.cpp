@@ -26,7 +26,7 @@ namespace {
 
 class RememberedAddresses final : public CVURLOpener {
 public:
-    bool openURL(const QUrl& address) override {
+    bool openURL(const QUrl& address, QWidget* /*asker*/) override {
         opened.append(address.toString());
         return canOpen;
     }

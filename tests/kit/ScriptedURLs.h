@@ -8,7 +8,7 @@
 /// Opens nothing, and remembers what it was asked to open.
 class ScriptedURLs final : public CVURLOpener {
 public:
-    [[nodiscard]] bool openURL(const QUrl& address) override {
+    [[nodiscard]] bool openURL(const QUrl& address, QWidget* /*asker*/) override {
         mOpened.append(address);
         return mHasPrograms;
     }

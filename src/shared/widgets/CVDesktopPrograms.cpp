@@ -2,8 +2,10 @@
 
 #include <QDeadlineTimer>
 #include <QDesktopServices>
+#include <QPointer>
 #include <QProcess>
 #include <QStandardPaths>
+#include <QWidget>
 
 #include <unistd.h>
 
@@ -17,7 +19,7 @@ constexpr std::chrono::seconds kSoon(30);
 } // namespace
 
 /// The toolkit, too, hands addresses to xdg-open, but does not look at what becomes of them.
-bool CVDesktopPrograms::openURL(const QUrl& address) {
+bool CVDesktopPrograms::openURL(const QUrl& address, QWidget* asker) {
     const QString opener = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
     if (opener.isEmpty())
         return QDesktopServices::openUrl(address);
@@ -28,10 +30,11 @@ bool CVDesktopPrograms::openURL(const QUrl& address) {
     process->setStandardErrorFile(QProcess::nullDevice());
     process->setChildProcessModifier([] { ::setsid(); });
     const QDeadlineTimer soon(kSoon);
-    connect(process, &QProcess::finished, this, [this, address, soon](int code, QProcess::ExitStatus status) {
-        if ((code != 0 || status != QProcess::NormalExit) && !soon.hasExpired())
-            emit failed(address);
-    });
+    connect(process, &QProcess::finished, this,
+            [this, address, asker = QPointer(asker), soon](int code, QProcess::ExitStatus status) {
+                if ((code != 0 || status != QProcess::NormalExit) && !soon.hasExpired())
+                    emit failed(address, asker);
+            });
     connect(process, &QProcess::finished, process, &QObject::deleteLater);
     process->start(opener, {address.toString(QUrl::FullyEncoded)});
     if (process->waitForStarted())

@@ -10,9 +10,10 @@ class CVDesktopPrograms final : public QObject, public CVURLOpener {
     Q_OBJECT
 
 public:
-    [[nodiscard]] bool openURL(const QUrl& address) override;
+    [[nodiscard]] bool openURL(const QUrl& address, QWidget* asker) override;
 
 signals:
     /// The desktop, which had taken the address, found no program for it, or none that would start.
-    void failed(const QUrl& address);
+    /// `asker` is null where its window has closed meanwhile.
+    void failed(const QUrl& address, QWidget* asker);
 };

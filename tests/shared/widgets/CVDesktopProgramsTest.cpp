@@ -6,6 +6,7 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QWidget>
 
 #include <gtest/gtest.h>
 
@@ -36,9 +37,11 @@ TEST_F(CVDesktopProgramsTest, TellThatTheDesktopCouldNotOpenAnAddress) {
         setOpener(end);
         CVDesktopPrograms programs;
         QSignalSpy failures(&programs, &CVDesktopPrograms::failed);
-        EXPECT_TRUE(programs.openURL(mAddress));
+        QWidget window;
+        EXPECT_TRUE(programs.openURL(mAddress, &window));
         ASSERT_TRUE(QTest::qWaitFor([&] { return !failures.isEmpty(); })) << end;
         EXPECT_EQ(failures[0][0].toUrl(), mAddress);
+        EXPECT_EQ(failures[0][1].value<QWidget*>(), &window);
     }
 }
 
@@ -46,7 +49,7 @@ TEST_F(CVDesktopProgramsTest, SayNothingWhereItCould) {
     setOpener("exit 0");
     CVDesktopPrograms programs;
     QSignalSpy failures(&programs, &CVDesktopPrograms::failed);
-    EXPECT_TRUE(programs.openURL(mAddress));
+    EXPECT_TRUE(programs.openURL(mAddress, nullptr));
     ASSERT_TRUE(QTest::qWaitFor([this] { return QFile(given()).size() > 0; }));
     QFile file(given());
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
@@ -62,7 +65,7 @@ TEST_F(CVDesktopProgramsTest, AreNotStartedWhereTheOpenerIsNoProgram) {
     script.write("#!/no/such/interpreter\n");
     script.close();
     CVDesktopPrograms programs;
-    EXPECT_FALSE(programs.openURL(mAddress));
+    EXPECT_FALSE(programs.openURL(mAddress, nullptr));
 }
 
 } // namespace
