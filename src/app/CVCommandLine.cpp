@@ -55,9 +55,26 @@ constexpr std::array<Command, 4> kCommands{
      {"export", parseRequest<CVExportRequest, Action::Export, &CVCommandLine::exportRequest>},
      {"report", parseRequest<CVReportRequest, Action::Report, &CVCommandLine::reportRequest>}}};
 
+struct Question {
+    QLatin1StringView option;
+    Action answer;
+};
+
+/// What stands alone on a command line without a command.
+constexpr std::array<Question, 4> kQuestions{{{QLatin1StringView("--version"), Action::ShowVersion},
+                                              {QLatin1StringView("-v"), Action::ShowVersion},
+                                              {QLatin1StringView("--help"), Action::ShowHelp},
+                                              {QLatin1StringView("-h"), Action::ShowHelp}}};
+
 /// What the toolkit does not know either is refused here: it would first look for a display.
 CVCommandLine parseWindow(const QStringList& arguments) {
     const QStringList rest = CVToolkitOptions::take(arguments).rest;
+    for (const Question& question : kQuestions) {
+        if (rest == QStringList{question.option})
+            return {.action = question.answer};
+        if (rest.contains(question.option))
+            return {.action = Action::Refuse, .problem = tr("%1 stands alone").arg(question.option)};
+    }
     for (const QString& argument : rest) {
         if (argument.startsWith(u'-'))
             return {.action = Action::Refuse, .problem = tr("there is no option \"%1\"").arg(argument)};
@@ -76,9 +93,5 @@ CVCommandLine CVCommandLine::parse(const QStringList& arguments) {
         line.command = rest.constFirst();
         return line;
     }
-    if (rest.contains(QLatin1String("--version")) || rest.contains(QLatin1String("-v")))
-        return {.action = Action::ShowVersion};
-    if (rest.contains(QLatin1String("--help")) || rest.contains(QLatin1String("-h")))
-        return {.action = Action::ShowHelp};
     return parseWindow(rest);
 }

@@ -41,7 +41,7 @@ QString optionsOfLists() {
               "  --from DAY --to DAY           these days and those between, in place of --range; each can stand\n"
               "                                alone; the summary takes --from alone and begins with its period\n"
               "  --set NAME                    the transaction set; otherwise the file's current one\n"
-              "  --today DAY                   the day that counts as today\n"
+              "  --today DAY                   the day that counts as today, none but a single one\n"
               "  --output FILE                 otherwise, and for -, standard output\n"
               "\n"
               "DAY is a day (2014-01-31 or 2014/01/31), a month (2014-01), a year (2014) or today. --from takes the\n"

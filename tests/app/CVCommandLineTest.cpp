@@ -21,6 +21,8 @@ const QList<Row> kRows{
     {{"-v"}, Action::ShowVersion},
     {{"--help"}, Action::ShowHelp},
     {{"-h"}, Action::ShowHelp},
+    {{"--version", "--data", "x"}, Action::Refuse},
+    {{"exprot", "--help"}, Action::Refuse},
     {{"check"}, Action::Check},
     {{"check", "--data", "a b.corvella"}, Action::Check, "a b.corvella"},
     {{"check", "--data=x"}, Action::Check, "x"},
