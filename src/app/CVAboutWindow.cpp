@@ -31,7 +31,7 @@ struct Library {
 };
 
 /// Each is linked as a shared library of the system.
-constexpr std::array<Library, 4> kLibraries{
+constexpr std::array<Library, 5> kLibraries{
     {{"Qt", QT_TRANSLATE_NOOP("CVAboutWindow", "windows, printing, help"),
       QT_TRANSLATE_NOOP("CVAboutWindow", "GNU Lesser General Public License, version 3"), "https://www.qt.io/"},
      {"libxml2", QT_TRANSLATE_NOOP("CVAboutWindow", "reads the data file"),
@@ -40,7 +40,9 @@ constexpr std::array<Library, 4> kLibraries{
       QT_TRANSLATE_NOOP("CVAboutWindow", "GNU Lesser General Public License, version 2.1 or later"),
       "https://libimobiledevice.org/"},
      {"muParser", QT_TRANSLATE_NOOP("CVAboutWindow", "computes what is typed into amounts"),
-      QT_TRANSLATE_NOOP("CVAboutWindow", "MIT licence"), "https://beltoforion.de/en/muparser/"}}};
+      QT_TRANSLATE_NOOP("CVAboutWindow", "MIT licence"), "https://beltoforion.de/en/muparser/"},
+     {"CUPS", QT_TRANSLATE_NOOP("CVAboutWindow", "hands pages to printers"),
+      QT_TRANSLATE_NOOP("CVAboutWindow", "Apache License, version 2.0"), "https://openprinting.github.io/cups/"}}};
 
 QString link(const QString& address) {
     return QStringLiteral("<a href=\"%1\">%1</a>").arg(address.toHtmlEscaped());

@@ -43,14 +43,13 @@ QString failure(const CVSaveOutcome& outcome, const QString& fullDisk) {
 
 CVAlert unreadable(const CVLoadReport& report, const CVSaveOutcome& outcome) {
     const QFileInfo file(report.path);
-    return {
-        tr("Your budget could not be read"),
-        tr("Corvella has started with an empty budget, because “%1” could not be read: %2.\n\n%3\n\nThe folder is "
-           "“%4”.")
-            .arg(file.fileName(), report.reason, whereabouts(outcome, file.path()), shown(file.path())),
-        tr("OK"),
-        {},
-        {}};
+    return {tr("Your budget could not be read"),
+            tr("Corvella has started with an empty budget, because “%1” could not be read: %2.\n\n%3\n\nThe folder is "
+               "“%4”.")
+                .arg(file.fileName(), report.reason, whereabouts(outcome, file.path()), shown(file.path())),
+            tr("OK"),
+            {},
+            {}};
 }
 
 CVAlert keptCopy(const CVSaveOutcome& outcome) {

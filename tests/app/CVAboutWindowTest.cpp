@@ -45,7 +45,7 @@ TEST_F(CVAboutWindowTest, NamesVersionMakerLicenceAndTheLibrariesWithTheirs) {
         for (const QString& part :
              {QString("Corvella " CORVELLA_VERSION), CVSite::webSite(), QString("Quenby Labs"), QString("MIT licence"),
               "Qt " + QString(qVersion()), QString("libxml2"), QString("libplist"), QString("muParser"),
-              QString("GNU Lesser General Public License, version 3"),
+              QString("CUPS"), QString("GNU Lesser General Public License, version 3"),
               QString("GNU Lesser General Public License, version 2.1 or later")})
             EXPECT_TRUE(text.contains(part)) << part.toStdString() << " in " << text.toStdString();
     });

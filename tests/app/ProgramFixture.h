@@ -41,6 +41,7 @@ protected:
             environment.remove(name);
         environment.insert(mEnvironment);
         program.setProcessEnvironment(environment);
+        program.setWorkingDirectory(mHome.path());
         program.start(executable, arguments);
         EXPECT_TRUE(program.waitForFinished(60'000));
         EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
