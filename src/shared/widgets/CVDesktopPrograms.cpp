@@ -5,7 +5,6 @@
 #include <QPointer>
 #include <QProcess>
 #include <QStandardPaths>
-#include <QWidget>
 
 #include <unistd.h>
 

@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QUrl>
+#include <QWidget>
 
 /// The programs that the user's desktop has chosen for web pages and mail. What is opened goes on when Corvella ends.
 class CVDesktopPrograms final : public QObject, public CVURLOpener {
