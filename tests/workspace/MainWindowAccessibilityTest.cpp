@@ -37,8 +37,11 @@ protected:
 TEST_F(MainWindowAccessibilityTest, TheTextsOfBoxesAndTheBarsOfTabsAreNamed) {
     EXPECT_EQ(nameOf(find<QComboBox>("mExpenseToFromComboBox")->lineEdit()), "Paid To/From");
     EXPECT_EQ(nameOf(find<QComboBox>("mExpenseCategoryComboBox")->lineEdit()), "Category");
-    for (const auto* const tabs : window().findChildren<QTabWidget*>())
-        EXPECT_NE(nameOf(tabs->tabBar()), "") << tabs->objectName().toStdString();
+    for (const auto* const tabs : window().findChildren<QTabWidget*>()) {
+        EXPECT_NE(tabs->accessibleName(), "") << tabs->objectName().toStdString();
+        // Without a name a bar is called as its current tab.
+        EXPECT_EQ(tabs->tabBar()->accessibleName(), tabs->accessibleName());
+    }
     table().setCurrentIndex(table().model()->index(0, Column::Category));
     table().edit(table().currentIndex());
     EXPECT_EQ(nameOf(table().findChild<QLineEdit*>()), "Category");
