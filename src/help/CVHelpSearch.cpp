@@ -64,12 +64,17 @@ void CVHelpSearch::search() {
 }
 
 void CVHelpSearch::showResults(int count) {
-    mResults->clear();
     if (wordsOf(mField->text()).isEmpty()) {
+        mResults->clear();
         mStatus->clear();
         return;
     }
-    for (const QHelpSearchResult& result : mEngine.searchResults(0, count)) {
+    const QList<QHelpSearchResult> results = mEngine.searchResults(0, mEngine.searchResultCount());
+    // The word of a search that ended may arrive when the next has begun, which tells of its own end.
+    if (results.size() != count)
+        return;
+    mResults->clear();
+    for (const QHelpSearchResult& result : results) {
         auto* const item = new QListWidgetItem(result.title(), mResults);
         item->setData(Qt::UserRole, result.url());
     }

@@ -2,6 +2,7 @@
 
 #include "BookFixture.h"
 #include "help/CVHelp.h"
+#include "help/CVHelpSearch.h"
 #include "kit/ScratchHome.h"
 #include "kit/ScreenRows.h"
 #include "kit/ScriptedAlerts.h"
@@ -11,8 +12,10 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QDialog>
+#include <QHelpEngine>
 #include <QHelpIndexWidget>
 #include <QHelpLink>
+#include <QHelpSearchEngine>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -187,6 +190,21 @@ TEST_F(CVHelpWindowTest, SaysThatNoPageHasAWord) {
     find<QLineEdit>("Search Help")->clear();
     EXPECT_EQ(labels[0]->text(), "");
     EXPECT_EQ(found(), QStringList());
+}
+
+TEST_F(CVHelpWindowTest, TheWordOfAnEarlierSearchChangesNothing) {
+    CVHelpSearch search(mBook);
+    auto* const results = search.findChild<QListWidget*>();
+    const auto* const label = search.findChild<QLabel*>();
+    search.findChild<QLineEdit*>()->setText("money");
+    ASSERT_TRUE(QTest::qWaitFor([results] { return results->count() > 0; }));
+    const QString before = label->text();
+    const int count = results->count();
+    for (const int earlier : {0, count + 1}) {
+        emit mBook.engine().searchEngine()->searchingFinished(earlier);
+        EXPECT_EQ(results->count(), count);
+        EXPECT_EQ(label->text(), before);
+    }
 }
 
 TEST_F(CVHelpWindowTest, ReturnInTheSearchGoesToTheBestPageAndTheWordInIt) {
