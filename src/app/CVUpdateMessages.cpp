@@ -3,6 +3,7 @@
 #include "shared/base/CVSite.h"
 
 #include <QCoreApplication>
+#include <QUrl>
 
 namespace CVUpdateMessages {
 

@@ -11,8 +11,8 @@
 namespace {
 
 /// What is seen of a name, in letters.
-constexpr int kShortestName = 8;
-constexpr int kLongestName = 28;
+constexpr int kShortestSetName = 8;
+constexpr int kLongestSetName = 28;
 /// To the frame of the page below. In pixels.
 constexpr int kGapBelow = 2;
 
@@ -27,7 +27,7 @@ CVSetPicker::CVSetPicker(QTabWidget& tabs)
     mTransactionSet->setObjectName(QStringLiteral("mTransactionSet"));
     mTransactionSet->setAccessibleName(tr("Transaction Set"));
     mTransactionSet->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    mTransactionSet->setMinimumContentsLength(kShortestName);
+    mTransactionSet->setMinimumContentsLength(kShortestSetName);
     connect(mTransactionSet, &QComboBox::activated, this, &CVSetPicker::picked);
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(layout->spacing(), 0, 0, kGapBelow);
@@ -48,7 +48,7 @@ void CVSetPicker::setNames(const QStringList& names, int current) {
 }
 
 QSize CVSetPicker::sizeHint() const {
-    const int longest = shortestWidth() + (kLongestName - kShortestName) * fontMetrics().averageCharWidth();
+    const int longest = shortestWidth() + (kLongestSetName - kShortestSetName) * fontMetrics().averageCharWidth();
     const QSize wish = mTransactionSet->sizeHint().boundedTo({longest, QWIDGETSIZE_MAX});
     const int gap = layout()->spacing();
     const int room = mTabs.width() - mTabs.tabBar()->sizeHint().width() - gap - labelWidth();

@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr int kLeastLetters = 24;
+constexpr int kLeastLettersShown = 24;
 constexpr int kLeastLines = 6;
 
 } // namespace
@@ -25,7 +25,7 @@ QSize CVScrollArea::sizeHint() const {
 }
 
 QSize CVScrollArea::minimumSizeHint() const {
-    const QSize least(kLeastLetters * fontMetrics().averageCharWidth(), kLeastLines * fontMetrics().height());
+    const QSize least(kLeastLettersShown * fontMetrics().averageCharWidth(), kLeastLines * fontMetrics().height());
     return least.boundedTo(widget()->minimumSizeHint());
 }
 

@@ -8,7 +8,7 @@
 namespace {
 
 /// That the styles keep on either side of the text. In pixels.
-constexpr int kTextMargin = 1;
+constexpr int kPopUpTextMargin = 1;
 
 } // namespace
 
@@ -37,5 +37,5 @@ bool CVSteadyComboBox::event(QEvent* event) {
 void CVSteadyComboBox::initStyleOption(QStyleOptionComboBox* option) const {
     QComboBox::initStyleOption(option);
     const int room = style()->subControlRect(QStyle::CC_ComboBox, option, QStyle::SC_ComboBoxEditField, this).width();
-    option->currentText = fontMetrics().elidedText(option->currentText, Qt::ElideRight, room - 2 * kTextMargin);
+    option->currentText = fontMetrics().elidedText(option->currentText, Qt::ElideRight, room - 2 * kPopUpTextMargin);
 }
