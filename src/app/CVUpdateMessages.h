@@ -2,9 +2,9 @@
 
 #include "shared/widgets/CVAlerts.h"
 
-/// What the user is told of newer versions, and of addresses that no program opens. `name` is the application's.
 class QUrl;
 
+/// What the user is told of newer versions, and of addresses that no program opens. `name` is the application's.
 namespace CVUpdateMessages {
 
 /// Default upgrades, alternate changes the preferences, other asks again later.
