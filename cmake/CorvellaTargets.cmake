@@ -46,14 +46,19 @@ function(corvella_test)
     # A home of its own: a test that forgets to redirect the settings or the data file cannot touch the user's.
     set(home "${CMAKE_BINARY_DIR}/tests home")
     file(MAKE_DIRECTORY "${home}")
-    set(suppressions "${PROJECT_SOURCE_DIR}/tests/sanitizers")
     set_tests_properties(${ARG_NAME} PROPERTIES
         LABELS "${ARG_LABEL}"
         TIMEOUT 300
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;TZ=UTC;LC_ALL=C.UTF-8;HOME=${home}"
         ENVIRONMENT_MODIFICATION "XDG_DATA_HOME=unset:;XDG_CONFIG_HOME=unset:;XDG_CACHE_HOME=unset:"
     )
-    set_property(TEST ${ARG_NAME} APPEND PROPERTY ENVIRONMENT
+    corvella_test_surroundings(${ARG_NAME})
+endfunction()
+
+# What every test finds, its own program or the one that it drives: two font families, and strict sanitizers.
+function(corvella_test_surroundings name)
+    set(suppressions "${PROJECT_SOURCE_DIR}/tests/sanitizers")
+    set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT
         "FONTCONFIG_FILE=${PROJECT_SOURCE_DIR}/tests/fonts.conf"
         "ASAN_OPTIONS=halt_on_error=1:detect_leaks=1:detect_stack_use_after_return=1:strict_string_checks=1"
         "LSAN_OPTIONS=suppressions='${suppressions}/lsan.supp':print_suppressions=0"

@@ -64,9 +64,10 @@ def walk_through_windows(home, executable, with_sample):
         finally:
             process.kill()
             process.wait()
-        errors.seek(0)
-        said = errors.read()
-        assert said == "", said
+            errors.seek(0)
+            said = errors.read()
+            print(said, end="")
+        assert said == "", "standard error is not empty"
 
 
 def environment_of(folder):
