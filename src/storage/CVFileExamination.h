@@ -47,7 +47,7 @@ private:
     /// What is skipped, by the characters around it.
     struct Skippable {
         QStringView start;
-        char16_t endMark;
+        char16_t endMark = 0;
     };
     static const Skippable kComment;
     static const Skippable kSection;
