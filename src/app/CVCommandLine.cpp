@@ -57,7 +57,7 @@ constexpr std::array<Command, 4> kCommands{
 
 struct Question {
     QLatin1StringView option;
-    Action answer;
+    Action answer = Action::Refuse;
 };
 
 /// What stands alone on a command line without a command.
