@@ -85,7 +85,7 @@ protected:
         int undone = 0;
         for (; field().isUndoAvailable(); ++undone)
             press(kUndo);
-        const QString first = field().text();
+        QString first = field().text();
         for (; undone > 0; --undone)
             press(kRedo);
         EXPECT_EQ(field().text(), last);
