@@ -1,6 +1,8 @@
 #include "workspace/MainWindowFixture.h"
 
 #include <QAccessible>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTabWidget>
