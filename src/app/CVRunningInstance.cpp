@@ -8,8 +8,6 @@
 #include <QLocalSocket>
 #include <QThread>
 
-#include <unistd.h>
-
 namespace {
 
 constexpr QLatin1StringView kLock("/.running.lock");
@@ -37,12 +35,6 @@ QString sparePath(const QString& folder, const QString& runtimeFolder) {
 }
 
 } // namespace
-
-QString CVRunningInstance::ofUser() {
-    const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    const QFileInfo found(folder);
-    return found.isAbsolute() && found.isDir() && found.ownerId() == ::geteuid() ? folder : QString();
-}
 
 CVRunningInstance::CVRunningInstance(const QString& folder, const QString& runtimeFolder)
     : mSockets(folder + kSocket)

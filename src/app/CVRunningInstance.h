@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/CVFileLock.h"
+#include "app/CVRuntimeFolder.h"
 
 #include <QLocalServer>
 #include <QObject>
@@ -28,7 +29,7 @@ public:
 
     /// The folder is made if it is missing. `runtimeFolder` is the user's own for as long as the user is logged in;
     /// empty for none.
-    explicit CVRunningInstance(const QString& folder, const QString& runtimeFolder = ofUser());
+    explicit CVRunningInstance(const QString& folder, const QString& runtimeFolder = CVRuntimeFolder::ofUser());
 
     /// Blocks while another program takes its time to answer, but not longer than `patience`.
     [[nodiscard]] Outcome claim(std::chrono::milliseconds patience);
@@ -38,8 +39,6 @@ signals:
     void showRequested();
 
 private:
-    /// The runtime folder of this user; empty when there is none.
-    [[nodiscard]] static QString ofUser();
     [[nodiscard]] CVFileLock::Outcome lock();
     void listen();
     void answer();

@@ -8,18 +8,18 @@ namespace {
 
 constexpr const char* kRuntimeFolder = "XDG_RUNTIME_DIR";
 
-/// One that others may enter stays in use, with the toolkit's complaint: the session's display may lie in it.
-bool isOfThisUser(const QString& path) {
-    const QFileInfo folder(path);
-    return folder.isDir() && folder.ownerId() == ::geteuid();
-}
-
 } // namespace
+
+QString CVRuntimeFolder::ofUser() {
+    const QString path = qEnvironmentVariable(kRuntimeFolder);
+    const QFileInfo folder(path);
+    return folder.isAbsolute() && folder.isDir() && folder.ownerId() == ::geteuid() ? path : QString();
+}
 
 CVRuntimeFolder::CVRuntimeFolder() {
     if (qEnvironmentVariableIsSet(kRuntimeFolder))
         mBefore = qgetenv(kRuntimeFolder);
-    if (isOfThisUser(QFile::decodeName(mBefore.value_or(QByteArray()))))
+    if (!ofUser().isEmpty())
         return;
     mOwn.emplace();
     if (mOwn->isValid())

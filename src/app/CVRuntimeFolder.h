@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 #include <QTemporaryDir>
 
 #include <optional>
@@ -10,6 +11,10 @@
 /// own, which goes with this object.
 class CVRuntimeFolder final {
 public:
+    /// The runtime folder of this user's session; empty when there is none. One that others may enter counts, with the
+    /// toolkit's complaint: the session's display may lie in it.
+    [[nodiscard]] static QString ofUser();
+
     CVRuntimeFolder();
     /// The environment is again as it was.
     ~CVRuntimeFolder();
