@@ -41,8 +41,10 @@ protected:
         mDelegate->mainWindow()->getStarted();
     }
 
-    void start() {
+    /// Without help there is no Help button.
+    void start(CVHelpOpener* help = nullptr) {
         mDelegate = std::make_unique<CVAppDelegate>(mHome.settingsStore(), mHome.folders(), mAlerts, mPanels);
+        mDelegate->setHelp(help);
         ASSERT_TRUE(mDelegate->applicationDidFinishLaunching());
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
     }

@@ -18,12 +18,7 @@ public:
 
 class HelpCommand : public EditorWindowsFixture {
 protected:
-    void SetUp() override {
-        mDelegate = std::make_unique<CVAppDelegate>(mHome.settingsStore(), mHome.folders(), mAlerts, mPanels);
-        mDelegate->setHelp(&mHelp);
-        ASSERT_TRUE(mDelegate->applicationDidFinishLaunching());
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
-    }
+    void SetUp() override { start(&mHelp); }
 
     /// As the book writes it: less its mnemonic.
     static QString title(const QAction& action) { return action.text().remove('&'); }

@@ -85,10 +85,7 @@ void checkTabs(const QWidget& window, QTabWidget& tabs, const QString& where) {
 class MnemonicsTest : public EditorWindowsFixture {
 protected:
     void SetUp() override {
-        mDelegate = std::make_unique<CVAppDelegate>(mHome.settingsStore(), mHome.folders(), mAlerts, mPanels);
-        mDelegate->setHelp(&mHelp);
-        ASSERT_TRUE(mDelegate->applicationDidFinishLaunching());
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+        start(&mHelp);
         record(day(2014, 3, 6), 30, "Market", "Food");
         for (const quint32 id : {1001, 1002}) {
             const auto set = std::make_shared<CVTransactionSet>();
