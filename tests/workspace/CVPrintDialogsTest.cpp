@@ -117,10 +117,7 @@ TEST_F(PrintDialogs, ShowAProgressPanelWithWhichALongReportIsCancelled) {
     CVReportView view(report(300'000), printInfo);
     chooseFile();
     bool wasShown = false;
-    whenShown<QProgressDialog>([&wasShown](QProgressDialog& progress) {
-        wasShown = true;
-        progress.cancel();
-    });
+    cancelProgress(wasShown);
     EXPECT_EQ(dialogs.print(window, view), std::nullopt);
     EXPECT_TRUE(wasShown);
     EXPECT_FALSE(QFile::exists(path)) << "no half report is left behind";

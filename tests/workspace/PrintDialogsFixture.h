@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QProgressDialog>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -35,6 +36,14 @@ struct PrintDialogs : testing::Test {
             }
         });
         timer->start(10);
+    }
+
+    /// Cancels as soon as there is something to cancel; `wasShown`, which outlives the dialog, tells that there was.
+    void cancelProgress(bool& wasShown) {
+        whenShown<QProgressDialog>([&wasShown](QProgressDialog& progress) {
+            wasShown = true;
+            progress.cancel();
+        });
     }
 
     /// Prints to a file, as the user does who chooses that.

@@ -7,7 +7,6 @@
 #include <QPageSetupDialog>
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
-#include <QProgressDialog>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
@@ -41,10 +40,7 @@ TEST_F(PrintDialogs, HandNothingToTheQueueOnceThePrintingIsCancelled) {
     CVReportView view(report(300'000), printInfo);
     choosePrinter();
     bool wasShown = false;
-    whenShown<QProgressDialog>([&wasShown](QProgressDialog& progress) {
-        wasShown = true;
-        progress.cancel();
-    });
+    cancelProgress(wasShown);
     EXPECT_EQ(dialogs.print(window, view), std::nullopt);
     EXPECT_TRUE(wasShown);
     EXPECT_TRUE(queue.jobs().isEmpty());
