@@ -63,7 +63,11 @@ QSize CVSetPicker::minimumSizeHint() const {
 void CVSetPicker::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     // Not when the event loop comes to it: the pop-up would stand beyond the edge until then.
-    mLabel->setVisible(width() >= layout()->spacing() + labelWidth() + shortestWidth());
+    const int room = width() - layout()->spacing();
+    const bool isLabelled = room >= labelWidth() + shortestWidth();
+    mLabel->setVisible(isLabelled);
+    // The toolkit's pop-up resizes itself to its longest item some time after its items have changed.
+    mTransactionSet->setMaximumWidth(isLabelled ? room - labelWidth() : room);
     layout()->activate();
 }
 

@@ -166,7 +166,7 @@ QString xml_storableText(const QString& text) {
 }
 
 QString xml_storableLine(const QString& text) {
-    QString storable = xml_storableText(text);
+    const QString storable = xml_storableText(text);
     if (std::none_of(storable.begin(), storable.end(), isLineBreak))
         return storable;
     QString line(QLatin1String(""));
