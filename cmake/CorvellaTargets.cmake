@@ -60,7 +60,7 @@ function(corvella_test_surroundings name)
     set(suppressions "${PROJECT_SOURCE_DIR}/tests/sanitizers")
     set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT
         "FONTCONFIG_FILE=${PROJECT_SOURCE_DIR}/tests/fonts.conf"
-        "ASAN_OPTIONS=halt_on_error=1:detect_leaks=1:detect_stack_use_after_return=1:strict_string_checks=1"
+        "ASAN_OPTIONS=halt_on_error=1:detect_leaks=1:detect_stack_use_after_return=1:strict_string_checks=1:suppressions='${suppressions}/asan.supp'"
         "LSAN_OPTIONS=suppressions='${suppressions}/lsan.supp':print_suppressions=0"
         "TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1:suppressions='${suppressions}/tsan.supp'"
         "UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1"
