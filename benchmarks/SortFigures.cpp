@@ -45,7 +45,7 @@ void measureSort(benchmark::State& state, std::size_t transactions, const char* 
 
     using Key = decltype(keyOf(*document.transactions().front()));
     std::vector<Plain<Key>> unsorted;
-    for (const CVTransaction* const transaction : (list.filterTransactions(), list.displayTransactions()))
+    for (const auto& transaction : (list.filterTransactions(), list.displayTransactions()))
         unsorted.push_back({keyOf(*transaction), unsorted.size()});
     std::vector<Plain<Key>> records;
     CVComparison comparison;

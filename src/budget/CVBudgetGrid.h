@@ -6,7 +6,6 @@
 
 #include <optional>
 #include <span>
-#include <utility>
 #include <vector>
 
 /// All numbers of the budget grid, from one walk over the transactions: what each row's category comes to in each
@@ -27,22 +26,15 @@ public:
     [[nodiscard]] std::optional<double> columnTotal(std::size_t column) const;
 
 private:
-    struct Stretch;
-
-    [[nodiscard]] std::size_t lineLength() const { return mColumns + 2; }
-    [[nodiscard]] std::size_t spareColumn() const { return mColumns + 1; }
+    [[nodiscard]] std::size_t lineLength() const { return mColumns + 1; }
     [[nodiscard]] std::size_t allSlot() const { return mSlots.count(); }
-    [[nodiscard]] std::size_t spareSlot() const { return mSlots.count() + 1; }
     [[nodiscard]] double* line(std::size_t slot) { return mSums.data() + slot * lineLength(); }
-    void addUp(const CVDocument::Transactions& transactions, std::span<const CVDayRange> ranges);
-    std::size_t addUp(const CVDocument::Transactions& transactions, std::size_t first, const Stretch& stretch,
-                      std::pair<std::size_t, std::size_t> columns);
     [[nodiscard]] std::optional<double> shown(std::size_t slot, std::size_t column) const;
 
     std::size_t mColumns;
     CVCategorySlots mSlots;
-    /// A line of sums per slot, one for all transactions and so for a category with ID 0, and a spare one for those of
-    /// no row. In a line the columns, then the total, then a spare one: to add to a spare sum is quicker than to ask.
+    /// One line of sums for each slot, and one for all transactions, which is also that of a category with ID 0. A line
+    /// holds the columns, then the total.
     std::vector<double> mSums;
     /// Which line a row shows.
     std::vector<std::size_t> mRowSlots;

@@ -1,7 +1,6 @@
 #include "budget/CVSpending.h"
 
-#include "budget/CVRoundedSum.h"
-#include "model/CVFetchAhead.h"
+#include "model/CVTransaction.h"
 #include "shared/base/QBMoney.h"
 
 #include <algorithm>
@@ -10,23 +9,23 @@
 namespace {
 
 /// A category's spending while it is added up.
-struct Running {
-    CVRoundedSum total;
+struct SpendingSoFar {
+    double total = 0;
     quint64 count = 0;
     qint64 firstDay = std::numeric_limits<qint64>::max();
     qint64 lastDay = std::numeric_limits<qint64>::min();
-    CVRoundedSum taxTotal;
+    double taxTotal = 0;
     quint64 taxCount = 0;
 
     void add(const CVTransaction& transaction) {
         const double amount = transaction.amount();
         const qint64 day = transaction.dayKey();
-        total.add(amount);
+        total = RoundDoubleToTwoPlaces(total + amount);
         ++count;
         firstDay = std::min(firstDay, day);
         lastDay = std::max(lastDay, day);
         if (transaction.taxFlag()) {
-            taxTotal.add(amount);
+            taxTotal = RoundDoubleToTwoPlaces(taxTotal + amount);
             ++taxCount;
         }
     }
@@ -34,8 +33,7 @@ struct Running {
     [[nodiscard]] CVSpending spending() const {
         if (count == 0)
             return {};
-        return {total.value(),    count,   QBDate::withOrderKey(firstDay), QBDate::withOrderKey(lastDay),
-                taxTotal.value(), taxCount};
+        return {total, count, QBDate::withOrderKey(firstDay), QBDate::withOrderKey(lastDay), taxTotal, taxCount};
     }
 };
 
@@ -47,19 +45,18 @@ CVSpendingOfRange::CVSpendingOfRange(const CVDocument::Transactions& transaction
     , mSlots(categoryIDs) {
     const qint64 start = range.start.orderKey();
     const qint64 end = range.end.orderKey();
-    std::vector<Running> running(mSlots.count());
+    std::vector<SpendingSoFar> spendingSoFar(mSlots.count());
     double grandTotal = 0;
-    for (std::size_t i = 0; i < transactions.size(); ++i) {
-        const CVTransaction& transaction = CVFetchAhead(transactions, i);
-        if (transaction.dayKey() < start || transaction.dayKey() > end)
+    for (const auto& transaction : transactions) {
+        if (transaction->dayKey() < start || transaction->dayKey() > end)
             continue;
-        grandTotal += transaction.amount();
-        const std::size_t slot = mSlots.slotOf(transaction.categoryID());
+        grandTotal += transaction->amount();
+        const std::size_t slot = mSlots.slotOf(transaction->categoryID());
         if (slot != CVCategorySlots::kNone)
-            running[slot].add(transaction);
+            spendingSoFar[slot].add(*transaction);
     }
     mGrandTotal = RoundDoubleToTwoPlaces(grandTotal);
-    for (const Running& sums : running)
+    for (const SpendingSoFar& sums : spendingSoFar)
         mSpending.push_back(sums.spending());
 }
 

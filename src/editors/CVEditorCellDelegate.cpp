@@ -1,6 +1,7 @@
 #include "editors/CVEditorCellDelegate.h"
 
 #include "shared/widgets/CVCellStyle.h"
+#include "shared/widgets/CVCheckCell.h"
 
 #include <QEvent>
 #include <QLineEdit>
@@ -32,7 +33,7 @@ void CVEditorCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& 
         return;
     QStyleOptionViewItem box = option;
     box.state.setFlag(QStyle::State_Enabled, canTurnRound(index));
-    mCheckCell.paint(*painter, box, state.toInt() == Qt::Checked);
+    CVCheckCell::paint(*painter, box, state.toInt() == Qt::Checked);
 }
 
 QWidget* CVEditorCellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,

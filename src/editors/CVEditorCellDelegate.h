@@ -1,7 +1,6 @@
 #pragma once
 
 #include "shared/widgets/CVCellDelegate.h"
-#include "shared/widgets/CVCheckCell.h"
 
 /// The cells of an editor's table: boxes stand in the middle of their cells, and one that cannot be turned round is
 /// greyed. A click on a cell with a box, or Space anywhere in its row, turns it round.
@@ -16,7 +15,4 @@ public:
                                         const QModelIndex& index) const override;
     bool editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,
                      const QModelIndex& index) override;
-
-private:
-    CVCheckCell mCheckCell;
 };

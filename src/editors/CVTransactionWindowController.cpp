@@ -1,12 +1,12 @@
 #include "editors/CVTransactionWindowController.h"
 
 #include "budget/CVFrequencyLabel.h"
-#include "budget/CVRoundedSum.h"
 #include "editors/CVEditorTable.h"
 #include "editors/CVTransactionWindowModel.h"
 #include "model/CVCategory.h"
 #include "model/CVTransaction.h"
 #include "shared/base/CVNotifications.h"
+#include "shared/base/QBMoney.h"
 #include "shared/base/QBNotificationCenter.h"
 #include "shared/widgets/CVAnyLength.h"
 #include "shared/widgets/CVAttentionColour.h"
@@ -98,10 +98,9 @@ QString CVTransactionWindowController::plannedText() const {
 }
 
 void CVTransactionWindowController::computeFigures() {
-    CVRoundedSum spent;
+    mSpent = 0;
     for (const auto& transaction : mModel->transactions())
-        spent.add(transaction->amount());
-    mSpent = spent.value();
+        mSpent = RoundDoubleToTwoPlaces(mSpent + transaction->amount());
     const auto category = this->category();
     mPlanned = category ? category->expenseTarget() : 0;
     mCategoryField->setText(category ? category->categoryName() : QString());

@@ -48,10 +48,8 @@ void CVCategory::setCategoryName(const QString& name) {
     if (mCategoryName.isNull() ? storable.isNull() : mCategoryName == storable && !storable.isNull())
         return;
     mCategoryName = storable;
-    if (!mDocument)
-        return;
-    mDocument->recordChanged();
-    mDocument->notificationCenter().postNotification(QLatin1String(CVNotifications::kCategoryAddedRemoved));
+    if (mDocument)
+        mDocument->notificationCenter().postNotification(QLatin1String(CVNotifications::kCategoryAddedRemoved));
 }
 
 QByteArray CVCategory::xmlRepresentation() const {

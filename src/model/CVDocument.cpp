@@ -111,7 +111,6 @@ void CVDocument::reset_to_default_info() {
 }
 
 void CVDocument::finishedParsingData() {
-    recordChanged();
     keepFirstOfEachID(mTransactionSets);
     keepFirstOfEachID(mCategories);
 }
@@ -121,7 +120,6 @@ const std::shared_ptr<CVCategory>& CVDocument::objectInCategoriesAtIndex(std::si
 }
 
 void CVDocument::removeAllCategories() {
-    recordChanged();
     release(mCategories);
 }
 
@@ -155,13 +153,11 @@ std::shared_ptr<CVCategory> CVDocument::insertCategoryName(const QString& name) 
 void CVDocument::addCategory(const std::shared_ptr<CVCategory>& category) {
     if (!category)
         return;
-    recordChanged();
     mCategories.push_back(category);
     announceCategories();
 }
 
 void CVDocument::sortCategories() {
-    recordChanged();
     std::stable_sort(mCategories.begin(), mCategories.end(), [](const auto& a, const auto& b) {
         return a->categoryName().compare(b->categoryName(), Qt::CaseInsensitive) < 0;
     });
@@ -172,7 +168,6 @@ void CVDocument::removeCategory(const std::shared_ptr<CVCategory>& category) {
         return;
     // `category` may be the very element that goes.
     if (const auto found = std::find(mCategories.begin(), mCategories.end(), category); found != mCategories.end()) {
-        recordChanged();
         category->setDocument(nullptr);
         mCategories.erase(found);
     }

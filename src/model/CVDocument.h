@@ -117,17 +117,6 @@ public:
     [[nodiscard]] quint32 uniqueID() const { return _uniqueID; }
     void setUniqueID(quint32 id) { _uniqueID = id; }
 
-    /// Rises with every change of a transaction or of a category's name, of which of them there are, of their order and
-    /// of the bounds of their dates: whoever keeps what was computed from them can tell whether it still holds.
-    [[nodiscard]] quint64 changeCount() const { return mChangeCount; }
-    /// The records tell of their own changes.
-    void recordChanged() {
-        ++mChangeCount;
-        mLastInsertion.reset();
-    }
-    /// The index at which the last of these changes put a new transaction; absent when it was a change of another kind.
-    [[nodiscard]] const std::optional<std::size_t>& lastInsertion() const { return mLastInsertion; }
-
     /// What a document without data holds: the standard categories and a paid-to list of ten.
     void addDefaults();
     /// Removes all categories and transactions, starts over with the standard categories and saves. Sets stay.
@@ -138,7 +127,6 @@ public:
     void finishedParsingData();
 
 private:
-    void removeInAnyOrder(std::span<const std::shared_ptr<CVTransaction>> transactions);
     void widenBounds(const QBDate& date);
     [[nodiscard]] quint32 getUniqueIDBesides(const std::unordered_set<quint32>& taken);
     void announceTransactions() const;
@@ -149,8 +137,6 @@ private:
     TransactionSets mTransactionSets;
     quint32 mCurrentTransactionSetID = 0;
     quint32 _uniqueID = 0;
-    quint64 mChangeCount = 0;
-    std::optional<std::size_t> mLastInsertion;
     std::optional<QBDate> _earliestTransactionDate;
     std::optional<QBDate> _latestTransactionDate;
     QBNotificationCenter& mNotificationCenter;

@@ -6,8 +6,7 @@
 #include "model/CVTransactionSort.h"
 
 #include <algorithm>
-#include <functional>
-#include <vector>
+#include <unordered_set>
 
 namespace {
 
@@ -27,7 +26,6 @@ void eraseLeaving(CVDocument::Transactions& transactions, Leaves leaves) {
 /// The part of the document that keeps transactions in their order and the bounds of their dates.
 
 void CVDocument::addTransaction(std::shared_ptr<CVTransaction> transaction) {
-    recordChanged();
     mTransactions.push_back(std::move(transaction));
 }
 
@@ -44,8 +42,6 @@ void CVDocument::insertTransaction(const std::shared_ptr<CVTransaction>& transac
     }
     const auto index = indexInTransactionArrayOfDate(transaction->effectiveDate());
     mTransactions.insert(mTransactions.begin() + static_cast<std::ptrdiff_t>(index), transaction);
-    recordChanged();
-    mLastInsertion = index;
     announceTransactions();
 }
 
@@ -53,7 +49,6 @@ void CVDocument::removeTransaction(const std::shared_ptr<CVTransaction>& transac
     if (transaction) {
         const auto found = std::find(mTransactions.begin(), mTransactions.end(), transaction);
         if (found != mTransactions.end()) {
-            recordChanged();
             transaction->setDocument(nullptr);
             mTransactions.erase(found);
         }
@@ -65,42 +60,21 @@ void CVDocument::removeTransaction(const std::shared_ptr<CVTransaction>& transac
 void CVDocument::removeTransactions(std::span<const std::shared_ptr<CVTransaction>> transactions) {
     if (transactions.empty())
         return;
-    recordChanged();
-    // Most lists are in the order of the document; only the rest of another one is looked up.
-    std::size_t inOrder = 0;
-    eraseLeaving(mTransactions, [&](const auto& transaction) {
-        const bool leaves = inOrder < transactions.size() && transaction == transactions[inOrder];
-        inOrder += leaves ? 1 : 0;
-        return leaves;
-    });
-    if (inOrder < transactions.size())
-        removeInAnyOrder(transactions.subspan(inOrder));
+    const std::unordered_set<std::shared_ptr<CVTransaction>> removed(transactions.begin(), transactions.end());
+    eraseLeaving(mTransactions, [&removed](const auto& transaction) { return removed.contains(transaction); });
     announceTransactions();
     updateDates();
-}
-
-void CVDocument::removeInAnyOrder(std::span<const std::shared_ptr<CVTransaction>> transactions) {
-    std::vector<const CVTransaction*> removed;
-    removed.reserve(transactions.size());
-    for (const auto& transaction : transactions)
-        removed.push_back(transaction.get());
-    std::sort(removed.begin(), removed.end(), std::less<>());
-    eraseLeaving(mTransactions, [&removed](const auto& transaction) {
-        return std::binary_search(removed.begin(), removed.end(), transaction.get(), std::less<>());
-    });
 }
 
 void CVDocument::removeTransactionsForSet(quint32 id) {
     if (mTransactions.empty())
         return;
-    recordChanged();
     eraseLeaving(mTransactions, [id](const auto& transaction) { return transaction->transactionSetID() == id; });
     announceTransactions();
     updateDates();
 }
 
 void CVDocument::sortTransactionsByDate() {
-    recordChanged();
     CVSortTransactions(mTransactions, {QStringLiteral("date"), true}, mCategories);
 }
 
@@ -122,7 +96,6 @@ std::size_t CVDocument::indexInTransactionArrayOfDate(const std::optional<QBDate
 }
 
 void CVDocument::updateDates() {
-    recordChanged();
     const QBDate today = QBDate::date();
     for (const auto& category : mCategories) {
         category->setEarliestTransactionDate(today);
@@ -144,12 +117,10 @@ void CVDocument::updateDates() {
 }
 
 void CVDocument::setEarliestTransactionDate(const std::optional<QBDate>& date) {
-    recordChanged();
     _earliestTransactionDate = date;
 }
 
 void CVDocument::setLatestTransactionDate(const std::optional<QBDate>& date) {
-    recordChanged();
     _latestTransactionDate = date;
 }
 

@@ -42,7 +42,7 @@ void CVTransaction::setEffectiveDate(const std::optional<QBDate>& date) {
     if (mEffectiveDate == key)
         return;
     mEffectiveDate = key;
-    changed();
+    mXMLString = {};
 }
 
 void CVTransaction::setPayTo(const QString& text) {
@@ -50,7 +50,7 @@ void CVTransaction::setPayTo(const QString& text) {
     if (mPayToFrom.isNull() ? storable.isNull() : mPayToFrom == storable && !storable.isNull())
         return;
     mPayToFrom = storable;
-    changed();
+    mXMLString = {};
 }
 
 void CVTransaction::setFor(const QString& text) {
@@ -58,53 +58,47 @@ void CVTransaction::setFor(const QString& text) {
     if (!mPayToFrom.isNull() && (mFor.isNull() || (mFor == storable && !storable.isNull())))
         return;
     mFor = storable;
-    changed();
+    mXMLString = {};
 }
 
 void CVTransaction::setAmount(double amount) {
     if (!(std::abs(amount - mAmount) > kAmountTolerance))
         return;
     mAmount = amount;
-    changed();
+    mXMLString = {};
 }
 
 void CVTransaction::setCategoryID(quint32 id) {
     if (mCategoryID == id)
         return;
     mCategoryID = id;
-    changed();
+    mXMLString = {};
 }
 
 void CVTransaction::setTransactionSetID(quint32 id) {
     if (mTransactionSetID == id)
         return;
     mTransactionSetID = id;
-    changed();
+    mXMLString = {};
 }
 
 void CVTransaction::setTaxFlag(bool flag) {
     if (mTaxFlag == flag)
         return;
     mTaxFlag = flag;
-    changed();
+    mXMLString = {};
 }
 
 void CVTransaction::setUserFlag(bool flag) {
     if (mUserFlag == flag)
         return;
     mUserFlag = flag;
-    changed();
+    mXMLString = {};
 }
 
 QString CVTransaction::categoryName() const {
     const auto category = mDocument ? mDocument->getCategoryByUniqueID(mCategoryID) : nullptr;
     return category ? category->categoryName() : QString();
-}
-
-void CVTransaction::changed() {
-    mXMLString = {};
-    if (mDocument)
-        mDocument->recordChanged();
 }
 
 const CVTextSlice& CVTransaction::xmlRepresentation(CVTextArena& arena) const {

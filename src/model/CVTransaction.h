@@ -69,7 +69,6 @@ private:
     void readAttributes(CVXMLAttributes attributes);
     void readData(CVXMLAttributes attributes);
     [[nodiscard]] char* write(char* out) const;
-    void changed();
 
     /// What walks over all transactions read comes first and together. As an order key.
     qint64 mEffectiveDate = QBDate::orderKey(std::nullopt);

@@ -15,11 +15,11 @@ bool areDuplicates(const CVTransaction& a, const CVTransaction& b) {
 
 } // namespace
 
-std::vector<CVTransaction*> CVFindDuplicates(const CVDocument::Transactions& transactions) {
-    std::vector<CVTransaction*> found;
+CVDocument::Transactions CVFindDuplicates(const CVDocument::Transactions& transactions) {
+    CVDocument::Transactions found;
     for (std::size_t later = transactions.size(); later-- > 1;) {
         if (areDuplicates(*transactions[later - 1], *transactions[later]))
-            found.push_back(transactions[later].get());
+            found.push_back(transactions[later]);
     }
     return found;
 }

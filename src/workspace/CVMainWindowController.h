@@ -124,20 +124,7 @@ private:
     void setFrequency(int row, int code);
     void setTarget(int row, double target);
 
-    /// What the figures on the tabs were computed from: coming back to a tab computes nothing that still holds.
-    struct Basis {
-        quint64 changeCount = 0;
-        /// The list is collected anew some time after a change.
-        std::optional<quint64> collectedAt;
-        quint32 transactionSet = 0;
-        quint32 shownTransactionSet = 0;
-        CVShowUnused showUnused = CVShowUnused::No;
-
-        bool operator==(const Basis&) const = default;
-    };
-
-    [[nodiscard]] Basis basis() const;
-    void buildCategoryArray();
+    [[nodiscard]] CVDocument::Categories categoryRows() const;
     void reloadGrid();
     void reloadReports();
     void printShownTab(CVPrintWay way);
@@ -152,12 +139,6 @@ private:
     QBDate mToday;
     CVTransactionList mList;
     CVPaidToList mPaidToList;
-    /// The rows of the grid and the reports, and what they were built from.
-    CVDocument::Categories mCategoryArray;
-    std::optional<Basis> mBasis;
-    /// Of the figures that were computed from that; absent for none. A range of the grid belongs to one type of period.
-    std::optional<CVDayRange> mGridRange;
-    std::optional<CVDayRange> mReportRange;
     CVGridContents mGrid;
     CVReportContents mReports;
     CVPrintCommands mPrintCommands;

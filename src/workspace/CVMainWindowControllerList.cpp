@@ -80,7 +80,7 @@ void CVMainWindowController::showProblem(const CVEntryProblem& problem) {
 
 void CVMainWindowController::removeTransaction() {
     CVTransactionTableView& table = mWindow->transactionsTab().table();
-    const CVDocument::Transactions selected = mList.owned(table.selectedTransactions());
+    const CVDocument::Transactions selected = table.selectedTransactions();
     if (selected.empty())
         return;
     const auto answer = mAlerts.run(mWindow.get(), {tr("Are you sure you want to delete the selected transaction(s)?"),
@@ -118,8 +118,7 @@ void CVMainWindowController::exportTransactions() {
 
 void CVMainWindowController::writeExport(const QString& path) {
     // While the progress is shown other events run, which may list other lines.
-    const CVDocument::Transactions owners = mList.sharedDisplayTransactions();
-    const CVTransactionList::Rows rows = mList.displayTransactions();
+    const CVDocument::Transactions rows = mList.displayTransactions();
     CVProgressPanel progress(tr("Export Transactions"), static_cast<int>(rows.size()), mWindow.get());
     const auto text = CVExportedTransactions(rows, [&progress](std::size_t done) {
         return progress.stepsDone(static_cast<int>(done), tr("Exporting transactions…"));
@@ -140,7 +139,6 @@ void CVMainWindowController::writeExport(const QString& path) {
 void CVMainWindowController::showList() {
     mWindow->transactionsTab().showTotalsAndCountsField();
     mWindow->transactionsTab().table().reload();
-    mList.releaseTakenOut();
 }
 
 void CVMainWindowController::sortByColumn(const QString& identifier) {

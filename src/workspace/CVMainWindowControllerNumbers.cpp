@@ -20,36 +20,17 @@ void CVMainWindowController::setDateFieldsFromPopUp() {
     mWindow->reportsTab().rangeControls().setRange(mReports.range());
 }
 
-CVMainWindowController::Basis CVMainWindowController::basis() const {
-    return {mDocument.changeCount(), mList.collectedAt(), mDocument.currentTransactionSet(),
-            mDocument.shownTransactionSet(), CVShowUnusedFromDefaults(mDocument.userDefaults())};
-}
-
-void CVMainWindowController::buildCategoryArray() {
-    const Basis now = basis();
-    if (mBasis == now)
-        return;
-    mCategoryArray = ::buildCategoryArray(mDocument, now.showUnused);
-    mBasis = now;
-    mGridRange.reset();
-    mReportRange.reset();
+/// The rows of the grid and the reports.
+CVDocument::Categories CVMainWindowController::categoryRows() const {
+    return buildCategoryArray(mDocument, CVShowUnusedFromDefaults(mDocument.userDefaults()));
 }
 
 void CVMainWindowController::reloadGrid() {
-    buildCategoryArray();
-    const CVDayRange range = mGrid.periods().displayRange();
-    if (mGridRange == range)
-        return;
-    mGrid.reload(mList.transactions(), mCategoryArray);
-    mGridRange = range;
+    mGrid.reload(mList.transactions(), categoryRows());
 }
 
 void CVMainWindowController::reloadReports() {
-    buildCategoryArray();
-    if (mReportRange == mReports.range())
-        return;
-    mReports.reload(mList.transactions(), mCategoryArray);
-    mReportRange = mReports.range();
+    mReports.reload(mList.transactions(), categoryRows());
 }
 
 void CVMainWindowController::setTimePeriod(int periodType) {

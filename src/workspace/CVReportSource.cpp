@@ -26,7 +26,7 @@ std::unique_ptr<const CVReport> make(CVReportType type, const CVReportSource& so
     const CVDayRange& range = source.reports.range();
     switch (type) {
     case CVReportType::Transactions:
-        return CVReport::initWithTransactions(source.list.sharedDisplayTransactions());
+        return CVReport::initWithTransactions(source.list.displayTransactions());
     case CVReportType::Summary:
         return CVReport::initWithSummaryTable(CVGridSummary(source.grid), source.grid.rows(),
                                               static_cast<int>(source.grid.columns().size()));
@@ -35,12 +35,11 @@ std::unique_ptr<const CVReport> make(CVReportType type, const CVReportSource& so
     case CVReportType::CategoryTotals:
         return CVReport::initWithCatgoryTotals(categories, source.list.transactions(), range.start, range.end);
     case CVReportType::CategoryPercents:
-        return CVReport::initWithCatgoryPercents(categories, source.list.sharedDisplayTransactions(), range.start,
-                                                 range.end);
+        return CVReport::initWithCatgoryPercents(categories, source.list.displayTransactions(), range.start, range.end);
     case CVReportType::CategoryTax:
         break;
     }
-    return CVReport::initWithCatgoryTax(categories, source.list.sharedDisplayTransactions(), range.start, range.end);
+    return CVReport::initWithCatgoryTax(categories, source.list.displayTransactions(), range.start, range.end);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "shared/base/QBXMLText.h"
 #include "shared/widgets/CVAccessibleName.h"
+#include "shared/widgets/CVCheckCell.h"
 #include "shared/widgets/CVCompletingComboBox.h"
 #include "shared/widgets/CVDateField.h"
 #include "shared/widgets/CVKeepUnreadableOpen.h"
@@ -52,15 +53,13 @@ void CVTransactionCellDelegate::paint(QPainter* painter, const QStyleOptionViewI
         return;
     // A set tax flag is a picture, another one nothing.
     if (index.column() == Model::UserFlag)
-        mCheckCell.paint(*painter, option, index.data(Qt::CheckStateRole).toInt() == Qt::Checked);
+        CVCheckCell::paint(*painter, option, index.data(Qt::CheckStateRole).toInt() == Qt::Checked);
     const auto picture = index.data(Qt::DecorationRole).value<QIcon>();
     if (picture.isNull())
         return;
     const bool isSelected = option.state.testFlag(QStyle::State_Selected);
     const QRect place = QStyle::alignedRect(option.direction, Qt::AlignCenter, option.decorationSize, option.rect);
-    // The icon would set up a painter of its own for each cell.
-    const double pixelRatio = painter->device()->devicePixelRatioF();
-    painter->drawPixmap(place, picture.pixmap(place.size(), pixelRatio, isSelected ? QIcon::Selected : QIcon::Normal));
+    picture.paint(painter, place, Qt::AlignCenter, isSelected ? QIcon::Selected : QIcon::Normal);
 }
 
 QWidget* CVTransactionCellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "shared/widgets/CVCellDelegate.h"
-#include "shared/widgets/CVCheckCell.h"
 
 #include <QStringList>
 
@@ -35,7 +34,6 @@ private:
     [[nodiscard]] QWidget* makeEditor(QWidget* parent, const QStyleOptionViewItem& option,
                                       const QModelIndex& index) const;
 
-    CVCheckCell mCheckCell;
     int mTintedRow = -1;
     QStringList mPaidToItems;
     QStringList mCategoryItems;

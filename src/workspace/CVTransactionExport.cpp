@@ -15,14 +15,14 @@ constexpr std::size_t kBetweenReports = 4096;
 
 } // namespace
 
-std::optional<QByteArray> CVExportedTransactions(std::span<CVTransaction* const> transactions,
+std::optional<QByteArray> CVExportedTransactions(const CVDocument::Transactions& transactions,
                                                  const std::function<bool(std::size_t done)>& progress) {
     const QBDateFormatter dates;
     const QBMoneyFormatter money;
     QByteArray text;
     text.reserve(kUsualLine * static_cast<qsizetype>(transactions.size()));
     std::size_t done = 0;
-    for (const CVTransaction* const transaction : transactions) {
+    for (const auto& transaction : transactions) {
         if (const auto& date = transaction->effectiveDate())
             text += dates.string(*date).toUtf8();
         text += '\t';

@@ -1,16 +1,15 @@
 #include "workspace/CVTransactionList.h"
 
 #include "budget/CVRangePresets.h"
-#include "model/CVFetchAhead.h"
 #include "model/CVTransaction.h"
 #include "model/CVTransactionSort.h"
 #include "shared/base/CVDefaultsKeys.h"
+#include "shared/base/QBMoney.h"
 #include "shared/base/QBUserDefaults.h"
+#include "workspace/CVTransactionSearch.h"
 
 #include <algorithm>
 #include <iterator>
-#include <unordered_set>
-#include <utility>
 
 namespace {
 
@@ -18,12 +17,18 @@ constexpr int kAscending = 0;
 constexpr int kDescending = 1;
 constexpr int kPresetAll = 0;
 
+CVTransactionList::Totals totalsOf(const CVDocument::Transactions& transactions) {
+    double amount = 0;
+    for (const auto& transaction : transactions)
+        amount += transaction->amount();
+    return {transactions.size(), RoundDoubleToTwoPlaces(amount)};
+}
+
 } // namespace
 
 CVTransactionList::CVTransactionList(CVDocument& document)
     : mDocument(document)
-    , mRange{QBDate::date(), QBDate::date()}
-    , mSetTransactions(document) {}
+    , mRange{QBDate::date(), QBDate::date()} {}
 
 void CVTransactionList::setRangeFromPreset(const QBDate& today) {
     if (const auto range = rangeOfPreset(mTransactionPeriod, today, mDocument))
@@ -41,36 +46,26 @@ void CVTransactionList::updateDisplayDatesWithTransaction(const CVTransaction& t
 }
 
 void CVTransactionList::collectTransactions() {
-    mSetTransactions.collect();
-    mRangeHoldsAll = false;
+    const quint32 set = mDocument.shownTransactionSet();
+    mTransactions.clear();
+    std::copy_if(mDocument.transactions().begin(), mDocument.transactions().end(), std::back_inserter(mTransactions),
+                 [set](const auto& transaction) { return transaction->transactionSetID() == set; });
 }
 
 void CVTransactionList::getTransactions() {
-    mSearched.reset();
-    mDateSelectedTransactionArray.clear();
-    mDateSelectedTransactionArray.reserve(transactions().size());
     const bool undated = showsUndated();
-    if (mSetTransactions.lieIn(mRange) && (undated || !mSetTransactions.haveUndated())) {
-        for (const auto& transaction : transactions())
-            mDateSelectedTransactionArray.push_back(transaction.get());
-    } else {
-        for (std::size_t i = 0; i < transactions().size(); ++i) {
-            const auto date = CVFetchAhead(transactions(), i).effectiveDate();
-            if (date ? mRange.contains(date) : undated)
-                mDateSelectedTransactionArray.push_back(transactions()[i].get());
-        }
-    }
-    mRangeHoldsAll = mDateSelectedTransactionArray.size() == transactions().size();
+    mDateSelectedTransactionArray.clear();
+    std::copy_if(mTransactions.begin(), mTransactions.end(), std::back_inserter(mDateSelectedTransactionArray),
+                 [this, undated](const auto& transaction) {
+                     const auto date = transaction->effectiveDate();
+                     return date ? mRange.contains(date) : undated;
+                 });
 }
 
 void CVTransactionList::filterTransactions() {
-    const bool narrows = searchNarrows();
-    const Rows& source = narrows ? mDisplayTransactionArray : mDateSelectedTransactionArray;
     mDisplayTransactionArray =
-        mQuery.text.isEmpty() ? source : searchTransactionsWithString(source, mQuery.kind, mQuery.text);
-    if (!narrows)
-        mSortedAt.reset();
-    mSearched = Search{mDocument.changeCount(), mQuery};
+        mSearchText.isEmpty() ? mDateSelectedTransactionArray
+                              : searchTransactionsWithString(mDateSelectedTransactionArray, mSearchType, mSearchText);
 }
 
 void CVTransactionList::doUserSort() {
@@ -82,13 +77,8 @@ void CVTransactionList::doUserSort() {
         defaults.setInteger(CVDefaultsKeys::kTransactionSortOrder, kDescending);
     }
     const bool descending = defaults.integerForKey(CVDefaultsKeys::kTransactionSortOrder) == kDescending;
-    const CVTransactionSortContext before = std::exchange(mTransactionSortContext, {*column, descending});
-    // What a search leaves of sorted lines is sorted, where each line has what it is sorted by.
-    if (mSortedAt == mDocument.changeCount() && before == mTransactionSortContext)
-        return;
-    mSortedAt.reset();
-    if (CVSortTransactions(mDisplayTransactionArray, mTransactionSortContext, mDocument.categories()))
-        mSortedAt = mDocument.changeCount();
+    mTransactionSortContext = {*column, descending};
+    CVSortTransactions(mDisplayTransactionArray, mTransactionSortContext, mDocument.categories());
 }
 
 void CVTransactionList::refilter() {
@@ -109,43 +99,15 @@ void CVTransactionList::chooseSortColumn(const QString& identifier) {
 }
 
 CVTransactionList::Totals CVTransactionList::totals() const {
-    return {transactions().size(), mSetTransactions.total()};
+    return totalsOf(mTransactions);
 }
 
 CVTransactionList::Totals CVTransactionList::displayTotals() const {
-    const bool showsAll = mRangeHoldsAll && mSearched && mSearched->query.text.isEmpty();
-    if (const auto total = showsAll ? mSetTransactions.totalInAnyOrder() : std::nullopt)
-        return {mDisplayTransactionArray.size(), *total};
-    return {mDisplayTransactionArray.size(), CVSumRoundedOnce(mDisplayTransactionArray)};
-}
-
-CVDocument::Transactions CVTransactionList::owned(const Rows& rows) const {
-    const std::unordered_set<const CVTransaction*> wanted(rows.begin(), rows.end());
-    CVDocument::Transactions found;
-    std::copy_if(transactions().begin(), transactions().end(), std::back_inserter(found),
-                 [&wanted](const auto& transaction) { return wanted.contains(transaction.get()); });
-    return found;
-}
-
-CVDocument::Transactions CVTransactionList::sharedDisplayTransactions() const {
-    const auto owner = std::make_shared<CVDocument::Transactions>(transactions());
-    CVDocument::Transactions shared;
-    shared.reserve(mDisplayTransactionArray.size());
-    for (CVTransaction* const transaction : mDisplayTransactionArray)
-        shared.emplace_back(owner, transaction);
-    return shared;
+    return totalsOf(mDisplayTransactionArray);
 }
 
 /// A transaction without a date lies in no range, but "All" is to show every line that there is.
 bool CVTransactionList::showsUndated() const {
     const auto all = rangeOfPreset(kPresetAll, mRange.end, mDocument);
     return mTransactionPeriod == kPresetAll && all && mRange.start <= all->start && mRange.end >= all->end;
-}
-
-/// Whether all that the search can find is listed already, in order, as it was made from the search before by typing
-/// on.
-bool CVTransactionList::searchNarrows() const {
-    const quint64 now = mDocument.changeCount();
-    return !mQuery.text.isEmpty() && mSearched && mSearched->changeCount == now && mSortedAt == now &&
-           CVSearchNarrows(mSearched->query, mQuery);
 }

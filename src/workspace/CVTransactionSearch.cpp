@@ -1,6 +1,5 @@
 #include "workspace/CVTransactionSearch.h"
 
-#include "model/CVFetchAhead.h"
 #include "model/CVIDMap.h"
 #include "model/CVTransaction.h"
 #include "shared/base/QBNumberText.h"
@@ -9,15 +8,16 @@
 #include <QCoreApplication>
 #include <QStringMatcher>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <iterator>
 
 namespace {
 
 constexpr double kEqualWithin = 0.000001;
 
-using Rows = std::vector<CVTransaction*>;
-using Source = std::span<CVTransaction* const>;
+using Rows = CVDocument::Transactions;
 
 struct SearchText {
     Q_DECLARE_TR_FUNCTIONS(CVTransactionSearch)
@@ -71,15 +71,10 @@ private:
 };
 
 template <typename Matches>
-Rows filter(Source transactions, Matches matches) {
-    // Nobody can foretell which ones match: each is written, and the next one over it where it does not.
-    Rows found(transactions.size());
-    std::size_t count = 0;
-    for (std::size_t i = 0; i < transactions.size(); ++i) {
-        found[count] = transactions[i];
-        count += matches(CVFetchAhead<CVFetch::Texts>(transactions, i)) ? 1 : 0;
-    }
-    found.resize(count);
+Rows filter(const Rows& transactions, Matches matches) {
+    Rows found;
+    std::copy_if(transactions.begin(), transactions.end(), std::back_inserter(found),
+                 [&matches](const auto& transaction) { return matches(*transaction); });
     return found;
 }
 
@@ -104,7 +99,7 @@ private:
     CVIDMap<Answer> mAnswers{Answer::Unknown};
 };
 
-Rows searchAllTexts(Source transactions, const QString& text) {
+Rows searchAllTexts(const Rows& transactions, const QString& text) {
     TextMatcher payTo(text);
     TextMatcher xfor(text);
     CategoryMatcher category(text);
@@ -117,39 +112,39 @@ Rows searchAllTexts(Source transactions, const QString& text) {
     });
 }
 
-Rows searchPayTo(Source transactions, const QString& text) {
+Rows searchPayTo(const Rows& transactions, const QString& text) {
     TextMatcher matcher(text);
     return filter(transactions, [&](const CVTransaction& transaction) { return matcher.matches(transaction.payTo()); });
 }
 
-Rows searchFor(Source transactions, const QString& text) {
+Rows searchFor(const Rows& transactions, const QString& text) {
     TextMatcher matcher(text);
     return filter(transactions, [&](const CVTransaction& transaction) { return matcher.matches(transaction.xfor()); });
 }
 
-Rows searchCategory(Source transactions, const QString& text) {
+Rows searchCategory(const Rows& transactions, const QString& text) {
     CategoryMatcher matcher(text);
     return filter(transactions, [&](const CVTransaction& transaction) { return matcher.matches(transaction); });
 }
 
 template <typename Flag>
-Rows searchFlag(Source transactions, const QString& text, Flag flag) {
+Rows searchFlag(const Rows& transactions, const QString& text, Flag flag) {
     const auto mentions = [&text](const QString& word) { return text.contains(word, Qt::CaseInsensitive) ? 1 : 0; };
     const int timesWhenSet = mentions(SearchText::tr("Yes")) + mentions(SearchText::tr("On"));
     const int timesWhenClear = mentions(SearchText::tr("No")) + mentions(SearchText::tr("Off"));
     Rows found;
-    for (CVTransaction* const transaction : transactions) {
+    for (const auto& transaction : transactions) {
         const int times = flag(*transaction) ? timesWhenSet : timesWhenClear;
         found.insert(found.end(), static_cast<std::size_t>(times), transaction);
     }
     return found;
 }
 
-Rows searchTax(Source transactions, const QString& text) {
+Rows searchTax(const Rows& transactions, const QString& text) {
     return searchFlag(transactions, text, [](const CVTransaction& transaction) { return transaction.taxFlag(); });
 }
 
-Rows searchUserFlag(Source transactions, const QString& text) {
+Rows searchUserFlag(const Rows& transactions, const QString& text) {
     return searchFlag(transactions, text, [](const CVTransaction& transaction) { return transaction.userFlag(); });
 }
 
@@ -162,19 +157,19 @@ double leadingNumber(const QString& text) {
     return QBNumberText::leadingDouble(number.toStdString());
 }
 
-Rows searchGreater(Source transactions, const QString& text) {
+Rows searchGreater(const Rows& transactions, const QString& text) {
     return filter(transactions, [value = leadingNumber(text)](const CVTransaction& transaction) {
         return transaction.amount() > value;
     });
 }
 
-Rows searchEqual(Source transactions, const QString& text) {
+Rows searchEqual(const Rows& transactions, const QString& text) {
     return filter(transactions, [value = leadingNumber(text)](const CVTransaction& transaction) {
         return std::abs(transaction.amount() - value) <= kEqualWithin;
     });
 }
 
-Rows searchLess(Source transactions, const QString& text) {
+Rows searchLess(const Rows& transactions, const QString& text) {
     return filter(transactions, [value = leadingNumber(text)](const CVTransaction& transaction) {
         return value > transaction.amount();
     });
@@ -182,7 +177,7 @@ Rows searchLess(Source transactions, const QString& text) {
 
 struct SearchKind {
     const char* title;
-    Rows (*search)(Source transactions, const QString& text);
+    Rows (*search)(const Rows& transactions, const QString& text);
 };
 
 /// By the number of the kind.
@@ -207,15 +202,7 @@ QString CVSearchKindTitle(int kind) {
     return isKind(kind) ? SearchText::tr(kSearchKinds[static_cast<std::size_t>(kind)].title) : QString();
 }
 
-bool CVSearchNarrows(const CVSearchQuery& before, const CVSearchQuery& query) {
-    if (before.text.isEmpty())
-        return true;
-    // What contains a text contains its parts; flags and amounts follow other rules.
-    const bool isOfText = isKind(query.kind) && query.kind <= static_cast<int>(CVSearchKind::Category);
-    return isOfText && before.kind == query.kind && query.text.contains(before.text);
-}
-
-std::vector<CVTransaction*> searchTransactionsWithString(std::span<CVTransaction* const> transactions, int kind,
-                                                         const QString& text) {
+CVDocument::Transactions searchTransactionsWithString(const CVDocument::Transactions& transactions, int kind,
+                                                      const QString& text) {
     return isKind(kind) ? kSearchKinds[static_cast<std::size_t>(kind)].search(transactions, text) : Rows();
 }

@@ -1,11 +1,8 @@
 #pragma once
 
+#include "model/CVDocument.h"
+
 #include <QString>
-
-#include <span>
-#include <vector>
-
-class CVTransaction;
 
 /// What a search looks at; the numbers are the tags of the search menu.
 enum class CVSearchKind : quint8 {
@@ -24,19 +21,10 @@ inline constexpr int kCVSearchKinds = 9;
 /// "All Text Fields" and so on; empty for a number that is no kind.
 [[nodiscard]] QString CVSearchKindTitle(int kind);
 
-struct CVSearchQuery {
-    /// A kind by its number.
-    int kind = 0;
-    QString text;
-};
-
-/// Whether every transaction that a search finds is also found, once for each time, by the one before.
-[[nodiscard]] bool CVSearchNarrows(const CVSearchQuery& before, const CVSearchQuery& query);
-
 /// The transactions that match, in their order; none for a number that is no kind.
 /// Texts match where they contain `text` without regard to case, and so does a text that is missing altogether. Amounts
 /// are compared with the number that `text` begins with, 0 when it begins with none. For the flags it is the other way
 /// round: `text` has to contain the word, "Yes" or "On" for a flag that is set, "No" or "Off" for one that is not; with
 /// both words the transaction is listed twice.
-[[nodiscard]] std::vector<CVTransaction*> searchTransactionsWithString(std::span<CVTransaction* const> transactions,
-                                                                       int kind, const QString& text);
+[[nodiscard]] CVDocument::Transactions searchTransactionsWithString(const CVDocument::Transactions& transactions,
+                                                                    int kind, const QString& text);

@@ -2,7 +2,6 @@
 
 #include "model/CVTransaction.h"
 #include "shared/widgets/CVCellAlignment.h"
-#include "shared/widgets/CVCellDelegate.h"
 #include "workspace/CVTransactionList.h"
 
 #include <QFont>
@@ -22,7 +21,6 @@ struct ColumnInfo {
     Qt::Alignment alignment;
 };
 
-constexpr qsizetype kRoomForFigures = 64;
 constexpr Qt::Alignment kCentre = Qt::AlignCenter;
 
 constexpr std::array<ColumnInfo, CVTransactionTableModel::ColumnCount> kColumns{
@@ -42,9 +40,7 @@ const ColumnInfo& info(int column) {
 
 CVTransactionTableModel::CVTransactionTableModel(const CVTransactionList& list, QObject* parent)
     : QAbstractTableModel(parent)
-    , mList(list) {
-    mText.reserve(kRoomForFigures);
-}
+    , mList(list) {}
 
 QLatin1StringView CVTransactionTableModel::identifier(int column) {
     return info(column).identifier;
@@ -78,15 +74,15 @@ void CVTransactionTableModel::reorder() {
     const QModelIndexList before = persistentIndexList();
     std::unordered_map<const CVTransaction*, int> places;
     for (const QModelIndex& index : before)
-        places.emplace(mRows[static_cast<std::size_t>(index.row())], -1);
-    const std::vector<CVTransaction*> rowsBefore = std::exchange(mRows, mList.displayTransactions());
+        places.emplace(mRows[static_cast<std::size_t>(index.row())].get(), -1);
+    const CVDocument::Transactions rowsBefore = std::exchange(mRows, mList.displayTransactions());
     for (int row = places.empty() ? 0 : rowCount(); row-- > 0;) {
-        if (const auto place = places.find(mRows[static_cast<std::size_t>(row)]); place != places.end())
+        if (const auto place = places.find(mRows[static_cast<std::size_t>(row)].get()); place != places.end())
             place->second = row;
     }
     QModelIndexList after;
     for (const QModelIndex& index : before) {
-        const int row = places[rowsBefore[static_cast<std::size_t>(index.row())]];
+        const int row = places[rowsBefore[static_cast<std::size_t>(index.row())].get()];
         after.append(row < 0 ? QModelIndex() : this->index(row, index.column()));
     }
     changePersistentIndexList(before, after);
@@ -95,8 +91,8 @@ void CVTransactionTableModel::reorder() {
 }
 
 int CVTransactionTableModel::rowOf(const CVTransaction* transaction) const {
-    const auto found = std::find_if(mRows.begin(), mRows.end(),
-                                    [transaction](const CVTransaction* row) { return row == transaction; });
+    const auto found =
+        std::find_if(mRows.begin(), mRows.end(), [transaction](const auto& row) { return row.get() == transaction; });
     return found == mRows.end() ? -1 : static_cast<int>(found - mRows.begin());
 }
 
@@ -115,8 +111,6 @@ QVariant CVTransactionTableModel::data(const QModelIndex& index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         return isFlag(index.column()) ? QVariant() : text(transaction, index.column());
-    case kCVTextViewRole:
-        return QVariant::fromValue(isFlag(index.column()) ? QStringView() : textView(transaction, index.column()));
     case Qt::EditRole:
         return value(transaction, index.column());
     case Qt::DecorationRole:
@@ -189,33 +183,24 @@ void CVTransactionTableModel::updateFormatters() {
 }
 
 QString CVTransactionTableModel::text(const CVTransaction& transaction, int column) const {
+    const auto yesOrNo = [](bool flag) { return flag ? tr("Yes") : tr("No"); };
     switch (column) {
-    case Tax:
-        return transaction.taxFlag() ? tr("Yes") : tr("No");
-    case UserFlag:
-        return transaction.userFlag() ? tr("Yes") : tr("No");
-    default:
-        return textView(transaction, column).toString();
+    case Date: {
+        const auto date = transaction.effectiveDate();
+        return date ? mDateFormatter.string(*date) : QString();
     }
-}
-
-QStringView CVTransactionTableModel::textView(const CVTransaction& transaction, int column) const {
-    mText.resize(0);
-    switch (column) {
-    case Date:
-        if (const auto date = transaction.effectiveDate())
-            mDateFormatter.append(mText, *date);
-        return mText;
     case Amount:
-        mMoneyFormatter.append(mText, transaction.amount());
-        return mText;
+        return mMoneyFormatter.string(transaction.amount());
     case ToFrom:
         return transaction.payTo();
     case For:
         return transaction.xfor();
+    case Category:
+        return transaction.categoryName();
+    case Tax:
+        return yesOrNo(transaction.taxFlag());
     default:
-        mCategoryName = transaction.categoryName();
-        return mCategoryName;
+        return yesOrNo(transaction.userFlag());
     }
 }
 

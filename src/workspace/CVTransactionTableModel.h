@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/CVDocument.h"
 #include "shared/format/QBDateFormatter.h"
 #include "shared/format/QBMoneyFormatter.h"
 #include "shared/widgets/CVGlyph.h"
@@ -7,9 +8,6 @@
 #include <QAbstractTableModel>
 #include <QLatin1StringView>
 
-#include <vector>
-
-class CVTransaction;
 class CVTransactionList;
 
 /// The rows of the transaction table: the list as of the last reload. Cells are read from the transactions themselves;
@@ -35,7 +33,7 @@ public:
     void reload();
     void reorder();
     /// A transaction can stand in several rows.
-    [[nodiscard]] const std::vector<CVTransaction*>& rows() const { return mRows; }
+    [[nodiscard]] const CVDocument::Transactions& rows() const { return mRows; }
     /// The first row of a transaction; -1 when it is not shown.
     [[nodiscard]] int rowOf(const CVTransaction* transaction) const;
 
@@ -62,16 +60,11 @@ signals:
 
 private:
     [[nodiscard]] QString text(const CVTransaction& transaction, int column) const;
-    /// Of any column but the flags'; valid until the next is asked for.
-    [[nodiscard]] QStringView textView(const CVTransaction& transaction, int column) const;
     [[nodiscard]] static QVariant value(const CVTransaction& transaction, int column);
 
     const CVTransactionList& mList;
-    std::vector<CVTransaction*> mRows;
+    CVDocument::Transactions mRows;
     QBDateFormatter mDateFormatter;
     QBMoneyFormatter mMoneyFormatter;
     QIcon mSmallTax = CVGlyph::icon(CVGlyph::Shape::SmallTax);
-    /// The date or amount that was asked for last, in a text that keeps its room, and the category.
-    mutable QString mText;
-    mutable QString mCategoryName;
 };

@@ -61,10 +61,10 @@ CVTransactionTableView::CVTransactionTableView(const CVTransactionList& list, QW
 }
 
 void CVTransactionTableView::reload() {
-    const CVTransactionList::Rows selection = mSelectedTransactions;
+    const CVDocument::Transactions selection = mSelectedTransactions;
     const int scrolled = verticalScrollBar()->value();
     const QModelIndex current = currentIndex();
-    const auto* const currentTransaction =
+    const auto currentTransaction =
         current.isValid() ? mModel->rows()[static_cast<std::size_t>(current.row())] : nullptr;
     mDelegate->setTintedRow(-1);
     mModel->reload();
@@ -88,8 +88,8 @@ void CVTransactionTableView::reorder() {
     showOrder();
 }
 
-bool CVTransactionTableView::selectTransactions(const CVTransactionList::Rows& transactions) {
-    std::unordered_set<const CVTransaction*> wanted(transactions.begin(), transactions.end());
+bool CVTransactionTableView::selectTransactions(const CVDocument::Transactions& transactions) {
+    std::unordered_set<std::shared_ptr<CVTransaction>> wanted(transactions.begin(), transactions.end());
     QItemSelection rows;
     for (int row = 0; row < mModel->rowCount() && !wanted.empty(); ++row) {
         if (wanted.erase(mModel->rows()[static_cast<std::size_t>(row)]) > 0)
@@ -98,7 +98,7 @@ bool CVTransactionTableView::selectTransactions(const CVTransactionList::Rows& t
     selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
     if (rows.isEmpty())
         return false;
-    const QModelIndex first = mModel->index(mModel->rowOf(mSelectedTransactions.front()), 0);
+    const QModelIndex first = mModel->index(mModel->rowOf(mSelectedTransactions.front().get()), 0);
     selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
     scrollTo(first);
     return true;
@@ -217,11 +217,11 @@ void CVTransactionTableView::setUsualWidths() {
     }
 }
 
-QItemSelection CVTransactionTableView::rowsOf(const CVTransactionList::Rows& transactions) const {
-    const std::unordered_set<const CVTransaction*> wanted(transactions.begin(), transactions.end());
+QItemSelection CVTransactionTableView::rowsOf(const CVDocument::Transactions& transactions) const {
+    const std::unordered_set<std::shared_ptr<CVTransaction>> wanted(transactions.begin(), transactions.end());
     const auto& rows = mModel->rows();
     QItemSelection ranges;
-    const auto isWanted = [&wanted](const CVTransaction* row) { return wanted.contains(row); };
+    const auto isWanted = [&wanted](const auto& row) { return wanted.contains(row); };
     for (auto begin = wanted.empty() ? rows.end() : rows.begin(); begin != rows.end();) {
         begin = std::find_if(begin, rows.end(), isWanted);
         const auto end = std::find_if_not(begin, rows.end(), isWanted);
@@ -249,8 +249,12 @@ void CVTransactionTableView::updateSelectedTransactions() {
     std::sort(rows.begin(), rows.end());
     rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
     mSelectedTransactions.clear();
-    for (const int row : rows)
-        mSelectedTransactions.push_back(mModel->rows()[static_cast<std::size_t>(row)]);
+    std::unordered_set<const CVTransaction*> seen;
+    for (const int row : rows) {
+        const auto& transaction = mModel->rows()[static_cast<std::size_t>(row)];
+        if (seen.insert(transaction.get()).second)
+            mSelectedTransactions.push_back(transaction);
+    }
     emit selectedTransactionsChanged();
 }
 

@@ -25,10 +25,10 @@ public:
     void reorder();
     /// Dates and amounts are shown in the locale in force.
     void updateFormatters();
-    /// In row order.
-    [[nodiscard]] const CVTransactionList::Rows& selectedTransactions() const { return mSelectedTransactions; }
+    /// In row order, each once.
+    [[nodiscard]] const CVDocument::Transactions& selectedTransactions() const { return mSelectedTransactions; }
     /// Selects exactly the first row that shows each of these, and scrolls to the first; false when none is shown.
-    bool selectTransactions(const CVTransactionList::Rows& transactions);
+    bool selectTransactions(const CVDocument::Transactions& transactions);
     /// Scrolls to the row of a transaction and tints it for a moment; false when it is not shown.
     [[nodiscard]] bool reveal(const CVTransaction* transaction);
 
@@ -61,7 +61,7 @@ protected:
 private:
     void setUpHeader();
     void setUsualWidths();
-    [[nodiscard]] QItemSelection rowsOf(const CVTransactionList::Rows& transactions) const;
+    [[nodiscard]] QItemSelection rowsOf(const CVDocument::Transactions& transactions) const;
     void restoreCurrent(const CVTransaction& transaction, const QModelIndex& before);
     void updateSelectedTransactions();
     [[nodiscard]] QString emptyText() const;
@@ -75,7 +75,7 @@ private:
     /// The user has not touched the widths and places of the columns.
     bool mHasUsualColumns = true;
     bool mIsFittingColumns = false;
-    CVTransactionList::Rows mSelectedTransactions;
+    CVDocument::Transactions mSelectedTransactions;
     /// Since the last letter that was typed to go to a row.
     QElapsedTimer mTypedAhead;
     /// Runs while a row is tinted.

@@ -29,9 +29,9 @@ TEST_P(CVDuplicatesTest, AreTheLaterOfEqualNeighbours) {
     BudgetBuilder budget;
     for (const Entry& entry : GetParam().entries)
         budget.transaction(entry);
-    std::vector<CVTransaction*> expected;
+    CVDocument::Transactions expected;
     for (const std::size_t position : GetParam().found)
-        expected.push_back(budget.transactionAt(position).get());
+        expected.push_back(budget.transactionAt(position));
     EXPECT_EQ(CVFindDuplicates(budget.document().transactions()), expected) << GetParam().behaviour;
 }
 

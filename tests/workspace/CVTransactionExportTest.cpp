@@ -14,10 +14,7 @@
 namespace {
 
 QByteArray exported(const CVDocument& document) {
-    std::vector<CVTransaction*> rows;
-    for (const auto& transaction : document.transactions())
-        rows.push_back(transaction.get());
-    return CVExportedTransactions(rows).value();
+    return CVExportedTransactions(document.transactions()).value();
 }
 
 TEST(CVTransactionExport, WritesALineForEachTransactionInTheirOrder) {
@@ -49,9 +46,7 @@ TEST(CVTransactionExport, CanBeGivenUpHalfway) {
     BudgetBuilder budget;
     for (int i = 0; i < 10'000; ++i)
         budget.transaction({.amount = 1});
-    std::vector<CVTransaction*> rows;
-    for (const auto& transaction : budget.document().transactions())
-        rows.push_back(transaction.get());
+    const CVDocument::Transactions& rows = budget.document().transactions();
     std::size_t reports = 0;
     EXPECT_FALSE(CVExportedTransactions(rows, [&reports](std::size_t) { return ++reports < 2; }));
     EXPECT_EQ(reports, 2U);

@@ -215,7 +215,7 @@ TEST_F(MainWindowCommandsTest, DuplicatesAreSelectedAndNothingElse) {
     press(Qt::Key_D, Qt::ControlModifier | Qt::AltModifier);
     EXPECT_EQ(tabs().currentIndex(), 0);
     ASSERT_EQ(table().selectedTransactions().size(), 1U);
-    EXPECT_EQ(table().selectedTransactions()[0], mBudget.transactionAt(1).get());
+    EXPECT_EQ(table().selectedTransactions()[0], mBudget.transactionAt(1));
     EXPECT_TRUE(table().hasFocus());
     EXPECT_TRUE(mAlerts.shown().isEmpty());
 }

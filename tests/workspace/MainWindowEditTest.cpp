@@ -289,7 +289,7 @@ TEST_F(MainWindowEditTest, TypingFindsAmountsByTheirDigits) {
     table().setFocus();
     type("30");
     ASSERT_EQ(table().selectedTransactions().size(), 1U);
-    EXPECT_EQ(table().selectedTransactions()[0], mMarket.get());
+    EXPECT_EQ(table().selectedTransactions()[0], mMarket);
 }
 
 TEST_F(MainWindowEditTest, ReturnOpensTheEditor) {

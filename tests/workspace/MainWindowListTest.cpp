@@ -95,7 +95,7 @@ TEST_F(MainWindowListTest, TheSelectionFollowsItsTransactions) {
     EXPECT_EQ(column(Column::ToFrom)[0], "auto shop");
     const auto& all = document().transactions();
     document().removeTransaction(*std::find_if(
-        all.begin(), all.end(), [&selected](const auto& transaction) { return transaction.get() == selected[0]; }));
+        all.begin(), all.end(), [&selected](const auto& transaction) { return transaction == selected[0]; }));
     mController->getStarted();
     EXPECT_TRUE(table().selectedTransactions().empty());
 }

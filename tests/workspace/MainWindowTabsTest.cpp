@@ -68,14 +68,6 @@ TEST_F(MainWindowTabsTest, ShowTheSameWhereNothingHasChanged) {
     EXPECT_EQ(averages(), (QStringList{"Food", "$30.00"}));
 }
 
-TEST_F(MainWindowTabsTest, AreNotComputedAnewWhereNothingHasChanged) {
-    // Nobody is told of this, and the next computation would put it right.
-    document().categories().front()->setTotal(99);
-    EXPECT_EQ(averages(), (QStringList{"Food", "$99.00"}));
-    document().transactions().front()->setTaxFlag(true);
-    EXPECT_EQ(averages(), (QStringList{"Food", "$30.00"}));
-}
-
 TEST_F(MainWindowTabsTest, ShowAnAmountThatWasEdited) {
     setCell(0, Column::Amount, 15.0);
     EXPECT_EQ(totals(), QStringList{"$35.00"});
