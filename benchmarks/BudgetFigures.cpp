@@ -3,10 +3,10 @@
 #include "CVFigures.h"
 #include "CVPlainWalk.h"
 #include "budget/CVBudgetGrid.h"
-#include "budget/CVBudgetRows.h"
 #include "budget/CVCategoryAverages.h"
 #include "budget/CVDisplayPeriods.h"
 #include "budget/CVReportFigures.h"
+#include "contents/CVBudgetRows.h"
 #include "model/CVCategory.h"
 #include "model/CVTransaction.h"
 

@@ -1,11 +1,11 @@
 #include "CVBudgetFixture.h"
 #include "CVComparison.h"
 #include "CVFigures.h"
+#include "base/CVDefaultsKeys.h"
+#include "base/QBUserDefaults.h"
+#include "contents/CVTransactionList.h"
 #include "model/CVCategory.h"
 #include "model/CVTransaction.h"
-#include "shared/base/CVDefaultsKeys.h"
-#include "shared/base/QBUserDefaults.h"
-#include "workspace/CVTransactionList.h"
 
 #include <benchmark/benchmark.h>
 

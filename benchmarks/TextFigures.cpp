@@ -1,8 +1,8 @@
 #include "CVBudgetFixture.h"
 #include "CVComparison.h"
 #include "CVFigures.h"
+#include "base/QBXMLText.h"
 #include "model/CVTransaction.h"
-#include "shared/base/QBXMLText.h"
 #include "storage/CVDocumentXML.h"
 
 #include <benchmark/benchmark.h>

@@ -4,8 +4,8 @@
 #include "CVFigures.h"
 #include "CVPlainWalk.h"
 #include "model/CVTransaction.h"
-#include "shared/widgets/CVAlerts.h"
-#include "shared/widgets/CVFilePanels.h"
+#include "widgets/CVAlerts.h"
+#include "widgets/CVFilePanels.h"
 #include "workspace/CVMainWindowController.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "AmountProperty.h"
 
-#include "shared/format/QBCalculateMoneyFormatter.h"
+#include "format/QBCalculateMoneyFormatter.h"
 
 #include <array>
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "DateProperty.h"
 
-#include "shared/format/QBDateFormatter.h"
+#include "format/QBDateFormatter.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
 #include "ListProperty.h"
 
-#include "shared/base/QBPropertyList.h"
+#include "base/QBPropertyList.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "NumberProperty.h"
 
-#include "shared/base/QBNumberText.h"
+#include "base/QBNumberText.h"
 
 #include <array>
 #include <clocale>

@@ -1,9 +1,9 @@
 #include "ParserProperty.h"
 
+#include "base/QBNotificationCenter.h"
+#include "base/QBUserDefaults.h"
 #include "model/CVCategory.h"
 #include "model/CVDocument.h"
-#include "shared/base/QBNotificationCenter.h"
-#include "shared/base/QBUserDefaults.h"
 #include "storage/CVDocumentParserDelegate.h"
 #include "storage/CVDocumentXML.h"
 

@@ -1,8 +1,8 @@
 #include "app/CVAboutWindow.h"
 
-#include "shared/base/CVBundle.h"
-#include "shared/base/CVSite.h"
-#include "shared/widgets/CVWindowFrame.h"
+#include "base/CVBundle.h"
+#include "base/CVSite.h"
+#include "widgets/CVWindowFrame.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -2,12 +2,12 @@
 
 #include "app/CVEditorWindows.h"
 #include "app/CVFileMessages.h"
+#include "base/CVDefaultsKeys.h"
 #include "model/CVDocument.h"
 #include "preferences/CVPreferenceWindowController.h"
-#include "shared/base/CVDefaultsKeys.h"
-#include "shared/widgets/CVAlerts.h"
+#include "widgets/CVAlerts.h"
 #include "workspace/CVMainWindowController.h"
-#include "workspace/CVSaveStatus.h"
+#include "workspace/controls/CVSaveStatus.h"
 
 #include <QMainWindow>
 #include <QSettings>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/CVUpdateController.h"
+#include "base/QBNotificationCenter.h"
+#include "base/QBUserDefaults.h"
 #include "preferences/CVPreferenceHost.h"
-#include "shared/base/QBNotificationCenter.h"
-#include "shared/base/QBUserDefaults.h"
 #include "storage/CVDocumentFile.h"
 
 #include <QObject>

@@ -1,7 +1,7 @@
 #include "app/CVReadingPanel.h"
 
-#include "shared/base/CVBundle.h"
-#include "shared/widgets/CVProgressPanel.h"
+#include "base/CVBundle.h"
+#include "widgets/CVProgressPanel.h"
 
 namespace {
 

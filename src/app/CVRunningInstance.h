@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/CVFileLock.h"
-#include "app/CVRuntimeFolder.h"
+#include "base/CVRuntimeFolder.h"
 
 #include <QLocalServer>
 #include <QObject>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shared/widgets/CVAlerts.h"
+#include "widgets/CVAlerts.h"
 
 /// What the user is told when the program does not open the budget at its start.
 namespace CVStartMessages {

@@ -1,7 +1,7 @@
 #include "app/CVSupportMail.h"
 
-#include "shared/base/CVBundle.h"
-#include "shared/base/CVSite.h"
+#include "base/CVBundle.h"
+#include "base/CVSite.h"
 #include "updates/QBUpdateInfo.h"
 
 #include <QCoreApplication>

@@ -1,14 +1,14 @@
 #include "app/CVUpdateController.h"
 
 #include "app/CVUpdateMessages.h"
-#include "shared/base/CVBundle.h"
-#include "shared/base/CVDefaultsKeys.h"
-#include "shared/base/CVNotifications.h"
-#include "shared/base/QBNotificationCenter.h"
-#include "shared/base/QBUserDefaults.h"
-#include "shared/widgets/CVProgressDelay.h"
-#include "shared/widgets/CVURLOpener.h"
+#include "base/CVBundle.h"
+#include "base/CVDefaultsKeys.h"
+#include "base/CVNotifications.h"
+#include "base/QBNotificationCenter.h"
+#include "base/QBUserDefaults.h"
 #include "updates/CVUpdateSchedule.h"
+#include "widgets/CVProgressDelay.h"
+#include "widgets/CVURLOpener.h"
 
 #include <QProgressDialog>
 

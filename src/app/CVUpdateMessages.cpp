@@ -1,6 +1,6 @@
 #include "app/CVUpdateMessages.h"
 
-#include "shared/base/CVSite.h"
+#include "base/CVSite.h"
 
 #include <QCoreApplication>
 #include <QUrl>

@@ -1,7 +1,7 @@
 #include "budget/CVBudgetGrid.h"
 
+#include "base/QBMoney.h"
 #include "model/CVTransaction.h"
-#include "shared/base/QBMoney.h"
 
 #include <cmath>
 

@@ -1,10 +1,10 @@
 #include "budget/CVCategoryAverages.h"
 
+#include "base/QBMoney.h"
 #include "budget/CVArithmeticStep.h"
 #include "budget/CVSpending.h"
 #include "model/CVCategory.h"
 #include "model/CVExpenseFrequency.h"
-#include "shared/base/QBMoney.h"
 
 #include <algorithm>
 #include <array>

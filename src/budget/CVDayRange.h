@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/QBDate.h"
+#include "base/QBDate.h"
 
 /// A range of days, inclusive at both ends; empty when the end lies before the start.
 struct CVDayRange {

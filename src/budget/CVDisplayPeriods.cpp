@@ -1,9 +1,9 @@
 #include "budget/CVDisplayPeriods.h"
 
+#include "base/CVDefaultsKeys.h"
+#include "base/QBUserDefaults.h"
 #include "budget/CVDateFormatWithoutYear.h"
-#include "shared/base/CVDefaultsKeys.h"
-#include "shared/base/QBUserDefaults.h"
-#include "shared/format/QBDateFormatter.h"
+#include "format/QBDateFormatter.h"
 
 #include <array>
 

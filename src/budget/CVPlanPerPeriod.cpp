@@ -1,10 +1,10 @@
 #include "budget/CVPlanPerPeriod.h"
 
+#include "base/QBMoney.h"
 #include "budget/CVArithmeticStep.h"
 #include "budget/CVDisplayPeriods.h"
 #include "budget/CVFrequencyConversion.h"
 #include "model/CVCategory.h"
-#include "shared/base/QBMoney.h"
 
 #include <array>
 

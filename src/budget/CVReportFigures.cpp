@@ -1,9 +1,9 @@
 #include "budget/CVReportFigures.h"
 
+#include "base/QBMoney.h"
 #include "budget/CVArithmeticStep.h"
 #include "budget/CVCategoryAverages.h"
 #include "model/CVCategory.h"
-#include "shared/base/QBMoney.h"
 
 #include <array>
 

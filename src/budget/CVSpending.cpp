@@ -1,7 +1,7 @@
 #include "budget/CVSpending.h"
 
+#include "base/QBMoney.h"
 #include "model/CVTransaction.h"
-#include "shared/base/QBMoney.h"
 
 #include <algorithm>
 #include <limits>

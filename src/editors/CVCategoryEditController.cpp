@@ -1,13 +1,13 @@
 #include "editors/CVCategoryEditController.h"
 
+#include "base/CVNotifications.h"
+#include "base/QBNotificationCenter.h"
+#include "base/QBXMLText.h"
 #include "editors/CVCategoryEditModel.h"
 #include "editors/CVEditorTable.h"
 #include "editors/CVNameFault.h"
 #include "model/CVCategory.h"
-#include "shared/base/CVNotifications.h"
-#include "shared/base/QBNotificationCenter.h"
-#include "shared/base/QBXMLText.h"
-#include "shared/widgets/CVAlerts.h"
+#include "widgets/CVAlerts.h"
 
 #include <QPushButton>
 #include <QShortcut>

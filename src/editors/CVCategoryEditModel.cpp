@@ -2,7 +2,7 @@
 
 #include "model/CVCategory.h"
 #include "model/CVTransaction.h"
-#include "shared/widgets/CVCellAlignment.h"
+#include "widgets/fields/CVCellAlignment.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #include "editors/CVEditorCellDelegate.h"
 
-#include "shared/widgets/CVCellStyle.h"
-#include "shared/widgets/CVCheckCell.h"
+#include "widgets/tables/CVCellStyle.h"
+#include "widgets/tables/CVCheckCell.h"
 
 #include <QEvent>
 #include <QLineEdit>

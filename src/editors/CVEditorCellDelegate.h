@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shared/widgets/CVCellDelegate.h"
+#include "widgets/tables/CVCellDelegate.h"
 
 /// The cells of an editor's table: boxes stand in the middle of their cells, and one that cannot be turned round is
 /// greyed. A click on a cell with a box, or Space anywhere in its row, turns it round.

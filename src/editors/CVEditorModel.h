@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shared/widgets/CVCellAlignment.h"
+#include "widgets/fields/CVCellAlignment.h"
 
 #include <QAbstractTableModel>
 #include <QLatin1StringView>

@@ -1,8 +1,8 @@
 #include "editors/CVEditorTable.h"
 
+#include "base/QBUserDefaults.h"
 #include "editors/CVEditorCellDelegate.h"
 #include "editors/CVEditorModel.h"
-#include "shared/base/QBUserDefaults.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shared/widgets/CVTableView.h"
+#include "widgets/tables/CVTableView.h"
 
 #include <optional>
 #include <vector>

@@ -1,8 +1,8 @@
 #include "editors/CVEditorWindow.h"
 
-#include "shared/base/QBUserDefaults.h"
-#include "shared/widgets/CVHelpOpener.h"
-#include "shared/widgets/CVWindowFrame.h"
+#include "base/QBUserDefaults.h"
+#include "widgets/CVHelpOpener.h"
+#include "widgets/CVWindowFrame.h"
 
 #include <QAccessible>
 #include <QHBoxLayout>

@@ -1,9 +1,9 @@
 #include "editors/CVTransactionSetModel.h"
 
+#include "format/QBLocale.h"
 #include "model/CVTransaction.h"
 #include "model/CVTransactionSet.h"
-#include "shared/format/QBLocale.h"
-#include "shared/widgets/CVCellAlignment.h"
+#include "widgets/fields/CVCellAlignment.h"
 
 #include <array>
 

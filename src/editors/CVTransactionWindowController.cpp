@@ -1,17 +1,17 @@
 #include "editors/CVTransactionWindowController.h"
 
+#include "base/CVNotifications.h"
+#include "base/QBMoney.h"
+#include "base/QBNotificationCenter.h"
 #include "budget/CVFrequencyLabel.h"
 #include "editors/CVEditorTable.h"
 #include "editors/CVTransactionWindowModel.h"
 #include "model/CVCategory.h"
 #include "model/CVTransaction.h"
-#include "shared/base/CVNotifications.h"
-#include "shared/base/QBMoney.h"
-#include "shared/base/QBNotificationCenter.h"
-#include "shared/widgets/CVAnyLength.h"
-#include "shared/widgets/CVAttentionColour.h"
-#include "shared/widgets/CVFigureField.h"
-#include "shared/widgets/CVWrappingLayout.h"
+#include "widgets/CVAttentionColour.h"
+#include "widgets/CVWrappingLayout.h"
+#include "widgets/fields/CVAnyLength.h"
+#include "widgets/fields/CVFigureField.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,7 +1,8 @@
 #include "editors/CVTransactionWindowModel.h"
 
 #include "model/CVTransaction.h"
-#include "shared/widgets/CVCellAlignment.h"
+#include "model/CVTransactionColumns.h"
+#include "widgets/fields/CVCellAlignment.h"
 
 #include <array>
 #include <utility>
@@ -26,8 +27,7 @@ void CVTransactionWindowModel::showFlag(int row) {
 }
 
 void CVTransactionWindowModel::updateFormatters() {
-    mDateFormatter = QBDateFormatter();
-    mMoneyFormatter = QBMoneyFormatter();
+    mText = CVTransactionText();
     if (rowCount() > 0)
         emit dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
 }
@@ -42,16 +42,18 @@ QVariant CVTransactionWindowModel::cell(int row, int column, int role) const {
         return role == Qt::DisplayRole ? text(transaction, column) : QVariant();
     if (role == Qt::CheckStateRole)
         return transaction.userFlag() ? Qt::Checked : Qt::Unchecked;
-    return role == Qt::AccessibleTextRole ? QVariant(transaction.userFlag() ? tr("Yes") : tr("No")) : QVariant();
+    if (role == Qt::AccessibleTextRole)
+        return mText.string(transaction, CVTransactionColumns::UserFlag);
+    return {};
 }
 
 QString CVTransactionWindowModel::text(const CVTransaction& transaction, int column) const {
     switch (column) {
     case Date:
-        return transaction.effectiveDate() ? mDateFormatter.string(*transaction.effectiveDate()) : QString();
+        return mText.string(transaction, CVTransactionColumns::Date);
     case Amount:
-        return mMoneyFormatter.string(transaction.amount());
+        return mText.string(transaction, CVTransactionColumns::Amount);
     default:
-        return transaction.payTo();
+        return mText.string(transaction, CVTransactionColumns::ToFrom);
     }
 }

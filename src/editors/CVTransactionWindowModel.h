@@ -1,9 +1,8 @@
 #pragma once
 
+#include "contents/CVTransactionText.h"
 #include "editors/CVEditorModel.h"
 #include "model/CVDocument.h"
-#include "shared/format/QBDateFormatter.h"
-#include "shared/format/QBMoneyFormatter.h"
 
 /// The rows of the cell transactions window: the transactions behind a cell of the budget grid, as they were handed
 /// over.
@@ -30,6 +29,5 @@ private:
     [[nodiscard]] QString text(const CVTransaction& transaction, int column) const;
 
     CVDocument::Transactions mTransactions;
-    QBDateFormatter mDateFormatter;
-    QBMoneyFormatter mMoneyFormatter;
+    CVTransactionText mText;
 };

@@ -2,8 +2,8 @@
 
 #include "help/CVHelpBook.h"
 #include "help/CVHelpWindow.h"
-#include "shared/widgets/CVAlerts.h"
-#include "shared/widgets/CVURLOpener.h"
+#include "widgets/CVAlerts.h"
+#include "widgets/CVURLOpener.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shared/widgets/CVHelpOpener.h"
+#include "widgets/CVHelpOpener.h"
 
 #include <memory>
 

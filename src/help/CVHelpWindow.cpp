@@ -1,11 +1,11 @@
 #include "help/CVHelpWindow.h"
 
+#include "base/QBUserDefaults.h"
 #include "help/CVHelpBook.h"
 #include "help/CVHelpPage.h"
 #include "help/CVHelpSearch.h"
-#include "shared/base/QBUserDefaults.h"
-#include "shared/widgets/CVAccessibleName.h"
-#include "shared/widgets/CVWindowFrame.h"
+#include "widgets/CVAccessibleName.h"
+#include "widgets/CVWindowFrame.h"
 
 #include <QAction>
 #include <QApplication>

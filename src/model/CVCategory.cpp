@@ -1,11 +1,11 @@
 #include "model/CVCategory.h"
 
+#include "base/CVNotifications.h"
+#include "base/QBNotificationCenter.h"
+#include "base/QBNumberText.h"
+#include "base/QBPropertyList.h"
+#include "base/QBXMLText.h"
 #include "model/CVDocument.h"
-#include "shared/base/CVNotifications.h"
-#include "shared/base/QBNotificationCenter.h"
-#include "shared/base/QBNumberText.h"
-#include "shared/base/QBPropertyList.h"
-#include "shared/base/QBXMLText.h"
 
 #include <QFile>
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "base/QBDate.h"
 #include "model/CVExpenseFrequency.h"
 #include "model/CVParsing.h"
-#include "model/QBDate.h"
 
 #include <QCoreApplication>
 #include <QStringList>

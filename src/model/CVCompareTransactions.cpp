@@ -1,8 +1,7 @@
 #include "model/CVCompareTransactions.h"
 
 #include "model/CVTransaction.h"
-
-#include <array>
+#include "model/CVTransactionColumns.h"
 
 namespace {
 
@@ -36,25 +35,30 @@ int compareFors(const CVTransaction& a, const CVTransaction& b) {
     return CVCompareTexts(a.xfor(), b.xfor());
 }
 
-struct Column {
-    QLatin1StringView key;
-    Comparison compare = nullptr;
-};
-
-constexpr std::array<Column, 5> kColumns{{{QLatin1StringView("date"), compareDates},
-                                          {QLatin1StringView("amount"), compareAmounts},
-                                          {QLatin1StringView("tofrom"), comparePayees},
-                                          {QLatin1StringView("for"), compareFors},
-                                          {QLatin1StringView("category"), compareCategories}}};
+Comparison comparisonOf(int column) {
+    switch (column) {
+    case CVTransactionColumns::Date:
+        return compareDates;
+    case CVTransactionColumns::Amount:
+        return compareAmounts;
+    case CVTransactionColumns::ToFrom:
+        return comparePayees;
+    case CVTransactionColumns::For:
+        return compareFors;
+    case CVTransactionColumns::Category:
+        return compareCategories;
+    default:
+        return nullptr;
+    }
+}
 
 } // namespace
 
 int CVCompareTransactions(const CVTransaction& a, const CVTransaction& b, const CVTransactionSortContext& context) {
-    for (const Column& column : kColumns) {
-        if (context.key == column.key)
-            return context.descending ? -column.compare(a, b) : column.compare(a, b);
-    }
-    return 0;
+    const Comparison compare = comparisonOf(CVTransactionColumns::columnOfIdentifier(context.key));
+    if (!compare)
+        return 0;
+    return context.descending ? -compare(a, b) : compare(a, b);
 }
 
 int CVCompareTexts(const QString& a, const QString& b) {

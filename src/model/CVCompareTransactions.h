@@ -4,8 +4,8 @@
 
 class CVTransaction;
 
-/// By which column transactions are ordered: "date", "amount", "tofrom", "for" or "category"; any other key orders
-/// nothing.
+/// By which of `CVTransactionColumns` transactions are ordered: "date", "amount", "tofrom", "for" or "category"; any
+/// other key orders nothing.
 struct CVTransactionSortContext {
     QString key;
     bool descending = false;

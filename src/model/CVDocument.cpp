@@ -1,14 +1,14 @@
 #include "model/CVDocument.h"
 
+#include "base/CVDefaultsKeys.h"
+#include "base/CVNotifications.h"
+#include "base/QBNotificationCenter.h"
+#include "base/QBUserDefaults.h"
+#include "base/QBXMLText.h"
 #include "model/CVCategory.h"
 #include "model/CVDocumentSaver.h"
 #include "model/CVTransaction.h"
 #include "model/CVTransactionSet.h"
-#include "shared/base/CVDefaultsKeys.h"
-#include "shared/base/CVNotifications.h"
-#include "shared/base/QBNotificationCenter.h"
-#include "shared/base/QBUserDefaults.h"
-#include "shared/base/QBXMLText.h"
 
 #include <algorithm>
 

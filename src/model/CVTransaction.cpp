@@ -1,9 +1,9 @@
 #include "model/CVTransaction.h"
 
+#include "base/QBNumberText.h"
+#include "base/QBXMLText.h"
 #include "model/CVCategory.h"
 #include "model/CVDocument.h"
-#include "shared/base/QBNumberText.h"
-#include "shared/base/QBXMLText.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "base/QBDate.h"
 #include "model/CVDocumentText.h"
 #include "model/CVParsing.h"
-#include "model/QBDate.h"
 
 #include <memory>
 #include <optional>

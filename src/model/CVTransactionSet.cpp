@@ -1,7 +1,7 @@
 #include "model/CVTransactionSet.h"
 
-#include "shared/base/QBNumberText.h"
-#include "shared/base/QBXMLText.h"
+#include "base/QBNumberText.h"
+#include "base/QBXMLText.h"
 
 void CVTransactionSet::setTransactionSetName(const QString& name) {
     mName = xml_storableText(name);

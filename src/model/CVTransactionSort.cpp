@@ -5,9 +5,9 @@
 #include "model/CVIDMap.h"
 #include "model/CVTextRanks.h"
 #include "model/CVTransaction.h"
+#include "model/CVTransactionColumns.h"
 
 #include <algorithm>
-#include <array>
 
 namespace {
 
@@ -93,29 +93,18 @@ void sortByDate(Transactions& transactions, bool descending, const CVDocument::C
                     });
 }
 
-void sortByAmount(Transactions& transactions, bool descending, const CVDocument::Categories& /*unused*/) {
+void sortByAmount(Transactions& transactions, bool descending) {
     sortBy<AmountKey>(transactions, descending,
                       [](const CVTransaction& transaction) -> AmountKey { return {transaction.amount()}; });
 }
 
-template <typename TextOf>
-void sortByText(Transactions& transactions, bool descending, TextOf textOf) {
+void sortByText(Transactions& transactions, bool descending, const QString& (CVTransaction::*text)() const) {
     CVTextRanks ranks;
     for (const auto& transaction : transactions)
-        ranks.add(textOf(*transaction));
+        ranks.add(((*transaction).*text)());
     ranks.rank();
     sortBy<RankKey>(transactions, descending,
-                    [&](const CVTransaction& transaction) -> RankKey { return {ranks.rankOf(textOf(transaction))}; });
-}
-
-void sortByPayee(Transactions& transactions, bool descending, const CVDocument::Categories& /*unused*/) {
-    sortByText(transactions, descending,
-               [](const CVTransaction& transaction) -> const QString& { return transaction.payTo(); });
-}
-
-void sortByFor(Transactions& transactions, bool descending, const CVDocument::Categories& /*unused*/) {
-    sortByText(transactions, descending,
-               [](const CVTransaction& transaction) -> const QString& { return transaction.xfor(); });
+                    [&](const CVTransaction& transaction) -> RankKey { return {ranks.rankOf((transaction.*text)())}; });
 }
 
 void sortByCategory(Transactions& transactions, bool descending, const CVDocument::Categories& categories) {
@@ -124,23 +113,22 @@ void sortByCategory(Transactions& transactions, bool descending, const CVDocumen
     });
 }
 
-struct SortColumn {
-    QLatin1StringView key;
-    void (*sort)(Transactions&, bool, const CVDocument::Categories&) = nullptr;
-};
-
-constexpr std::array<SortColumn, 5> kSortColumns{{{QLatin1StringView("date"), sortByDate},
-                                                  {QLatin1StringView("amount"), sortByAmount},
-                                                  {QLatin1StringView("tofrom"), sortByPayee},
-                                                  {QLatin1StringView("for"), sortByFor},
-                                                  {QLatin1StringView("category"), sortByCategory}}};
-
 } // namespace
 
 void CVSortTransactions(CVDocument::Transactions& transactions, const CVTransactionSortContext& context,
                         const CVDocument::Categories& categories) {
-    for (const SortColumn& column : kSortColumns) {
-        if (context.key == column.key)
-            column.sort(transactions, context.descending, categories);
+    switch (CVTransactionColumns::columnOfIdentifier(context.key)) {
+    case CVTransactionColumns::Date:
+        return sortByDate(transactions, context.descending, categories);
+    case CVTransactionColumns::Amount:
+        return sortByAmount(transactions, context.descending);
+    case CVTransactionColumns::ToFrom:
+        return sortByText(transactions, context.descending, &CVTransaction::payTo);
+    case CVTransactionColumns::For:
+        return sortByText(transactions, context.descending, &CVTransaction::xfor);
+    case CVTransactionColumns::Category:
+        return sortByCategory(transactions, context.descending, categories);
+    default:
+        return;
     }
 }

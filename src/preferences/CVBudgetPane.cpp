@@ -1,9 +1,9 @@
 #include "preferences/CVBudgetPane.h"
 
+#include "base/CVDefaultsKeys.h"
+#include "base/QBUserDefaults.h"
+#include "format/QBLocale.h"
 #include "preferences/CVPreferenceStore.h"
-#include "shared/base/CVDefaultsKeys.h"
-#include "shared/base/QBUserDefaults.h"
-#include "shared/format/QBLocale.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,12 +1,12 @@
 #include "preferences/CVDataFilePane.h"
 
+#include "base/CVBundle.h"
+#include "base/CVDefaultsKeys.h"
+#include "base/QBUserDefaults.h"
 #include "model/CVDocument.h"
 #include "preferences/CVPreferenceHost.h"
 #include "preferences/CVPreferenceStore.h"
-#include "shared/base/CVBundle.h"
-#include "shared/base/CVDefaultsKeys.h"
-#include "shared/base/QBUserDefaults.h"
-#include "shared/widgets/CVFilePanels.h"
+#include "widgets/CVFilePanels.h"
 
 #include <QApplication>
 #include <QDir>

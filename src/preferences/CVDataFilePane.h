@@ -1,7 +1,7 @@
 #pragma once
 
 #include "preferences/CVPreferencePane.h"
-#include "shared/widgets/CVAlerts.h"
+#include "widgets/CVAlerts.h"
 
 #include <optional>
 

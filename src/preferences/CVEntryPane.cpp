@@ -1,9 +1,9 @@
 #include "preferences/CVEntryPane.h"
 
+#include "base/CVDefaultsKeys.h"
+#include "base/QBUserDefaults.h"
 #include "preferences/CVPreferenceStore.h"
 #include "preferences/CVWholeNumberField.h"
-#include "shared/base/CVDefaultsKeys.h"
-#include "shared/base/QBUserDefaults.h"
 
 #include <QCheckBox>
 #include <QFormLayout>

@@ -1,6 +1,6 @@
 #include "preferences/CVPreferencePane.h"
 
-#include "shared/widgets/CVSteadyComboBox.h"
+#include "widgets/fields/CVSteadyComboBox.h"
 
 #include <QCheckBox>
 #include <QComboBox>

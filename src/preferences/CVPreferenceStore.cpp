@@ -1,9 +1,9 @@
 #include "preferences/CVPreferenceStore.h"
 
-#include "shared/base/CVDefaultsKeys.h"
-#include "shared/base/CVNotifications.h"
-#include "shared/base/QBNotificationCenter.h"
-#include "shared/base/QBUserDefaults.h"
+#include "base/CVDefaultsKeys.h"
+#include "base/CVNotifications.h"
+#include "base/QBNotificationCenter.h"
+#include "base/QBUserDefaults.h"
 
 CVPreferenceStore::CVPreferenceStore(QBUserDefaults& defaults, QBNotificationCenter& notificationCenter)
     : mDefaults(defaults)

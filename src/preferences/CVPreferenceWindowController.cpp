@@ -1,17 +1,17 @@
 #include "preferences/CVPreferenceWindowController.h"
 
+#include "base/CVDefaultsKeys.h"
+#include "base/QBUserDefaults.h"
 #include "model/CVDocument.h"
 #include "preferences/CVBudgetPane.h"
 #include "preferences/CVDataFilePane.h"
 #include "preferences/CVEntryPane.h"
 #include "preferences/CVPreferenceHost.h"
 #include "preferences/CVUpdatePane.h"
-#include "shared/base/CVDefaultsKeys.h"
-#include "shared/base/QBUserDefaults.h"
-#include "shared/widgets/CVAccessibleName.h"
-#include "shared/widgets/CVHelpOpener.h"
-#include "shared/widgets/CVScrollArea.h"
-#include "shared/widgets/CVWindowFrame.h"
+#include "widgets/CVAccessibleName.h"
+#include "widgets/CVHelpOpener.h"
+#include "widgets/CVScrollArea.h"
+#include "widgets/CVWindowFrame.h"
 
 #include <QAccessible>
 #include <QDir>

@@ -1,10 +1,10 @@
 #include "preferences/CVSystemInfoSheet.h"
 
+#include "base/CVBundle.h"
 #include "preferences/CVRichTextFormat.h"
-#include "shared/base/CVBundle.h"
-#include "shared/widgets/CVWindowFrame.h"
 #include "updates/CVUpdateAddress.h"
 #include "updates/QBUpdateInfo.h"
+#include "widgets/CVWindowFrame.h"
 
 #include <QDialogButtonBox>
 #include <QFile>

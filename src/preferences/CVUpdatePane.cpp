@@ -1,16 +1,16 @@
 #include "preferences/CVUpdatePane.h"
 
+#include "base/CVDefaultsKeys.h"
+#include "base/CVNotifications.h"
+#include "base/CVSite.h"
+#include "base/QBNotificationCenter.h"
+#include "base/QBUserDefaults.h"
+#include "format/QBDateFormatter.h"
 #include "preferences/CVPreferenceStore.h"
 #include "preferences/CVSystemInfoSheet.h"
-#include "shared/base/CVDefaultsKeys.h"
-#include "shared/base/CVNotifications.h"
-#include "shared/base/CVSite.h"
-#include "shared/base/QBNotificationCenter.h"
-#include "shared/base/QBUserDefaults.h"
-#include "shared/format/QBDateFormatter.h"
-#include "shared/widgets/CVAlerts.h"
 #include "updates/CVUpdateSchedule.h"
 #include "updates/CVUpdateStore.h"
+#include "widgets/CVAlerts.h"
 
 #include <QCheckBox>
 #include <QComboBox>

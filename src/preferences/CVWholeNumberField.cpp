@@ -1,6 +1,6 @@
 #include "preferences/CVWholeNumberField.h"
 
-#include "shared/format/QBLocale.h"
+#include "format/QBLocale.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shared/widgets/CVFormattedField.h"
+#include "widgets/fields/CVFormattedField.h"
 
 /// A whole number from 0 to 999, in the digits of the locale.
 class CVWholeNumberField final : public CVFormattedField {

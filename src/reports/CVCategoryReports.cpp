@@ -1,12 +1,12 @@
+#include "base/QBMoney.h"
 #include "budget/CVCategoryAverages.h"
 #include "budget/CVCategorySlots.h"
 #include "budget/CVSpending.h"
+#include "format/QBDateFormatter.h"
+#include "format/QBMoneyFormatter.h"
 #include "model/CVCategory.h"
 #include "model/CVTransaction.h"
 #include "reports/CVComputedReport.h"
-#include "shared/base/QBMoney.h"
-#include "shared/format/QBDateFormatter.h"
-#include "shared/format/QBMoneyFormatter.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "reports/CVGridSummary.h"
 
-#include "budget/CVGridContents.h"
+#include "contents/CVGridContents.h"
 
 QString CVGridSummary::columnTitle(int column) const {
     return mGrid.periods().header(mGrid.columns().at(static_cast<std::size_t>(column))).text;

@@ -1,7 +1,7 @@
 #include "reports/CVPrintInfo.h"
 
-#include "shared/base/CVDefaultsKeys.h"
-#include "shared/base/QBUserDefaults.h"
+#include "base/CVDefaultsKeys.h"
+#include "base/QBUserDefaults.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #include "reports/CVReportPages.h"
 
+#include "base/CVBundle.h"
 #include "reports/CVReportPainter.h"
-#include "shared/base/CVBundle.h"
 
 #include <QIODevice>
 #include <QPainter>

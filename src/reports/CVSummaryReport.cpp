@@ -1,9 +1,9 @@
+#include "base/QBMoney.h"
+#include "format/QBDateFormatter.h"
+#include "format/QBMoneyFormatter.h"
 #include "model/CVCategory.h"
 #include "reports/CVComputedReport.h"
 #include "reports/CVSummaryTable.h"
-#include "shared/base/QBMoney.h"
-#include "shared/format/QBDateFormatter.h"
-#include "shared/format/QBMoneyFormatter.h"
 
 namespace {
 

@@ -1,8 +1,10 @@
+#include "base/QBMoney.h"
+#include "contents/CVTransactionText.h"
+#include "format/QBDateFormatter.h"
+#include "format/QBMoneyFormatter.h"
 #include "model/CVTransaction.h"
+#include "model/CVTransactionColumns.h"
 #include "reports/CVReport.h"
-#include "shared/base/QBMoney.h"
-#include "shared/format/QBDateFormatter.h"
-#include "shared/format/QBMoneyFormatter.h"
 
 #include <utility>
 
@@ -21,12 +23,11 @@ public:
 
     [[nodiscard]] CVReportLine line(std::size_t index) const override {
         const CVTransaction& transaction = *mTransactionArray[index];
-        const auto date = transaction.effectiveDate();
-        return {{QString::number(index + 1), date ? mDateFormatter.string(*date) : QString(),
-                 mMoneyFormatter.string(transaction.amount()), onOneLine(transaction.payTo()),
-                 onOneLine(transaction.xfor()), onOneLine(transaction.categoryName())},
-                CVReportLine::Kind::Main,
-                transaction.taxFlag()};
+        using enum CVTransactionColumns::Column;
+        QStringList texts{QString::number(index + 1)};
+        for (const int column : {Date, Amount, ToFrom, For, Category})
+            texts.append(onOneLine(mText.string(transaction, column)));
+        return {texts, CVReportLine::Kind::Main, transaction.taxFlag()};
     }
 
 private:
@@ -40,8 +41,7 @@ private:
     }
 
     CVDocument::Transactions mTransactionArray;
-    QBDateFormatter mDateFormatter;
-    QBMoneyFormatter mMoneyFormatter;
+    CVTransactionText mText;
 };
 
 } // namespace

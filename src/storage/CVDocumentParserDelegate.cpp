@@ -1,11 +1,11 @@
 #include "storage/CVDocumentParserDelegate.h"
 
+#include "base/QBNumberText.h"
+#include "base/QBXMLText.h"
 #include "model/CVCategory.h"
 #include "model/CVDocument.h"
 #include "model/CVTransaction.h"
 #include "model/CVTransactionSet.h"
-#include "shared/base/QBNumberText.h"
-#include "shared/base/QBXMLText.h"
 
 #include <cstring>
 #include <string_view>

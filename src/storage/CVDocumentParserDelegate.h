@@ -1,8 +1,8 @@
 #pragma once
 
+#include "base/QBDate.h"
 #include "model/CVParsing.h"
 #include "model/CVTransactionBlocks.h"
-#include "model/QBDate.h"
 #include "storage/CVTextPool.h"
 
 #include <QByteArray>

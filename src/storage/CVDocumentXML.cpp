@@ -1,11 +1,11 @@
 #include "storage/CVDocumentXML.h"
 
+#include "base/CVBundle.h"
+#include "base/QBXMLText.h"
 #include "model/CVCategory.h"
 #include "model/CVDocument.h"
 #include "model/CVTransaction.h"
 #include "model/CVTransactionSet.h"
-#include "shared/base/CVBundle.h"
-#include "shared/base/QBXMLText.h"
 
 #include <algorithm>
 

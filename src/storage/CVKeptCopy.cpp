@@ -1,8 +1,8 @@
 #include "storage/CVKeptCopy.h"
 
-#include "shared/base/CVFileSignature.h"
-#include "shared/base/CVFileSink.h"
-#include "shared/base/CVSafeFile.h"
+#include "base/CVFileSignature.h"
+#include "base/CVFileSink.h"
+#include "base/CVSafeFile.h"
 
 #include <QCoreApplication>
 #include <QFile>

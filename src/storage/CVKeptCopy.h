@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shared/base/CVFileResult.h"
+#include "base/CVFileResult.h"
 
 #include <QDateTime>
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/CVFileSignature.h"
 #include "model/CVDocumentText.h"
-#include "shared/base/CVFileSignature.h"
 
 #include <QObject>
 #include <QString>

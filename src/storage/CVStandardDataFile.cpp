@@ -1,8 +1,8 @@
 #include "storage/CVStandardDataFile.h"
 
-#include "shared/base/CVBundle.h"
-#include "shared/base/CVDefaultsKeys.h"
-#include "shared/base/QBUserDefaults.h"
+#include "base/CVBundle.h"
+#include "base/CVDefaultsKeys.h"
+#include "base/QBUserDefaults.h"
 
 #include <QDir>
 #include <QFileInfo>

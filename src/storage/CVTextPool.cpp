@@ -1,6 +1,6 @@
 #include "storage/CVTextPool.h"
 
-#include "shared/base/QBXMLText.h"
+#include "base/QBXMLText.h"
 
 #include <QByteArrayView>
 #include <QStringDecoder>

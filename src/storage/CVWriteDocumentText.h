@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shared/base/CVSafeFile.h"
+#include "base/CVSafeFile.h"
 
 class CVDocumentText;
 

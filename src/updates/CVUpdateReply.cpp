@@ -1,6 +1,6 @@
 #include "updates/CVUpdateReply.h"
 
-#include "shared/base/QBPropertyList.h"
+#include "base/QBPropertyList.h"
 
 std::optional<CVUpdateEntry> CVChooseUpdateEntry(const QByteArray& reply, const QString& version) {
     const QVariantMap entries = QBPropertyListFromData(reply).toMap();

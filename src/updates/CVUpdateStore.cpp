@@ -1,8 +1,8 @@
 #include "updates/CVUpdateStore.h"
 
-#include "shared/base/CVDefaultsKeys.h"
-#include "shared/base/QBUserDefaults.h"
-#include "shared/format/QBFixedDateFormat.h"
+#include "base/CVDefaultsKeys.h"
+#include "base/QBUserDefaults.h"
+#include "format/QBFixedDateFormat.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
 #include "workspace/CVEditCommands.h"
 
-#include "shared/widgets/CVTableText.h"
+#include "widgets/tables/CVTableText.h"
 
 #include <QAbstractItemView>
 #include <QClipboard>

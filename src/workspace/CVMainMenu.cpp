@@ -1,9 +1,9 @@
 #include "workspace/CVMainMenu.h"
 
-#include "shared/widgets/CVTableView.h"
+#include "widgets/tables/CVTableView.h"
 #include "workspace/CVEditCommands.h"
-#include "workspace/CVOptionItem.h"
-#include "workspace/CVTransactionTableModel.h"
+#include "workspace/controls/CVOptionItem.h"
+#include "workspace/transactions/CVTransactionTableModel.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -137,9 +137,8 @@ void CVMainMenu::addEditCommands(QMenu& menu) {
 void CVMainMenu::addSortMenu(QMenu& menu) {
     QMenu& sort = *menu.addMenu(tr("Sort &By"));
     for (int column = 0; column < CVTransactionTableModel::ColumnCount; ++column) {
-        const QString identifier = CVTransactionTableModel::identifier(column);
-        sort.addAction(CVTransactionTableModel::title(column), this,
-                       [this, identifier] { emit sortRequested(identifier); });
+        const QString identifier = CVTransactionColumns::identifier(column);
+        sort.addAction(CVTransactionText::title(column), this, [this, identifier] { emit sortRequested(identifier); });
     }
 }
 

@@ -1,16 +1,16 @@
 #include "workspace/CVMainWindow.h"
 
-#include "shared/widgets/CVAccessibleName.h"
-#include "shared/widgets/CVOpenEditor.h"
-#include "shared/widgets/CVScrollArea.h"
-#include "workspace/CVEntryStrip.h"
+#include "widgets/CVAccessibleName.h"
+#include "widgets/CVScrollArea.h"
+#include "widgets/tables/CVOpenEditor.h"
 #include "workspace/CVMainMenu.h"
-#include "workspace/CVReportsTab.h"
-#include "workspace/CVSaveStatus.h"
-#include "workspace/CVSetPicker.h"
-#include "workspace/CVSummaryTab.h"
-#include "workspace/CVTransactionTableView.h"
-#include "workspace/CVTransactionsTab.h"
+#include "workspace/controls/CVEntryStrip.h"
+#include "workspace/controls/CVSaveStatus.h"
+#include "workspace/controls/CVSetPicker.h"
+#include "workspace/figures/CVReportsTab.h"
+#include "workspace/figures/CVSummaryTab.h"
+#include "workspace/transactions/CVTransactionTableView.h"
+#include "workspace/transactions/CVTransactionsTab.h"
 
 #include <QCloseEvent>
 #include <QTabWidget>

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "budget/CVBudgetRows.h"
-#include "budget/CVGridContents.h"
-#include "budget/CVReportContents.h"
-#include "workspace/CVPaidToList.h"
-#include "workspace/CVPrintCommands.h"
-#include "workspace/CVTransactionList.h"
+#include "contents/CVBudgetRows.h"
+#include "contents/CVGridContents.h"
+#include "contents/CVPaidToList.h"
+#include "contents/CVReportContents.h"
+#include "contents/CVTransactionList.h"
+#include "workspace/printing/CVPrintCommands.h"
 
 #include <QObject>
 

@@ -1,14 +1,14 @@
+#include "base/CVDefaultsKeys.h"
+#include "base/QBUserDefaults.h"
 #include "budget/CVFrequencyConversion.h"
 #include "budget/CVRangePresets.h"
 #include "model/CVCategory.h"
-#include "shared/base/CVDefaultsKeys.h"
-#include "shared/base/QBUserDefaults.h"
 #include "workspace/CVDocumentWindows.h"
 #include "workspace/CVMainWindow.h"
 #include "workspace/CVMainWindowController.h"
-#include "workspace/CVRangeControls.h"
-#include "workspace/CVReportsTab.h"
-#include "workspace/CVTransactionsTab.h"
+#include "workspace/controls/CVRangeControls.h"
+#include "workspace/figures/CVReportsTab.h"
+#include "workspace/transactions/CVTransactionsTab.h"
 
 /// What the controller does for the summary and the reports tabs.
 

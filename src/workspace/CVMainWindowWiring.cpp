@@ -1,15 +1,15 @@
 #include "budget/CVRangePresets.h"
 #include "workspace/CVDocumentWindows.h"
-#include "workspace/CVEntryStrip.h"
 #include "workspace/CVMainMenu.h"
 #include "workspace/CVMainWindow.h"
 #include "workspace/CVMainWindowController.h"
-#include "workspace/CVRangeControls.h"
-#include "workspace/CVReportsTab.h"
-#include "workspace/CVSearchField.h"
-#include "workspace/CVSummaryTab.h"
-#include "workspace/CVTransactionTableView.h"
-#include "workspace/CVTransactionsTab.h"
+#include "workspace/controls/CVEntryStrip.h"
+#include "workspace/controls/CVRangeControls.h"
+#include "workspace/controls/CVSearchField.h"
+#include "workspace/figures/CVReportsTab.h"
+#include "workspace/figures/CVSummaryTab.h"
+#include "workspace/transactions/CVTransactionTableView.h"
+#include "workspace/transactions/CVTransactionsTab.h"
 
 #include <QTabWidget>
 

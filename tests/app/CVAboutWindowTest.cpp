@@ -1,7 +1,7 @@
 #include "app/CVAboutWindow.h"
 
 #include "ShellFixture.h"
-#include "shared/base/CVSite.h"
+#include "base/CVSite.h"
 
 #include <QClipboard>
 #include <QTextBrowser>

@@ -1,7 +1,7 @@
 #include "EditorWindowsFixture.h"
 #include "app/CVTerminationSignals.h"
-#include "shared/widgets/CVAlertPanel.h"
-#include "workspace/CVTransactionTableView.h"
+#include "widgets/CVAlertPanel.h"
+#include "workspace/transactions/CVTransactionTableView.h"
 
 #include <QFile>
 #include <QMessageBox>

@@ -1,5 +1,5 @@
 #include "EditorWindowsFixture.h"
-#include "shared/widgets/CVHelpOpener.h"
+#include "widgets/CVHelpOpener.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,11 +1,11 @@
 #include "EditorWindowsFixture.h"
+#include "base/QBUserDefaults.h"
 #include "editors/CVTransactionWindowController.h"
 #include "help/CVHelp.h"
 #include "kit/ScriptedURLs.h"
 #include "preferences/CVPreferenceWindowController.h"
-#include "shared/base/QBUserDefaults.h"
-#include "shared/widgets/CVAlertPanel.h"
-#include "workspace/CVSaveStatus.h"
+#include "widgets/CVAlertPanel.h"
+#include "workspace/controls/CVSaveStatus.h"
 
 #include <QAbstractButton>
 #include <QGroupBox>

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "app/CVAppDelegate.h"
+#include "base/CVDefaultsKeys.h"
+#include "base/QBUserDefaults.h"
 #include "kit/Day.h"
 #include "kit/FixedToday.h"
 #include "kit/Printers.h"
@@ -13,8 +15,6 @@
 #include "model/CVDocument.h"
 #include "model/CVTransaction.h"
 #include "preferences/CVPreferenceWindowController.h"
-#include "shared/base/CVDefaultsKeys.h"
-#include "shared/base/QBUserDefaults.h"
 #include "workspace/CVMainWindowController.h"
 
 #include <QAbstractButton>

@@ -1,7 +1,7 @@
 #include "ShellFixture.h"
 #include "app/CVSupportMail.h"
-#include "shared/base/CVBundle.h"
-#include "shared/base/CVSite.h"
+#include "base/CVBundle.h"
+#include "base/CVSite.h"
 
 #include <QSysInfo>
 #include <QUrlQuery>

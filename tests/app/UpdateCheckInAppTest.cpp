@@ -1,8 +1,8 @@
 #include "ShellFixture.h"
+#include "base/CVNotifications.h"
+#include "base/CVSite.h"
+#include "base/QBNotificationCenter.h"
 #include "kit/NotificationCounter.h"
-#include "shared/base/CVNotifications.h"
-#include "shared/base/CVSite.h"
-#include "shared/base/QBNotificationCenter.h"
 
 #include <QElapsedTimer>
 #include <QProgressDialog>

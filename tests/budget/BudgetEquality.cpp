@@ -2,11 +2,11 @@
 
 #include "budget/BitsOf.h"
 #include "budget/CVBudgetGrid.h"
-#include "budget/CVBudgetRows.h"
 #include "budget/CVCategoryAverages.h"
 #include "budget/CVReportFigures.h"
 #include "budget/CVTransactionRange.h"
 #include "budget/PlainScan.h"
+#include "contents/CVBudgetRows.h"
 #include "kit/Printers.h"
 #include "model/CVCategory.h"
 

@@ -1,8 +1,8 @@
 #include "budget/CVBudgetGrid.h"
-#include "budget/CVBudgetRows.h"
 #include "budget/CVCategorySlots.h"
 #include "budget/CVReportFigures.h"
 #include "budget/CategoryIds.h"
+#include "contents/CVBudgetRows.h"
 #include "kit/BudgetBuilder.h"
 
 #include <gtest/gtest.h>

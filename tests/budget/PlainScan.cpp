@@ -1,9 +1,9 @@
 #include "budget/PlainScan.h"
 
+#include "base/QBMoney.h"
 #include "model/CVCategory.h"
 #include "model/CVCompareTransactions.h"
 #include "model/CVTransaction.h"
-#include "shared/base/QBMoney.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,8 @@
+#include "base/QBMoney.h"
 #include "budget/ArithmeticText.h"
 #include "budget/CVCategoryAverages.h"
 #include "budget/CVReportFigures.h"
 #include "kit/BudgetBuilder.h"
-#include "shared/base/QBMoney.h"
 
 #include <gtest/gtest.h>
 

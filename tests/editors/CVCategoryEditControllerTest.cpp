@@ -1,8 +1,8 @@
 #include "editors/CVCategoryEditController.h"
 
+#include "base/CVNotifications.h"
 #include "editors/CVCategoryEditModel.h"
 #include "editors/EditorFixture.h"
-#include "shared/base/CVNotifications.h"
 
 #include <QLineEdit>
 

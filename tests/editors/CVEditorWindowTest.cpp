@@ -3,7 +3,7 @@
 #include "editors/CVTransactionWindowController.h"
 #include "editors/EditorFixture.h"
 #include "kit/ScreenRows.h"
-#include "shared/widgets/CVHelpOpener.h"
+#include "widgets/CVHelpOpener.h"
 
 #include <QHeaderView>
 #include <QLineEdit>

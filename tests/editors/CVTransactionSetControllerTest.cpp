@@ -1,9 +1,9 @@
 #include "editors/CVTransactionSetController.h"
 
+#include "base/CVNotifications.h"
+#include "base/QBNotificationCenter.h"
 #include "editors/CVTransactionSetModel.h"
 #include "editors/EditorFixture.h"
-#include "shared/base/CVNotifications.h"
-#include "shared/base/QBNotificationCenter.h"
 
 #include <QLineEdit>
 

@@ -1,10 +1,10 @@
 #include "editors/CVTransactionWindowController.h"
 
+#include "base/CVNotifications.h"
+#include "base/QBMoney.h"
 #include "editors/CVTransactionWindowModel.h"
 #include "editors/EditorFixture.h"
 #include "kit/DefaultLocale.h"
-#include "shared/base/CVNotifications.h"
-#include "shared/base/QBMoney.h"
 
 #include <QLabel>
 #include <QLineEdit>

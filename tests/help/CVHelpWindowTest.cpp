@@ -1,13 +1,13 @@
 #include "help/CVHelpWindow.h"
 
 #include "BookFixture.h"
+#include "base/QBUserDefaults.h"
 #include "help/CVHelp.h"
 #include "help/CVHelpSearch.h"
 #include "kit/ScratchHome.h"
 #include "kit/ScreenRows.h"
 #include "kit/ScriptedAlerts.h"
-#include "shared/base/QBUserDefaults.h"
-#include "shared/widgets/CVURLOpener.h"
+#include "widgets/CVURLOpener.h"
 
 #include <QAccessible>
 #include <QApplication>

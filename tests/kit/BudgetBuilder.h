@@ -1,13 +1,13 @@
 #pragma once
 
+#include "base/QBNotificationCenter.h"
+#include "base/QBUserDefaults.h"
 #include "kit/Day.h"
 #include "kit/Printers.h"
 #include "model/CVCategory.h"
 #include "model/CVDocument.h"
 #include "model/CVTransaction.h"
 #include "model/CVTransactionSet.h"
-#include "shared/base/QBNotificationCenter.h"
-#include "shared/base/QBUserDefaults.h"
 
 #include <QString>
 

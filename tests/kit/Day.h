@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/QBDate.h"
+#include "base/QBDate.h"
 
 /// The day of that date, short enough for tables.
 [[nodiscard]] inline QBDate day(qint64 year, int month, int dayOfMonth) {

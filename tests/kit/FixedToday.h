@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/QBDate.h"
+#include "base/QBDate.h"
 
 /// Makes `QBDate::date()` answer a given day as long as this object lives; the clock rules again afterwards. At most
 /// one lives at a time.

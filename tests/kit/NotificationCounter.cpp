@@ -1,6 +1,6 @@
 #include "kit/NotificationCounter.h"
 
-#include "shared/base/QBNotificationCenter.h"
+#include "base/QBNotificationCenter.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "kit/Printers.h"
 
-#include "model/QBDate.h"
+#include "base/QBDate.h"
 
 #include <QByteArrayView>
 #include <QString>

@@ -1,6 +1,6 @@
 #include "kit/ScratchHome.h"
 
-#include "shared/base/QBUserDefaults.h"
+#include "base/QBUserDefaults.h"
 
 #include <QDir>
 #include <QSettings>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shared/widgets/CVAlerts.h"
+#include "widgets/CVAlerts.h"
 
 #include <QStringList>
 #include <QWidget>

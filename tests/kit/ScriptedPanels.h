@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shared/widgets/CVFilePanels.h"
+#include "widgets/CVFilePanels.h"
 
 #include <QList>
 

@@ -2,7 +2,7 @@
 
 #include "reports/CVReportText.h"
 #include "reports/CVReportView.h"
-#include "workspace/CVPrintPanels.h"
+#include "workspace/printing/CVPrintPanels.h"
 
 #include <QList>
 

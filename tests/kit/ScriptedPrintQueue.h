@@ -1,6 +1,6 @@
 #pragma once
 
-#include "workspace/CVPrintQueue.h"
+#include "workspace/printing/CVPrintQueue.h"
 
 #include <QFile>
 #include <QList>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shared/widgets/CVURLOpener.h"
+#include "widgets/CVURLOpener.h"
 
 #include <QList>
 #include <QUrl>

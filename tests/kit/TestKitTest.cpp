@@ -1,7 +1,7 @@
+#include "base/QBUserDefaults.h"
 #include "kit/FixedToday.h"
 #include "kit/RandomBudget.h"
 #include "kit/ScratchHome.h"
-#include "shared/base/QBUserDefaults.h"
 #include "storage/CVDocumentXML.h"
 
 #include <QFileInfo>

@@ -1,9 +1,9 @@
 #include "model/CVCategory.h"
 
+#include "base/CVNotifications.h"
 #include "kit/BudgetBuilder.h"
 #include "kit/FixedToday.h"
 #include "kit/NotificationCounter.h"
-#include "shared/base/CVNotifications.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
+#include "base/CVNotifications.h"
 #include "kit/BudgetBuilder.h"
 #include "kit/NotificationCounter.h"
-#include "shared/base/CVNotifications.h"
 
 #include <gmock/gmock.h>
 

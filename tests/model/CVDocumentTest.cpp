@@ -1,10 +1,10 @@
 #include "model/CVDocument.h"
 
+#include "base/CVDefaultsKeys.h"
 #include "kit/BudgetBuilder.h"
 #include "kit/FixedToday.h"
 #include "kit/NotificationCounter.h"
 #include "model/CVDocumentSaver.h"
-#include "shared/base/CVDefaultsKeys.h"
 
 #include <gmock/gmock.h>
 

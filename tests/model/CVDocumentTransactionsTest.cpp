@@ -1,8 +1,8 @@
+#include "base/CVNotifications.h"
 #include "kit/BudgetBuilder.h"
 #include "kit/FixedToday.h"
 #include "kit/NotificationCounter.h"
 #include "kit/RandomBudget.h"
-#include "shared/base/CVNotifications.h"
 
 #include <gmock/gmock.h>
 

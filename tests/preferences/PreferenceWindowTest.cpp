@@ -1,6 +1,6 @@
 #include "PreferencesFixture.h"
 #include "kit/ScreenRows.h"
-#include "shared/widgets/CVHelpOpener.h"
+#include "widgets/CVHelpOpener.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,5 +1,9 @@
 #pragma once
 
+#include "base/CVDefaultsKeys.h"
+#include "base/CVNotifications.h"
+#include "base/QBNotificationCenter.h"
+#include "base/QBUserDefaults.h"
 #include "kit/CountingSaver.h"
 #include "kit/Day.h"
 #include "kit/FixedToday.h"
@@ -11,10 +15,6 @@
 #include "model/CVDocument.h"
 #include "preferences/CVPreferenceHost.h"
 #include "preferences/CVPreferenceWindowController.h"
-#include "shared/base/CVDefaultsKeys.h"
-#include "shared/base/CVNotifications.h"
-#include "shared/base/QBNotificationCenter.h"
-#include "shared/base/QBUserDefaults.h"
 
 #include <QApplication>
 #include <QCheckBox>

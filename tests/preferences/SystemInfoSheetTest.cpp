@@ -1,8 +1,8 @@
 #include "PreferencesFixture.h"
+#include "base/CVBundle.h"
+#include "base/CVSite.h"
 #include "preferences/CVSystemInfoSheet.h"
 #include "preferences/CVUpdatePane.h"
-#include "shared/base/CVBundle.h"
-#include "shared/base/CVSite.h"
 #include "updates/CVUpdateAddress.h"
 #include "updates/QBUpdateInfo.h"
 

@@ -1,10 +1,10 @@
+#include "base/QBMoney.h"
 #include "budget/CVCategoryAverages.h"
+#include "format/QBMoneyFormatter.h"
 #include "kit/BudgetBuilder.h"
 #include "kit/FixedToday.h"
 #include "kit/RandomBudget.h"
 #include "reports/CVReport.h"
-#include "shared/base/QBMoney.h"
-#include "shared/format/QBMoneyFormatter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "reports/CVPrintInfo.h"
 
+#include "base/QBUserDefaults.h"
 #include "kit/ScratchHome.h"
-#include "shared/base/QBUserDefaults.h"
 
 #include <QRectF>
 

@@ -1,4 +1,4 @@
-#include "budget/CVGridContents.h"
+#include "contents/CVGridContents.h"
 #include "kit/BudgetBuilder.h"
 #include "kit/FixedToday.h"
 #include "reports/CVGridSummary.h"

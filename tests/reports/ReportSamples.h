@@ -1,7 +1,7 @@
 #pragma once
 
-#include "budget/CVGridContents.h"
-#include "budget/CVReportContents.h"
+#include "contents/CVGridContents.h"
+#include "contents/CVReportContents.h"
 #include "kit/BudgetBuilder.h"
 #include "kit/FixedToday.h"
 #include "reports/CVReport.h"

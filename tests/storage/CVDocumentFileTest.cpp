@@ -1,8 +1,8 @@
 #include "storage/CVDocumentFile.h"
 
+#include "base/CVDefaultsKeys.h"
 #include "kit/BudgetBuilder.h"
 #include "kit/ScratchHome.h"
-#include "shared/base/CVDefaultsKeys.h"
 #include "storage/CVDocumentXML.h"
 #include "storage/LogCapture.h"
 #include "storage/ParsedBudget.h"

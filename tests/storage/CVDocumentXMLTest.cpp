@@ -1,8 +1,8 @@
 #include "storage/CVDocumentXML.h"
 
+#include "base/CVBundle.h"
 #include "kit/CommaLocale.h"
 #include "kit/RandomBudget.h"
-#include "shared/base/CVBundle.h"
 
 #include <gtest/gtest.h>
 

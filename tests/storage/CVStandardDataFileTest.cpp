@@ -1,8 +1,8 @@
 #include "storage/CVStandardDataFile.h"
 
+#include "base/CVDefaultsKeys.h"
+#include "base/QBUserDefaults.h"
 #include "kit/ScratchHome.h"
-#include "shared/base/CVDefaultsKeys.h"
-#include "shared/base/QBUserDefaults.h"
 #include "storage/ScratchFiles.h"
 
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "shared/base/CVNotifications.h"
+#include "base/CVNotifications.h"
 #include "storage/ParsedBudget.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "storage/SampleFile.h"
 
-#include "shared/base/CVBundle.h"
+#include "base/CVBundle.h"
 #include "storage/ScratchFiles.h"
 
 QByteArray sampleFile() {

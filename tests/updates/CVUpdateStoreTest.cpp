@@ -1,10 +1,10 @@
 #include "updates/CVUpdateStore.h"
 
+#include "base/CVDefaultsKeys.h"
+#include "base/QBUserDefaults.h"
 #include "kit/Printers.h"
 #include "kit/ScratchHome.h"
 #include "kit/UpdateServer.h"
-#include "shared/base/CVDefaultsKeys.h"
-#include "shared/base/QBUserDefaults.h"
 
 #include <QSettings>
 

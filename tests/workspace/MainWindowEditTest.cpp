@@ -1,5 +1,5 @@
-#include "shared/widgets/CVFieldNote.h"
-#include "shared/widgets/CVMoneyField.h"
+#include "widgets/fields/CVFieldNote.h"
+#include "widgets/fields/CVMoneyField.h"
 #include "workspace/MainWindowFixture.h"
 
 #include <QClipboard>

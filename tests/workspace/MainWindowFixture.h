@@ -6,8 +6,8 @@
 #include "kit/ScriptedAlerts.h"
 #include "kit/ScriptedPanels.h"
 #include "workspace/CVMainWindowController.h"
-#include "workspace/CVTransactionTableModel.h"
-#include "workspace/CVTransactionTableView.h"
+#include "workspace/transactions/CVTransactionTableModel.h"
+#include "workspace/transactions/CVTransactionTableView.h"
 
 #include <QApplication>
 #include <QHeaderView>

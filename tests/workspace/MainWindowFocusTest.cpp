@@ -106,7 +106,7 @@ TEST_F(MainWindowFocusTest, TheEditorsOfCellsHaveTheNamesOfTheirColumns) {
         press(Qt::Key_F2);
         QWidget* const editor = table().indexWidget(table().currentIndex());
         ASSERT_NE(editor, nullptr) << column;
-        EXPECT_EQ(editor->accessibleName(), CVTransactionTableModel::title(column));
+        EXPECT_EQ(editor->accessibleName(), CVTransactionText::title(column));
         press(Qt::Key_Escape);
     }
 }

@@ -1,5 +1,5 @@
+#include "base/CVDefaultsKeys.h"
 #include "kit/RandomBudget.h"
-#include "shared/base/CVDefaultsKeys.h"
 #include "workspace/MainWindowFixture.h"
 
 #include <QClipboard>

@@ -1,4 +1,4 @@
-#include "shared/base/CVDefaultsKeys.h"
+#include "base/CVDefaultsKeys.h"
 #include "workspace/MainWindowFixture.h"
 
 #include <QComboBox>

@@ -1,6 +1,6 @@
+#include "base/CVDefaultsKeys.h"
+#include "base/CVNotifications.h"
 #include "kit/NotificationCounter.h"
-#include "shared/base/CVDefaultsKeys.h"
-#include "shared/base/CVNotifications.h"
 #include "workspace/MainWindowFixture.h"
 
 #include <QAbstractItemView>

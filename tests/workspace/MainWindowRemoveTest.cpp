@@ -1,7 +1,7 @@
+#include "base/CVNotifications.h"
 #include "kit/NotificationCounter.h"
-#include "shared/base/CVNotifications.h"
-#include "workspace/CVSaveStatus.h"
 #include "workspace/MainWindowFixture.h"
+#include "workspace/controls/CVSaveStatus.h"
 
 #include <QLabel>
 #include <QPushButton>

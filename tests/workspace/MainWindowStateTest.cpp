@@ -1,6 +1,6 @@
-#include "shared/base/CVNotifications.h"
-#include "workspace/CVSaveStatus.h"
+#include "base/CVNotifications.h"
 #include "workspace/MainWindowFixture.h"
+#include "workspace/controls/CVSaveStatus.h"
 
 #include <QComboBox>
 #include <QLabel>

@@ -1,5 +1,5 @@
-#include "shared/base/CVDefaultsKeys.h"
-#include "shared/base/QBUserDefaults.h"
+#include "base/CVDefaultsKeys.h"
+#include "base/QBUserDefaults.h"
 #include "workspace/MainWindowFixture.h"
 
 #include <QComboBox>

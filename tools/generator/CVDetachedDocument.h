@@ -1,8 +1,8 @@
 #pragma once
 
+#include "base/QBNotificationCenter.h"
+#include "base/QBUserDefaults.h"
 #include "model/CVDocument.h"
-#include "shared/base/QBNotificationCenter.h"
-#include "shared/base/QBUserDefaults.h"
 
 /// A document together with what it refers to, for programs without windows: nobody hears its announcements, it is
 /// saved by nobody, and the user's settings are neither read nor written.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/QBDate.h"
+#include "base/QBDate.h"
 
 class CVDocument;
 

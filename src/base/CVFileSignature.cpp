@@ -1,0 +1,51 @@
+#include "base/CVFileSignature.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <sys/stat.h>
+
+#include <cerrno>
+
+namespace {
+
+constexpr qint64 kNanoseconds = 1'000'000'000;
+constexpr unsigned kPermissionBits = 07777;
+
+CVFileSignature signatureFrom(const struct stat& facts) {
+    return {facts.st_dev, facts.st_ino, facts.st_size, facts.st_mtim.tv_sec * kNanoseconds + facts.st_mtim.tv_nsec};
+}
+
+} // namespace
+
+std::optional<CVFileSignature> CVFileSignature::of(const QString& path) {
+    return CVStanding::at(path).signature;
+}
+
+std::optional<CVFileSignature> CVFileSignature::ofOpenFile(int descriptor) {
+    struct stat facts {};
+    return ::fstat(descriptor, &facts) == 0 ? std::optional(signatureFrom(facts)) : std::nullopt;
+}
+
+bool CVIsSameFile(const QString& path, const QString& other) {
+    const QFileInfo file(path);
+    const QFileInfo otherFile(other);
+    if (!file.exists() && !otherFile.exists()) {
+        return file.fileName() == otherFile.fileName() && file.dir().exists() &&
+               file.dir().canonicalPath() == otherFile.dir().canonicalPath();
+    }
+    const auto signature = CVFileSignature::of(path);
+    const auto otherSignature = CVFileSignature::of(other);
+    return file.isFile() && signature && otherSignature && signature->device == otherSignature->device &&
+           signature->inode == otherSignature->inode;
+}
+
+CVStanding CVStanding::at(const QString& path) {
+    struct stat facts {};
+    if (::stat(QFile::encodeName(path).constData(), &facts) == 0)
+        return {signatureFrom(facts), facts.st_mode & kPermissionBits, {}};
+    if (errno == ENOENT || errno == ENOTDIR)
+        return {};
+    return {std::nullopt, 0, qt_error_string(errno)};
+}

@@ -1,0 +1,150 @@
+#include "base/QBNumberText.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <optional>
+
+namespace QBNumberText {
+
+namespace {
+
+constexpr bool isSpace(char c) {
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+constexpr bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+struct SignedText {
+    bool negative;
+    std::string_view digits;
+};
+
+SignedText splitSign(std::string_view text) {
+    while (!text.empty() && isSpace(text.front()))
+        text.remove_prefix(1);
+    const bool negative = !text.empty() && text.front() == '-';
+    if (negative || (!text.empty() && text.front() == '+'))
+        text.remove_prefix(1);
+    return {negative, text};
+}
+
+bool beginsWithNumber(std::string_view text) {
+    if (!text.empty() && text.front() == '.')
+        text.remove_prefix(1);
+    return !text.empty() && isDigit(text.front());
+}
+
+/// The value of up to fifteen digits with a point among them and nothing behind. Their integer and the power of ten are
+/// exact as doubles, so that the quotient is the nearest double to the number. Absent for any other text.
+std::optional<double> plainNumber(std::string_view digits) {
+    constexpr std::size_t kExactDigits = 15;
+    constexpr std::array<double, kExactDigits + 1> kPowersOfTen{1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                                1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    if (digits.size() > kExactDigits + 1)
+        return std::nullopt;
+    qint64 integer = 0;
+    std::size_t count = 0;
+    std::size_t decimals = 0;
+    bool hasPoint = false;
+    for (const char c : digits) {
+        if (isDigit(c)) {
+            integer = integer * 10 + (c - '0');
+            ++count;
+            decimals += hasPoint ? 1 : 0;
+        } else if (c == '.' && !hasPoint) {
+            hasPoint = true;
+        } else {
+            return std::nullopt;
+        }
+    }
+    if (count == 0 || count > kExactDigits)
+        return std::nullopt;
+    return static_cast<double>(integer) / kPowersOfTen[decimals];
+}
+
+/// Tells an overflow from an underflow for digits that std::from_chars found out of range: the decimal exponent of the
+/// first significant digit decides.
+bool isHuge(std::string_view digits) {
+    const std::size_t exponentAt = digits.find_first_of("eE");
+    const std::string_view mantissa = digits.substr(0, exponentAt);
+    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+    const std::size_t first = mantissa.find_first_of("123456789");
+    if (first == std::string_view::npos)
+        return false;
+    long long position = first < point ? static_cast<long long>(point - first) : -static_cast<long long>(first - point);
+    if (exponentAt != std::string_view::npos) {
+        const SignedText exponent = splitSign(digits.substr(exponentAt + 1));
+        long long value = 0;
+        const auto read =
+            std::from_chars(exponent.digits.data(), exponent.digits.data() + exponent.digits.size(), value);
+        constexpr long long kBeyondAllDigits = 1'000'000'000'000;
+        if (read.ec == std::errc::result_out_of_range || value > kBeyondAllDigits)
+            return !exponent.negative;
+        position += exponent.negative ? -value : value;
+    }
+    return position > 0;
+}
+
+/// Up to here value * 100 is off by less than 0.01, so a product that lies clearly between two halves rounds as the
+/// exact value does.
+constexpr double kFastMoneyLimit = 1e11;
+
+} // namespace
+
+char* writeUnsigned(char* out, quint32 value) {
+    return std::to_chars(out, out + kIntegerBound, value).ptr;
+}
+
+char* writeMoney(char* out, double value) {
+    const double magnitude = std::abs(value);
+    if (magnitude < kFastMoneyLimit) {
+        const double scaled = magnitude * 100.0;
+        const auto whole = static_cast<quint64>(scaled);
+        const double rest = scaled - static_cast<double>(whole);
+        if (std::abs(rest - 0.5) > 0.01) {
+            const quint64 cents = whole + (rest > 0.5 ? 1 : 0);
+            if (std::signbit(value))
+                *out++ = '-';
+            out = std::to_chars(out, out + kIntegerBound, cents / 100).ptr;
+            const auto fraction = static_cast<int>(cents % 100);
+            *out++ = '.';
+            *out++ = static_cast<char>('0' + fraction / 10);
+            *out++ = static_cast<char>('0' + fraction % 10);
+            return out;
+        }
+    }
+    return std::to_chars(out, out + kMoneyBound, value, std::chars_format::fixed, 2).ptr;
+}
+
+double leadingDouble(std::string_view text) {
+    const auto [negative, digits] = splitSign(text);
+    if (const auto plain = plainNumber(digits))
+        return negative ? -*plain : *plain;
+    if (!beginsWithNumber(digits))
+        return 0.0;
+    double value = 0.0;
+    const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    if (read.ec == std::errc::result_out_of_range) {
+        const std::string_view number = digits.substr(0, static_cast<std::size_t>(read.ptr - digits.data()));
+        value = isHuge(number) ? std::numeric_limits<double>::max() : 0.0;
+    }
+    return negative ? -value : value;
+}
+
+quint32 leadingUnsigned(std::string_view text) {
+    const auto [negative, digits] = splitSign(text);
+    quint32 value = 0;
+    for (const char c : digits) {
+        if (!isDigit(c))
+            break;
+        value = value * 10U + static_cast<quint32>(c - '0');
+    }
+    return negative ? 0U - value : value;
+}
+
+} // namespace QBNumberText

@@ -1,0 +1,97 @@
+#include "commands/CVCommandLine.h"
+
+#include "commands/CVDataOptions.h"
+#include "commands/CVToolkitOptions.h"
+
+#include <QCoreApplication>
+
+#include <array>
+#include <utility>
+
+namespace {
+
+using Action = CVCommandLine::Action;
+
+QString tr(const char* text) {
+    return QCoreApplication::translate("CVCommandLine", text);
+}
+
+/// Of the commands that take a data file alone.
+template <Action action>
+CVCommandLine parseDataFile(const QStringList& arguments) {
+    CVCommandLine line{.action = action};
+    if (const auto options = CVDataOptions::parse(arguments, line.problem)) {
+        line.dataFile = options->dataFile;
+        if (options->help)
+            line.action = Action::ShowHelp;
+    } else {
+        line.action = Action::Refuse;
+    }
+    return line;
+}
+
+/// Of the commands that have a request of their own.
+template <typename Request, Action action, Request CVCommandLine::*member>
+CVCommandLine parseRequest(const QStringList& arguments) {
+    CVCommandLine line{.action = action};
+    if (const auto request = Request::parse(arguments, line.problem)) {
+        line.*member = *request;
+        if (request->help)
+            line.action = Action::ShowHelp;
+    } else {
+        line.action = Action::Refuse;
+    }
+    return line;
+}
+
+struct Command {
+    const char* name;
+    CVCommandLine (*parse)(const QStringList& arguments);
+};
+
+constexpr std::array<Command, 4> kCommands{
+    {{"check", parseDataFile<Action::Check>},
+     {"sets", parseDataFile<Action::Sets>},
+     {"export", parseRequest<CVExportRequest, Action::Export, &CVCommandLine::exportRequest>},
+     {"report", parseRequest<CVReportRequest, Action::Report, &CVCommandLine::reportRequest>}}};
+
+struct Question {
+    QLatin1StringView option;
+    Action answer = Action::Refuse;
+};
+
+/// What stands alone on a command line without a command.
+constexpr std::array<Question, 4> kQuestions{{{QLatin1StringView("--version"), Action::ShowVersion},
+                                              {QLatin1StringView("-v"), Action::ShowVersion},
+                                              {QLatin1StringView("--help"), Action::ShowHelp},
+                                              {QLatin1StringView("-h"), Action::ShowHelp}}};
+
+/// What the toolkit does not know either is refused here: it would first look for a display.
+CVCommandLine parseWindow(const QStringList& arguments) {
+    const QStringList rest = CVToolkitOptions::take(arguments).rest;
+    for (const Question& question : kQuestions) {
+        if (rest == QStringList{question.option})
+            return {.action = question.answer};
+        if (rest.contains(question.option))
+            return {.action = Action::Refuse, .problem = tr("%1 stands alone").arg(question.option)};
+    }
+    for (const QString& argument : rest) {
+        if (argument.startsWith(u'-'))
+            return {.action = Action::Refuse, .problem = tr("there is no option \"%1\"").arg(argument)};
+    }
+    return {.file = rest.isEmpty() ? std::nullopt : std::optional(rest.constFirst())};
+}
+
+} // namespace
+
+CVCommandLine CVCommandLine::parse(const QStringList& arguments) {
+    const QStringList rest = arguments.mid(1);
+    for (const Command& command : kCommands) {
+        if (rest.isEmpty() || rest.constFirst() != QLatin1String(command.name))
+            continue;
+        CVCommandLine line = command.parse(rest);
+        line.command = rest.constFirst();
+        return line;
+    }
+    return parseWindow(rest);
+}

@@ -1,0 +1,53 @@
+#include "commands/CVDataOptions.h"
+
+#include <array>
+
+namespace {
+
+constexpr QLatin1StringView kHelp("help");
+
+QString tr(const char* text) {
+    return QCoreApplication::translate("CVDataOptions", text);
+}
+
+QString readData(const QString& value, CVDataOptions& options) {
+    options.dataFile = value;
+    return value.isEmpty() ? tr("--data needs the name of a file") : QString();
+}
+
+constexpr std::array<CVOption<CVDataOptions>, 1> kOptions{{{"data", readData}}};
+
+} // namespace
+
+std::optional<CVDataOptions> CVDataOptions::parse(const QStringList& arguments, QString& problem) {
+    QCommandLineParser parser;
+    declare(parser);
+    CVDataOptions options;
+    if (!parser.parse(arguments)) {
+        problem = parser.errorText();
+        return std::nullopt;
+    }
+    if (asksForHelp(parser)) {
+        options.help = true;
+        return options;
+    }
+    if (!parser.positionalArguments().isEmpty())
+        problem =
+            tr("%1 takes no argument \"%2\"").arg(arguments.constFirst(), parser.positionalArguments().constFirst());
+    else
+        problem = options.read(parser);
+    return problem.isEmpty() ? std::optional(options) : std::nullopt;
+}
+
+void CVDataOptions::declare(QCommandLineParser& parser) {
+    parser.addOption(QCommandLineOption(QStringList{QStringLiteral("h"), kHelp}));
+    CVDeclareOptions<CVDataOptions>(parser, kOptions);
+}
+
+QString CVDataOptions::read(const QCommandLineParser& parser) {
+    return CVReadOptions<CVDataOptions>(parser, kOptions, *this);
+}
+
+bool CVDataOptions::asksForHelp(const QCommandLineParser& parser) {
+    return parser.isSet(kHelp);
+}

@@ -1,0 +1,85 @@
+#include "commands/CVExportCommand.h"
+
+#include "base/CVDefaultsKeys.h"
+#include "commands/CVReadOnlyBudget.h"
+#include "commands/CVStandardStreams.h"
+#include "contents/CVTransactionExport.h"
+#include "contents/CVTransactionList.h"
+#include "contents/CVTransactionSearch.h"
+#include "model/CVTransactionColumns.h"
+
+#include <QCoreApplication>
+
+#include <array>
+
+namespace {
+
+QString tr(const char* text) {
+    return QCoreApplication::translate("CVExportCommand", text);
+}
+
+QString readSearch(const QString& value, CVExportRequest& request) {
+    const auto colon = value.indexOf(':');
+    bool isNumber = false;
+    request.searchKind = value.left(colon).toInt(&isNumber);
+    request.searchText = value.mid(colon + 1);
+    const bool isKind = colon > 0 && isNumber && !CVSearchKindTitle(request.searchKind).isEmpty();
+    return isKind ? QString() : tr("--search takes the number of a kind, 0 to 8, a colon and the text, as in 1:market");
+}
+
+QString readSort(const QString& value, CVExportRequest& request) {
+    const QStringList parts = value.split(':');
+    request.sortColumn = parts.constFirst();
+    request.descending = parts.size() > 1;
+    const bool isOrder = parts.size() == 1 || (parts.size() == 2 && parts.at(1) == QLatin1String("descending"));
+    return isOrder && CVTransactionColumns::columnOfIdentifier(request.sortColumn) >= 0
+               ? QString()
+               : tr("--sort takes date, amount, tofrom, for, category, tax or userflag, and :descending behind it");
+}
+
+constexpr std::array<CVOption<CVExportRequest>, 2> kOptions{{{"search", readSearch}, {"sort", readSort}}};
+
+void fill(CVTransactionList& list, const CVDocument& document, const CVExportRequest& request) {
+    request.chooseRange(list, document);
+    list.setSearchType(request.searchKind);
+    list.setSearchText(request.searchText);
+    list.collectTransactions();
+    list.rebuild();
+}
+
+QString readArguments(const QStringList& arguments, CVExportRequest& request) {
+    QCommandLineParser parser;
+    CVBudgetOptions::declare(parser);
+    CVDeclareOptions<CVExportRequest>(parser, kOptions);
+    if (!parser.parse(arguments))
+        return parser.errorText();
+    request.help = CVDataOptions::asksForHelp(parser);
+    if (request.help)
+        return {};
+    if (!parser.positionalArguments().isEmpty())
+        return tr("export takes no argument \"%1\"").arg(parser.positionalArguments().constFirst());
+    QString problem = request.read(parser);
+    return problem.isEmpty() ? CVReadOptions<CVExportRequest>(parser, kOptions, request) : problem;
+}
+
+} // namespace
+
+std::optional<CVExportRequest> CVExportRequest::parse(const QStringList& arguments, QString& problem) {
+    CVExportRequest request;
+    problem = readArguments(arguments, request);
+    return problem.isEmpty() ? std::optional(request) : std::nullopt;
+}
+
+int CVRunExport(const CVExportRequest& request, QTextStream& errors) {
+    CVReadOnlyBudget budget;
+    if (!request.open(budget, errors))
+        return 1;
+    budget.userDefaults().setString(CVDefaultsKeys::kTransactionSortColumn, request.sortColumn);
+    budget.userDefaults().setInteger(CVDefaultsKeys::kTransactionSortOrder, request.descending ? 1 : 0);
+    CVTransactionList list(budget.document());
+    fill(list, budget.document(), request);
+    const auto text = CVExportedTransactions(list.displayTransactions());
+    if (request.writesToStandardOutput())
+        return CVStandardStreams::write(*text, budget.dataFiles(), errors);
+    return request.outputWritten(CVWriteExport(*request.output, *text, budget.dataFiles()), errors);
+}

@@ -1,0 +1,74 @@
+#include "commands/CVReadOnlyBudget.h"
+
+#include "commands/CVErrorLine.h"
+#include "commands/CVStandardStreams.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSettings>
+#include <QTextStream>
+
+#include <unistd.h>
+
+namespace {
+
+QString tr(const char* text) {
+    return QCoreApplication::translate("CVReadOnlyBudget", text);
+}
+
+bool fail(QTextStream& errors, const QString& message) {
+    CVWriteErrorLine(errors, message);
+    return false;
+}
+
+} // namespace
+
+CVReadOnlyBudget::CVReadOnlyBudget()
+    : mUserDefaults(QBUserDefaults::standardStore(), QBUserDefaults::Changes::Forgotten)
+    , mFolders(CVStandardFolders::ofUser())
+    , mDocument(mNotificationCenter, mUserDefaults) {}
+
+bool CVReadOnlyBudget::read(const std::optional<QString>& dataFile, QTextStream& errors) {
+    const auto path = dataFile ? dataFile : CVStandardDataFileURL(CVLookForExisting::Yes, mFolders, mUserDefaults);
+    if (!path)
+        return fail(errors, tr("there is no data file yet; name one with --data FILE"));
+    const bool isInput = *path == QLatin1String(CVStandardStreams::kName);
+    const QString shown = isInput ? tr("standard input") : u'"' + QDir::toNativeSeparators(*path) + u'"';
+    if (!isInput && !QFileInfo::exists(*path))
+        return fail(errors, tr("%1 does not exist").arg(shown));
+    if (!isInput && QFileInfo(*path).isDir())
+        return fail(errors, tr("%1 is not a file").arg(shown));
+    mPath = isInput ? QString::fromLatin1(CVStandardStreams::kInputPath) : *path;
+    const CVLoadReport report = load(isInput ? QString() : *path);
+    if (report.outcome == CVLoadReport::Outcome::Unreadable)
+        return fail(errors, tr("%1 could not be read: %2").arg(shown, report.reason));
+    if (!report.reason.isEmpty())
+        CVWriteErrorLine(errors, tr("note: %1").arg(report.reason));
+    mDocument.sortTransactionsByDate();
+    mDocument.updateDates();
+    return true;
+}
+
+/// Standard input in place of an empty path.
+CVLoadReport CVReadOnlyBudget::load(const QString& path) {
+    CVDocumentFile file(mFolders, mUserDefaults);
+    if (!path.isEmpty())
+        return file.readFromURL(mDocument, path);
+    QFile input;
+    if (!input.open(STDIN_FILENO, QIODevice::ReadOnly))
+        return {CVLoadReport::Outcome::Unreadable, mPath, input.errorString()};
+    return file.readFromOpenFile(mDocument, input);
+}
+
+QStringList CVReadOnlyBudget::dataFiles() {
+    QStringList files{mPath};
+    for (const auto look : {CVLookForExisting::Yes, CVLookForExisting::No}) {
+        const auto own = look == CVLookForExisting::Yes ? CVStandardDataFileURL(look, mFolders, mUserDefaults)
+                                                        : CVPathForSaving(mFolders, mUserDefaults);
+        if (own)
+            files.append(*own);
+    }
+    return files;
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "base/QBNotificationCenter.h"
+#include "base/QBUserDefaults.h"
+#include "model/CVDocument.h"
+#include "storage/CVDocumentFile.h"
+
+#include <QStringList>
+
+class QTextStream;
+
+/// A budget for the commands that show no window: read, never written; the user's settings are read, and what is set
+/// here lasts as long as this object.
+class CVReadOnlyBudget final {
+public:
+    CVReadOnlyBudget();
+
+    /// Reads a data file (absent: the user's own; "-": standard input) into the document, in order and with its bounds.
+    /// False after one line on `errors` that says why it could not be read.
+    [[nodiscard]] bool read(const std::optional<QString>& dataFile, QTextStream& errors);
+    /// The file that was read, and the user's own: no output may take their places.
+    [[nodiscard]] QStringList dataFiles();
+
+    [[nodiscard]] CVDocument& document() { return mDocument; }
+    [[nodiscard]] QBUserDefaults& userDefaults() { return mUserDefaults; }
+
+private:
+    [[nodiscard]] CVLoadReport load(const QString& path);
+
+    QBNotificationCenter mNotificationCenter;
+    QBUserDefaults mUserDefaults;
+    CVStandardFolders mFolders;
+    CVDocument mDocument;
+    QString mPath;
+};

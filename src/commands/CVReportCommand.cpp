@@ -1,0 +1,193 @@
+#include "commands/CVReportCommand.h"
+
+#include "base/CVDefaultsKeys.h"
+#include "commands/CVReadOnlyBudget.h"
+#include "commands/CVStandardStreams.h"
+#include "contents/CVBudgetRows.h"
+#include "contents/CVGridContents.h"
+#include "contents/CVReportContents.h"
+#include "contents/CVTransactionList.h"
+#include "format/QBLocale.h"
+#include "reports/CVReportFile.h"
+#include "reports/CVReportSource.h"
+#include "reports/CVReportText.h"
+#include "reports/CVReportView.h"
+
+#include <QCoreApplication>
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+QString tr(const char* text) {
+    return QCoreApplication::translate("CVReportCommand", text);
+}
+
+/// What a word on the command line stands for.
+template <typename Value>
+struct Word {
+    const char* word;
+    Value value;
+};
+
+constexpr std::array<Word<CVReportType>, kReportTypes> kKinds{{{"transactions", CVReportType::Transactions},
+                                                               {"averages", CVReportType::CategoryAverages},
+                                                               {"plan", CVReportType::CategoryTotals},
+                                                               {"percent", CVReportType::CategoryPercents},
+                                                               {"tax", CVReportType::CategoryTax},
+                                                               {"summary", CVReportType::Summary}}};
+constexpr std::array<Word<int>, CVDisplayPeriods::kTypes> kPeriods{{{"day", CVDisplayPeriods::Day},
+                                                                    {"week", CVDisplayPeriods::Week},
+                                                                    {"two-weeks", CVDisplayPeriods::TwoWeeks},
+                                                                    {"month", CVDisplayPeriods::Month}}};
+constexpr std::array<Word<QPageSize::PageSizeId>, 2> kPapers{{{"a4", QPageSize::A4}, {"letter", QPageSize::Letter}}};
+
+template <typename Words>
+auto meaningOf(const QString& text, const Words& words) {
+    const auto found = std::find_if(words.begin(), words.end(),
+                                    [&text](const auto& word) { return text == QLatin1String(word.word); });
+    return found == words.end() ? std::nullopt : std::optional(found->value);
+}
+
+QString readPeriod(const QString& value, CVReportRequest& request) {
+    const auto period = meaningOf(value, kPeriods);
+    request.periodType = period.value_or(CVDisplayPeriods::Day);
+    return period ? QString() : tr("--period takes day, week, two-weeks or month");
+}
+
+QString readPaper(const QString& value, CVReportRequest& request) {
+    request.paper = meaningOf(value, kPapers);
+    return request.paper ? QString() : tr("--paper takes a4 or letter");
+}
+
+constexpr std::array<CVOption<CVReportRequest>, 2> kOptions{{{"period", readPeriod}, {"paper", readPaper}}};
+
+QString readKind(const QStringList& arguments, CVReportRequest& request) {
+    if (arguments.size() > 1)
+        return tr("report takes no argument \"%1\"").arg(arguments.at(1));
+    const auto type = arguments.isEmpty() ? std::nullopt : meaningOf(arguments.constFirst(), kKinds);
+    request.type = type.value_or(CVReportType::Transactions);
+    return type ? QString() : tr("report takes transactions, averages, plan, percent, tax or summary");
+}
+
+/// An option that would change nothing in this report, which whoever gave it does not know.
+QString idleOption(const QCommandLineParser& parser, CVReportType type) {
+    const bool isSummary = type == CVReportType::Summary;
+    for (const char* const option : {"range", "to"}) {
+        if (isSummary && parser.isSet(QLatin1String(option)))
+            return tr("the summary takes no --%1: --from says where it begins, --period how long its columns are")
+                .arg(QLatin1String(option));
+    }
+    if (!isSummary && parser.isSet(QStringLiteral("period")))
+        return tr("--period is an option of the summary alone");
+    if (parser.isSet(QStringLiteral("paper")) && !parser.isSet(QStringLiteral("output")))
+        return tr("--paper is an option of PDF files alone, which --output makes");
+    return {};
+}
+
+QString readArguments(const QStringList& arguments, CVReportRequest& request) {
+    QCommandLineParser parser;
+    CVBudgetOptions::declare(parser);
+    CVDeclareOptions<CVReportRequest>(parser, kOptions);
+    if (!parser.parse(arguments))
+        return parser.errorText();
+    request.help = CVDataOptions::asksForHelp(parser);
+    if (request.help)
+        return {};
+    QString problem = readKind(parser.positionalArguments(), request);
+    if (problem.isEmpty())
+        problem = idleOption(parser, request.type);
+    if (problem.isEmpty())
+        problem = request.read(parser);
+    return problem.isEmpty() ? CVReadOptions<CVReportRequest>(parser, kOptions, request) : problem;
+}
+
+/// What the window holds when it prints, on the days and periods that were asked for, newest transactions first. The
+/// range is that of the list where the list is printed, else that of the reports, while the list holds the whole set.
+class Workspace final {
+public:
+    Workspace(CVReadOnlyBudget& budget, const CVReportRequest& request)
+        : mRequest(request)
+        , mDocument(budget.document())
+        , mToday(QBDate::date())
+        , mList(mDocument)
+        , mGrid(mToday, request.periodType, CVDisplayPeriods::Placement::fromDefaults(budget.userDefaults()))
+        , mReports(mToday) {
+        budget.userDefaults().setString(CVDefaultsKeys::kTransactionSortColumn, QStringLiteral("date"));
+        budget.userDefaults().setInteger(CVDefaultsKeys::kTransactionSortOrder, 1);
+        fillList();
+        fillFigures();
+    }
+
+    [[nodiscard]] CVMadeReport makeReport() const { return CVMakeReport(mRequest.type, {mList, mGrid, mReports}); }
+
+private:
+    void fillList() {
+        if (mRequest.type == CVReportType::Transactions)
+            mRequest.chooseRange(mList, mDocument);
+        else
+            mList.setRangeFromPreset(mToday);
+        mList.collectTransactions();
+        mList.rebuild();
+    }
+
+    void fillFigures() {
+        if (mRequest.type == CVReportType::Transactions)
+            return;
+        const auto rows = buildCategoryArray(mDocument, CVShowUnusedFromDefaults(mDocument.userDefaults()));
+        if (mRequest.type == CVReportType::Summary) {
+            if (mRequest.from)
+                mGrid.periods().goToDay(*mRequest.from);
+            mGrid.reload(mList.transactions(), rows);
+            return;
+        }
+        mReports.setReportPeriod(mRequest.preset);
+        mReports.setRangeFromPreset(mToday, mDocument);
+        if (const auto days = mRequest.days(mDocument))
+            mReports.setRange(*days);
+        mReports.reload(mList.transactions(), rows);
+    }
+
+    const CVReportRequest& mRequest;
+    CVDocument& mDocument;
+    QBDate mToday;
+    CVTransactionList mList;
+    CVGridContents mGrid;
+    CVReportContents mReports;
+};
+
+int writePDF(std::unique_ptr<const CVReport> report, const CVReportRequest& request, const QStringList& spared,
+             QTextStream& errors) {
+    CVPrintInfo printInfo = CVPrintInfo::ofLocale(QBLocaleInForce());
+    if (request.paper)
+        printInfo.paper = QPageSize(*request.paper);
+    const CVReportView view(std::move(report), printInfo);
+    const CVPageRange pages = CVPageRange::all(view);
+    if (request.writesToStandardOutput())
+        return CVStandardStreams::written(CVWriteReport(STDOUT_FILENO, view, pages, spared), errors);
+    return request.outputWritten(CVWriteReportFile(*request.output, view, pages, {}, spared), errors);
+}
+
+} // namespace
+
+std::optional<CVReportRequest> CVReportRequest::parse(const QStringList& arguments, QString& problem) {
+    CVReportRequest request;
+    problem = readArguments(arguments, request);
+    return problem.isEmpty() ? std::optional(request) : std::nullopt;
+}
+
+int CVRunReport(const CVReportRequest& request, QTextStream& errors) {
+    CVReadOnlyBudget budget;
+    if (!request.open(budget, errors))
+        return 1;
+    const Workspace workspace(budget, request);
+    CVMadeReport made = workspace.makeReport();
+    if (!made.report)
+        return CVBudgetOptions::fail(errors, made.refusal);
+    const QStringList spared = budget.dataFiles();
+    return request.output ? writePDF(std::move(made.report), request, spared, errors)
+                          : CVStandardStreams::write(CVReportText(*made.report), spared, errors);
+}

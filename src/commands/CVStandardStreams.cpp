@@ -1,0 +1,41 @@
+#include "commands/CVStandardStreams.h"
+
+#include "base/CVOutputFile.h"
+#include "commands/CVErrorLine.h"
+
+#include <QCoreApplication>
+#include <QIODevice>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace CVStandardStreams {
+
+void occupy() {
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (::fcntl(stream, F_GETFD) >= 0)
+            continue;
+        // The lowest free number is this one. It is opened the wrong way round, so that its use fails.
+        if (::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY) != stream)
+            return;
+    }
+}
+
+int write(const CVFileContent& content, const QStringList& spared, QTextStream& errors) {
+    return written(CVWriteOutput(STDOUT_FILENO, content, spared), errors);
+}
+
+int write(const QByteArray& text, const QStringList& spared, QTextStream& errors) {
+    return write([&text](QIODevice& output) { return output.write(text) == text.size(); }, spared, errors);
+}
+
+int written(const std::optional<QString>& failure, QTextStream& errors) {
+    if (!failure)
+        return 0;
+    CVWriteErrorLine(
+        errors,
+        QCoreApplication::translate("CVStandardStreams", "standard output could not be written: %1").arg(*failure));
+    return 1;
+}
+
+} // namespace CVStandardStreams

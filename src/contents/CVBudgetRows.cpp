@@ -1,0 +1,32 @@
+#include "contents/CVBudgetRows.h"
+
+#include "base/CVDefaultsKeys.h"
+#include "base/QBUserDefaults.h"
+#include "budget/CVCategorySlots.h"
+#include "model/CVCategory.h"
+#include "model/CVTransaction.h"
+
+CVDocument::Categories buildCategoryArray(const CVDocument& document, CVShowUnused showUnused) {
+    if (showUnused == CVShowUnused::Yes)
+        return document.categories();
+    const CVCategorySlots categorySlots(CVCategoryIDs(document.categories()));
+    std::vector<char> used(categorySlots.count(), 0);
+    for (const auto& transaction : document.transactions()) {
+        if (transaction->transactionSetID() != document.currentTransactionSet())
+            continue;
+        const std::size_t slot = categorySlots.slotOf(transaction->categoryID());
+        if (slot != CVCategorySlots::kNone)
+            used[slot] = 1;
+    }
+    CVDocument::Categories rows;
+    for (const auto& category : document.categories()) {
+        if (used[categorySlots.slotOf(category->uniqueID())])
+            rows.push_back(category);
+    }
+    return rows;
+}
+
+CVShowUnused CVShowUnusedFromDefaults(const QBUserDefaults& defaults) {
+    const int value = defaults.integerForKey(CVDefaultsKeys::kShowUnusedCategories);
+    return (value & 0xFF) == 1 ? CVShowUnused::Yes : CVShowUnused::No;
+}

@@ -1,0 +1,25 @@
+#include "contents/CVDuplicates.h"
+
+#include "model/CVTransaction.h"
+
+namespace {
+
+bool areEqualTexts(const QString& a, const QString& b) {
+    return !a.isNull() && !b.isNull() && a == b;
+}
+
+bool areDuplicates(const CVTransaction& a, const CVTransaction& b) {
+    return areEqualTexts(a.payTo(), b.payTo()) && areEqualTexts(a.xfor(), b.xfor()) && a.amount() == b.amount() &&
+           a.categoryID() == b.categoryID() && a.effectiveDate() && a.effectiveDate() == b.effectiveDate();
+}
+
+} // namespace
+
+CVDocument::Transactions CVFindDuplicates(const CVDocument::Transactions& transactions) {
+    CVDocument::Transactions found;
+    for (std::size_t later = transactions.size(); later-- > 1;) {
+        if (areDuplicates(*transactions[later - 1], *transactions[later]))
+            found.push_back(transactions[later]);
+    }
+    return found;
+}

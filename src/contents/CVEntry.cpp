@@ -1,0 +1,26 @@
+#include "contents/CVEntry.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+constexpr double kSmallestAmount = 0.01;
+
+CVEntryProblem problem(CVEntryField field, const char* message) {
+    return {field, QCoreApplication::translate("CVEntry", "Input Error"),
+            QCoreApplication::translate("CVEntry", message)};
+}
+
+} // namespace
+
+std::optional<CVEntryProblem> CVFirstProblem(const CVEntry& entry) {
+    // Not a number is no amount either.
+    if (!(entry.amount >= kSmallestAmount))
+        return problem(CVEntryField::Amount,
+                       QT_TRANSLATE_NOOP("CVEntry", "Transaction amounts must be greater than 0.00"));
+    if (entry.payTo.isEmpty())
+        return problem(CVEntryField::PayTo, QT_TRANSLATE_NOOP("CVEntry", "You must specify the recipient"));
+    if (entry.category.isEmpty())
+        return problem(CVEntryField::Category, QT_TRANSLATE_NOOP("CVEntry", "You must select a category"));
+    return std::nullopt;
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "base/QBDate.h"
+
+#include <QString>
+
+#include <optional>
+
+/// What the entry strip holds when it is recorded.
+struct CVEntry {
+    QBDate date = QBDate::date();
+    /// In currency units.
+    double amount = 0;
+    QString payTo;
+    QString xfor;
+    /// The name of a category, which need not exist yet.
+    QString category;
+    bool taxFlag = false;
+};
+
+enum class CVEntryField { Date, Amount, PayTo, For, Category, Tax };
+
+/// Why an entry is refused: the field that needs attention, and the alert for the user.
+struct CVEntryProblem {
+    CVEntryField field;
+    QString title;
+    QString message;
+};
+
+/// The first problem, in the order amount, recipient, category; absent for an entry that can be recorded. Texts are not
+/// trimmed: blanks are a text.
+[[nodiscard]] std::optional<CVEntryProblem> CVFirstProblem(const CVEntry& entry);

@@ -1,0 +1,113 @@
+#include "contents/CVTransactionList.h"
+
+#include "base/CVDefaultsKeys.h"
+#include "base/QBMoney.h"
+#include "base/QBUserDefaults.h"
+#include "budget/CVRangePresets.h"
+#include "contents/CVTransactionSearch.h"
+#include "model/CVTransaction.h"
+#include "model/CVTransactionSort.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+constexpr int kAscending = 0;
+constexpr int kDescending = 1;
+constexpr int kPresetAll = 0;
+
+CVTransactionList::Totals totalsOf(const CVDocument::Transactions& transactions) {
+    double amount = 0;
+    for (const auto& transaction : transactions)
+        amount += transaction->amount();
+    return {transactions.size(), RoundDoubleToTwoPlaces(amount)};
+}
+
+} // namespace
+
+CVTransactionList::CVTransactionList(CVDocument& document)
+    : mDocument(document)
+    , mRange{QBDate::date(), QBDate::date()} {}
+
+void CVTransactionList::setRangeFromPreset(const QBDate& today) {
+    if (const auto range = rangeOfPreset(mTransactionPeriod, today, mDocument))
+        mRange = *range;
+}
+
+void CVTransactionList::updateDisplayDatesWithTransaction(const CVTransaction& transaction) {
+    const auto date = transaction.effectiveDate();
+    if (mTransactionPeriod != kPresetAll || !date)
+        return;
+    if (date->comesBefore(mRange.start))
+        mRange.start = *date;
+    if (date->comesAfter(mRange.end))
+        mRange.end = *date;
+}
+
+void CVTransactionList::collectTransactions() {
+    const quint32 set = mDocument.shownTransactionSet();
+    mTransactions.clear();
+    std::copy_if(mDocument.transactions().begin(), mDocument.transactions().end(), std::back_inserter(mTransactions),
+                 [set](const auto& transaction) { return transaction->transactionSetID() == set; });
+}
+
+void CVTransactionList::getTransactions() {
+    const bool undated = showsUndated();
+    mDateSelectedTransactionArray.clear();
+    std::copy_if(mTransactions.begin(), mTransactions.end(), std::back_inserter(mDateSelectedTransactionArray),
+                 [this, undated](const auto& transaction) {
+                     const auto date = transaction->effectiveDate();
+                     return date ? mRange.contains(date) : undated;
+                 });
+}
+
+void CVTransactionList::filterTransactions() {
+    mDisplayTransactionArray =
+        mSearchText.isEmpty() ? mDateSelectedTransactionArray
+                              : searchTransactionsWithString(mDateSelectedTransactionArray, mSearchType, mSearchText);
+}
+
+void CVTransactionList::doUserSort() {
+    QBUserDefaults& defaults = mDocument.userDefaults();
+    auto column = defaults.stringForKey(CVDefaultsKeys::kTransactionSortColumn);
+    if (!column) {
+        column = QStringLiteral("date");
+        defaults.setString(CVDefaultsKeys::kTransactionSortColumn, *column);
+        defaults.setInteger(CVDefaultsKeys::kTransactionSortOrder, kDescending);
+    }
+    const bool descending = defaults.integerForKey(CVDefaultsKeys::kTransactionSortOrder) == kDescending;
+    mTransactionSortContext = {*column, descending};
+    CVSortTransactions(mDisplayTransactionArray, mTransactionSortContext, mDocument.categories());
+}
+
+void CVTransactionList::refilter() {
+    filterTransactions();
+    doUserSort();
+}
+
+void CVTransactionList::rebuild() {
+    getTransactions();
+    refilter();
+}
+
+void CVTransactionList::chooseSortColumn(const QString& identifier) {
+    QBUserDefaults& defaults = mDocument.userDefaults();
+    defaults.setInteger(CVDefaultsKeys::kTransactionSortOrder,
+                        mTransactionSortContext.descending ? kAscending : kDescending);
+    defaults.setString(CVDefaultsKeys::kTransactionSortColumn, identifier);
+}
+
+CVTransactionList::Totals CVTransactionList::totals() const {
+    return totalsOf(mTransactions);
+}
+
+CVTransactionList::Totals CVTransactionList::displayTotals() const {
+    return totalsOf(mDisplayTransactionArray);
+}
+
+/// A transaction without a date lies in no range, but "All" is to show every line that there is.
+bool CVTransactionList::showsUndated() const {
+    const auto all = rangeOfPreset(kPresetAll, mRange.end, mDocument);
+    return mTransactionPeriod == kPresetAll && all && mRange.start <= all->start && mRange.end >= all->end;
+}

@@ -1,0 +1,47 @@
+#include "widgets/fields/CVCompletingComboBox.h"
+
+#include "base/QBXMLText.h"
+#include "widgets/fields/CVCompletingLineEdit.h"
+
+#include <QFocusEvent>
+#include <QSignalBlocker>
+
+namespace {
+
+constexpr int kVisibleItems = 16;
+constexpr int kShortestText = 5;
+
+} // namespace
+
+CVCompletingComboBox::CVCompletingComboBox(QWidget* parent) : CVSteadyComboBox(parent) {
+    setLineEdit(new CVCompletingLineEdit(mItems, this));
+    setInsertPolicy(NoInsert);
+    setCompleter(nullptr);
+    setMaxVisibleItems(kVisibleItems);
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(kShortestText);
+}
+
+void CVCompletingComboBox::setItems(const QStringList& items) {
+    if (items == mItems)
+        return;
+    mItems = items;
+    const QString text = currentText();
+    const QSignalBlocker blocker(this);
+    clear();
+    addItems(items);
+    setCurrentIndex(-1);
+    setEditText(text);
+}
+
+QString CVCompletingComboBox::enteredText() const {
+    const QString text = xml_storableText(currentText());
+    return mItems.contains(text) ? text : xml_storableLine(text);
+}
+
+void CVCompletingComboBox::focusInEvent(QFocusEvent* event) {
+    CVSteadyComboBox::focusInEvent(event);
+    // As after the Tab key: what is typed next replaces the text.
+    if (event->reason() == Qt::OtherFocusReason)
+        lineEdit()->selectAll();
+}

@@ -1,0 +1,123 @@
+#include "widgets/fields/CVFormattedField.h"
+
+#include "widgets/fields/CVFieldNote.h"
+
+#include <QAccessible>
+#include <QAction>
+#include <QFocusEvent>
+#include <QStyle>
+
+namespace {
+
+bool isLeftByUser(Qt::FocusReason reason) {
+    return reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+           reason == Qt::ShortcutFocusReason || reason == Qt::OtherFocusReason;
+}
+
+} // namespace
+
+CVFormattedField::CVFormattedField(QWidget* parent)
+    : QLineEdit(parent)
+    , mMark(addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::LeadingPosition))
+    , mNote(new CVFieldNote(*this)) {
+    mMark->setVisible(false);
+    connect(this, &QLineEdit::editingFinished, this, &CVFormattedField::endEditing);
+    connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
+        if (!hasFocus() && text != mShownText)
+            endEditing();
+    });
+}
+
+void CVFormattedField::endEditing() {
+    mWasTyped = isModified();
+    if (readText())
+        valueTaken();
+    mWasTyped = false;
+}
+
+void CVFormattedField::tellUnreadable() {
+    showNote(expectation());
+}
+
+void CVFormattedField::localeChanged() {
+    endEditing();
+    readLocale();
+    if (mReadable && !text().isEmpty())
+        showValue();
+    explain();
+    updateGeometry();
+}
+
+QSize CVFormattedField::sizeHint() const {
+    // One more for the mark of an unreadable text.
+    return sizeWithButtons(buttons() + 1);
+}
+
+QSize CVFormattedField::minimumSizeHint() const {
+    return sizeWithButtons(buttons());
+}
+
+bool CVFormattedField::readText() {
+    // A text that could not be read is looked at again, however it came back to what it was.
+    if (!isModified() && text() == mShownText && mReadable)
+        return true;
+    if (takeValue(text()))
+        showValue();
+    else
+        setReadable(false);
+    return mReadable;
+}
+
+void CVFormattedField::showValue() {
+    showText(valueText());
+    setReadable(true);
+}
+
+void CVFormattedField::showText(const QString& text) {
+    mShownText = text;
+    setText(text);
+}
+
+void CVFormattedField::showNote(const QString& note) {
+    mNote->say(note);
+    explain();
+}
+
+void CVFormattedField::changeEvent(QEvent* event) {
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::LocaleChange)
+        localeChanged();
+}
+
+void CVFormattedField::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    showNote({});
+    if (!mReadable && isLeftByUser(event->reason()))
+        emit leftUnreadable();
+}
+
+void CVFormattedField::setReadable(bool readable) {
+    const bool isNews = !readable && mReadable;
+    mReadable = readable;
+    mMark->setVisible(!readable);
+    // The toolkit moves the text aside for the mark, but paints only the mark.
+    update();
+    showNote({});
+    if (isNews) {
+        QAccessibleEvent announcement(this, QAccessible::Alert);
+        QAccessible::updateAccessibility(&announcement);
+    }
+}
+
+void CVFormattedField::explain() {
+    const QString reason = mReadable ? QString() : expectation();
+    mMark->setToolTip(reason);
+    setToolTip(reason);
+    setAccessibleDescription(mNote->text().isEmpty() ? reason : mNote->text());
+}
+
+QSize CVFormattedField::sizeWithButtons(int count) const {
+    const int height = QLineEdit::sizeHint().height();
+    // A button is as wide as the field is high; frame, margins and cursor take little more than half of that.
+    return {fontMetrics().horizontalAdvance(usualText()) + count * height + height * 2 / 3, height};
+}

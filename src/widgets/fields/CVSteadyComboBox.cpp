@@ -1,0 +1,41 @@
+#include "widgets/fields/CVSteadyComboBox.h"
+
+#include <QHelpEvent>
+#include <QStyleOptionComboBox>
+#include <QToolTip>
+#include <QWheelEvent>
+
+namespace {
+
+/// That the styles keep on either side of the text. In pixels.
+constexpr int kPopUpTextMargin = 1;
+
+} // namespace
+
+CVSteadyComboBox::CVSteadyComboBox(QWidget* parent) : QComboBox(parent) {
+    // Nor does the wheel give it the focus.
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+void CVSteadyComboBox::wheelEvent(QWheelEvent* event) {
+    if (hasFocus())
+        QComboBox::wheelEvent(event);
+    else
+        event->ignore();
+}
+
+bool CVSteadyComboBox::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip || !toolTip().isEmpty())
+        return QComboBox::event(event);
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+                       option.currentText == currentText() ? QString() : currentText(), this);
+    return true;
+}
+
+void CVSteadyComboBox::initStyleOption(QStyleOptionComboBox* option) const {
+    QComboBox::initStyleOption(option);
+    const int room = style()->subControlRect(QStyle::CC_ComboBox, option, QStyle::SC_ComboBoxEditField, this).width();
+    option->currentText = fontMetrics().elidedText(option->currentText, Qt::ElideRight, room - 2 * kPopUpTextMargin);
+}

@@ -1,0 +1,45 @@
+#include "widgets/tables/CVCheckCell.h"
+
+#include "widgets/tables/CVCellStyle.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyleOptionViewItem>
+
+namespace {
+
+/// Of the outline, whose colour is that of the text.
+constexpr int kOutlineAlpha = 130;
+constexpr int kDisabledOutlineAlpha = 50;
+
+} // namespace
+
+void CVCheckCell::paint(QPainter& painter, const QStyleOptionViewItem& option, bool checked) {
+    const QStyle& style = CVStyleOfCell(option);
+    const QSize size(style.pixelMetric(QStyle::PM_IndicatorWidth, &option, option.widget),
+                     style.pixelMetric(QStyle::PM_IndicatorHeight, &option, option.widget));
+    QStyleOptionViewItem box = option;
+    box.features = QStyleOptionViewItem::HasCheckIndicator;
+    box.state.setFlag(QStyle::State_On, checked);
+    box.state.setFlag(QStyle::State_Off, !checked);
+    box.state.setFlag(QStyle::State_HasFocus, false);
+    box.rect = QStyle::alignedRect(option.direction, Qt::AlignCenter, size, option.rect);
+    painter.save();
+    style.drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, &painter, option.widget);
+    // Some styles outline a box so faintly that an empty one cannot be seen on a dark ground.
+    QColor outline = option.palette.color(QPalette::Active, QPalette::Text);
+    outline.setAlpha(box.state.testFlag(QStyle::State_Enabled) ? kOutlineAlpha : kDisabledOutlineAlpha);
+    painter.setPen(outline);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(box.rect.adjusted(0, 0, -1, -1));
+    painter.restore();
+}
+
+bool CVCheckCell::isToggle(const QEvent& event) {
+    // Of a double click a table hands on the second press, but not the release.
+    if (event.type() == QEvent::MouseButtonRelease || event.type() == QEvent::MouseButtonDblClick) {
+        const auto& mouse = static_cast<const QMouseEvent&>(event);
+        return mouse.button() == Qt::LeftButton && mouse.modifiers() == Qt::NoModifier;
+    }
+    return event.type() == QEvent::KeyPress && static_cast<const QKeyEvent&>(event).key() == Qt::Key_Space;
+}

@@ -1,0 +1,29 @@
+#include "widgets/tables/CVKeepUnreadableOpen.h"
+
+#include "widgets/fields/CVFormattedField.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+
+namespace {
+
+bool endsEditing(const QEvent& event) {
+    if (event.type() != QEvent::KeyPress)
+        return false;
+    const int key = static_cast<const QKeyEvent&>(event).key();
+    return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Tab || key == Qt::Key_Backtab;
+}
+
+} // namespace
+
+bool CVKeepUnreadableOpen(QObject* editor, QEvent* event) {
+    auto* const field = qobject_cast<CVFormattedField*>(editor);
+    if (!field || !endsEditing(*event))
+        return false;
+    field->endEditing();
+    if (field->isReadable())
+        return false;
+    field->tellUnreadable();
+    QApplication::beep();
+    return true;
+}

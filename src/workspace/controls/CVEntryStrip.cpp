@@ -1,0 +1,223 @@
+#include "workspace/controls/CVEntryStrip.h"
+
+#include "base/QBXMLText.h"
+#include "widgets/CVAccessibleName.h"
+#include "widgets/CVCompactButton.h"
+#include "widgets/CVWrappingLayout.h"
+#include "widgets/fields/CVAnyLength.h"
+#include "widgets/fields/CVCompletingComboBox.h"
+#include "widgets/fields/CVDateField.h"
+#include "widgets/fields/CVMoneyField.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+
+#include <chrono>
+#include <utility>
+
+namespace {
+
+enum Row { LabelRow, FieldRow };
+/// In characters.
+constexpr int kShortestFor = 7;
+/// The room that the two halves share out, as their fields do.
+constexpr int kFirstHalfStretch = 3;
+constexpr int kSecondHalfStretch = 5;
+/// Between a label and its field. In pixels.
+constexpr int kLabelGap = 2;
+/// Between two fields. In pixels.
+constexpr int kFieldGap = 6;
+/// How soon to look again whether a click has ended.
+constexpr std::chrono::milliseconds kClickPatience(50);
+
+bool isReturn(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+} // namespace
+
+CVEntryStrip::CVEntryStrip(QWidget* parent)
+    : QWidget(parent)
+    , mExpenseDate(new CVDateField(this))
+    , mExpenseAmountField(new CVMoneyField(this))
+    , mExpenseToFromComboBox(new CVCompletingComboBox(this))
+    , mForField(new QLineEdit(this))
+    , mExpenseCategoryComboBox(new CVCompletingComboBox(this))
+    , mTaxCheckbox(new QCheckBox(tr("&Tax"), this))
+    , mRecordButton(new CVCompactButton(tr("&Record"), this)) {
+    auto* const layout = new CVWrappingLayout(this);
+    auto* const firstHalf = new QGridLayout;
+    auto* const secondHalf = new QGridLayout;
+    for (QGridLayout* const half : {firstHalf, secondHalf}) {
+        half->setHorizontalSpacing(kFieldGap);
+        half->setVerticalSpacing(kLabelGap);
+    }
+    layout->setSpacing(kFieldGap);
+    layout->addPart(firstHalf, kFirstHalfStretch);
+    layout->addPart(secondHalf, kSecondHalfStretch);
+    addField(*firstHalf, mExpenseDate, "mExpenseDate", tr("&Date"), tr("Date"), 0);
+    addField(*firstHalf, mExpenseAmountField, "mExpenseAmountField", tr("&Amount"), tr("Amount"), 0);
+    addField(*firstHalf, mExpenseToFromComboBox, "mExpenseToFromComboBox", tr("&Paid To/From"), tr("Paid To/From"), 3);
+    addField(*secondHalf, mForField, "mForField", tr("F&or"), tr("For"), 3);
+    addField(*secondHalf, mExpenseCategoryComboBox, "mExpenseCategoryComboBox", tr("&Category"), tr("Category"), 2);
+    addField(*secondHalf, mTaxCheckbox, "mTaxCheckbox", QString(), tr("Tax"), 0);
+    addField(*secondHalf, mRecordButton, "mRecordButton", QString(), tr("Record"), 0);
+    CVTakeAnyLength(*mForField);
+    adjustMetrics();
+    mRecordButton->setToolTip(tr("Record this transaction (Return in any of the fields)"));
+    // On some desktops Return presses a check box.
+    mTaxCheckbox->installEventFilter(this);
+    mRecordButton->installEventFilter(this);
+    connect(mRecordButton, &QPushButton::clicked, this, &CVEntryStrip::recordRequested);
+    connect(mExpenseDate, &CVDateField::leftUnreadable, this, &CVEntryStrip::dateLeftUnreadable);
+}
+
+std::optional<CVEntryProblem> CVEntryStrip::endEditing() {
+    mExpenseDate->endEditing();
+    mExpenseAmountField->endEditing();
+    mIsDateUntold = false;
+    if (auto problem = dateProblem())
+        return problem;
+    if (!mExpenseAmountField->isReadable())
+        return CVEntryProblem{CVEntryField::Amount, tr("Input Error"),
+                              tr("“%1” in the field “Amount” is not an amount. %2")
+                                  .arg(mExpenseAmountField->text(), mExpenseAmountField->expectation())};
+    return std::nullopt;
+}
+
+CVEntry CVEntryStrip::entry() const {
+    // As they will be recorded: what is empty then must count as empty now.
+    return {mExpenseDate->QBDateValue(),
+            mExpenseAmountField->doubleValue(),
+            mExpenseToFromComboBox->enteredText(),
+            xml_storableLine(mForField->text()),
+            mExpenseCategoryComboBox->enteredText(),
+            mTaxCheckbox->isChecked()};
+}
+
+void CVEntryStrip::resetAmount() {
+    mExpenseAmountField->setDoubleValue(0);
+}
+
+void CVEntryStrip::clearFields() {
+    mExpenseAmountField->clearValue();
+    mExpenseToFromComboBox->clearEditText();
+    mForField->clear();
+    mExpenseCategoryComboBox->clearEditText();
+    mTaxCheckbox->setChecked(false);
+}
+
+void CVEntryStrip::setPaidToItems(const QStringList& items) {
+    mExpenseToFromComboBox->setItems(items);
+}
+
+void CVEntryStrip::setCategoryItems(const QStringList& items) {
+    mExpenseCategoryComboBox->setItems(items);
+}
+
+void CVEntryStrip::focusField(CVEntryField field) {
+    QWidget* const widget = widgetOf(field);
+    widget->setFocus(Qt::OtherFocusReason);
+    if (auto* const text = qobject_cast<QLineEdit*>(widget))
+        text->selectAll();
+}
+
+void CVEntryStrip::localeChanged() {
+    mExpenseDate->localeChanged();
+    mExpenseAmountField->localeChanged();
+}
+
+void CVEntryStrip::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        adjustMetrics();
+}
+
+void CVEntryStrip::keyPressEvent(QKeyEvent* event) {
+    // The fields let Return pass after they have taken their text.
+    if (isReturn(*event))
+        emit recordRequested();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+bool CVEntryStrip::eventFilter(QObject* watched, QEvent* event) {
+    // One transaction was meant: the second click would find the fields as the first one left them.
+    if (watched == mRecordButton)
+        return event->type() == QEvent::MouseButtonDblClick;
+    if (event->type() != QEvent::KeyPress || !isReturn(*static_cast<QKeyEvent*>(event)))
+        return QWidget::eventFilter(watched, event);
+    emit recordRequested();
+    return true;
+}
+
+void CVEntryStrip::addField(QGridLayout& layout, QWidget* field, const char* objectName, const QString& label,
+                            const QString& accessibleName, int stretch) {
+    const int column = layout.columnCount() - (layout.count() == 0 ? 1 : 0);
+    field->setObjectName(QLatin1String(objectName));
+    CVSetAccessibleName(*field, accessibleName);
+    layout.addWidget(field, FieldRow, column);
+    layout.setColumnStretch(column, stretch);
+    if (label.isEmpty())
+        return;
+    auto* const caption = new QLabel(label, this);
+    caption->setBuddy(field);
+    layout.addWidget(caption, LabelRow, column);
+}
+
+void CVEntryStrip::adjustMetrics() {
+    mForField->setMinimumWidth(fontMetrics().averageCharWidth() * kShortestFor + mForField->sizeHint().height() / 2);
+}
+
+std::optional<CVEntryProblem> CVEntryStrip::dateProblem() const {
+    if (mExpenseDate->isBlank())
+        return CVEntryProblem{CVEntryField::Date, tr("The date is missing"),
+                              tr("The field “Date” is blank. %1").arg(mExpenseDate->expectation())};
+    if (!mExpenseDate->isReadable())
+        return CVEntryProblem{
+            CVEntryField::Date, tr("The date cannot be read"),
+            tr("“%1” in the field “Date” is not a date. %2").arg(mExpenseDate->text(), mExpenseDate->expectation())};
+    return std::nullopt;
+}
+
+void CVEntryStrip::dateLeftUnreadable() {
+    mIsDateUntold = true;
+    // An alert in the middle of a change of focus would be taken for the new place of the focus.
+    QTimer::singleShot(0, this, &CVEntryStrip::tellOfDate);
+}
+
+void CVEntryStrip::tellOfDate() {
+    // A click may end in recording, which tells; and an alert in the middle of a click would swallow its end.
+    if (QGuiApplication::mouseButtons() != Qt::NoButton) {
+        QTimer::singleShot(kClickPatience, this, &CVEntryStrip::tellOfDate);
+        return;
+    }
+    const bool isUntold = std::exchange(mIsDateUntold, false);
+    const auto problem = dateProblem();
+    if (isUntold && problem && isActiveWindow())
+        emit dateRefused(*problem);
+}
+
+QWidget* CVEntryStrip::widgetOf(CVEntryField field) const {
+    switch (field) {
+    case CVEntryField::Date:
+        return mExpenseDate;
+    case CVEntryField::Amount:
+        return mExpenseAmountField;
+    case CVEntryField::PayTo:
+        return mExpenseToFromComboBox;
+    case CVEntryField::For:
+        return mForField;
+    case CVEntryField::Category:
+        return mExpenseCategoryComboBox;
+    case CVEntryField::Tax:
+        break;
+    }
+    return mTaxCheckbox;
+}

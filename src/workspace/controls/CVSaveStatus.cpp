@@ -1,0 +1,76 @@
+#include "workspace/controls/CVSaveStatus.h"
+
+#include <QAccessible>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QStyle>
+
+namespace {
+
+void announce(QLabel& label) {
+    QAccessibleEvent announcement(&label, QAccessible::Alert);
+    QAccessible::updateAccessibility(&announcement);
+}
+
+} // namespace
+
+CVSaveStatus::CVSaveStatus(QWidget* parent)
+    : QWidget(parent)
+    , mRemark(new QLabel(this))
+    , mIcon(new QLabel(this))
+    , mText(new QLabel(this))
+    , mTryAgain(new QPushButton(tr("Tr&y Again"), this)) {
+    mRemark->setObjectName(QStringLiteral("mRemark"));
+    mRemark->setTextFormat(Qt::PlainText);
+    mRemark->hide();
+    mText->setObjectName(QStringLiteral("mSaveStatusText"));
+    mText->setTextFormat(Qt::PlainText);
+    mText->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    mText->setWordWrap(true);
+    mTryAgain->setObjectName(QStringLiteral("mTryAgainButton"));
+    mTryAgain->setAccessibleName(tr("Try Again"));
+    const int side = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
+    mIcon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(QSize(side, side), devicePixelRatio()));
+
+    auto* const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(mRemark);
+    layout->addWidget(mIcon);
+    layout->addWidget(mText, 1);
+    layout->addWidget(mTryAgain);
+    connect(mTryAgain, &QPushButton::clicked, this, &CVSaveStatus::tryAgain);
+    show(QString(), Outcome::Fine);
+}
+
+void CVSaveStatus::setSaving() {
+    show(tr("Saving…"), Outcome::Fine);
+}
+
+void CVSaveStatus::setSaved() {
+    show(tr("All changes saved"), Outcome::Fine);
+}
+
+void CVSaveStatus::setFailed(const QString& reason) {
+    show(tr("Not saved: %1").arg(reason), Outcome::Failed);
+    mRemark->hide();
+    announce(*mText);
+}
+
+void CVSaveStatus::remark(const QString& text) {
+    mRemark->setText(text);
+    mRemark->show();
+    announce(*mRemark);
+}
+
+void CVSaveStatus::show(const QString& text, Outcome outcome) {
+    const bool failed = outcome == Outcome::Failed;
+    QFont font = mText->font();
+    font.setBold(failed);
+    mText->setFont(font);
+    // A failure fills the line, beginning at its icon.
+    mText->setAlignment((failed ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
+    mText->setText(text);
+    mIcon->setVisible(failed);
+    mTryAgain->setVisible(failed);
+}

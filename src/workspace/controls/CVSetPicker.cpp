@@ -1,0 +1,81 @@
+#include "workspace/controls/CVSetPicker.h"
+
+#include "widgets/fields/CVSteadyComboBox.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QTabBar>
+#include <QTabWidget>
+
+namespace {
+
+/// What is seen of a name, in letters.
+constexpr int kShortestSetName = 8;
+constexpr int kLongestSetName = 28;
+/// To the frame of the page below. In pixels.
+constexpr int kGapBelow = 2;
+
+} // namespace
+
+CVSetPicker::CVSetPicker(QTabWidget& tabs)
+    : QWidget(&tabs)
+    , mTabs(tabs)
+    , mLabel(new QLabel(tr("Transaction &Set"), this))
+    , mTransactionSet(new CVSteadyComboBox(this)) {
+    mLabel->setBuddy(mTransactionSet);
+    mTransactionSet->setObjectName(QStringLiteral("mTransactionSet"));
+    mTransactionSet->setAccessibleName(tr("Transaction Set"));
+    mTransactionSet->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    mTransactionSet->setMinimumContentsLength(kShortestSetName);
+    connect(mTransactionSet, &QComboBox::activated, this, &CVSetPicker::picked);
+    auto* const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(layout->spacing(), 0, 0, kGapBelow);
+    layout->addWidget(mLabel);
+    layout->addWidget(mTransactionSet, 1);
+    tabs.setCornerWidget(this);
+}
+
+void CVSetPicker::setNames(const QStringList& names, int current) {
+    // Filling it anew would lay out and paint half of the window anew.
+    if (names != mNames) {
+        mNames = names;
+        mTransactionSet->clear();
+        mTransactionSet->addItems(names);
+    }
+    mTransactionSet->setCurrentIndex(current);
+    setVisible(names.size() > 1);
+}
+
+QSize CVSetPicker::sizeHint() const {
+    const int longest = shortestWidth() + (kLongestSetName - kShortestSetName) * fontMetrics().averageCharWidth();
+    const QSize wish = mTransactionSet->sizeHint().boundedTo({longest, QWIDGETSIZE_MAX});
+    const int gap = layout()->spacing();
+    const int room = mTabs.width() - mTabs.tabBar()->sizeHint().width() - gap - labelWidth();
+    const int popUp = qBound(shortestWidth(), room, wish.width());
+    return {gap + popUp + (room < shortestWidth() ? 0 : labelWidth()), wish.height() + kGapBelow};
+}
+
+QSize CVSetPicker::minimumSizeHint() const {
+    return {layout()->spacing() + shortestWidth(), sizeHint().height()};
+}
+
+void CVSetPicker::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    // Not when the event loop comes to it: the pop-up would stand beyond the edge until then.
+    const int room = width() - layout()->spacing();
+    const bool isLabelled = room >= labelWidth() + shortestWidth();
+    mLabel->setVisible(isLabelled);
+    // The toolkit's pop-up resizes itself to its longest item some time after its items have changed.
+    mTransactionSet->setMaximumWidth(isLabelled ? room - labelWidth() : room);
+    layout()->activate();
+}
+
+int CVSetPicker::shortestWidth() const {
+    return mTransactionSet->minimumSizeHint().width();
+}
+
+/// With the gap to the pop-up.
+int CVSetPicker::labelWidth() const {
+    return mLabel->sizeHint().width() + layout()->spacing();
+}

@@ -1,0 +1,97 @@
+#include "workspace/figures/CVFiguresTable.h"
+
+#include "widgets/tables/CVCellDelegate.h"
+
+#include <QEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScrollBar>
+
+#include <unordered_map>
+
+CVFiguresTable::CVFiguresTable(std::unique_ptr<CVFiguresModel> model, const char* objectName,
+                               const QString& accessibleName, QWidget* parent)
+    : CVTableView(parent)
+    , mModel(model.release()) {
+    setObjectName(QLatin1String(objectName));
+    setAccessibleName(accessibleName);
+    mModel->setParent(this);
+    setModel(mModel);
+    setItemDelegate(new CVCellDelegate(this));
+    setSelectionMode(ExtendedSelection);
+    setEditTriggers(NoEditTriggers);
+    // There is nothing to sort by.
+    horizontalHeader()->setSectionsClickable(false);
+    connect(this, &QTableView::doubleClicked, this, &CVFiguresTable::cellOpened);
+}
+
+void CVFiguresTable::reload() {
+    const bool wasEditing = state() == EditingState;
+    const Place before = place();
+    mModel->reload();
+    // Scrolling needs the new number of rows now.
+    executeDelayedItemsLayout();
+    restore(before);
+    // An editor goes with its row, and the focus with it.
+    if (wasEditing && state() != EditingState)
+        setFocus(Qt::OtherFocusReason);
+}
+
+void CVFiguresTable::keyPressEvent(QKeyEvent* event) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && editCurrentCell())
+        return;
+    if (isReturn && currentIndex().isValid())
+        emit cellOpened(currentIndex());
+    else
+        CVTableView::keyPressEvent(event);
+}
+
+void CVFiguresTable::resizeEvent(QResizeEvent* event) {
+    CVTableView::resizeEvent(event);
+    emit metricsChanged();
+}
+
+void CVFiguresTable::changeEvent(QEvent* event) {
+    CVTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        emit metricsChanged();
+}
+
+CVFiguresTable::Cell CVFiguresTable::cellOf(const QModelIndex& index) const {
+    return {index.isValid() ? mModel->categoryOfRow(index.row()) : nullptr, index.column()};
+}
+
+CVFiguresTable::Place CVFiguresTable::place() const {
+    Place place{
+        {}, currentIndex(), cellOf(currentIndex()), horizontalScrollBar()->value(), verticalScrollBar()->value()};
+    for (const QModelIndex& index : selectionModel()->selectedIndexes())
+        place.selected.append(cellOf(index));
+    return place;
+}
+
+void CVFiguresTable::restore(const Place& place) {
+    std::unordered_map<const CVCategory*, int> rows;
+    for (int row = 0; row < mModel->rowCount(); ++row)
+        rows.emplace(mModel->categoryOfRow(row), row);
+    const auto indexOf = [&](const Cell& cell) {
+        const auto row = rows.find(cell.category);
+        return row == rows.end() ? QModelIndex() : mModel->index(row->second, cell.column);
+    };
+    QItemSelection selection;
+    for (const Cell& cell : place.selected) {
+        if (const QModelIndex index = indexOf(cell); index.isValid())
+            selection.select(index, index);
+    }
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    if (place.currentBefore.isValid()) {
+        // The arrow keys go on at the same category, or, when it is gone, at the one in its place.
+        QModelIndex current = indexOf(place.current);
+        if (!current.isValid())
+            current = mModel->index(qMin(place.currentBefore.row(), mModel->rowCount() - 1),
+                                    qMin(place.currentBefore.column(), mModel->columnCount() - 1));
+        selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+    }
+    horizontalScrollBar()->setValue(place.across);
+    verticalScrollBar()->setValue(place.down);
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "widgets/tables/CVTableView.h"
+#include "workspace/figures/CVFiguresModel.h"
+
+#include <memory>
+
+/// A table of figures. Selection, current cell and scroll position survive a reload as far as the same categories are
+/// still shown.
+class CVFiguresTable final : public CVTableView {
+    Q_OBJECT
+
+public:
+    CVFiguresTable(std::unique_ptr<CVFiguresModel> model, const char* objectName, const QString& accessibleName,
+                   QWidget* parent);
+
+    void reload();
+
+signals:
+    /// The user double-clicked a cell or pressed Return on it.
+    void cellOpened(const QModelIndex& cell);
+    /// The room for columns or the size of the letters is another.
+    void metricsChanged();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    /// A cell that can be found again after a reload.
+    struct Cell {
+        const CVCategory* category = nullptr;
+        int column = -1;
+    };
+    struct Place {
+        QList<Cell> selected;
+        QModelIndex currentBefore;
+        Cell current;
+        int across = 0;
+        int down = 0;
+    };
+
+    [[nodiscard]] Cell cellOf(const QModelIndex& index) const;
+    [[nodiscard]] Place place() const;
+    void restore(const Place& place);
+
+    CVFiguresModel* mModel;
+};

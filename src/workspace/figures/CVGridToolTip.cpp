@@ -1,0 +1,65 @@
+#include "workspace/figures/CVGridToolTip.h"
+
+#include "budget/CVPlanPerPeriod.h"
+#include "contents/CVGridContents.h"
+#include "format/QBDateFormatter.h"
+#include "format/QBMoneyFormatter.h"
+#include "model/CVCategory.h"
+#include "workspace/figures/CVFiguresToolTip.h"
+
+#include <QCoreApplication>
+
+#include <array>
+#include <vector>
+
+namespace {
+
+struct GridText {
+    Q_DECLARE_TR_FUNCTIONS(CVGridToolTip)
+};
+
+QString periodText(const CVGridContents& contents, int column) {
+    const CVDisplayPeriods& periods = contents.periods();
+    QString header = periods.header(contents.columns().at(static_cast<std::size_t>(column))).text;
+    const CVDayRange range = contents.rangeOfColumn(column);
+    const QBDateFormatter formatter;
+    switch (periods.periodType()) {
+    case CVDisplayPeriods::Day:
+        return GridText::tr("%1, %2").arg(header, formatter.string(range.start));
+    case CVDisplayPeriods::Month:
+        return header;
+    default:
+        return GridText::tr("%1 - %2").arg(formatter.string(range.start), formatter.string(range.end));
+    }
+}
+
+/// The plan is converted to the column's period; elsewhere it reads as it was entered.
+constexpr std::array<const char*, CVDisplayPeriods::kTypes> kPlannedLabels{
+    QT_TRANSLATE_NOOP("CVGridToolTip", "Planned for the day:"),
+    QT_TRANSLATE_NOOP("CVGridToolTip", "Planned for the week:"),
+    QT_TRANSLATE_NOOP("CVGridToolTip", "Planned for the two weeks:"),
+    QT_TRANSLATE_NOOP("CVGridToolTip", "Planned for the month:")};
+
+void addPlan(std::vector<CVToolTipFigure>& figures, int periodType, double plan, double spent) {
+    const QBMoneyFormatter formatter;
+    figures.push_back({GridText::tr(kPlannedLabels[static_cast<std::size_t>(periodType)]), formatter.string(plan)});
+    figures.push_back({GridText::tr("Difference:"), formatter.string(plan - spent)});
+}
+
+} // namespace
+
+QString CVGridToolTip(const CVGridContents& contents, const CVCategory* category, std::optional<int> column,
+                      double spent) {
+    const CVDisplayPeriods& periods = contents.periods();
+    const CVDayRange range = column ? contents.rangeOfColumn(*column) : periods.displayRange();
+    const QString name = category ? category->categoryName() : GridText::tr("All Categories");
+    const QString period = column ? periodText(contents, *column) : periods.displayRangeText();
+    const std::size_t count = contents.numberOfTransactions(category, range);
+    std::vector<CVToolTipFigure> figures{
+        {GridText::tr("Transactions:"), QBLocaleInForce().toString(static_cast<qulonglong>(count))},
+        {GridText::tr("Spent:"), QBMoneyFormatter().string(spent)}};
+    const auto plan = category && column ? planPerPeriod(*category, periods.periodType()) : std::nullopt;
+    if (plan)
+        addPlan(figures, periods.periodType(), *plan, spent);
+    return CVFiguresToolTip(name, period, figures);
+}

@@ -1,0 +1,37 @@
+#include "workspace/figures/CVReportToolTip.h"
+
+#include "base/QBMoney.h"
+#include "budget/CVFrequencyLabel.h"
+#include "contents/CVReportContents.h"
+#include "format/QBDateFormatter.h"
+#include "format/QBMoneyFormatter.h"
+#include "model/CVCategory.h"
+#include "workspace/figures/CVFiguresToolTip.h"
+
+#include <QCoreApplication>
+
+#include <vector>
+
+namespace {
+
+struct ReportText {
+    Q_DECLARE_TR_FUNCTIONS(CVReportToolTip)
+};
+
+} // namespace
+
+QString CVReportToolTip(const CVReportContents& contents, const CVCategory& category) {
+    const QBDateFormatter dates;
+    const QBMoneyFormatter money;
+    const CVDayRange& range = contents.range();
+    std::vector<CVToolTipFigure> figures{
+        {ReportText::tr("Transactions:"),
+         QBLocaleInForce().toString(static_cast<qulonglong>(category.numberOfTransactions()))},
+        {ReportText::tr("Spent:"), money.string(category.total())},
+        {ReportText::tr("Average a month:"), money.string(category.monthly())}};
+    if (category.expenseTarget() != 0)
+        figures.push_back({ReportText::tr("Target, %1:").arg(CVFrequencyLabel(category.expenseFrequency())),
+                           money.string(RoundDoubleToTwoPlaces(category.expenseTarget()))});
+    return CVFiguresToolTip(category.categoryName(),
+                            ReportText::tr("%1 - %2").arg(dates.string(range.start), dates.string(range.end)), figures);
+}

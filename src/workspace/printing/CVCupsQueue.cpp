@@ -1,0 +1,72 @@
+#include "workspace/printing/CVCupsQueue.h"
+
+#include <QPrintEngine>
+#include <QPrinter>
+
+#include <cups/cups.h>
+
+namespace {
+
+/// The settings of a job. Later ones replace earlier ones of the same name.
+class JobOptions final {
+public:
+    JobOptions() = default;
+    ~JobOptions() { cupsFreeOptions(mCount, mOptions); }
+    JobOptions(const JobOptions&) = delete;
+    JobOptions& operator=(const JobOptions&) = delete;
+
+    void add(const QString& name, const QString& value) {
+        mCount = cupsAddOption(name.toUtf8().constData(), value.toUtf8().constData(), mCount, &mOptions);
+    }
+
+    [[nodiscard]] int count() const { return mCount; }
+    [[nodiscard]] cups_option_t* options() const { return mOptions; }
+
+private:
+    int mCount = 0;
+    cups_option_t* mOptions = nullptr;
+};
+
+QString sidesOf(const QPrinter& printer) {
+    switch (printer.duplex()) {
+    case QPrinter::DuplexNone:
+        return QStringLiteral("one-sided");
+    case QPrinter::DuplexShortSide:
+        return QStringLiteral("two-sided-short-edge");
+    case QPrinter::DuplexLongSide:
+        return QStringLiteral("two-sided-long-edge");
+    case QPrinter::DuplexAuto:
+        break;
+    }
+    return printer.pageLayout().orientation() == QPageLayout::Landscape ? QStringLiteral("two-sided-short-edge")
+                                                                        : QStringLiteral("two-sided-long-edge");
+}
+
+/// What the toolkit's dialog set beyond the printer's own settings: pages per sheet, cover pages, the options of the
+/// model. The toolkit keeps names and values by turns, under a number that its public headers do not name.
+void addOptionsOfTheDialog(JobOptions& options, const QPrinter& printer) {
+    constexpr auto kCupsOptions = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xfe00);
+    const QStringList chosen = printer.printEngine()->property(kCupsOptions).toStringList();
+    for (qsizetype i = 0; i + 1 < chosen.size(); i += 2)
+        options.add(chosen[i], chosen[i + 1]);
+}
+
+} // namespace
+
+std::optional<QString> CVCupsQueue::print(const QString& path, const QPageSize& paper, const QPrinter& printer) {
+    JobOptions options;
+    options.add(QStringLiteral("media"), paper.key());
+    options.add(QStringLiteral("sides"), sidesOf(printer));
+    options.add(QStringLiteral("copies"), QString::number(printer.copyCount()));
+    options.add(QStringLiteral("Collate"), printer.collateCopies() ? QStringLiteral("True") : QStringLiteral("False"));
+    if (printer.pageOrder() == QPrinter::LastPageFirst)
+        options.add(QStringLiteral("outputorder"), QStringLiteral("reverse"));
+    if (printer.colorMode() == QPrinter::GrayScale)
+        options.add(QStringLiteral("print-color-mode"), QStringLiteral("monochrome"));
+    addOptionsOfTheDialog(options, printer);
+    // What stands behind a slash names a set of settings of the queue, which the dialog has read.
+    const QByteArray queue = printer.printerName().section(u'/', 0, 0).toUtf8();
+    const int job = cupsPrintFile(queue.constData(), path.toLocal8Bit().constData(),
+                                  printer.docName().toUtf8().constData(), options.count(), options.options());
+    return job != 0 ? std::nullopt : std::optional(QString::fromUtf8(cupsLastErrorString()));
+}

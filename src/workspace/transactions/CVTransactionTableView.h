@@ -1,0 +1,83 @@
+#pragma once
+
+#include "contents/CVTransactionList.h"
+#include "widgets/tables/CVTableView.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+class CVTransactionCellDelegate;
+class CVTransactionTableModel;
+class QPushButton;
+
+/// The transaction table. Whole rows are selected; the selection and the scroll position survive a reload as far as the
+/// same transactions are still shown. A double-click, F2 or Return edits a cell; letters select by the sort column.
+class CVTransactionTableView final : public CVTableView {
+    Q_OBJECT
+
+public:
+    /// `list` outlives the table.
+    explicit CVTransactionTableView(const CVTransactionList& list, QWidget* parent = nullptr);
+
+    /// Shows the list and its order as they are now. `reorder` is for rows that have only changed places: an editor
+    /// that is open stays so.
+    void reload();
+    void reorder();
+    /// Dates and amounts are shown in the locale in force.
+    void updateFormatters();
+    /// In row order, each once.
+    [[nodiscard]] const CVDocument::Transactions& selectedTransactions() const { return mSelectedTransactions; }
+    /// Selects exactly the first row that shows each of these, and scrolls to the first; false when none is shown.
+    bool selectTransactions(const CVDocument::Transactions& transactions);
+    /// Scrolls to the row of a transaction and tints it for a moment; false when it is not shown.
+    [[nodiscard]] bool reveal(const CVTransaction* transaction);
+
+    /// What the editors of payees and categories complete to.
+    void setPaidToItems(const QStringList& items);
+    void setCategoryItems(const QStringList& items);
+
+    /// The widths and places that the user gave the columns, for `restoreColumns`.
+    [[nodiscard]] QByteArray saveColumns() const;
+    /// Nothing that `saveColumns` has made: the usual widths, as far as the window has room for them.
+    void restoreColumns(const QByteArray& columns);
+
+    void keyboardSearch(const QString& search) override;
+
+signals:
+    /// The user clicked the header of that column.
+    void columnClicked(const QString& identifier);
+    void selectedTransactionsChanged();
+    /// The user gave a cell a value; see `CVTransactionTableModel::edited`.
+    void edited(int row, int column, const QVariant& value);
+    /// The user wants to see what the search hides.
+    void clearSearchRequested();
+
+protected:
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void setUpHeader();
+    void setUsualWidths();
+    [[nodiscard]] QItemSelection rowsOf(const CVDocument::Transactions& transactions) const;
+    void restoreCurrent(const CVTransaction& transaction, const QModelIndex& before);
+    void updateSelectedTransactions();
+    [[nodiscard]] QString emptyText() const;
+    void placeClearSearch();
+    void showOrder();
+
+    const CVTransactionList& mList;
+    CVTransactionTableModel* mModel;
+    CVTransactionCellDelegate* mDelegate;
+    QPushButton* mClearSearch;
+    /// The user has not touched the widths and places of the columns.
+    bool mHasUsualColumns = true;
+    bool mIsFittingColumns = false;
+    CVDocument::Transactions mSelectedTransactions;
+    /// Since the last letter that was typed to go to a row.
+    QElapsedTimer mTypedAhead;
+    /// Runs while a row is tinted.
+    QTimer mTint;
+};

@@ -1,0 +1,83 @@
+#include "base/QBMoney.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+#include <random>
+
+namespace {
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+struct Row {
+    double value;
+    double rounded;
+};
+
+// Eighths are halves of a cent that doubles hold exactly.
+constexpr std::array kRows{Row{0.0, 0.0},
+                           Row{-0.0, 0.0},
+                           Row{0.125, 0.13},
+                           Row{-0.125, -0.13},
+                           Row{0.375, 0.38},
+                           Row{0.625, 0.63},
+                           Row{0.875, 0.88},
+                           Row{-2.375, -2.38},
+                           Row{0.004, 0.0},
+                           Row{-0.004, 0.0},
+                           Row{-1e-320, 0.0},
+                           Row{0.1 + 0.2, 0.3},
+                           Row{1234567.5, 1234567.5},
+                           Row{99.994999, 99.99},
+                           Row{99.995001, 100.0},
+                           Row{1e-320, 0.0},
+                           Row{2e13 + 0.12, 2e13 + 0.12},
+                           Row{4.6e13, 4.6e13},
+                           Row{1e300, 1e300},
+                           Row{-1e300, -1e300},
+                           Row{std::numeric_limits<double>::max(), std::numeric_limits<double>::max()},
+                           Row{kInfinity, kInfinity},
+                           Row{-kInfinity, -kInfinity}};
+
+TEST(RoundDoubleToTwoPlaces, RoundsHalvesAwayFromZeroAndNeverToANegativeZero) {
+    for (const Row& row : kRows) {
+        SCOPED_TRACE(testing::Message() << row.value);
+        EXPECT_EQ(RoundDoubleToTwoPlaces(row.value), row.rounded);
+        EXPECT_EQ(std::signbit(RoundDoubleToTwoPlaces(row.value)), std::signbit(row.rounded));
+    }
+}
+
+TEST(RoundDoubleToTwoPlaces, KeepsNaN) {
+    EXPECT_TRUE(std::isnan(RoundDoubleToTwoPlaces(std::numeric_limits<double>::quiet_NaN())));
+}
+
+TEST(RoundDoubleToTwoPlaces, GivesTheDoubleOfAnAmountInCents) {
+    std::mt19937 engine(7);
+    for (int i = 0; i < 200'000; ++i) {
+        const auto cents = static_cast<long long>(engine()) - (1LL << 31);
+        const std::string text =
+            std::to_string(cents / 100) + '.' + std::to_string(100 + std::abs(cents % 100)).substr(1);
+        const double amount = std::strtod(((cents < 0 && cents > -100 ? "-" : "") + text).c_str(), nullptr);
+        // What a sum of many amounts is off by.
+        const double noise = amount * 1e-12;
+        ASSERT_EQ(RoundDoubleToTwoPlaces(amount + noise), amount) << text;
+        ASSERT_EQ(RoundDoubleToTwoPlaces(amount - noise), amount) << text;
+    }
+}
+
+TEST(RoundDoubleToTwoPlaces, RoundsTheProductByAHundredAndTheRoundedNoFurther) {
+    std::mt19937_64 engine(8);
+    std::uniform_real_distribution<double> magnitude(-3, 13.5);
+    for (int i = 0; i < 200'000; ++i) {
+        const double value = std::pow(10.0, magnitude(engine));
+        const double rounded = RoundDoubleToTwoPlaces(value);
+        ASSERT_EQ(RoundDoubleToTwoPlaces(rounded), rounded) << value;
+        ASSERT_EQ(rounded, std::round(value * 100.0) / 100.0) << value;
+        ASSERT_EQ(RoundDoubleToTwoPlaces(-value), -rounded) << value;
+    }
+}
+
+} // namespace
