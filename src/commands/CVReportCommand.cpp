@@ -3,13 +3,10 @@
 #include "base/CVDefaultsKeys.h"
 #include "commands/CVReadOnlyBudget.h"
 #include "commands/CVStandardStreams.h"
-#include "contents/CVBudgetRows.h"
-#include "contents/CVGridContents.h"
-#include "contents/CVReportContents.h"
-#include "contents/CVTransactionList.h"
+#include "contents/CVBudgetContents.h"
 #include "format/QBLocale.h"
+#include "reports/CVMakeReport.h"
 #include "reports/CVReportFile.h"
-#include "reports/CVReportSource.h"
 #include "reports/CVReportText.h"
 #include "reports/CVReportView.h"
 
@@ -105,59 +102,28 @@ QString readArguments(const QStringList& arguments, CVReportRequest& request) {
     return problem.isEmpty() ? CVReadOptions<CVReportRequest>(parser, kOptions, request) : problem;
 }
 
-/// What the window holds when it prints, on the days and periods that were asked for, newest transactions first. The
-/// range is that of the list where the list is printed, else that of the reports, while the list holds the whole set.
-class Workspace final {
-public:
-    Workspace(CVReadOnlyBudget& budget, const CVReportRequest& request)
-        : mRequest(request)
-        , mDocument(budget.document())
-        , mToday(QBDate::date())
-        , mList(mDocument)
-        , mGrid(mToday, request.periodType, CVDisplayPeriods::Placement::fromDefaults(budget.userDefaults()))
-        , mReports(mToday) {
-        budget.userDefaults().setString(CVDefaultsKeys::kTransactionSortColumn, QStringLiteral("date"));
-        budget.userDefaults().setInteger(CVDefaultsKeys::kTransactionSortOrder, 1);
-        fillList();
-        fillFigures();
+/// Lists and computes what the window holds when it prints, on the days and periods that were asked for, newest
+/// transactions first. The range is that of the list where the list is printed, else that of the reports; the list then
+/// holds the whole set.
+void fill(CVBudgetContents& contents, const CVDocument& document, const CVReportRequest& request) {
+    if (request.type == CVReportType::Transactions) {
+        request.chooseRange(contents.list(), document);
+    } else {
+        contents.reports().setReportPeriod(request.preset);
+        contents.setRangesFromPresets();
+        if (const auto days = request.days(document))
+            contents.reports().setRange(*days);
     }
-
-    [[nodiscard]] CVMadeReport makeReport() const { return CVMakeReport(mRequest.type, {mList, mGrid, mReports}); }
-
-private:
-    void fillList() {
-        if (mRequest.type == CVReportType::Transactions)
-            mRequest.chooseRange(mList, mDocument);
-        else
-            mList.setRangeFromPreset(mToday);
-        mList.collectTransactions();
-        mList.rebuild();
+    contents.list().collectTransactions();
+    contents.list().rebuild();
+    if (request.type == CVReportType::Summary) {
+        if (request.from)
+            contents.grid().periods().goToDay(*request.from);
+        contents.reloadGrid();
+    } else if (request.type != CVReportType::Transactions) {
+        contents.reloadReports();
     }
-
-    void fillFigures() {
-        if (mRequest.type == CVReportType::Transactions)
-            return;
-        const auto rows = buildCategoryArray(mDocument, CVShowUnusedFromDefaults(mDocument.userDefaults()));
-        if (mRequest.type == CVReportType::Summary) {
-            if (mRequest.from)
-                mGrid.periods().goToDay(*mRequest.from);
-            mGrid.reload(mList.transactions(), rows);
-            return;
-        }
-        mReports.setReportPeriod(mRequest.preset);
-        mReports.setRangeFromPreset(mToday, mDocument);
-        if (const auto days = mRequest.days(mDocument))
-            mReports.setRange(*days);
-        mReports.reload(mList.transactions(), rows);
-    }
-
-    const CVReportRequest& mRequest;
-    CVDocument& mDocument;
-    QBDate mToday;
-    CVTransactionList mList;
-    CVGridContents mGrid;
-    CVReportContents mReports;
-};
+}
 
 int writePDF(std::unique_ptr<const CVReport> report, const CVReportRequest& request, const QStringList& spared,
              QTextStream& errors) {
@@ -183,8 +149,11 @@ int CVRunReport(const CVReportRequest& request, QTextStream& errors) {
     CVReadOnlyBudget budget;
     if (!request.open(budget, errors))
         return 1;
-    const Workspace workspace(budget, request);
-    CVMadeReport made = workspace.makeReport();
+    budget.userDefaults().setString(CVDefaultsKeys::kTransactionSortColumn, QStringLiteral("date"));
+    budget.userDefaults().setInteger(CVDefaultsKeys::kTransactionSortOrder, 1);
+    CVBudgetContents contents(budget.document(), QBDate::date(), request.periodType);
+    fill(contents, budget.document(), request);
+    CVMadeReport made = CVMakeReport(request.type, contents);
     if (!made.report)
         return CVBudgetOptions::fail(errors, made.refusal);
     const QStringList spared = budget.dataFiles();

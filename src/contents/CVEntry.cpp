@@ -1,5 +1,9 @@
 #include "contents/CVEntry.h"
 
+#include "model/CVCategory.h"
+#include "model/CVDocument.h"
+#include "model/CVTransaction.h"
+
 #include <QCoreApplication>
 
 namespace {
@@ -23,4 +27,17 @@ std::optional<CVEntryProblem> CVFirstProblem(const CVEntry& entry) {
     if (entry.category.isEmpty())
         return problem(CVEntryField::Category, QT_TRANSLATE_NOOP("CVEntry", "You must select a category"));
     return std::nullopt;
+}
+
+std::shared_ptr<CVTransaction> CVInsertEntry(CVDocument& document, const CVEntry& entry) {
+    const auto category = document.insertCategoryName(entry.category);
+    auto transaction = std::make_shared<CVTransaction>();
+    transaction->setEffectiveDate(entry.date);
+    transaction->setAmount(entry.amount);
+    transaction->setFor(entry.xfor);
+    transaction->setCategoryID(category->uniqueID());
+    transaction->setPayTo(entry.payTo);
+    transaction->setTaxFlag(entry.taxFlag);
+    document.insertTransaction(transaction);
+    return transaction;
 }

@@ -4,7 +4,11 @@
 
 #include <QString>
 
+#include <memory>
 #include <optional>
+
+class CVDocument;
+class CVTransaction;
 
 /// What the entry strip holds when it is recorded.
 struct CVEntry {
@@ -30,3 +34,7 @@ struct CVEntryProblem {
 /// The first problem, in the order amount, recipient, category; absent for an entry that can be recorded. Texts are not
 /// trimmed: blanks are a text.
 [[nodiscard]] std::optional<CVEntryProblem> CVFirstProblem(const CVEntry& entry);
+
+/// Puts an entry that has no problem into the document's current set, with its category, which is made where there is
+/// none of that name. Nothing is saved.
+std::shared_ptr<CVTransaction> CVInsertEntry(CVDocument& document, const CVEntry& entry);

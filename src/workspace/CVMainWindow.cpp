@@ -1,5 +1,6 @@
 #include "workspace/CVMainWindow.h"
 
+#include "contents/CVBudgetContents.h"
 #include "widgets/CVAccessibleName.h"
 #include "widgets/CVScrollArea.h"
 #include "widgets/tables/CVOpenEditor.h"
@@ -24,12 +25,12 @@ constexpr int kGap = 6;
 
 } // namespace
 
-CVMainWindow::CVMainWindow(const CVTransactionList& list, const CVGridContents& grid, const CVReportContents& reports)
+CVMainWindow::CVMainWindow(const CVBudgetContents& contents)
     : mEntryStrip(new CVEntryStrip(this))
     , mMainTabView(new QTabWidget(this))
-    , mTransactionsTab(new CVTransactionsTab(list, this))
-    , mSummaryTab(new CVSummaryTab(grid, this))
-    , mReportsTab(new CVReportsTab(reports, this))
+    , mTransactionsTab(new CVTransactionsTab(contents.list(), this))
+    , mSummaryTab(new CVSummaryTab(contents.grid(), this))
+    , mReportsTab(new CVReportsTab(contents.reports(), this))
     , mSaveStatus(new CVSaveStatus(this))
     , mSetPicker(new CVSetPicker(*mMainTabView)) {
     setWindowTitle(tr("Corvella Main Window"));

@@ -4,15 +4,13 @@
 
 #include <functional>
 
+class CVBudgetContents;
 class CVEntryStrip;
-class CVGridContents;
 class CVMainMenu;
-class CVReportContents;
 class CVReportsTab;
 class CVSaveStatus;
 class CVSetPicker;
 class CVSummaryTab;
-class CVTransactionList;
 class CVTransactionsTab;
 class QTabWidget;
 
@@ -21,8 +19,11 @@ class CVMainWindow final : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// What the tabs show; all of it outlives the window.
-    CVMainWindow(const CVTransactionList& list, const CVGridContents& grid, const CVReportContents& reports);
+    /// The tabs by the number that the view state keeps.
+    enum Tab { kTransactions, kSummary, kReports };
+
+    /// What the tabs show; it outlives the window.
+    explicit CVMainWindow(const CVBudgetContents& contents);
 
     [[nodiscard]] CVMainMenu& menu() const { return *mMenu; }
     [[nodiscard]] CVEntryStrip& entryStrip() const { return *mEntryStrip; }
@@ -30,7 +31,7 @@ public:
     [[nodiscard]] CVSummaryTab& summaryTab() const { return *mSummaryTab; }
     [[nodiscard]] CVReportsTab& reportsTab() const { return *mReportsTab; }
     [[nodiscard]] CVSaveStatus& saveStatus() const { return *mSaveStatus; }
-    /// The tabs by the number that the view state keeps: transactions, summary, reports.
+    /// By `Tab`.
     [[nodiscard]] QTabWidget& tabs() const { return *mMainTabView; }
 
     /// Shows the pop-up of sets with these names; without a choice to make, with less than two, it is not there.

@@ -5,19 +5,27 @@
 #include "base/QBNotificationCenter.h"
 #include "base/QBUserDefaults.h"
 #include "budget/CVRangePresets.h"
+#include "contents/CVEntry.h"
 #include "model/CVCategory.h"
 #include "model/CVTransactionSet.h"
+#include "widgets/CVAlerts.h"
 #include "widgets/CVWindowFrame.h"
+#include "workspace/CVDocumentWindows.h"
 #include "workspace/CVMainMenu.h"
 #include "workspace/CVMainWindow.h"
+#include "workspace/CVMainWindowCommands.h"
 #include "workspace/controls/CVEntryStrip.h"
 #include "workspace/controls/CVRangeControls.h"
-#include "workspace/figures/CVReportColumns.h"
+#include "workspace/controls/CVSaveStatus.h"
 #include "workspace/figures/CVReportsTab.h"
+#include "workspace/figures/CVReportsTabController.h"
 #include "workspace/figures/CVSummaryTab.h"
+#include "workspace/figures/CVSummaryTabController.h"
 #include "workspace/transactions/CVTransactionTableView.h"
 #include "workspace/transactions/CVTransactionsTab.h"
+#include "workspace/transactions/CVTransactionsTabController.h"
 
+#include <QApplication>
 #include <QScopedValueRollback>
 #include <QTabWidget>
 
@@ -34,14 +42,14 @@ constexpr int kFirstHeightInLines = 45;
 CVMainWindowController::CVMainWindowController(CVDocument& document, CVAlerts& alerts, CVFilePanels& panels)
     : mDocument(document)
     , mAlerts(alerts)
-    , mPanels(panels)
-    , mToday(QBDate::date())
-    , mList(document)
-    , mGrid(mToday, document.userDefaults().integerForKey(CVDefaultsKeys::kPeriodType),
-            CVDisplayPeriods::Placement::fromDefaults(document.userDefaults()))
-    , mReports(mToday)
-    , mPrintCommands({mList, mGrid, mReports}, alerts, document.userDefaults())
-    , mWindow(std::make_unique<CVMainWindow>(mList, mGrid, mReports)) {
+    , mContents(document, QBDate::date(), document.userDefaults().integerForKey(CVDefaultsKeys::kPeriodType))
+    , mPrintCommands(mContents, alerts, document.userDefaults())
+    , mWindow(std::make_unique<CVMainWindow>(mContents))
+    , mTransactionsTab(std::make_unique<CVTransactionsTabController>(document, mContents.list(),
+                                                                     mWindow->transactionsTab(), alerts, panels))
+    , mSummaryTab(std::make_unique<CVSummaryTabController>(document, mContents, mWindow->summaryTab()))
+    , mReportsTab(std::make_unique<CVReportsTabController>(document, mContents, mWindow->reportsTab()))
+    , mCommands(std::make_unique<CVMainWindowCommands>(*mWindow, *this, *mSummaryTab)) {
     windowDidLoad();
 }
 
@@ -65,10 +73,20 @@ void CVMainWindowController::setMayClose(std::function<bool()> mayClose) {
     mWindow->setMayClose(std::move(mayClose));
 }
 
+void CVMainWindowController::setDocumentWindows(CVDocumentWindows* windows) {
+    mDocumentWindows = windows;
+    updateCommands();
+}
+
+void CVMainWindowController::setPrintPanels(CVPrintPanels* panels) {
+    mPrintCommands.setPrintPanels(panels);
+    updateCommands();
+}
+
 void CVMainWindowController::getStarted() {
     const QScopedValueRollback settingUp(_cv_setting_up, true);
     showTransactionSets();
-    mList.collectTransactions();
+    mContents.list().collectTransactions();
     setDateFieldsFromPopUp();
     mainSetup();
     updatePaidToAutocomplete();
@@ -76,14 +94,12 @@ void CVMainWindowController::getStarted() {
 }
 
 void CVMainWindowController::reloadAllTables() {
-    if (mDisplayTab == kSummary) {
-        reloadGrid();
-        mWindow->summaryTab().reload();
-    } else if (mDisplayTab == kReports) {
-        reloadReports();
-        mWindow->reportsTab().reload();
-    } else
-        showList();
+    if (mDisplayTab == CVMainWindow::kSummary)
+        mSummaryTab->reload();
+    else if (mDisplayTab == CVMainWindow::kReports)
+        mReportsTab->reload();
+    else
+        mTransactionsTab->reload();
     updateCommands();
 }
 
@@ -94,15 +110,98 @@ void CVMainWindowController::changeTransactionSet(int index) {
     getStarted();
 }
 
+void CVMainWindowController::record() {
+    mWindow->commitOpenEditor();
+    CVEntryStrip& strip = mWindow->entryStrip();
+    auto problem = strip.endEditing();
+    const CVEntry entry = strip.entry();
+    if (!problem)
+        problem = CVFirstProblem(entry);
+    if (problem) {
+        showProblem(*problem);
+        return;
+    }
+    const auto transaction = CVInsertEntry(mDocument, entry);
+    if (mDocument.userDefaults().boolForKey(CVDefaultsKeys::kClearFields))
+        strip.clearFields();
+    mDocument.workbookSave();
+    strip.resetAmount();
+    getStarted();
+    const bool isListed = mWindow->transactionsTab().table().reveal(transaction.get());
+    strip.focusField(CVEntryField::Amount);
+    if (!isListed && mDisplayTab == CVMainWindow::kTransactions)
+        mWindow->transactionsTab().tellNotListed(*transaction);
+}
+
+void CVMainWindowController::showProblem(const CVEntryProblem& problem) {
+    if (problem.field == CVEntryField::Date)
+        QApplication::beep();
+    mAlerts.run(mWindow.get(), {problem.title, problem.message, tr("OK")});
+    mWindow->entryStrip().focusField(problem.field);
+}
+
+void CVMainWindowController::removeTransaction() {
+    mTransactionsTab->removeTransaction();
+}
+
+void CVMainWindowController::detectDuplicates() {
+    mWindow->tabs().setCurrentIndex(CVMainWindow::kTransactions);
+    mTransactionsTab->detectDuplicates();
+}
+
+void CVMainWindowController::exportTransactions() {
+    mTransactionsTab->exportTransactions();
+}
+
+void CVMainWindowController::printTransactions(CVPrintWay way) {
+    mPrintCommands.printTransactions(*mWindow, way);
+}
+
+void CVMainWindowController::printSummary(CVPrintWay way) {
+    mPrintCommands.printSummary(*mWindow, way);
+}
+
+void CVMainWindowController::printReport(CVPrintWay way) {
+    mPrintCommands.printReport(*mWindow, mReportsTab->reportTab(), way);
+}
+
+void CVMainWindowController::printShownTab(CVPrintWay way) {
+    if (mDisplayTab == CVMainWindow::kSummary)
+        printSummary(way);
+    else if (mDisplayTab == CVMainWindow::kReports)
+        printReport(way);
+    else
+        printTransactions(way);
+}
+
+void CVMainWindowController::setUpPage() {
+    mPrintCommands.setUpPage(*mWindow);
+}
+
+void CVMainWindowController::editCategories() {
+    if (mDocumentWindows)
+        mDocumentWindows->createCategoryEditController();
+}
+
+void CVMainWindowController::handleTransactionSets() {
+    if (mDocumentWindows)
+        mDocumentWindows->createTransactionSetController();
+}
+
+void CVMainWindowController::showPreferences() {
+    if (mDocumentWindows)
+        mDocumentWindows->createPreferenceController();
+}
+
 void CVMainWindowController::windowDidLoad() {
     const QScopedValueRollback settingUp(_cv_setting_up, true);
     restoreFrame();
     readViewState();
     observeNotifications();
     connectWindow();
+    connectParts();
     showCategoryItems();
     mWindow->entryStrip().focusField(CVEntryField::Date);
-    selectViewState();
     getStarted();
 }
 
@@ -114,17 +213,12 @@ void CVMainWindowController::readViewState() {
         return index >= 0 && index < count ? index : 0;
     };
     mDisplayTab = indexForKey(CVDefaultsKeys::kDisplayTab, mWindow->tabs().count());
-    mReportTab = indexForKey(CVDefaultsKeys::kReportTab, kReportTables);
-    mList.setTransactionPeriod(indexForKey(CVDefaultsKeys::kTransactionPeriod, kCVRangePresets));
-    mReports.setReportPeriod(indexForKey(CVDefaultsKeys::kReportPeriod, kCVRangePresets));
-}
-
-void CVMainWindowController::selectViewState() {
-    mWindow->summaryTab().setPeriodType(mGrid.periods().periodType());
     mWindow->tabs().setCurrentIndex(mDisplayTab);
-    mWindow->reportsTab().setReportTab(mReportTab);
-    mWindow->transactionsTab().rangeControls().setPreset(mList.transactionPeriod());
-    mWindow->reportsTab().rangeControls().setPreset(mReports.reportPeriod());
+    mReportsTab->restoreReportTab();
+    mContents.list().setTransactionPeriod(indexForKey(CVDefaultsKeys::kTransactionPeriod, kCVRangePresets));
+    mWindow->transactionsTab().rangeControls().setPreset(mContents.list().transactionPeriod());
+    mContents.reports().setReportPeriod(indexForKey(CVDefaultsKeys::kReportPeriod, kCVRangePresets));
+    mWindow->reportsTab().rangeControls().setPreset(mContents.reports().reportPeriod());
 }
 
 void CVMainWindowController::restoreFrame() {
@@ -141,6 +235,41 @@ void CVMainWindowController::saveFrame() const {
     defaults.setData(kFrameKey, mWindow->saveGeometry());
     defaults.setData(kColumnsKey, mWindow->transactionsTab().table().saveColumns());
     defaults.setData(kReportColumnsKey, mWindow->reportsTab().saveColumns());
+}
+
+void CVMainWindowController::connectWindow() {
+    using Self = CVMainWindowController;
+    connect(mWindow.get(), &CVMainWindow::transactionSetPicked, this, &Self::changeTransactionSet);
+    connect(mWindow.get(), &CVMainWindow::closing, this, &Self::saveFrame);
+    connect(mWindow.get(), &CVMainWindow::localeChanged, this, &Self::handleLocaleChange);
+    connect(&mWindow->entryStrip(), &CVEntryStrip::recordRequested, this, &Self::record);
+    connect(&mWindow->entryStrip(), &CVEntryStrip::dateRefused, this, &Self::showProblem);
+    connect(&mWindow->tabs(), &QTabWidget::currentChanged, this, &Self::tabSelected);
+    connect(&mWindow->menu(), &CVMainMenu::chosen, mCommands.get(), &CVMainWindowCommands::choose);
+    const auto print = [this] { mCommands->choose(CVCommand::Print); };
+    connect(&mWindow->transactionsTab(), &CVTransactionsTab::printRequested, this, print);
+    connect(&mWindow->summaryTab(), &CVSummaryTab::printRequested, this, print);
+    connect(&mWindow->reportsTab(), &CVReportsTab::printRequested, this, print);
+    connect(&mWindow->transactionsTab().table(), &CVTransactionTableView::selectedTransactionsChanged, this,
+            &Self::updateCommands);
+}
+
+void CVMainWindowController::connectParts() {
+    using Self = CVMainWindowController;
+    const CVTransactionsTabController* const list = mTransactionsTab.get();
+    connect(&mWindow->menu(), &CVMainMenu::sortRequested, list, &CVTransactionsTabController::sortByColumn);
+    connect(list, &CVTransactionsTabController::listChanged, this, &Self::reloadAllTables);
+    connect(list, &CVTransactionsTabController::presetPicked, this, &Self::presetPicked);
+    connect(list, &CVTransactionsTabController::transactionsRemoved, this, &Self::getStarted);
+    connect(list, &CVTransactionsTabController::remarked, &saveStatus(), &CVSaveStatus::remark);
+    connect(mSummaryTab.get(), &CVSummaryTabController::periodsChanged, this, &Self::reloadAllTables);
+    connect(mSummaryTab.get(), &CVSummaryTabController::cellOpened, this, [this](const auto& transactions) {
+        if (mDocumentWindows)
+            mDocumentWindows->createTransactionController(transactions);
+    });
+    connect(mReportsTab.get(), &CVReportsTabController::changed, this, &Self::reloadAllTables);
+    connect(mReportsTab.get(), &CVReportsTabController::presetPicked, this, &Self::presetPicked);
+    connect(mCommands.get(), &CVMainWindowCommands::applicationCommandChosen, this, &Self::applicationCommandChosen);
 }
 
 void CVMainWindowController::observeNotifications() {
@@ -161,9 +290,21 @@ void CVMainWindowController::observeNotifications() {
 }
 
 void CVMainWindowController::mainSetup() {
-    mList.rebuild();
-    mGrid.periods().initializeFirstColumnStartingDate(
-        CVDisplayPeriods::Placement::fromDefaults(mDocument.userDefaults()));
+    mContents.list().rebuild();
+    mSummaryTab->placePeriods();
+}
+
+/// Both ranges, as their pop-ups have them.
+void CVMainWindowController::setDateFieldsFromPopUp() {
+    mContents.setRangesFromPresets();
+    mWindow->transactionsTab().rangeControls().setRange(mContents.list().range());
+    mWindow->reportsTab().rangeControls().setRange(mContents.reports().range());
+}
+
+void CVMainWindowController::presetPicked() {
+    setDateFieldsFromPopUp();
+    mContents.list().rebuild();
+    reloadAllTables();
 }
 
 void CVMainWindowController::showTransactionSets() {
@@ -174,7 +315,8 @@ void CVMainWindowController::showTransactionSets() {
 }
 
 void CVMainWindowController::updatePaidToAutocomplete() {
-    mPaidToList.update(mList.transactions(), mDocument.userDefaults().integerForKey(CVDefaultsKeys::kNumberOfItems));
+    mPaidToList.update(mContents.list().transactions(),
+                       mDocument.userDefaults().integerForKey(CVDefaultsKeys::kNumberOfItems));
     mWindow->entryStrip().setPaidToItems(mPaidToList.payees());
     mWindow->transactionsTab().table().setPaidToItems(mPaidToList.payees());
 }
@@ -187,12 +329,18 @@ void CVMainWindowController::tabSelected(int index) {
     reloadAllTables();
 }
 
-void CVMainWindowController::reportTabSelected(int index) {
-    if (_cv_setting_up)
-        return;
-    mReportTab = index;
-    mDocument.userDefaults().setInteger(CVDefaultsKeys::kReportTab, index);
-    reloadAllTables();
+/// Greys out what cannot act now.
+void CVMainWindowController::updateCommands() {
+    CVMainMenu& menu = mWindow->menu();
+    const bool hasSelection = !mWindow->transactionsTab().table().selectedTransactions().empty();
+    menu.setEnabled(CVCommand::Export, !mContents.list().displayTransactions().empty());
+    menu.setEnabled(CVCommand::Remove, mDisplayTab == CVMainWindow::kTransactions && hasSelection);
+    for (const CVCommand command : {CVCommand::PreviousPeriod, CVCommand::NextPeriod, CVCommand::Today})
+        menu.setEnabled(command, mDisplayTab == CVMainWindow::kSummary);
+    for (const CVCommand command : {CVCommand::EditCategories, CVCommand::TransactionSets, CVCommand::Preferences})
+        menu.setEnabled(command, mDocumentWindows != nullptr);
+    for (const CVCommand command : {CVCommand::Print, CVCommand::PrintPreview, CVCommand::PageSetup})
+        menu.setEnabled(command, mPrintCommands.canPrint());
 }
 
 void CVMainWindowController::showCategoryItems() {
@@ -206,22 +354,22 @@ void CVMainWindowController::showCategoryItems() {
 void CVMainWindowController::handleCategoryUpdate() {
     showCategoryItems();
     // A name that is searched for or sorted by may be another one now.
-    if (!mKeepsRows)
-        mList.refilter();
+    if (!mTransactionsTab->keepsRows())
+        mContents.list().refilter();
     reloadAllTables();
 }
 
 /// Recording and removing rebuild everything themselves; the reports alone show other changes at once.
 void CVMainWindowController::transactionUpdated() {
-    if (mDisplayTab != kReports)
+    if (mDisplayTab != CVMainWindow::kReports)
         return;
-    mList.rebuild();
+    mContents.list().rebuild();
     reloadAllTables();
 }
 
 /// The settings are not all that may be new: the data file may have been cleared as well.
 void CVMainWindowController::preferenceChanged() {
-    mList.collectTransactions();
+    mContents.list().collectTransactions();
     showCategoryItems();
     mainSetup();
     updatePaidToAutocomplete();

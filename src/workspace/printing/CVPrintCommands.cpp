@@ -1,12 +1,14 @@
 #include "workspace/printing/CVPrintCommands.h"
 
+#include "contents/CVBudgetContents.h"
 #include "format/QBLocale.h"
+#include "reports/CVMakeReport.h"
 #include "reports/CVReportView.h"
 #include "widgets/CVAlerts.h"
 #include "workspace/printing/CVPrintPanels.h"
 
-CVPrintCommands::CVPrintCommands(CVReportSource source, CVAlerts& alerts, QBUserDefaults& defaults)
-    : mSource(source)
+CVPrintCommands::CVPrintCommands(CVBudgetContents& contents, CVAlerts& alerts, QBUserDefaults& defaults)
+    : mContents(contents)
     , mAlerts(alerts)
     , mDefaults(defaults)
     , mPrintInfo(CVPrintInfo::fromDefaults(defaults, QBLocaleInForce())) {}
@@ -16,12 +18,14 @@ void CVPrintCommands::printTransactions(QWidget& window, CVPrintWay way) {
 }
 
 void CVPrintCommands::printSummary(QWidget& window, CVPrintWay way) {
+    mContents.reloadGrid();
     print(window, CVReportType::Summary, way);
 }
 
 void CVPrintCommands::printReport(QWidget& window, int reportTab, CVPrintWay way) {
     constexpr std::array kTypes{CVReportType::CategoryAverages, CVReportType::CategoryTotals,
                                 CVReportType::CategoryPercents};
+    mContents.reloadReports();
     const auto tab = static_cast<std::size_t>(reportTab);
     print(window, tab < kTypes.size() ? kTypes[tab] : CVReportType::CategoryTax, way);
 }
@@ -38,7 +42,7 @@ void CVPrintCommands::setUpPage(QWidget& window) {
 void CVPrintCommands::print(QWidget& window, CVReportType type, CVPrintWay way) {
     if (!mPanels)
         return;
-    CVMadeReport made = CVMakeReport(type, mSource);
+    CVMadeReport made = CVMakeReport(type, mContents);
     if (!made.report) {
         mAlerts.run(&window, {tr("Report Error"), made.refusal, tr("OK")});
         return;

@@ -1,9 +1,12 @@
 #pragma once
 
 #include "reports/CVPrintInfo.h"
-#include "reports/CVReportSource.h"
+#include "reports/CVReportType.h"
+
+#include <QCoreApplication>
 
 class CVAlerts;
+class CVBudgetContents;
 class CVPrintPanels;
 class QBUserDefaults;
 class QWidget;
@@ -11,12 +14,13 @@ class QWidget;
 enum class CVPrintWay { Print, Preview };
 
 /// The print commands of the main window, with the print settings that they share and keep in the user defaults.
-/// References what it prints, the alerts, the panels and the defaults, which outlive it. The figures are to be current.
+/// What is printed is computed anew before, as the window keeps only its visible tab up to date. References the
+/// contents, the alerts, the panels and the defaults, which outlive it.
 class CVPrintCommands final {
     Q_DECLARE_TR_FUNCTIONS(CVPrintCommands)
 
 public:
-    CVPrintCommands(CVReportSource source, CVAlerts& alerts, QBUserDefaults& defaults);
+    CVPrintCommands(CVBudgetContents& contents, CVAlerts& alerts, QBUserDefaults& defaults);
 
     /// Without panels the commands do nothing.
     void setPrintPanels(CVPrintPanels* panels) { mPanels = panels; }
@@ -32,7 +36,7 @@ public:
 private:
     void print(QWidget& window, CVReportType type, CVPrintWay way);
 
-    CVReportSource mSource;
+    CVBudgetContents& mContents;
     CVAlerts& mAlerts;
     QBUserDefaults& mDefaults;
     CVPrintPanels* mPanels = nullptr;

@@ -1,0 +1,27 @@
+#include "contents/CVBudgetContents.h"
+
+#include "contents/CVBudgetRows.h"
+
+CVBudgetContents::CVBudgetContents(CVDocument& document, const QBDate& today, int periodType)
+    : mDocument(document)
+    , mToday(today)
+    , mList(document)
+    , mGrid(today, periodType, CVDisplayPeriods::Placement::fromDefaults(document.userDefaults()))
+    , mReports(today) {}
+
+void CVBudgetContents::setRangesFromPresets() {
+    mList.setRangeFromPreset(mToday);
+    mReports.setRangeFromPreset(mToday, mDocument);
+}
+
+void CVBudgetContents::reloadGrid() {
+    mGrid.reload(mList.transactions(), categoryRows());
+}
+
+void CVBudgetContents::reloadReports() {
+    mReports.reload(mList.transactions(), categoryRows());
+}
+
+CVDocument::Categories CVBudgetContents::categoryRows() const {
+    return buildCategoryArray(mDocument, CVShowUnusedFromDefaults(mDocument.userDefaults()));
+}
