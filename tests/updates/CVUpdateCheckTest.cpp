@@ -182,15 +182,21 @@ TEST_F(CVUpdateCheckTest, AnAnswerThatIsOnItsWayWhenTheCheckIsCancelledIsNotDeli
     EXPECT_TRUE(finishedSpy.isEmpty());
 }
 
-TEST_F(CVUpdateCheckTest, TheProgramMayEndAtAnyMomentOfACheck) {
-    mServer.answerWith(updateReply("1.1"));
+TEST_F(CVUpdateCheckTest, ACheckThatEndsAtAnyMomentLeavesTheNextOneWhole) {
+    const QByteArray reply = updateReply("1.1");
+    mServer.answerWith(reply);
+    int finished = 0;
     for (int i = 0; i < 60; ++i) {
         CVUpdateCheck check;
+        QObject::connect(&check, &CVUpdateCheck::finished, &check, [&finished] { ++finished; });
         check.start(QUrl(mServer.address()), "Corvella/1.0");
         QTest::qSleep(i / 4);
         if (i % 2 == 0)
             QCoreApplication::processEvents();
     }
+    const int whileTheyLived = finished;
+    EXPECT_EQ(fetched(mServer.address()), reply);
+    EXPECT_EQ(finished, whileTheyLived);
 }
 
 } // namespace

@@ -94,8 +94,9 @@ TEST_F(MainWindowCommandsTest, StateThatNoWindowHasCountsAsTheFirst) {
     mBudget.userDefaults().setInteger(CVDefaultsKeys::kTransactionPeriod, 99);
     open();
     EXPECT_EQ(tabs().currentIndex(), 0);
-    press(Qt::Key_2, Qt::ControlModifier);
-    press(Qt::Key_3, Qt::ControlModifier);
+    EXPECT_EQ(find<QTabWidget>("mReportTabView")->currentIndex(), 0);
+    EXPECT_EQ(textOf("mExpensePeriod"), "Daily");
+    EXPECT_EQ(textOf("mSetTransactionDateRange"), "All");
 }
 
 TEST_F(MainWindowCommandsTest, ChoosingATabIsRemembered) {
