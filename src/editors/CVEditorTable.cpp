@@ -3,6 +3,7 @@
 #include "base/QBUserDefaults.h"
 #include "editors/CVEditorCellDelegate.h"
 #include "editors/CVEditorModel.h"
+#include "widgets/CVReturnKey.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -95,8 +96,7 @@ void CVEditorTable::currentChanged(const QModelIndex& current, const QModelIndex
 }
 
 void CVEditorTable::keyPressEvent(QKeyEvent* event) {
-    const bool isEditKey =
-        event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_F2;
+    const bool isEditKey = CVIsReturnKey(event->key()) || event->key() == Qt::Key_F2;
     const QModelIndex name = currentIndex().siblingAtColumn(mNameColumn);
     const bool canEdit = state() != EditingState && name.flags().testFlag(Qt::ItemIsEditable);
     if (isEditKey && canEdit && !(event->modifiers() & ~Qt::KeypadModifier))

@@ -1,5 +1,6 @@
 #include "widgets/tables/CVKeepUnreadableOpen.h"
 
+#include "widgets/CVReturnKey.h"
 #include "widgets/fields/CVFormattedField.h"
 
 #include <QApplication>
@@ -11,7 +12,7 @@ bool endsEditing(const QEvent& event) {
     if (event.type() != QEvent::KeyPress)
         return false;
     const int key = static_cast<const QKeyEvent&>(event).key();
-    return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Tab || key == Qt::Key_Backtab;
+    return CVIsReturnKey(key) || key == Qt::Key_Tab || key == Qt::Key_Backtab;
 }
 
 } // namespace

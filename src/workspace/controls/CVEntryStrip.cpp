@@ -3,6 +3,7 @@
 #include "base/QBXMLText.h"
 #include "widgets/CVAccessibleName.h"
 #include "widgets/CVCompactButton.h"
+#include "widgets/CVReturnKey.h"
 #include "widgets/CVWrappingLayout.h"
 #include "widgets/fields/CVAnyLength.h"
 #include "widgets/fields/CVCompletingComboBox.h"
@@ -35,10 +36,6 @@ constexpr int kLabelGap = 2;
 constexpr int kFieldGap = 6;
 /// How soon to look again whether a click has ended.
 constexpr std::chrono::milliseconds kClickPatience(50);
-
-bool isReturn(const QKeyEvent& event) {
-    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-}
 
 } // namespace
 
@@ -141,7 +138,7 @@ void CVEntryStrip::changeEvent(QEvent* event) {
 
 void CVEntryStrip::keyPressEvent(QKeyEvent* event) {
     // The fields let Return pass after they have taken their text.
-    if (isReturn(*event))
+    if (CVIsReturnKey(event->key()))
         emit recordRequested();
     else
         QWidget::keyPressEvent(event);
@@ -151,7 +148,7 @@ bool CVEntryStrip::eventFilter(QObject* watched, QEvent* event) {
     // One transaction was meant: the second click would find the fields as the first one left them.
     if (watched == mRecordButton)
         return event->type() == QEvent::MouseButtonDblClick;
-    if (event->type() != QEvent::KeyPress || !isReturn(*static_cast<QKeyEvent*>(event)))
+    if (event->type() != QEvent::KeyPress || !CVIsReturnKey(static_cast<QKeyEvent*>(event)->key()))
         return QWidget::eventFilter(watched, event);
     emit recordRequested();
     return true;

@@ -1,5 +1,6 @@
 #include "workspace/figures/CVFiguresTable.h"
 
+#include "widgets/CVReturnKey.h"
 #include "widgets/tables/CVCellDelegate.h"
 
 #include <QEvent>
@@ -38,7 +39,7 @@ void CVFiguresTable::reload() {
 }
 
 void CVFiguresTable::keyPressEvent(QKeyEvent* event) {
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool isReturn = CVIsReturnKey(event->key());
     if (isReturn && editCurrentCell())
         return;
     if (isReturn && currentIndex().isValid())

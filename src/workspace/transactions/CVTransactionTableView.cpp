@@ -2,6 +2,7 @@
 
 #include "contents/CVTransactionList.h"
 #include "model/CVTransaction.h"
+#include "widgets/CVReturnKey.h"
 #include "workspace/transactions/CVTransactionCellDelegate.h"
 #include "workspace/transactions/CVTransactionTableModel.h"
 
@@ -155,7 +156,7 @@ void CVTransactionTableView::selectionChanged(const QItemSelection& selected, co
 }
 
 void CVTransactionTableView::keyPressEvent(QKeyEvent* event) {
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool isReturn = CVIsReturnKey(event->key());
     const bool isAlone = !(event->modifiers() & ~Qt::KeypadModifier);
     if (!isReturn || !isAlone || !editCurrentCell())
         CVTableView::keyPressEvent(event);
