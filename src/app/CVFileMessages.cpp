@@ -10,9 +10,9 @@ namespace CVFileMessages {
 
 namespace {
 
-QString tr(const char* text) {
-    return QCoreApplication::translate("CVFileMessages", text);
-}
+struct FileMessagesText {
+    Q_DECLARE_TR_FUNCTIONS(CVFileMessages)
+};
 
 QString shown(const QString& path) {
     return QDir::toNativeSeparators(path);
@@ -26,52 +26,58 @@ QString withoutFolder(QString text, const QString& folder) {
 /// What has become of the file that could not be read.
 QString whereabouts(const CVSaveOutcome& outcome, const QString& folder) {
     if (!outcome.keptCopy.isEmpty())
-        return tr("Every byte of the old file is kept in “%1”.").arg(withoutFolder(shown(outcome.keptCopy), folder));
+        return FileMessagesText::tr("Every byte of the old file is kept in “%1”.")
+            .arg(withoutFolder(shown(outcome.keptCopy), folder));
     if (!outcome.saved)
-        return withoutFolder(outcome.message, folder) + u' ' + tr("The old file is untouched.");
-    return tr("It is untouched; before Corvella saves for the first time, it keeps it beside the new file, with "
-              "“(unreadable …)” in its name.");
+        return withoutFolder(outcome.message, folder) + u' ' + FileMessagesText::tr("The old file is untouched.");
+    return FileMessagesText::tr(
+        "It is untouched; before Corvella saves for the first time, it keeps it beside the new file, with "
+        "“(unreadable …)” in its name.");
 }
 
 /// What failed, and what that means for the file; `fullDisk` is said in place of what failed where that is all.
 QString failure(const CVSaveOutcome& outcome, const QString& fullDisk) {
     const QString what = outcome.diskIsFull ? fullDisk : outcome.message;
-    return QFileInfo::exists(outcome.path) ? what + u' ' + tr("Your last saved file is whole.") : what;
+    return QFileInfo::exists(outcome.path) ? what + u' ' + FileMessagesText::tr("Your last saved file is whole.")
+                                           : what;
 }
 
 } // namespace
 
 CVAlert unreadable(const CVLoadReport& report, const CVSaveOutcome& outcome) {
     const QFileInfo file(report.path);
-    return {tr("Your budget could not be read"),
-            tr("Corvella has started with an empty budget, because “%1” could not be read: %2.\n\n%3\n\nThe folder is "
-               "“%4”.")
+    return {FileMessagesText::tr("Your budget could not be read"),
+            FileMessagesText::tr(
+                "Corvella has started with an empty budget, because “%1” could not be read: %2.\n\n%3\n\nThe folder is "
+                "“%4”.")
                 .arg(file.fileName(), report.reason, whereabouts(outcome, file.path()), shown(file.path())),
-            tr("OK"),
+            FileMessagesText::tr("OK"),
             {},
             {}};
 }
 
 CVAlert keptCopy(const CVSaveOutcome& outcome) {
-    return {tr("What stood in the place of your file was kept"),
-            tr("Something that Corvella had not read, or not as a whole, stood where your budget is saved. It is kept "
-               "in “%1”.")
+    return {FileMessagesText::tr("What stood in the place of your file was kept"),
+            FileMessagesText::tr(
+                "Something that Corvella had not read, or not as a whole, stood where your budget is saved. It is kept "
+                "in “%1”.")
                 .arg(shown(outcome.keptCopy)),
-            tr("OK"),
+            FileMessagesText::tr("OK"),
             {},
             {}};
 }
 
 QString notSaved(const CVSaveOutcome& outcome) {
     // Behind "Not saved: ".
-    return failure(outcome, tr("the disk is full."));
+    return failure(outcome, FileMessagesText::tr("the disk is full."));
 }
 
 CVAlert quitUnsaved(const CVSaveOutcome& outcome) {
-    return {tr("Your last changes are not saved"),
-            failure(outcome, tr("The disk is full.")) + u' ' +
-                tr("If you quit now, what you changed since the last save is lost."),
-            tr("Try Again"), tr("Cancel"), tr("Quit Without Saving")};
+    return {FileMessagesText::tr("Your last changes are not saved"),
+            failure(outcome, FileMessagesText::tr("The disk is full.")) + u' ' +
+                FileMessagesText::tr("If you quit now, what you changed since the last save is lost."),
+            FileMessagesText::tr("Try Again"), FileMessagesText::tr("Cancel"),
+            FileMessagesText::tr("Quit Without Saving")};
 }
 
 } // namespace CVFileMessages

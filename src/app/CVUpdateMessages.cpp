@@ -9,48 +9,53 @@ namespace CVUpdateMessages {
 
 namespace {
 
-QString tr(const char* text) {
-    return QCoreApplication::translate("CVUpdateMessages", text);
-}
+struct UpdateMessagesText {
+    Q_DECLARE_TR_FUNCTIONS(CVUpdateMessages)
+};
 
 QString aboutAutomaticChecks(const QString& name) {
-    return tr("%1 can automatically check for new and updated versions using its automatic update feature.  Select "
-              "Update in %1 Preferences to specify how frequently to check for updates.")
+    return UpdateMessagesText::tr(
+               "%1 can automatically check for new and updated versions using its automatic update feature.  Select "
+               "Update in %1 Preferences to specify how frequently to check for updates.")
         .arg(name);
 }
 
 } // namespace
 
 CVAlert offer(const QString& name) {
-    CVAlert alert{
-        tr("A newer version of %1 is available from Quenby Labs LLC.  Do you want to upgrade your copy?").arg(name),
-        aboutAutomaticChecks(name), tr("Upgrade Now"), tr("Change Preferences..."), tr("Ask Again Later")};
+    CVAlert alert{UpdateMessagesText::tr(
+                      "A newer version of %1 is available from Quenby Labs LLC.  Do you want to upgrade your copy?")
+                      .arg(name),
+                  aboutAutomaticChecks(name), UpdateMessagesText::tr("Upgrade Now"),
+                  UpdateMessagesText::tr("Change Preferences..."), UpdateMessagesText::tr("Ask Again Later")};
     alert.escapeAnswer = CVAlert::kOther;
     alert.style = CVAlert::Style::Critical;
     return alert;
 }
 
 CVAlert unreachable() {
-    CVAlert alert{tr("Unable to check for new software"),
-                  tr("You must be connected to the internet to check for new software.\n\nThere may be a problem with "
-                     "the Quenby Labs LLC web site.\n%1")
+    CVAlert alert{UpdateMessagesText::tr("Unable to check for new software"),
+                  UpdateMessagesText::tr(
+                      "You must be connected to the internet to check for new software.\n\nThere may be a problem with "
+                      "the Quenby Labs LLC web site.\n%1")
                       .arg(CVSite::webSite()),
-                  tr("OK")};
+                  UpdateMessagesText::tr("OK")};
     alert.style = CVAlert::Style::Critical;
     return alert;
 }
 
 CVAlert upToDate(const QString& name) {
-    CVAlert alert{tr("Your copy of %1 is up to date").arg(name), aboutAutomaticChecks(name), tr("OK"),
-                  tr("Change Preferences...")};
+    CVAlert alert{UpdateMessagesText::tr("Your copy of %1 is up to date").arg(name), aboutAutomaticChecks(name),
+                  UpdateMessagesText::tr("OK"), UpdateMessagesText::tr("Change Preferences...")};
     alert.style = CVAlert::Style::Information;
     alert.escapeAnswer = CVAlert::kDefault;
     return alert;
 }
 
 CVAlert notOpened(const QString& address) {
-    return {tr("No program could be opened for this address"),
-            tr("Please open it yourself, in a web browser or a mail program:\n\n%1").arg(address), tr("OK")};
+    return {UpdateMessagesText::tr("No program could be opened for this address"),
+            UpdateMessagesText::tr("Please open it yourself, in a web browser or a mail program:\n\n%1").arg(address),
+            UpdateMessagesText::tr("OK")};
 }
 
 CVAlert notOpened(const QUrl& address) {
@@ -58,11 +63,12 @@ CVAlert notOpened(const QUrl& address) {
 }
 
 CVAlert noDownload() {
-    return {tr("The newer version could not be found"),
-            tr("Quenby Labs LLC has named no web page from which it can be loaded. Please look for it on the web "
-               "site:\n\n%1")
+    return {UpdateMessagesText::tr("The newer version could not be found"),
+            UpdateMessagesText::tr(
+                "Quenby Labs LLC has named no web page from which it can be loaded. Please look for it on the web "
+                "site:\n\n%1")
                 .arg(CVSite::webSite()),
-            tr("OK")};
+            UpdateMessagesText::tr("OK")};
 }
 
 } // namespace CVUpdateMessages

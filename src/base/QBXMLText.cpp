@@ -166,17 +166,18 @@ QString xml_storableText(const QString& text) {
 }
 
 QString xml_storableLine(const QString& text) {
-    const QString storable = xml_storableText(text);
-    if (std::none_of(storable.begin(), storable.end(), isLineBreak))
+    QString storable = xml_storableText(text);
+    // Not through begin(), which would turn a null text into an empty one.
+    if (std::none_of(storable.cbegin(), storable.cend(), isLineBreak))
         return storable;
     QString line(QLatin1String(""));
     for (qsizetype start = 0; start < storable.size();) {
-        const auto* const end = std::find_if(storable.begin() + start, storable.end(), isLineBreak);
-        const QString part = storable.sliced(start, end - storable.begin() - start).trimmed();
+        const auto* const end = std::find_if(storable.cbegin() + start, storable.cend(), isLineBreak);
+        const QString part = storable.sliced(start, end - storable.cbegin() - start).trimmed();
         if (!line.isEmpty() && !part.isEmpty())
             line += u' ';
         line += part;
-        start = end - storable.begin() + 1;
+        start = end - storable.cbegin() + 1;
     }
     return line;
 }

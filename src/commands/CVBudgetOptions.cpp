@@ -20,16 +20,17 @@ namespace {
 /// In place of a preset where days are given.
 constexpr int kNoPreset = -1;
 
-QString tr(const char* text) {
-    return QCoreApplication::translate("CVBudgetOptions", text);
-}
+struct BudgetOptionsText {
+    Q_DECLARE_TR_FUNCTIONS(CVBudgetOptions)
+};
 
 /// What the option `name` asks for; `days` stays where it cannot be understood.
 QString readDays(const QString& value, const char* name, const CVBudgetOptions& options,
                  std::optional<CVDayRange>& days) {
     const auto found = CVDaysOfText(value, options.today.value_or(QBDate::date()));
     if (!found) {
-        return tr("%1 takes a day, a month or a year, as in 2014-01-31, 2014-01, 2014 or today, not \"%2\"")
+        return BudgetOptionsText::tr(
+                   "%1 takes a day, a month or a year, as in 2014-01-31, 2014-01, 2014 or today, not \"%2\"")
             .arg(QLatin1String(name), value);
     }
     days = found;
@@ -45,7 +46,8 @@ QString readRange(const QString& value, CVBudgetOptions& options) {
     }
     const auto days = CVDaysOfText(value, options.today.value_or(QBDate::date()));
     if (!days)
-        return tr("--range takes a number from 0 to 7, or a day, a month or a year as in 2014-01-31, 2014-01 or 2014");
+        return BudgetOptionsText::tr(
+            "--range takes a number from 0 to 7, or a day, a month or a year as in 2014-01-31, 2014-01 or 2014");
     options.from = days->start;
     options.to = days->end;
     return {};
@@ -70,7 +72,7 @@ QString readTo(const QString& value, CVBudgetOptions& options) {
 QString readToday(const QString& value, CVBudgetOptions& options) {
     const auto days = CVDaysOfText(value, QBDate::date());
     if (!days || days->start != days->end)
-        return tr("--today takes a day, as in 2014-01-31, not \"%1\"").arg(value);
+        return BudgetOptionsText::tr("--today takes a day, as in 2014-01-31, not \"%1\"").arg(value);
     options.today = days->start;
     return {};
 }
@@ -82,7 +84,7 @@ QString readSet(const QString& value, CVBudgetOptions& options) {
 
 QString readOutput(const QString& value, CVBudgetOptions& options) {
     options.output = value;
-    return value.isEmpty() ? tr("--output needs the name of a file") : QString();
+    return value.isEmpty() ? BudgetOptionsText::tr("--output needs the name of a file") : QString();
 }
 
 /// The day that is today comes first: others count from it.
@@ -114,12 +116,12 @@ void CVBudgetOptions::declare(QCommandLineParser& parser) {
 QString CVBudgetOptions::read(const QCommandLineParser& parser) {
     const bool hasDays = parser.isSet(QStringLiteral("from")) || parser.isSet(QStringLiteral("to"));
     if (hasDays && parser.isSet(QStringLiteral("range")))
-        return tr("give either --range or --from and --to");
+        return BudgetOptionsText::tr("give either --range or --from and --to");
     QString problem = CVDataOptions::read(parser);
     if (problem.isEmpty())
         problem = CVReadOptions<CVBudgetOptions>(parser, kOptions, *this);
     if (problem.isEmpty() && from && to && to->comesBefore(*from))
-        return tr("--from lies after --to");
+        return BudgetOptionsText::tr("--from lies after --to");
     return problem;
 }
 
@@ -130,7 +132,7 @@ bool CVBudgetOptions::open(CVReadOnlyBudget& budget, QTextStream& errors) const 
         return false;
     if (!set || selectSet(budget.document(), *set))
         return true;
-    fail(errors, tr("there is no transaction set \"%1\"; corvella sets lists them").arg(*set));
+    fail(errors, BudgetOptionsText::tr("there is no transaction set \"%1\"; corvella sets lists them").arg(*set));
     return false;
 }
 
@@ -157,9 +159,8 @@ bool CVBudgetOptions::writesToStandardOutput() const {
 int CVBudgetOptions::outputWritten(const std::optional<QString>& failure, QTextStream& errors) const {
     if (!failure)
         return 0;
-    return fail(
-        errors,
-        tr("\"%1\" could not be written: %2").arg(QDir::toNativeSeparators(output.value_or(QString())), *failure));
+    return fail(errors, BudgetOptionsText::tr("\"%1\" could not be written: %2")
+                            .arg(QDir::toNativeSeparators(output.value_or(QString())), *failure));
 }
 
 int CVBudgetOptions::fail(QTextStream& errors, const QString& message) {

@@ -12,9 +12,9 @@ namespace {
 
 using Action = CVCommandLine::Action;
 
-QString tr(const char* text) {
-    return QCoreApplication::translate("CVCommandLine", text);
-}
+struct CommandLineText {
+    Q_DECLARE_TR_FUNCTIONS(CVCommandLine)
+};
 
 /// Of the commands that take a data file alone.
 template <Action action>
@@ -73,11 +73,12 @@ CVCommandLine parseWindow(const QStringList& arguments) {
         if (rest == QStringList{question.option})
             return {.action = question.answer};
         if (rest.contains(question.option))
-            return {.action = Action::Refuse, .problem = tr("%1 stands alone").arg(question.option)};
+            return {.action = Action::Refuse, .problem = CommandLineText::tr("%1 stands alone").arg(question.option)};
     }
     for (const QString& argument : rest) {
         if (argument.startsWith(u'-'))
-            return {.action = Action::Refuse, .problem = tr("there is no option \"%1\"").arg(argument)};
+            return {.action = Action::Refuse,
+                    .problem = CommandLineText::tr("there is no option \"%1\"").arg(argument)};
     }
     return {.file = rest.isEmpty() ? std::nullopt : std::optional(rest.constFirst())};
 }

@@ -1,18 +1,20 @@
 #include "commands/CVDataOptions.h"
 
+#include <QCoreApplication>
+
 #include <array>
 
 namespace {
 
 constexpr QLatin1StringView kHelp("help");
 
-QString tr(const char* text) {
-    return QCoreApplication::translate("CVDataOptions", text);
-}
+struct DataOptionsText {
+    Q_DECLARE_TR_FUNCTIONS(CVDataOptions)
+};
 
 QString readData(const QString& value, CVDataOptions& options) {
     options.dataFile = value;
-    return value.isEmpty() ? tr("--data needs the name of a file") : QString();
+    return value.isEmpty() ? DataOptionsText::tr("--data needs the name of a file") : QString();
 }
 
 constexpr std::array<CVOption<CVDataOptions>, 1> kOptions{{{"data", readData}}};
@@ -32,8 +34,8 @@ std::optional<CVDataOptions> CVDataOptions::parse(const QStringList& arguments, 
         return options;
     }
     if (!parser.positionalArguments().isEmpty())
-        problem =
-            tr("%1 takes no argument \"%2\"").arg(arguments.constFirst(), parser.positionalArguments().constFirst());
+        problem = DataOptionsText::tr("%1 takes no argument \"%2\"")
+                      .arg(arguments.constFirst(), parser.positionalArguments().constFirst());
     else
         problem = options.read(parser);
     return problem.isEmpty() ? std::optional(options) : std::nullopt;

@@ -14,9 +14,9 @@
 
 namespace {
 
-QString tr(const char* text) {
-    return QCoreApplication::translate("CVExportCommand", text);
-}
+struct ExportCommandText {
+    Q_DECLARE_TR_FUNCTIONS(CVExportCommand)
+};
 
 QString readSearch(const QString& value, CVExportRequest& request) {
     const auto colon = value.indexOf(':');
@@ -24,7 +24,9 @@ QString readSearch(const QString& value, CVExportRequest& request) {
     request.searchKind = value.left(colon).toInt(&isNumber);
     request.searchText = value.mid(colon + 1);
     const bool isKind = colon > 0 && isNumber && !CVSearchKindTitle(request.searchKind).isEmpty();
-    return isKind ? QString() : tr("--search takes the number of a kind, 0 to 8, a colon and the text, as in 1:market");
+    return isKind ? QString()
+                  : ExportCommandText::tr(
+                        "--search takes the number of a kind, 0 to 8, a colon and the text, as in 1:market");
 }
 
 QString readSort(const QString& value, CVExportRequest& request) {
@@ -34,7 +36,8 @@ QString readSort(const QString& value, CVExportRequest& request) {
     const bool isOrder = parts.size() == 1 || (parts.size() == 2 && parts.at(1) == QLatin1String("descending"));
     return isOrder && CVTransactionColumns::columnOfIdentifier(request.sortColumn) >= 0
                ? QString()
-               : tr("--sort takes date, amount, tofrom, for, category, tax or userflag, and :descending behind it");
+               : ExportCommandText::tr(
+                     "--sort takes date, amount, tofrom, for, category, tax or userflag, and :descending behind it");
 }
 
 constexpr std::array<CVOption<CVExportRequest>, 2> kOptions{{{"search", readSearch}, {"sort", readSort}}};
@@ -57,7 +60,7 @@ QString readArguments(const QStringList& arguments, CVExportRequest& request) {
     if (request.help)
         return {};
     if (!parser.positionalArguments().isEmpty())
-        return tr("export takes no argument \"%1\"").arg(parser.positionalArguments().constFirst());
+        return ExportCommandText::tr("export takes no argument \"%1\"").arg(parser.positionalArguments().constFirst());
     QString problem = request.read(parser);
     return problem.isEmpty() ? CVReadOptions<CVExportRequest>(parser, kOptions, request) : problem;
 }

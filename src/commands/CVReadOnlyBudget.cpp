@@ -14,9 +14,9 @@
 
 namespace {
 
-QString tr(const char* text) {
-    return QCoreApplication::translate("CVReadOnlyBudget", text);
-}
+struct ReadOnlyBudgetText {
+    Q_DECLARE_TR_FUNCTIONS(CVReadOnlyBudget)
+};
 
 bool fail(QTextStream& errors, const QString& message) {
     CVWriteErrorLine(errors, message);
@@ -33,19 +33,20 @@ CVReadOnlyBudget::CVReadOnlyBudget()
 bool CVReadOnlyBudget::read(const std::optional<QString>& dataFile, QTextStream& errors) {
     const auto path = dataFile ? dataFile : CVStandardDataFileURL(CVLookForExisting::Yes, mFolders, mUserDefaults);
     if (!path)
-        return fail(errors, tr("there is no data file yet; name one with --data FILE"));
+        return fail(errors, ReadOnlyBudgetText::tr("there is no data file yet; name one with --data FILE"));
     const bool isInput = *path == QLatin1String(CVStandardStreams::kName);
-    const QString shown = isInput ? tr("standard input") : u'"' + QDir::toNativeSeparators(*path) + u'"';
+    const QString shown =
+        isInput ? ReadOnlyBudgetText::tr("standard input") : u'"' + QDir::toNativeSeparators(*path) + u'"';
     if (!isInput && !QFileInfo::exists(*path))
-        return fail(errors, tr("%1 does not exist").arg(shown));
+        return fail(errors, ReadOnlyBudgetText::tr("%1 does not exist").arg(shown));
     if (!isInput && QFileInfo(*path).isDir())
-        return fail(errors, tr("%1 is not a file").arg(shown));
+        return fail(errors, ReadOnlyBudgetText::tr("%1 is not a file").arg(shown));
     mPath = isInput ? QString::fromLatin1(CVStandardStreams::kInputPath) : *path;
     const CVLoadReport report = load(isInput ? QString() : *path);
     if (report.outcome == CVLoadReport::Outcome::Unreadable)
-        return fail(errors, tr("%1 could not be read: %2").arg(shown, report.reason));
+        return fail(errors, ReadOnlyBudgetText::tr("%1 could not be read: %2").arg(shown, report.reason));
     if (!report.reason.isEmpty())
-        CVWriteErrorLine(errors, tr("note: %1").arg(report.reason));
+        CVWriteErrorLine(errors, ReadOnlyBudgetText::tr("note: %1").arg(report.reason));
     mDocument.sortTransactionsByDate();
     mDocument.updateDates();
     return true;

@@ -19,9 +19,9 @@
 
 namespace {
 
-QString tr(const char* text) {
-    return QCoreApplication::translate("CVReportCommand", text);
-}
+struct ReportCommandText {
+    Q_DECLARE_TR_FUNCTIONS(CVReportCommand)
+};
 
 /// What a word on the command line stands for.
 template <typename Value>
@@ -52,22 +52,23 @@ auto meaningOf(const QString& text, const Words& words) {
 QString readPeriod(const QString& value, CVReportRequest& request) {
     const auto period = meaningOf(value, kPeriods);
     request.periodType = period.value_or(CVDisplayPeriods::Day);
-    return period ? QString() : tr("--period takes day, week, two-weeks or month");
+    return period ? QString() : ReportCommandText::tr("--period takes day, week, two-weeks or month");
 }
 
 QString readPaper(const QString& value, CVReportRequest& request) {
     request.paper = meaningOf(value, kPapers);
-    return request.paper ? QString() : tr("--paper takes a4 or letter");
+    return request.paper ? QString() : ReportCommandText::tr("--paper takes a4 or letter");
 }
 
 constexpr std::array<CVOption<CVReportRequest>, 2> kOptions{{{"period", readPeriod}, {"paper", readPaper}}};
 
 QString readKind(const QStringList& arguments, CVReportRequest& request) {
     if (arguments.size() > 1)
-        return tr("report takes no argument \"%1\"").arg(arguments.at(1));
+        return ReportCommandText::tr("report takes no argument \"%1\"").arg(arguments.at(1));
     const auto type = arguments.isEmpty() ? std::nullopt : meaningOf(arguments.constFirst(), kKinds);
     request.type = type.value_or(CVReportType::Transactions);
-    return type ? QString() : tr("report takes transactions, averages, plan, percent, tax or summary");
+    return type ? QString()
+                : ReportCommandText::tr("report takes transactions, averages, plan, percent, tax or summary");
 }
 
 /// An option that would change nothing in this report, which whoever gave it does not know.
@@ -75,13 +76,14 @@ QString idleOption(const QCommandLineParser& parser, CVReportType type) {
     const bool isSummary = type == CVReportType::Summary;
     for (const char* const option : {"range", "to"}) {
         if (isSummary && parser.isSet(QLatin1String(option)))
-            return tr("the summary takes no --%1: --from says where it begins, --period how long its columns are")
+            return ReportCommandText::tr(
+                       "the summary takes no --%1: --from says where it begins, --period how long its columns are")
                 .arg(QLatin1String(option));
     }
     if (!isSummary && parser.isSet(QStringLiteral("period")))
-        return tr("--period is an option of the summary alone");
+        return ReportCommandText::tr("--period is an option of the summary alone");
     if (parser.isSet(QStringLiteral("paper")) && !parser.isSet(QStringLiteral("output")))
-        return tr("--paper is an option of PDF files alone, which --output makes");
+        return ReportCommandText::tr("--paper is an option of PDF files alone, which --output makes");
     return {};
 }
 

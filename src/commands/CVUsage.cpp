@@ -4,23 +4,23 @@
 
 namespace {
 
-QString tr(const char* text) {
-    return QCoreApplication::translate("CVUsage", text);
-}
+struct UsageText {
+    Q_DECLARE_TR_FUNCTIONS(CVUsage)
+};
 
 QString commands() {
-    return tr("Usage: corvella                        open your budget\n"
-              "       corvella check [OPTION...]      say what a data file holds\n"
-              "       corvella sets [OPTION...]       list the transaction sets\n"
-              "       corvella export [OPTION...]     write transactions as tab-separated text\n"
-              "       corvella report KIND [OPTION...]\n"
-              "                                       write a report as a PDF file or as text\n"
-              "       corvella COMMAND --help         what one command takes\n"
-              "       corvella --version | --help\n");
+    return UsageText::tr("Usage: corvella                        open your budget\n"
+                         "       corvella check [OPTION...]      say what a data file holds\n"
+                         "       corvella sets [OPTION...]       list the transaction sets\n"
+                         "       corvella export [OPTION...]     write transactions as tab-separated text\n"
+                         "       corvella report KIND [OPTION...]\n"
+                         "                                       write a report as a PDF file or as text\n"
+                         "       corvella COMMAND --help         what one command takes\n"
+                         "       corvella --version | --help\n");
 }
 
 QString status() {
-    return tr(
+    return UsageText::tr(
         "The commands show no window, read your own data file where --data names no other, and write nothing\n"
         "but their output. Their exit status is 0 when all of it was written, 1 when something failed, which one\n"
         "line on standard error tells, and 2 when the command line was not understood. An option that would be\n"
@@ -28,41 +28,43 @@ QString status() {
 }
 
 QString optionsOfAll() {
-    return tr("Options of every command:\n"
-              "  --data FILE                   the data file, which may be a pipe; - is standard input\n"
-              "  -h, --help                    this help\n");
+    return UsageText::tr("Options of every command:\n"
+                         "  --data FILE                   the data file, which may be a pipe; - is standard input\n"
+                         "  -h, --help                    this help\n");
 }
 
 QString optionsOfLists() {
-    return tr("Options of export and report:\n"
-              "  --range RANGE                 0 all (as without it), 1 this year and last, 2 last year,\n"
-              "                                3 this year, 4 last month, 5 this month, 6 last week, 7 this week;\n"
-              "                                or a DAY of the form below; not for the summary\n"
-              "  --from DAY --to DAY           these days and those between, in place of --range; each can stand\n"
-              "                                alone; the summary takes --from alone and begins with its period\n"
-              "  --set NAME                    the transaction set; otherwise the file's current one\n"
-              "  --today DAY                   the day that counts as today, none but a single one\n"
-              "  --output FILE                 otherwise, and for -, standard output\n"
-              "\n"
-              "DAY is a day (2014-01-31 or 2014/01/31), a month (2014-01), a year (2014) or today. --from takes the\n"
-              "first day of a month or year, --to the last, --range all of them.\n");
+    return UsageText::tr(
+        "Options of export and report:\n"
+        "  --range RANGE                 0 all (as without it), 1 this year and last, 2 last year,\n"
+        "                                3 this year, 4 last month, 5 this month, 6 last week, 7 this week;\n"
+        "                                or a DAY of the form below; not for the summary\n"
+        "  --from DAY --to DAY           these days and those between, in place of --range; each can stand\n"
+        "                                alone; the summary takes --from alone and begins with its period\n"
+        "  --set NAME                    the transaction set; otherwise the file's current one\n"
+        "  --today DAY                   the day that counts as today, none but a single one\n"
+        "  --output FILE                 otherwise, and for -, standard output\n"
+        "\n"
+        "DAY is a day (2014-01-31 or 2014/01/31), a month (2014-01), a year (2014) or today. --from takes the\n"
+        "first day of a month or year, --to the last, --range all of them.\n");
 }
 
 QString optionsOfExport() {
-    return tr("Options of export alone:\n"
-              "  --search KIND:TEXT            0 all text fields, 1 paid to, 2 for, 3 category, 4 tax,\n"
-              "                                5 user flag, 6 amount greater than, 7 equal to, 8 less than\n"
-              "  --sort COLUMN[:descending]    date, amount, tofrom, for, category, tax or userflag;\n"
-              "                                otherwise date:descending\n");
+    return UsageText::tr("Options of export alone:\n"
+                         "  --search KIND:TEXT            0 all text fields, 1 paid to, 2 for, 3 category, 4 tax,\n"
+                         "                                5 user flag, 6 amount greater than, 7 equal to, 8 less than\n"
+                         "  --sort COLUMN[:descending]    date, amount, tofrom, for, category, tax or userflag;\n"
+                         "                                otherwise date:descending\n");
 }
 
 QString optionsOfReport() {
-    return tr("KIND is transactions, averages, plan, percent, tax or summary. With --output the report is a PDF\n"
-              "file (--output - writes it to standard output), otherwise text with a tabulator between columns.\n"
-              "\n"
-              "Options of report alone:\n"
-              "  --period PERIOD               of the summary: day (as without it), week, two-weeks or month\n"
-              "  --paper a4|letter             of a PDF file: otherwise what is usual where you live\n");
+    return UsageText::tr(
+        "KIND is transactions, averages, plan, percent, tax or summary. With --output the report is a PDF\n"
+        "file (--output - writes it to standard output), otherwise text with a tabulator between columns.\n"
+        "\n"
+        "Options of report alone:\n"
+        "  --period PERIOD               of the summary: day (as without it), week, two-weeks or month\n"
+        "  --paper a4|letter             of a PDF file: otherwise what is usual where you live\n");
 }
 
 /// Parts with an empty line between them.
@@ -75,20 +77,23 @@ QString joined(const QStringList& parts) {
 QString CVUsage(const QString& command) {
     if (command == QLatin1String("check"))
         return joined(
-            {tr("Usage: corvella check [OPTION...]\n\nWrites how many transactions, categories and transaction "
-                "sets a data file holds, and the ID of the current set.\n"),
+            {UsageText::tr(
+                 "Usage: corvella check [OPTION...]\n\nWrites how many transactions, categories and transaction "
+                 "sets a data file holds, and the ID of the current set.\n"),
              optionsOfAll(), status()});
     if (command == QLatin1String("sets"))
-        return joined({tr("Usage: corvella sets [OPTION...]\n\nWrites the names of the transaction sets, one on each "
-                          "line, as --set takes them.\n"),
-                       optionsOfAll(), status()});
+        return joined(
+            {UsageText::tr("Usage: corvella sets [OPTION...]\n\nWrites the names of the transaction sets, one on each "
+                           "line, as --set takes them.\n"),
+             optionsOfAll(), status()});
     if (command == QLatin1String("export"))
         return joined(
-            {tr("Usage: corvella export [OPTION...]\n\nWrites the transactions of a set as tab-separated text: "
-                "date, amount, X where taxed, paid to, for, category.\n"),
+            {UsageText::tr(
+                 "Usage: corvella export [OPTION...]\n\nWrites the transactions of a set as tab-separated text: "
+                 "date, amount, X where taxed, paid to, for, category.\n"),
              optionsOfExport(), optionsOfLists(), optionsOfAll(), status()});
     if (command == QLatin1String("report"))
-        return joined({tr("Usage: corvella report KIND [OPTION...]\n"), optionsOfReport(), optionsOfLists(),
+        return joined({UsageText::tr("Usage: corvella report KIND [OPTION...]\n"), optionsOfReport(), optionsOfLists(),
                        optionsOfAll(), status()});
     return joined({commands(), status(), optionsOfAll(), optionsOfLists(), optionsOfExport(), optionsOfReport()});
 }

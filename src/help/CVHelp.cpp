@@ -13,9 +13,9 @@
 
 namespace {
 
-QString tr(const char* text) {
-    return QCoreApplication::translate("CVHelp", text);
-}
+struct HelpText {
+    Q_DECLARE_TR_FUNCTIONS(CVHelp)
+};
 
 } // namespace
 
@@ -40,12 +40,13 @@ void CVHelp::close() {
 bool CVHelp::open(QWidget& asker) {
     const auto file = CVHelpBook::fileForProgramIn(mProgramFolder);
     if (!file) {
-        tellOfProblem(tr("its file “corvella.qch” is missing"), asker);
+        tellOfProblem(HelpText::tr("its file “corvella.qch” is missing"), asker);
         return false;
     }
     auto book = std::make_unique<CVHelpBook>(*file);
     if (!book->problem().isEmpty()) {
-        tellOfProblem(tr("“%1” could not be read: %2").arg(QDir::toNativeSeparators(*file), book->problem()), asker);
+        tellOfProblem(HelpText::tr("“%1” could not be read: %2").arg(QDir::toNativeSeparators(*file), book->problem()),
+                      asker);
         return false;
     }
     mBook = std::move(book);
@@ -57,15 +58,17 @@ bool CVHelp::open(QWidget& asker) {
 
 void CVHelp::tellOfProblem(const QString& problem, QWidget& asker) {
     mAlerts.run(&asker,
-                {tr("The help book cannot be opened"),
-                 tr("Corvella's help cannot be shown, because %1. Your budget is not affected; install Corvella again "
-                    "to have its help.")
+                {HelpText::tr("The help book cannot be opened"),
+                 HelpText::tr(
+                     "Corvella's help cannot be shown, because %1. Your budget is not affected; install Corvella again "
+                     "to have its help.")
                      .arg(problem),
-                 tr("OK")});
+                 HelpText::tr("OK")});
 }
 
 void CVHelp::openWebPage(const QUrl& address) {
     if (!mURLs.openURL(address, mWindow.get()))
-        mAlerts.run(mWindow.get(), {tr("The web page cannot be opened"),
-                                    tr("No program on this computer opens “%1”.").arg(address.toString()), tr("OK")});
+        mAlerts.run(mWindow.get(), {HelpText::tr("The web page cannot be opened"),
+                                    HelpText::tr("No program on this computer opens “%1”.").arg(address.toString()),
+                                    HelpText::tr("OK")});
 }

@@ -36,7 +36,7 @@ private:
         double total = 0;
         for (const auto& transaction : transactions)
             total += transaction->amount();
-        return tr("Transaction Report for: %1  Total=%2")
+        return CVReport::tr("Transaction Report for: %1  Total=%2")
             .arg(QBDateFormatter().string(QBDate::date()), QBMoneyFormatter().string(RoundDoubleToTwoPlaces(total)));
     }
 
