@@ -34,7 +34,7 @@ public:
                   CVFilePanels& panels);
     ~CVAppDelegate() override;
 
-    /// Opens addresses; without it the user is told them. Outlives the delegate.
+    /// Opens addresses; without it none is opened. Outlives the delegate.
     void setURLOpener(CVURLOpener* opener) { mUpdates.setURLOpener(opener); }
     /// Shows help; without it there are no Help buttons. Outlives the delegate.
     void setHelp(CVHelpOpener* help) { mHelp = help; }
@@ -64,8 +64,6 @@ public:
     void contactTechSupport();
     void goToWebSite();
     void goToSupportForums();
-    /// The desktop has not opened an address that it had taken.
-    void tellNotOpened(const QUrl& address, QWidget* asker);
     void showPreferences();
     /// Returns when the user has closed the window.
     void showAbout();

@@ -2,7 +2,6 @@
 #include "app/CVAppDelegate.h"
 #include "app/CVEditorWindows.h"
 #include "app/CVSupportMail.h"
-#include "app/CVUpdateMessages.h"
 #include "base/CVSite.h"
 #include "model/CVDocument.h"
 #include "preferences/CVPreferenceWindowController.h"
@@ -76,11 +75,6 @@ void CVAppDelegate::goToWebSite() {
 
 void CVAppDelegate::goToSupportForums() {
     mUpdates.openAddress(QUrl(CVSite::supportForums()), mMainWindow->window());
-}
-
-void CVAppDelegate::tellNotOpened(const QUrl& address, QWidget* asker) {
-    QWidget* const main = mMainWindow ? mMainWindow->window() : nullptr;
-    mAlerts.run(asker ? asker : main, CVUpdateMessages::notOpened(address));
 }
 
 void CVAppDelegate::showAbout() {

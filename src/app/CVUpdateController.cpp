@@ -69,8 +69,8 @@ void CVUpdateController::checkNow(QWidget& asker) {
 }
 
 void CVUpdateController::openAddress(const QUrl& address, QWidget* asker) {
-    if (!mURLOpener || !mURLOpener->openURL(address, asker))
-        mAlerts.run(asker, CVUpdateMessages::notOpened(address));
+    if (mURLOpener)
+        mURLOpener->openURL(address, asker);
 }
 
 bool CVUpdateController::CVOfferUpgrade() {

@@ -26,7 +26,7 @@ public:
                        QObject& sender);
     ~CVUpdateController() override;
 
-    /// Without it no page opens, and the user is told the addresses.
+    /// Without it no page opens.
     void setURLOpener(CVURLOpener* opener) { mURLOpener = opener; }
     /// Asks another service than the bundle's, for another version.
     void setService(const CVUpdateService& service, CVFetchLimits limits);
@@ -38,8 +38,7 @@ public:
     /// unless the user cancels. Returns at once.
     void checkNow(QWidget& asker);
 
-    /// Opens a web page or a mail; tells the user its address, in the window from which the user asked, when no program
-    /// does.
+    /// Opens a web page or a mail, for that window.
     void openAddress(const QUrl& address, QWidget* asker);
 
 signals:

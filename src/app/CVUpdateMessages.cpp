@@ -3,7 +3,6 @@
 #include "base/CVSite.h"
 
 #include <QCoreApplication>
-#include <QUrl>
 
 namespace CVUpdateMessages {
 
@@ -50,16 +49,6 @@ CVAlert upToDate(const QString& name) {
     alert.style = CVAlert::Style::Information;
     alert.escapeAnswer = CVAlert::kDefault;
     return alert;
-}
-
-CVAlert notOpened(const QString& address) {
-    return {UpdateMessagesText::tr("No program could be opened for this address"),
-            UpdateMessagesText::tr("Please open it yourself, in a web browser or a mail program:\n\n%1").arg(address),
-            UpdateMessagesText::tr("OK")};
-}
-
-CVAlert notOpened(const QUrl& address) {
-    return notOpened(address.scheme() == QLatin1String("mailto") ? address.path() : address.toDisplayString());
 }
 
 CVAlert noDownload() {

@@ -121,7 +121,7 @@ int runOnlyWindow(CVRunningInstance& running, CVAlerts& alerts) {
     CVFileDialogs panels;
     CVCupsQueue printQueue;
     CVPrintDialogs printPanels(printQueue);
-    CVDesktopPrograms programs;
+    CVDesktopPrograms programs(alerts);
     QBUserDefaults defaults(QBUserDefaults::standardStore());
     printPanels.spare(
         [&defaults] { return defaults.stringForKey(CVDefaultsKeys::kDataFileLocation).value_or(QString()); });
@@ -131,7 +131,6 @@ int runOnlyWindow(CVRunningInstance& running, CVAlerts& alerts) {
     QObject::connect(&running, &CVRunningInstance::showRequested, &delegate, &CVAppDelegate::comeToFront);
     QObject::connect(&terminations, &CVTerminationSignals::received, &delegate, &CVAppDelegate::endWithoutAsking);
     QObject::connect(qApp, &QGuiApplication::commitDataRequest, &delegate, &CVAppDelegate::keepEverything);
-    QObject::connect(&programs, &CVDesktopPrograms::failed, &delegate, &CVAppDelegate::tellNotOpened);
     delegate.setURLOpener(&programs);
     delegate.setHelp(&help);
     delegate.setPrintPanels(&printPanels);

@@ -52,7 +52,7 @@ bool CVHelp::open(QWidget& asker) {
     mBook = std::move(book);
     mWindow = std::make_unique<CVHelpWindow>(*mBook, mDefaults);
     QObject::connect(mWindow.get(), &CVHelpWindow::webPageRequested, mWindow.get(),
-                     [this](const QUrl& address) { openWebPage(address); });
+                     [this](const QUrl& address) { mURLs.openURL(address, mWindow.get()); });
     return true;
 }
 
@@ -64,11 +64,4 @@ void CVHelp::tellOfProblem(const QString& problem, QWidget& asker) {
                      "to have its help.")
                      .arg(problem),
                  HelpText::tr("OK")});
-}
-
-void CVHelp::openWebPage(const QUrl& address) {
-    if (!mURLs.openURL(address, mWindow.get()))
-        mAlerts.run(mWindow.get(), {HelpText::tr("The web page cannot be opened"),
-                                    HelpText::tr("No program on this computer opens “%1”.").arg(address.toString()),
-                                    HelpText::tr("OK")});
 }

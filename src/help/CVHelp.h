@@ -9,7 +9,6 @@ class CVHelpBook;
 class CVHelpWindow;
 class CVURLOpener;
 class QBUserDefaults;
-class QUrl;
 
 /// Help for the whole program: opens the book and its one window when they are first asked for. References what it
 /// is given, all of which outlives it.
@@ -30,7 +29,6 @@ public:
 private:
     [[nodiscard]] bool open(QWidget& asker);
     void tellOfProblem(const QString& problem, QWidget& asker);
-    void openWebPage(const QUrl& address);
 
     QString mProgramFolder;
     CVAlerts& mAlerts;

@@ -6,15 +6,22 @@
 #include <QUrl>
 #include <QWidget>
 
+class CVAlerts;
+
 /// The programs that the user's desktop has chosen for web pages and mail. What is opened goes on when Corvella ends.
 class CVDesktopPrograms final : public QObject, public CVURLOpener {
     Q_OBJECT
 
 public:
-    [[nodiscard]] bool openURL(const QUrl& address, QWidget* asker) override;
+    /// The alerts outlive it.
+    explicit CVDesktopPrograms(CVAlerts& alerts) : mAlerts(alerts) {}
 
-signals:
-    /// The desktop, which had taken the address, found no program for it, or none that would start.
+    /// The desktop may take an address, and find later that it has no program for it, or none that would start.
+    void openURL(const QUrl& address, QWidget* asker) override;
+
+private:
     /// `asker` is null where its window has closed meanwhile.
-    void failed(const QUrl& address, QWidget* asker);
+    void tellNotOpened(const QUrl& address, QWidget* asker);
+
+    CVAlerts& mAlerts;
 };

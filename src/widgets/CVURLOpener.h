@@ -6,8 +6,9 @@ class QWidget;
 /// Opens addresses in the user's own programs: web pages in the browser, mail addresses in the mail program.
 class CVURLOpener {
 public:
-    /// False when no program takes the address. `asker` is the window in which the user asked for it; null for none.
-    [[nodiscard]] virtual bool openURL(const QUrl& address, QWidget* asker) = 0;
+    /// Returns at once. Where no program opens the address, the user is told it: now or later, in the window from which
+    /// the user asked, `asker`; null for none.
+    virtual void openURL(const QUrl& address, QWidget* asker) = 0;
 
 protected:
     ~CVURLOpener() = default;

@@ -3,21 +3,23 @@
 #include "widgets/CVURLOpener.h"
 
 #include <QList>
+#include <QStringList>
 #include <QUrl>
+#include <QWidget>
 
 /// Opens nothing, and remembers what it was asked to open.
 class ScriptedURLs final : public CVURLOpener {
 public:
-    [[nodiscard]] bool openURL(const QUrl& address, QWidget* /*asker*/) override {
+    void openURL(const QUrl& address, QWidget* asker) override {
         mOpened.append(address);
-        return mHasPrograms;
+        mAskers.append(asker ? asker->window()->windowTitle() : QString());
     }
 
-    /// As on a machine where no program takes an address.
-    void removePrograms() { mHasPrograms = false; }
     [[nodiscard]] const QList<QUrl>& opened() const { return mOpened; }
+    /// The title of the window from which each was asked for; null for none.
+    [[nodiscard]] const QStringList& askers() const { return mAskers; }
 
 private:
     QList<QUrl> mOpened;
-    bool mHasPrograms = true;
+    QStringList mAskers;
 };
