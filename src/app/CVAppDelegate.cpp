@@ -8,6 +8,7 @@
 #include "widgets/CVAlerts.h"
 #include "workspace/CVMainWindowController.h"
 #include "workspace/controls/CVSaveStatus.h"
+#include "workspace/printing/CVPrintPanels.h"
 
 #include <QMainWindow>
 #include <QSettings>
@@ -27,6 +28,12 @@ CVAppDelegate::CVAppDelegate(std::unique_ptr<QSettings> settings, CVStandardFold
 }
 
 CVAppDelegate::~CVAppDelegate() = default;
+
+void CVAppDelegate::setPrintPanels(CVPrintPanels* panels) {
+    mPrintPanels = panels;
+    if (panels)
+        panels->spare([this] { return mFile.dataFiles(); });
+}
 
 bool CVAppDelegate::applicationDidFinishLaunching() {
     mUpdates.checkAutomatically(mUserDefaults.integerForKey(CVDefaultsKeys::kCheckUpdatesAutomatically));

@@ -39,7 +39,7 @@ public:
     /// Shows help; without it there are no Help buttons. Outlives the delegate.
     void setHelp(CVHelpOpener* help) { mHelp = help; }
     /// Through which everything is printed; without them nothing is. They outlive the delegate.
-    void setPrintPanels(CVPrintPanels* panels) { mPrintPanels = panels; }
+    void setPrintPanels(CVPrintPanels* panels);
 
     /// Hears how far the reading of the data file has come (see `CVDocumentFile`); none at first.
     void setReadingProgress(std::function<bool(double part)> progress) {

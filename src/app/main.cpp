@@ -5,7 +5,6 @@
 #include "app/CVStartMessages.h"
 #include "app/CVTerminationSignals.h"
 #include "base/CVBundle.h"
-#include "base/CVDefaultsKeys.h"
 #include "base/CVRuntimeFolder.h"
 #include "base/QBUserDefaults.h"
 #include "commands/CVCheckCommand.h"
@@ -123,8 +122,6 @@ int runOnlyWindow(CVRunningInstance& running, CVAlerts& alerts) {
     CVPrintDialogs printPanels(printQueue);
     CVDesktopPrograms programs(alerts);
     QBUserDefaults defaults(QBUserDefaults::standardStore());
-    printPanels.spare(
-        [&defaults] { return defaults.stringForKey(CVDefaultsKeys::kDataFileLocation).value_or(QString()); });
     CVHelp help(QCoreApplication::applicationDirPath(), alerts, defaults, programs);
     CVAppDelegate delegate(QBUserDefaults::standardStore(), CVStandardFolders::ofUser(), alerts, panels);
     const CVTerminationSignals terminations;

@@ -63,13 +63,6 @@ CVLoadReport CVReadOnlyBudget::load(const QString& path) {
     return file.readFromOpenFile(mDocument, input);
 }
 
-QStringList CVReadOnlyBudget::dataFiles() {
-    QStringList files{mPath};
-    for (const auto look : {CVLookForExisting::Yes, CVLookForExisting::No}) {
-        const auto own = look == CVLookForExisting::Yes ? CVStandardDataFileURL(look, mFolders, mUserDefaults)
-                                                        : CVPathForSaving(mFolders, mUserDefaults);
-        if (own)
-            files.append(*own);
-    }
-    return files;
+QStringList CVReadOnlyBudget::dataFiles() const {
+    return QStringList{mPath} + CVOwnDataFiles(mFolders, mUserDefaults);
 }

@@ -19,7 +19,7 @@ public:
     /// False after one line on `errors` that says why it could not be read.
     [[nodiscard]] bool read(const std::optional<QString>& dataFile, QTextStream& errors);
     /// The file that was read, and the user's own: no output may take their places.
-    [[nodiscard]] QStringList dataFiles();
+    [[nodiscard]] QStringList dataFiles() const;
 
     [[nodiscard]] CVDocument& document() { return mDocument; }
     [[nodiscard]] QBUserDefaults& userDefaults() { return mUserDefaults; }

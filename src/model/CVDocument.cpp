@@ -59,6 +59,10 @@ bool CVDocument::workbookSave() {
     return !mSaver || mSaver->workbookSave(*this);
 }
 
+QStringList CVDocument::dataFiles() const {
+    return mSaver ? mSaver->dataFiles() : QStringList();
+}
+
 const std::shared_ptr<CVTransactionSet>& CVDocument::objectInTransactionSetsAtIndex(std::size_t index) const {
     return mTransactionSets.at(index);
 }

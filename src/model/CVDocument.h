@@ -2,7 +2,7 @@
 
 #include "base/QBDate.h"
 
-#include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <optional>
@@ -35,6 +35,8 @@ public:
     void setSaver(CVDocumentSaver* saver) { mSaver = saver; }
     /// Begins to save the present state and returns true at once.
     bool workbookSave();
+    /// Where a budget lies or is to be kept: no output may take these places. None without a saver.
+    [[nodiscard]] QStringList dataFiles() const;
 
     [[nodiscard]] QBNotificationCenter& notificationCenter() const { return mNotificationCenter; }
     [[nodiscard]] QBUserDefaults& userDefaults() const { return mUserDefaults; }

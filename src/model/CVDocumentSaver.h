@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QStringList>
+
 class CVDocument;
 
 /// Where a document sends itself to be kept; the storage floor implements it.
@@ -7,6 +9,8 @@ class CVDocumentSaver {
 public:
     /// Begins to save the document's present state and returns true at once; the outcome is announced by the saver.
     virtual bool workbookSave(CVDocument& document) = 0;
+    /// Where a budget lies or is to be kept: no output may take these places.
+    [[nodiscard]] virtual QStringList dataFiles() const = 0;
 
 protected:
     ~CVDocumentSaver() = default;

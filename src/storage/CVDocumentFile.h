@@ -57,6 +57,7 @@ public:
     [[nodiscard]] static std::optional<CVDocumentText> dataOfType(const CVDocument& document, const QString& type);
 
     bool workbookSave(CVDocument& document) override;
+    [[nodiscard]] QStringList dataFiles() const override { return CVOwnDataFiles(mFolders, mDefaults); }
     [[nodiscard]] CVSaveQueue& saves() { return mSaves; }
 
 private:

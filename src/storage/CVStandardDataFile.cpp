@@ -20,7 +20,7 @@ void store(QBUserDefaults& defaults, const QString& path) {
     defaults.synchronize();
 }
 
-std::optional<QString> locateExisting(const CVStandardFolders& folders, QBUserDefaults& defaults) {
+std::optional<QString> findExisting(const CVStandardFolders& folders, const QBUserDefaults& defaults) {
     auto preferred = defaults.stringForKey(CVDefaultsKeys::kDataFileLocation);
     if (preferred && QFileInfo(*preferred).isFile())
         return preferred;
@@ -31,12 +31,17 @@ std::optional<QString> locateExisting(const CVStandardFolders& folders, QBUserDe
     for (const Place& place : {Place{folders.documents, kFolder}, Place{folders.applicationSupport, kFolder},
                                Place{folders.applicationSupport, kOlderFolder}}) {
         const QString path = place.base + place.folder + '/' + kFile;
-        if (!place.base.isEmpty() && QFileInfo(path).isFile()) {
-            store(defaults, path);
+        if (!place.base.isEmpty() && QFileInfo(path).isFile())
             return path;
-        }
     }
     return std::nullopt;
+}
+
+std::optional<QString> locateExisting(const CVStandardFolders& folders, QBUserDefaults& defaults) {
+    auto path = findExisting(folders, defaults);
+    if (path && path != defaults.stringForKey(CVDefaultsKeys::kDataFileLocation))
+        store(defaults, *path);
+    return path;
 }
 
 std::optional<QString> locateForSaving(const CVStandardFolders& folders, QBUserDefaults& defaults) {
@@ -62,6 +67,15 @@ std::optional<QString> CVPathForSaving(const CVStandardFolders& folders, const Q
     if (folders.applicationSupport.isEmpty())
         return std::nullopt;
     return folders.applicationSupport + kFolder + '/' + kFile;
+}
+
+QStringList CVOwnDataFiles(const CVStandardFolders& folders, const QBUserDefaults& defaults) {
+    QStringList files;
+    for (const auto& file : {CVPathForSaving(folders, defaults), findExisting(folders, defaults)}) {
+        if (file && !files.contains(*file))
+            files.append(*file);
+    }
+    return files;
 }
 
 std::optional<QString> CVStandardDataFileURL(CVLookForExisting look, const CVStandardFolders& folders,

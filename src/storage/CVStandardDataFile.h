@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -19,6 +19,10 @@ enum class CVLookForExisting : bool { No, Yes };
 /// Where the data file is to be saved, without making or storing anything: the preference, else the standard place.
 /// Absent when there is neither.
 [[nodiscard]] std::optional<QString> CVPathForSaving(const CVStandardFolders& folders, const QBUserDefaults& defaults);
+
+/// The user's own data file and the place where it is to be saved, without making or storing anything: no output may
+/// take their places.
+[[nodiscard]] QStringList CVOwnDataFiles(const CVStandardFolders& folders, const QBUserDefaults& defaults);
 
 /// Where the data file is (Yes, for opening) or is to be (No, for saving). Opening tries the preference
 /// "Data File Location", then the standard places, and stores where it found the file; absent when there is none.

@@ -6,6 +6,7 @@
 #include "kit/ScratchHome.h"
 #include "kit/ScriptedAlerts.h"
 #include "kit/ScriptedPanels.h"
+#include "kit/ScriptedPrintPanels.h"
 #include "model/CVDocument.h"
 #include "model/CVTransaction.h"
 #include "workspace/CVMainWindowController.h"
@@ -118,6 +119,17 @@ TEST_F(CVAppDelegateTest, AFirstStartWritesNothingUntilSomethingIsRecorded) {
     EXPECT_GT(delegate->document().countOfCategories(), 20U);
     quit(delegate);
     EXPECT_FALSE(QFile::exists(dataFile()));
+}
+
+TEST_F(CVAppDelegateTest, NoOutputMayTakeThePlaceOfTheDataFileAndNotBeforeItsFirstSaveEither) {
+    ScriptedPrintPanels printPanels;
+    auto delegate = start();
+    delegate->setPrintPanels(&printPanels);
+    EXPECT_EQ(printPanels.spared(), QStringList{dataFile()});
+    EXPECT_EQ(delegate->document().dataFiles(), QStringList{dataFile()});
+    record(*delegate, "5", "Dr. Lee", "Medical");
+    EXPECT_EQ(printPanels.spared(), QStringList{dataFile()});
+    quit(delegate);
 }
 
 TEST_F(CVAppDelegateTest, SaysThatAllIsSavedOnlyWhenThereIsAFile) {

@@ -9,8 +9,12 @@ public:
         ++mCount;
         return true;
     }
+    [[nodiscard]] QStringList dataFiles() const override { return mDataFiles; }
+    /// Where the budget is said to lie.
+    void setDataFiles(const QStringList& files) { mDataFiles = files; }
     [[nodiscard]] int count() const { return mCount; }
 
 private:
+    QStringList mDataFiles;
     int mCount = 0;
 };

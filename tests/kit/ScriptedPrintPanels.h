@@ -22,6 +22,7 @@ public:
         QPageSize::PageSizeId paper;
     };
 
+    void spare(std::function<QStringList()> dataFiles) override { mDataFiles = std::move(dataFiles); }
     [[nodiscard]] std::optional<QString> print(QWidget& /*window*/, CVReportView& view) override {
         return show(Panel::Print, view);
     }
@@ -42,6 +43,8 @@ public:
     void meanwhile(std::function<void()> action) { mMeanwhile = std::move(action); }
 
     [[nodiscard]] const QList<Shown>& shown() const { return mShown; }
+    /// The files whose places no file of pages may take.
+    [[nodiscard]] QStringList spared() const { return mDataFiles ? mDataFiles() : QStringList(); }
     /// As they were before the user changed them.
     [[nodiscard]] const QList<CVPrintInfo>& setUps() const { return mSetUps; }
 
@@ -54,6 +57,7 @@ private:
         return mFailure;
     }
 
+    std::function<QStringList()> mDataFiles;
     QList<Shown> mShown;
     QList<CVPrintInfo> mSetUps;
     std::optional<QString> mFailure;

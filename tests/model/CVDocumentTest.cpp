@@ -32,6 +32,7 @@ public:
                           document.userDefaults().integerForKey(CVDefaultsKeys::kNumberOfItems)});
         return mAnswer;
     }
+    [[nodiscard]] QStringList dataFiles() const override { return {"own"}; }
     [[nodiscard]] const std::vector<Save>& saves() const { return mSaves; }
     void setAnswer(bool answer) { mAnswer = answer; }
 

@@ -202,6 +202,20 @@ private:
     QByteArray mPrevious;
 };
 
+TEST_F(CVStandardDataFileTest, isKnownWithThePlaceOfTheNextSaveAndNothingIsMadeOrRemembered) {
+    EXPECT_EQ(CVOwnDataFiles(mFolders, mHome.userDefaults()), QStringList{pathOf(Place::Support)});
+    EXPECT_FALSE(QFileInfo::exists(mFolders.applicationSupport));
+    writeFile(pathOf(Place::Documents), "data");
+    EXPECT_EQ(CVOwnDataFiles(mFolders, mHome.userDefaults()),
+              (QStringList{pathOf(Place::Support), pathOf(Place::Documents)}));
+    EXPECT_EQ(preference(), std::nullopt);
+    prefer(pathOf(Place::Preferred));
+    EXPECT_EQ(CVOwnDataFiles(mFolders, mHome.userDefaults()),
+              (QStringList{pathOf(Place::Preferred), pathOf(Place::Documents)}));
+    writeFile(pathOf(Place::Preferred), "data");
+    EXPECT_EQ(CVOwnDataFiles(mFolders, mHome.userDefaults()), QStringList{pathOf(Place::Preferred)});
+}
+
 TEST(CVStandardFoldersTest, areWhereTheUserKeepsDataAndDocuments) {
     const ScratchHome home;
     const Environment itself("HOME", home.path());

@@ -12,6 +12,7 @@
 class SaveCounter final : public CVDocumentSaver {
 public:
     bool workbookSave(CVDocument& document) override;
+    [[nodiscard]] QStringList dataFiles() const override { return {}; }
 
     [[nodiscard]] int count() const { return mCount; }
 

@@ -1,4 +1,4 @@
-#include "base/CVDefaultsKeys.h"
+#include "kit/CountingSaver.h"
 #include "workspace/MainWindowFixture.h"
 
 #include <QComboBox>
@@ -41,7 +41,9 @@ TEST_F(MainWindowDuplicatesExportTest, TheExportIsRefusedOntoTheDataFile) {
     QFile file(dataFile);
     ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.write("a budget") > 0 && file.flush());
     ASSERT_TRUE(QFile::link(dataFile, link));
-    document().userDefaults().setString(CVDefaultsKeys::kDataFileLocation, dataFile);
+    CountingSaver saver;
+    saver.setDataFiles({dataFile});
+    document().setSaver(&saver);
     for (const QString& path : {dataFile, link}) {
         mPanels.answer(path);
         mController->exportTransactions();
@@ -53,6 +55,7 @@ TEST_F(MainWindowDuplicatesExportTest, TheExportIsRefusedOntoTheDataFile) {
     EXPECT_EQ(mAlerts.shown().size(), 2);
     file.seek(0);
     EXPECT_EQ(file.readAll(), "a budget");
+    document().setSaver(nullptr);
 }
 
 TEST_F(MainWindowDuplicatesExportTest, AnExportOntoAFullDeviceIsTold) {

@@ -2,10 +2,6 @@
 
 #include "workspace/printing/CVPrintPanels.h"
 
-#include <QStringList>
-
-#include <functional>
-
 class CVPrintQueue;
 
 /// The toolkit's own dialogs. A file is written by the program itself, as the command line writes it; what goes to a
@@ -15,16 +11,14 @@ public:
     /// The queue outlives the dialogs.
     explicit CVPrintDialogs(CVPrintQueue& queue) : mQueue(queue) {}
 
-    /// No file of pages may take the place of that one, which is asked for whenever one is written.
-    void spare(std::function<QString()> dataFile) { mDataFile = std::move(dataFile); }
-
+    void spare(std::function<QStringList()> dataFiles) override { mDataFiles = std::move(dataFiles); }
     [[nodiscard]] std::optional<QString> print(QWidget& window, CVReportView& view) override;
     [[nodiscard]] std::optional<QString> preview(QWidget& window, CVReportView& view) override;
     void setUpPage(QWidget& window, CVPrintInfo& printInfo) override;
 
 private:
-    [[nodiscard]] QStringList spared() const { return mDataFile ? QStringList{mDataFile()} : QStringList(); }
+    [[nodiscard]] QStringList spared() const { return mDataFiles ? mDataFiles() : QStringList(); }
 
     CVPrintQueue& mQueue;
-    std::function<QString()> mDataFile;
+    std::function<QStringList()> mDataFiles;
 };

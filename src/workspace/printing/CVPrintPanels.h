@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
+#include <functional>
 #include <optional>
 
 class CVReportView;
@@ -12,6 +13,8 @@ struct CVPrintInfo;
 /// as it is.
 class CVPrintPanels {
 public:
+    /// No file of pages may take the place of these files, which are asked for whenever one is written.
+    virtual void spare(std::function<QStringList()> dataFiles) = 0;
     /// Lets the user choose a printer, or a file, and prints on it, with a way to cancel. What the user chose holds for
     /// this printing. Absent when all is well, which a cancelled printing is too; else what went wrong.
     [[nodiscard]] virtual std::optional<QString> print(QWidget& window, CVReportView& view) = 0;

@@ -114,8 +114,7 @@ void CVTransactionsTabController::writeExport(const QString& path) {
     progress.hide();
     if (!text)
         return;
-    const auto dataFile = mDocument.userDefaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
-    if (const auto failure = CVWriteExport(path, *text, dataFile ? QStringList{*dataFile} : QStringList()))
+    if (const auto failure = CVWriteExport(path, *text, mDocument.dataFiles()))
         mAlerts.run(mTab.window(),
                     {tr("The transactions were not exported"),
                      tr("The file “%1” could not be written: %2. Your budget is not affected; choose another place and "

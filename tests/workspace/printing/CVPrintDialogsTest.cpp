@@ -23,7 +23,7 @@ TEST_F(PrintDialogs, RefuseToPrintOverTheDataFile) {
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("a budget") > 0 && file.flush());
     QString dataFile;
-    dialogs.spare([&dataFile] { return dataFile; });
+    dialogs.spare([&dataFile] { return QStringList{dataFile}; });
     dataFile = path;
     chooseFile();
     const auto failure = dialogs.print(window, view);
