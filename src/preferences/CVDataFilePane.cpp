@@ -2,6 +2,7 @@
 
 #include "base/CVBundle.h"
 #include "base/CVDefaultsKeys.h"
+#include "base/CVFileSignature.h"
 #include "base/QBUserDefaults.h"
 #include "model/CVDocument.h"
 #include "preferences/CVPreferenceHost.h"
@@ -35,14 +36,6 @@ bool isOtherWindowWaiting() {
     waiting->raise();
     waiting->activateWindow();
     return true;
-}
-
-/// Whether the two paths lead to one place, by whatever way.
-bool isSamePlace(const QString& path, const QString& other) {
-    if (QDir::cleanPath(path) == QDir::cleanPath(other))
-        return true;
-    const QString canonical = QFileInfo(path).canonicalFilePath();
-    return !canonical.isEmpty() && canonical == QFileInfo(other).canonicalFilePath();
 }
 
 } // namespace
@@ -93,7 +86,7 @@ void CVDataFilePane::changeFileLocation() {
         return;
     const auto path = choosePath();
     const auto present = store().defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
-    if (!path || (present && isSamePlace(*path, *present)))
+    if (!path || (present && CVIsSameFile(*path, *present)))
         return;
     if (!QFileInfo(*path).isFile())
         return _cv_change_document_path(*path, Replace::Yes);

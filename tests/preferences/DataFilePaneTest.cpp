@@ -106,6 +106,16 @@ TEST_F(DataFilePane, TheFolderThatHoldsTheFileChangesNothing) {
     EXPECT_EQ(mPanels.foldersAsked().size(), 4);
 }
 
+TEST_F(DataFilePane, TheFolderInWhichTheFileIsMissingChangesNothing) {
+    defaults().setString(CVDefaultsKeys::kDataFileLocation, dataFileIn("old"));
+    QFile::link(mHome.path("old"), mHome.path("link to old"));
+    open();
+    for (const char* const folder : {"old", "link to old"})
+        changeTo(folder);
+    EXPECT_EQ(defaults().stringForKey(CVDefaultsKeys::kDataFileLocation), dataFileIn("old"));
+    EXPECT_EQ(mSaver.count(), 0);
+}
+
 TEST_F(DataFilePane, AFileThatIsThereIsAskedAbout) {
     const QByteArray home = qgetenv("HOME");
     qputenv("HOME", mHome.path().toUtf8());
