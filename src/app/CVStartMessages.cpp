@@ -11,6 +11,12 @@ struct StartMessagesText {
     Q_DECLARE_TR_FUNCTIONS(CVStartMessages)
 };
 
+QString quoted(QStringList files) {
+    for (QString& file : files)
+        file = StartMessagesText::tr("“%1”").arg(file);
+    return files.join(QStringLiteral(", "));
+}
+
 } // namespace
 
 CVAlert otherIsSilent() {
@@ -22,16 +28,18 @@ CVAlert otherIsSilent() {
         StartMessagesText::tr("Try Again"), StartMessagesText::tr("Quit")};
 }
 
-CVAlert notOpened(const QString& argument, const QString& dataFile) {
+CVAlert notOpened(const QStringList& files, const QString& dataFile) {
     const QString own = dataFile.isEmpty()
                             ? QString()
                             : StartMessagesText::tr("Your data file is “%1”. ").arg(QDir::toNativeSeparators(dataFile));
     CVAlert alert{
         StartMessagesText::tr("Corvella opens your own data file only"),
-        StartMessagesText::tr(
-            "“%1” is not opened. %2To use a budget in another place, start Corvella without a file and change the "
-            "location of your data file in its preferences.")
-            .arg(argument, own),
+        (files.size() == 1 ? StartMessagesText::tr("%1 is not opened.") : StartMessagesText::tr("%1 are not opened."))
+                .arg(quoted(files)) +
+            u' ' + own +
+            StartMessagesText::tr(
+                "To use a budget in another place, start Corvella without a file and change the location of your data "
+                "file in its preferences."),
         StartMessagesText::tr("OK")};
     alert.style = CVAlert::Style::Information;
     return alert;

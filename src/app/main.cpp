@@ -1,5 +1,6 @@
 #include "app/CVAppDelegate.h"
 #include "app/CVClaimInstance.h"
+#include "app/CVDisplayRefusal.h"
 #include "app/CVReadingPanel.h"
 #include "app/CVRunningInstance.h"
 #include "app/CVStartMessages.h"
@@ -32,6 +33,7 @@
 #include <QTextStream>
 
 #include <cstdio>
+#include <memory>
 #include <optional>
 
 namespace {
@@ -81,30 +83,35 @@ int runWithoutWindow(const CVCommandLine& line) {
     }
 }
 
-/// What the toolkit has not taken for itself: an option that nobody knows, or a file that a file manager, say, wants
-/// opened. Somebody who has double-clicked the file sees no standard error; without a display there are no alerts
-/// (null).
-int refuseArgument(const QString& argument, CVAlerts* alerts) {
-    QTextStream errors(stderr);
-    if (argument.startsWith('-'))
-        return refuse(errors, QCoreApplication::translate("main", "there is no option \"%1\"").arg(argument));
+QString ownDataFile() {
     const CVStandardFolders folders = CVStandardFolders::ofUser();
     QBUserDefaults defaults(QBUserDefaults::standardStore(), QBUserDefaults::Changes::Forgotten);
     auto own = CVStandardDataFileURL(CVLookForExisting::Yes, folders, defaults);
     if (!own)
         own = CVPathForSaving(folders, defaults);
-    CVWriteErrorLine(errors, QCoreApplication::translate(
-                                 "main", "\"%1\" is not opened: Corvella opens your own data file only, \"%2\"")
-                                 .arg(argument, QDir::toNativeSeparators(own.value_or(QString()))));
-    if (alerts)
-        alerts->run(nullptr, CVStartMessages::notOpened(argument, own.value_or(QString())));
-    return kUsageError;
+    return own.value_or(QString());
+}
+
+/// Files that a file manager, say, wants opened, or what was meant to be a command.
+void refuseFiles(const QStringList& files) {
+    QTextStream errors(stderr);
+    const QString named = u'"' + files.join(QStringLiteral("\", \"")) + u'"';
+    const QString refusal =
+        files.size() == 1
+            ? QCoreApplication::translate("main", "%1 is not opened: Corvella opens your own data file only, \"%2\"")
+            : QCoreApplication::translate("main", "%1 are not opened: Corvella opens your own data file only, \"%2\"");
+    CVWriteErrorLine(errors, refusal.arg(named, QDir::toNativeSeparators(ownDataFile())));
+}
+
+/// `why` is put before what does without a display.
+QString withoutDisplay(const QString& why) {
+    return QCoreApplication::translate("main", "%1; the commands that \"corvella --help\" lists need none").arg(why);
 }
 
 int refuseWithoutDisplay() {
     QTextStream errors(stderr);
-    CVWriteErrorLine(errors, QCoreApplication::translate("main", "there is no display to show your budget on; the "
-                                                                 "commands that \"corvella --help\" lists need none"));
+    CVWriteErrorLine(errors,
+                     withoutDisplay(QCoreApplication::translate("main", "there is no display to show your budget on")));
     return kFailure;
 }
 
@@ -143,15 +150,31 @@ int runOnlyWindow(CVRunningInstance& running, CVAlerts& alerts) {
     return status;
 }
 
-int runWindow(int& argc, char** argv) {
+/// Where the display that is named does not answer, the program ends here.
+std::unique_ptr<QApplication> connectToDisplay(int& argc, char** argv, bool isRefused) {
     std::optional<CVRuntimeFolder> runtimeFolder(std::in_place);
-    const QApplication application(argc, argv);
-    runtimeFolder.reset();
+    const CVDisplayRefusal refusal(isRefused ? QString()
+                                             : withoutDisplay(QCoreApplication::translate(
+                                                   "main", "the display to show your budget on does not answer")),
+                                   isRefused ? kUsageError : kFailure, [&runtimeFolder] { runtimeFolder.reset(); });
+    return std::make_unique<QApplication>(argc, argv);
+}
+
+int runWindow(int& argc, char** argv, const QStringList& files) {
+    const auto application = connectToDisplay(argc, argv, !files.isEmpty());
     CVAlertPanel alerts;
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/corvella.png")));
     QGuiApplication::setDesktopFileName(QStringLiteral("corvella"));
-    if (QCoreApplication::arguments().size() > 1)
-        return refuseArgument(QCoreApplication::arguments().at(1), &alerts);
+    if (!files.isEmpty()) {
+        // Somebody who has double-clicked the file sees no standard error.
+        alerts.run(nullptr, CVStartMessages::notOpened(files, ownDataFile()));
+        return kUsageError;
+    }
+    // An option of another platform than the one that the toolkit has chosen.
+    if (const QStringList rest = QCoreApplication::arguments().mid(1); !rest.isEmpty()) {
+        QTextStream errors(stderr);
+        return refuse(errors, QCoreApplication::translate("main", "there is no option \"%1\"").arg(rest.constFirst()));
+    }
     CVAccessibleComboBox::install();
     CVRunningInstance running(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
     switch (CVClaimInstance(running, alerts, kPatience)) {
@@ -175,10 +198,11 @@ int main(int argc, char** argv) {
         arguments.append(QString::fromLocal8Bit(argv[i]));
     const CVCommandLine line = CVCommandLine::parse(arguments);
     if (line.action == CVCommandLine::Action::OpenWindow) {
+        if (!line.files.isEmpty())
+            refuseFiles(line.files);
         if (CVToolkitOptions::take(arguments.mid(1)).hasDisplay())
-            return runWindow(argc, argv);
-        const QCoreApplication application(argc, argv);
-        return line.file ? refuseArgument(*line.file, nullptr) : refuseWithoutDisplay();
+            return runWindow(argc, argv, line.files);
+        return line.files.isEmpty() ? refuseWithoutDisplay() : kUsageError;
     }
     qInstallMessageHandler(dropRemarks);
     if (line.action == CVCommandLine::Action::Report && line.reportRequest.needsFonts()) {

@@ -80,7 +80,7 @@ CVCommandLine parseWindow(const QStringList& arguments) {
             return {.action = Action::Refuse,
                     .problem = CommandLineText::tr("there is no option \"%1\"").arg(argument)};
     }
-    return {.file = rest.isEmpty() ? std::nullopt : std::optional(rest.constFirst())};
+    return {.files = rest};
 }
 
 } // namespace

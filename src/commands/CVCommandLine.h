@@ -18,8 +18,8 @@ struct CVCommandLine {
     QString command = {};
     /// Why the arguments are refused.
     QString problem = {};
-    /// A file that the window is to open; absent: none.
-    std::optional<QString> file = std::nullopt;
+    /// What the window is to open: files, or what was meant to be a command.
+    QStringList files = {};
     /// What `export` is to write.
     CVExportRequest exportRequest = {};
     /// What `report` is to write.

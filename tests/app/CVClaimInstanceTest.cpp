@@ -59,11 +59,13 @@ TEST_F(CVClaimInstanceTest, StartsOnceTheOtherHasEnded) {
 }
 
 TEST(CVStartMessages, AFileThatIsNotOpenedIsToldWithTheOneThatIs) {
-    const CVAlert alert = CVStartMessages::notOpened("theirs.corvella", "own/Corvella Data.corvella");
+    const CVAlert alert = CVStartMessages::notOpened({"theirs.corvella"}, "own/Corvella Data.corvella");
     EXPECT_TRUE(alert.message.contains("“theirs.corvella” is not opened.")) << alert.message.toStdString();
     EXPECT_TRUE(alert.message.contains("“own/Corvella Data.corvella”")) << alert.message.toStdString();
     EXPECT_EQ(alert.alternateButton, "");
-    EXPECT_FALSE(CVStartMessages::notOpened("x", "").message.contains("“”"));
+    const CVAlert two = CVStartMessages::notOpened({"a", "b"}, "");
+    EXPECT_TRUE(two.message.startsWith("“a”, “b” are not opened. To use")) << two.message.toStdString();
+    EXPECT_FALSE(CVStartMessages::notOpened({"x"}, "").message.contains("“”"));
 }
 
 } // namespace

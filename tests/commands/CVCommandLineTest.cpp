@@ -72,12 +72,13 @@ TEST(CVCommandLine, TellsWhatIsAskedFor) {
     }
 }
 
-TEST(CVCommandLine, RemembersTheCommandAndTheFile) {
+TEST(CVCommandLine, RemembersTheCommandAndEveryFile) {
     EXPECT_EQ(CVCommandLine::parse({"corvella", "export", "--nonsense"}).command, "export");
     EXPECT_EQ(CVCommandLine::parse({"corvella", "report", "-h"}).command, "report");
     EXPECT_EQ(CVCommandLine::parse({"corvella", "--help"}).command, "");
-    EXPECT_EQ(CVCommandLine::parse({"corvella", "-style", "x", "some file"}).file, "some file");
-    EXPECT_EQ(CVCommandLine::parse({"corvella", "-style", "x"}).file, std::nullopt);
+    EXPECT_EQ(CVCommandLine::parse({"corvella", "-style", "x", "some file"}).files, QStringList{"some file"});
+    EXPECT_EQ(CVCommandLine::parse({"corvella", "a", "-style", "x", "b"}).files, (QStringList{"a", "b"}));
+    EXPECT_EQ(CVCommandLine::parse({"corvella", "-style", "x"}).files, QStringList());
 }
 
 TEST(CVCommandLine, UsageOfACommandNamesItsOptionsAndNoOthers) {

@@ -167,6 +167,7 @@ TEST_F(CommandLineProgram, RefusesBeforeItLooksForADisplay) {
         {{"--data", "own"}, 2, "there is no option \"--data\""},
         {{"exprot"}, 2, "\"exprot\" is not opened"},
         {{mFile}, 2, "is not opened"},
+        {{"one", "two"}, 2, "\"one\", \"two\" are not opened"},
         {{}, 1, "there is no display"},
         {{"-platform", "xcb"}, 1, "there is no display"},
     };
@@ -177,6 +178,33 @@ TEST_F(CommandLineProgram, RefusesBeforeItLooksForADisplay) {
         EXPECT_EQ(result.output, "");
         EXPECT_TRUE(result.errors.startsWith("corvella: ")) << result.errors.toStdString();
         EXPECT_TRUE(result.errors.section('\n', 0, 0).contains(row.reason)) << result.errors.toStdString();
+    }
+}
+
+TEST_F(CommandLineProgram, SaysInOneLineThatTheDisplayDoesNotAnswer) {
+    struct Row {
+        QStringList arguments;
+        int status;
+        const char* reason;
+    };
+    const QList<Row> rows{
+        {{"exprot"}, 2, "\"exprot\" is not opened"},
+        {{mFile}, 2, "is not opened"},
+        {{}, 1, "the display to show your budget on does not answer"},
+        {{"-platform", "xcb"}, 1, "does not answer"},
+        {{"-platform", "nonsense"}, 1, "does not answer"},
+    };
+    // Each names a display on which nobody listens.
+    for (const char* const variable : {"DISPLAY", "WAYLAND_DISPLAY"}) {
+        mEnvironment.clear();
+        mEnvironment.insert(variable, ":4077");
+        for (const Row& row : rows) {
+            SCOPED_TRACE(row.arguments.join(' ').toStdString() + ' ' + variable);
+            const Result result = run(row.arguments);
+            EXPECT_EQ(result.status, row.status);
+            EXPECT_TRUE(isOneLine(result.errors)) << result.errors.toStdString();
+            EXPECT_TRUE(result.errors.contains(row.reason)) << result.errors.toStdString();
+        }
     }
 }
 
