@@ -103,6 +103,13 @@ TEST(CVCommandLine, UsageOfACommandNamesItsOptionsAndNoOthers) {
     }
 }
 
+TEST(CVCommandLine, UsageSaysWhatTheDayThatIsTodayCountsFor) {
+    for (const char* const command : {"export", "report"}) {
+        const QString text = CVUsage(command).simplified();
+        EXPECT_TRUE(text.contains("days that are written out are the same on any day")) << command;
+    }
+}
+
 TEST(CVCommandLine, UsageNamesEveryCommandAndOption) {
     const QString usage = CVUsage();
     for (const char* const word :

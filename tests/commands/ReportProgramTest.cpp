@@ -179,6 +179,17 @@ TEST_F(ReportProgram, WritesAPDFAndNothingElse) {
     EXPECT_EQ(everything(), before);
 }
 
+/// Days that are written out leave the day that is today what it was.
+TEST_F(ReportProgram, NamesWhatItWritesAfterTheDayThatIsTodayWhateverDaysAreWrittenOut) {
+    const QString path = mHome.filePath("report.pdf");
+    const QStringList days{"--from", "2014-01-01", "--to", "2014-02-28"};
+    EXPECT_TRUE(report("transactions", days).output.startsWith("Transaction Report for: 3/8/14  "));
+    EXPECT_EQ(report("tax", days + QStringList{"--output", path}).status, 0);
+    EXPECT_TRUE(ask("pdfinfo", {path}).contains("Tax Report 2014-03-08\n"));
+    EXPECT_TRUE(report("tax", {"--from", "2014-01-01", "--to", "today"})
+                    .output.startsWith("Tax Report for: 1/1/14 to 3/8/14\n"));
+}
+
 TEST_F(ReportProgram, ChoosesThePaper) {
     const QString path = mHome.filePath("report.pdf");
     struct Row {
