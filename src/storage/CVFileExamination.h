@@ -24,7 +24,17 @@ public:
     /// Anywhere among the bytes, also within the characters of an encoding that is full of them.
     [[nodiscard]] bool holdsNul() const { return mHoldsNul; }
     /// Whether a start tag has more than `kMostAttributes` attributes. What looks like one within a comment or a marked
-    /// section is none, unless the file has a document type or an instruction before it.
+    /// section is none. From the first of these places on, comments and sections are searched as well, because libxml2
+    /// may take what stands in them for elements:
+    /// - a document type or another declaration (`<!` that opens neither a comment nor a section, also one that breaks
+    ///   off), because its quoted values may hold what looks like the start of a comment;
+    /// - an instruction (`<?`, but for the declaration at the beginning of the file), because its text may hold that;
+    /// - a less-than sign in the declaration, because the declaration ends there for libxml2 and the rest is markup;
+    /// - in a comment or a section: a character that XML forbids (a control character, U+FFFE, U+FFFF, or bytes that
+    /// are
+    ///   no character), because libxml2 breaks off there and goes on behind it as outside of the comment;
+    /// - in a comment or a section: more than 3,000,000 UTF-16 units, because libxml2 breaks off there likewise, at ten
+    ///   million bytes.
     [[nodiscard]] bool hasAbsurdElement() const { return mHasAbsurdElement; }
 
 private:

@@ -160,6 +160,15 @@ const std::vector<ExaminationRow> kSkipped{
     {"an element in a comment behind a tag without end", inRoot("<a b='<!-- " + kAbsurd + "/> -->"), kNothing},
     {"an element in a comment behind half a character", inRoot("<\xc3<!-- " + kAbsurd + "/> -->"), kNothing},
     {"in what is no comment", inRoot("<!- " + kAbsurd + "/> -->"), kIsAbsurd},
+    {"in a section that a control character breaks off", inRoot("<![CDATA[\x01" + kAbsurd + "/>]]>"), kIsAbsurd},
+    {"in a section that U+FFFF breaks off", inRoot("<![CDATA[\xef\xbf\xbf" + kAbsurd + "/>]]>"), kIsAbsurd},
+    {"in a comment behind another that was broken off", inRoot("<!--\x01--><!-- " + kAbsurd + "/> -->"), kIsAbsurd},
+    {"in a comment behind a document type", "<!DOCTYPE a>" + inRoot("<!-- " + kAbsurd + "/> -->"), kIsAbsurd},
+    {"in a comment behind a marked declaration", inRoot("<!ELEMENT a ANY><!-- " + kAbsurd + "/> -->"), kIsAbsurd},
+    {"in a comment behind an instruction", inRoot("<?a?><!-- " + kAbsurd + "/> -->"), kIsAbsurd},
+    {"in a comment behind half a comment's start", inRoot("<!-<!-- " + kAbsurd + "/> -->"), kIsAbsurd},
+    {"in a comment behind a declaration that holds a tag", "<?xml <a?>" + inRoot("<!-- " + kAbsurd + "/> -->"),
+     kIsAbsurd},
     {"in what is no section", inRoot("<![CDATA " + kAbsurd + "/> ]]>"), kIsAbsurd},
     {"in a comment that a control character breaks off", inRoot("<!--\x01" + kAbsurd + "/>-->"), kIsAbsurd},
     {"in a comment that a wrong byte breaks off", inRoot("<!--\xff" + kAbsurd + "/>-->"), kIsAbsurd},
@@ -202,6 +211,16 @@ TEST(FileExaminationPieces, OfWordsInAnyOrderAreFoundTheSameWhole) {
         const Findings whole = inOnePiece(bytes);
         for (const qsizetype size : {1, 7, 100})
             ASSERT_EQ(inPiecesOf(size, bytes), whole) << bytes.constData();
+    }
+}
+
+TEST(FileExaminationOfLongSections, LooksBehindThreeMillionUnits) {
+    for (const char* const start : {"<!--", "<![CDATA["}) {
+        const auto behind = [start](qsizetype units) {
+            return inOnePiece(inRoot(start + QByteArray(units, 'x') + kAbsurd + "/>"));
+        };
+        EXPECT_EQ(behind(2'000'000), kNothing) << start;
+        EXPECT_EQ(behind(3'000'001), kIsAbsurd) << start;
     }
 }
 
