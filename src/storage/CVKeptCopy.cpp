@@ -100,10 +100,15 @@ CVFileResult linkOrCopy(const QString& from, const QString& to) {
     return linked ? CVFileResult() : copyTo(from, to);
 }
 
-CVKeptCopy refuse(const QString& file, const QString& reason) {
-    return {{},
-            {QCoreApplication::translate("CVKeptCopy", "the unreadable file “%1” could not be kept beside it: %2")
-                 .arg(file, reason)}};
+/// Whoever tells it names `path` already; `real` is named where a link leads to it.
+CVKeptCopy refuse(const QString& path, const QString& real, const QString& reason) {
+    const QString what =
+        QFileInfo(path).absoluteFilePath() == real
+            ? QCoreApplication::translate("CVKeptCopy", "the unreadable file there could not be kept beside it: %1")
+                  .arg(reason)
+            : QCoreApplication::translate("CVKeptCopy", "the unreadable file “%1” could not be kept beside it: %2")
+                  .arg(real, reason);
+    return {{}, {what}};
 }
 
 } // namespace
@@ -117,10 +122,10 @@ CVKeptCopy CVKeepUnreadable(const QString& path, const QDateTime& now) {
     // A second name for a file that cannot be read would not help: the new file would inherit its mode.
     kept.moved = !file.isFile() || !file.isReadable();
     if (kept.path.isEmpty())
-        return refuse(real, QCoreApplication::translate("CVKeptCopy", "too many are kept there already"));
+        return refuse(path, real, QCoreApplication::translate("CVKeptCopy", "too many are kept there already"));
     const CVFileResult keeping = kept.moved ? moveTo(real, kept.path) : linkOrCopy(real, kept.path);
     if (!keeping.ok())
-        return refuse(real, keeping.error);
+        return refuse(path, real, keeping.error);
     kept.result = CVSyncFolder(file.absolutePath());
     return kept;
 }

@@ -5,7 +5,7 @@
 #include <QDateTime>
 
 /// The outcome of keeping what stood at a path: where it lies now (empty when there was nothing to keep), or why it
-/// could not be kept.
+/// could not be kept, in a sentence that names the file only where a link leads to it.
 struct CVKeptCopy {
     QString path;
     CVFileResult result;

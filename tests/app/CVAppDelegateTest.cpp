@@ -161,8 +161,8 @@ TEST_F(CVAppDelegateTest, WhatBecameOfAFileThatCannotBeReadNamesItsFolderOnce) {
     CVSaveOutcome failed;
     failed.saved = false;
     failed.path = dataFile();
-    failed.message = "The budget could not be saved to \"" + dataFile() + "\": the unreadable file \"" + dataFile() +
-                     "\" could not be kept beside it.";
+    failed.message = "The budget could not be saved to \"" + dataFile() +
+                     "\": the unreadable file there could not be kept beside it.";
     const CVLoadReport report{CVLoadReport::Outcome::Unreadable, dataFile(), "Permission denied"};
     EXPECT_EQ(CVFileMessages::unreadable(report, failed).message.count(folder), 1)
         << CVFileMessages::unreadable(report, failed).message.toStdString();

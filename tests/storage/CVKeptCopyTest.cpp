@@ -99,7 +99,12 @@ TEST_F(CVKeptCopyTest, failsWhenAHundredNamesAreTaken) {
     const CVKeptCopy kept = keep();
     EXPECT_FALSE(kept.result.ok());
     EXPECT_TRUE(kept.path.isEmpty());
-    EXPECT_TRUE(kept.result.error.contains(mPath)) << kept.result.error.toStdString();
+    EXPECT_EQ(kept.result.error,
+              "the unreadable file there could not be kept beside it: too many are kept there already");
+    const QString link = mHome.path(QStringLiteral("link"));
+    makeLink(mPath, link);
+    const QString behindLink = CVKeepUnreadable(link, kNow).result.error;
+    EXPECT_TRUE(behindLink.startsWith("the unreadable file “" + mPath + "” could not")) << behindLink.toStdString();
     EXPECT_EQ(readFile(mPath), "unreadable");
     EXPECT_EQ(namesIn(mFolder).size(), 101);
 }
