@@ -90,6 +90,8 @@ private:
     void handleSaveFinished(const CVSaveOutcome& outcome);
     void showWhetherSaved(const CVLoadReport& report) const;
     void tellAboutReading(const CVLoadReport& report);
+    /// Waits for the last save; whether all that was entered is in the file.
+    [[nodiscard]] bool saveAtLast();
     /// Whether the window may close: not while changes would be lost, unless the user says so.
     [[nodiscard]] bool mayClose();
 

@@ -43,7 +43,15 @@ void CVAppDelegate::keepEverything() {
     if (mPreferences && mPreferences->isVisible())
         mPreferences->keep();
     mUserDefaults.synchronize();
-    mFile.saves().waitForFinished();
+    (void)saveAtLast();
+}
+
+/// A save that failed is tried once more: the disk may have room again, and what was entered since is in no file.
+bool CVAppDelegate::saveAtLast() {
+    if (mFile.saves().waitForFinished().saved)
+        return true;
+    mDocument->workbookSave();
+    return mFile.saves().waitForFinished().saved;
 }
 
 void CVAppDelegate::endWithoutAsking() {
@@ -53,5 +61,5 @@ void CVAppDelegate::endWithoutAsking() {
     if (auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
         dialog->reject();
     else if (!mMainWindow || mMainWindow->window()->close())
-        QCoreApplication::exit(mFile.saves().waitForFinished().saved ? 0 : 1);
+        QCoreApplication::exit(saveAtLast() ? 0 : 1);
 }

@@ -3,6 +3,7 @@
 #include "widgets/CVAlertPanel.h"
 #include "workspace/transactions/CVTransactionTableView.h"
 
+#include <QDir>
 #include <QFile>
 #include <QMessageBox>
 #include <QSignalSpy>
@@ -29,6 +30,14 @@ protected:
     [[nodiscard]] QByteArray savedBytes() const {
         QFile file(mHome.folders().applicationSupport + "/Quenby Labs/Corvella/Corvella Data.corvella");
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    void failToSaveIn(const QString& folder) {
+        mHome.userDefaults().setString("Data File Location", folder + "/file");
+        mHome.userDefaults().synchronize();
+        quitAndStartAgain();
+        document().workbookSave();
+        ASSERT_FALSE(mDelegate->saves().waitForFinished().saved);
     }
 
     /// Leaves a payee half typed in the first row of the list.
@@ -109,13 +118,24 @@ TEST_F(Ending, WithoutAskingClosesWindowAfterWindow) {
 }
 
 TEST_F(Ending, WithoutAskingSaysWithItsStatusThatTheLastSaveFailed) {
-    mHome.userDefaults().setString("Data File Location", mHome.path("no such folder/file"));
-    mHome.userDefaults().synchronize();
-    quitAndStartAgain();
-    document().workbookSave();
+    failToSaveIn(mHome.path("no such folder"));
     EXPECT_EQ(end(), 1);
     EXPECT_TRUE(mAlerts.shown().isEmpty()) << "it asked";
     EXPECT_FALSE(window().isVisible());
+}
+
+TEST_F(Ending, WithoutAskingTriesASaveThatFailedOnceMore) {
+    failToSaveIn(mHome.path("a folder"));
+    ASSERT_TRUE(QDir().mkpath(mHome.path("a folder")));
+    EXPECT_EQ(end(), 0);
+    EXPECT_TRUE(QFile::exists(mHome.path("a folder/file")));
+}
+
+TEST_F(Ending, OfTheSessionTriesASaveThatFailedOnceMore) {
+    failToSaveIn(mHome.path("a folder"));
+    ASSERT_TRUE(QDir().mkpath(mHome.path("a folder")));
+    mDelegate->keepEverything();
+    EXPECT_TRUE(QFile::exists(mHome.path("a folder/file")));
 }
 
 TEST_F(Ending, WithoutAskingRemembersTheFrame) {
