@@ -127,6 +127,7 @@ private:
     QBDate mToday = QBDate::date();
     bool mFoundRoot = false;
     bool mHoldsNul = false;
+    bool mIsUtf32 = false;
     /// A callback ran out of memory, or the reading was cancelled: what was read is incomplete.
     bool mGaveUp = false;
     bool mWasCancelled = false;

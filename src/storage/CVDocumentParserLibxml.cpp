@@ -120,6 +120,7 @@ int CVDocumentParserDelegate::parsePlainBytes() {
     CVFileExamination examination;
     examination.add(bytes);
     mHoldsNul = examination.holdsNul();
+    mIsUtf32 = examination.isUtf32();
     if (examination.hasAbsurdElement()) {
         mFirstError = tr("an element has more than %1 attributes").arg(CVFileExamination::kMostAttributes);
         return XML_ERR_INTERNAL_ERROR;
@@ -137,6 +138,9 @@ int CVDocumentParserDelegate::parsePlainBytes() {
 QString CVDocumentParserDelegate::malformedMessage() const {
     if (mGaveUp)
         return tr("there was not enough memory to read the file");
+    if (mIsUtf32)
+        return tr("the file is written in UTF-32, which Corvella does not read; save it as UTF-8 in the program that "
+                  "wrote it");
     if (mFirstError.isEmpty())
         return tr("the file is damaged");
     if (mErrorLine == 0)

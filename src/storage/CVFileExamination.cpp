@@ -41,6 +41,7 @@ void CVFileExamination::add(QByteArrayView piece) {
         if (wasUndecided && mStart.size() >= kEncodingBytes) {
             const auto encoding = QStringConverter::encodingForData(mStart, u'<').value_or(QStringConverter::Utf8);
             mIsPlain = encoding == QStringConverter::Utf8;
+            mIsUtf32 = encoding == QStringConverter::Utf32LE || encoding == QStringConverter::Utf32BE;
             mDecoder.emplace(encoding);
             read(QByteArrayView(mStart).first(known));
         }
@@ -57,7 +58,7 @@ void CVFileExamination::read(QByteArrayView bytes) {
     while (!bytes.isEmpty()) {
         const QByteArrayView part = bytes.first(std::min(bytes.size(), kCachedBytes));
         bytes = bytes.sliced(part.size());
-        mHoldsNul = mHoldsNul || part.contains('\0');
+        mHoldsNulByte = mHoldsNulByte || part.contains('\0');
         if (mDecoder && !mHasAbsurdElement)
             readPart(part);
     }
@@ -117,6 +118,7 @@ void CVFileExamination::forgetCharacter() {
 }
 
 void CVFileExamination::readCharacter(char16_t c) {
+    mHoldsNulCharacter = mHoldsNulCharacter || c == u'\0';
     switch (mState) {
     case State::Text:
         if (c == u'<')

@@ -21,8 +21,10 @@ public:
 
     [[nodiscard]] bool isTooShort() const { return mStart.size() < kFewestBytes; }
     [[nodiscard]] bool looksEncrypted() const;
-    /// Anywhere among the bytes, also within the characters of an encoding that is full of them.
-    [[nodiscard]] bool holdsNul() const { return mHoldsNul; }
+    /// Anywhere in the text. In UTF-16, the halves of whose characters are full of them, only a whole character counts.
+    [[nodiscard]] bool holdsNul() const { return mDecoder && !mIsPlain ? mHoldsNulCharacter : mHoldsNulByte; }
+    /// libxml2 does not read that encoding, and takes the file for an empty one.
+    [[nodiscard]] bool isUtf32() const { return mIsUtf32; }
     /// Whether a start tag has more than `kMostAttributes` attributes. What looks like one within a comment or a marked
     /// section is none. From the first of these places on, comments and sections are searched as well, because libxml2
     /// may take what stands in them for elements:
@@ -77,12 +79,14 @@ private:
 
     /// The first bytes, `kFewestBytes` at most.
     QByteArray mStart;
-    bool mHoldsNul = false;
+    bool mHoldsNulByte = false;
+    bool mHoldsNulCharacter = false;
     bool mHasAbsurdElement = false;
     /// Absent until there are enough bytes to tell the encoding from.
     std::optional<QStringDecoder> mDecoder;
     /// Whether every byte below 128 is the character of that number.
     bool mIsPlain = false;
+    bool mIsUtf32 = false;
     bool mWithinCharacter = false;
 
     State mState = State::Text;

@@ -183,14 +183,16 @@ const std::vector<ExaminationRow> kSkipped{
 };
 
 const std::vector<ExaminationRow> kWidths{
-    {"UTF-16", inUtf16(inRoot("<a b='c'/>")), kHoldsNul},
-    {"an absurd element in UTF-16", inUtf16(inRoot(kAbsurd + "/>")), kNulAndAbsurd},
-    {"an absurd element in UTF-16 without a mark", inUtf16(inRoot(kAbsurd + "/>"), false), kNulAndAbsurd},
-    {"an absurd element in big-endian UTF-16", inBigUtf16(inRoot(kAbsurd + "/>")), kNulAndAbsurd},
-    {"an absurd element in UTF-32", inUtf32(inRoot(kAbsurd + "/>")), kNulAndAbsurd},
-    {"a comment in UTF-16", inUtf16(inRoot("<!-- \u00fc\U0001F600 " + kAbsurd + "/>-->")), kHoldsNul},
+    {"UTF-16", inUtf16(inRoot("<a b='c'/>")), kNothing},
+    {"an absurd element in UTF-16", inUtf16(inRoot(kAbsurd + "/>")), kIsAbsurd},
+    {"an absurd element in UTF-16 without a mark", inUtf16(inRoot(kAbsurd + "/>"), false), kIsAbsurd},
+    {"an absurd element in big-endian UTF-16", inBigUtf16(inRoot(kAbsurd + "/>")), kIsAbsurd},
+    {"an absurd element in UTF-32", inUtf32(inRoot(kAbsurd + "/>")), kIsAbsurd},
+    {"a comment in UTF-16", inUtf16(inRoot("<!-- \u00fc\U0001F600 " + kAbsurd + "/>-->")), kNothing},
+    {"a NUL in a text in UTF-16", inUtf16(inRoot(QByteArray("<a>\0</a>", 8))), kHoldsNul},
+    {"a NUL behind a budget in UTF-16", inUtf16(inRoot("<a/>") + '\0'), kHoldsNul},
     {"letters in UTF-16 that hold the bytes of a tag",
-     inUtf16(inRoot("<a>" + QByteArray("\u043c\u3c22\u3c27").repeated(300) + "</a>")), kHoldsNul},
+     inUtf16(inRoot("<a>" + QByteArray("\u043c\u3c22\u3c27").repeated(300) + "</a>")), kNothing},
 };
 
 INSTANTIATE_TEST_SUITE_P(starts, FileExamination, testing::ValuesIn(kStarts));
@@ -222,6 +224,19 @@ TEST(FileExaminationOfLongSections, LooksBehindThreeMillionUnits) {
         EXPECT_EQ(behind(2'000'000), kNothing) << start;
         EXPECT_EQ(behind(3'000'001), kIsAbsurd) << start;
     }
+}
+
+TEST(FileExaminationOfABudget, InUtf16IsReadWhole) {
+    ParsedBudget budget(inUtf16(inRoot("<Category id=\"1\">a</Category>")));
+    EXPECT_TRUE(budget.read()) << budget.message().toStdString();
+    EXPECT_TRUE(budget.readWhole());
+}
+
+TEST(FileExaminationOfABudget, InUtf32IsRefusedWithWhatHelps) {
+    ParsedBudget budget(inUtf32(inRoot("<Category id=\"1\">a</Category>")));
+    EXPECT_FALSE(budget.read());
+    EXPECT_EQ(budget.message(), "the file is written in UTF-32, which Corvella does not read; save it as UTF-8 in the "
+                                "program that wrote it");
 }
 
 TEST(FileExaminationOfABudget, WithAnElementInACommentOrASectionIsRead) {

@@ -32,6 +32,7 @@ public:
     [[nodiscard]] bool read() const { return mRead; }
     [[nodiscard]] CVDocument& document() { return mBudget.document(); }
     [[nodiscard]] CVDocumentParserDelegate& parser() { return mParser; }
+    [[nodiscard]] bool readWhole() const { return mParser.readWhole(); }
     [[nodiscard]] const QString& message() const { return mParser.errorMessage(); }
     [[nodiscard]] const QStringList& log() const { return mLog; }
     [[nodiscard]] const SaveCounter& saves() const { return mSaves; }
