@@ -137,4 +137,39 @@ void Gate::waitForArrival() {
     state().gateChanged.wait(lock, [] { return state().arrived; });
 }
 
+const Reasons& whyWorkFails() {
+    static const Reasons table{
+        {"open", {EACCES, EIO, ENOSPC, EMFILE}},
+        {"tmpfile", {EACCES, EIO, ENOSPC, EMFILE, EOPNOTSUPP}},
+        {"write", {ENOSPC, EDQUOT, EIO, kShort}},
+        {"read", {EIO}},
+        {"sendfile", {EIO, ENOSPC}},
+        {"ioctl", {EIO, ENOSPC}},
+        {"close", {EIO}},
+        {"fsync", {EIO, ENOSPC}},
+        {"fdatasync", {EIO, ENOSPC}},
+        {"ftruncate", {EIO, EACCES}},
+        {"rename", {EACCES, EIO, ENOSPC, EXDEV}},
+        {"renameat2", {EACCES, EIO, ENOSPC, EINVAL}},
+        {"link", {EPERM, EIO, ENOSPC, EACCES, EMLINK}},
+        {"unlink", {EACCES, EIO}},
+        {"chmod", {EPERM, EIO}},
+        {"mkdir", {EACCES, ENOSPC, EIO}},
+    };
+    return table;
+}
+
+const Reasons& whyLooksFail() {
+    static const Reasons table{
+        {"stat", {EACCES, EIO}},
+        {"lstat", {EACCES, EIO}},
+        {"fstat", {EIO}},
+        {"statx", {EACCES, EIO}},
+        {"access", {EACCES, EIO}},
+        {"readlink", {EACCES, EIO}},
+        {"realpath", {EACCES, EIO, ENOMEM}},
+    };
+    return table;
+}
+
 } // namespace FaultyCalls

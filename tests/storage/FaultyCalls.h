@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,14 @@ enum class Repeat {
 
 /// A write that takes half of its bytes and says so.
 inline constexpr int kShort = -1;
+
+/// Why calls may fail, by their names.
+using Reasons = std::map<std::string, std::vector<int>>;
+/// Of calls that read, write or change something: no permission, a full disk, a full share of it, one that is lost, one
+/// that takes a part, one that cannot do that.
+[[nodiscard]] const Reasons& whyWorkFails();
+/// Of calls that only look.
+[[nodiscard]] const Reasons& whyLooksFail();
 
 struct Fault {
     /// The number of the call that fails, from 0.

@@ -35,45 +35,6 @@ std::string nameOf(const testing::TestParamInfo<Row>& row) {
     return row.param.name;
 }
 
-using Reasons = std::map<std::string, std::vector<int>>;
-
-/// Why calls fail that read, write or change something.
-const Reasons& working() {
-    static const Reasons table{
-        {"open", {EACCES, EIO, ENOSPC, EMFILE}},
-        {"tmpfile", {EACCES, EIO, ENOSPC, EMFILE, EOPNOTSUPP}},
-        {"write", {ENOSPC, EIO, FaultyCalls::kShort}},
-        {"read", {EIO}},
-        {"sendfile", {EIO, ENOSPC}},
-        {"ioctl", {EIO, ENOSPC}},
-        {"close", {EIO}},
-        {"fsync", {EIO, ENOSPC}},
-        {"fdatasync", {EIO, ENOSPC}},
-        {"ftruncate", {EIO, EACCES}},
-        {"rename", {EACCES, EIO, ENOSPC, EXDEV}},
-        {"renameat2", {EACCES, EIO, ENOSPC, EINVAL}},
-        {"link", {EPERM, EIO, ENOSPC, EACCES, EMLINK}},
-        {"unlink", {EACCES, EIO}},
-        {"chmod", {EPERM, EIO}},
-        {"mkdir", {EACCES, ENOSPC, EIO}},
-    };
-    return table;
-}
-
-/// Why calls fail that only look.
-const Reasons& looking() {
-    static const Reasons table{
-        {"stat", {EACCES, EIO}},
-        {"lstat", {EACCES, EIO}},
-        {"fstat", {EIO}},
-        {"statx", {EACCES, EIO}},
-        {"access", {EACCES, EIO}},
-        {"readlink", {EACCES, EIO}},
-        {"realpath", {EACCES, EIO, ENOMEM}},
-    };
-    return table;
-}
-
 const char* wordFor(Repeat repeat) {
     switch (repeat) {
     case Repeat::Once:
@@ -112,7 +73,7 @@ protected:
     }
 
     /// Each call that the table names, for each of its reasons, as long as it may last.
-    void tryEachCall(const Reasons& reasons) {
+    void tryEachCall(const FaultyCalls::Reasons& reasons) {
         const auto calls = tryFaults({});
         ASSERT_EQ(mSaved, 1) << "without any fault";
         for (std::size_t at = 0; at < calls.size(); ++at) {
@@ -166,7 +127,8 @@ TEST_P(SaveFaults, areMetAtEveryCallThatMatters) {
     std::set<std::string> names;
     for (const auto& call : scenario.save({}, GetParam().unsupported).calls) {
         names.insert(call.name);
-        EXPECT_TRUE(working().contains(call.name) || looking().contains(call.name)) << call.name;
+        EXPECT_TRUE(FaultyCalls::whyWorkFails().contains(call.name) || FaultyCalls::whyLooksFail().contains(call.name))
+            << call.name;
     }
     for (const char* name : {"open", "write", "fsync", "close"})
         EXPECT_TRUE(names.contains(name)) << name;
@@ -174,26 +136,26 @@ TEST_P(SaveFaults, areMetAtEveryCallThatMatters) {
 }
 
 TEST_P(SaveFaults, ofOneCallThatWritesLoseNothingAndAreTold) {
-    tryEachCall(working());
+    tryEachCall(FaultyCalls::whyWorkFails());
     report("one that writes");
 }
 
 TEST_P(SaveFaults, ofOneCallThatLooksLoseNothingAndAreTold) {
-    tryEachCall(looking());
+    tryEachCall(FaultyCalls::whyLooksFail());
     report("one that looks");
 }
 
 TEST_P(SaveFaults, ofTwoCallsThatWriteLoseNothingAndAreTold) {
     const auto calls = tryFaults({});
     for (std::size_t first = 0; first < calls.size(); ++first) {
-        if (!working().contains(calls[first].name))
+        if (!FaultyCalls::whyWorkFails().contains(calls[first].name))
             continue;
-        const Fault fault{first, working().at(calls[first].name).front(), Repeat::Once};
+        const Fault fault{first, FaultyCalls::whyWorkFails().at(calls[first].name).front(), Repeat::Once};
         const auto later = tryFaults({fault});
         for (std::size_t second = first + 1; second < later.size(); ++second) {
-            if (!working().contains(later[second].name))
+            if (!FaultyCalls::whyWorkFails().contains(later[second].name))
                 continue;
-            for (const int error : working().at(later[second].name))
+            for (const int error : FaultyCalls::whyWorkFails().at(later[second].name))
                 tryFaults({fault, {second, error, Repeat::Once}});
         }
     }
