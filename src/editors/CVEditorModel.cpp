@@ -13,7 +13,7 @@ int CVEditorModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant CVEditorModel::data(const QModelIndex& index, int role) const {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (!index.isValid() || !checkIndex(index))
         return {};
     if (role == Qt::TextAlignmentRole)
         return QVariant(mColumns[static_cast<std::size_t>(index.column())].alignment);
@@ -35,7 +35,7 @@ Qt::ItemFlags CVEditorModel::flags(const QModelIndex& index) const {
 }
 
 bool CVEditorModel::setData(const QModelIndex& index, const QVariant& value, int role) {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (!index.isValid() || !checkIndex(index))
         return false;
     const Qt::ItemFlags can = flags(index);
     if (role == Qt::EditRole && can.testFlag(Qt::ItemIsEditable))

@@ -40,7 +40,7 @@ int CVGridModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant CVGridModel::data(const QModelIndex& index, int role) const {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (!index.isValid() || !checkIndex(index))
         return {};
     switch (role) {
     case Qt::DisplayRole:

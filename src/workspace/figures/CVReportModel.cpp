@@ -64,7 +64,7 @@ Qt::ItemFlags CVReportModel::flags(const QModelIndex& index) const {
 }
 
 QVariant CVReportModel::data(const QModelIndex& index, int role) const {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (!index.isValid() || !checkIndex(index))
         return {};
     switch (role) {
     case Qt::DisplayRole:
@@ -84,7 +84,7 @@ QVariant CVReportModel::data(const QModelIndex& index, int role) const {
 }
 
 bool CVReportModel::setData(const QModelIndex& index, const QVariant& value, int role) {
-    if (role != Qt::EditRole || !checkIndex(index, CheckIndexOption::IndexIsValid) || !value.isValid() ||
+    if (role != Qt::EditRole || !index.isValid() || !checkIndex(index) || !value.isValid() ||
         value == this->value(index))
         return false;
     switch (column(index.column()).kind) {

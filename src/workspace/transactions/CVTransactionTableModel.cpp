@@ -80,7 +80,7 @@ int CVTransactionTableModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant CVTransactionTableModel::data(const QModelIndex& index, int role) const {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (!index.isValid() || !checkIndex(index))
         return {};
     const CVTransaction& transaction = *mRows[static_cast<std::size_t>(index.row())];
     switch (role) {
@@ -144,7 +144,7 @@ Qt::ItemFlags CVTransactionTableModel::flags(const QModelIndex& index) const {
 }
 
 bool CVTransactionTableModel::setData(const QModelIndex& index, const QVariant& value, int role) {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (!index.isValid() || !checkIndex(index))
         return false;
     if (role != (isFlag(index.column()) ? Qt::CheckStateRole : Qt::EditRole))
         return false;

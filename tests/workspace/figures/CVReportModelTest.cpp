@@ -4,6 +4,7 @@
 #include "kit/BudgetBuilder.h"
 #include "kit/DefaultLocale.h"
 #include "kit/RandomBudget.h"
+#include "storage/LogCapture.h"
 #include "widgets/CVAttentionColour.h"
 
 #include <QAbstractItemModelTester>
@@ -194,6 +195,14 @@ TEST_F(CVReportModelTest, AnEditToTheSameValueOrOfAnotherColumnIsNone) {
     EXPECT_FALSE(mTotals.setData({}, 1.0));
     EXPECT_TRUE(frequencies.isEmpty());
     EXPECT_TRUE(targets.isEmpty());
+}
+
+TEST_F(CVReportModelTest, NoCellIsAskedAboutWithoutARemark) {
+    reload();
+    const LogCapture log;
+    EXPECT_FALSE(mTotals.data({}).isValid());
+    EXPECT_FALSE(mTotals.setData({}, 1.0));
+    EXPECT_EQ(LogCapture::messages(), QStringList());
 }
 
 TEST_F(CVReportModelTest, NumbersReadAsTheUsersLocaleWritesThem) {
