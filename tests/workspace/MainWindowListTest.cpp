@@ -3,7 +3,6 @@
 #include "workspace/MainWindowFixture.h"
 
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QHelpEvent>
 #include <QMenu>
 #include <QMenuBar>
@@ -196,31 +195,6 @@ TEST_F(MainWindowListTest, ListsAndSortsWhateverAFileMayHold) {
         EXPECT_EQ(table().model()->rowCount(), rows);
         mController.reset();
     }
-}
-
-TEST_F(MainWindowListTest, StaysQuickWithAHundredThousandTransactions) {
-    constexpr int kCount = 100'000;
-    constexpr qint64 kSeconds = 10;
-    for (int i = 0; i < kCount; ++i) {
-        mBudget.transaction({.date = day(2014, 1, 1 + i % 3000),
-                             .amount = i * 1.0,
-                             .payTo = QString::number(i * 7919LL % kCount),
-                             .categoryID = static_cast<quint32>(1 + i % 2)});
-    }
-    mBudget.inOrder();
-    QElapsedTimer timer;
-    timer.start();
-    open();
-    for (int column = 0; column < CVTransactionTableModel::ColumnCount; ++column)
-        clickHeader(static_cast<Column>(column));
-    fillIn("1", "Market", "Fuel");
-    press(Qt::Key_Return);
-    table().selectAll();
-    mController->getStarted();
-    mController->removeTransaction();
-    EXPECT_EQ(table().model()->rowCount(), 0);
-    // Quadratic work would take minutes.
-    EXPECT_LT(timer.elapsed(), kSeconds * 1000);
 }
 
 } // namespace
