@@ -6,7 +6,22 @@
 
 #include <limits>
 
-CVProgressPanel::CVProgressPanel(const QString& title, int steps, QWidget* window) : QProgressDialog(window) {
+namespace {
+
+int& delay() {
+    static int milliseconds = kCVProgressDelay;
+    return milliseconds;
+}
+
+} // namespace
+
+void CVProgressPanel::setDelay(int milliseconds) {
+    delay() = milliseconds;
+}
+
+CVProgressPanel::CVProgressPanel(const QString& title, int steps, QWidget* window)
+    : QProgressDialog(window)
+    , mDelay(delay()) {
     setWindowModality(Qt::ApplicationModal);
     setWindowTitle(title);
     // A key that was meant for what the panel covers must not cancel.
@@ -25,7 +40,7 @@ CVProgressPanel::CVProgressPanel(const QString& title, int steps, QWidget* windo
 }
 
 bool CVProgressPanel::stepsDone(int steps, const QString& label) {
-    if (mElapsed.elapsed() < kCVProgressDelay)
+    if (mElapsed.elapsed() < mDelay)
         return true;
     setLabelText(label);
     if (!mIsShown) {

@@ -1,5 +1,7 @@
 #include "app/CVReadingPanel.h"
 
+#include "kit/ProgressDelay.h"
+
 #include <QApplication>
 #include <QProgressDialog>
 #include <QPushButton>
@@ -18,29 +20,27 @@ QProgressDialog* shownPanel() {
     return nullptr;
 }
 
-/// Reads on for at most three seconds until the panel is there.
-bool readUntilShown(CVReadingPanel& reading) {
-    for (int step = 0; step < 100 && !shownPanel(); ++step) {
-        QTest::qSleep(30);
-        if (!reading(step / 200.0))
-            return false;
-    }
-    return shownPanel() != nullptr;
-}
-
 TEST(CVReadingPanel, IsNotShownForWhatIsReadQuickly) {
-    // However long ago it was made.
+    const ProgressDelay delay = ProgressDelay::forEver();
     CVReadingPanel reading;
-    QTest::qSleep(600);
     EXPECT_TRUE(reading(0));
     EXPECT_TRUE(reading(0.5));
     EXPECT_EQ(shownPanel(), nullptr);
 }
 
+TEST(CVReadingPanel, CountsTheTimeFromTheBeginningOfTheReading) {
+    const ProgressDelay delay = ProgressDelay::forEver();
+    CVReadingPanel reading;
+    // One that was made with the object would have the former delay.
+    CVProgressPanel::setDelay(0);
+    EXPECT_TRUE(reading(0));
+    EXPECT_NE(shownPanel(), nullptr);
+}
+
 TEST(CVReadingPanel, ShowsHowFarTheReadingHasCome) {
+    const ProgressDelay delay = ProgressDelay::none();
     CVReadingPanel reading;
     ASSERT_TRUE(reading(0));
-    ASSERT_TRUE(readUntilShown(reading));
     ASSERT_TRUE(reading(0.75));
     EXPECT_EQ(shownPanel()->value(), 75);
     EXPECT_EQ(shownPanel()->windowTitle(), "Corvella");
@@ -49,17 +49,18 @@ TEST(CVReadingPanel, ShowsHowFarTheReadingHasCome) {
 
 TEST(CVReadingPanel, GoesWithTheReading) {
     {
+        const ProgressDelay delay = ProgressDelay::none();
         CVReadingPanel reading;
         ASSERT_TRUE(reading(0));
-        ASSERT_TRUE(readUntilShown(reading));
+        ASSERT_NE(shownPanel(), nullptr);
     }
     EXPECT_EQ(shownPanel(), nullptr);
 }
 
 TEST(CVReadingPanel, CancelsWithItsButton) {
+    const ProgressDelay delay = ProgressDelay::none();
     CVReadingPanel reading;
     ASSERT_TRUE(reading(0));
-    ASSERT_TRUE(readUntilShown(reading));
     shownPanel()->findChild<QPushButton*>()->click();
     EXPECT_FALSE(reading(0.9));
 }

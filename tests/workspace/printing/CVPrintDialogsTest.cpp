@@ -114,6 +114,7 @@ TEST_F(PrintDialogs, TellWhichFileCannotBeWritten) {
 }
 
 TEST_F(PrintDialogs, ShowAProgressPanelWithWhichALongReportIsCancelled) {
+    const ProgressDelay delay = ProgressDelay::none();
     CVReportView view(report(300'000), printInfo);
     chooseFile();
     bool wasShown = false;
@@ -155,7 +156,8 @@ TEST_F(PrintDialogs, PrintToAFileFromThePreviewAsWithoutIt) {
 }
 
 TEST_F(PrintDialogs, PreviewThePagesThatWerePaintedBeforeItWasCancelled) {
-    CVReportView view(report(1'000'000), printInfo);
+    const ProgressDelay delay = ProgressDelay::none();
+    CVReportView view(report(300'000), printInfo);
     int previewed = 0;
     whenShown<QProgressDialog>([&](QProgressDialog& progress) {
         progress.cancel();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kit/BudgetBuilder.h"
+#include "kit/ProgressDelay.h"
 #include "kit/ScriptedPrintQueue.h"
 #include "reports/CVReportView.h"
 #include "workspace/printing/CVPrintDialogs.h"

@@ -37,6 +37,7 @@ TEST_F(PrintDialogs, HandSomePagesToTheQueue) {
 }
 
 TEST_F(PrintDialogs, HandNothingToTheQueueOnceThePrintingIsCancelled) {
+    const ProgressDelay delay = ProgressDelay::none();
     CVReportView view(report(300'000), printInfo);
     choosePrinter();
     bool wasShown = false;

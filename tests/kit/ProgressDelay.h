@@ -1,0 +1,19 @@
+#pragma once
+
+#include "widgets/CVProgressDelay.h"
+#include "widgets/CVProgressPanel.h"
+
+#include <limits>
+
+/// Progress panels appear at the first step, or never, whatever the clock says, as long as this object lives.
+class ProgressDelay final {
+public:
+    static ProgressDelay none() { return ProgressDelay(0); }
+    static ProgressDelay forEver() { return ProgressDelay(std::numeric_limits<int>::max()); }
+    ~ProgressDelay() { CVProgressPanel::setDelay(kCVProgressDelay); }
+    ProgressDelay(const ProgressDelay&) = delete;
+    ProgressDelay& operator=(const ProgressDelay&) = delete;
+
+private:
+    explicit ProgressDelay(int milliseconds) { CVProgressPanel::setDelay(milliseconds); }
+};
