@@ -12,18 +12,20 @@ import tempfile
 import session
 
 SAMPLE_HOME = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "scripts", "sample-home")
-# What opens a window, and the title of that window; Escape closes it.
+# The keys that open a window, and the title of that window; Escape closes it.
 WINDOWS = (
-    ("F1", "Corvella Help"),
-    ("ctrl+shift+c", "Category Editor"),
-    ("ctrl+shift+s", "Transaction Sets"),
-    ("ctrl+comma", "Corvella Preferences"),
+    (("F1",), "Corvella Help"),
+    (("ctrl+shift+c",), "Category Editor"),
+    (("ctrl+shift+s",), "Transaction Sets"),
+    (("ctrl+comma",), "Corvella Preferences"),
+    (("alt+f", "u"), "Page Setup"),
+    (("alt+h", "a"), "About Corvella"),
 )
 # These need something to write.
 OUTPUT_WINDOWS = (
-    ("ctrl+e", "Export Transactions"),
-    ("ctrl+p", "Print"),
-    ("ctrl+shift+p", "Print Preview.*"),
+    (("ctrl+e",), "Export Transactions"),
+    (("ctrl+p",), "Print"),
+    (("ctrl+shift+p",), "Print Preview.*"),
 )
 TABS = ("ctrl+1", "ctrl+2", "ctrl+3")
 
@@ -38,7 +40,7 @@ def drive(home, executable):
 
 
 def walk_through_windows(home, executable, with_sample):
-    from desktop import PATIENCE, Program, press_keys, wait_for
+    from desktop import PATIENCE, Program, press_keys
 
     folder = os.path.join(home, "sample" if with_sample else "fresh")
     os.mkdir(folder)
@@ -53,12 +55,10 @@ def walk_through_windows(home, executable, with_sample):
             for tab in TABS:
                 press_keys(tab)
                 for keys, title in WINDOWS + (OUTPUT_WINDOWS if with_sample else ()):
-                    press_keys(keys)
-                    wait_for(title, lambda: shown(title))
-                    focus(title)
-                    press_keys("Escape")
-                    wait_for("the end of " + title, lambda: not shown(title))
-                    focus("Corvella Main Window")
+                    look_at(keys, title)
+            look_at_system_information()
+            if with_sample:
+                look_at_cell(program)
             press_keys("ctrl+q")
             assert process.wait(PATIENCE) == 0
         finally:
@@ -68,6 +68,51 @@ def walk_through_windows(home, executable, with_sample):
             said = errors.read()
             print(said, end="")
         assert said == "", "standard error is not empty"
+
+
+def look_at(keys, title, owner="Corvella Main Window"):
+    """Opens a window with those keys, where it is not open yet, and closes it."""
+    from desktop import press_keys, wait_for
+
+    if keys:
+        press_keys(*keys)
+    wait_for(title, lambda: shown(title))
+    focus(title)
+    press_keys("Escape")
+    wait_for("the end of " + title, lambda: not shown(title))
+    focus(owner)
+
+
+def look_at_system_information():
+    """What is sent with a question for a newer version: a sheet of the preferences."""
+    from desktop import Program, press_keys, wait_for
+
+    press_keys("ctrl+comma")
+    preferences = Program("Corvella", "Corvella Preferences")
+    preferences.press("page tab", "Update")
+    focus("Corvella Preferences")
+    preferences.find("push button", "Learn More")
+    look_at(("alt+l",), "What Is Sent", "Corvella Preferences")
+    press_keys("Escape")
+    wait_for("the end of the preferences", lambda: not shown("Corvella Preferences"))
+    focus("Corvella Main Window")
+
+
+def look_at_cell(program):
+    """The transactions behind a cell of the grid, which the mouse opens."""
+    from desktop import Atspi, press_keys, wait_for
+
+    # The week before is a whole one, whatever day is today.
+    press_keys("ctrl+2", "ctrl+Left")
+
+    def filled():
+        cells = (program.cell("Periods", row, day) for row in range(program.rows("Periods")) for day in range(7))
+        return next((cell for cell in cells if cell.get_name()), None)
+
+    cell = Atspi.Component.get_extents(wait_for("a cell with a sum", filled), Atspi.CoordType.SCREEN)
+    middle = [str(cell.x + cell.width // 2), str(cell.y + cell.height // 2)]
+    subprocess.run(["xdotool", "mousemove", *middle, "click", "--repeat", "2", "--delay", "50", "1"], check=True)
+    look_at((), "Transaction Window")
 
 
 def environment_of(folder):
