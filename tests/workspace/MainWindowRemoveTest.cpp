@@ -86,6 +86,17 @@ TEST_F(MainWindowRemoveTest, SaysHowManyWereRemovedUntilSomethingElseIsSaid) {
     EXPECT_FALSE(remark->isVisible());
 }
 
+TEST_F(MainWindowRemoveTest, TheNumberOfTheRemovedIsWrittenAsTheLocaleDoes) {
+    for (int i = 0; i < 1200; ++i)
+        mBudget.transaction({.date = day(2014, 3, 1), .amount = 1, .payTo = "Market"});
+    mBudget.inOrder();
+    mController->getStarted();
+    table().setFocus();
+    table().selectAll();
+    press(Qt::Key_Delete);
+    EXPECT_EQ(find<QLabel>("mRemark")->text(), "1,204 transactions removed");
+}
+
 TEST_F(MainWindowRemoveTest, TheArrowKeysGoOnWhereTheRemovedRowWas) {
     selectRows(1, 1);
     press(Qt::Key_Delete);

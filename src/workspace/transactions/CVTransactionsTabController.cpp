@@ -6,6 +6,7 @@
 #include "contents/CVDuplicates.h"
 #include "contents/CVTransactionExport.h"
 #include "contents/CVTransactionList.h"
+#include "format/QBLocale.h"
 #include "model/CVCategory.h"
 #include "model/CVTransaction.h"
 #include "widgets/CVAlerts.h"
@@ -82,7 +83,8 @@ void CVTransactionsTabController::removeTransaction() {
     // The button that had the focus is disabled now, and the focus would go to the next control.
     table.setFocus();
     const int count = static_cast<int>(selected.size());
-    emit remarked(count == 1 ? tr("1 transaction removed") : tr("%n transactions removed", nullptr, count));
+    emit remarked(count == 1 ? tr("1 transaction removed")
+                             : tr("%1 transactions removed", nullptr, count).arg(QBLocaleInForce().toString(count)));
 }
 
 void CVTransactionsTabController::detectDuplicates() {
