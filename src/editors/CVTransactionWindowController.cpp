@@ -115,7 +115,7 @@ void CVTransactionWindowController::showFigures() {
     mSpentField->setText(formatter.string(mSpent));
     mPlannedField->setText(formatter.string(mPlanned));
     mDiffereceField->setText(formatter.string(difference));
-    if (difference < 0) {
+    if (RoundDoubleToTwoPlaces(difference) < 0) {
         QPalette attention = mDiffereceField->palette();
         attention.setColor(QPalette::Text, CVAttentionColour(palette(), QPalette::Window));
         mDiffereceField->setPalette(attention);

@@ -5,9 +5,12 @@
 #include "editors/CVTransactionWindowModel.h"
 #include "editors/EditorFixture.h"
 #include "kit/DefaultLocale.h"
+#include "widgets/CVAttentionColour.h"
 
 #include <QLabel>
 #include <QLineEdit>
+
+#include <tuple>
 
 namespace {
 
@@ -42,6 +45,20 @@ TEST_F(CVTransactionWindowControllerTest, ShowsTheTransactionsAndWhatTheyComeTo)
     EXPECT_EQ(textOf("mPlannedField"), "$50.00");
     EXPECT_EQ(textOf("mDiffereceField"), "$7.50");
     EXPECT_EQ(mSaver.count(), 0);
+}
+
+TEST_F(CVTransactionWindowControllerTest, ADifferenceIsRedWhereItReadsAsNegative) {
+    transaction(50);
+    for (const auto& [target, text, red] : {std::tuple{49.99, "-$0.01", true},
+                                            {49.998, "$0.00", false},
+                                            {50.0, "$0.00", false},
+                                            {50.01, "$0.01", false}}) {
+        document().categories().front()->setExpenseTarget(target);
+        open();
+        EXPECT_EQ(textOf("mDiffereceField"), text);
+        const QColor colour = find<QLineEdit>("mDiffereceField")->palette().color(QPalette::Text);
+        EXPECT_EQ(colour == CVAttentionColour(window().palette(), QPalette::Window), red) << target;
+    }
 }
 
 TEST_F(CVTransactionWindowControllerTest, ThePlannedAmountSaysForWhichFrequencyItIsMeant) {

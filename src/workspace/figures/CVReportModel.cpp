@@ -134,7 +134,9 @@ QString CVReportModel::text(const QModelIndex& index) const {
 }
 
 bool CVReportModel::warns(const QModelIndex& index) const {
-    return column(index.column()).kind == Kind::Difference && targetIsBelowMonthlyAverage(*categoryOfRow(index.row()));
+    // What is missing by less than half a cent reads as nothing.
+    return column(index.column()).kind == Kind::Difference &&
+           RoundDoubleToTwoPlaces(targetLessMonthlyAverage(*categoryOfRow(index.row()))) < 0;
 }
 
 QVariant CVReportModel::emphasis(int role) {
