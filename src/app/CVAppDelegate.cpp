@@ -93,6 +93,8 @@ void CVAppDelegate::tellAboutReading(const CVLoadReport& report) {
 }
 
 bool CVAppDelegate::mayClose() {
+    if (!mEndsWithoutAsking && !mIsReopening && mMainWindow->returnToUnreadable())
+        return false;
     for (;;) {
         const CVSaveOutcome outcome = mFile.saves().waitForFinished();
         if (outcome.saved || mEndsWithoutAsking)

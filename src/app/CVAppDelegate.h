@@ -112,4 +112,5 @@ private:
     /// An offer of a newer version has led to them before there was a window in front of which they could stand.
     bool mWantsUpdatePreferences = false;
     bool mEndsWithoutAsking = false;
+    bool mIsReopening = false;
 };

@@ -12,6 +12,7 @@
 
 #include <QEventLoopLocker>
 #include <QMainWindow>
+#include <QScopedValueRollback>
 #include <QUrl>
 #include <QWindow>
 
@@ -97,6 +98,7 @@ QString CVAppDelegate::waitForSaves() {
 void CVAppDelegate::reopenDocument() {
     // The program does not end with this window.
     const QEventLoopLocker locker;
+    const QScopedValueRollback reopening(mIsReopening, true);
     // Closed, it leaves its frame to the next one.
     mMainWindow->window()->close();
     auto document = std::make_unique<CVDocument>(mNotificationCenter, mUserDefaults);

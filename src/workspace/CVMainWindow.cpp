@@ -3,7 +3,9 @@
 #include "contents/CVBudgetContents.h"
 #include "widgets/CVAccessibleName.h"
 #include "widgets/CVScrollArea.h"
+#include "widgets/fields/CVFormattedField.h"
 #include "widgets/tables/CVOpenEditor.h"
+#include "widgets/tables/CVTableView.h"
 #include "workspace/CVMainMenu.h"
 #include "workspace/controls/CVEntryStrip.h"
 #include "workspace/controls/CVSaveStatus.h"
@@ -75,6 +77,20 @@ void CVMainWindow::closeEvent(QCloseEvent* event) {
 
 void CVMainWindow::commitOpenEditor() {
     CVCommitOpenEditor(focusWidget());
+}
+
+bool CVMainWindow::returnToUnreadable() {
+    for (CVTableView* const table : findChildren<CVTableView*>()) {
+        CVFormattedField* const field = table->unreadableEditor();
+        if (!field || (field == mUnreadable && field->text() == mUnreadableText))
+            continue;
+        mUnreadable = field;
+        mUnreadableText = field->text();
+        activateWindow();
+        table->returnToEditor(*field);
+        return true;
+    }
+    return false;
 }
 
 void CVMainWindow::changeEvent(QEvent* event) {

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 
 #include <functional>
 
 class CVBudgetContents;
 class CVEntryStrip;
+class CVFormattedField;
 class CVMainMenu;
 class CVReportsTab;
 class CVSaveStatus;
@@ -40,6 +42,10 @@ public:
     /// Commits what is being typed into a cell of a table.
     void commitOpenEditor();
 
+    /// Goes back to a cell whose text cannot be read and says why; false where there is none, or where that was done
+    /// for the same text before.
+    [[nodiscard]] bool returnToUnreadable();
+
     /// Is asked when the window is about to close; a false answer keeps it open.
     void setMayClose(std::function<bool()> mayClose) { mMayClose = std::move(mayClose); }
 
@@ -66,4 +72,7 @@ private:
     CVMainMenu* mMenu = nullptr;
     CVSetPicker* mSetPicker;
     std::function<bool()> mMayClose;
+    /// What was last gone back to.
+    QPointer<CVFormattedField> mUnreadable;
+    QString mUnreadableText;
 };

@@ -73,6 +73,10 @@ void CVMainWindowController::setMayClose(std::function<bool()> mayClose) {
     mWindow->setMayClose(std::move(mayClose));
 }
 
+bool CVMainWindowController::returnToUnreadable() {
+    return mWindow->returnToUnreadable();
+}
+
 void CVMainWindowController::setDocumentWindows(CVDocumentWindows* windows) {
     mDocumentWindows = windows;
     updateCommands();

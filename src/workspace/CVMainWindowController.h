@@ -39,6 +39,8 @@ public:
     [[nodiscard]] CVSaveStatus& saveStatus() const;
     /// Is asked before the window closes; a false answer keeps it open. Without one it always closes.
     void setMayClose(std::function<bool()> mayClose);
+    /// Whether the window has gone back to a cell whose text cannot be read, and has said why; once for each text.
+    [[nodiscard]] bool returnToUnreadable();
 
     /// Opens the further windows; without it none opens. Outlives the controller.
     void setDocumentWindows(CVDocumentWindows* windows);

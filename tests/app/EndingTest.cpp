@@ -1,10 +1,12 @@
 #include "EditorWindowsFixture.h"
 #include "app/CVTerminationSignals.h"
 #include "widgets/CVAlertPanel.h"
+#include "widgets/fields/CVMoneyField.h"
 #include "workspace/transactions/CVTransactionTableView.h"
 
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QMessageBox>
 #include <QSignalSpy>
 
@@ -41,10 +43,10 @@ protected:
     }
 
     /// Leaves a payee half typed in the first row of the list.
-    void typeIntoCell(const QString& text) const {
+    void typeIntoCell(const QString& text, int column = 2) const {
         auto* const table = find<CVTransactionTableView>("mTransactionTable");
         table->setFocus();
-        table->setCurrentIndex(table->model()->index(0, 2));
+        table->setCurrentIndex(table->model()->index(0, column));
         table->edit(table->currentIndex());
         QTest::keyClicks(QApplication::focusWidget(), text);
     }
@@ -62,6 +64,29 @@ TEST_F(Ending, WithoutAskingKeepsWhatIsTypedInACell) {
     typeIntoCell("Bazaar");
     EXPECT_EQ(end(), 0);
     EXPECT_TRUE(savedBytes().contains("<PayToFrom>Bazaar</PayToFrom>")) << savedBytes().toStdString();
+}
+
+TEST_F(Ending, IsRefusedOnceForEachTextInACellThatCannotBeRead) {
+    typeIntoCell({}, 1);
+    for (const char* const typed : {"abc", "d"}) {
+        QTest::keyClicks(QApplication::focusWidget(), typed);
+        EXPECT_FALSE(window().close()) << "whoever typed was not told that it cannot be kept";
+        ASSERT_TRUE(window().isVisible());
+        const auto* const field = qobject_cast<CVMoneyField*>(QApplication::focusWidget());
+        ASSERT_NE(field, nullptr);
+        EXPECT_EQ(field->text(), typed);
+        const auto* const reason = field->findChild<QLabel*>();
+        EXPECT_TRUE(reason->isVisible());
+        EXPECT_EQ(reason->text(), "Type an amount like $1,234.50.");
+    }
+    EXPECT_TRUE(window().close());
+    EXPECT_TRUE(mAlerts.shown().isEmpty());
+}
+
+TEST_F(Ending, WithoutAskingLetsGoWhatCannotBeRead) {
+    typeIntoCell("abc", 1);
+    EXPECT_EQ(end(), 0);
+    EXPECT_FALSE(window().isVisible());
 }
 
 TEST_F(Ending, WithoutAskingKeepsWhatIsTypedInAnEditor) {

@@ -63,7 +63,18 @@ void CVTableView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHin
     if (!field || field->isReadable() || hint == QAbstractItemDelegate::RevertModelCache)
         return QTableView::closeEditor(editor, hint);
     // In the middle of a change of the focus or of the current cell is no time to take it back.
-    QTimer::singleShot(0, field, [this, field] { returnToEditor(*field); });
+    QTimer::singleShot(0, field, [this, field] {
+        if (isActiveWindow())
+            returnToEditor(*field);
+    });
+}
+
+CVFormattedField* CVTableView::unreadableEditor() const {
+    for (auto* const field : viewport()->findChildren<CVFormattedField*>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (field->isVisible() && !field->isReadable())
+            return field;
+    }
+    return nullptr;
 }
 
 int CVTableView::rowHeight() const {
@@ -103,7 +114,7 @@ void CVTableView::keyPressEvent(QKeyEvent* event) {
 }
 
 void CVTableView::returnToEditor(CVFormattedField& field) {
-    if (!field.isVisible() || !isActiveWindow() || field.hasFocus())
+    if (!field.isVisible() || field.hasFocus())
         return;
     setCurrentIndex(mEdited);
     field.setFocus(Qt::OtherFocusReason);

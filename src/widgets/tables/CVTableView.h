@@ -18,6 +18,10 @@ public:
     /// Begins to edit the current cell; false for one that cannot be edited, or is already.
     bool editCurrentCell();
     using QTableView::edit;
+    /// The open editor whose text cannot be read, where there is one in sight; null elsewhere.
+    [[nodiscard]] CVFormattedField* unreadableEditor() const;
+    /// Gives the focus back to that editor and says what is expected.
+    void returnToEditor(CVFormattedField& field);
     /// One and a half lines of the table's font; a little less where the letters are large.
     [[nodiscard]] int rowHeight() const;
 
@@ -34,7 +38,6 @@ protected:
 
 private:
     void setUpHeaders();
-    void returnToEditor(CVFormattedField& field);
 
     QString mMessage;
     /// The cell whose editor was opened last.
