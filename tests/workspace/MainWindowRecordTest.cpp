@@ -115,6 +115,7 @@ TEST_F(MainWindowRecordTest, ADoubleClickOnTheButtonRecordsOnce) {
     QTest::mouseRelease(button, Qt::LeftButton);
     EXPECT_EQ(recorded().size(), 1U);
     EXPECT_TRUE(mAlerts.shown().isEmpty());
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), "mExpenseAmountField") << "as after one click";
     fillIn("6", "Market", "Groceries");
     QTest::mouseClick(button, Qt::LeftButton);
     EXPECT_EQ(recorded().size(), 2U);

@@ -146,8 +146,13 @@ void CVEntryStrip::keyPressEvent(QKeyEvent* event) {
 
 bool CVEntryStrip::eventFilter(QObject* watched, QEvent* event) {
     // One transaction was meant: the second click would find the fields as the first one left them.
+    if (watched == mRecordButton && event->type() == QEvent::MouseButtonDblClick) {
+        // The click has taken the focus already.
+        focusField(CVEntryField::Amount);
+        return true;
+    }
     if (watched == mRecordButton)
-        return event->type() == QEvent::MouseButtonDblClick;
+        return false;
     if (event->type() != QEvent::KeyPress || !CVIsReturnKey(static_cast<QKeyEvent*>(event)->key()))
         return QWidget::eventFilter(watched, event);
     emit recordRequested();
