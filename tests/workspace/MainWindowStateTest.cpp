@@ -155,6 +155,10 @@ TEST_F(MainWindowStateTest, TheStatusLineSaysWhatBecameOfSaving) {
     EXPECT_TRUE(button->isVisible());
     QTest::mouseClick(button, Qt::LeftButton);
     EXPECT_EQ(tryAgain.size(), 1);
+    status.setSaving();
+    EXPECT_EQ(text->text(), "Saving…");
+    status.setFailed("the disk is full. Your last saved file is whole.");
+    EXPECT_TRUE(button->hasFocus()) << "the next attempt is one key away";
     status.setSaved();
     EXPECT_EQ(text->text(), "All changes saved");
     EXPECT_FALSE(text->font().bold());

@@ -44,7 +44,7 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
 }
 
 void CVSaveStatus::setSaving() {
-    show(tr("Saving…"), Outcome::Fine);
+    show(tr("Saving…"), Outcome::Open);
 }
 
 void CVSaveStatus::setSaved() {
@@ -72,5 +72,7 @@ void CVSaveStatus::show(const QString& text, Outcome outcome) {
     mText->setAlignment((failed ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
     mText->setText(text);
     mIcon->setVisible(failed);
-    mTryAgain->setVisible(failed);
+    // While the next attempt runs the button stays, and with it the focus.
+    if (outcome != Outcome::Open)
+        mTryAgain->setVisible(failed);
 }

@@ -26,7 +26,7 @@ signals:
     void tryAgain();
 
 private:
-    enum class Outcome { Fine, Failed };
+    enum class Outcome { Open, Fine, Failed };
     void show(const QString& text, Outcome outcome);
 
     QLabel* mRemark;
