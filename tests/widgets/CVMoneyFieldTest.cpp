@@ -4,6 +4,7 @@
 #include "kit/Printers.h"
 #include "widgets/fields/CVFieldNote.h"
 
+#include <QAction>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QTest>
@@ -77,6 +78,21 @@ TEST_F(CVMoneyFieldTest, ATextThatIsNoAmountIsMarkedAndNeverTakenForZero) {
     EXPECT_EQ(mField->toolTip(), "Type an amount like $1,234.50.");
     mField->setDoubleValue(5);
     EXPECT_TRUE(mField->isReadable());
+}
+
+TEST_F(CVMoneyFieldTest, TheMarkOfWhatCannotBeReadGoesWithTheNextLetterAndComesBackWithTheNextReading) {
+    const QAction* const mark = mField->actions().constFirst();
+    type("abc");
+    EXPECT_TRUE(mark->isVisible());
+    mField->selectAll();
+    QTest::keyClicks(mField, "5%");
+    EXPECT_EQ(preview(), "= $0.05");
+    EXPECT_FALSE(mark->isVisible()) << "beside a result";
+    EXPECT_EQ(mField->toolTip(), "");
+    QTest::keyClicks(mField, "abc");
+    QTest::keyClick(mField, Qt::Key_Return);
+    EXPECT_TRUE(mark->isVisible());
+    EXPECT_EQ(mField->toolTip(), "Type an amount like $1,234.50.");
 }
 
 TEST_F(CVMoneyFieldTest, AnEmptyTextIsZero) {

@@ -26,6 +26,12 @@ CVFormattedField::CVFormattedField(QWidget* parent)
         if (!hasFocus() && text != mShownText)
             endEditing();
     });
+    // What is typed now has not been read yet.
+    connect(this, &QLineEdit::textEdited, this, [this] {
+        mMark->setVisible(false);
+        explain();
+        update();
+    });
 }
 
 void CVFormattedField::endEditing() {
@@ -110,7 +116,7 @@ void CVFormattedField::setReadable(bool readable) {
 }
 
 void CVFormattedField::explain() {
-    const QString reason = mReadable ? QString() : expectation();
+    const QString reason = mMark->isVisible() ? expectation() : QString();
     mMark->setToolTip(reason);
     setToolTip(reason);
     setAccessibleDescription(mNote->text().isEmpty() ? reason : mNote->text());
