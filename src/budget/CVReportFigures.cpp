@@ -68,6 +68,6 @@ quint64 CVReportFigures::taxItems(const CVCategory& category) const {
     return mSpending.of(category.uniqueID()).taxCount;
 }
 
-double targetLessMonthlyAverage(const CVCategory& category) {
-    return category.expenseTarget() - comparisonValue(category);
+bool targetIsBelowMonthlyAverage(const CVCategory& category) {
+    return category.expenseTarget() - comparisonValue(category) < 0;
 }

@@ -30,7 +30,6 @@ private:
     quint64 mNumberOfTransactions = 0;
 };
 
-/// The target less the category's monthly average, converted to its frequency; not rounded. The plan table warns where
-/// this reads as negative. It is deliberately not the average that the difference is computed from, and the two can
-/// disagree.
-[[nodiscard]] double targetLessMonthlyAverage(const CVCategory& category);
+/// Whether the plan table warns: the target lies below the category's monthly average, converted to its frequency. This
+/// is deliberately not the average that the difference is computed from, and the two can disagree.
+[[nodiscard]] bool targetIsBelowMonthlyAverage(const CVCategory& category);

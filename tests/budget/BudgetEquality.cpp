@@ -40,7 +40,7 @@ void expectColumnsAsPlain(const CVCategory& category, const CVReportFigures& fig
                 BitsOf(category.total() / PlainScan::percentDivisor(transactions, range) * 100));
     EXPECT_THAT(figures.taxAmount(category), BitsOf(PlainScan::taxExpense(category, transactions, range)));
     EXPECT_EQ(figures.taxItems(category), PlainScan::taxItems(category, transactions, range));
-    EXPECT_EQ(targetLessMonthlyAverage(category) < 0, category.expenseTarget() - comparison < 0);
+    EXPECT_EQ(targetIsBelowMonthlyAverage(category), category.expenseTarget() - comparison < 0);
 }
 
 /// The same from walks for this category alone.

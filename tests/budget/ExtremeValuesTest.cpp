@@ -51,13 +51,13 @@ TEST(ExtremeValues, OfAmountsGiveInfiniteSumsOrNoNumberAndCountAllTheSame) {
     EXPECT_EQ(figures.average(food), kInfinity);
     EXPECT_EQ(figures.difference(food), -kInfinity);
     EXPECT_EQ(figures.taxAmount(food), kInfinity);
-    EXPECT_TRUE(targetLessMonthlyAverage(food) < 0);
+    EXPECT_TRUE(targetIsBelowMonthlyAverage(food));
     EXPECT_TRUE(std::isnan(car.total()));
     EXPECT_TRUE(std::isnan(car.monthly()));
     EXPECT_TRUE(std::isnan(figures.percent(car)));
     EXPECT_EQ(car.numberOfTransactions(), 2U);
     EXPECT_EQ(car.billFrequency(), QStringLiteral("Semi-Annually"));
-    EXPECT_FALSE(targetLessMonthlyAverage(car) < 0);
+    EXPECT_FALSE(targetIsBelowMonthlyAverage(car));
     expectFiguresAsPlain(budget.document(), range);
 }
 
@@ -70,10 +70,10 @@ TEST(ExtremeValues, OfATargetAreNoObstacle) {
     const CVReportFigures figures(budget.document().transactions(), budget.document().categories(), range);
     food.setExpenseTarget(kInfinity);
     EXPECT_EQ(figures.difference(food), kInfinity);
-    EXPECT_FALSE(targetLessMonthlyAverage(food) < 0);
+    EXPECT_FALSE(targetIsBelowMonthlyAverage(food));
     food.setExpenseTarget(std::numeric_limits<double>::quiet_NaN());
     EXPECT_TRUE(std::isnan(figures.difference(food)));
-    EXPECT_FALSE(targetLessMonthlyAverage(food) < 0);
+    EXPECT_FALSE(targetIsBelowMonthlyAverage(food));
 }
 
 TEST(ExtremeValues, OfYearsAreDaysLikeAllOthers) {
@@ -141,7 +141,7 @@ TEST(ExtremeValues, OfAFrequencyLeaveTheOtherFiguresAlone) {
     EXPECT_EQ(figures.average(food), 0);
     EXPECT_EQ(figures.difference(food), 40);
     EXPECT_EQ(figures.percent(food), 100);
-    EXPECT_FALSE(targetLessMonthlyAverage(food) < 0);
+    EXPECT_FALSE(targetIsBelowMonthlyAverage(food));
 }
 
 } // namespace

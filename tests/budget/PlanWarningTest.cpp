@@ -28,7 +28,7 @@ bool warns(qint64 frequency, double monthly, double target) {
     category.setExpenseFrequency(frequency);
     category.setMonthly(monthly);
     category.setExpenseTarget(target);
-    return targetLessMonthlyAverage(category) < 0;
+    return targetIsBelowMonthlyAverage(category);
 }
 
 TEST(PlanWarning, IsGivenFromTheFirstCentThatTheConvertedMonthlyAverageExceedsTheTarget) {
@@ -80,14 +80,14 @@ TEST(PlanWarning, CanDisagreeWithTheDifference) {
     const CVReportFigures twoMonths(budget.document().transactions(), budget.document().categories(),
                                     {day(2014, 1, 1), day(2014, 2, 28)});
     EXPECT_EQ(twoMonths.difference(food), 50);
-    EXPECT_TRUE(targetLessMonthlyAverage(food) < 0);
+    EXPECT_TRUE(targetIsBelowMonthlyAverage(food));
 
     // Five months hold one quarter, so the difference is negative; 40 by five months are 24 a quarter.
     budget.categoryNamed(QStringLiteral("Food"))->setExpenseTarget(30);
     const CVReportFigures fiveMonths(budget.document().transactions(), budget.document().categories(),
                                      {day(2014, 1, 1), day(2014, 5, 31)});
     EXPECT_EQ(fiveMonths.difference(food), -10);
-    EXPECT_FALSE(targetLessMonthlyAverage(food) < 0);
+    EXPECT_FALSE(targetIsBelowMonthlyAverage(food));
 }
 
 } // namespace

@@ -134,9 +134,7 @@ QString CVReportModel::text(const QModelIndex& index) const {
 }
 
 bool CVReportModel::warns(const QModelIndex& index) const {
-    // What is missing by less than half a cent reads as nothing.
-    return column(index.column()).kind == Kind::Difference &&
-           RoundDoubleToTwoPlaces(targetLessMonthlyAverage(*categoryOfRow(index.row()))) < 0;
+    return column(index.column()).kind == Kind::Difference && targetIsBelowMonthlyAverage(*categoryOfRow(index.row()));
 }
 
 QVariant CVReportModel::emphasis(int role) {
