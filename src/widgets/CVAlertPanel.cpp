@@ -14,12 +14,12 @@ namespace {
 
 constexpr int kLeastLetters = 45;
 
-/// Whether an alert can belong to that window: a popup may be gone before its answer.
+/// Whether an alert can belong to the window. A popup cannot: it may close before the alert is answered.
 bool lasts(const QWidget* window) {
     return window->isVisible() && (window->windowType() == Qt::Window || window->windowType() == Qt::Dialog);
 }
 
-/// Whether `window` waits for the end of `modal`.
+/// Whether the modal window `modal` blocks `window`.
 bool isBlockedBy(const QWidget& modal, const QWidget& window) {
     for (const QWidget* inside = &window; inside; inside = inside->parentWidget()) {
         if (inside == &modal)
@@ -29,7 +29,8 @@ bool isBlockedBy(const QWidget& modal, const QWidget& window) {
     return modal.windowModality() == Qt::ApplicationModal || (owner && owner->window() == &window);
 }
 
-/// The window to block. The active one would not do: there is none just after another dialog has closed.
+/// The window that the alert belongs to and blocks. QApplication::activeWindow() is no help: it is null just after
+/// another dialog has closed.
 QWidget* windowFor(QWidget* asker) {
     QWidget* const asking = asker && lasts(asker->window()) ? asker->window() : nullptr;
     QWidget* const modal = QApplication::activeModalWidget();
@@ -37,7 +38,7 @@ QWidget* windowFor(QWidget* asker) {
         return modal;
     if (asking)
         return asking;
-    // Whoever asked has closed its window meanwhile.
+    // The asker's window has been closed meanwhile.
     const QWidgetList windows = QApplication::topLevelWidgets();
     const auto shown = std::find_if(windows.cbegin(), windows.cend(), lasts);
     return shown == windows.cend() ? nullptr : *shown;
@@ -55,8 +56,8 @@ QMessageBox::Icon iconOf(CVAlert::Style style) {
     return QMessageBox::Warning;
 }
 
-/// Makes the headline stand out, and the panel wide enough to read in: a short headline would break the message below
-/// it into many short lines.
+/// Makes the headline bold and the panel wide: a panel as narrow as a short headline would break the message into many
+/// short lines.
 void makeReadable(QMessageBox& panel) {
     for (auto* const label : panel.findChildren<QLabel*>()) {
         if (label->text() != panel.text())
@@ -80,12 +81,12 @@ QPushButton* addButton(QMessageBox& panel, const QString& text, QMessageBox::But
 CVAlert::Answer CVAlertPanel::run(QWidget* window, const CVAlert& alert) {
     QMessageBox panel(windowFor(window));
     panel.setWindowModality(Qt::WindowModal);
-    // At the start it may be the only window.
+    // During start-up the alert may be the only window; closing it must not quit the program.
     panel.setAttribute(Qt::WA_QuitOnClose, false);
     panel.setIcon(iconOf(alert.style));
-    // The headline says it whole; a caption would be cut.
+    // The alert's title is shown in the headline, because the window manager would cut a long caption.
     panel.setWindowTitle(QString::fromLatin1(CVBundle::kName));
-    // Texts may quote what the user typed: they are shown as they are, not read as markup.
+    // Texts may quote what the user typed, which must not be read as markup.
     panel.setTextFormat(Qt::PlainText);
     panel.setText(alert.title);
     panel.setInformativeText(alert.message);
@@ -101,7 +102,7 @@ CVAlert::Answer CVAlertPanel::run(QWidget* window, const CVAlert& alert) {
                                                                                  : alternateButton);
     panel.exec();
 
-    // An alert that ends without an answer is no consent.
+    // An alert that ends without a click counts as the safe answer.
     const QAbstractButton* const clicked = panel.clickedButton() ? panel.clickedButton() : panel.escapeButton();
     if (otherButton && clicked == otherButton)
         return CVAlert::kOther;

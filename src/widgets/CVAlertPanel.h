@@ -2,9 +2,10 @@
 
 #include "widgets/CVAlerts.h"
 
-/// Alerts as modal panels of the window that asks, or of the one that keeps it from being used or has taken its place.
-/// The headline says the title whole, the caption names the program alone. Escape answers with the alternate button, or
-/// with the default button where there is no alternate or the alert says so.
+/// Shows alerts as panels that block the asker's window, or the modal window that blocks the asker's window, or any
+/// shown window when the asker's has closed. The headline shows the alert's title; the caption shows the program's
+/// name. Escape answers with the alternate button, or with another button where there is no alternate or the alert says
+/// so.
 class CVAlertPanel final : public CVAlerts {
 public:
     CVAlert::Answer run(QWidget* window, const CVAlert& alert) override;

@@ -4,7 +4,7 @@
 
 class QWidget;
 
-/// What an alert says and asks. A button with an empty text is not there; the default button always is.
+/// What an alert says and asks. A button with an empty text is left out; the default button is always shown.
 struct CVAlert {
     /// The button that ended an alert.
     enum Answer { kOther = -1, kAlternate = 0, kDefault = 1 };
@@ -16,16 +16,16 @@ struct CVAlert {
     QString alternateButton = {};
     QString otherButton = {};
     Style style = Style::Warning;
-    /// What Escape, and closing the panel, answer: the alternate button, as far as there is one, or the default or the
-    /// other button where that is the one that changes nothing.
+    /// The answer that Escape and closing the panel give. Choose the answer that changes nothing. A button that is
+    /// absent falls back to the alternate button, then to the default button.
     Answer escapeAnswer = kAlternate;
 };
 
-/// Shows alerts and waits for their answers. While an alert is shown other events run: whoever asked looks at the world
-/// anew afterwards.
+/// Shows alerts and waits for their answers. Other events run while an alert is shown, so the caller checks its state
+/// again afterwards.
 class CVAlerts {
 public:
-    /// The alert belongs to `window`, the one of whoever asks; to none at the start, before there is a window.
+    /// `window` is the asker's window, which the alert blocks; null during start-up, before there is a window.
     virtual CVAlert::Answer run(QWidget* window, const CVAlert& alert) = 0;
 
 protected:

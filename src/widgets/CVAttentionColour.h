@@ -2,5 +2,6 @@
 
 #include <QPalette>
 
-/// The red that asks for attention, dark on a light ground and light on a dark one, so that it can be read on both.
+/// The red that marks what needs attention: dark on a light background and light on a dark one, so that it is readable
+/// on both.
 [[nodiscard]] QColor CVAttentionColour(const QPalette& palette, QPalette::ColorRole ground);

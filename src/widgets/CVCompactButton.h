@@ -2,7 +2,8 @@
 
 #include <QPushButton>
 
-/// A button that can be as narrow as its text where room is short. Styles make short texts' buttons wider than that.
+/// A button that shrinks to the width of its text where room is short; styles give buttons with short texts a larger
+/// minimum width.
 class CVCompactButton final : public QPushButton {
     Q_OBJECT
 

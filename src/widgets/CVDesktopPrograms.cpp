@@ -14,12 +14,12 @@
 
 namespace {
 
-/// A program that fails later has shown itself before, and has something of its own to say.
+/// A failure after this time is not reported: the program has shown its window by then and reports its own errors.
 constexpr std::chrono::seconds kSoon(30);
 
 } // namespace
 
-/// The toolkit, too, hands addresses to xdg-open, but does not look at what becomes of them.
+/// QDesktopServices also runs xdg-open, but does not look at its exit status.
 void CVDesktopPrograms::openURL(const QUrl& address, QWidget* asker) {
     const QString opener = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
     if (opener.isEmpty()) {
@@ -27,7 +27,8 @@ void CVDesktopPrograms::openURL(const QUrl& address, QWidget* asker) {
             tellNotOpened(address, asker);
         return;
     }
-    // Without a parent, and never deleted while it runs: that would end a browser that it waits for.
+    // The process has no parent and is not deleted while it runs: deleting it would kill a browser that xdg-open waits
+    // for.
     auto* const process = new QProcess;
     process->setStandardInputFile(QProcess::nullDevice());
     process->setStandardOutputFile(QProcess::nullDevice());

@@ -8,7 +8,8 @@
 
 class CVAlerts;
 
-/// The programs that the user's desktop has chosen for web pages and mail. What is opened goes on when Corvella ends.
+/// Opens addresses in the programs that the user's desktop has chosen for web pages and mail. These programs go on
+/// running when Corvella ends.
 class CVDesktopPrograms final : public QObject, public CVURLOpener {
     Q_OBJECT
 

@@ -2,7 +2,7 @@
 
 #include "widgets/CVFilePanels.h"
 
-/// The toolkit's own dialogs.
+/// Shows the toolkit's file dialogs.
 class CVFileDialogs final : public CVFilePanels {
 public:
     [[nodiscard]] std::optional<QString> chooseSaveLocation(QWidget& window,

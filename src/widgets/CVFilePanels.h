@@ -6,36 +6,36 @@
 
 class QWidget;
 
-/// What a panel that asks where to save shows.
+/// What a panel shows that asks where to save a file.
 struct CVSavePanelRequest {
     QString title;
-    /// Of the button that saves.
+    /// The text of the button that saves.
     QString prompt;
-    /// Without the suffix.
+    /// The file name without its suffix.
     QString proposedName;
-    /// Without the dot; added to a name that lacks it.
+    /// The suffix without the dot; it is added to a file name that lacks it.
     QString suffix;
     /// The kind of file in words.
     QString kind;
 };
 
-/// What a panel that asks for a folder shows.
+/// What a panel shows that asks for a folder.
 struct CVFolderPanelRequest {
     QString title;
-    /// Of the button that chooses.
+    /// The text of the button that chooses the folder.
     QString prompt;
-    /// Empty: wherever the panel likes.
+    /// The folder that is shown first; empty for the user's documents folder.
     QString startFolder;
 };
 
-/// Panels that ask for files, shown as sheets of a window. While one is shown other events run: whoever asked looks at
-/// the world anew afterwards.
+/// Panels that ask for files and block their window. Other events run while a panel is shown, so the caller checks its
+/// state again afterwards.
 class CVFilePanels {
 public:
-    /// The path that the user chose; absent when they cancelled.
+    /// The path that the user chose; absent when the user cancelled.
     [[nodiscard]] virtual std::optional<QString> chooseSaveLocation(QWidget& window,
                                                                     const CVSavePanelRequest& request) = 0;
-    /// The folder that the user chose, which exists; absent when they cancelled.
+    /// The existing folder that the user chose; absent when the user cancelled.
     [[nodiscard]] virtual std::optional<QString> chooseFolder(QWidget& window, const CVFolderPanelRequest& request) = 0;
 
 protected:

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// The glyphs are drawn on a square of this side.
+/// The side of the square in whose coordinates the glyphs are drawn.
 constexpr double kSide = 16;
 constexpr double kLine = 1.3;
 
@@ -93,7 +93,7 @@ public:
 
 private:
     CVGlyph::Shape mShape;
-    /// As it was last asked for.
+    /// The last picture that was painted, kept because cells ask for the same picture again and again.
     QPixmap mPicture;
     QIcon::Mode mMode = QIcon::Normal;
     qint64 mPalette = 0;

@@ -2,7 +2,7 @@
 
 #include <QIcon>
 
-/// Small pictures drawn in the text colour of the palette in force, sharp at every size and scale.
+/// Small pictures drawn in the text colour of the current palette, sharp at every size and scale.
 namespace CVGlyph {
 
 enum class Shape { Calendar, SmallTax, Flag, Search };

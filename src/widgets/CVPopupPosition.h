@@ -5,6 +5,7 @@
 class QSize;
 class QWidget;
 
-/// Where something of that size belongs to a field on the screen: below it, or above it where the screen ends,
-/// beginning where the field begins: at its right where it is read from right to left.
+/// The top left corner, on the screen, of a popup of that size that belongs to a field: below the field, or above it
+/// where there is no room below. The popup starts at the field's left edge, or at its right edge in a right-to-left
+/// layout.
 [[nodiscard]] QPoint CVPopupPosition(const QWidget& field, const QSize& size);

@@ -24,15 +24,16 @@ CVProgressPanel::CVProgressPanel(const QString& title, int steps, QWidget* windo
     , mDelay(delay()) {
     setWindowModality(Qt::ApplicationModal);
     setWindowTitle(title);
-    // A key that was meant for what the panel covers must not cancel.
+    // The Cancel button must not get the focus: a key that was meant for the window below would cancel.
     auto* const cancel = new QPushButton(tr("Cancel"), this);
-    // Each button brings a shortcut for Escape, and two of them make none: the first goes with its button.
+    // setCancelButton() adds a shortcut for Escape for each button, and two equal shortcuts disable each other: the
+    // first goes with its button.
     setCancelButton(nullptr);
     setCancelButton(cancel);
     cancel->setAutoDefault(false);
     setFocusPolicy(Qt::StrongFocus);
     setRange(0, steps);
-    // It would estimate how long the rest takes, and appear earlier than it is due.
+    // This switches off the toolkit's own estimate, which would show the panel too early.
     setMinimumDuration(std::numeric_limits<int>::max());
     setAutoClose(false);
     setAutoReset(false);

@@ -3,21 +3,21 @@
 #include <QElapsedTimer>
 #include <QProgressDialog>
 
-/// A panel that shows how far long work has come and can cancel it. It appears half a second after it was made, never
-/// before: one that flashes up would only disturb. While it is shown other events run.
+/// A panel that shows the progress of long work and can cancel it. The panel appears half a second after it was made,
+/// never before: a panel that flashes up would only disturb. Other events run while the panel is shown.
 class CVProgressPanel final : public QProgressDialog {
     Q_OBJECT
 
 public:
-    /// Before a window, or without one, in front of no other.
+    /// A null `window` gives a panel without a parent.
     CVProgressPanel(const QString& title, int steps, QWidget* window);
 
     /// Of all panels that are made from now on, so that tests depend on no clock: after how many milliseconds they
     /// appear.
     static void setDelay(int milliseconds);
 
-    /// So many steps are done; false once the user has cancelled or the panel was closed. `label` says what is being
-    /// done.
+    /// Tells the panel how many steps are done and, in `label`, what is being done. False once the user has cancelled
+    /// or closed the panel.
     [[nodiscard]] bool stepsDone(int steps, const QString& label);
 
 private:

@@ -12,10 +12,10 @@ constexpr int kLeastLines = 6;
 CVScrollArea::CVScrollArea(QWidget& content, QWidget* parent) : QScrollArea(parent) {
     setFrameShape(NoFrame);
     setWidgetResizable(true);
-    // Tab leads to the controls; scrolling follows the focus.
+    // The Tab key skips the area itself; the area scrolls to the control that gets the focus.
     setFocusPolicy(Qt::NoFocus);
     setWidget(&content);
-    // The window's ground shows through.
+    // The area shows the window's background.
     content.setAutoFillBackground(false);
     viewport()->setAutoFillBackground(false);
 }
@@ -40,8 +40,8 @@ void CVScrollArea::resizeEvent(QResizeEvent* event) {
     QScrollArea::resizeEvent(event);
 }
 
-/// A bar that is there leaves less width, in which the content may need another line and with it the bar: what counts
-/// is the room without one.
+/// Compares the content's height with the room without a scroll bar: a visible bar narrows the content, which may then
+/// wrap into another line and so keep the bar for ever.
 void CVScrollArea::decideOnBar() {
     const QSize room = maximumViewportSize();
     const int wish = widget()->hasHeightForWidth() ? widget()->heightForWidth(room.width()) : 0;

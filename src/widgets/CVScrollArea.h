@@ -2,8 +2,8 @@
 
 #include <QScrollArea>
 
-/// Lets a content scroll where the window has less room than the content needs; where there is room enough, nothing of
-/// the area shows. A window whose content lies in an area fits any screen, whatever the font.
+/// Lets a content scroll where the window is too small for it; otherwise nothing of the area is visible. A window whose
+/// content lies in an area fits any screen, whatever the font.
 class CVScrollArea final : public QScrollArea {
     Q_OBJECT
 
@@ -11,9 +11,9 @@ public:
     /// The area owns the content.
     explicit CVScrollArea(QWidget& content, QWidget* parent = nullptr);
 
-    /// What the content wishes for.
+    /// The content's own size hint.
     [[nodiscard]] QSize sizeHint() const override;
-    /// A few words in a few lines.
+    /// Room for a few words in a few lines.
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:

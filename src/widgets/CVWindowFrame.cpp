@@ -5,10 +5,11 @@
 
 namespace {
 
-/// What a window manager puts around a window, at the most: how much it is shows only with the window. In pixels.
+/// The largest frame that a window manager puts around a window. The real frame is known only once the window is shown.
+/// In pixels.
 constexpr QMargins kUsualFrame(4, 38, 4, 4);
 
-/// The nearest place inside of the screens.
+/// `inside` shrunk to the size of the screens and moved onto them.
 QRect broughtInto(const QRect& screens, QRect inside) {
     inside.setSize(inside.size().boundedTo(screens.marginsRemoved(kUsualFrame).size()));
     inside.moveLeft(qBound(screens.left(), inside.left(), screens.right() + 1 - inside.width()));

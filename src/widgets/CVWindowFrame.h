@@ -5,9 +5,9 @@
 
 class QWidget;
 
-/// What the window's screen has room for, the frame of the window manager included.
+/// The largest size with which a window and the frame of the window manager fit the window's screen.
 [[nodiscard]] QSize CVLargestWindow(const QWidget& window);
 
-/// Gives a window the frame that it was saved with, as far as the present screens have room for it; one without such a
-/// frame gets its first size, as far as its screen has room.
+/// Gives a window its saved geometry, shrunk and moved onto the screens that are connected now. A window without a
+/// saved geometry gets `firstSize`, shrunk to its screen.
 void CVRestoreFrame(QWidget& window, const QByteArray& frame, const QSize& firstSize);

@@ -98,7 +98,8 @@ std::vector<CVWrappingLayout::Line> CVWrappingLayout::lines(int width) const {
     return lines;
 }
 
-/// Each its least and, of what is left, a part: first of what all wish for, then by their stretch.
+/// Each part gets its minimum width. The remaining room is shared out in two steps: first up to the parts' size hints,
+/// then by their stretch.
 std::vector<int> CVWrappingLayout::widths(const Line& line, int width) const {
     int rest = width - gap(Qt::Horizontal) * static_cast<int>(line.end - line.first - 1);
     int wishes = 0;
@@ -118,7 +119,7 @@ std::vector<int> CVWrappingLayout::widths(const Line& line, int width) const {
         const int wish = qMax(0, mParts[i].item->sizeHint().width() - own);
         const int wished = wishes > 0 ? granted * wish / wishes : 0;
         const int stretched = stretches > 0 ? qMax(0, rest) * mParts[i].stretch / stretches : 0;
-        // Each takes its part of what is left, so that no pixel is lost to rounding.
+        // Each share is taken from what is left, so that no pixel is lost to rounding.
         granted -= wished;
         wishes -= wish;
         rest -= stretched;

@@ -5,8 +5,9 @@
 #include <memory>
 #include <vector>
 
-/// Parts beside each other. A part for which the line has no room, even when all are at their smallest, begins the next
-/// line. Parts with a stretch share what a line has left; without such parts the last one ends at the line's edge.
+/// Places its parts side by side. A part that does not fit into the line, even when all parts have their minimum width,
+/// begins the next line. Parts with a stretch share the remaining room of a line; without such parts, the last part is
+/// placed at the end of the line.
 class CVWrappingLayout final : public QLayout {
     Q_OBJECT
 
@@ -14,7 +15,7 @@ public:
     explicit CVWrappingLayout(QWidget* parent = nullptr);
     ~CVWrappingLayout() override;
 
-    /// The layout becomes this one's child.
+    /// Takes ownership of `part`.
     void addPart(QLayout* part, int stretch = 0);
 
     void addItem(QLayoutItem* item) override;
@@ -24,9 +25,9 @@ public:
     [[nodiscard]] Qt::Orientations expandingDirections() const override { return Qt::Horizontal; }
     [[nodiscard]] bool hasHeightForWidth() const override { return true; }
     [[nodiscard]] int heightForWidth(int width) const override;
-    /// All in one line.
+    /// The size with all parts in one line.
     [[nodiscard]] QSize sizeHint() const override;
-    /// As wide as the widest part; the lines that take the other parts add to the height only once the width is known.
+    /// The size of one line as wide as the widest part; heightForWidth() adds the height of further lines.
     [[nodiscard]] QSize minimumSize() const override;
     void setGeometry(const QRect& rect) override;
 
@@ -35,7 +36,7 @@ private:
         std::unique_ptr<QLayoutItem> item;
         int stretch = 0;
     };
-    /// The parts of a line, by their numbers: from `first` to before `end`.
+    /// The parts of a line: the indexes from `first` up to, but not including, `end`.
     struct Line {
         std::size_t first = 0;
         std::size_t end = 0;

@@ -12,7 +12,7 @@ enum Child { List, Field };
 
 QAccessibleInterface* describe(const QString& /*className*/, QObject* object) {
     auto* const box = qobject_cast<QComboBox*>(object);
-    // The toolkit takes ownership of the description.
+    // The toolkit takes ownership of the interface.
     return box ? std::make_unique<CVAccessibleComboBox>(*box).release() : nullptr;
 }
 

@@ -4,13 +4,13 @@
 
 class QComboBox;
 
-/// What a screen reader hears of a combo box: its name as the label says it, and its text as its value. The toolkit's
-/// own description gives the text for both on this platform, so that the name would change with every choice.
+/// How a screen reader sees a combo box: the label is its name and the chosen text is its value. The toolkit's own
+/// interface uses the text for both on this platform, so that the name would change with every choice.
 class CVAccessibleComboBox final : public QAccessibleWidget {
 public:
     explicit CVAccessibleComboBox(QComboBox& box);
 
-    /// Describes all combo boxes that are created from now on.
+    /// Uses this interface for all combo boxes that a screen reader asks about from now on.
     static void install();
 
     [[nodiscard]] int childCount() const override;

@@ -4,7 +4,8 @@
 
 #include <limits>
 
-/// For every field that edits or shows a text of the data file: the toolkit's fields cut longer texts without a word.
+/// Lets a field hold a text of any length. Every field that edits or shows a text of the data file needs this, because
+/// the toolkit's line edits silently cut longer texts.
 inline void CVTakeAnyLength(QLineEdit& field) {
     field.setMaxLength(std::numeric_limits<int>::max());
 }

@@ -2,6 +2,6 @@
 
 #include <Qt>
 
-/// How tables and fields place what they show: texts begin at the left, numbers end at the right.
+/// The alignment in tables and fields: texts at the left, numbers at the right.
 inline constexpr Qt::Alignment kCVTextAlignment = Qt::AlignLeft | Qt::AlignVCenter;
 inline constexpr Qt::Alignment kCVNumberAlignment = Qt::AlignRight | Qt::AlignVCenter;

@@ -41,7 +41,7 @@ QString CVCompletingComboBox::enteredText() const {
 
 void CVCompletingComboBox::focusInEvent(QFocusEvent* event) {
     CVSteadyComboBox::focusInEvent(event);
-    // As after the Tab key: what is typed next replaces the text.
+    // The text is selected as after the Tab key, so that typing replaces it.
     if (event->reason() == Qt::OtherFocusReason)
         lineEdit()->selectAll();
 }

@@ -4,8 +4,9 @@
 
 #include <QStringList>
 
-/// A text with a list to choose from. Typing completes to the first item that fits, with the rest selected: going on
-/// accepts it, Backspace refuses it. Any text may be entered; new items leave it alone.
+/// A text field with a list to choose from. Typing completes the text to the first matching item and selects the
+/// completed part: typing on accepts the completion, Backspace removes it. Any text may be entered; setItems() leaves
+/// the text unchanged.
 class CVCompletingComboBox final : public CVSteadyComboBox {
     Q_OBJECT
 
@@ -14,7 +15,7 @@ public:
 
     void setItems(const QStringList& items);
     [[nodiscard]] const QStringList& items() const { return mItems; }
-    /// What was entered, as it is to be recorded: an item as it is, any other text in one line.
+    /// The entered text as it is to be recorded: an item unchanged, any other text without line breaks.
     [[nodiscard]] QString enteredText() const;
 
 protected:

@@ -10,7 +10,8 @@
 
 namespace {
 
-/// Typing over a completion, the completion itself, and one to spare.
+/// Undoing a completion takes at most two steps: one for what was typed over it and one for the completion itself. The
+/// third step is a reserve.
 constexpr int kMostSteps = 3;
 
 bool isLetter(const QKeyEvent& event) {
@@ -40,13 +41,13 @@ void CVCompletingLineEdit::keyPressEvent(QKeyEvent* event) {
     const QString before = text();
     const int cursorBefore = cursorPosition();
     QLineEdit::keyPressEvent(event);
-    // The last letter of an item leaves the text as it was completed and only moves the cursor.
+    // Typing the last letter of a completed item does not change the text and only moves the cursor.
     if (!isHistory && (text() != before || (isTyping && cursorPosition() != cursorBefore)))
         takeInput(completed, isTyping);
 }
 
 void CVCompletingLineEdit::inputMethodEvent(QInputMethodEvent* event) {
-    // An input method takes the selection away long before it commits.
+    // An input method removes the selection long before it commits, so the completion is taken back first.
     if (isCompleted() && !(event->preeditString().isEmpty() && event->commitString().isEmpty()))
         takeBackCompletion(mTyped);
     QLineEdit::inputMethodEvent(event);
@@ -58,7 +59,7 @@ CVCompletingLineEdit::State CVCompletingLineEdit::state() const {
     return {text(), hasSelectedText() ? selectionStart() : cursorPosition(), selectedText().size()};
 }
 
-/// Whether the text is still as the last completion left it.
+/// Whether the text and the selection are still as the last completion left them.
 bool CVCompletingLineEdit::isCompleted() const {
     return !mTyped.isEmpty() && text() == mCompleted && selectedText() == mCompleted.mid(mTyped.size()) &&
            (hasSelectedText() || cursorPosition() == text().size());
@@ -84,7 +85,7 @@ void CVCompletingLineEdit::complete() {
         const QSignalBlocker blocker(this);
         undo();
         replaceBy(completed);
-        // Backwards, so that the cursor stands behind what was typed.
+        // The selection runs backwards, so that the cursor stands after the typed letters.
         setSelection(static_cast<int>(completed.size()), static_cast<int>(typed.size() - completed.size()));
     }
     mTyped = typed;
@@ -92,7 +93,7 @@ void CVCompletingLineEdit::complete() {
     emit textChanged(completed);
 }
 
-/// The text becomes `typed`, and its history as if that had been typed without a completion.
+/// Sets the text to `typed` and makes the undo history as if `typed` had been typed without a completion.
 void CVCompletingLineEdit::takeBackCompletion(const QString& typed) {
     {
         const QSignalBlocker blocker(this);
@@ -106,7 +107,8 @@ void CVCompletingLineEdit::takeBackCompletion(const QString& typed) {
     emit textChanged(typed);
 }
 
-/// Puts what `replacement` has more than the text, or else all of it, into the place of the selection: one edit.
+/// Changes the text to `replacement` in one edit. When `replacement` begins with the text before the selection, only
+/// the selection is replaced; otherwise all of the text is.
 void CVCompletingLineEdit::replaceBy(const QString& replacement) {
     const State before = state();
     const bool endsText = before.start + before.length == before.text.size();

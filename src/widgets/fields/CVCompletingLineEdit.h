@@ -3,12 +3,12 @@
 #include <QLineEdit>
 #include <QStringList>
 
-/// The first of `items`, in their order, that begins with `typed` in whatever case; `typed` itself when none does.
+/// The first of `items` that begins with `typed`, ignoring case; `typed` itself when none does.
 [[nodiscard]] QString CVCompletedString(const QStringList& items, const QString& typed);
 
-/// A text that is completed while it is typed. The letters as they were typed are kept while a completion stands, so
-/// that going on with another text, or refusing, brings them back. What was typed and what was completed are one edit:
-/// undo takes both away.
+/// A line edit that completes its text while the user types. The letters are kept as they were typed, so that typing on
+/// with another text or pressing Backspace restores them. The typed letter and its completion are one edit: one undo
+/// removes both.
 class CVCompletingLineEdit final : public QLineEdit {
     Q_OBJECT
 
@@ -21,7 +21,7 @@ protected:
     void inputMethodEvent(QInputMethodEvent* event) override;
 
 private:
-    /// A text with its selection, or with its cursor where nothing is selected.
+    /// A text with its selection; where nothing is selected, `start` is the cursor's position and `length` is 0.
     struct State {
         QString text;
         qsizetype start = 0;
@@ -40,6 +40,6 @@ private:
     const QStringList& mItems;
     QString mTyped;
     QString mCompleted;
-    /// What the completion was put into the place of, together with what was typed.
+    /// The text and selection that undoing the completion restores.
     State mBase;
 };

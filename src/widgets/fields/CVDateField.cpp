@@ -29,7 +29,8 @@ CVDateField::CVDateField(QWidget* parent) : CVFormattedField(parent), mDate(QBDa
     open->setText(tr("Show Calendar"));
     open->setToolTip(tr("Show a calendar (Alt+Down)"));
     connect(open, &QAction::triggered, this, &CVDateField::showCalendar);
-    // The user's changes come first as edited, then, like all others, as changed.
+    // For a change by the user textEdited comes before textChanged, so checkTyped() still sees the former count in
+    // mStrangers.
     connect(this, &QLineEdit::textEdited, this, &CVDateField::checkTyped);
     connect(this, &QLineEdit::textChanged, this,
             [this](const QString& text) { mStrangers = mFormatter.strangersIn(text); });
@@ -57,7 +58,8 @@ void CVDateField::showCalendar() {
     calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     calendar->setLocale(QBDateLocaleInForce());
     calendar->setFirstDayOfWeek(QBDateLocaleInForce().firstDayOfWeek());
-    // Weekends in the palette's colour: red means something else in this program, and is hard to read on dark.
+    // Weekends are painted like other days: the toolkit's red marks errors in this program and is hard to read on a
+    // dark background.
     for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
         calendar->setWeekdayTextFormat(day, QTextCharFormat());
     calendar->setSelectedDate(toQDate(mDate));
@@ -121,7 +123,7 @@ void CVDateField::focusInEvent(QFocusEvent* event) {
 }
 
 void CVDateField::step(int days) {
-    // What was typed is a stop on the way, not yet the day that is meant.
+    // The typed date is only the start of the step, so it is not announced.
     if (readText())
         choose(mDate.dateByAddingYears(0, 0, days));
     else

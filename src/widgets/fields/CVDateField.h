@@ -4,17 +4,17 @@
 #include "format/QBDateFormatter.h"
 #include "widgets/fields/CVFormattedField.h"
 
-/// A day: typed in short, stepped with Up and Down, or chosen from a calendar that its button (or Alt+Down) opens. A
-/// character that can be in no date is taken as typed, with a beep and a remark below the field: a panel that stops the
-/// user at every keystroke would be worse than the mistake.
+/// A field for a day. The user types it in a short form, steps it with Up and Down, or chooses it from the calendar
+/// that its button or Alt+Down opens. A character that no date can contain is accepted with a beep and a note below the
+/// field: an alert at every keystroke would be worse than the mistake.
 class CVDateField final : public CVFormattedField {
     Q_OBJECT
 
 public:
-    /// Holds today.
+    /// The field starts with today.
     explicit CVDateField(QWidget* parent = nullptr);
 
-    /// The last day that was set or could be read.
+    /// The day that was last set or read from a valid text.
     [[nodiscard]] QBDate QBDateValue() const { return mDate; }
     void setQBDateValue(const QBDate& date);
     [[nodiscard]] bool isBlank() const { return text().trimmed().isEmpty(); }
@@ -24,8 +24,8 @@ public:
     void showCalendar();
 
 signals:
-    /// The user has typed a day (and left the field or pressed Return), be it the same one, or stepped to or chosen
-    /// another. Not for a day that the program set.
+    /// The user has typed a day and left the field or pressed Return, even when the day is unchanged, or has stepped to
+    /// or chosen another day. Not emitted for a day that the program sets.
     void dateEntered(const QBDate& date);
 
 protected:
@@ -45,8 +45,8 @@ private:
 
     QBDateFormatter mFormatter;
     QBDate mDate;
-    /// The day that the world knows: set from outside or announced.
+    /// The day that was last set by the program or announced by `dateEntered`.
     QBDate mKnownDate;
-    /// Characters in the text that can be in no date.
+    /// The number of characters in the text that no date can contain.
     qsizetype mStrangers = 0;
 };

@@ -10,9 +10,9 @@
 
 namespace {
 
-/// What an elided figure keeps at the least, in widths of a zero.
+/// The minimum width of an elided figure, in widths of the digit zero.
 constexpr int kShortestFigure = 6;
-/// The line edit keeps 2 pixels free on either side of its text, and one for the cursor.
+/// QLineEdit keeps 2 pixels free on each side of its text, and 1 pixel for the cursor.
 constexpr int kTextMargin = 3;
 
 } // namespace
@@ -61,7 +61,7 @@ void CVFigureField::changeEvent(QEvent* event) {
 }
 
 void CVFigureField::paintEvent(QPaintEvent* event) {
-    // With the focus the text scrolls, so that all of it can be selected.
+    // A field with the focus scrolls its text, so that all of it can be selected.
     if (!isElided() || hasFocus())
         return QLineEdit::paintEvent(event);
     const QRect inside = rect().adjusted(kTextMargin, 0, -kTextMargin, 0);
@@ -85,7 +85,7 @@ bool CVFigureField::isElided() const {
     return width() < neededWidth();
 }
 
-/// Leaves a tooltip alone that others have set.
+/// Shows the full text as the tooltip of an elided field. A tooltip that other code has set stays.
 void CVFigureField::explain() {
     if (isElided() || mIsExplained)
         setToolTip(isElided() ? text() : QString());

@@ -4,16 +4,16 @@
 
 class QBoxLayout;
 
-/// A figure that is shown, not entered; it can be selected and copied. It is as wide as the widest text that it had, so
-/// that nothing moves, and nothing is laid out anew, while a search changes it from key to key. Where the window is too
-/// narrow for that, the figure is elided rather than that it pushes others away; its tooltip then has all of it.
+/// A read-only figure that can be selected and copied. The field is as wide as the widest text that it has shown, so
+/// that the window is not laid out anew at every key of a search. Where the window is too narrow, the figure is elided
+/// and the tooltip shows all of it.
 class CVFigureField final : public QLineEdit {
     Q_OBJECT
 
 public:
     explicit CVFigureField(QWidget* parent = nullptr);
 
-    /// A figure of `parent` with its label before it, at the end of a layout. `objectName` is Latin-1.
+    /// Adds a label and a figure field to the end of a layout. `parent` owns both. `objectName` is Latin-1.
     [[nodiscard]] static CVFigureField* addTo(QBoxLayout& layout, const char* objectName, const QString& label,
                                               const QString& accessibleName, QWidget* parent);
 

@@ -55,7 +55,7 @@ void CVFormattedField::localeChanged() {
 }
 
 QSize CVFormattedField::sizeHint() const {
-    // One more for the mark of an unreadable text.
+    // One more button than usual: the mark of an unreadable text.
     return sizeWithButtons(buttons() + 1);
 }
 
@@ -64,7 +64,7 @@ QSize CVFormattedField::minimumSizeHint() const {
 }
 
 bool CVFormattedField::readText() {
-    // A text that could not be read is looked at again, however it came back to what it was.
+    // A text that could not be read is read again, even when it is back at the text that was shown.
     if (!isModified() && text() == mShownText && mReadable)
         return true;
     if (takeValue(text()))
@@ -106,7 +106,7 @@ void CVFormattedField::setReadable(bool readable) {
     const bool isNews = !readable && mReadable;
     mReadable = readable;
     mMark->setVisible(!readable);
-    // The toolkit moves the text aside for the mark, but paints only the mark.
+    // The toolkit shifts the text to make room for the mark, but repaints only the mark's area.
     update();
     showNote({});
     if (isNews) {
@@ -124,6 +124,6 @@ void CVFormattedField::explain() {
 
 QSize CVFormattedField::sizeWithButtons(int count) const {
     const int height = QLineEdit::sizeHint().height();
-    // A button is as wide as the field is high; frame, margins and cursor take little more than half of that.
+    // A button is as wide as the field is high. Frame, margins and cursor take a little more than half of that.
     return {fontMetrics().horizontalAdvance(usualText()) + count * height + height * 2 / 3, height};
 }

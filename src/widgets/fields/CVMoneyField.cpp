@@ -24,7 +24,7 @@ void CVMoneyField::setDoubleValue(double value) {
 
 void CVMoneyField::clearValue() {
     setDoubleValue(0);
-    // Not clear(), which counts as an edit.
+    // Not clear(), which would count as an edit.
     showText({});
 }
 
@@ -60,7 +60,7 @@ void CVMoneyField::focusInEvent(QFocusEvent* event) {
 
 void CVMoneyField::mouseReleaseEvent(QMouseEvent* event) {
     CVFormattedField::mouseReleaseEvent(event);
-    // The press that brought the focus has put the cursor somewhere; a drag has selected a part on purpose.
+    // The click that gave the focus has only moved the cursor; a drag has selected a part on purpose.
     if (mClickedInto && !hasSelectedText())
         selectAll();
     mClickedInto = false;

@@ -3,18 +3,19 @@
 #include "format/QBCalculateMoneyFormatter.h"
 #include "widgets/fields/CVFormattedField.h"
 
-/// An amount of money, or arithmetic that makes one: its result shows below the field while it is typed and takes its
-/// place when editing ends. Selects itself when it gets the focus; an empty text stands for zero.
+/// A field for an amount of money or for arithmetic. The result of arithmetic shows below the field while the user
+/// types and replaces the text when editing ends. The text is selected when the field gets the focus; an empty text
+/// stands for zero.
 class CVMoneyField final : public CVFormattedField {
     Q_OBJECT
 
 public:
     explicit CVMoneyField(QWidget* parent = nullptr);
 
-    /// In currency units, not rounded.
+    /// The value in currency units, not rounded.
     [[nodiscard]] double doubleValue() const { return mValue; }
     void setDoubleValue(double value);
-    /// An empty text, and zero.
+    /// Sets the value to zero and shows an empty text.
     void clearValue();
 
     [[nodiscard]] QString expectation() const override;

@@ -7,13 +7,13 @@
 
 namespace {
 
-/// That the styles keep on either side of the text. In pixels.
+/// The margin that the styles keep on each side of the text. In pixels.
 constexpr int kPopUpTextMargin = 1;
 
 } // namespace
 
 CVSteadyComboBox::CVSteadyComboBox(QWidget* parent) : QComboBox(parent) {
-    // Nor does the wheel give it the focus.
+    // The wheel must not give the box the focus either.
     setFocusPolicy(Qt::StrongFocus);
 }
 

@@ -2,8 +2,8 @@
 
 #include <QComboBox>
 
-/// A combo box that the wheel changes only while it has the focus: scrolling past it must choose nothing. A text for
-/// which it is too narrow is elided, with a tooltip that has all of it.
+/// A combo box that the mouse wheel changes only while the box has the focus, so that scrolling the window past the box
+/// chooses nothing. A text that is too wide is elided, and its tooltip shows all of it.
 class CVSteadyComboBox : public QComboBox {
     Q_OBJECT
 

@@ -29,7 +29,7 @@ void CVCellDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionVie
         place.setRight(place.right() + missing);
     else
         place.setLeft(place.left() - missing);
-    // Where the table ends there it grows to the other side.
+    // At the edge of the table the editor grows to the other side.
     const QRect table = editor->parentWidget()->rect();
     place.translate(std::min(0, table.right() - place.right()), 0);
     place.translate(std::max(0, table.left() - place.left()), 0);
@@ -42,7 +42,7 @@ bool CVCellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const
     if (!isWanted || index.data(Qt::ToolTipRole).isValid())
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     const bool isCut = sizeHint(option, index).width() > view->visualRect(index).width();
-    // A name with markup in it shows as it is.
+    // A name that contains markup is shown as plain text.
     const QString text = Qt::convertFromPlainText(index.data().toString());
     QToolTip::showText(event->globalPos(), isCut ? text : QString(), view);
     return true;

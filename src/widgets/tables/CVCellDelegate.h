@@ -2,8 +2,8 @@
 
 #include <QStyledItemDelegate>
 
-/// Paints the cells of tables in one line each. What the model has to say about a cell shows as tooltip, else the whole
-/// text where it is cut. Pictures and boxes are the business of the delegates that derive from it.
+/// Paints each cell of a table in one line. The tooltip is the one of the model, or else the full text of a cell whose
+/// text is cut. Icons and check boxes are left to derived delegates.
 class CVCellDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
@@ -12,7 +12,7 @@ public:
 
     [[nodiscard]] QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                                         const QModelIndex& index) const override;
-    /// A field that holds a value gets the room for its buttons, beyond its cell where that is too narrow.
+    /// A formatted field is made wide enough for its text and buttons, beyond a cell that is too narrow.
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,

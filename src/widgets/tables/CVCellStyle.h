@@ -10,7 +10,7 @@
     return option.widget ? *option.widget->style() : *QApplication::style();
 }
 
-/// Between a text and the edge of its cell, where the styles put it: one pixel more than they say.
+/// The distance between a text and the edge of its cell: the styles add one pixel to their own metric.
 [[nodiscard]] inline int CVTextMarginOfCell(const QStyleOptionViewItem& option) {
     return CVStyleOfCell(option).pixelMetric(QStyle::PM_FocusFrameHMargin, &option, option.widget) + 1;
 }

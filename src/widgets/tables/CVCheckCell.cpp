@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Of the outline, whose colour is that of the text.
+/// The opacity of the outline, which has the colour of the text.
 constexpr int kOutlineAlpha = 130;
 constexpr int kDisabledOutlineAlpha = 50;
 
@@ -26,7 +26,7 @@ void CVCheckCell::paint(QPainter& painter, const QStyleOptionViewItem& option, b
     box.rect = QStyle::alignedRect(option.direction, Qt::AlignCenter, size, option.rect);
     painter.save();
     style.drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, &painter, option.widget);
-    // Some styles outline a box so faintly that an empty one cannot be seen on a dark ground.
+    // Some styles outline a box so faintly that an empty box cannot be seen on a dark background.
     QColor outline = option.palette.color(QPalette::Active, QPalette::Text);
     outline.setAlpha(box.state.testFlag(QStyle::State_Enabled) ? kOutlineAlpha : kDisabledOutlineAlpha);
     painter.setPen(outline);
@@ -36,7 +36,7 @@ void CVCheckCell::paint(QPainter& painter, const QStyleOptionViewItem& option, b
 }
 
 bool CVCheckCell::isToggle(const QEvent& event) {
-    // Of a double click a table hands on the second press, but not the release.
+    // On a double click, a table passes on the second press but not the second release.
     if (event.type() == QEvent::MouseButtonRelease || event.type() == QEvent::MouseButtonDblClick) {
         const auto& mouse = static_cast<const QMouseEvent&>(event);
         return mouse.button() == Qt::LeftButton && mouse.modifiers() == Qt::NoModifier;

@@ -4,14 +4,15 @@ class QEvent;
 class QPainter;
 class QStyleOptionViewItem;
 
-/// The cells of a table that are nothing but a check box, in its middle: the styles put the box of a cell at its edge.
+/// The cells of a table that contain only a check box, in the middle of the cell; the styles would place the box at the
+/// edge.
 namespace CVCheckCell {
 
-/// The place and the look of the cell are those of `option`; one that is not enabled is painted greyed.
+/// Paints the box with the rectangle, palette and state of `option`; a disabled cell is greyed.
 void paint(QPainter& painter, const QStyleOptionViewItem& option, bool checked);
 
-/// Whether an event on the cell turns its box round: a plain click anywhere in the cell, each one of
-/// a double click, or Space.
+/// Whether an event on the cell toggles its box: a plain click anywhere in the cell, each click of a double click, or
+/// Space.
 [[nodiscard]] bool isToggle(const QEvent& event);
 
 } // namespace CVCheckCell

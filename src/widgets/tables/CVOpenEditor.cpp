@@ -4,7 +4,8 @@
 
 void CVCommitOpenEditor(QWidget* focused) {
     for (QWidget* above = focused ? focused->parentWidget() : nullptr; above; above = above->parentWidget()) {
-        // An editor commits when it loses the focus, to its table, in which the arrow keys then go on.
+        // An editor commits when it loses the focus. The table gets the focus, so that the arrow keys move between its
+        // cells.
         if (qobject_cast<QAbstractItemView*>(above))
             return above->setFocus();
     }

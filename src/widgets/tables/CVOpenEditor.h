@@ -2,6 +2,6 @@
 
 class QWidget;
 
-/// Commits what is being typed into a cell and gives the focus to its table, where `focused` (which may be null) is, or
-/// lies in, the editor of one. Other fields keep the focus.
+/// Commits the cell editor that `focused` is or lies in, and gives the focus to its table. Any other widget keeps the
+/// focus. `focused` may be null.
 void CVCommitOpenEditor(QWidget* focused);

@@ -2,7 +2,7 @@
 
 namespace {
 
-/// The edges of neighbouring numbers and texts would touch otherwise. In pixels.
+/// Keeps a right-aligned number and a left-aligned text in the next column apart. In pixels.
 constexpr int kCellMargin = 7;
 
 } // namespace
@@ -10,6 +10,6 @@ constexpr int kCellMargin = 7;
 int CVTableStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
     if (metric == PM_HeaderMargin)
         return kCellMargin + 1;
-    // The styles put one pixel more around a text than this says.
+    // The styles add one pixel to this metric.
     return metric == PM_FocusFrameHMargin ? kCellMargin : QProxyStyle::pixelMetric(metric, option, widget);
 }

@@ -2,7 +2,7 @@
 
 #include <QProxyStyle>
 
-/// The application's style with more room between the columns of a table, in cells and header alike.
+/// The application's style with more room between the columns of a table, in cells and header.
 class CVTableStyle final : public QProxyStyle {
     Q_OBJECT
 

@@ -8,11 +8,11 @@ namespace {
 
 QString cellText(const QModelIndex& cell) {
     const QVariant spoken = cell.data(Qt::AccessibleTextRole);
-    // A cell with a tab or a line end in it would fall into two.
+    // A tab or a line break in a cell would split it into two cells.
     return (spoken.isValid() ? spoken : cell.data()).toString().simplified();
 }
 
-/// In the order of reading. Where whole rows are selected, a row stands for its cells.
+/// The selected cells in no certain order. Where whole rows are selected, a row stands for all its cells.
 QModelIndexList selectedCells(const QAbstractItemView& table) {
     const QItemSelectionModel& selection = *table.selectionModel();
     if (table.selectionBehavior() == QAbstractItemView::SelectItems)

@@ -15,7 +15,7 @@
 namespace {
 
 constexpr double kRowHeightInLines = 1.5;
-/// In pixels, above and below a line together.
+/// The sum of the room above and below a line of text. In pixels.
 constexpr int kMostRoomInRow = 10;
 constexpr int kLeastRows = 2;
 
@@ -25,7 +25,7 @@ CVTableView::CVTableView(QWidget* parent) : QTableView(parent) {
     setAlternatingRowColors(true);
     setShowGrid(false);
     setWordWrap(false);
-    // Tab leads on to the next control; the arrow keys move within the table.
+    // The Tab key moves to the next control; the arrow keys move within the table.
     setTabKeyNavigation(false);
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollMode(ScrollPerPixel);
@@ -62,7 +62,7 @@ void CVTableView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHin
     auto* const field = qobject_cast<CVFormattedField*>(editor);
     if (!field || field->isReadable() || hint == QAbstractItemDelegate::RevertModelCache)
         return QTableView::closeEditor(editor, hint);
-    // In the middle of a change of the focus or of the current cell is no time to take it back.
+    // The focus or the current cell is just changing here, so the editor takes the focus back a moment later.
     QTimer::singleShot(0, field, [this, field] {
         if (isActiveWindow())
             returnToEditor(*field);

@@ -4,28 +4,29 @@
 
 class CVFormattedField;
 
-/// A table in the house's style: rows of about one and a half lines in alternating tints, no grid, more room between
-/// the columns. One with nothing in it can say why. Copy takes the selected rows as text. An editor with a text that
-/// cannot be read stays open, and gets the focus back with the reason, until the text is mended or Escape gives it up.
+/// A table in the program's style: rows of about one and a half lines in alternating colours, no grid, more room
+/// between the columns. An empty table can show a message. Copy puts the selected rows on the clipboard as text. An
+/// editor whose text cannot be read stays open and gets the focus back with the reason, until the text is corrected or
+/// Escape discards it.
 class CVTableView : public QTableView {
     Q_OBJECT
 
 public:
     explicit CVTableView(QWidget* parent = nullptr);
 
-    /// A sentence in the middle of the table; empty for none.
+    /// Shows a sentence in the middle of the table; an empty `message` shows none.
     void setMessage(const QString& message);
-    /// Begins to edit the current cell; false for one that cannot be edited, or is already.
+    /// Opens the editor of the current cell; false when the cell is not editable or an editor is open.
     bool editCurrentCell();
     using QTableView::edit;
-    /// The open editor whose text cannot be read, where there is one in sight; null elsewhere.
+    /// The open editor whose text cannot be read, if it is visible; null otherwise.
     [[nodiscard]] CVFormattedField* unreadableEditor() const;
     /// Gives the focus back to that editor and says what is expected.
     void returnToEditor(CVFormattedField& field);
-    /// One and a half lines of the table's font; a little less where the letters are large.
+    /// One and a half lines of the table's font, but at most 10 pixels more than one line.
     [[nodiscard]] int rowHeight() const;
 
-    /// The header and a few rows: more is for the layout to give.
+    /// Room for the header and two rows; the layout may give more.
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
