@@ -27,14 +27,14 @@ namespace {
 enum Row { LabelRow, FieldRow };
 /// In characters.
 constexpr int kShortestFor = 7;
-/// The room that the two halves share out, as their fields do.
+/// The stretch of the two halves of the strip.
 constexpr int kFirstHalfStretch = 3;
 constexpr int kSecondHalfStretch = 5;
 /// Between a label and its field. In pixels.
 constexpr int kLabelGap = 2;
 /// Between two fields. In pixels.
 constexpr int kFieldGap = 6;
-/// How soon to look again whether a click has ended.
+/// How long to wait before checking again whether a click has ended.
 constexpr std::chrono::milliseconds kClickPatience(50);
 
 } // namespace
@@ -68,7 +68,7 @@ CVEntryStrip::CVEntryStrip(QWidget* parent)
     CVTakeAnyLength(*mForField);
     adjustMetrics();
     mRecordButton->setToolTip(tr("Record this transaction (Return in any of the fields)"));
-    // On some desktops Return presses a check box.
+    // On some desktops Return toggles a check box; here Return records.
     mTaxCheckbox->installEventFilter(this);
     mRecordButton->installEventFilter(this);
     connect(mRecordButton, &QPushButton::clicked, this, &CVEntryStrip::recordRequested);
@@ -89,7 +89,7 @@ std::optional<CVEntryProblem> CVEntryStrip::endEditing() {
 }
 
 CVEntry CVEntryStrip::entry() const {
-    // As they will be recorded: what is empty then must count as empty now.
+    // The texts are taken as they will be recorded, so that a text which would be recorded as empty counts as empty.
     return {mExpenseDate->QBDateValue(),
             mExpenseAmountField->doubleValue(),
             mExpenseToFromComboBox->enteredText(),
@@ -137,7 +137,7 @@ void CVEntryStrip::changeEvent(QEvent* event) {
 }
 
 void CVEntryStrip::keyPressEvent(QKeyEvent* event) {
-    // The fields let Return pass after they have taken their text.
+    // The fields pass Return on after they have read their text.
     if (CVIsReturnKey(event->key()))
         emit recordRequested();
     else
@@ -145,9 +145,9 @@ void CVEntryStrip::keyPressEvent(QKeyEvent* event) {
 }
 
 bool CVEntryStrip::eventFilter(QObject* watched, QEvent* event) {
-    // One transaction was meant: the second click would find the fields as the first one left them.
+    // The second click of a double click records nothing: the user means one transaction, and the second click would
+    // record the fields as the first one left them. The first click has given the focus to the button.
     if (watched == mRecordButton && event->type() == QEvent::MouseButtonDblClick) {
-        // The click has taken the focus already.
         focusField(CVEntryField::Amount);
         return true;
     }
@@ -190,12 +190,13 @@ std::optional<CVEntryProblem> CVEntryStrip::dateProblem() const {
 
 void CVEntryStrip::dateLeftUnreadable() {
     mIsDateUntold = true;
-    // An alert in the middle of a change of focus would be taken for the new place of the focus.
+    // The alert waits for the event loop: an alert during a focus change would be taken for the new focus.
     QTimer::singleShot(0, this, &CVEntryStrip::tellOfDate);
 }
 
 void CVEntryStrip::tellOfDate() {
-    // A click may end in recording, which tells; and an alert in the middle of a click would swallow its end.
+    // While a mouse button is held the alert waits: the click may end in recording, which reports the problem itself,
+    // and an alert would swallow the release of the button.
     if (QGuiApplication::mouseButtons() != Qt::NoButton) {
         QTimer::singleShot(kClickPatience, this, &CVEntryStrip::tellOfDate);
         return;

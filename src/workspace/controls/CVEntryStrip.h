@@ -12,34 +12,34 @@ class QGridLayout;
 class QLineEdit;
 class QPushButton;
 
-/// The row of fields in which a transaction is entered; two rows where the window is narrow. Return in any of them asks
-/// to record, as the button does; the strip itself records nothing and shows no alerts. Whoever is told of a problem
-/// shows it and calls `focusField`.
+/// The row of fields in which the user enters a transaction; two rows where the window is narrow. Return in any field
+/// asks to record, as the Record button does. The strip records nothing and shows no alerts: its owner shows a problem
+/// and calls `focusField`.
 class CVEntryStrip final : public QWidget {
     Q_OBJECT
 
 public:
     explicit CVEntryStrip(QWidget* parent = nullptr);
 
-    /// Takes what was typed into the date and the amount; the problem of the first of them that cannot be read.
+    /// Reads the typed date and amount. Returns the problem of the first of them that cannot be read.
     [[nodiscard]] std::optional<CVEntryProblem> endEditing();
     [[nodiscard]] CVEntry entry() const;
 
-    /// The amount to zero.
+    /// Sets the amount to zero.
     void resetAmount();
-    /// Everything but the date to empty or off.
+    /// Clears every field except the date and unticks the tax box.
     void clearFields();
     void setPaidToItems(const QStringList& items);
     void setCategoryItems(const QStringList& items);
-    /// With all of its text selected.
+    /// Gives a field the focus and selects all of its text.
     void focusField(CVEntryField field);
-    /// Shows date and amount as the locale now in force writes them, with their values as they are.
+    /// Shows the date and the amount in the locale now in force; their values stay the same.
     void localeChanged();
 
 signals:
     void recordRequested();
-    /// The user has left the date for another field though it is blank or no date. Not when the next thing the user
-    /// does is to record, which finds the same problem; not when the keyboard went to another window or a menu.
+    /// The user has moved the focus from a blank or invalid date to another field. Not emitted when the user records
+    /// next, because recording finds the same problem, nor when another window or a menu takes the focus.
     void dateRefused(const CVEntryProblem& problem);
 
 protected:
@@ -63,6 +63,6 @@ private:
     CVCompletingComboBox* mExpenseCategoryComboBox;
     QCheckBox* mTaxCheckbox;
     QPushButton* mRecordButton;
-    /// The date was left unreadable and the user does not know yet.
+    /// The user has left an unreadable date and `dateRefused` has not been emitted for it yet.
     bool mIsDateUntold = false;
 };

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Soon enough for a hand that presses a key.
+/// How often the key is read: the item follows the key without a visible delay.
 constexpr std::chrono::milliseconds kBetweenLooks(50);
 
 } // namespace
@@ -25,7 +25,7 @@ CVOptionItem::CVOptionItem(QMenu& menu, QAction& item)
     connect(&menu, &QMenu::aboutToHide, this, &CVOptionItem::menuDidClose);
 }
 
-/// In most styles Alt closes an open menu; in this one it is to show the item.
+/// Swallows Alt, which closes an open menu in most styles and must show the item here.
 bool CVOptionItem::eventFilter(QObject* watched, QEvent* event) {
     return (event->type() == QEvent::KeyPress && static_cast<const QKeyEvent*>(event)->key() == Qt::Key_Alt) ||
            QObject::eventFilter(watched, event);

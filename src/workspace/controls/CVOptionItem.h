@@ -8,18 +8,18 @@
 class QAction;
 class QMenu;
 
-/// Keeps a menu item in step with the Option (Alt) key: while its menu is open, the item is shown only as long as the
-/// key is held. While the menu is closed the item is there, so that its shortcut always works.
+/// Shows a menu item only while the Option (Alt) key is held and the menu is open. While the menu is closed the item
+/// stays visible, so that its shortcut always works.
 class CVOptionItem final : public QObject {
     Q_OBJECT
 
 public:
     using ModifierReader = std::function<Qt::KeyboardModifiers()>;
 
-    /// Belongs to the menu.
+    /// `menu` becomes the parent.
     CVOptionItem(QMenu& menu, QAction& item);
 
-    /// Asks `reader` for the keys that are held, in place of the platform.
+    /// Uses `reader` instead of the platform to ask which keys are held.
     void setModifierReader(ModifierReader reader) { mModifiers = std::move(reader); }
 
 protected:
@@ -32,6 +32,7 @@ private:
 
     QAction& mItem;
     ModifierReader mModifiers;
-    /// Runs only while the menu is open. The state of the key is asked for: its events do not reach every menu.
+    /// Runs only while the menu is open. The timer asks for the state of the key, because key events do not reach every
+    /// menu.
     QTimer mMenuObserver;
 };

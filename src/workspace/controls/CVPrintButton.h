@@ -4,5 +4,5 @@ class QPushButton;
 class QString;
 class QWidget;
 
-/// The button of a tab that prints what the tab shows, with what that is as its tooltip. The tab owns it.
+/// Makes a tab's Print button; `toolTip` says what the button prints. `tab` owns the button.
 [[nodiscard]] QPushButton* CVMakePrintButton(const QString& toolTip, QWidget& tab);

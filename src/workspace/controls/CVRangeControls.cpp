@@ -18,7 +18,7 @@ constexpr std::array<const char*, kCVRangePresets> kPresets{
     QT_TRANSLATE_NOOP("CVRangeControls", "Last Month"), QT_TRANSLATE_NOOP("CVRangeControls", "This Month"),
     QT_TRANSLATE_NOOP("CVRangeControls", "Last Week"),  QT_TRANSLATE_NOOP("CVRangeControls", "This Week")};
 
-/// In letters.
+/// The minimum width of the pop-up, in letters.
 constexpr int kShortestPreset = 6;
 
 void name(QWidget& widget, const CVRangeControls::Naming& naming) {
@@ -38,7 +38,7 @@ CVRangeControls::CVRangeControls(const Naming& preset, const Naming& start, cons
     name(*mEnd, end);
     for (const char* const item : kPresets)
         mPreset->addItem(tr(item));
-    // As high as the fields beside it.
+    // The pop-up is as high as the date fields beside it.
     mPreset->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     mPreset->setMinimumContentsLength(kShortestPreset);
     mStart->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);

@@ -68,7 +68,7 @@ void CVSaveStatus::show(const QString& text, Outcome outcome) {
     QFont font = mText->font();
     font.setBold(failed);
     mText->setFont(font);
-    // A failure fills the line, beginning at its icon.
+    // The text of a failure begins next to its icon.
     mText->setAlignment((failed ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
     mText->setText(text);
     mIcon->setVisible(failed);

@@ -5,9 +5,9 @@
 class QLabel;
 class QPushButton;
 
-/// The quiet line that says whether everything is saved, and offers to try again when it is not. Says nothing at first:
-/// there may be no file in which anything could be. At its beginning stands what a command has done, where nothing else
-/// would show that.
+/// The line that says whether everything is saved and offers another attempt after a failure. The line is empty at
+/// first, because there may be no file yet. It begins with a remark on what a command has done, where nothing else in
+/// the window shows that.
 class CVSaveStatus final : public QWidget {
     Q_OBJECT
 
@@ -16,13 +16,13 @@ public:
 
     void setSaving();
     void setSaved();
-    /// `reason` says what failed and what that means, in whole sentences.
+    /// `reason` says in whole sentences what failed and what that means.
     void setFailed(const QString& reason);
-    /// Stays until the next remark or a failure; screen readers are told at once.
+    /// Shows a remark until the next remark or a failure, and announces it to screen readers at once.
     void remark(const QString& text);
 
 signals:
-    /// The user asks for another attempt to save.
+    /// The user wants another attempt to save.
     void tryAgain();
 
 private:

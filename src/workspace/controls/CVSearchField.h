@@ -4,21 +4,22 @@
 
 class QMenu;
 
-/// The search text of the list. The menu behind its glass picks what is searched; the kind shows as placeholder.
+/// The search field of the list. The menu of its magnifying glass chooses what is searched; the placeholder text shows
+/// the choice.
 class CVSearchField final : public QLineEdit {
     Q_OBJECT
 
 public:
     explicit CVSearchField(QWidget* parent = nullptr);
 
-    /// The number of the kind that is checked in the menu.
+    /// The index of the kind of search that is checked in the menu.
     [[nodiscard]] int searchType() const { return mSearchType; }
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 signals:
-    /// The text has changed, with every key.
+    /// The text has changed; emitted at every key.
     void searched(const QString& text);
     void searchTypePicked(int kind);
 

@@ -10,10 +10,10 @@
 
 namespace {
 
-/// What is seen of a name, in letters.
+/// The narrowest and the widest visible part of a set's name, in letters.
 constexpr int kShortestSetName = 8;
 constexpr int kLongestSetName = 28;
-/// To the frame of the page below. In pixels.
+/// The distance to the frame of the page below. In pixels.
 constexpr int kGapBelow = 2;
 
 } // namespace
@@ -37,7 +37,7 @@ CVSetPicker::CVSetPicker(QTabWidget& tabs)
 }
 
 void CVSetPicker::setNames(const QStringList& names, int current) {
-    // Filling it anew would lay out and paint half of the window anew.
+    // Unchanged names are not set again, because that would lay out and paint half of the window.
     if (names != mNames) {
         mNames = names;
         mTransactionSet->clear();
@@ -62,11 +62,12 @@ QSize CVSetPicker::minimumSizeHint() const {
 
 void CVSetPicker::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    // Not when the event loop comes to it: the pop-up would stand beyond the edge until then.
+    // The layout is activated at once: until the event loop did so, the pop-up would lie beyond the edge.
     const int room = width() - layout()->spacing();
     const bool isLabelled = room >= labelWidth() + shortestWidth();
     mLabel->setVisible(isLabelled);
-    // The toolkit's pop-up resizes itself to its longest item some time after its items have changed.
+    // The pop-up resizes itself to its longest item some time after its items have changed; the maximum width prevents
+    // that.
     mTransactionSet->setMaximumWidth(isLabelled ? room - labelWidth() : room);
     layout()->activate();
 }
@@ -75,7 +76,7 @@ int CVSetPicker::shortestWidth() const {
     return mTransactionSet->minimumSizeHint().width();
 }
 
-/// With the gap to the pop-up.
+/// The width of the label and of the gap to the pop-up.
 int CVSetPicker::labelWidth() const {
     return mLabel->sizeHint().width() + layout()->spacing();
 }

@@ -6,30 +6,30 @@ class QComboBox;
 class QLabel;
 class QTabWidget;
 
-/// The pop-up of the transaction sets beside the titles of the tabs. The titles go first: a pop-up for which they leave
-/// too little room is narrower than its names, and at last stands without its label.
+/// The pop-up of the transaction sets beside the tab titles. The titles take precedence: where they leave too little
+/// room, the pop-up becomes narrower than its names and finally hides its label.
 class CVSetPicker final : public QWidget {
     Q_OBJECT
 
 public:
-    /// Becomes the corner of the tabs.
+    /// Makes the picker the corner widget of the tabs.
     explicit CVSetPicker(QTabWidget& tabs);
 
-    /// Shows these names; without a choice to make, with less than two, the picker hides.
+    /// Shows these names. With fewer than two names the picker hides.
     void setNames(const QStringList& names, int current);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 signals:
-    /// The user picked that set.
+    /// The user picked the set with that index.
     void picked(int index);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    /// Of the pop-up.
+    /// The minimum width of the pop-up.
     [[nodiscard]] int shortestWidth() const;
     [[nodiscard]] int labelWidth() const;
 
