@@ -19,7 +19,7 @@ constexpr int kTintAlpha = 70;
 
 using Model = CVTransactionTableModel;
 
-/// Set once the user has entered a date.
+/// The property of a date editor that is true once the user has entered a date.
 constexpr const char* kTouched = "touched";
 
 CVDateField* makeDateField(QWidget* parent) {
@@ -51,7 +51,7 @@ void CVTransactionCellDelegate::paint(QPainter* painter, const QStyleOptionViewI
     CVCellDelegate::paint(painter, option, index);
     if (!Model::isFlag(index.column()))
         return;
-    // A set tax flag is a picture, another one nothing.
+    // A set tax flag is drawn as an icon; an unset one is left empty.
     if (index.column() == Model::UserFlag)
         CVCheckCell::paint(*painter, option, index.data(Qt::CheckStateRole).toInt() == Qt::Checked);
     const auto picture = index.data(Qt::DecorationRole).value<QIcon>();
@@ -89,7 +89,7 @@ QWidget* CVTransactionCellDelegate::makeEditor(QWidget* parent, const QStyleOpti
 }
 
 void CVTransactionCellDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
-    // What is being typed outlives a reload.
+    // A reload must not replace the text that the user is typing.
     const auto* const box = qobject_cast<CVCompletingComboBox*>(editor);
     const auto* const typed = box ? box->lineEdit() : qobject_cast<QLineEdit*>(editor);
     if (typed && typed->isModified())
@@ -119,7 +119,7 @@ void CVTransactionCellDelegate::setModelData(QWidget* editor, QAbstractItemModel
     if (const auto* const date = qobject_cast<CVDateField*>(editor)) {
         const std::optional<QBDate> day = date->QBDateValue();
         const auto dayBefore = before.value<std::optional<QBDate>>();
-        // Where there was no date the editor offers today, which nobody has chosen yet.
+        // For a missing date the editor shows today, which the user has not chosen yet.
         isSame = day == dayBefore || (!dayBefore && !editor->property(kTouched).toBool());
         value = QVariant::fromValue(day);
     } else if (const auto* const amount = qobject_cast<CVMoneyField*>(editor)) {
@@ -129,7 +129,8 @@ void CVTransactionCellDelegate::setModelData(QWidget* editor, QAbstractItemModel
         const auto* const box = qobject_cast<CVCompletingComboBox*>(editor);
         const QString typed = box ? box->currentText() : editor->property("text").toString();
         const QString text = box ? box->enteredText() : xml_storableLine(typed);
-        // A text of several lines, from elsewhere, stays as it is where it is only looked at.
+        // A text with several lines can come from another program; such a text stays unchanged unless the user edits
+        // it.
         isSame = typed == before.toString() || text == before.toString();
         value = text;
     }
@@ -144,7 +145,7 @@ bool CVTransactionCellDelegate::editorEvent(QEvent* event, QAbstractItemModel* m
     return CVCheckCell::isToggle(*event) && model->setData(index, {}, Qt::CheckStateRole);
 }
 
-/// A text that cannot be read keeps its editor open, marked, until it is mended or given up with Escape.
+/// Keeps the editor of an unreadable text open and marked until the text is corrected or Escape discards it.
 bool CVTransactionCellDelegate::eventFilter(QObject* editor, QEvent* event) {
     return CVKeepUnreadableOpen(editor, event) || CVCellDelegate::eventFilter(editor, event);
 }

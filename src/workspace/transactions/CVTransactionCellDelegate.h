@@ -4,16 +4,16 @@
 
 #include <QStringList>
 
-/// Paints and edits the cells of the transaction table: pictures and boxes in the middle, one row tinted. Dates,
-/// amounts, payees and categories are edited as in the entry strip; a click or Space turns a flag round. What cannot be
-/// read, or has not changed, is not committed.
+/// Paints and edits the cells of the transaction table. Icons and boxes are centred, and one row can be tinted. Dates,
+/// amounts, payees and categories have the fields of the entry strip as editors; a click or Space toggles a flag.
+/// Unreadable and unchanged values are not committed.
 class CVTransactionCellDelegate final : public CVCellDelegate {
     Q_OBJECT
 
 public:
     using CVCellDelegate::CVCellDelegate;
 
-    /// -1 for none.
+    /// Tints the row with that index; -1 for none.
     void setTintedRow(int row) { mTintedRow = row; }
     /// What the editors of payees and categories complete to.
     void setPaidToItems(const QStringList& items) { mPaidToItems = items; }

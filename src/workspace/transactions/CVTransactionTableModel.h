@@ -9,9 +9,9 @@
 
 class CVTransactionList;
 
-/// The rows of the transaction table: the list as of the last reload. Cells are read from the transactions themselves;
-/// the Edit role holds values: std::optional<QBDate>, double, QString (null for a missing text) or bool. The model
-/// changes nothing itself: what is set is announced as edited.
+/// The rows of the transaction table: the list as of the last reload. Cells read the transactions themselves. The Edit
+/// role holds values: std::optional<QBDate>, double, QString (null for a missing text) or bool. The model changes no
+/// transaction: setData() emits `edited`.
 class CVTransactionTableModel final : public QAbstractTableModel {
     Q_OBJECT
 
@@ -22,11 +22,11 @@ public:
     /// `list` outlives the model.
     explicit CVTransactionTableModel(const CVTransactionList& list, QObject* parent = nullptr);
 
-    /// Shows the list as it is now. Where the rows are the same, and where `reorder` is called for rows that have only
-    /// changed places, an open editor stays.
+    /// Takes over the list as it is now. When the rows are unchanged an open editor stays; call `reorder` instead for
+    /// rows that have only changed places, which also keeps an open editor.
     void reload();
     void reorder();
-    /// A transaction can stand in several rows.
+    /// The transaction of each row. A transaction can appear in several rows.
     [[nodiscard]] const CVDocument::Transactions& rows() const { return mRows; }
     /// The first row of a transaction; -1 when it is not shown.
     [[nodiscard]] int rowOf(const CVTransaction* transaction) const;
@@ -36,11 +36,12 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
                                       int role = Qt::DisplayRole) const override;
-    /// Typing in the amounts finds their digits, without sign, symbol and group marks.
+    /// In the amount column, typed text is compared with the digits, without sign, currency symbol and group
+    /// separators.
     [[nodiscard]] QModelIndexList match(const QModelIndex& start, int role, const QVariant& value, int hits,
                                         Qt::MatchFlags flags) const override;
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
-    /// Announces the value for the Edit role, or the other state of a flag for the CheckState role.
+    /// Emits `edited` with the value for the Edit role, or for the CheckState role to toggle a flag.
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
 
     [[nodiscard]] static bool isFlag(int column) { return column == Tax || column == UserFlag; }
@@ -48,8 +49,8 @@ public:
     void updateFormatters();
 
 signals:
-    /// The user gave the cell that value (for a flag it counts for nothing: the flag is to turn round). Whoever carries
-    /// it out may reload the model at once.
+    /// The user gave a cell a value. For a flag `value` has no meaning: the flag is to be toggled. The receiver may
+    /// reload the model at once.
     void edited(int row, int column, const QVariant& value);
 
 private:

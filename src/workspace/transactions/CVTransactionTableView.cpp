@@ -22,13 +22,13 @@ namespace {
 constexpr int kTintMilliseconds = 1500;
 /// The usual widths of the columns, in widths of a zero.
 constexpr std::array<int, CVTransactionTableModel::ColumnCount> kWidthsInDigits{12, 14, 26, 30, 22, 7, 7};
-/// What names and categories can shrink to before the list scrolls.
+/// The minimum width of the columns with names, in widths of a zero; below that the list scrolls sideways.
 constexpr int kLeastNameInDigits = 12;
 
-/// In letters.
+/// The minimum width of any column, in letters.
 constexpr int kShortestColumn = 6;
 
-/// The columns that share out what the others leave.
+/// Whether a column holds names; these columns share the room that the others leave.
 bool isName(int column) {
     return column == CVTransactionTableModel::ToFrom || column == CVTransactionTableModel::For ||
            column == CVTransactionTableModel::Category;
@@ -49,7 +49,7 @@ CVTransactionTableView::CVTransactionTableView(const CVTransactionList& list, QW
     setEditTriggers(DoubleClicked | EditKeyPressed);
     setUpHeader();
     mClearSearch->setObjectName(QStringLiteral("mClearSearchButton"));
-    // Beside the table, as a table has no children for screen readers but its cells.
+    // The button is a sibling of the table, because a screen reader finds only cells as children of a table.
     mClearSearch->hide();
     connect(mClearSearch, &QPushButton::clicked, this, &CVTransactionTableView::clearSearchRequested);
     connect(mModel, &CVTransactionTableModel::edited, this, &CVTransactionTableView::edited);
@@ -69,10 +69,10 @@ void CVTransactionTableView::reload() {
         current.isValid() ? mModel->rows()[static_cast<std::size_t>(current.row())] : nullptr;
     mDelegate->setTintedRow(-1);
     mModel->reload();
-    // Scrolling needs the new number of rows now.
+    // Scrolling needs the new number of rows at once.
     executeDelayedItemsLayout();
     selectionModel()->select(rowsOf(selection), QItemSelectionModel::ClearAndSelect);
-    // Without a selection before and after there is no change to hear of.
+    // Without a selection before and after, the selection model emits no change.
     updateSelectedTransactions();
     if (currentTransaction)
         restoreCurrent(*currentTransaction, current);
@@ -132,12 +132,12 @@ void CVTransactionTableView::restoreColumns(const QByteArray& columns) {
     mHasUsualColumns = !horizontalHeader()->restoreState(columns);
     if (mHasUsualColumns)
         setUsualWidths();
-    // Whatever was kept: the columns can be moved.
+    // The restored state may forbid moving columns, so moving is allowed again.
     horizontalHeader()->setSectionsMovable(true);
 }
 
 void CVTransactionTableView::keyboardSearch(const QString& search) {
-    // Space alone, which turns flags round, is no beginning of a name.
+    // A Space at the beginning toggles a flag and does not start a search.
     const bool begins = !mTypedAhead.isValid() || mTypedAhead.elapsed() > QApplication::keyboardInputInterval();
     if (begins && search.trimmed().isEmpty())
         return;
@@ -192,7 +192,7 @@ void CVTransactionTableView::setUpHeader() {
             [this](int column) { emit columnClicked(CVTransactionColumns::identifier(column)); });
     connect(header, &QHeaderView::sectionMoved, this, [this] { mHasUsualColumns = false; });
     connect(header, &QHeaderView::sectionResized, this, [this](int column) {
-        // This column follows the others.
+        // The width of the column "For" follows the other columns, so a change of it is not the user's.
         if (!mIsFittingColumns && column != CVTransactionTableModel::For)
             mHasUsualColumns = false;
     });
@@ -234,7 +234,8 @@ QItemSelection CVTransactionTableView::rowsOf(const CVDocument::Transactions& tr
     return ranges;
 }
 
-/// The arrow keys go on at the same transaction, or, when it is gone, at the one in its place.
+/// Makes the same transaction current again, or the row in its place when the transaction is gone, so that the arrow
+/// keys go on from there.
 void CVTransactionTableView::restoreCurrent(const CVTransaction& transaction, const QModelIndex& before) {
     const int found = mModel->rowOf(&transaction);
     const int row = found >= 0 ? found : qMin(before.row(), mModel->rowCount() - 1);
@@ -265,7 +266,7 @@ void CVTransactionTableView::showOrder() {
                                          context.descending ? Qt::DescendingOrder : Qt::AscendingOrder);
 }
 
-/// Why there is nothing to see; empty when there is.
+/// Says why the table is empty; an empty text when the table has rows.
 QString CVTransactionTableView::emptyText() const {
     if (mModel->rowCount() > 0)
         return {};
@@ -276,7 +277,7 @@ QString CVTransactionTableView::emptyText() const {
     return tr("No transactions in this range of dates.");
 }
 
-/// Under the text that says that nothing matches.
+/// Places the button below the text that says that nothing matches.
 void CVTransactionTableView::placeClearSearch() {
     mClearSearch->setVisible(mModel->rowCount() == 0 && !mList.transactions().empty() && !mList.searchText().isEmpty());
     mClearSearch->adjustSize();

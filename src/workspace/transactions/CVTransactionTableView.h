@@ -10,8 +10,9 @@ class CVTransactionCellDelegate;
 class CVTransactionTableModel;
 class QPushButton;
 
-/// The transaction table. Whole rows are selected; the selection and the scroll position survive a reload as far as the
-/// same transactions are still shown. A double-click, F2 or Return edits a cell; letters select by the sort column.
+/// The transaction table. Whole rows are selected. Selection and scroll position survive a reload as far as the same
+/// transactions are still shown. A double-click, F2 or Return edits a cell; typed letters select a row by the sort
+/// column.
 class CVTransactionTableView final : public CVTableView {
     Q_OBJECT
 
@@ -19,15 +20,16 @@ public:
     /// `list` outlives the table.
     explicit CVTransactionTableView(const CVTransactionList& list, QWidget* parent = nullptr);
 
-    /// Shows the list and its order as they are now. `reorder` is for rows that have only changed places: an editor
-    /// that is open stays so.
+    /// Shows the list and its order as they are now. Call `reorder` for rows that have only changed places: an open
+    /// editor stays.
     void reload();
     void reorder();
     /// Dates and amounts are shown in the locale in force.
     void updateFormatters();
-    /// In row order, each once.
+    /// The selected transactions in row order, each once.
     [[nodiscard]] const CVDocument::Transactions& selectedTransactions() const { return mSelectedTransactions; }
-    /// Selects exactly the first row that shows each of these, and scrolls to the first; false when none is shown.
+    /// Selects the first row of each of these transactions and nothing else, and scrolls to the first; false when none
+    /// is shown.
     bool selectTransactions(const CVDocument::Transactions& transactions);
     /// Scrolls to the row of a transaction and tints it for a moment; false when it is not shown.
     [[nodiscard]] bool reveal(const CVTransaction* transaction);
@@ -36,20 +38,21 @@ public:
     void setPaidToItems(const QStringList& items);
     void setCategoryItems(const QStringList& items);
 
-    /// The widths and places that the user gave the columns, for `restoreColumns`.
+    /// The widths and the order of the columns, for `restoreColumns`.
     [[nodiscard]] QByteArray saveColumns() const;
-    /// Nothing that `saveColumns` has made: the usual widths, as far as the window has room for them.
+    /// Restores what `saveColumns` returned. For any other bytes the columns get their usual widths, as far as the
+    /// window has room.
     void restoreColumns(const QByteArray& columns);
 
     void keyboardSearch(const QString& search) override;
 
 signals:
-    /// The user clicked the header of that column.
+    /// The user clicked the header of the column with that identifier.
     void columnClicked(const QString& identifier);
     void selectedTransactionsChanged();
     /// The user gave a cell a value; see `CVTransactionTableModel::edited`.
     void edited(int row, int column, const QVariant& value);
-    /// The user wants to see what the search hides.
+    /// The user wants to clear the search.
     void clearSearchRequested();
 
 protected:
@@ -72,12 +75,12 @@ private:
     CVTransactionTableModel* mModel;
     CVTransactionCellDelegate* mDelegate;
     QPushButton* mClearSearch;
-    /// The user has not touched the widths and places of the columns.
+    /// The columns have their usual widths and order, unchanged by the user.
     bool mHasUsualColumns = true;
     bool mIsFittingColumns = false;
     CVDocument::Transactions mSelectedTransactions;
-    /// Since the last letter that was typed to go to a row.
+    /// The time since the last letter that was typed to find a row.
     QElapsedTimer mTypedAhead;
-    /// Runs while a row is tinted.
+    /// Running while a row is tinted.
     QTimer mTint;
 };

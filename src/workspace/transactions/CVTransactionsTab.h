@@ -13,8 +13,8 @@ class CVTransactionTableView;
 class CVWrappingLayout;
 class QPushButton;
 
-/// The list of transactions with its range, its search, its counts and sums, and the button that removes what is
-/// selected.
+/// The list of transactions with its range, its search, its counts and totals, and the button that removes the selected
+/// transactions.
 class CVTransactionsTab final : public QWidget {
     Q_OBJECT
 
@@ -25,11 +25,11 @@ public:
     [[nodiscard]] CVTransactionTableView& table() const { return *mTransactionTable; }
     [[nodiscard]] CVRangeControls& rangeControls() const { return *mRangeControls; }
     [[nodiscard]] CVSearchField& searchField() const { return *mSearchField; }
-    /// Counts and sums of the list as it is now.
+    /// Shows the counts and totals of the current list.
     void showTotalsAndCountsField();
-    /// Says for a few seconds why a transaction that was recorded is not among those that are listed.
+    /// Shows for a few seconds why a recorded transaction is not in the list.
     void tellNotListed(const CVTransaction& transaction);
-    /// Shows everything in the locale in force.
+    /// Shows all dates and amounts in the locale now in force.
     void updateFormatters();
 
 signals:
