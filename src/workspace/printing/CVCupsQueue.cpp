@@ -7,7 +7,7 @@
 
 namespace {
 
-/// The settings of a job. Later ones replace earlier ones of the same name.
+/// The settings of a print job. A setting replaces an earlier one of the same name.
 class JobOptions final {
 public:
     JobOptions() = default;
@@ -42,8 +42,9 @@ QString sidesOf(const QPrinter& printer) {
                                                                         : QStringLiteral("two-sided-long-edge");
 }
 
-/// What the toolkit's dialog set beyond the printer's own settings: pages per sheet, cover pages, the options of the
-/// model. The toolkit keeps names and values by turns, under a number that its public headers do not name.
+/// Adds the options that the toolkit's dialog set beyond the QPrinter settings: pages per sheet, cover pages, options
+/// of the printer model. The toolkit keeps them as a list of alternating names and values, under a property number that
+/// its public headers do not name.
 void addOptionsOfTheDialog(JobOptions& options, const QPrinter& printer) {
     constexpr auto kCupsOptions = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xfe00);
     const QStringList chosen = printer.printEngine()->property(kCupsOptions).toStringList();
@@ -64,7 +65,7 @@ std::optional<QString> CVCupsQueue::print(const QString& path, const QPageSize& 
     if (printer.colorMode() == QPrinter::GrayScale)
         options.add(QStringLiteral("print-color-mode"), QStringLiteral("monochrome"));
     addOptionsOfTheDialog(options, printer);
-    // What stands behind a slash names a set of settings of the queue, which the dialog has read.
+    // The part after a slash names an instance of the queue, whose settings the dialog has already read.
     const QByteArray queue = printer.printerName().section(u'/', 0, 0).toUtf8();
     const int job = cupsPrintFile(queue.constData(), path.toLocal8Bit().constData(),
                                   printer.docName().toUtf8().constData(), options.count(), options.options());

@@ -2,7 +2,8 @@
 
 #include "workspace/printing/CVPrintQueue.h"
 
-/// The queues of CUPS. The toolkit prints there too, but tells neither a refusal nor can it take back what was painted.
+/// Prints through CUPS. The toolkit also prints through CUPS, but reports no refusal and cannot drop pages that it has
+/// painted.
 class CVCupsQueue final : public CVPrintQueue {
 public:
     [[nodiscard]] std::optional<QString> print(const QString& path, const QPageSize& paper,

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Of this dialog, not of one that opens from it; null where it has none.
+/// The pop-up of paper sizes in this dialog, not in a dialog opened from it; null where there is none.
 QComboBox* papersOf(const QDialog& dialog) {
     auto* const papers = dialog.findChild<QComboBox*>(QStringLiteral("pageSizeCombo"));
     return papers && papers->window() == &dialog ? papers : nullptr;

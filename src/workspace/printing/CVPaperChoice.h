@@ -9,14 +9,14 @@ class QComboBox;
 class QDialog;
 class QPrinter;
 
-/// The paper on which a dialog of the toolkit prints: the given one, until the user chooses another in it. By itself
-/// the dialog begins with the paper that is usual for the printer, and prints on that without having shown it. Watches
-/// the dialog and those that open from it; ends with it.
+/// Makes a print dialog of the toolkit print on the given paper until the user chooses another in the dialog. Without
+/// this, the dialog prints on the printer's default paper without having shown it. The object watches the dialog and
+/// the dialogs opened from it, and ends with it.
 class CVPaperChoice final : public QObject {
     Q_OBJECT
 
 public:
-    /// The dialog is the parent.
+    /// `dialog` becomes the parent.
     CVPaperChoice(QDialog& dialog, const QPageSize& paper);
 
     [[nodiscard]] QPageSize paperOn(const QPrinter& printer) const;
@@ -30,8 +30,8 @@ private:
     void choosePaper(const QDialog& dialog);
     void settle();
 
-    /// An invalid one stands for the one that the printer has: of a size that the user typed.
+    /// The paper to print on. An invalid size stands for the printer's own: the user typed a custom size.
     QPageSize mPaper;
-    /// Chosen in the printer's properties, while the print dialog is still open.
+    /// The paper that was chosen in the printer's properties while the print dialog is still open.
     std::optional<QPageSize> mChosen;
 };

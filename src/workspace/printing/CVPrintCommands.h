@@ -13,9 +13,9 @@ class QWidget;
 
 enum class CVPrintWay { Print, Preview };
 
-/// The print commands of the main window, with the print settings that they share and keep in the user defaults.
-/// What is printed is computed anew before, as the window keeps only its visible tab up to date. References the
-/// contents, the alerts, the panels and the defaults, which outlive it.
+/// The print commands of the main window, with their shared print settings, which are kept in the user defaults.
+/// References what it prints, the alerts, the panels and the defaults, which outlive it. The caller brings the grid and
+/// the reports up to date before a command.
 class CVPrintCommands final {
     Q_DECLARE_TR_FUNCTIONS(CVPrintCommands)
 
@@ -26,10 +26,11 @@ public:
     void setPrintPanels(CVPrintPanels* panels) { mPanels = panels; }
     [[nodiscard]] bool canPrint() const { return mPanels != nullptr; }
 
-    /// Each shows its panel on the window, or says that there is nothing to print.
+    /// Shows the print panel or the preview on `window`, or an alert when there is nothing to print.
     void printTransactions(QWidget& window, CVPrintWay way);
     void printSummary(QWidget& window, CVPrintWay way);
-    /// 0 averages, 1 plan vs actual, 2 percent, any other number tax.
+    /// Like printTransactions(). `reportTab` is 0 for averages, 1 for plan vs actual, 2 for percent, any other number
+    /// for tax.
     void printReport(QWidget& window, int reportTab, CVPrintWay way);
     void setUpPage(QWidget& window);
 

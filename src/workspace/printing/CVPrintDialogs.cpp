@@ -29,14 +29,15 @@ struct PrintDialogText {
 using Failure = std::optional<QString>;
 
 void setUp(QPrinter& printer, const CVReportView& view) {
-    // The toolkit also makes the name of a file from it, and shows it above the preview.
+    // The toolkit also uses this name for the output file and for the title of the preview.
     printer.setDocName(view.report().name());
     printer.setPageLayout(view.printInfo().wholeSheet());
-    // A printer without that paper refuses the layout as a whole.
+    // The parts of the layout are set one by one, because a printer that lacks the paper refuses a whole layout.
     printer.setPageOrientation(view.printInfo().orientation);
 }
 
-/// None where the pages that were chosen lie behind the end. A report without pages is an empty sheet.
+/// The pages that the user chose; absent where they are all beyond the last page. A report without pages prints one
+/// empty sheet.
 std::optional<CVPageRange> chosenPages(const QPrinter& printer, const CVReportView& view) {
     const CVPageRange all = CVPageRange::all(view);
     if (printer.fromPage() <= 0 || all.last <= 0)
@@ -46,13 +47,13 @@ std::optional<CVPageRange> chosenPages(const QPrinter& printer, const CVReportVi
     return CVPageRange{printer.fromPage(), qMin(printer.toPage(), all.last)};
 }
 
-/// While a preview is made, its pages are recorded.
+/// Whether the printer makes a preview: the toolkit then records pages with a picture engine.
 bool isPreview(const QPrinter& printer) {
     const QPaintEngine* const engine = printer.paintEngine();
     return engine && engine->type() == QPaintEngine::Picture;
 }
 
-/// The progress of pages being painted.
+/// Shows the progress of painting the pages and asks whether to go on.
 class PrintProgress {
 public:
     PrintProgress(QWidget& window, int pages)
@@ -71,7 +72,7 @@ private:
 
 void paintPreview(QWidget& window, QPrinter& printer, const CVReportView& view, CVPageRange pages) {
     PrintProgress progress(window, pages.count());
-    // What was painted before the user cancelled is shown.
+    // After a cancel the preview shows the pages that were painted.
     (void)CVPaintPages(view, printer, pages, std::ref(progress));
 }
 
@@ -84,7 +85,7 @@ Failure writeFile(QWidget& window, const QString& path, const CVReportView& view
     return PrintDialogText::tr("The file “%1” could not be written: %2").arg(QDir::toNativeSeparators(path), *failure);
 }
 
-/// The pages are held in a file until all of them are painted: the queue begins to print with the first that it gets.
+/// Paints all pages into a file first: a queue begins to print as soon as it gets the first page.
 Failure sendToQueue(QWidget& window, CVPrintQueue& queue, const QPrinter& printer, const CVReportView& view,
                     CVPageRange pages) {
     const QTemporaryDir folder;
@@ -104,14 +105,14 @@ Failure sendToQueue(QWidget& window, CVPrintQueue& queue, const QPrinter& printe
     return PrintDialogText::tr("“%1” does not accept the pages: %2").arg(printer.printerName(), *refusal);
 }
 
-/// On the paper that the user chose in the dialog, and on the side that was chosen there.
+/// Takes over the paper and the orientation that the user chose in the dialog.
 void usePaper(CVReportView& view, const QPrinter& printer, const CVPaperChoice& choice) {
     QPageLayout layout = printer.pageLayout();
     layout.setPageSize(choice.paperOn(printer));
     view.usePaperOf(layout);
 }
 
-/// Prints, or draws a preview. A file is written by the program itself.
+/// Prints the pages or paints a preview. The program writes PDF files itself instead of the toolkit.
 Failure printPages(QWidget& window, CVPrintQueue& queue, QPrinter& printer, const CVReportView& view,
                    const QStringList& spared) {
     const auto pages = chosenPages(printer, view);
@@ -126,11 +127,12 @@ Failure printPages(QWidget& window, CVPrintQueue& queue, QPrinter& printer, cons
                           : writeFile(window, path, view, *pages, spared);
 }
 
-/// Of the page set-up, which concerns no printer: one would bring its own usual paper, and offer only what it has.
+/// Makes the page set-up dialog without a printer: a printer would bring its own default paper and offer only its own
+/// sizes.
 std::unique_ptr<QPageSetupDialog> makeSetUpDialog(QPrinter& printer, const CVPrintInfo& printInfo, QWidget& window) {
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setPageLayout(printInfo.pageLayout());
-    // The toolkit would remark on standard error that there is no printer.
+    // Silences the toolkit's message on standard error that there is no printer.
     const auto handler = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     auto dialog = std::make_unique<QPageSetupDialog>(&printer, &window);
     qInstallMessageHandler(handler);
@@ -162,7 +164,7 @@ std::optional<QString> CVPrintDialogs::preview(QWidget& window, CVReportView& vi
     Failure failure;
     bool isPainting = false;
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter* target) {
-        // Events run while a long report is painted, among them those that ask for the pages anew.
+        // Events run while a long report is painted, and one of them may ask for the pages again.
         if (isPainting)
             return;
         const QScopedValueRollback painting(isPainting, true);

@@ -4,8 +4,8 @@
 
 class CVPrintQueue;
 
-/// The toolkit's own dialogs. A file is written by the program itself, as the command line writes it; what goes to a
-/// printer is held in such a file until all of it is painted, so that a cancelled report prints nothing.
+/// Shows the toolkit's print dialogs. The program writes PDF files itself, as the command line does. Pages for a
+/// printer are first painted into such a file, so that a cancelled report prints nothing.
 class CVPrintDialogs final : public CVPrintPanels {
 public:
     /// The queue outlives the dialogs.
