@@ -4,8 +4,8 @@
 
 class CVCategory;
 
-/// A table of figures with a category in each row. It shows what its contents were at its last reload, which follows
-/// each change of theirs.
+/// The model of a table of figures with one category in each row. The model shows its contents as of the last reload,
+/// which must follow each change of the contents.
 class CVFiguresModel : public QAbstractTableModel {
     Q_OBJECT
 
@@ -13,16 +13,16 @@ public:
     using QAbstractTableModel::QAbstractTableModel;
 
     virtual void reload() = 0;
-    /// By which a row is the same after a reload; null in a row of totals.
+    /// The category that identifies a row across reloads; null for a row of totals.
     [[nodiscard]] virtual const CVCategory* categoryOfRow(int row) const = 0;
-    /// The headers of the rows are not seen; screen readers call a row by its category.
+    /// Row headers are hidden, but screen readers call a row by its category.
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 protected:
     enum class Shape { Same, Another };
 
-    /// Lives while everything that the table shows is replaced, and announces it. Where rows and columns are the same
-    /// as before, selections and an open editor stay.
+    /// Announces that everything in the table is replaced; lives while that happens. Where rows and columns stay the
+    /// same, selections and an open editor stay too.
     class Replacement final {
     public:
         Replacement(CVFiguresModel& model, Shape shape);

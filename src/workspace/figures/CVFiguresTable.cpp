@@ -21,7 +21,7 @@ CVFiguresTable::CVFiguresTable(std::unique_ptr<CVFiguresModel> model, const char
     setItemDelegate(new CVCellDelegate(this));
     setSelectionMode(ExtendedSelection);
     setEditTriggers(NoEditTriggers);
-    // There is nothing to sort by.
+    // A click on a header does nothing: the table cannot be sorted.
     horizontalHeader()->setSectionsClickable(false);
     connect(this, &QTableView::doubleClicked, this, &CVFiguresTable::cellOpened);
 }
@@ -30,10 +30,10 @@ void CVFiguresTable::reload() {
     const bool wasEditing = state() == EditingState;
     const Place before = place();
     mModel->reload();
-    // Scrolling needs the new number of rows now.
+    // Scrolling needs the new number of rows at once.
     executeDelayedItemsLayout();
     restore(before);
-    // An editor goes with its row, and the focus with it.
+    // When the row of an open editor is gone, the editor and the focus are gone too.
     if (wasEditing && state() != EditingState)
         setFocus(Qt::OtherFocusReason);
 }
@@ -86,7 +86,8 @@ void CVFiguresTable::restore(const Place& place) {
     }
     selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
     if (place.currentBefore.isValid()) {
-        // The arrow keys go on at the same category, or, when it is gone, at the one in its place.
+        // The same category stays current, or the row in its place when the category is gone, so that the arrow keys go
+        // on from there.
         QModelIndex current = indexOf(place.current);
         if (!current.isValid())
             current = mModel->index(qMin(place.currentBefore.row(), mModel->rowCount() - 1),

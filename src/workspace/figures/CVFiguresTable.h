@@ -19,7 +19,7 @@ public:
 signals:
     /// The user double-clicked a cell or pressed Return on it.
     void cellOpened(const QModelIndex& cell);
-    /// The room for columns or the size of the letters is another.
+    /// The width of the table or its font has changed.
     void metricsChanged();
 
 protected:

@@ -4,12 +4,13 @@
 
 #include <span>
 
-/// One line of a tooltip: what a figure is, and the figure.
+/// One line of a tooltip: a label and its figure.
 struct CVToolTipFigure {
     QString label;
     QString value;
 };
 
-/// Rich text: a title, what it is about below it, and figures one below the other. Texts are shown as they are.
+/// The rich text of a tooltip: a title, a line with the subject below it, then one line for each figure. The arguments
+/// are plain text.
 [[nodiscard]] QString CVFiguresToolTip(const QString& title, const QString& about,
                                        std::span<const CVToolTipFigure> figures);

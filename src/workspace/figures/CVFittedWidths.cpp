@@ -17,7 +17,7 @@ std::vector<int> CVFittedWidths(const std::vector<int>& widths, int available, i
         shares += sharesOf(column);
     qint64 rest = available;
     std::vector<int> fitted(widths.size());
-    // Each takes its part of what the narrower ones have left, so that no pixel is lost to rounding.
+    // Each column takes its share of what the narrower columns have left, so that no pixel is lost to rounding.
     for (const std::size_t column : narrowToWide) {
         const qint64 part = std::max<qint64>(smallest, rest * sharesOf(column) / shares);
         fitted[column] = static_cast<int>(part);

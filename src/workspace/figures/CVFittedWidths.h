@@ -2,6 +2,6 @@
 
 #include <vector>
 
-/// Widths of columns that together fill `available`, in proportion to `widths`, yet none below `smallest`; where that
-/// is not enough, each is `smallest` and they take more. In pixels.
+/// Column widths that together fill `available`, in proportion to `widths` but none below `smallest`. Where there is
+/// not enough room, each is `smallest` and the sum exceeds `available`. In pixels.
 [[nodiscard]] std::vector<int> CVFittedWidths(const std::vector<int>& widths, int available, int smallest);

@@ -10,8 +10,8 @@ CVFrequencyBox::CVFrequencyBox(QWidget* parent) : QComboBox(parent) {
     setAutoFillBackground(true);
     for (int code = 0; code < kFrequencyLabels; ++code)
         addItem(CVFrequencyLabel(code));
-    // Once the table has put the box in its place. A letter that opened the editor has then selected an item, which is
-    // no choice yet.
+    // The list opens after the table has placed the box. A letter that opened the editor has by then selected an item,
+    // which does not count as a choice.
     QMetaObject::invokeMethod(this, &CVFrequencyBox::open, Qt::QueuedConnection);
 }
 
@@ -20,7 +20,8 @@ void CVFrequencyBox::hidePopup() {
     QComboBox::hidePopup();
     if (!wasOpen)
         return;
-    // The choice, if there was one, is announced after the list is hidden, and may have done away with this box.
+    // The toolkit announces a choice after the list is hidden, and the receiver may close this box: `closed` waits for
+    // that.
     const auto close = [this] {
         if (isVisible())
             emit closed(this, QAbstractItemDelegate::NoHint);

@@ -3,8 +3,8 @@
 #include <QAbstractItemDelegate>
 #include <QComboBox>
 
-/// The eight frequencies to choose from, as the editor of a table's cell: its list opens by itself, and choosing or
-/// closing it ends the editing.
+/// The editor of a table cell with a frequency: a list of the eight frequencies that opens by itself. Choosing an item
+/// or closing the list ends editing.
 class CVFrequencyBox final : public QComboBox {
     Q_OBJECT
 
@@ -16,7 +16,7 @@ public:
 signals:
     /// The user chose from the list.
     void chosen(QWidget* editor);
-    /// The list was closed, after a choice or without one.
+    /// The list was closed, with or without a choice.
     void closed(QWidget* editor, QAbstractItemDelegate::EndEditHint hint);
 
 private:

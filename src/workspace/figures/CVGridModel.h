@@ -4,8 +4,8 @@
 #include "format/QBMoneyFormatter.h"
 #include "workspace/figures/CVFiguresModel.h"
 
-/// One of the four tables of the summary. Numbers are read from the contents, the Edit role holds them as double; an
-/// absent one is an empty cell.
+/// The model of one of the four tables of the summary. Numbers are read from the contents; the Edit role returns them
+/// as double. A missing number gives an empty cell.
 class CVGridModel final : public CVFiguresModel {
     Q_OBJECT
 
@@ -34,7 +34,7 @@ private:
     const CVGridContents& mContents;
     Part mPart;
     CVDocument::Categories mRows;
-    /// One for each column of a table of periods, else none.
+    /// The headers of the columns of a table of periods; empty for the other tables.
     std::vector<CVDisplayPeriods::Header> mHeaders;
     QBMoneyFormatter mMoneyFormatter;
 };

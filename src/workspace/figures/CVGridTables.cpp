@@ -14,12 +14,12 @@
 
 namespace {
 
-/// The narrowest and the widest list of category names, and the least room for an amount, in widths of a zero.
+/// The narrowest and the widest column of category names and the narrowest column of amounts, in widths of a zero.
 constexpr int kShortestName = 14;
 constexpr int kLongestName = 30;
 constexpr int kShortestAmount = 11;
 constexpr double kMostShareOfNames = 0.3;
-/// Between the names and their edges. In pixels.
+/// The room on each side of the label of the totals. In pixels.
 constexpr int kCellMargin = 8;
 constexpr int kLineAlpha = 70;
 
@@ -27,9 +27,9 @@ int widthOfZeros(const QWidget& widget, int count) {
     return widget.fontMetrics().horizontalAdvance('0') * count;
 }
 
-/// What the widest of a table's columns needs for its header and its numbers.
+/// The width that the widest column of a table needs for its header and its numbers.
 int widestColumn(const CVFiguresTable& table) {
-    // There it is public.
+    // sizeHintForColumn() is public only in QAbstractItemView.
     const QAbstractItemView& view = table;
     int widest = 0;
     for (int column = 0; column < view.model()->columnCount(); ++column)
@@ -69,7 +69,7 @@ void CVGridTables::reload() {
 }
 
 void CVGridTables::paintEvent(QPaintEvent* event) {
-    // The gaps of the layout are the lines between the tables.
+    // The background that shows through the gaps of the layout forms the lines between the tables.
     QColor line = palette().color(QPalette::Text);
     line.setAlpha(kLineAlpha);
     QPainter painter(this);
@@ -101,7 +101,7 @@ void CVGridTables::lookLikeOneTable() {
         table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     }
-    // One bar for all rows, at the right of everything, and one for all columns, below everything.
+    // One scroll bar at the right for all rows, and one at the bottom for all columns.
     mExpenseCategoryTotalTable->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     mExpensePeriodTotalTable->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     mExpenseCategoryTable->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
@@ -157,7 +157,7 @@ void CVGridTables::selectTogether() {
     for (const CVFiguresTable* const table : tables())
         connect(table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
                 [this, table] { selectHereAlone(table); });
-    // Going over to the next table with Tab leads to the same row.
+    // The tables share their current row, so that Tab leads to the same row of the next table.
     for (const CVFiguresTable* const moved : tablesOfRows()) {
         for (const CVFiguresTable* const other : tablesOfRows()) {
             connect(moved->selectionModel(), &QItemSelectionModel::currentRowChanged, other,
@@ -169,7 +169,7 @@ void CVGridTables::selectTogether() {
 void CVGridTables::goToRow(const CVFiguresTable& table, int row) const {
     const QModelIndex before = table.currentIndex();
     const QModelIndex there = table.model()->index(row, qMax(0, before.column()));
-    // Halfway through a reload a row is not the same in all tables; each restores its own.
+    // During a reload the tables may show different categories in a row; each table restores its own current row.
     if (!mReloading && there.isValid() && before.row() != row)
         table.selectionModel()->setCurrentIndex(there, QItemSelectionModel::NoUpdate);
 }
@@ -190,7 +190,7 @@ void CVGridTables::adjustMetrics() {
     for (const CVFiguresTable* const table : tablesOfRows())
         table->horizontalHeader()->setFixedHeight(header);
     const int names = widestColumn(*mExpenseCategoryTable);
-    // The periods are what the summary is about.
+    // The names are limited, because the periods need the room.
     const int longest = qMin(widthOfZeros(*this, kLongestName), qRound(width() * kMostShareOfNames));
     mExpenseCategoryTable->setFixedWidth(qMin(qMax(names, widthOfZeros(*this, kShortestName)), longest));
     const int bar = mExpenseCategoryTotalTable->verticalScrollBar()->sizeHint().width();
@@ -213,7 +213,7 @@ void CVGridTables::fitPeriodColumns() {
     for (const CVFiguresTable* const table : tablesOfPeriods())
         smallest = std::max(smallest, widestColumn(*table));
     std::vector<int> widths = mChosenWidths;
-    // Columns that the user has not seen yet are as wide as the first one.
+    // Columns that are new get the width of the first one.
     widths.resize(static_cast<std::size_t>(mExpensePeriodTable->model()->columnCount()),
                   widths.empty() ? 0 : widths.front());
     widths = CVFittedWidths(widths, mExpensePeriodTable->viewport()->width(), smallest);

@@ -9,9 +9,9 @@
 class CVFiguresTable;
 class QLabel;
 
-/// The four tables of the summary as one: the categories at the left, their totals at the right, the periods between
-/// and the periods' totals below. What stands in one line scrolls together up and down, what stands in one column has
-/// one width and scrolls together to the side, and a cell is selected in one of them at a time.
+/// Shows the four tables of the summary as one: the categories at the left, their totals at the right, the periods
+/// between them and the periods' totals below. Tables side by side scroll together vertically. Tables above each other
+/// have the same column widths and scroll together horizontally. Only one of the tables has a selection at a time.
 class CVGridTables final : public QFrame {
     Q_OBJECT
 
@@ -23,7 +23,7 @@ public:
     void reload();
 
 signals:
-    /// The user opened a cell of the periods; counted from 0.
+    /// The user opened a cell of the periods; row and column are counted from 0.
     void cellActivated(int row, int column);
 
 protected:
@@ -32,7 +32,7 @@ protected:
 private:
     [[nodiscard]] CVFiguresTable* addTable(CVGridModel::Part part, const char* objectName,
                                            const QString& accessibleName);
-    /// Those that have a row for each category.
+    /// The tables that have a row for each category.
     [[nodiscard]] std::array<CVFiguresTable*, 3> tablesOfRows() const;
     [[nodiscard]] std::array<CVFiguresTable*, 2> tablesOfPeriods() const;
     [[nodiscard]] std::array<CVFiguresTable*, 4> tables() const;
@@ -53,8 +53,8 @@ private:
     CVFiguresTable* mExpenseCategoryTotalTable;
     CVFiguresTable* mExpensePeriodTotalTable;
     QLabel* mTotalLabel;
-    /// The columns of the periods as the user left them when he last moved one; empty before he did. The shown widths
-    /// follow from them and from the room, and never the other way round: a rounded pixel is no choice.
+    /// The widths of the period columns as the user last dragged them; empty before that. The shown widths are computed
+    /// from these and from the available room; a rounded width is never stored here.
     std::vector<int> mChosenWidths;
     bool mReloading = false;
     bool mFitting = false;

@@ -33,7 +33,8 @@ QString periodText(const CVGridContents& contents, int column) {
     }
 }
 
-/// The plan is converted to the column's period; elsewhere it reads as it was entered.
+/// These labels name the period, because the plan is converted to the column's period; other windows show the plan as
+/// it was entered.
 constexpr std::array<const char*, CVDisplayPeriods::kTypes> kPlannedLabels{
     QT_TRANSLATE_NOOP("CVGridToolTip", "Planned for the day:"),
     QT_TRANSLATE_NOOP("CVGridToolTip", "Planned for the week:"),

@@ -7,7 +7,8 @@
 class CVCategory;
 class CVGridContents;
 
-/// Where a sum of the grid comes from: whose (without a category, everybody's), in which column's period (without one,
-/// in all of them), from how many transactions; for a single cell also what was planned and the difference. Rich text.
+/// The rich text of the tooltip that explains a total of the grid: its category (all categories when null), the period
+/// of its column (all periods when absent) and the number of transactions; for a single cell also the plan and the
+/// difference.
 [[nodiscard]] QString CVGridToolTip(const CVGridContents& contents, const CVCategory* category,
                                     std::optional<int> column, double spent);

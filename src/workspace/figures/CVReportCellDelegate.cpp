@@ -27,7 +27,7 @@ void CVReportCellDelegate::setEditorData(QWidget* editor, const QModelIndex& ind
     if (auto* const box = qobject_cast<CVFrequencyBox*>(editor))
         box->setCurrentIndex(value.toInt());
     else if (auto* const field = qobject_cast<CVMoneyField*>(editor); field && !field->isModified()) {
-        // What is being typed outlives a reload.
+        // A reload must not replace the amount that the user is typing.
         field->setDoubleValue(value.toDouble());
         field->selectAll();
     }

@@ -2,8 +2,8 @@
 
 #include "widgets/tables/CVCellDelegate.h"
 
-/// Edits what can be changed in the reports: a frequency is chosen from a list, a target is typed as an amount. An
-/// amount that cannot be read stays in its field, with the reason.
+/// Edits the cells of the reports: a frequency is chosen from a list, a target is typed as an amount. An unreadable
+/// amount stays in its field with the reason.
 class CVReportCellDelegate final : public CVCellDelegate {
     Q_OBJECT
 

@@ -12,21 +12,21 @@ class CVReportFigures;
 enum class CVReportTable { Averages, Totals, Percent, Tax };
 inline constexpr int kReportTables = 4;
 
-/// How a column's values read: as text, as money, as a number, as percent; as money with a warning; as the label of a
-/// frequency or as money that the user may change.
+/// How a column shows its values. `Difference` is money, marked where the target is below the monthly average. The user
+/// can edit `Frequency`, which is shown as a label, and `Target`, which is shown as money.
 enum class CVReportColumnKind { Text, Money, Count, Percent, Difference, Frequency, Target };
 
 struct CVReportColumn {
     QLatin1StringView identifier;
-    /// In English.
+    /// The English title, to be translated.
     const char* title = nullptr;
     CVReportColumnKind kind = CVReportColumnKind::Text;
-    /// In widths of a zero.
+    /// The usual width, in widths of a zero.
     int usualWidth = 0;
-    /// A QString, a double or a whole number.
+    /// The value of a cell: a QString, a double or a whole number.
     QVariant (*value)(const CVReportFigures& figures, const CVCategory& category) = nullptr;
 };
 
 [[nodiscard]] std::span<const CVReportColumn> CVReportColumns(CVReportTable table);
-/// In the user's language.
+/// The title in the user's language.
 [[nodiscard]] QString CVReportColumnTitle(const CVReportColumn& column);

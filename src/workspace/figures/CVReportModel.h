@@ -7,8 +7,8 @@
 
 class CVReportContents;
 
-/// One of the report tables. Values are read from the contents; the Edit role holds them as the columns' table says.
-/// Setting a frequency or a target changes nothing: it is announced, and shows after the reload that follows.
+/// The model of one of the report tables. Values are read from the contents; the Edit role returns them unformatted.
+/// setData() changes nothing: it announces a frequency or a target, which shows after the next reload.
 class CVReportModel final : public CVFiguresModel {
     Q_OBJECT
 
@@ -30,7 +30,7 @@ public:
                                       int role = Qt::DisplayRole) const override;
 
 signals:
-    /// Another frequency (0 to 7) or target than the row's category has.
+    /// The user entered a frequency (0 to 7) or a target that differs from the one of the row's category.
     void frequencyPicked(int row, int code);
     void targetEntered(int row, double target);
 

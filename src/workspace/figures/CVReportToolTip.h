@@ -5,6 +5,6 @@
 class CVCategory;
 class CVReportContents;
 
-/// What the figures of a category in the reports come from: the days they are about, the transactions in them and what
-/// was spent; the target where there is one. Rich text.
+/// The rich text of the tooltip that explains the figures of a category in the reports: the range of days, the number
+/// of transactions, the amount spent, and the target where there is one.
 [[nodiscard]] QString CVReportToolTip(const CVReportContents& contents, const CVCategory& category);

@@ -106,7 +106,7 @@ CVFiguresTable* CVReportsTab::addTable(CVReportTable table, const char* objectNa
     connect(model.get(), &CVReportModel::targetEntered, this, &CVReportsTab::targetEntered);
     auto* const view = new CVFiguresTable(std::move(model), objectName, accessibleName, this);
     view->setItemDelegate(new CVReportCellDelegate(view));
-    // The tab has a frame.
+    // The tab has its own frame.
     view->setFrameShape(QFrame::NoFrame);
     view->setSelectionBehavior(QAbstractItemView::SelectRows);
     view->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |

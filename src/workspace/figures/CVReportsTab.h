@@ -15,8 +15,7 @@ class CVWrappingLayout;
 class QPushButton;
 class QTabWidget;
 
-/// The four report tables with the controls of their range. It announces what the user enters and changes nothing
-/// itself.
+/// The four report tables with the controls of their range. The tab only announces what the user enters.
 class CVReportsTab final : public QWidget {
     Q_OBJECT
 
@@ -24,18 +23,18 @@ public:
     /// `contents` outlives the tab.
     explicit CVReportsTab(const CVReportContents& contents, QWidget* parent = nullptr);
 
-    /// Presets and days that the user enters are announced by these too.
+    /// The range controls, which announce the presets and days that the user enters.
     [[nodiscard]] CVRangeControls& rangeControls() const { return *mRangeControls; }
-    /// Shows the contents as they are now; the range controls belong to whoever sets the range.
+    /// Shows the contents as they are now. The range controls are left to the code that sets the range.
     void reload();
-    /// 0 to 3, any other index changes nothing; announces nothing.
+    /// Shows the report with that index, 0 to 3, and emits nothing; any other index changes nothing.
     void setReportTab(int index);
-    /// The same as if the user picked it, with the focus in its table.
+    /// Shows a report as if the user had picked it, and gives its table the focus.
     void showReport(CVReportTable report);
 
-    /// The widths of the columns of all tables, for `restoreColumns`.
+    /// The column widths of all tables, for `restoreColumns`.
     [[nodiscard]] QByteArray saveColumns() const;
-    /// Nothing that `saveColumns` has made: the usual widths.
+    /// Restores what `saveColumns` returned; any other bytes give the usual widths.
     void restoreColumns(const QByteArray& columns);
 
 signals:
@@ -43,7 +42,7 @@ signals:
     void presetPicked(int index);
     void startEntered(const QBDate& date);
     void endEntered(const QBDate& date);
-    /// The user changed a row's plan; counted from 0.
+    /// The user changed the plan of a row, which is counted from 0.
     void frequencyPicked(int row, int code);
     void targetEntered(int row, double target);
     void printRequested();
@@ -58,9 +57,9 @@ private:
     CVRangeControls* mRangeControls;
     CVFigureField* mNumberOfTransactionsField2 = nullptr;
     CVFigureField* mTotalNumberOfTransactionsField2 = nullptr;
-    /// Made before the tables, so that Tab meets it before them.
+    /// Made before the tables, so that it precedes them in the tab order.
     QPushButton* mPrintButton;
     QTabWidget* mReportTabView;
-    /// By CVReportTable.
+    /// Indexed by CVReportTable.
     std::array<CVFiguresTable*, kReportTables> mTables{};
 };

@@ -43,7 +43,7 @@ CVSummaryTab::CVSummaryTab(const CVGridContents& contents, QWidget* parent)
     mExpenseDisplayRangeField = new CVFigureField(this);
     mExpenseDisplayRangeField->setObjectName(QStringLiteral("mExpenseDisplayRangeField"));
     mExpenseDisplayRangeField->setAccessibleName(tr("Display Range"));
-    // It says what the columns are: it is never elided.
+    // The field names the range of the columns and is never elided.
     mExpenseDisplayRangeField->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     period->addWidget(mExpenseDisplayRangeField);
     auto* const buttons = new QHBoxLayout;

@@ -9,8 +9,7 @@ class QComboBox;
 class QHBoxLayout;
 class QPushButton;
 
-/// The budget grid with the controls that choose its periods. It announces what the user wants and changes nothing
-/// itself.
+/// The budget grid with the controls that choose its periods. The tab only announces what the user wants.
 class CVSummaryTab final : public QWidget {
     Q_OBJECT
 
@@ -20,7 +19,7 @@ public:
 
     /// Shows the contents as they are now.
     void reload();
-    /// 0 to 3; announces nothing.
+    /// Shows the type of period with that index, 0 to 3; emits nothing.
     void setPeriodType(int periodType);
 
 signals:
@@ -29,7 +28,7 @@ signals:
     void nextRequested();
     void todayRequested();
     void printRequested();
-    /// The user wants to see what a cell was added up from. Rows and columns are counted from 0.
+    /// The user wants to see the transactions behind a cell. Rows and columns are counted from 0.
     void cellActivated(int row, int column);
 
 private:
