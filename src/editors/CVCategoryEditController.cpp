@@ -75,7 +75,7 @@ void CVCategoryEditController::keepEntries() {
 
 void CVCategoryEditController::addControls(CVHelpOpener* help) {
     QPushButton& add = addButton(tr("&Add"));
-    // A click that took the focus would end the edit that is to be given up.
+    // The button must not take the focus on a click: that would commit the edit that addCategory() discards.
     add.setFocusPolicy(Qt::TabFocus);
     connect(&add, &QPushButton::clicked, this, &CVCategoryEditController::addCategory);
     mRemoveCategoryButton = &addButton(tr("&Delete"));
@@ -87,7 +87,7 @@ void CVCategoryEditController::addControls(CVHelpOpener* help) {
     addHelpButton(help, QStringLiteral("Categories.html"));
 }
 
-/// Any name is taken, also none and one that another category has.
+/// Accepts any name, even an empty one or one that another category has.
 void CVCategoryEditController::renameCategory(int row, const QString& text) {
     const auto category = mModel->category(row);
     const QString name = xml_storableLine(text);
@@ -95,10 +95,12 @@ void CVCategoryEditController::renameCategory(int row, const QString& text) {
         return;
     category->setCategoryName(name);
     mDocument.sortCategories();
-    // Whoever shows the categories in their order was told of the name before it had its place.
+    // The notification of the new name was sent before sorting; observers that show the categories in order need this
+    // second one.
     mDocument.notificationCenter().postNotification(QLatin1String(CVNotifications::kCategoryAddedRemoved));
     mModel->reorder();
-    // The table has its own idea of the next row once the event that ended the edit is over.
+    // The row is shown after the current event, because the table selects a row of its own choice at the end of that
+    // event.
     QMetaObject::invokeMethod(
         this, [this, category] { showCategory(*category); }, Qt::QueuedConnection);
     mDocument.workbookSave();
@@ -129,14 +131,15 @@ void CVCategoryEditController::reload() {
     updateControls();
 }
 
-/// Categories in use are deleted only along with one that is not: what counts is the row that was selected last.
+/// The Delete button depends on the row selected last: categories in use can be deleted only together with an unused
+/// one that was selected last.
 void CVCategoryEditController::updateControls() {
     const auto row = mCategoryEditTable->lastSelectedRow();
     mRemoveCategoryButton->setEnabled(row && !mModel->isInUse(*row));
     setRemark(remark());
 }
 
-/// On the row that was selected last.
+/// The remark on the row that was selected last.
 QString CVCategoryEditController::remark() const {
     const auto row = mCategoryEditTable->lastSelectedRow();
     if (!row)

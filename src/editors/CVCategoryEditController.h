@@ -11,7 +11,7 @@ class CVCategoryEditModel;
 class CVDocument;
 class CVEditorTable;
 
-/// The window in which categories are added, renamed and deleted. Every change is announced and saved at once.
+/// The window in which the user adds, renames and deletes categories. Every change is announced and saved at once.
 /// References the document, the alerts and the help, which outlive it.
 class CVCategoryEditController final : public CVEditorWindow {
     Q_OBJECT
@@ -20,13 +20,13 @@ public:
     /// Without `help` there is no Help button.
     CVCategoryEditController(CVDocument& document, CVAlerts& alerts, CVHelpOpener* help = nullptr,
                              QWidget* parent = nullptr);
-    /// Keeps what is being typed, as every way of closing does: the program may end while the window is open.
+    /// Commits what the user is typing, because the program may end while the window is open.
     ~CVCategoryEditController() override;
 
-    /// Adds "New Category", or takes the one there is, and lets the user type its name. What is being typed in a cell
-    /// is given up.
+    /// Adds "New Category", or selects an existing one, and opens the editor of its name. An edit in progress is
+    /// discarded.
     void addCategory();
-    /// Deletes the selected categories once the user has confirmed it, those in use too; their transactions stay.
+    /// Deletes the selected categories, even those in use, once the user has confirmed it. Their transactions stay.
     void removeCategory();
 
     void keepEntries() override;

@@ -75,7 +75,7 @@ QVariant CVCategoryEditModel::cell(int row, int column, int role) const {
             return isInUse(row) ? tr("Yes") : tr("No");
         return role == Qt::DisplayRole && isInUse(row) ? QVariant(QString(kCheckMark)) : QVariant();
     default:
-        // An empty box: nothing is ever ticked here.
+        // The box of the Delete column is never ticked.
         if (role == Qt::ToolTipRole)
             return tr("To delete this category, select it and press Delete.");
         return role == Qt::CheckStateRole ? QVariant(Qt::Unchecked) : QVariant();

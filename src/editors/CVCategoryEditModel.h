@@ -4,9 +4,8 @@
 #include "model/CVDocument.h"
 #include "model/CVIDMap.h"
 
-/// The rows of the category editor: the document's categories, in its order, as of the last reload, and which of them
-/// are in use. A category is in use when any transaction of any set has it. Names are read from the categories
-/// themselves.
+/// The rows of the category editor: the document's categories, in its order, as of the last reload, and whether each is
+/// in use. A category is in use when any transaction of any set has it. Names are read from the categories themselves.
 class CVCategoryEditModel final : public CVEditorModel {
     Q_OBJECT
 
@@ -16,13 +15,14 @@ public:
     /// `document` outlives the model.
     explicit CVCategoryEditModel(const CVDocument& document, QObject* parent = nullptr);
 
-    /// Shows the document as it is now, after one walk over its transactions.
+    /// Shows the document as it is now; walks once over its transactions.
     void reload();
-    /// The same categories have other places or names: the selection, the current row and an open editor go with them.
+    /// The same categories have other places or names. The selection, the current row and an open editor stay with
+    /// their categories.
     void reorder();
 
     [[nodiscard]] const std::shared_ptr<CVCategory>& category(int row) const;
-    /// -1 when it is not shown.
+    /// The row of a category; -1 when it is not shown.
     [[nodiscard]] int rowOf(const CVCategory* category) const;
     [[nodiscard]] bool isInUse(int row) const;
 
@@ -34,6 +34,6 @@ protected:
 private:
     const CVDocument& mDocument;
     CVDocument::Categories mCategoryArray;
-    /// By category ID.
+    /// Whether a category is in use, by category ID.
     CVIDMap<bool> mUsed{false};
 };

@@ -12,7 +12,7 @@ bool canTurnRound(const QModelIndex& index) {
     return index.flags().testFlag(Qt::ItemIsUserCheckable);
 }
 
-/// The box that an event on a cell turns round: a click its own, a key that of its row.
+/// The cell whose box an event toggles: a click toggles the box of the clicked cell, a key the box of the row.
 QModelIndex boxOf(const QModelIndex& index, const QEvent& event) {
     if (canTurnRound(index))
         return index;
@@ -41,7 +41,7 @@ QWidget* CVEditorCellDelegate::createEditor(QWidget* parent, const QStyleOptionV
     QWidget* const editor = CVCellDelegate::createEditor(parent, option, index);
     editor->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
     if (auto* const field = qobject_cast<QLineEdit*>(editor)) {
-        // The text stays where the cell has it: the field itself leaves 2 pixels free.
+        // The text must not move when the editor opens; the line edit itself keeps 2 pixels free.
         const int margin = CVTextMarginOfCell(option) - 2;
         field->setTextMargins(margin, 0, margin, 0);
     }

@@ -2,8 +2,8 @@
 
 #include "widgets/tables/CVCellDelegate.h"
 
-/// The cells of an editor's table: boxes stand in the middle of their cells, and one that cannot be turned round is
-/// greyed. A click on a cell with a box, or Space anywhere in its row, turns it round.
+/// Paints and edits the cells of an editor's table. Boxes are centred, and a box that cannot be toggled is greyed. A
+/// click on a cell with a box, or Space anywhere in its row, toggles the box.
 class CVEditorCellDelegate final : public CVCellDelegate {
     Q_OBJECT
 

@@ -7,23 +7,23 @@
 
 #include <span>
 
-/// What a column of an editor's table is.
+/// The description of a column of an editor's table.
 struct CVEditorColumn {
     QLatin1StringView identifier;
-    /// To be translated in the context "CVEditorModel".
+    /// The English title, to be translated in the context "CVEditorModel".
     const char* title = nullptr;
     Qt::Alignment alignment = kCVTextAlignment;
-    /// What its cells can do beyond being selected: be edited or turned round.
+    /// What the cells allow beyond being selected: editing or toggling.
     Qt::ItemFlags abilities = Qt::NoItemFlags;
 };
 
-/// The columns of an editor's table. Rows and cells come from its heirs, which read the records themselves. The model
-/// changes nothing: what the user does to a cell is announced.
+/// The model of an editor's table. Derived models provide rows and cells, which they read from the records. The model
+/// changes no record: it announces what the user does to a cell.
 class CVEditorModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:
-    /// The columns outlive the model.
+    /// `columns` outlives the model.
     CVEditorModel(std::span<const CVEditorColumn> columns, QObject* parent);
 
     [[nodiscard]] QLatin1StringView identifier(int column) const;
@@ -33,17 +33,17 @@ public:
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
                                       int role = Qt::DisplayRole) const override;
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
-    /// Announces a text for the Edit role, or that a box is to turn round for the CheckState role.
+    /// Emits `edited` for the Edit role and `toggled` for the CheckState role.
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
 
 signals:
-    /// The user gave the row's text a new value. Whoever carries it out may change the model at once.
+    /// The user gave the name of a row a new value. The receiver may change the model at once.
     void edited(int row, const QString& text);
-    /// The user wants the row's box to turn round.
+    /// The user wants to toggle the box of a row.
     void toggled(int row);
 
 protected:
-    /// What a cell that exists has to say in that role.
+    /// The data of an existing cell for a role.
     [[nodiscard]] virtual QVariant cell(int row, int column, int role) const = 0;
 
 private:

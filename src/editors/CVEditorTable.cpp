@@ -13,7 +13,8 @@
 CVEditorTable::CVEditorTable(CVEditorModel& model, int nameColumn, QWidget* parent)
     : CVTableView(parent)
     , mNameColumn(nameColumn) {
-    // It goes with the table, not before it: a selection that ends is news to the window.
+    // The table owns the model. A model that is destroyed before the table ends the selection, which would call a
+    // window that is being destroyed.
     model.setParent(this);
     setModel(&model);
     setItemDelegate(new CVEditorCellDelegate(this));
@@ -47,7 +48,7 @@ void CVEditorTable::abandonEdit() {
 }
 
 void CVEditorTable::showRow(int row) {
-    // Scrolling needs the new places of the rows now.
+    // Scrolling needs the new places of the rows at once.
     executeDelayedItemsLayout();
     const QModelIndex name = model()->index(row, mNameColumn);
     selectionModel()->setCurrentIndex(name, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
@@ -105,7 +106,7 @@ void CVEditorTable::keyPressEvent(QKeyEvent* event) {
         CVTableView::keyPressEvent(event);
 }
 
-/// Rows are selected, not cells, so that the ends of a row are no places to go to.
+/// Home and End go to the first and last row, because whole rows are selected and the ends of a row have no meaning.
 QModelIndex CVEditorTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
     if (action != MoveHome && action != MoveEnd)
         return CVTableView::moveCursor(action, modifiers);
@@ -113,7 +114,7 @@ QModelIndex CVEditorTable::moveCursor(CursorAction action, Qt::KeyboardModifiers
     return model()->index(row, std::max(0, currentIndex().column()));
 }
 
-/// The editor always stands in the current row.
+/// The open editor, which is always in the current cell; null when none is open.
 QWidget* CVEditorTable::openEditor() const {
     return state() == EditingState ? indexWidget(currentIndex()) : nullptr;
 }

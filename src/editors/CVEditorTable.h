@@ -8,33 +8,34 @@
 class CVEditorModel;
 class QBUserDefaults;
 
-/// The table of an editor. Whole rows are selected. Return, F2 or a double-click edits the text that names a row;
-/// letters select by it. Home and End lead to the first and the last row.
+/// The table of an editor window. Whole rows are selected. Return, F2 or a double-click edits the name in a row; typed
+/// letters select a row by its name. Home and End go to the first and the last row.
 class CVEditorTable final : public CVTableView {
     Q_OBJECT
 
 public:
-    /// The table becomes the model's parent; `nameColumn` is the column with the texts that name the rows.
+    /// The table becomes the model's parent. `nameColumn` is the column with the names of the rows.
     CVEditorTable(CVEditorModel& model, int nameColumn, QWidget* parent);
 
-    /// Widths in widths of a digit, one for each column; the column with the names takes what is left.
+    /// Sets the usual widths, one for each column, in widths of a digit. The name column gets the remaining width
+    /// instead.
     void setUsualWidths(std::initializer_list<int> digits);
 
-    /// Takes the widths that `key` holds, if any, and keeps there what the user makes of them. The defaults outlive the
-    /// table.
+    /// Restores the column widths stored under `key`, if any, and stores the user's changes there. The defaults outlive
+    /// the table.
     void rememberColumns(QBUserDefaults& defaults, const char* key);
 
-    /// Ends editing: what was typed is taken, or lost. Without an open editor: nothing.
+    /// Closes the open editor, if any: commitEdit() keeps the typed text, abandonEdit() discards it.
     void commitEdit();
     void abandonEdit();
 
     /// Selects that row alone and scrolls to it.
     void showRow(int row);
-    /// Shows the row and opens the editor of its name, with the whole text selected.
+    /// Selects the row and opens the editor of its name, with the whole text selected.
     void editRow(int row);
-    /// The cursor of the keyboard goes to that row, or to the last when there are less; nothing is selected.
+    /// Makes that row the current one, or the last row when there are fewer; selects nothing.
     void moveCursorTo(int row);
-    /// From the top.
+    /// The selected rows in ascending order.
     [[nodiscard]] std::vector<int> selectedRows() const;
 
     /// The current row, if it is selected.
@@ -43,7 +44,7 @@ public:
     void keyboardSearch(const QString& search) override;
 
 signals:
-    /// Another row is current, or other rows are selected.
+    /// The current row or the selection has changed.
     void rowsChanged();
 
 protected:

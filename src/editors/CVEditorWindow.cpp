@@ -24,7 +24,7 @@ CVEditorWindow::CVEditorWindow(const QString& title, const char* frameKey, QBUse
     mRemark->setObjectName(QStringLiteral("mRemark"));
     mRemark->setTextFormat(Qt::PlainText);
     mRemark->setWordWrap(true);
-    // Nothing moves when a remark of one line comes and goes.
+    // The line keeps its height, so that nothing moves when a remark of one line comes and goes.
     mRemark->setMinimumHeight(fontMetrics().height());
     mRemark->hide();
     QPushButton* const close = makeButton(tr("&Close"));
@@ -81,7 +81,7 @@ void CVEditorWindow::announceRemark() const {
     QAccessible::updateAccessibility(&announcement);
 }
 
-/// Return edits a row; no button takes it over.
+/// Makes a button that Return does not press, because Return edits a row.
 QPushButton* CVEditorWindow::makeButton(const QString& text) {
     auto* const button = new QPushButton(text, this);
     button->setAutoDefault(false);

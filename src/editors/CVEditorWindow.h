@@ -9,35 +9,36 @@ class QLabel;
 class QPushButton;
 class QVBoxLayout;
 
-/// A modal window with contents, a line for remarks and a row of buttons. Escape, Ctrl+W and its close button close it;
-/// what is being typed then is kept, unless Escape has ended the typing before. Its frame is remembered. References the
-/// user defaults, which outlive it.
+/// A modal window with contents, a line for remarks and a row of buttons. Escape, Ctrl+W and the close button close the
+/// window and commit what the user is typing; in a cell, Escape first discards the edit. The window's frame is
+/// remembered. References the user defaults, which outlive it.
 class CVEditorWindow : public QDialog {
     Q_OBJECT
 
 public:
-    /// Under `frameKey` the frame is kept in the user defaults.
+    /// `frameKey` is the key under which the user defaults keep the frame.
     CVEditorWindow(const QString& title, const char* frameKey, QBUserDefaults& defaults, QWidget* parent);
 
-    /// Every way in which the user closes the window leads here.
+    /// Called for every way in which the user closes the window.
     void done(int result) override;
 
-    /// Takes what is being typed and saves what is not saved yet.
+    /// Commits what the user is typing and saves unsaved changes.
     virtual void keepEntries() {}
 
 protected:
-    /// Above the remarks and the buttons.
+    /// The layout above the remark and the buttons.
     [[nodiscard]] QVBoxLayout& contents() const { return *mContents; }
-    /// Appends a button to the row; the text less its mnemonic is its accessible name.
+    /// Appends a button to the row. Its accessible name is the text without the mnemonic mark.
     QPushButton& addButton(const QString& text);
-    /// Adds the button that opens that page; without anyone to show it there is no button.
+    /// Adds a Help button that opens that page of the help book; adds nothing when `help` is null.
     void addHelpButton(CVHelpOpener* help, const QString& page);
-    /// The size of a window that has no frame yet, in letters of its font.
+    /// Restores the remembered frame. The arguments give the size of a window without one, in digits and lines of its
+    /// font.
     void restoreFrame(int widthInDigits, int heightInLines);
 
-    /// The line below the contents, which is there from the first call on; empty for nothing to remark.
+    /// Shows a remark below the contents; empty for none. The line takes up room from the first call on.
     void setRemark(const QString& remark);
-    /// Reads the remark out to those who do not see it.
+    /// Announces the remark to screen readers.
     void announceRemark() const;
 
 private:

@@ -2,14 +2,14 @@
 
 class QModelIndex;
 
-/// What is odd about a name in a list of names. Nothing forbids it.
+/// A fault in a name of a list of names. A fault is remarked on, not forbidden.
 enum class CVNameFault {
     None,
-    /// There is nothing to see of it.
+    /// The name has no visible characters.
     Empty,
-    /// Another row bears it, in whatever case.
+    /// Another row has the same name, ignoring case.
     Taken
 };
 
-/// Of the name in that cell, among those in its column.
+/// The fault of the name in a cell, compared with the other names in the cell's column.
 [[nodiscard]] CVNameFault CVFaultOfName(const QModelIndex& cell);

@@ -62,7 +62,7 @@ void CVTransactionSetController::addTransactionSet() {
     set->setUniqueID(mDocument.getUniqueTransactionSetID());
     auto& sets = mDocument.transactionSets();
     sets.push_back(set);
-    // What is recorded belongs to the only set that there is; the main window is to list it.
+    // A single set is made the current one: new transactions belong to it, and the main window must list it.
     if (sets.size() == 1)
         mDocument.setCurrentTransactionSet(set->uniqueID());
     save();
@@ -95,7 +95,7 @@ void CVTransactionSetController::keepEntries() {
     saveName();
 }
 
-/// It keeps the ID that transactions have while there is no set.
+/// Makes a set for transactions that were recorded without one. The new set gets ID 0, which these transactions have.
 void CVTransactionSetController::makeInitialSet() {
     if (mDocument.transactionSets().empty() && !mDocument.transactions().empty())
         mDocument.transactionSets().push_back(makeSet(mDocument, tr("Initial Transaction Set")));
@@ -155,7 +155,7 @@ void CVTransactionSetController::refuseRemoval() {
     mAlerts.run(this, refusal);
 }
 
-/// Null: one was deleted.
+/// Announces a changed or added set; a null `set` announces that a set was deleted.
 void CVTransactionSetController::announce(const std::shared_ptr<CVTransactionSet>& set) const {
     mDocument.notificationCenter().postNotification(QLatin1String(CVNotifications::kTransactionSet),
                                                     set ? std::any(set) : std::any());
@@ -178,14 +178,14 @@ void CVTransactionSetController::reload() {
     updateControls();
 }
 
-/// The last set stays.
+/// Disables Delete for the last set, which must stay.
 void CVTransactionSetController::updateControls() {
     mRemoveTransactionSetButton->setEnabled(mTransactionSetTable->selectionModel()->hasSelection() &&
                                             mModel->rowCount() != 1);
     setRemark(remark());
 }
 
-/// On the selected row.
+/// The remark on the selected row.
 QString CVTransactionSetController::remark() const {
     const auto row = mTransactionSetTable->lastSelectedRow();
     if (!row)

@@ -10,23 +10,23 @@ class CVEditorTable;
 class CVTransactionSet;
 class CVTransactionSetModel;
 
-/// The window in which transaction sets are added, renamed and deleted. Every change of the user's is announced and
-/// saved; a new name is saved with the next change, at the latest when the window closes. References the document, the
-/// alerts and the help, which outlive it.
+/// The window in which the user adds, renames and deletes transaction sets. Every change is announced. Every change is
+/// saved at once, except a new name, which is saved with the next change or when the window closes. References the
+/// document, the alerts and the help, which outlive it.
 class CVTransactionSetController final : public CVEditorWindow {
     Q_OBJECT
 
 public:
-    /// Transactions that belong to no set get one, of their ID 0. Without `help` there is no Help button.
+    /// Makes a set with ID 0 for transactions that belong to no set. Without `help` there is no Help button.
     CVTransactionSetController(CVDocument& document, CVAlerts& alerts, CVHelpOpener* help = nullptr,
                                QWidget* parent = nullptr);
-    /// Keeps what is being typed, as every way of closing does: the program may end while the window is open.
+    /// Commits what the user is typing, because the program may end while the window is open.
     ~CVTransactionSetController() override;
 
     /// Adds "New Transaction Set" and lets the user type its name.
     void addTransactionSet();
-    /// Deletes the selected set with its transactions once the user has confirmed it, twice when there are any. The
-    /// current set stays.
+    /// Deletes the selected set with its transactions once the user has confirmed it, twice when the set has
+    /// transactions. The current set cannot be deleted.
     void removeTransactionSet();
 
     void keepEntries() override;

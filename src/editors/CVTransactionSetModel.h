@@ -5,8 +5,8 @@
 
 #include <unordered_map>
 
-/// The rows of the transaction set editor: the document's sets, in its order, as of the last reload, and how many
-/// transactions each has. Names are read from the sets themselves.
+/// The rows of the transaction set editor: the document's sets, in its order, as of the last reload, and the number of
+/// transactions in each. Names are read from the sets themselves.
 class CVTransactionSetModel final : public CVEditorModel {
     Q_OBJECT
 
@@ -16,13 +16,13 @@ public:
     /// `document` outlives the model.
     explicit CVTransactionSetModel(const CVDocument& document, QObject* parent = nullptr);
 
-    /// Shows the document as it is now, after one walk over its transactions.
+    /// Shows the document as it is now; walks once over its transactions.
     void reload();
-    /// The row has another name.
+    /// Shows the changed name of a row.
     void showName(int row);
 
     [[nodiscard]] const std::shared_ptr<CVTransactionSet>& set(int row) const;
-    /// How many transactions of the document the set has.
+    /// The number of transactions in the set of a row.
     [[nodiscard]] qsizetype count(int row) const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -33,6 +33,6 @@ protected:
 private:
     const CVDocument& mDocument;
     CVDocument::TransactionSets mTransactionSetArray;
-    /// By set ID.
+    /// The number of transactions by set ID.
     std::unordered_map<quint32, qsizetype> mCounts;
 };

@@ -104,7 +104,7 @@ void CVTransactionWindowController::computeFigures() {
     const auto category = this->category();
     mPlanned = category ? category->expenseTarget() : 0;
     mCategoryField->setText(category ? category->categoryName() : QString());
-    // A name that is longer than the field shows its beginning.
+    // A name that is too long for the field shows its beginning.
     mCategoryField->setCursorPosition(0);
     showFigures();
 }

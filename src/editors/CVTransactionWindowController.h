@@ -8,13 +8,13 @@ class CVFigureField;
 class CVTransactionWindowModel;
 class QLineEdit;
 
-/// The window with the transactions behind a cell of the budget grid, what they come to, and the plan of their
-/// category. Their flags alone can be changed here, which is saved at once. References the document, which outlives it.
+/// The window with the transactions behind a cell of the budget grid, their total, and the plan of their category. Only
+/// the flags can be changed here; a change is saved at once. References the document, which outlives it.
 class CVTransactionWindowController final : public CVEditorWindow {
     Q_OBJECT
 
 public:
-    /// The transactions are those of one category: the last one's counts.
+    /// All transactions belong to one category; if they do not, the category of the last one is shown.
     CVTransactionWindowController(CVDocument& document, const CVDocument::Transactions& transactions,
                                   QWidget* parent = nullptr);
 
@@ -22,9 +22,9 @@ private:
     void addTable();
     void addCategoryField();
     void addFigures();
-    /// Of the last transaction; null where there is none.
+    /// The category of the last transaction; null where there is none.
     [[nodiscard]] std::shared_ptr<const CVCategory> category() const;
-    /// What the planned amount is: the category's target, with the frequency that it is meant for.
+    /// The text for the planned amount: the category's target and its frequency.
     [[nodiscard]] QString plannedText() const;
     void computeFigures();
     void showFigures();
@@ -37,7 +37,7 @@ private:
     QLineEdit* mCategoryField;
     CVFigureField* mSpentField = nullptr;
     CVFigureField* mPlannedField = nullptr;
-    /// The letter that is missing is missing in the name.
+    /// The misspelt name is also the control's object name.
     CVFigureField* mDiffereceField = nullptr;
     double mSpent = 0;
     double mPlanned = 0;

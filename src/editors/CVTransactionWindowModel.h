@@ -4,8 +4,8 @@
 #include "editors/CVEditorModel.h"
 #include "model/CVDocument.h"
 
-/// The rows of the cell transactions window: the transactions behind a cell of the budget grid, as they were handed
-/// over.
+/// The rows of the window with the transactions behind a cell of the budget grid, in the order in which they were
+/// passed.
 class CVTransactionWindowModel final : public CVEditorModel {
     Q_OBJECT
 
@@ -15,7 +15,7 @@ public:
     explicit CVTransactionWindowModel(CVDocument::Transactions transactions, QObject* parent = nullptr);
 
     [[nodiscard]] const CVDocument::Transactions& transactions() const { return mTransactions; }
-    /// The row has another flag.
+    /// Shows the changed flag of a row.
     void showFlag(int row);
     /// Dates and amounts are shown in the locale in force.
     void updateFormatters();
