@@ -59,7 +59,7 @@ void CVBudgetPane::changeEvent(QEvent* event) {
 
 void CVBudgetPane::titleDays() {
     const QLocale locale = QBDateLocaleInForce();
-    // Sunday is the first item; the locale numbers it 7.
+    // The first item is Sunday, which QLocale numbers 7.
     for (int day = 0; day < kDaysPerWeek; ++day)
         mStartDayOfWeek->setItemText(day, locale.standaloneDayName(day == 0 ? kDaysPerWeek : day));
 }

@@ -2,7 +2,7 @@
 
 #include "preferences/CVPreferencePane.h"
 
-/// How the budget grid and the reports show the budget.
+/// The settings of how the budget grid and the reports show the budget.
 class CVBudgetPane final : public CVPreferencePane {
     Q_OBJECT
 

@@ -20,7 +20,7 @@
 
 namespace {
 
-/// The user's home as "~".
+/// The folder with "~" for the user's home.
 QString abbreviated(const QString& folder) {
     const QString home = QDir::homePath();
     if (folder != home && !folder.startsWith(home + '/'))
@@ -28,7 +28,8 @@ QString abbreviated(const QString& folder) {
     return QDir::toNativeSeparators('~' + folder.sliced(home.size()));
 }
 
-/// Another window waits for an answer: what it asks about must not go under it. It is brought to the front.
+/// Whether another modal window waits for an answer; that window is brought to the front. The budget that it asks about
+/// must not be replaced meanwhile.
 bool isOtherWindowWaiting() {
     QWidget* const waiting = QApplication::activeModalWidget();
     if (!waiting)
@@ -138,7 +139,7 @@ void CVDataFilePane::moveDocument(const QString& path) {
     if (failure.isEmpty())
         return;
     store().setDataFileLocation(former);
-    // Nothing was lost: what the window says of the last save is to be true of the file that is used.
+    // The budget is saved again in its old place, so that the main window's save status is true for the file in use.
     if (former)
         mDocument->workbookSave();
     mAlerts.run(this, {tr("Your data file was not moved"),
@@ -158,7 +159,8 @@ void CVDataFilePane::useDocument(const QString& path) {
         mHost.reopenDocument();
 }
 
-/// A place that the settings do not keep would be forgotten at the next start, and with it what was saved there.
+/// Stores the new location; false after an alert when the settings cannot be saved. The program would then look in the
+/// old place at the next start and miss what was saved in the new one.
 bool CVDataFilePane::keepLocation(const QString& path, const std::optional<QString>& former) {
     if (store().setDataFileLocation(path))
         return true;
@@ -188,7 +190,7 @@ void CVDataFilePane::clearDataFile() {
                       "your last chance to stop."),
                    tr("Yes, Continue"), tr("No, Stop!")};
     second.style = CVAlert::Style::Critical;
-    // The main window could be used meanwhile.
+    // The main window was usable during the alert and may have opened a modal window.
     if (mAlerts.run(this, second) != CVAlert::kDefault || isOtherWindowWaiting())
         return;
     mDocument->reset_to_default_info();

@@ -11,8 +11,8 @@ class CVPreferenceHost;
 class QLineEdit;
 class QPushButton;
 
-/// Where the data file is: shows it, moves it, clears it. References the document, which may be replaced, and the host,
-/// the alerts and the panels, which outlive it.
+/// The settings of the data file: shows its location, moves it, clears it. References the document, which may be
+/// replaced, and the host, the alerts and the panels, which outlive it.
 class CVDataFilePane final : public CVPreferencePane {
     Q_OBJECT
 
@@ -23,20 +23,20 @@ public:
     void load() override;
     void setDocument(CVDocument& document) { mDocument = &document; }
 
-    /// Lets the user choose a folder and keeps the budget there from now on, or takes the budget that is there.
+    /// Lets the user choose a folder, then moves the budget there or opens the budget that is already there.
     void changeFileLocation();
     /// Empties the budget once the user has confirmed it twice.
     void clearDataFile();
 
 signals:
-    /// The budget was emptied, and some settings with it.
+    /// The budget was emptied and some settings were reset.
     void cleared();
 
 private:
     enum class Replace : bool { No, Yes };
 
     QPushButton* addButton(const QString& text, const QString& name, const QString& hint);
-    /// Where the budget is to be; absent when the user cancelled.
+    /// The new path of the budget; absent when the user cancelled.
     [[nodiscard]] std::optional<QString> choosePath();
     void _cv_set_file_location_field();
     void _cv_change_document_path(const QString& path, Replace replace);

@@ -4,7 +4,7 @@
 
 class CVWholeNumberField;
 
-/// How transactions are entered.
+/// The settings of how transactions are entered.
 class CVEntryPane final : public CVPreferencePane {
     Q_OBJECT
 
@@ -15,7 +15,7 @@ public:
     void endEditing() override;
 
     void clearFields(bool isOn);
-    /// Writes and announces a number that differs from the stored one.
+    /// Stores and announces the number if it differs from the stored one.
     void setNumberOfItems(int number);
 
 private:

@@ -4,14 +4,15 @@
 
 class QWidget;
 
-/// What the preferences ask of the program around them.
+/// The operations of the program that the preferences use.
 class CVPreferenceHost {
 public:
-    /// Looks for a newer version and tells the user in `asker`, the window from which the user asked; returns at once.
+    /// Starts to look for a newer version and returns at once. The user is told the result in `asker`, the window from
+    /// which the user asked.
     virtual void checkForNewVersion(QWidget& asker) = 0;
-    /// Blocks until nothing is being saved. Why the last save failed, in a sentence; empty when it did not.
+    /// Blocks until nothing is being saved. Returns in one sentence why the last save failed; empty when it succeeded.
     [[nodiscard]] virtual QString waitForSaves() = 0;
-    /// Reads the file that the user defaults name into a new document and puts it in the place of the present one.
+    /// Reads the file named in the user defaults into a new document, which replaces the present one.
     virtual void reopenDocument() = 0;
 
 protected:

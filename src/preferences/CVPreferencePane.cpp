@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kHintDistance = 2;
 constexpr int kHintIndent = 6;
-/// What is seen of an item where the window is narrow, in letters.
+/// The visible part of an item where the window is narrow, in letters.
 constexpr int kShortestPopUp = 10;
 
 } // namespace
@@ -22,7 +22,7 @@ CVPreferencePane::CVPreferencePane(CVPreferenceStore& store, QWidget* parent)
     , mStore(store)
     , mForm(new QFormLayout(this)) {
     mForm->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
-    // Beside each other as long as there is room for it.
+    // A label is above its control only where there is no room beside it.
     mForm->setRowWrapPolicy(QFormLayout::WrapLongRows);
 }
 
@@ -58,7 +58,7 @@ void CVPreferencePane::addHint(QVBoxLayout& below, QWidget& control, const QStri
     hint->setWordWrap(true);
     hint->setAlignment(Qt::AlignLeading | Qt::AlignTop);
     hint->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum);
-    // Nearer to its control than to what follows, and beginning further in.
+    // The hint is closer to its control than to the next row, and is indented.
     below.setSpacing(kHintDistance);
     hint->setContentsMargins(kHintIndent, 0, 0, hint->fontMetrics().height() / 2);
     below.addWidget(hint);

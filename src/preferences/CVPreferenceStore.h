@@ -8,15 +8,15 @@
 class QBNotificationCenter;
 class QBUserDefaults;
 
-/// The settings as the preferences' controls write them: at once, to the disk too. References the user defaults and the
-/// notification centre, which outlive it.
+/// Writes the settings of the preferences to the disk at once. References the user defaults and the notification
+/// centre, which outlive it.
 class CVPreferenceStore final : public QObject {
     Q_OBJECT
 
 public:
     enum class Change : bool {
         Silent,
-        /// The main window is told to read its settings again.
+        /// A notification tells the main window to read its settings again.
         Announced
     };
 
@@ -27,12 +27,14 @@ public:
 
     void setInteger(const char* key, int value, Change change);
     void setBool(const char* key, bool value, Change change);
-    /// An absent path removes the key. False when the disk does not have it: it is gone with the process.
+    /// Stores the location of the data file; an absent path removes the key. False when the setting could not be
+    /// written to the disk and is lost when the program ends.
     bool setDataFileLocation(const std::optional<QString>& path);
     void announce() const;
 
 signals:
-    /// Something was written; when it is not kept, it is gone with the process.
+    /// A setting was written. `isKept` is false when it could not be written to the disk and is lost when the program
+    /// ends.
     void written(bool isKept);
 
 private:

@@ -39,7 +39,7 @@ CVPreferenceWindowController::CVPreferenceWindowController(CVDocument& document,
     , mRemark(new QLabel(this)) {
     setWindowTitle(tr("Corvella Preferences"));
     CVSetAccessibleName(*mTabView, tr("Preferences"));
-    // The program ends with its main window.
+    // Only the main window's closing ends the program.
     setAttribute(Qt::WA_QuitOnClose, false);
     addPane(*new CVBudgetPane(mStore, mTabView), tr("Budget"), "BudgetID");
     addPane(*mEntryPane, tr("Entry"), "EntryID");
@@ -66,7 +66,7 @@ CVPreferenceWindowController::CVPreferenceWindowController(CVDocument& document,
 CVPreferenceWindowController::~CVPreferenceWindowController() {
     if (isVisible())
         keep();
-    // A field that loses the focus ends its editing, for which the store must still be there.
+    // Hiding takes the focus from a field, which then ends editing and needs the store; the store is destroyed later.
     hide();
 }
 
@@ -124,7 +124,7 @@ void CVPreferenceWindowController::addButtons(CVHelpOpener* help) {
     connect(shortcut, &QShortcut::activated, this, &QDialog::reject);
 }
 
-/// An identifier that no tab has leaves the tabs as they are.
+/// Shows the tab with that identifier; an unknown identifier changes nothing.
 void CVPreferenceWindowController::selectTab(const QString& identifier) {
     for (int index = 0; index < mTabView->count(); ++index) {
         if (mTabView->widget(index)->objectName() == identifier)

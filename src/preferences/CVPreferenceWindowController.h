@@ -16,30 +16,31 @@ class CVUpdatePane;
 class QLabel;
 class QTabWidget;
 
-/// The preferences: a window of four tabs beside the main window. Every control writes its setting at once; what is
-/// being typed is kept when the window closes. The document may be replaced; all else that is referenced outlives it.
+/// The preferences: a window with four tabs that stays open beside the main window. Every control writes its setting at
+/// once; what the user is typing is read when the window closes. The document may be replaced; all other references
+/// outlive the window.
 class CVPreferenceWindowController final : public QDialog {
     Q_OBJECT
 
 public:
-    /// The tab of the update check.
+    /// The identifier of the tab with the update check.
     static constexpr const char* kUpdatePane = "UpdateID";
 
     /// Without `help` there is no Help button.
     CVPreferenceWindowController(CVDocument& document, CVPreferenceHost& host, CVAlerts& alerts, CVFilePanels& panels,
                                  CVHelpOpener* help = nullptr);
 
-    /// Keeps what is being typed: the program may end while the window is open.
+    /// Reads what the user is typing, because the program may end while the window is open.
     ~CVPreferenceWindowController() override;
 
     void setDocument(CVDocument& document);
-    /// Shows the window, or brings it to the front, with the settings as they are now.
+    /// Shows the window with the current settings, or brings it to the front.
     void showWindow();
     void displayUpdatePane();
-    /// Takes what is being typed; remembers the frame.
+    /// Reads what the user is typing and remembers the frame.
     void keep();
 
-    /// Every way of closing the window leads here.
+    /// Called for every way of closing the window.
     void done(int result) override;
 
 private:

@@ -7,7 +7,8 @@
 
 namespace {
 
-/// Windows-1252 from 0x80 to 0x9F; the rest is Latin-1. Its five gaps are the control characters of that place.
+/// The characters 0x80 to 0x9F of Windows-1252; all others are those of Latin-1. The five unused codes stand for the
+/// control characters of the same number.
 constexpr std::u16string_view kWindows1252 = u"\u20AC\u0081\u201A\u0192\u201E\u2026\u2020\u2021\u02C6\u2030\u0160\u2039"
                                              u"\u0152\u008D\u017D\u008F\u0090\u2018\u2019\u201C\u201D\u2022\u2013\u2014"
                                              u"\u02DC\u2122\u0161\u203A\u0153\u009D\u017E\u0178";
@@ -31,7 +32,7 @@ constexpr std::array<Character, 13> kCharacters{{{"par", u'\n'},
                                                  {"_", u'\u2011'},
                                                  {"\n", u'\n'}}};
 
-/// Groups that hold something else than text of the document.
+/// The first words of groups that contain no text of the document.
 constexpr std::array<std::string_view, 9> kDestinations{"*",    "fonttbl", "colortbl", "stylesheet", "info",
                                                         "pict", "header",  "footer",   "footnote"};
 
@@ -54,7 +55,7 @@ private:
     struct Group {
         bool bold = false;
         bool skipped = false;
-        /// How many characters stand behind \uN for readers that do not know it.
+        /// How many characters after \uN are a replacement for readers that do not know \uN.
         int fallback = 1;
     };
 
@@ -133,7 +134,7 @@ private:
             mGroups.last().fallback = std::max(number.value_or(1), 0);
         else if (word == "u" && number) {
             mFallbackLeft = 0;
-            // Signed, so that 16 bits hold it.
+            // The format writes \uN as a signed 16-bit number.
             append(QChar(static_cast<char16_t>(*number)));
             mFallbackLeft = mGroups.last().fallback;
         }

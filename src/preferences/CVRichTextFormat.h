@@ -6,7 +6,7 @@
 
 #include <optional>
 
-/// A stretch of text in one style; line ends are line feeds.
+/// A stretch of text in one style. Line breaks are line feeds.
 struct CVTextRun {
     QString text;
     bool bold = false;
@@ -14,7 +14,7 @@ struct CVTextRun {
     friend bool operator==(const CVTextRun&, const CVTextRun&) = default;
 };
 
-/// The text of a document in the rich text format: its characters (also as \'hh of Windows-1252 and as \uN), ends of
-/// paragraphs and lines, tabs and bold type. Everything else of the format is passed over. Absent when the bytes are
-/// none such, or break off.
+/// The text of a document in the rich text format: characters (also \'hh in Windows-1252 and \uN), ends of paragraphs
+/// and lines, tabs and bold type. All other control words are skipped. Absent when the bytes are not rich text or are
+/// cut off.
 [[nodiscard]] std::optional<QList<CVTextRun>> CVReadRichText(const QByteArray& bytes);

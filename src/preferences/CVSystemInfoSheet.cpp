@@ -21,7 +21,7 @@ Q_LOGGING_CATEGORY(kLog, "corvella.updates")
 constexpr int kWidthInDigits = 64;
 constexpr int kHeightInLines = 22;
 
-/// Replaces the first "<key>"; false when there is none.
+/// Replaces the first "<key>" in the text by `value`; false when there is none.
 bool fill(QTextDocument& text, const QString& key, const QString& value) {
     QTextCursor place = text.find('<' + key + '>', 0, QTextDocument::FindCaseSensitively);
     if (place.isNull())

@@ -6,13 +6,12 @@
 class QTextBrowser;
 class QTextDocument;
 
-/// The sheet that shows what a check for a newer version sends. It goes when it is closed.
+/// The sheet that shows what a check for a newer version sends. The sheet is deleted when it is closed.
 class CVSystemInfoSheet final : public QDialog {
     Q_OBJECT
 
 public:
-    /// Shows the sheet on the window of `owner` and returns at once. False when there is no text to be read at
-    /// `resource`.
+    /// Shows the sheet on the window of `owner` and returns at once. False when `resource` holds no readable text.
     [[nodiscard]] static bool show(const QString& resource, QWidget& owner);
 
 private:
@@ -21,6 +20,6 @@ private:
     QTextBrowser* mText;
 };
 
-/// Puts the values in the places that a text has for them, such as "<cpu>" for the key "cpu": the first of each. A
-/// value that has no place is logged, for it would be sent behind the user's back.
+/// Fills in the values at their keys, such as "<cpu>" for the key "cpu"; only the first place of each key is filled. A
+/// value without a place is logged, because the check would send it without showing it to the user.
 void CVFillSystemInfo(QTextDocument& text, const QMap<QString, QString>& values);

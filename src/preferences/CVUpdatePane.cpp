@@ -21,7 +21,7 @@
 
 namespace {
 
-/// Of the frequencies; shown while none is chosen.
+/// The item of the frequencies that is shown while none is chosen.
 constexpr int kWeeklyItem = CVUpdateFrequency::kWeekly - 1;
 
 } // namespace
@@ -42,7 +42,7 @@ CVUpdatePane::CVUpdatePane(CVPreferenceStore& store, CVAlerts& alerts, QWidget* 
     mUpdateStatus->setReadOnly(true);
     mUpdateStatus->setFrame(false);
     mUpdateStatus->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    // A text that can be selected and copied, but no field.
+    // The status looks like a label, but can be selected and copied.
     QPalette palette;
     palette.setColor(QPalette::Base, Qt::transparent);
     mUpdateStatus->setPalette(palette);

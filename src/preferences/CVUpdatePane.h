@@ -5,7 +5,8 @@
 class CVAlerts;
 class QLineEdit;
 
-/// How the program looks for newer versions, and what it tells then. References the alerts, which outlive it.
+/// The settings of the check for newer versions and the time of the last check. References the alerts, which outlive
+/// it.
 class CVUpdatePane final : public CVPreferencePane {
     Q_OBJECT
 
@@ -17,7 +18,7 @@ public:
     void setCheckForUpdates(bool isOn);
     void setCheckForUpdatesFreq(int index);
     void includeSysInfo(bool isOn);
-    /// Shows what a check sends, from a text in the rich text format.
+    /// Shows what a check sends. `resource` is a text in the rich text format.
     void learnMore(const QString& resource = QStringLiteral(":/SystemInfo.rtf"));
 
 signals:
@@ -25,7 +26,7 @@ signals:
 
 private:
     void addButtons();
-    /// Shows when the last check was.
+    /// Shows the time of the last check.
     void checkedForUpdates();
 
     CVAlerts& mAlerts;
@@ -33,6 +34,6 @@ private:
     QComboBox& mCheckForUpdatesFreq;
     QCheckBox& mIncludeSysInfo;
     QLineEdit* mUpdateStatus;
-    /// With "%1" in the place of the time.
+    /// The status text with "%1" for the time.
     QString _cv_formatForUpdateStatus;
 };

@@ -2,7 +2,7 @@
 
 #include "widgets/fields/CVFormattedField.h"
 
-/// A whole number from 0 to 999, in the digits of the locale.
+/// A field for a whole number from 0 to 999, in the digits of the locale.
 class CVWholeNumberField final : public CVFormattedField {
     Q_OBJECT
 
@@ -15,7 +15,7 @@ public:
     [[nodiscard]] QString expectation() const override;
 
 signals:
-    /// Editing has ended with a number, the same one or another.
+    /// Editing has ended with a readable number, changed or not.
     void entered(int value);
 
 protected:
