@@ -10,20 +10,20 @@ class CVHelpWindow;
 class CVURLOpener;
 class QBUserDefaults;
 
-/// Help for the whole program: opens the book and its one window when they are first asked for. References what it
-/// is given, all of which outlives it.
+/// The help of the whole program. Opens the help book and its one window at the first request. References its
+/// arguments, which outlive it.
 class CVHelp final : public CVHelpOpener {
 public:
-    /// The book is looked for from the program's folder; `urls` opens the web pages that it refers to.
+    /// The book is searched relative to `programFolder`; `urls` opens the web pages that the book links to.
     CVHelp(QString programFolder, CVAlerts& alerts, QBUserDefaults& defaults, CVURLOpener& urls);
     ~CVHelp();
     CVHelp(const CVHelp&) = delete;
     CVHelp& operator=(const CVHelp&) = delete;
 
-    /// Shows that page, or the start page when the book has none of that name. A book that is missing or unreadable is
-    /// told of instead.
+    /// Shows a page, or the start page when the book has no page of that name. An alert says why when the book is
+    /// missing or unreadable.
     void showHelpPage(const QString& page, QWidget& asker) override;
-    /// Closes the window, if there is one.
+    /// Closes the window if it exists.
     void close();
 
 private:

@@ -9,9 +9,9 @@
 namespace {
 
 constexpr QLatin1StringView kScheme("qthelp");
-/// The namespace of the book and its folder, as the project of the book has them.
+/// The namespace and the folder of the book, as corvella.qhp has them.
 constexpr QLatin1StringView kFolder("qthelp://com.quenbylabs.corvella/book/");
-/// From the program's folder: beside it after a build, below the same prefix after an installation.
+/// The book's places relative to the program's folder: in a build, and in an installation.
 constexpr std::array<QLatin1StringView, 2> kPlaces{QLatin1StringView("help/corvella.qch"),
                                                    QLatin1StringView("../share/corvella/help/corvella.qch")};
 

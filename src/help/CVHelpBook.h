@@ -8,13 +8,13 @@
 
 class QHelpEngine;
 
-/// The help book: one compiled file, opened with contents, index and search. The collection that the help engine needs
-/// is made anew for each book in a scratch folder, so that nothing about a book is ever stale or left behind.
+/// The help book: one compiled file with contents, index and search. The collection file that the help engine needs is
+/// made for each opening in a scratch folder, so that it is never out of date and nothing is left behind.
 class CVHelpBook final {
 public:
     static constexpr const char* kStartPage = "index.html";
 
-    /// The book's file for a program in `folder`: beside it, or where it is installed. Absent when there is none.
+    /// The book's file for a program in `folder`, in a build or in an installation; absent when there is none.
     [[nodiscard]] static std::optional<QString> fileForProgramIn(const QString& folder);
 
     explicit CVHelpBook(const QString& file);
@@ -22,23 +22,24 @@ public:
     CVHelpBook(const CVHelpBook&) = delete;
     CVHelpBook& operator=(const CVHelpBook&) = delete;
 
-    /// Why the book cannot be read; empty when it can. Nothing else may be asked of one that cannot.
+    /// Why the book cannot be read; empty when it can. No other function may be called on an unreadable book.
     [[nodiscard]] const QString& problem() const { return mProblem; }
 
-    /// The address of a page, such as "Categories.html"; that of the start page when there is no such page.
+    /// The address of the page with a file name such as "Categories.html"; the address of the start page when there is
+    /// no such page.
     [[nodiscard]] QUrl page(const QString& name) const;
     /// The bytes at an address of the book; empty when there are none.
     [[nodiscard]] QByteArray bytesAt(const QUrl& address) const;
-    /// Whether an address is one of the help book's, be there a page or not.
+    /// Whether an address has the book's namespace, even when no such page exists.
     [[nodiscard]] static bool isInside(const QUrl& address);
 
-    /// Its widgets and models, owned by the engine until they are given a parent.
+    /// The help engine with its widgets and models, which the engine owns until they get a parent.
     [[nodiscard]] QHelpEngine& engine() const { return *mEngine; }
 
 private:
     [[nodiscard]] QString open(const QString& file);
 
-    /// Outlives the engine.
+    /// The scratch folder, which must outlive the engine.
     QTemporaryDir mScratch;
     std::unique_ptr<QHelpEngine> mEngine;
     QString mProblem;

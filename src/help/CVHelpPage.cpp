@@ -13,7 +13,7 @@ bool isOfWeb(const QUrl& address) {
 CVHelpPage::CVHelpPage(const CVHelpBook& book, QWidget* parent) : QTextBrowser(parent), mBook(book) {
     setOpenLinks(false);
     document()->setDocumentMargin(fontMetrics().height());
-    // Links can be reached and followed with the keyboard.
+    // The keyboard can reach and follow links.
     setTextInteractionFlags(Qt::TextBrowserInteraction | Qt::TextSelectableByKeyboard);
     connect(this, &QTextBrowser::anchorClicked, this, &CVHelpPage::go);
 }
@@ -25,7 +25,7 @@ void CVHelpPage::go(const QUrl& address) {
         emit webPageRequested(address);
 }
 
-/// Everything that a page shows comes from the book.
+/// Loads everything that a page shows from the book.
 QVariant CVHelpPage::loadResource(int /*type*/, const QUrl& name) {
     return CVHelpBook::isInside(name) ? QVariant(mBook.bytesAt(name)) : QVariant();
 }

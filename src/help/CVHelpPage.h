@@ -11,7 +11,7 @@ class CVHelpPage final : public QTextBrowser {
 public:
     explicit CVHelpPage(const CVHelpBook& book, QWidget* parent = nullptr);
 
-    /// Shows the page at an address of the book. Another address shows nothing; one of the web is announced.
+    /// Shows the page at an address of the book. A web address is announced instead; any other address does nothing.
     void go(const QUrl& address);
 
 signals:

@@ -12,13 +12,13 @@
 
 namespace {
 
-/// The words of what was typed: letters and digits, as the index has them.
+/// The words of the typed text, made of letters and digits as in the index.
 QStringList wordsOf(const QString& text) {
     static const QRegularExpression others(QStringLiteral("[^\\p{L}\\p{N}]+"));
     return text.split(others, Qt::SkipEmptyParts);
 }
 
-/// In the language of the index: all words, the last as the beginning of one.
+/// The query for the index: all words must match, and the last one may be the beginning of a word.
 QString queryFor(const QStringList& words) {
     return u'"' + words.join(QLatin1String("\" \"")) + QLatin1String("\"*");
 }
@@ -70,7 +70,7 @@ void CVHelpSearch::showResults(int count) {
         return;
     }
     const QList<QHelpSearchResult> results = mEngine.searchResults(0, mEngine.searchResultCount());
-    // The word of a search that ended may arrive when the next has begun, which tells of its own end.
+    // The signal of an earlier search may arrive during the next search, which emits its own signal at its end.
     if (results.size() != count)
         return;
     mResults->clear();
@@ -78,7 +78,7 @@ void CVHelpSearch::showResults(int count) {
         auto* const item = new QListWidgetItem(result.title(), mResults);
         item->setData(Qt::UserRole, result.url());
     }
-    // Return in the field goes to the best page.
+    // The best result is current, so that Return in the field opens it.
     mResults->setCurrentRow(0);
     mStatus->setText(count == 0 ? tr("No page has these words.") : tr("Pages found: %1").arg(count));
 }

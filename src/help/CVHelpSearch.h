@@ -8,8 +8,8 @@ class QLabel;
 class QLineEdit;
 class QListWidget;
 
-/// The full-text search of the help book: finds with every key, the last word also where it only begins one.
-/// References the book, which outlives it.
+/// The full-text search of the help book. The search runs at every key and also finds words that begin with the last
+/// word. References the book, which outlives it.
 class CVHelpSearch final : public QWidget {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ public:
     void focusField();
 
 signals:
-    /// The user chose a page that was found.
+    /// The user chose a page from the results.
     void pageChosen(const QUrl& address, const QString& word);
 
 private:

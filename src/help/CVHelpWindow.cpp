@@ -29,7 +29,7 @@ constexpr const char* kSplitterKey = "Help Window Splitter";
 constexpr int kWidthInDigits = 132;
 constexpr int kHeightInLines = 42;
 constexpr int kFindersInDigits = 34;
-/// The page keeps more than half of the window.
+/// The largest share of the window that contents, index and search may have.
 constexpr double kMostShareOfFinders = 0.4;
 
 } // namespace
@@ -41,7 +41,7 @@ CVHelpWindow::CVHelpWindow(const CVHelpBook& book, QBUserDefaults& defaults)
     , mFinders(new QTabWidget(mSplitter))
     , mPage(new CVHelpPage(book, mSplitter)) {
     setWindowTitle(tr("Corvella Help"));
-    // The program ends with its main window, be the help open or not.
+    // Only the main window's closing ends the program, even while the help is open.
     setAttribute(Qt::WA_QuitOnClose, false);
     CVSetAccessibleName(*mFinders, tr("Find in Help"));
     mPage->setAccessibleName(tr("Help Page"));
@@ -63,7 +63,7 @@ CVHelpWindow::CVHelpWindow(const CVHelpBook& book, QBUserDefaults& defaults)
 
 void CVHelpWindow::showPage(const QUrl& address) {
     mPage->go(address);
-    // A modal window lets its own windows alone be used.
+    // A modal window blocks all windows but its own, so the help becomes a transient window of the modal one.
     const QWidget* const modal = QApplication::activeModalWidget();
     winId();
     windowHandle()->setTransientParent(modal ? modal->windowHandle() : nullptr);
@@ -122,7 +122,7 @@ void CVHelpWindow::addContents() {
     mFinders->addTab(mContents, tr("&Contents"));
     connect(mContents, &QHelpContentWidget::linkActivated, mPage, &CVHelpPage::go);
     connect(mBook.engine().contentModel(), &QHelpContentModel::contentsCreated, this, [this] {
-        // The pages; their sections when somebody wants to see them.
+        // The contents show the pages; their sections stay folded.
         mContents->expandToDepth(0);
         selectInContents(mPage->source());
     });
@@ -145,7 +145,7 @@ void CVHelpWindow::addIndex() {
     connect(field, &QLineEdit::returnPressed, entries, &QHelpIndexWidget::activateCurrentItem);
     connect(entries, &QHelpIndexWidget::documentActivated, mPage,
             [this](const QHelpLink& link) { mPage->go(link.url); });
-    // An entry that several pages have: the first of them.
+    // An entry with several pages opens the first of them.
     connect(entries, &QHelpIndexWidget::documentsActivated, mPage,
             [this](const QList<QHelpLink>& links) { mPage->go(links.constFirst().url); });
 }
@@ -162,7 +162,7 @@ void CVHelpWindow::selectInContents(const QUrl& address) {
         mContents->setCurrentIndex(item);
 }
 
-/// To the first place in the page that has the word.
+/// Shows the page at the first place where the word occurs.
 void CVHelpWindow::goToFound(const QUrl& address, const QString& word) {
     mPage->go(address);
     mPage->moveCursor(QTextCursor::Start);

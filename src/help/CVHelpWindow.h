@@ -12,18 +12,18 @@ class QSplitter;
 class QTabWidget;
 
 /// The window of the help book: contents, index and search at the left, the page at the right. Escape and Ctrl+W close
-/// it; its frame is remembered. References the book and the user defaults, which outlive it.
+/// the window; its frame is remembered. References the book and the user defaults, which outlive it.
 class CVHelpWindow final : public QMainWindow {
     Q_OBJECT
 
 public:
     CVHelpWindow(const CVHelpBook& book, QBUserDefaults& defaults);
 
-    /// Shows the window in front of all others, and in it the page at that address of the book.
+    /// Brings the window to the front and shows the page at that address of the book.
     void showPage(const QUrl& address);
 
 signals:
-    /// A link leads out of the book.
+    /// The user followed a link to a web page.
     void webPageRequested(const QUrl& address);
 
 protected:
