@@ -4,8 +4,8 @@
 #include "base/QBUserDefaults.h"
 #include "model/CVDocument.h"
 
-/// A document together with what it refers to, for programs without windows: nobody hears its announcements, it is
-/// saved by nobody, and the user's settings are neither read nor written.
+/// A document together with the objects that it refers to, for programs without windows. Nothing observes its
+/// notifications and nothing saves it; the user's settings are neither read nor written.
 class CVDetachedDocument final {
 public:
     CVDetachedDocument();

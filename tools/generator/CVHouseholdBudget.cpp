@@ -15,7 +15,7 @@ constexpr int kYears = 2;
 constexpr int kMonthsPerYear = 12;
 constexpr std::size_t kPercentOfHouseholdFlagged = 2;
 
-/// Records what the tables say, as the family would have done: a set chosen, a category named, a transaction inserted.
+/// Carries out the tables in the way of a user: chooses a set, names a category, inserts a transaction.
 class Family final {
 public:
     Family(CVDocument& document, const QBDate& today);

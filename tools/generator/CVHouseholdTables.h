@@ -5,11 +5,11 @@
 #include <array>
 #include <span>
 
-/// What the made-up family of the sample budget pays, where and how often. Texts are UTF-8, amounts are in cents and
-/// lie between both limits.
+/// What the made-up family of the sample budget pays, where and how often. Texts are UTF-8. Amounts are in cents, from
+/// the lower to the upper limit.
 namespace CVHouseholdTables {
 
-/// Each has a transaction set of its own.
+/// The family's accounts, each with a transaction set of its own.
 enum class Account { Checking, Income, Savings };
 enum class Tax { No, Yes };
 
@@ -24,7 +24,7 @@ struct Purchase {
     Amount amount;
 };
 
-/// Falls due on one day of every so many months, counted from January.
+/// A bill that is due on one day of every n-th month, counted from January.
 struct Bill {
     const char* category = nullptr;
     int dayOfMonth = 0;
@@ -35,7 +35,7 @@ struct Bill {
     Account account = Account::Checking;
 };
 
-/// Comes up every so many days on average, as one of the purchases.
+/// A purchase that is made once in n days on average.
 struct Habit {
     const char* category = nullptr;
     int everyDays = 0;
@@ -43,7 +43,7 @@ struct Habit {
     Tax tax = Tax::No;
 };
 
-/// Once a year.
+/// An expense that comes once a year.
 struct Event {
     const char* category = nullptr;
     int month = 0;
@@ -60,7 +60,7 @@ struct Estimate {
 };
 
 [[nodiscard]] std::span<const Bill> bills();
-/// The first one is the most frequent.
+/// The family's habits, the most frequent first.
 [[nodiscard]] std::span<const Habit> habits();
 [[nodiscard]] std::span<const Event> events();
 [[nodiscard]] std::span<const Estimate> estimates();

@@ -95,7 +95,7 @@ constexpr std::array<const char*, 30> kOccasions{"",
                                                  ", shared < half",
                                                  ", see receipt"};
 
-/// All pairs, in an order in which neighbours differ in both halves.
+/// All pairs of a first and a second half, in an order in which neighbours differ in both halves.
 std::vector<QString> pairs(std::span<const char* const> first, std::span<const char* const> second,
                            const char* between) {
     std::vector<QString> texts;

@@ -4,13 +4,13 @@
 
 #include <vector>
 
-/// Made-up texts in a fixed order. Some hold umlauts, accents, ampersands or quotes, so that no path of the program
-/// goes without them.
+/// Made-up texts in a fixed order. Some contain umlauts, accents, ampersands or quotation marks, so that the program
+/// meets these characters everywhere.
 namespace CVNamePool {
 
-/// 300 different names of shops and people.
+/// The 300 different names of shops and people.
 [[nodiscard]] std::vector<QString> payees();
-/// 1,500 different remarks.
+/// The 1,500 different remarks.
 [[nodiscard]] std::vector<QString> remarks();
 
 } // namespace CVNamePool

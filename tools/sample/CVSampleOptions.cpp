@@ -15,7 +15,7 @@ struct Number {
     void (*set)(CVScaleBudget&, quint64);
 };
 
-/// The first one asks for a budget of that size, the others only shape it.
+/// The options with a number. The first one sets the size of the budget; the others are allowed only together with it.
 constexpr auto kNumbers = std::to_array<Number>({
     {"transactions", QT_TRANSLATE_NOOP("CVSampleOptions", "Make a budget of N transactions."), 0, 10'000'000,
      [](CVScaleBudget& budget, quint64 value) { budget.transactions = value; }},
@@ -43,7 +43,7 @@ void describe(QCommandLineParser& parser) {
     parser.addOption({{QStringLiteral("h"), QStringLiteral("help")}, CVSampleOptions::tr("Show this help.")});
 }
 
-/// What is wrong with the options as a whole; empty when nothing is.
+/// Says which options contradict each other; empty when none do.
 QString contradiction(const QCommandLineParser& parser) {
     if (!parser.positionalArguments().isEmpty())
         return CVSampleOptions::tr("Unexpected argument '%1'.").arg(parser.positionalArguments().first());
@@ -59,7 +59,7 @@ QString contradiction(const QCommandLineParser& parser) {
     return {};
 }
 
-/// Fills the numbers of the budget; returns what is wrong with the first bad one.
+/// Reads the numbers into `budget`. Returns what is wrong with the first invalid one; empty when all are valid.
 QString readNumbers(const QCommandLineParser& parser, CVScaleBudget& budget) {
     for (const Number& number : kNumbers) {
         const QLatin1String name(number.name);

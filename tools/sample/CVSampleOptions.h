@@ -12,7 +12,7 @@ struct CVSampleOptions {
     Q_DECLARE_TR_FUNCTIONS(CVSampleOptions)
 
 public:
-    /// How the command line was meant: to make a file, to show how it is used, or not to be understood.
+    /// The purpose of the command line: to make a file or to show the usage, or `Wrong` for a faulty one.
     enum class Wish { Make, Help, Wrong };
 
     Wish wish = Wish::Make;
@@ -21,9 +21,9 @@ public:
 
     QString output;
     QBDate today = QBDate::date();
-    /// Absent: the household sample.
+    /// The size of the budget; absent for the household sample.
     std::optional<CVScaleBudget> scale;
 
-    /// `arguments` begin with the name of the program.
+    /// `arguments` begins with the name of the program.
     [[nodiscard]] static CVSampleOptions parse(const QStringList& arguments);
 };
