@@ -32,7 +32,7 @@ void measureAgainstWalk(benchmark::State& state, std::size_t transactions, Subje
     comparison.run(state);
 }
 
-/// Makes the grid and reads all of it.
+/// Computes the grid and reads all its cells.
 void showGrid(const CVDocument& document, std::span<const CVDayRange> columns, const CVDayRange& total) {
     const CVBudgetGrid grid(document.transactions(), CVCategoryIDs(document.categories()), columns, total);
     double shown = 0;
@@ -54,7 +54,7 @@ void showLastWeek(const CVDocument& document) {
     showGrid(document, columns, periods.displayRange());
 }
 
-/// The most work that as many columns can make: every transaction lies in one of them.
+/// The most work for this number of columns: every transaction lies in one of them.
 void showAllInColumns(const CVDocument& document) {
     const CVDayRange whole = wholeRange(document);
     std::vector<CVDayRange> columns;

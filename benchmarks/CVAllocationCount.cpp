@@ -8,7 +8,7 @@ thread_local std::size_t allocations = 0;
 
 } // namespace
 
-// The C library's functions, which stand behind these three and free what they hand out.
+// The C library's own functions, which the three replacements below call; its free() frees their memory.
 extern "C" {
 // NOLINTBEGIN(bugprone-reserved-identifier, cert-dcl37-c, cert-dcl51-cpp)
 void* __libc_malloc(std::size_t size);

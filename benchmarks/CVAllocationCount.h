@@ -2,5 +2,5 @@
 
 #include <cstddef>
 
-/// How often the calling thread has asked for memory so far, the toolkit's requests included.
+/// The number of allocations of the calling thread so far, those of the toolkit included.
 [[nodiscard]] std::size_t CVAllocationCount();

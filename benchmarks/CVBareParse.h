@@ -2,6 +2,6 @@
 
 #include <QByteArray>
 
-/// The yardstick of whatever reads a data file: the parser alone, with the same callbacks as the reader, all of them
-/// empty. False when it found a fault.
+/// The yardstick of reading a data file: the XML parser alone, with the reader's callbacks left empty. False when the
+/// parser found a fault.
 [[nodiscard]] bool CVParseBare(const QByteArray& bytes);

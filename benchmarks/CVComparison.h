@@ -6,19 +6,19 @@ namespace benchmark {
 class State;
 }
 
-/// Which time counts: the thread's own, which other programs on the machine hardly disturb, or that of the clock on the
-/// wall, for what waits for a disk.
+/// The clock of a comparison. `Thread` is the thread's own processor time, which other programs hardly disturb; `Wall`
+/// is real time, for work that waits for a disk.
 enum class CVClock { Thread, Wall };
 
-/// A piece of the program and its yardstick, the bare minimum of the same work. `reset` runs before each of them and
-/// does not count.
+/// A part of the program and its yardstick, which is the bare minimum of the same work. `reset` runs before each of
+/// them and is not measured.
 struct CVComparison {
     CVClock clock;
     std::function<void()> reset;
     std::function<void()> yardstick;
     std::function<void()> subject;
 
-    /// Runs both in turn, once each per iteration of `state`, and reports the medians (in seconds) and their ratio as
-    /// its counters "yardstick", "subject" and "ratio".
+    /// Runs yardstick and subject in turn, once each per iteration of `state`. Reports the medians in seconds and their
+    /// ratio as the counters "yardstick", "subject" and "ratio".
     void run(benchmark::State& state) const;
 };

@@ -9,21 +9,21 @@
 #include <string>
 #include <utility>
 
-/// Shows each measurement as it comes and remembers its ratio for the table at the end.
+/// Shows each measurement at once and keeps its ratio for the table at the end.
 class CVFigureReporter final : public benchmark::ConsoleReporter {
 public:
     void ReportRuns(const std::vector<Run>& runs) override;
 
-    /// The table of `CVFigures` in Markdown. What was not measured is a dash, what exceeds its limit is bold.
+    /// Prints the table of `CVFigures` in Markdown. A missing measurement is a dash, a ratio above its limit is bold.
     void printTable(std::ostream& out) const;
-    /// Whether no measurement failed or exceeded its limit.
+    /// Whether all measurements succeeded and stayed within their limits.
     [[nodiscard]] bool allWithinLimits() const;
 
 private:
-    /// Absent when it was not measured.
+    /// The measured ratio; absent when it was not measured.
     [[nodiscard]] std::optional<double> ratio(const CVFigure& figure, const CVFigure::Size& size) const;
 
-    /// By title and size.
+    /// The ratios by title and size.
     std::map<std::pair<std::string, std::string>, double> mRatios;
     bool mFailed = false;
 };

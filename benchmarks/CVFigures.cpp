@@ -7,10 +7,10 @@ constexpr std::size_t kMiddle = 100'000;
 constexpr std::size_t kLarge = 1'000'000;
 
 constexpr std::array<CVFigure::Size, 3> kOften{{{kSmall, 501}, {kMiddle, 51}, {kLarge, 15}}};
-/// Each measurement needs a sort or a write to the disk.
+/// Fewer repetitions, because each needs a sort or a write to the disk.
 constexpr std::array<CVFigure::Size, 3> kSeldom{{{kSmall, 101}, {kMiddle, 15}, {kLarge, 7}}};
 constexpr std::array<CVFigure::Size, 3> kWindow{{{kSmall, 101}, {kMiddle, 51}, {kLarge, 15}}};
-/// A million transactions are twenty thousand pages.
+/// Fewest repetitions, because a million transactions make twenty thousand pages.
 constexpr std::array<CVFigure::Size, 3> kReport{{{kSmall, 51}, {kMiddle, 5}, {kLarge, 1}}};
 constexpr std::array<CVFigure::Size, 3> kOnce{{{kSmall, 1}, {kMiddle, 1}, {kLarge, 1}}};
 

@@ -8,9 +8,9 @@ namespace benchmark {
 class State;
 }
 
-/// A line of the table that the benchmarks end with: the cost of a piece of the program as a multiple of its yardstick.
+/// A line of the table at the end of the benchmarks: the cost of a part of the program as a multiple of its yardstick.
 struct CVFigure {
-    /// A budget's number of transactions, and how often the figure is measured at that size.
+    /// A number of transactions and the number of repetitions at that size.
     struct Size {
         std::size_t transactions;
         int rounds;
@@ -19,15 +19,16 @@ struct CVFigure {
     static constexpr double kNoLimit = 0;
 
     const char* title;
-    /// The highest multiple allowed, or `kNoLimit`. Being the same for all sizes, it also bounds how the cost grows.
+    /// The highest allowed multiple, or `kNoLimit`. The limit is the same for all sizes, so it also bounds how the cost
+    /// grows.
     double limit;
-    /// The limit does not hold for smaller budgets.
+    /// The number of transactions from which on the limit holds.
     std::size_t limitFrom;
     std::array<Size, 3> sizes;
     /// Measures once per iteration of `state` and reports the counter "ratio".
     void (*measure)(benchmark::State& state, std::size_t transactions);
 
-    /// For the largest budget, where it differs from the limit of the others.
+    /// The limit for the largest budget, where it differs from `limit`.
     double largestLimit = kNoLimit;
 
     [[nodiscard]] bool allows(double ratio, std::size_t transactions) const {
@@ -36,7 +37,7 @@ struct CVFigure {
     }
 };
 
-/// In the order of the table.
+/// All figures in the order of the table.
 [[nodiscard]] std::span<const CVFigure> CVFigures();
 
 void CVMeasureLoadSorted(benchmark::State& state, std::size_t transactions);

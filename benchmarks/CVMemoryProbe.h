@@ -4,18 +4,18 @@
 
 #include <optional>
 
-/// Resident memory of this process in bytes.
+/// The resident memory of this process in bytes.
 [[nodiscard]] double CVResidentMemory();
 
-/// Resident memory of a process in bytes beyond what it had before it loaded a budget.
+/// The additional resident memory of a process in bytes, compared with its memory before it loaded a budget.
 struct CVMemoryUse {
     double loaded;
     double loadingPeak;
     double saved;
 };
 
-/// Loads the file in a process of its own, saves it to `copy`, and tells what that took; absent when it failed.
+/// Measures a separate process that loads `file` and saves it to `copy`; absent when that failed.
 [[nodiscard]] std::optional<CVMemoryUse> CVProbeMemory(const QString& file, const QString& copy);
 
-/// The work of that process: its exit status, or absent when this process was not started for it.
+/// Does the work of the separate process and returns its exit status; absent when this process was not started for it.
 [[nodiscard]] std::optional<int> CVRunMemoryProbe(const QStringList& arguments);

@@ -2,6 +2,6 @@
 
 #include "model/CVDocument.h"
 
-/// The yardstick of whatever goes through all transactions: one plain walk that reads the category, the date and the
-/// amount of each record.
+/// The yardstick of work on all transactions: one plain walk that reads the category, the date and the amount of each
+/// record.
 void CVPlainWalk(const CVDocument::Transactions& transactions);

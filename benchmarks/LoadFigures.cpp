@@ -35,7 +35,7 @@ void measureLoad(benchmark::State& state, const QByteArray& bytes, std::size_t t
     comparison.clock = CVClock::Thread;
     comparison.reset = [&] {
         loading = nullptr;
-        // A program that has just started has no memory left over from an earlier document.
+        // Frees the memory of an earlier document, which a program that has just started would not have.
         malloc_trim(0);
         loading = std::make_unique<Loading>();
     };
@@ -48,7 +48,7 @@ void measureLoad(benchmark::State& state, const QByteArray& bytes, std::size_t t
         state.SkipWithError("the budget was not read whole");
 }
 
-/// The text of the same budget with its transactions in any order.
+/// The text of the same budget with its transactions shuffled.
 QByteArray shuffledText(CVDocument& document) {
     CVDetachedDocument shuffled;
     shuffled->setUniqueID(document.uniqueID());

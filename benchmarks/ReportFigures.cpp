@@ -27,11 +27,11 @@
 
 namespace {
 
-/// The most that a start of the program may take beyond twice the bare reading of its file is twice this.
+/// Half of the time that a start of the program may take beyond twice the bare parsing of its file.
 constexpr std::chrono::milliseconds kStart(30);
 constexpr int kDotsPerInch = 1200;
 
-/// Runs the program, with its output going nowhere; whether it ended well.
+/// Runs the program and discards its output; whether the program succeeded.
 bool runSummary(const QByteArray& file) {
     std::array<QByteArray, 6> words{CORVELLA_PROGRAM, "report", "summary", "--period=month", "--data", file};
     std::array<char*, words.size() + 1> arguments{};
@@ -52,7 +52,7 @@ std::unique_ptr<const CVReport> reportOf(CVDocument& document) {
     return CVReport::initWithTransactions(document.transactions());
 }
 
-/// Every text of the report's pages where it is written, without room or font looked at.
+/// The texts of the report's pages at their places, written without measuring room or font.
 struct BareText {
     QPointF baseline;
     QString text;
@@ -138,7 +138,7 @@ void CVMeasurePagination(benchmark::State& state, std::size_t transactions) {
 }
 
 void CVMeasurePaintingLastPage(benchmark::State& state, std::size_t transactions) {
-    // Both pages are full.
+    // The first and the last page are both full, so that they are comparable.
     CVBudgetFixture fixture(transactions - transactions % 49);
     CVPrintInfo printInfo;
     const CVReportView view(reportOf(fixture.document()), printInfo);
@@ -176,7 +176,7 @@ void CVMeasurePDF(benchmark::State& state, std::size_t transactions) {
     comparison.run(state);
 }
 
-/// The yardstick is the memory after a tenth of the pages.
+/// Compares the memory after all pages with that after a tenth of them.
 void CVMeasurePDFMemory(benchmark::State& state, std::size_t transactions) {
     CVBudgetFixture fixture(transactions);
     CVPrintInfo printInfo;

@@ -25,8 +25,8 @@ bool syncFolder(const QByteArray& path) {
 
 enum class Folder { NotSynced, Synced };
 
-/// The least that replaces a file without a moment in which none is there; a crash soon afterwards can bring the old
-/// one back unless the folder is synced.
+/// The least work that replaces a file without a moment at which no file is there. Unless the folder is synced, a crash
+/// soon afterwards can bring the old file back.
 bool replaceBare(const QByteArray& path, const QByteArray& bytes, Folder folder) {
     const QByteArray fresh = path + ".new";
     const int file = ::open(fresh.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
@@ -49,7 +49,7 @@ void measureSave(benchmark::State& state, std::size_t transactions, Folder folde
     bool saved = true;
     CVComparison comparison;
     comparison.clock = CVClock::Wall;
-    // What is still on its way to the disk would slow down whoever comes next.
+    // Finishes earlier writes, which would slow down the next measurement.
     comparison.reset = [] { ::sync(); };
     comparison.yardstick = [&] { saved = replaceBare(barePath, bytes, folder) && saved; };
     comparison.subject = [&] { saved = CVWriteDocumentText(path, text).ok() && saved; };

@@ -19,7 +19,7 @@
 
 namespace {
 
-/// A transaction in the form that is easiest to write. The texts are escaped already.
+/// A transaction in the form that is fastest to write; its texts are already escaped.
 struct PlainTransaction {
     long year;
     int month;
@@ -89,7 +89,7 @@ void append(std::string& text, const PlainTransaction& transaction) {
     text += "</For></Transaction>\n";
 }
 
-/// What stands around the transactions, and these as plain records.
+/// The text before and after the transactions, and the transactions as plain records.
 struct PlainDocument {
     std::string head;
     std::string tail;
@@ -118,7 +118,7 @@ struct PlainDocument {
     }
 };
 
-/// Changes a transaction and changes it back, so that its text must be made anew.
+/// Changes a transaction and changes it back, so that its text must be rendered again.
 void touch(CVTransaction& transaction) {
     const bool flag = transaction.userFlag();
     transaction.setUserFlag(!flag);
@@ -129,7 +129,7 @@ struct FreeBlock {
     void operator()(char* block) const { std::free(block); }
 };
 
-/// Compares `make`, which makes a text or a part of it after one change, with a copy of the text to fresh memory.
+/// Compares `make`, which renders a text or a part of it after one change, with a copy of the text to fresh memory.
 template <typename Result>
 void measureOneChanged(benchmark::State& state, std::size_t transactions, Result (*make)(const CVDocument&)) {
     CVBudgetFixture fixture(transactions);
@@ -142,7 +142,7 @@ void measureOneChanged(benchmark::State& state, std::size_t transactions, Result
     comparison.reset = [&] {
         copy = nullptr;
         made = Result();
-        // What the last round freed is not fresh memory.
+        // Returns memory that the last round freed to the system, so that the next copy goes to fresh memory.
         malloc_trim(0);
         const auto& all = fixture.document().transactions();
         touch(*all[all.size() / 2]);

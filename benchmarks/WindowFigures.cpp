@@ -60,10 +60,10 @@ public:
         qFatal("There is no button %s", accessibleName);
     }
 
-    /// Until everything that has to be is painted.
+    /// Runs events until all pending painting is done.
     static void repaint() { QCoreApplication::processEvents(); }
 
-    /// Compares an action of the user's, and the painting that follows, with a walk over the transactions.
+    /// Compares a user's action and the painting that follows with one walk over the transactions.
     void measure(benchmark::State& state, const std::function<void()>& reset, const std::function<void()>& act) {
         CVComparison comparison;
         comparison.clock = CVClock::Thread;
@@ -125,8 +125,8 @@ void CVMeasureWindowPeriod(benchmark::State& state, std::size_t transactions) {
         state, [] {}, [&] { previous.click(); });
 }
 
-/// The yardstick is the number of cells that come into view. What scrolling costs however little comes into view is
-/// taken off: a page is compared with a single row.
+/// Compares the allocations of scrolling by a page with the number of cells that come into view. The allocations of
+/// scrolling by a single row are subtracted, because every scroll needs those.
 void CVMeasureWindowScroll(benchmark::State& state, std::size_t transactions) {
     OpenWindow window(transactions);
     auto& table = window.find<QTableView>("mTransactionTable");
@@ -141,7 +141,7 @@ void CVMeasureWindowScroll(benchmark::State& state, std::size_t transactions) {
         }
         return static_cast<double>(CVAllocationCount() - before) / times;
     };
-    // A text that is shown for the first time is laid out.
+    // A text is laid out when it is first shown: these pages fill the kept glyphs before the measurement.
     constexpr int kPagesBefore = 500;
     constexpr int kSteps = 50;
     allocationsOf(page, kPagesBefore);

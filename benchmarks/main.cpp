@@ -28,7 +28,7 @@ void registerFigures() {
 } // namespace
 
 int main(int argc, char** argv) {
-    // Windows are painted into memory.
+    // The windows are painted into memory, not onto a screen.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     if (const auto status = CVRunMemoryProbe(QCoreApplication::arguments()))
