@@ -5,7 +5,7 @@ add_library(Corvella::Flags ALIAS corvella_flags)
 
 target_compile_options(corvella_flags INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
-    # clang's -Wconversion includes the sign conversions, g++'s does not: the same rule for both.
+    # clang's -Wconversion includes -Wsign-conversion, g++'s does not; switching it off gives both the same rule.
     -Wno-sign-conversion
     $<$<BOOL:${CORVELLA_WERROR}>:-Werror>
 )

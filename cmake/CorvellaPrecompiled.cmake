@@ -1,6 +1,6 @@
-# With CORVELLA_PRECOMPILE the toolkit's headers are compiled once for each kind of target in place of once for each
-# file. A target reuses the headers of the highest floor that it may use: this changes how long a build takes, and
-# nothing else. Builds without the option show which file forgets to include what it names.
+# With CORVELLA_PRECOMPILE the toolkit's headers are compiled once for each kind of target instead of once for each
+# file. A target reuses the precompiled headers of the highest floor that it may use. The option only shortens the
+# build; a build without it shows which file forgets an #include.
 
 set(_core_headers
     <algorithm> <array> <cmath> <cstdint> <functional> <map> <memory> <optional> <span> <string> <utility> <vector>

@@ -43,7 +43,8 @@ function(corvella_test)
     corvella_reuse_headers(${ARG_NAME} ${headers})
 
     add_test(NAME ${ARG_NAME} COMMAND ${ARG_NAME})
-    # A home of its own: a test that forgets to redirect the settings or the data file cannot touch the user's.
+    # Each test gets its own home, so that a test that forgets to redirect the settings or the data file cannot touch
+    # the user's.
     set(home "${CMAKE_BINARY_DIR}/tests home")
     file(MAKE_DIRECTORY "${home}")
     set_tests_properties(${ARG_NAME} PROPERTIES
@@ -55,7 +56,7 @@ function(corvella_test)
     corvella_test_surroundings(${ARG_NAME})
 endfunction()
 
-# What every test finds, its own program or the one that it drives: two font families, and strict sanitizers.
+# Sets the environment of a test and of the program that it drives: two font families, and strict sanitizers.
 function(corvella_test_surroundings name)
     set(suppressions "${PROJECT_SOURCE_DIR}/tests/sanitizers")
     set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT
@@ -98,8 +99,8 @@ function(_corvella_require_arguments caller)
     endif()
 endfunction()
 
-# The program `name` of the caller's ARG_SOURCES, placed in the folder `output` of the build folder. Its sources have no
-# Q_OBJECT: looking for one, and compiling the nothing that was found, takes seconds with so many programs.
+# Adds the program `name` from the caller's ARG_SOURCES, placed in the folder `output` of the build folder. AUTOMOC is
+# off: the sources contain no Q_OBJECT, and looking for one takes seconds with so many programs.
 function(_corvella_program name output)
     add_executable(${name} ${ARG_SOURCES})
     set_target_properties(${name} PROPERTIES
