@@ -11,7 +11,7 @@ namespace {
 
 class CVAboutWindowTest : public ShellFixture {
 protected:
-    /// Chooses the command and lets `act` look at the window; Escape closes it then.
+    /// Chooses the command, lets `act` look at the window, then closes the window with Escape.
     template <typename Act>
     void inAbout(Act act) {
         start();
@@ -61,7 +61,7 @@ TEST_F(CVAboutWindowTest, ItsTextCanBeSelectedWithTheKeyboardAndCopiedAsAWhole) 
         QTest::keyClick(text, Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
         QTest::keyClick(text, Qt::Key_C, Qt::ControlModifier);
         EXPECT_EQ(QApplication::clipboard()->text().trimmed(), "Corvella");
-        // From link to link, and then on.
+        // Tab goes from link to link and then leaves the text.
         for (int key = 0; key < 10 && text->hasFocus(); ++key)
             QTest::keyClick(text, Qt::Key_Tab);
         EXPECT_FALSE(text->hasFocus());

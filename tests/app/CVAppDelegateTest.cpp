@@ -23,7 +23,7 @@
 
 namespace {
 
-/// One user: starts the program, works in its window, quits, starts it again.
+/// A user who starts the program, works in its window, quits and starts it again.
 class CVAppDelegateTest : public testing::Test {
 protected:
     std::unique_ptr<CVAppDelegate> start() {
@@ -108,7 +108,7 @@ TEST_F(CVAppDelegateTest, WhatIsRecordedIsThereAfterTheNextStart) {
     EXPECT_EQ(transaction.categoryName(), "Medical");
     EXPECT_EQ(transaction.amount(), 45.10);
     EXPECT_TRUE(mAlerts.shown().isEmpty());
-    // Saved once more without a change, the file is the same to the byte.
+    // Another save without a change writes the same bytes.
     delegate->document().workbookSave();
     quit(delegate);
     EXPECT_EQ(bytesOf(dataFile()), bytes);
@@ -205,7 +205,7 @@ TEST_F(CVAppDelegateTest, AnEncryptedFileStaysUntouchedUntilTheFirstSaveAndIsKep
 
 TEST_F(CVAppDelegateTest, AFailedSaveIsShownAndTheNextOneTriesAgain) {
     auto delegate = start();
-    // The folder that the data file belongs in cannot be made while a file has its name.
+    // A file with the name of the data file's folder makes it impossible to make that folder.
     QDir().mkpath(mHome.folders().applicationSupport);
     QFile obstacle(mHome.folders().applicationSupport + "/Quenby Labs");
     ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));

@@ -12,7 +12,7 @@ namespace {
 using Outcome = CVRunningInstance::Outcome;
 using namespace std::chrono_literals;
 
-/// Lets go of the lock that it is given while it asks whether to try again.
+/// Releases its lock while it answers the alert that asks whether to try again.
 class EndingAlerts final : public CVAlerts {
 public:
     explicit EndingAlerts(std::unique_ptr<CVFileLock>& lock) : mLock(lock) {}

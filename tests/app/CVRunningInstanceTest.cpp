@@ -23,7 +23,7 @@ using namespace std::chrono_literals;
 
 class CVRunningInstanceTest : public testing::Test {
 protected:
-    /// What another start hears while this program's event loop runs.
+    /// The outcome of another start while this program's event loop runs.
     Outcome startAgain() const {
         auto outcome =
             std::async(std::launch::async, [this] { return CVRunningInstance(mFolder, mRuntimeFolder).claim(5s); });
@@ -37,7 +37,7 @@ protected:
         ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
     }
 
-    /// Puts something else in the place of the lock.
+    /// Replaces the lock by another file.
     void obstruct(void (*place)(const QString& path)) const {
         ASSERT_TRUE(QDir().mkpath(mFolder));
         place(lockPath());
@@ -47,7 +47,7 @@ protected:
 
     ScratchHome mHome;
     QString mFolder = mHome.path("data/Quenby Labs/Corvella");
-    /// None at first.
+    /// Empty for no runtime folder.
     QString mRuntimeFolder;
 };
 
@@ -61,7 +61,7 @@ void makeFileWith(const QString& path, const QByteArray& bytes) {
     ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
 }
 
-/// What a crash, a copy of a home folder or a person may have left in the place of the lock.
+/// Files that a crash, a copy of a home folder or a person may have left in the place of the lock.
 const std::array kObstacles{
     Obstacle{"empty", [](const QString& path) { makeFileWith(path, ""); }},
     Obstacle{"garbage", [](const QString& path) { makeFileWith(path, QByteArray("\0\xff rubbish", 10)); }},
@@ -110,7 +110,7 @@ TEST_F(CVRunningInstanceTest, SaysInTimeThatTheOtherIsSilent) {
     ASSERT_EQ(first.claim(0s), Outcome::First);
     QElapsedTimer timer;
     timer.start();
-    // Without an event loop nobody answers.
+    // Without an event loop the first instance does not answer.
     EXPECT_EQ(CVRunningInstance(mFolder).claim(300ms), Outcome::OtherSilent);
     EXPECT_GE(timer.elapsed(), 290);
     EXPECT_LT(timer.elapsed(), 5000);
@@ -131,7 +131,7 @@ TEST_F(CVRunningInstanceTest, WaitsForOneThatIsJustEnding) {
 }
 
 TEST_F(CVRunningInstanceTest, WhatACrashLeftBehindDoesNotCount) {
-    // The number of a process that runs.
+    // The lock file names a process that is running.
     write("/.running.lock", QByteArray::number(QCoreApplication::applicationPid()) + "\ncorvella\n" +
                                 QSysInfo::machineHostName().toUtf8());
     write("/.running", "");
@@ -208,7 +208,7 @@ TEST_F(CVRunningInstanceTest, OfSeveralAtOnceOneAloneIsTheFirst) {
         starts.push_back(std::async(std::launch::async, [this, &decided] {
             CVRunningInstance running(mFolder);
             const Outcome outcome = running.claim(100ms);
-            // It stays until all have asked.
+            // The instance lives until all starts have asked.
             for (++decided; decided < kStarts;)
                 std::this_thread::yield();
             return outcome;

@@ -27,7 +27,7 @@
 
 #include <gtest/gtest.h>
 
-/// The whole program on a file of its own: what is done in an editor, seen in the main window behind it.
+/// The whole program on its own data file: shows the effect of an editor on the main window behind it.
 class EditorWindowsFixture : public testing::Test {
 protected:
     static constexpr Qt::KeyboardModifiers kControlShift = Qt::ControlModifier | Qt::ShiftModifier;
@@ -73,7 +73,8 @@ protected:
     [[nodiscard]] CVDocument& document() const { return mDelegate->document(); }
     [[nodiscard]] QMainWindow& window() const { return *mDelegate->mainWindow()->window(); }
 
-    /// In the main window alone: an editor is a child of it and has a table of the same name.
+    /// Finds a widget of the main window only: an editor is a child of the main window and has a table of the same
+    /// name.
     template <typename Widget>
     [[nodiscard]] Widget* find(const char* name) const {
         auto* const widget = window().centralWidget()->findChild<Widget*>(name);
@@ -99,12 +100,12 @@ protected:
     static void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         ASSERT_NE(QApplication::focusWidget(), nullptr);
         QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
-        // The editor of a cell commits after the key, and the window shows the row after that.
+        // The cell editor commits after the key event, and the window shows the row after that.
         QCoreApplication::sendPostedEvents();
         QCoreApplication::sendPostedEvents();
     }
 
-    /// Presses a key in the main window and lets `act` work in the editor that opens; then Escape closes it.
+    /// Presses a key in the main window, lets `act` work in the editor that opens, then closes it with Escape.
     template <typename Act>
     void inEditor(const QString& title, Qt::Key key, Qt::KeyboardModifiers modifiers, Act act) {
         bool isDone = false;
@@ -120,7 +121,7 @@ protected:
         });
         press(key, modifiers);
         EXPECT_TRUE(isDone) << "the editor is not modal, or has not opened";
-        // Without a window manager nobody does it.
+        // No window manager activates the main window again in the tests.
         window().activateWindow();
         EXPECT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == &window(); }));
     }
@@ -156,7 +157,7 @@ protected:
         typeName(newName);
     }
 
-    /// Into the editor of a cell that is open.
+    /// Types a name into the open cell editor.
     static void typeName(const QString& name) {
         QTest::keyClicks(QApplication::focusWidget(), name);
         press(Qt::Key_Return);

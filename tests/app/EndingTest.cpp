@@ -14,10 +14,10 @@
 
 namespace {
 
-/// What others than the user ask of the program.
+/// Requests to end that do not come from the user.
 class Ending : public EditorWindowsFixture {
 protected:
-    /// Runs the event loop, in which the program is told to end after `act`; its exit status.
+    /// Runs the event loop, calls `act` in it and then asks the program to end; returns the exit status.
     template <typename Act>
     int endAfter(Act act) {
         QTimer::singleShot(0, &window(), act);
@@ -90,7 +90,7 @@ TEST_F(Ending, WithoutAskingLetsGoWhatCannotBeRead) {
 }
 
 TEST_F(Ending, WithoutAskingKeepsWhatIsTypedInAnEditor) {
-    // The editor's loop runs inside the key press.
+    // The key press runs the editor's own event loop, so a timer types.
     QTimer typing;
     QObject::connect(&typing, &QTimer::timeout, &window(), [this, &typing] {
         auto* const editor = qobject_cast<QDialog*>(QApplication::activeModalWidget());
@@ -131,7 +131,7 @@ TEST_F(Ending, WithoutAskingClosesWindowAfterWindow) {
             QDialog inner(&outer);
             inner.exec();
             closed.push_back(2);
-            // Closing the one puts another question.
+            // Closing the first alert shows another one.
             QMessageBox(QMessageBox::Question, "Another", "One more?", QMessageBox::Ok, &outer).exec();
             closed.push_back(3);
         });

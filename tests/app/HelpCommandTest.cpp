@@ -20,7 +20,7 @@ class HelpCommand : public EditorWindowsFixture {
 protected:
     void SetUp() override { start(&mHelp); }
 
-    /// As the book writes it: less its mnemonic.
+    /// The title without its mnemonic mark, as the help book writes it.
     static QString title(const QAction& action) { return action.text().remove('&'); }
 
     /// The commands of the menus as "Menu > Command".

@@ -16,7 +16,7 @@
 
 namespace {
 
-/// The texts of what stands together, by the key that chooses each with Alt.
+/// The texts of controls that are visible together, by the letter that chooses each with Alt.
 using Mnemonics = QMap<QString, QStringList>;
 
 void add(Mnemonics& found, const QString& text) {
@@ -30,7 +30,7 @@ void expectEachOnce(const Mnemonics& found, const QString& where) {
                                          << key.value().join(", ").toStdString();
 }
 
-/// All of a menu counts, also what is hidden at the moment; each menu below it by itself.
+/// Checks all items of a menu, hidden ones included, and each submenu separately.
 void checkMenu(const QMenu& menu, const QString& where) {
     Mnemonics found;
     for (const QAction* const action : menu.actions()) {
@@ -41,7 +41,7 @@ void checkMenu(const QMenu& menu, const QString& where) {
     expectEachOnce(found, where);
 }
 
-/// What can be seen in a window, its menu bar included, and each of its menus.
+/// Checks the visible controls of a window, its menu bar, and each of its menus.
 void checkWindow(const QWidget& window, const QString& where) {
     Mnemonics found;
     for (const auto* const widget : window.findChildren<QWidget*>()) {
@@ -73,7 +73,7 @@ void checkWindow(const QWidget& window, const QString& where) {
     expectEachOnce(found, where);
 }
 
-/// Looks at a window with each tab of `tabs` in front.
+/// Checks a window with each tab of `tabs` in front.
 void checkTabs(const QWidget& window, QTabWidget& tabs, const QString& where) {
     for (int tab = 0; tab < tabs.count(); ++tab) {
         tabs.setCurrentIndex(tab);
@@ -81,7 +81,7 @@ void checkTabs(const QWidget& window, QTabWidget& tabs, const QString& where) {
     }
 }
 
-/// Every window of the program, as full as it gets.
+/// Every window of the program with as many controls visible as possible.
 class MnemonicsTest : public EditorWindowsFixture {
 protected:
     void SetUp() override {
@@ -96,7 +96,7 @@ protected:
         mDelegate->mainWindow()->getStarted();
     }
 
-    /// Lets `act` open a modal window; that is looked at, and closed with Escape.
+    /// Lets `act` open a modal window, checks that window and closes it with Escape.
     template <typename Act>
     void checkModal(Act act) {
         bool isDone = false;

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// The preferences of the real program: what becomes of the window and of the files.
+/// The preferences in the real program: the effect on the windows and the files.
 class PreferencesInApp : public ShellFixture {
 protected:
     void open() {
@@ -50,7 +50,7 @@ protected:
         return texts;
     }
 
-    /// A budget of one transaction in a file of another folder.
+    /// Makes a budget with one transaction in another folder.
     void makeOtherBudget(const QString& folder) {
         open();
         record(5, "Other", "Other");
@@ -138,7 +138,7 @@ TEST_F(PreferencesInApp, UseChosenFileShowsItInPlaceOfThePresentOne) {
     record(13, "Baker", "Food");
     EXPECT_EQ(payees(), (QStringList{"Other", "Baker"}));
     EXPECT_TRUE(mDelegate->preferences()->isVisible());
-    // The preferences belong to the new document now.
+    // The preferences now use the new document.
     mAlerts.answer({CVAlert::kAlternate, CVAlert::kDefault});
     click("Clear Data File");
     EXPECT_EQ(payees(), QStringList());
@@ -179,7 +179,7 @@ TEST_F(PreferencesInApp, AFailedSaveKeepsTheFileWhereItWas) {
     open();
     record(12, "Market", "Food");
     const QString before = *defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
-    // A folder that is gone when the save comes.
+    // The folder does not exist any more at the save.
     mPanels.answer(mHome.path("gone"));
     click("Change Location");
     EXPECT_EQ(defaults().stringForKey(CVDefaultsKeys::kDataFileLocation), before);

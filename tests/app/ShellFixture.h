@@ -26,13 +26,13 @@
 
 #include <gtest/gtest.h>
 
-/// The whole program of a user, with an update service on this machine.
+/// The whole program with a user's folders and an update service on this machine.
 class ShellFixture : public testing::Test {
 protected:
     static constexpr int kPatience = 20'000;
 
     void start() {
-        // What the program of before has left must be on the disk, and what it will leave is read afresh.
+        // The settings of the earlier run are written to the disk, and those of this run are read from it.
         mHome.userDefaults().synchronize();
         mDelegate = std::make_unique<CVAppDelegate>(mHome.settingsStore(), mHome.folders(), mAlerts, mPanels);
         mDelegate->setURLOpener(&mURLs);

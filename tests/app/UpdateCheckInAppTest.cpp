@@ -23,7 +23,7 @@ const QUrl kDownload(QStringLiteral("https://www.quenbylabs.example/download"));
 
 class UpdateCheckInApp : public ShellFixture {
 protected:
-    /// Checks as the user does and waits for what they are told.
+    /// Starts a check with the menu command and waits for the alert with its result.
     void check() {
         const auto before = mAlerts.shown().size();
         choose("Check for New Version…");
@@ -34,7 +34,7 @@ protected:
         mHome.userDefaults().setInteger(CVDefaultsKeys::kCheckUpdatesAutomatically, frequency);
     }
 
-    /// Starts the program and lets an automatic check, if there is one, come to its end.
+    /// Starts the program and waits for the end of an automatic check, if there is one.
     void startAndWait() {
         const auto before = mServer.requests().size();
         start();
@@ -270,7 +270,7 @@ TEST_F(UpdateCheckInApp, AFailedAutomaticCheckSaysNothingAndIsTriedAgainAtTheNex
 }
 
 TEST_F(UpdateCheckInApp, DailyASecondLaunchOnTheSameDayAsksNobody) {
-    // The time of a check is the clock's.
+    // The time of a check comes from the real clock.
     QBDate::setToday(std::nullopt);
     mServer.answerWith(updateReply("1.0"));
     setFrequency(1);

@@ -22,7 +22,7 @@ TEST(CVBundle, NamesTheUsersSettings) {
     EXPECT_EQ(store->applicationName().toStdString(), CVBundle::kName);
 }
 
-// What a release has here is what the maker's build was given; it must be usable as it stands.
+// The addresses come from the maker's build options; a release must be able to open them.
 TEST(CVSite, HasAddressesThatCanBeOpened) {
     for (const QString& address : {CVSite::webSite(), CVSite::supportForums(), CVSite::updateCheck()}) {
         EXPECT_TRUE(QUrl(address, QUrl::StrictMode).isValid()) << address.toStdString();
@@ -32,7 +32,8 @@ TEST(CVSite, HasAddressesThatCanBeOpened) {
     EXPECT_EQ(CVSite::supportMail().count('@'), 1);
 }
 
-// These words are in users' settings files and in other programs' observers: a change of spelling loses them.
+// Users' settings files contain the keys and other programs observe the notifications, so a changed spelling would lose
+// them.
 TEST(CVBundle, SpellsKeysAndNotificationsAsEver) {
     EXPECT_STREQ(CVDefaultsKeys::kDataFileLocation, "Data File Location");
     EXPECT_STREQ(CVDefaultsKeys::kNumberOfItems, "CVNumberOfItems");

@@ -49,7 +49,7 @@ TEST_F(CVFileSinkTest, WritesEverythingToAPipe) {
     ::close(ends[1]);
 }
 
-/// A limit that a process may set itself stands for the full disk: it, too, lets a write take a part.
+/// A file size limit of the process stands for the full disk: it also lets a write take only a part.
 TEST_F(CVFileSinkTest, TellsTheReasonOfAPartialWriteWhoeverIgnoresIt) {
     struct rlimit before {};
     ::getrlimit(RLIMIT_FSIZE, &before);

@@ -59,7 +59,8 @@ TEST_F(OutputFile, TellsWhenADeviceIsFull) {
     EXPECT_EQ(CVWriteOutputFile("/dev/null", writing("x")), std::nullopt);
 }
 
-/// By whatever name: the file itself, a way round, links of both kinds, and a link to nothing yet.
+/// The spared file under other names: the same path, a path with detours, links of both kinds, and a link whose target
+/// does not exist.
 TEST_F(OutputFile, IsRefusedWhereItIsASparedFile) {
     put("a budget");
     const QString symbolic = folder.filePath("symbolic");

@@ -21,7 +21,7 @@ protected:
 
     static QString inForce() { return QFile::decodeName(qgetenv(kVariable)); }
 
-    /// A folder of this user's alone while the object is there, and `before` again afterwards.
+    /// Expects a folder that only this user can open while the object lives, and `before` again afterwards.
     static void expectAnOwnFolderInPlaceOf(const QString& before) {
         QString own;
         {

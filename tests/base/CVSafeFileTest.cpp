@@ -109,9 +109,9 @@ TEST_F(CVReplaceFileTest, leavesAnotherNameOfTheOldFileAlone) {
 
 struct LinkRow {
     const char* behaviour;
-    /// Relative to the folder of the link, or %1 for the home folder.
+    /// The target relative to the folder of the link; %1 stands for the home folder.
     const char* target;
-    /// Where the text then lies, below the home folder.
+    /// The path of the file that gets the text, relative to the home folder.
     const char* file;
     bool exists;
 };

@@ -26,7 +26,7 @@ public:
             writeFile(mPath, mOld);
         FaultyCalls::arm(mHome.path(), std::move(faults), std::move(unsupported));
         mFailure = CVWriteOutputFile(mPath, [](QIODevice& output) {
-            // As the PDF writer does: many pieces, and nobody looks at what became of them.
+            // Writes like the PDF writer: in many pieces, without looking at the results.
             for (int i = 0; i < kPieces; ++i)
                 output.write(piece());
             return true;
@@ -36,7 +36,7 @@ public:
 
     [[nodiscard]] const std::vector<FaultyCalls::Call>& calls() const { return mRecord.calls; }
     [[nodiscard]] bool succeeded() const { return !mFailure; }
-    /// Empty where all is well.
+    /// Says what is broken; empty when nothing is.
     [[nodiscard]] QString broken() const {
         const QByteArray bytes = readFile(mPath);
         const bool isNew = bytes == piece().repeated(kPieces);
@@ -48,7 +48,7 @@ public:
             return QStringLiteral("success, it said, but a sync failed");
         if (mFailure && (mFailure->isEmpty() || mFailure->contains(QLatin1String("Unknown error"))))
             return QStringLiteral("the reason is \"%1\"").arg(*mFailure);
-        // What cannot be removed stays.
+        // A temporary file that cannot be removed stays.
         const qsizetype files = bytes.isNull() ? 0 : 1;
         if (!mRecord.failed("unlink") && namesIn(mFolder).size() != files)
             return QStringLiteral("a temporary file was left behind");
@@ -57,7 +57,7 @@ public:
 
 private:
     static constexpr int kPieces = 5;
-    /// Larger than what is held back, so that there are several writes.
+    /// Larger than the sink's buffer, so that there are several writes.
     static QByteArray piece() { return QByteArray(40'000, 'n'); }
 
     ScratchHome mHome;
@@ -68,8 +68,8 @@ private:
     FaultyCalls::Record mRecord;
 };
 
-/// Each call fails, once, whenever it is made again, and with all that follow (as when the program is killed there, or
-/// the disk is lost).
+/// Lets each call fail in three ways: once, at every call of the same name, and with all calls that follow (as when the
+/// program is killed there or the disk is lost).
 void tryEveryFault(const QByteArray& old, const std::vector<FaultyCalls::Unsupported>& unsupported) {
     const Attempt whole(old, {}, unsupported);
     ASSERT_TRUE(whole.succeeded());
@@ -107,7 +107,7 @@ TEST(OutputFaults, OnADiskThatKnowsNoNamelessFilesLoseNothing) {
 
 class OutputFileOfOthers : public testing::Test {
 protected:
-    /// Writes, while another program does something in between.
+    /// Writes while `change` does what another program might do meanwhile.
     [[nodiscard]] std::optional<QString> writeDuring(const std::function<void()>& change) const {
         return CVWriteOutputFile(mPath, [&change](QIODevice& output) {
             output.write("half and ");

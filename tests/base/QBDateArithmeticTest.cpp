@@ -9,7 +9,7 @@
 
 namespace {
 
-/// The calendar as one learns it: one day at a time.
+/// A plain calendar that counts single days.
 struct SlowDate {
     qint64 year;
     int month;
@@ -65,7 +65,7 @@ SlowDate slowSum(const QBDate& date, qint64 years, qint64 months, qint64 days) {
         sum.stepMonth(1);
     for (; months < 0; ++months)
         sum.stepMonth(-1);
-    // All days are counted from the first, as the month reached may be too short for the day.
+    // The days are counted from the first of the month, because the reached month may be shorter.
     days += sum.dayOfMonth - 1;
     sum.dayOfMonth = 1;
     for (; days > 0; --days)
@@ -177,8 +177,8 @@ struct Difference {
     qint64 allDays;
 };
 
-/// Walks from the earlier to the later day. A month is complete on its day of the month, in a month that is too short
-/// when the next one begins; then the days after its last day are left.
+/// Walks from the earlier to the later day. A month is complete at the same day of the month, or at the start of the
+/// next month where the month is too short. The rest is counted in days.
 Difference slowDifference(const SlowDate& earlier, const SlowDate& later) {
     Difference difference{0, 0, 0};
     SlowDate date = earlier;
@@ -199,7 +199,7 @@ Difference slowDifference(const SlowDate& earlier, const SlowDate& later) {
     return difference;
 }
 
-/// All ways to ask for the difference.
+/// Checks every function that computes the difference.
 void expectDifference(const QBDate& later, const QBDate& earlier, const Difference& expected, int sign) {
     const auto [months, days, allDays] = expected;
     qint64 y = -99;

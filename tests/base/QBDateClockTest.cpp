@@ -11,7 +11,7 @@
 
 namespace {
 
-/// Local time as long as this object lives; a rule in the POSIX form, which needs no time zone files.
+/// Sets the local time zone as long as this object lives. The rule has the POSIX form, which needs no time zone files.
 class LocalTime {
 public:
     explicit LocalTime(const char* rule) : mPrevious(qgetenv("TZ")) {
@@ -32,7 +32,7 @@ private:
     QByteArray mPrevious;
 };
 
-/// Clocks go forward at midnight, so that one day begins at 1:00.
+/// A zone whose clocks go forward at midnight, so that one day begins at 1:00.
 constexpr const char* kNoMidnightInMarch = "AAA3BBB,M3.2.5/0,M10.1.0/0";
 
 QDateTime utc(int year, int month, int dayOfMonth, int hour, int minute = 0) {

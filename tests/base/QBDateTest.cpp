@@ -62,7 +62,7 @@ TEST(QBDate, NormalisesMonthsAndDaysBeyondTheirRange) {
         EXPECT_EQ(QBDate::dateWithYear(row.year, row.month, row.dayOfMonth), row.date);
 }
 
-/// The same day for Qt, whose year before 1 is -1.
+/// The same day as a QDate, in which the year before 1 is -1.
 QDate asQDate(const QBDate& date) {
     const qint64 year = date.yearOfCommonEra();
     return {static_cast<int>(year > 0 ? year : year - 1), date.monthOfYear(), date.dayOfMonth()};
@@ -73,7 +73,8 @@ struct Span {
     qint64 lastYear;
 };
 
-// Common and leap years, centuries that are leap years and that are not, the year 0, the ends of four-digit years.
+// The spans contain common and leap years, centuries that are leap years and that are not, the year 0, and the ends of
+// four-digit years.
 constexpr Span kSpans[]{{1890, 2110}, {-405, 405}, {9996, 10005}, {-10005, -9996}};
 
 TEST(QBDate, CountsDayByDayThroughLeapCommonAndCenturyYears) {

@@ -107,7 +107,7 @@ constexpr std::string_view kNoDates[]{
     "2012/02/30",
     "2014/-3/07",
     "2014/03/-7",
-    // one that would fit after the loss of high bits
+    // a number that would be valid if high bits were lost
     "2014/259/07",
     "2014/03/263",
     "2014/4294967299/07",

@@ -17,7 +17,7 @@ struct Row {
     double rounded;
 };
 
-// Eighths are halves of a cent that doubles hold exactly.
+// Odd eighths are halves of a cent that a double holds exactly.
 constexpr std::array kRows{Row{0.0, 0.0},
                            Row{-0.0, 0.0},
                            Row{0.125, 0.13},
@@ -61,7 +61,7 @@ TEST(RoundDoubleToTwoPlaces, GivesTheDoubleOfAnAmountInCents) {
         const std::string text =
             std::to_string(cents / 100) + '.' + std::to_string(100 + std::abs(cents % 100)).substr(1);
         const double amount = std::strtod(((cents < 0 && cents > -100 ? "-" : "") + text).c_str(), nullptr);
-        // What a sum of many amounts is off by.
+        // The rounding error of a sum of many amounts.
         const double noise = amount * 1e-12;
         ASSERT_EQ(RoundDoubleToTwoPlaces(amount + noise), amount) << text;
         ASSERT_EQ(RoundDoubleToTwoPlaces(amount - noise), amount) << text;

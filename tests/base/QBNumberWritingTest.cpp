@@ -19,7 +19,7 @@ std::string money(double value) {
     return {text.data(), QBNumberText::writeMoney(text.data(), value)};
 }
 
-/// The C library's answer; the tests run in a locale with a decimal point.
+/// The C library's output. The tests run in a locale with a decimal point.
 std::string printed(double value) {
     std::array<char, 400> text{};
     std::snprintf(text.data(), text.size(), "%.2f", value);
@@ -34,7 +34,8 @@ struct Row {
 constexpr std::array kRows{Row{0.0, "0.00"}, Row{-0.0, "-0.00"}, Row{-0.004, "-0.00"}, Row{0.004, "0.00"},
                            Row{45.1, "45.10"}, Row{50, "50.00"}, Row{1234567.5, "1234567.50"},
                            Row{-1234567.5, "-1234567.50"}, Row{0.999, "1.00"}, Row{0.994, "0.99"},
-                           // Halves that doubles hold exactly go to the even neighbour, all others lie to one side.
+                           // Halves that a double holds exactly are rounded to the even neighbour; all other numbers
+                           // are not halfway.
                            Row{0.125, "0.12"}, Row{0.375, "0.38"}, Row{-0.625, "-0.62"}, Row{0.005, "0.01"},
                            Row{0.015, "0.01"}, Row{1.005, "1.00"}, Row{2.675, "2.67"},
                            Row{99999999999.99, "99999999999.99"}, Row{100000000000.01, "100000000000.01"},

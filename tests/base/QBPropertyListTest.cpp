@@ -138,7 +138,7 @@ TEST(QBPropertyList, SurvivesABinaryListCutOrChangedAnywhere) {
     EXPECT_EQ(read, 0) << "a list without its end was taken for a whole one";
 }
 
-// In a process of its own: what it guards against is the end of the stack.
+// A death test, because the failure would be a stack overflow.
 TEST(QBPropertyListDeathTest, SurvivesListsWithinListsWithoutEnd) {
     for (const qsizetype depth : {100'000, 1'000'000}) {
         const QByteArray bytes =

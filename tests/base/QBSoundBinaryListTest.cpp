@@ -19,13 +19,13 @@ QByteArray number(quint64 value, int width) {
     return bytes;
 }
 
-/// The end of a list, field by field as it is written.
+/// The trailer of a binary list, field by field.
 QByteArray trailer(int offsetWidth, int referenceWidth, quint64 count, quint64 top, quint64 tableAt) {
     return QByteArray(6, '\0') + static_cast<char>(offsetWidth) + static_cast<char>(referenceWidth) + number(count, 8) +
            number(top, 8) + number(tableAt, 8);
 }
 
-/// A list of these items, the first of which is the top; references take one byte, offsets four.
+/// A list of these items, of which the first is the top item. References take one byte, offsets four.
 QByteArray listOf(const Items& items) {
     QByteArray bytes = "bplist00";
     QByteArray table;
@@ -78,7 +78,7 @@ const SoundRow kSound[]{
 
 INSTANTIATE_TEST_SUITE_P(kinds, SoundBinaryList, testing::ValuesIn(kSound));
 
-/// Lists within lists, each in the next one twice.
+/// Nested lists, each contained twice in the next one.
 QByteArray doubled(int levels) {
     Items items;
     for (int i = 1; i <= levels; ++i)
@@ -95,7 +95,7 @@ QByteArray nested(int levels) {
     return listOf(items);
 }
 
-/// One text of 60,000 letters, 250 times.
+/// A list that refers 250 times to one text of 60,000 letters.
 QByteArray repeated() {
     return listOf({"\xAF\x11" + number(250, 2) + QByteArray(250, '\x01'),
                    "\x5F\x11" + number(60'000, 2) + QByteArray(60'000, 'a')});

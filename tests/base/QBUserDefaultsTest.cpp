@@ -16,7 +16,7 @@
 
 namespace {
 
-/// A look at the settings as the next start of the program has it.
+/// The settings as the next start of the program reads them.
 QBUserDefaults reopened(ScratchHome& home) {
     home.userDefaults().synchronize();
     return QBUserDefaults(home.settingsStore());
@@ -130,7 +130,7 @@ TEST(QBUserDefaults, SaysWhetherTheDiskHasTheSettingsEachTime) {
     EXPECT_EQ(defaults.fileName(), path);
     defaults.setInteger("number", 1);
     EXPECT_TRUE(defaults.synchronize());
-    // A folder in the place of the file: not even the superuser can write it.
+    // A folder replaces the file, because even the superuser cannot write to a folder.
     ASSERT_TRUE(QFile::remove(path) && QDir().mkdir(path));
     defaults.setInteger("number", 2);
     EXPECT_FALSE(defaults.synchronize());
@@ -141,7 +141,7 @@ TEST(QBUserDefaults, SaysWhetherTheDiskHasTheSettingsEachTime) {
     EXPECT_EQ(reopened(home).integerForKey("number"), 3);
 }
 
-/// As on a full disk, no file can be longer than a few bytes while this object lives.
+/// Limits the size of files to a few bytes while this object lives, as on a full disk.
 class FullDisk final {
 public:
     FullDisk() : mHandler(std::signal(SIGXFSZ, SIG_IGN)) {

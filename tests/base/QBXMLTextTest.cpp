@@ -59,11 +59,11 @@ TEST(XMLEncoding, AgreesWithTheToolkitOnUtf8) {
     for (int i = 0; i < 2'000; ++i) {
         std::u16string units(engine() % 20, u'\0');
         for (char16_t& unit : units) {
-            // Surrogates often enough to meet in pairs.
+            // Surrogates are drawn often enough to form pairs.
             unit = static_cast<char16_t>(engine() % 3 ? engine() : 0xD800 + engine() % 0x800);
         }
         const QString text = utf16(units);
-        // By way of UCS-4, which replaces lone surrogates.
+        // The conversion to UCS-4 replaces lone surrogates.
         const auto ucs4 = text.toUcs4();
         QByteArray expected =
             QString::fromUcs4(reinterpret_cast<const char32_t*>(ucs4.constData()), ucs4.size()).toUtf8();
@@ -160,13 +160,13 @@ constexpr StorableRow kStorable[]{
     {{u"a\0b", 3}, u"ab"},
     {u"a\u0001\u0008\u000B\u000C\u000E\u001Fb", u"ab"},
     {u"\u0007", u""},
-    // what looks like a control to some but is a character of XML
+    // allowed by XML although other standards call them controls
     {u"\u007F\u0085\u009F\u2028", u"\u007F\u0085\u009F\u2028"},
     // the ends of the ranges
     {u"\u0020\uD7FF\uE000\uFFFD", u"\u0020\uD7FF\uE000\uFFFD"},
     {u"a\uFFFEb\uFFFFc", u"abc"},
     {u"\uFEFFa", u"\uFEFFa"},
-    // pairs stay, halves go
+    // pairs stay, lone surrogates are removed
     {u"\U0001F355", u"\U0001F355"},
     {u"\U0001FFFE\U0010FFFF", u"\U0001FFFE\U0010FFFF"},
     {u"a\xD83Cz", u"az"},

@@ -2,6 +2,6 @@
 
 #include <string_view>
 
-/// Carries out the steps that a text names, one after the other: "x52 /24" multiplies by 52, then divides by 24, and
-/// "-" leaves the amount alone. Stops the test program at anything else.
+/// Applies the steps in a text to an amount, from left to right: "x52 /24" multiplies by 52, then divides by 24; "-"
+/// leaves the amount unchanged. Any other text stops the test program.
 [[nodiscard]] double carriedOut(std::string_view steps, double amount);

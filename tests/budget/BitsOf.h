@@ -8,7 +8,7 @@
 #include <cmath>
 #include <ios>
 
-/// Whether both are the same number to the last bit, sign of a zero included; every NaN counts as the same.
+/// Whether both numbers have the same bits, the sign of a zero included. Every NaN counts as the same.
 [[nodiscard]] inline bool sameBits(double a, double b) {
     return std::isnan(a) ? std::isnan(b) : std::bit_cast<quint64>(a) == std::bit_cast<quint64>(b);
 }

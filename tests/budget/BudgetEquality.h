@@ -3,7 +3,7 @@
 #include "budget/CVDayRange.h"
 #include "model/CVDocument.h"
 
-/// Expect that what src/budget computes from the document is what `PlainScan` computes, to the last bit.
+/// These functions expect the results of src/budget and of `PlainScan` to be equal to the last bit.
 
 /// Every cell and total of the grid over these columns, for all categories as rows.
 void expectGridAsPlain(const CVDocument& document, std::span<const CVDayRange> columns, const CVDayRange& total);

@@ -14,8 +14,8 @@ namespace {
 
 constexpr quint32 kBudgets = 10'000;
 
-/// What RandomBudget does not draw: IDs beyond those looked up by index, amounts whose sums leave the range of numbers,
-/// and days as far apart as each spending pattern has them.
+/// Adds values that RandomBudget does not draw: IDs above those looked up by index, amounts whose sums overflow, and
+/// dates with the distances of each spending pattern.
 void drawExtremes(RandomBudget& budget) {
     constexpr std::array<quint32, 3> kIDs{4095, 4096, std::numeric_limits<quint32>::max()};
     constexpr double kInfinity = std::numeric_limits<double>::infinity();
@@ -42,7 +42,7 @@ QBDate aDay(RandomBudget& budget) {
     return budget.date().value_or(day(2014, 3, 1));
 }
 
-/// Mostly of some days or months, now and then of ages or empty.
+/// A random range, mostly of some days or months, sometimes of many years or empty.
 CVDayRange aRange(RandomBudget& budget) {
     const QBDate start = aDay(budget);
     if (budget.oneIn(6))
@@ -71,7 +71,7 @@ TEST(BudgetEquality, HoldsForTheGridOfRandomBudgets) {
         for (int n = 1; n <= periods.numberOfColumnsForDisplayPeriod(); ++n)
             columns.push_back(periods.column(n));
         expectGridAsPlain(budget.document(), columns, periods.displayRange());
-        // Ranges that no display of periods has.
+        // These ranges occur in no display of periods.
         for (CVDayRange& column : columns)
             column = aRange(budget);
         expectGridAsPlain(budget.document(), columns, aRange(budget));
@@ -142,7 +142,8 @@ RC_GTEST_PROP(BudgetEquality, HoldsForWhateverRapidCheckDraws, ()) {
                             .taxFlag = drawn.taxFlag});
     const QBDate start = first.dateByAddingYears(0, 0, startsOn);
     const CVDayRange range{start, start.dateByAddingYears(0, 0, length - 1)};
-    // Kept from the test, which would otherwise have failed for good and could not tell which smaller case still fails.
+    // The failures are caught: a failure of the test itself would be final, and RapidCheck could not look for a smaller
+    // case.
     testing::TestPartResultArray failures;
     {
         using Reporter = testing::ScopedFakeTestPartResultReporter;

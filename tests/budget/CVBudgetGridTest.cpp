@@ -150,7 +150,7 @@ TEST(CVBudgetGrid, WithoutColumnsHasRowTotalsAlone) {
 
 struct TransactionsOfARange : testing::Test {
     TransactionsOfARange() {
-        // Out of order, in and around the range, one of each kind of category.
+        // The transactions are unsorted, inside and outside the range, with one of each kind of category.
         budget.category(QStringLiteral("Food"), kFood)
             .category(QStringLiteral("Nothing"), 0)
             .transaction({.date = day(2014, 3, 9), .amount = 1, .categoryID = kFood})

@@ -15,7 +15,7 @@
 
 namespace {
 
-/// One transaction of the category for each amount, all on that day or so many days apart from then on.
+/// One transaction of the category for each amount, the first on `first` and the others `daysApart` days apart.
 CVDocument::Transactions spent(const QBDate& first, std::initializer_list<double> amounts, int daysApart = 0) {
     CVDocument::Transactions transactions;
     QBDate date = first;
@@ -29,7 +29,7 @@ CVDocument::Transactions spent(const QBDate& first, std::initializer_list<double
 struct AveragesOfACategory : testing::Test {
     AveragesOfACategory() {
         category.setUniqueID(kFood);
-        // What an earlier range left behind.
+        // The values of an earlier range.
         category.setBudgetExpenseFrequency(CVExpenseFrequency::kAnnually);
         category.setNumberOfTransactions(99);
         category.setTotal(99);
@@ -95,7 +95,7 @@ TEST_F(AveragesOfACategory, OfOneTransactionInARangeOf400DaysAreYearlyByTheMonth
     EXPECT_EQ(category.monthly(), 100);
     EXPECT_EQ(category.biWeekly(), 46.15);
     EXPECT_EQ(category.numberOfTransactions(), 1U);
-    // Of a year at most, although the range is longer.
+    // The count is that of one year, although the range is longer.
     EXPECT_EQ(category.weeklyPeriods(), 52U);
     EXPECT_EQ(category.biWeeklyPeriods(), 26U);
     EXPECT_EQ(category.monthlyPeriods(), 12U);
@@ -140,7 +140,7 @@ TEST_F(AveragesOfACategory, LeaveOutOtherCategoriesAndTransactionsWithoutADate) 
 }
 
 TEST_F(AveragesOfACategory, RoundTheSumAfterEveryAddition) {
-    // Not 0.01, as the sum of all three would be.
+    // The average is not 0.01, which the rounded sum of all three would give.
     EXPECT_EQ(compute(spent(day(2014, 3, 7), {0.004, 0.004, 0.004}, 1)), 3U);
     EXPECT_EQ(category.total(), 0);
     EXPECT_EQ(compute(spent(day(2014, 3, 7), {0.006, 0.006}, 1)), 2U);
@@ -156,7 +156,7 @@ TEST_F(AveragesOfACategory, AddInTheOrderOfTheArray) {
 }
 
 TEST_F(AveragesOfACategory, DoNotMoveWithTransactionsOutsideTheRangeHoweverHugeTheSum) {
-    // Rounding what is rounded changes nothing, up to where amounts are no longer rounded at all.
+    // Rounding a rounded amount changes nothing; these are large amounts just below the limit of rounding.
     for (const double amount : {20000000000000.02, 35000000000000.07, 40000000000000.02, 44999999999999.97}) {
         auto transactions = spent(day(2014, 3, 7), {amount});
         for (int i = 0; i < 5; ++i)

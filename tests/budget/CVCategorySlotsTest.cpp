@@ -12,7 +12,7 @@ namespace {
 constexpr quint32 kLargest = std::numeric_limits<quint32>::max();
 
 TEST(CVCategorySlots, NumberEachDifferentIDOnce) {
-    // On both sides of where the IDs stop being looked up by index.
+    // IDs below and above the limit of the lookup by index.
     const std::array<quint32, 8> ids{7, 0, 7, kLargest, 4095, 4096, kLargest, 0};
     const CVCategorySlots slotsOfIDs(ids);
     EXPECT_EQ(slotsOfIDs.count(), 5U);

@@ -61,7 +61,7 @@ constexpr std::array kPatternStyle{
     // The year between them.
     FormatRow{"MM/yyyy/dd", "MM/dd"},
     FormatRow{"d y M", "d M"},
-    // The longest run of four at most counts, and counts before a shorter one that comes first.
+    // The longest run counts, of at most four letters, even when a shorter run precedes it.
     FormatRow{"d yyyyy", "dy"},
     FormatRow{"yy M yyyy", "yy M"},
     // No year, or nothing but a year.

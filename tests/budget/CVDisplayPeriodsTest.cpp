@@ -17,7 +17,7 @@ QBDate daysLater(const QBDate& date, qint64 days) {
     return date.dateByAddingYears(0, 0, days);
 }
 
-/// That day or the last one before it that is this day of the week.
+/// The last day up to and including `date` that is this day of the week.
 QBDate lastWeekday(QBDate date, int dayOfWeek) {
     while (date.dayOfWeek() != dayOfWeek)
         date = daysLater(date, -1);
@@ -30,7 +30,7 @@ QBDate firstOfMonth(QBDate date) {
     return date;
 }
 
-/// The first of the month so many months back, one at a time.
+/// The first day of the month `months` months earlier, found one month at a time.
 QBDate firstOfMonthsBack(const QBDate& date, int months) {
     QBDate first = firstOfMonth(date);
     for (; months > 0; --months)
@@ -40,7 +40,7 @@ QBDate firstOfMonthsBack(const QBDate& date, int months) {
     return first;
 }
 
-/// Found by going back from today day by day.
+/// The first column, found by going back from today day by day.
 QBDate firstColumn(int periodType, const QBDate& today, const CVDisplayPeriods::Placement& placement) {
     switch (periodType) {
     case CVDisplayPeriods::Day:
@@ -61,7 +61,7 @@ QBDate stepLater(int periodType, const QBDate& date) {
 }
 
 TEST(CVDisplayPeriods, BeginWhereTheTypeTheWeekdayAndThePreferencesPlaceThem) {
-    // Three weeks around a leap day, so that each weekday comes up in each part of a month.
+    // Three weeks around a leap day, so that each weekday occurs in each part of a month.
     for (int daysOn = 0; daysOn < 21; ++daysOn) {
         const QBDate today = daysLater(day(2024, 2, 20), daysOn);
         for (const int type : kAllTypes) {
@@ -116,7 +116,7 @@ TEST(CVDisplayPeriods, HaveColumnsThatAdjoinOneStepAfterTheOther) {
         SCOPED_TRACE(type);
         const CVDisplayPeriods periods(type, day(2023, 12, 6), {1, 0});
         QBDate start = periods.firstColumnStartingDate();
-        // Beyond the shown ones, over the turn of the year and a leap day.
+        // These columns lie beyond the visible ones, across a new year and a leap day.
         for (int n = 1; n <= 100; ++n) {
             ASSERT_EQ(periods.computeColumnStartDateForColumn(n), start) << n;
             start = stepLater(type, start);
@@ -180,7 +180,7 @@ TEST(CVDisplayPeriods, GoBackToTheDayOnWhichTheyWereMade) {
     }
 }
 
-/// As if the user had gone there, page by page, from where they begin without periods before today.
+/// The result must equal paging to the day from the initial placement without earlier periods.
 TEST(CVDisplayPeriods, GoToADayInStepWithToday) {
     const QBDate today = day(2014, 3, 5);
     for (const int type : kAllTypes) {

@@ -13,7 +13,7 @@ namespace {
 
 constexpr qint64 kFrequencies = 8;
 
-/// Row: from; column: to; both from weekly to annually.
+/// The row is the frequency to convert from, the column the one to convert to, both from weekly to annually.
 constexpr std::array<std::array<const char*, kFrequencies>, kFrequencies> kSteps{{
     {"-", "x2", "x52 /24", "x52 /12", "x52 /6", "x52 x0.25", "x52 x0.5", "x52"},
     {"x0.5", "-", "x26 /24", "x26 /12", "x26 /6", "x26 x0.25", "x26 x0.5", "x26"},

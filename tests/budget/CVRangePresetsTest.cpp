@@ -33,7 +33,7 @@ struct PresetsOfABudget : testing::Test {
     BudgetBuilder budget;
 };
 
-/// The eight items one by one, of a budget that has transactions.
+/// The range of each of the eight presets in plain code, for a budget with transactions.
 CVDayRange oneByOne(int index, const QBDate& today, const CVDocument& document) {
     const QBDate earliest = *document.earliestTransactionDate();
     const QBDate latest = *document.latestTransactionDate();
@@ -80,7 +80,8 @@ CVDayRange oneByOne(int index, const QBDate& today, const CVDocument& document) 
 }
 
 TEST_F(PresetsOfABudget, AreAsTabledOnEveryDayOfALeapYearAndACommonYear) {
-    // Around today, long ago, long ahead: each start and each end is once held back and once not.
+    // Days near today, long ago and far ahead, so that each start and each end is clamped in one case and not in
+    // another.
     constexpr std::array kDaysFromToday{-4000, -800, -420, -380, -200, -40, -20, -9, -4, -1, 0, 1, 3, 15, 40, 400, 900};
     for (QBDate today = day(2023, 1, 1); today.comesBefore(day(2025, 1, 1)); today = daysLater(today, 1)) {
         for (const int first : kDaysFromToday) {

@@ -85,7 +85,7 @@ TEST_F(ReportOfABudget, GivesPercentOfAllSpendingInTheRangeUnrounded) {
 }
 
 TEST_F(ReportOfABudget, RoundsAllSpendingOnceForThePercentage) {
-    // 0.0084 in all, which is 0.01; were each addition rounded, it would be nothing.
+    // The sum 0.0084 is rounded to 0.01; rounding each addition would give 0.
     spend(day(2014, 1, 1), 0.0042).spend(day(2014, 1, 2), 0.0042);
     const CVReportFigures figures = this->figures();
     food().setTotal(2);

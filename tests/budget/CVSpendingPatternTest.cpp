@@ -31,7 +31,7 @@ constexpr std::array kIntervals{
     IntervalRow{100'000, "Yearly", CVExpenseFrequency::kAnnually},
 };
 
-/// Spends so much of the category's money on the first day, and nothing more on each of the others.
+/// Transactions of the category: `total` on the first day and nothing on the others.
 CVDocument::Transactions spentOn(double total, std::initializer_list<QBDate> days) {
     CVDocument::Transactions transactions;
     for (const QBDate& date : days)
@@ -69,7 +69,7 @@ TEST(CVSpendingPattern, IsThatOfTheMeanIntervalWithoutItsFraction) {
     const QBDate first = day(2014, 1, 1);
     CVCategory category;
     category.setUniqueID(kFood);
-    // 23 days in two gaps: 11.5 days, of which 11 count.
+    // 23 days in two gaps are 11.5 days each, which count as 11.
     const QBDate last = first.dateByAddingYears(0, 0, 23);
     computeAveragesForArray(category, spentOn(1, {first, first.dateByAddingYears(0, 0, 20), last}), first, last);
     EXPECT_EQ(category.billFrequency(), QStringLiteral("Weekly"));
@@ -81,7 +81,7 @@ TEST(CVSpendingPattern, IsThatOfTheMeanIntervalWithoutItsFraction) {
 
 struct AverageRow {
     const char* name;
-    /// Of two transactions.
+    /// The days between two transactions.
     int interval;
     int daysOfRange;
     double total;

@@ -2,6 +2,6 @@
 
 #include <QtGlobal>
 
-/// The two categories that small budgets of these tests are made of.
+/// The two categories of the small budgets in these tests.
 inline constexpr quint32 kFood = 1;
 inline constexpr quint32 kCar = 2;

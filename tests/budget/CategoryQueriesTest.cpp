@@ -60,7 +60,8 @@ TEST_F(QueriesOfACategory, TaxIsRoundedAfterEveryAddition) {
 
 struct PeriodRow {
     qint64 frequency;
-    /// The longest range without a whole period and the shortest with one or two, from 1 January 2014 on.
+    /// The last days of the longest range without a whole period and of the shortest ranges with one and two, all from
+    /// 1 January 2014.
     QBDate lastDayTooShort;
     QBDate lastDayOfOne;
     QBDate lastDayOfTwo;

@@ -15,7 +15,7 @@ std::size_t allocations = 0;
 
 } // namespace
 
-// Every allocation of this program comes past here.
+// All allocations of this program call this function.
 void* operator new(std::size_t size) {
     ++allocations;
     // NOLINTNEXTLINE(cppcoreguidelines-no-malloc): what operator new itself is made of.

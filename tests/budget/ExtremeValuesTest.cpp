@@ -37,7 +37,7 @@ TEST(ExtremeValues, OfAmountsGiveInfiniteSumsOrNoNumberAndCountAllTheSame) {
         .transaction({.date = day(2014, 6, 1), .amount = 1, .categoryID = 3});
     const CVBudgetGrid grid = gridOf(budget, range);
     EXPECT_EQ(grid.cell(0, 0), kInfinity);
-    // What is no number is not above zero.
+    // NaN is not above zero.
     EXPECT_EQ(grid.cell(1, 0), std::nullopt);
     EXPECT_EQ(grid.columnTotal(0), std::nullopt);
     EXPECT_EQ(grid.cell(2, 0), 1);
@@ -123,7 +123,7 @@ TEST(ExtremeValues, OfEmptyBudgetsAreNoNumbers) {
     budget.category(QStringLiteral("Food"), kFood);
     const CVCategory& food = *budget.categoryNamed(QStringLiteral("Food"));
     EXPECT_EQ(gridOf(budget, range).cell(0, 0), std::nullopt);
-    // Added after the figures were made.
+    // The category was added after the figures were computed.
     EXPECT_EQ(figures.average(food), 0);
     EXPECT_EQ(figures.taxItems(food), 0U);
     EXPECT_EQ(figures.percent(food), 0);

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// Whatever has changed since, the next grid, rows and report show: nothing is kept from the ones before.
+/// Every change shows in the next grid, rows and report, which keep nothing from the earlier ones.
 struct NumbersAfterAChange : testing::Test {
     NumbersAfterAChange() {
         budget.category(QStringLiteral("Food"), kFood, CVExpenseFrequency::kMonthly, 50)

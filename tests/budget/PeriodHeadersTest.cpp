@@ -19,7 +19,7 @@ std::vector<QString> texts(const CVDisplayPeriods& periods) {
     return texts;
 }
 
-/// The columns that stand out.
+/// The columns that are highlighted as today's.
 std::vector<int> today(const CVDisplayPeriods& periods) {
     std::vector<int> columns;
     for (int n = 1; n <= periods.numberOfColumnsForDisplayPeriod(); ++n) {
@@ -31,7 +31,7 @@ std::vector<int> today(const CVDisplayPeriods& periods) {
 
 struct HeadersInEnglish : testing::Test {
     DefaultLocale locale{QLocale(QLocale::English, QLocale::UnitedStates)};
-    /// Which years are written with two digits depends on it.
+    /// Today decides which years are written with two digits.
     FixedToday clock{day(2014, 3, 5)};
     QBDate wednesday = day(2014, 3, 5);
 };

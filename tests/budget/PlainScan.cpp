@@ -49,7 +49,7 @@ void setDefaultAmounts(Figures& figures, double amount) {
     figures.weeklyPeriods = 1;
 }
 
-/// The sum of the gaps between neighbours, from the newest transaction to the oldest.
+/// The sum of the days between neighbouring transactions, from the newest to the oldest.
 double spread(CVDocument::Transactions found) {
     const CVTransactionSortContext newestFirst{QStringLiteral("date"), true};
     std::stable_sort(found.begin(), found.end(), [&newestFirst](const auto& a, const auto& b) {
@@ -67,7 +67,7 @@ void classifyByMonths(Figures& figures, qint64 months) {
     figures.weekly = round2(figures.biWeekly * 0.5);
 }
 
-/// The periods of so many days that lie wholly in a number of days.
+/// The number of whole periods of `length` days in `days` days.
 double wholePeriods(qint64 days, qint64 length) {
     const qint64 periods = days / length;
     return static_cast<double>(periods);

@@ -7,9 +7,8 @@
 
 class CVCategory;
 
-/// The numbers of the budget in the plain way: a walk over all transactions for each category and for each cell, and
-/// chains of branches in place of tables. Slow, and what the quick ways are measured by: they must agree with it to the
-/// last bit.
+/// Computes the numbers of the budget in the plain way: one walk over all transactions for each category and each cell,
+/// and branches instead of tables. The fast code must agree with this slow code to the last bit.
 namespace PlainScan {
 
 /// The computed fields of a category.
@@ -37,12 +36,12 @@ struct Figures {
 [[nodiscard]] double averagePerFrequency(const CVCategory& category, const CVDocument::Transactions& transactions,
                                          const CVDayRange& range);
 [[nodiscard]] double percentDivisor(const CVDocument::Transactions& transactions, const CVDayRange& range);
-/// What a monthly amount comes to per period of that frequency, for the warning of the plan table.
+/// A monthly amount converted to a frequency, for the warning of the plan table.
 [[nodiscard]] double comparisonValue(double monthly, qint64 frequency);
 
 [[nodiscard]] CVDocument::Transactions transactionsForDateRange(const CVDocument::Transactions& transactions,
                                                                 const CVDayRange& range, const CVCategory* category);
-/// Of the grid: the category's cell in a column of that range or, without a category, the column's total.
+/// A cell of the grid: the amount of a category in the range of a column or, without a category, the column's total.
 [[nodiscard]] std::optional<double> cell(const CVDocument::Transactions& transactions, const CVDayRange& range,
                                          const CVCategory* category);
 [[nodiscard]] CVDocument::Categories rows(const CVDocument& document, int showUnusedCategories);

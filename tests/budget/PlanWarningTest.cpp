@@ -46,7 +46,7 @@ TEST(PlanWarning, IsGivenFromTheFirstCentThatTheConvertedMonthlyAverageExceedsTh
 }
 
 TEST(PlanWarning, ComparesWithCentsWhereTheFrequencyIsShorterThanAMonth) {
-    // 100 a month are 23.0769... a week, 46.1538... in two weeks; 100.01 are 50.005 in half a month.
+    // 100 a month are 23.0769... a week and 46.1538... in two weeks; 100.01 a month are 50.005 in half a month.
     EXPECT_TRUE(warns(CVExpenseFrequency::kWeekly, 100, 23.079));
     EXPECT_FALSE(warns(CVExpenseFrequency::kBiWeekly, 100, 46.151));
     EXPECT_TRUE(warns(CVExpenseFrequency::kSemiMonthly, 100.01, 50.006));
@@ -76,13 +76,13 @@ TEST(PlanWarning, CanDisagreeWithTheDifference) {
         .transaction({.date = day(2014, 1, 1), .amount = 20, .categoryID = 1})
         .transaction({.date = day(2014, 2, 28), .amount = 20, .categoryID = 1});
     const CVCategory& food = *budget.categoryNamed(QStringLiteral("Food"));
-    // Two months hold no quarter, so the difference is the whole target; 20 a month are 60 a quarter.
+    // Two months contain no whole quarter, so the difference is the whole target; 20 a month are 60 a quarter.
     const CVReportFigures twoMonths(budget.document().transactions(), budget.document().categories(),
                                     {day(2014, 1, 1), day(2014, 2, 28)});
     EXPECT_EQ(twoMonths.difference(food), 50);
     EXPECT_TRUE(targetIsBelowMonthlyAverage(food));
 
-    // Five months hold one quarter, so the difference is negative; 40 by five months are 24 a quarter.
+    // Five months contain one whole quarter, so the difference is negative; 40 in five months are 24 a quarter.
     budget.categoryNamed(QStringLiteral("Food"))->setExpenseTarget(30);
     const CVReportFigures fiveMonths(budget.document().transactions(), budget.document().categories(),
                                      {day(2014, 1, 1), day(2014, 5, 31)});

@@ -50,7 +50,7 @@ const QList<Row> kRows{
     {{"export", "--nonsense", "--help"}, Action::Refuse},
     {{"report", "--help"}, Action::ShowHelp},
     {{"report", "tax", "-h"}, Action::ShowHelp},
-    // Options of the toolkit are left to it; others are refused before it looks for a display.
+    // Options of the toolkit are passed on; unknown options are refused before the toolkit looks for a display.
     {{"-platform", "offscreen"}, Action::OpenWindow},
     {{"--platform", "offscreen", "-reverse", "-style=fusion"}, Action::OpenWindow},
     {{"-style", "--nonsense"}, Action::OpenWindow},

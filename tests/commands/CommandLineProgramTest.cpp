@@ -12,7 +12,7 @@ constexpr const char* kSmallBudget = R"(<?xml version="1.0" encoding="UTF-8"?>
 
 const QString kExportedLine = QStringLiteral("3/7/14\t$45.10\tX\tDr. Lee\tCheckup\tMedical\n");
 
-/// What the commands share: their streams, their status, their help, and what they never write over.
+/// What all commands have in common: streams, exit status, help, and the files that they must not overwrite.
 class CommandLineProgram : public ProgramFixture {
 protected:
     [[nodiscard]] QByteArray bytes(const QString& path) const {
@@ -53,7 +53,7 @@ TEST_F(CommandLineProgram, FailsWhereStandardOutputCannotTakeAll) {
     }
 }
 
-/// A limit that anybody may set stands for the full disk: a write takes a part, and the next one fails.
+/// A file size limit stands for the full disk: a write takes a part, and the next one fails.
 TEST_F(CommandLineProgram, LeavesTheOldOutputWholeWhereTheDiskTakesAPart) {
     QByteArray lines;
     for (int i = 0; i < 2000; ++i)
@@ -136,7 +136,8 @@ TEST_F(CommandLineProgram, SaysInOneLineWhyStandardInputHoldsNoBudget) {
     }
 }
 
-/// Nothing that is meant for a stream may get into a file that has its number.
+/// With a closed stream, a file that is opened next gets the stream's number; no message for the stream may be written
+/// into the file.
 TEST_F(CommandLineProgram, WritesNoRemarkIntoAFileWhereStreamsAreClosed) {
     const Result result = shell("\"$CORVELLA\" export --data own --output it <&- >&- 2>&-");
     EXPECT_EQ(result.status, 0);
@@ -208,7 +209,7 @@ TEST_F(CommandLineProgram, SaysInOneLineThatTheDisplayDoesNotAnswer) {
     }
 }
 
-/// The locale that the toolkit remarks on, and no folder for its runtime files.
+/// A locale that the toolkit warns about, and no folder for runtime files.
 TEST_F(CommandLineProgram, KeepsTheRemarksOfTheToolkitToItself) {
     for (const char* const command :
          {"export --data own", "check --data own", "report tax --data own --output it.pdf", "sets --data own"}) {

@@ -41,7 +41,7 @@ TEST_F(ExportProgram, WritesTheLinesThatTheWindowWouldExport) {
     const QList<Row> rows{
         {{}, kLee + kMarket + kBaker},
         {{"--range", "0"}, kLee + kMarket + kBaker},
-        // Last year begins with the first transaction and is moved, not shortened.
+        // The range of last year is moved to begin at the first transaction, and is not shortened.
         {{"--range", "2"}, kLee + kMarket + kBaker},
         {{"--range", "3"}, kLee + kMarket},
         {{"--range", "4"}, kMarket},

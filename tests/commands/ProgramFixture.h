@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-/// Runs the real program, as a script would: no display, a home of its own, US English.
+/// Runs the real program as a script does: without a display, with its own home, in US English.
 class ProgramFixture : public testing::Test {
 protected:
     struct Result {
@@ -49,12 +49,13 @@ protected:
                 QString::fromUtf8(program.readAllStandardError())};
     }
 
-    /// Runs the program from a shell, which joins its streams: $CORVELLA is the program, the folder the home.
+    /// Runs a shell script and returns the program's joined output streams. $CORVELLA is the program, and the working
+    /// folder is the home.
     [[nodiscard]] Result shell(const QString& script) const {
         return start(QStringLiteral("bash"), {QStringLiteral("-c"), QStringLiteral("cd \"$HOME\" && ") + script});
     }
 
-    /// Everything below the home, files with their sizes.
+    /// The names of all files and folders below the home, files with their sizes.
     [[nodiscard]] QStringList everything() const {
         QStringList names;
         QStringList folders{mHome.path()};
@@ -71,7 +72,7 @@ protected:
         return names;
     }
 
-    /// Of the program, instead of what it has otherwise; what is empty counts as absent.
+    /// Environment variables that replace the program's; an empty value removes the variable.
     QProcessEnvironment mEnvironment;
     QTemporaryDir mHome{QDir::tempPath() + "/a home XXXXXX"};
 };

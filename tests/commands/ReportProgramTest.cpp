@@ -18,14 +18,14 @@ constexpr const char* kEmptyBudget = R"(<?xml version="1.0" encoding="UTF-8"?>
  <MiscInfo id="40" current_transaction_set_id="27" /><TransactionSet id="27">Checking</TransactionSet></CorvellaDocument>
 )";
 
-/// On 8 March 2014.
+/// Today is 8 March 2014.
 class ReportProgram : public ProgramFixture {
 protected:
     [[nodiscard]] Result report(const QString& kind, const QStringList& options = {}) const {
         return run(QStringList{"report", kind, "--data", mFile, "--today", "2014/03/08"} + options);
     }
 
-    /// What is on the pages of a PDF, or what a tool says of it.
+    /// The output of a command-line tool about a PDF file.
     [[nodiscard]] static QString ask(const QString& tool, const QStringList& arguments) {
         QProcess process;
         process.start(tool, arguments);
@@ -127,7 +127,7 @@ TEST_F(ReportProgram, TakesTheDaysTheSetAndThePeriodThatAreAskedFor) {
     EXPECT_TRUE(report("summary", {"--period", "two-weeks"}).output.contains("Category\t2/23 - 3/8\t"));
 }
 
-/// Aligned as in the window, from wherever the first column begins there: 8 March 2014 was a Saturday.
+/// The columns are aligned as in the window, wherever the first one begins: 8 March 2014 was a Saturday.
 TEST_F(ReportProgram, BeginsTheSummaryWithThePeriodThatHoldsTheDay) {
     struct Row {
         QStringList options;
@@ -138,7 +138,7 @@ TEST_F(ReportProgram, BeginsTheSummaryWithThePeriodThatHoldsTheDay) {
         {{"--from", "2014", "--period", "month"}, "Category\tJanuary 2014\tFebruary 2014\t"},
         {{"--from", "2014-01-15", "--period", "week"}, "Category\t1/12 - 1/18\t1/19 - 1/25\t"},
         {{"--from", "today", "--period", "week"}, "Category\t3/2 - 3/8\t"},
-        // In step with the two weeks that begin on 23 February.
+        // Two-week periods are aligned to the one that begins on 23 February.
         {{"--from", "2014-02-22", "--period", "two-weeks"}, "Category\t2/9 - 2/22\t2/23 - 3/8\t"},
         {{"--from", "2014-03-23", "--period", "two-weeks"}, "Category\t3/23 - 4/5\t"},
         {{"--from", "2014-01-01"}, "Category\tSunday\tMonday\t"},

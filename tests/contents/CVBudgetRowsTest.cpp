@@ -21,7 +21,7 @@ std::vector<QString> names(const CVDocument::Categories& categories) {
 
 struct RowsOfABudget : testing::Test {
     RowsOfABudget() {
-        // Not in order of name or ID.
+        // The order is neither that of the names nor that of the IDs.
         budget.currentSet(7)
             .category(QStringLiteral("Food"), 3)
             .category(QStringLiteral("Car"), 9)

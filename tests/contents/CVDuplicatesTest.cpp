@@ -19,7 +19,7 @@ Entry with(void (*change)(Entry&)) {
 struct DuplicatesRow {
     const char* behaviour;
     std::vector<Entry> entries;
-    /// Positions, from the last pair to the first.
+    /// The positions found, from the last pair to the first.
     std::vector<std::size_t> found;
 };
 

@@ -11,7 +11,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// On Wednesday 5 March 2014.
+/// Today is Wednesday 5 March 2014.
 struct GridContents : testing::Test {
     GridContents() { budget.category(QStringLiteral("Food"), kFood).category(QStringLiteral("Car"), kCar); }
 

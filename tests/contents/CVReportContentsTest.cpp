@@ -8,7 +8,7 @@
 
 namespace {
 
-/// On 10 June 2014, with spending from 1 February on.
+/// Today is 10 June 2014; the transactions begin on 1 February.
 struct ReportContents : testing::Test {
     ReportContents() {
         budget.category(QStringLiteral("Food"), 1).category(QStringLiteral("Car"), 2);

@@ -201,7 +201,7 @@ double plainTotal(const CVDocument::Transactions& transactions) {
     return RoundDoubleToTwoPlaces(sum);
 }
 
-/// The stages by their definition, from nothing, for the range of all.
+/// The stages computed anew in plain code, for the range of all.
 CVDocument::Transactions plainStages(const CVDocument& document, const CVTransactionList& list) {
     CVDocument::Transactions rows;
     for (const auto& transaction : document.transactions()) {

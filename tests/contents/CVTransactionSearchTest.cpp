@@ -10,7 +10,7 @@ namespace {
 
 enum Kind { kAll, kPaidTo, kFor, kCategory, kTax, kUserFlag, kGreater, kEqual, kLess, kBeyond };
 
-/// Payees, in the order found.
+/// The payees of the transactions found, in order.
 QStringList found(const CVDocument& document, int kind, const QString& text) {
     QStringList payees;
     for (const auto& transaction : searchTransactionsWithString(document.transactions(), kind, text))
@@ -43,7 +43,7 @@ TEST_P(CVTransactionSearchTest, Finds) {
     EXPECT_EQ(found(mBudget.document(), GetParam().kind, GetParam().text), GetParam().found) << GetParam().behaviour;
 }
 
-// The transaction whose category is gone has no category name at all, and so is found by every name.
+// A transaction whose category was deleted has no category name, so a search for any name finds it.
 INSTANTIATE_TEST_SUITE_P(
     Rows, CVTransactionSearchTest,
     testing::Values(
@@ -91,7 +91,7 @@ TEST(CVTransactionSearch, TheKindsHaveTheirTitles) {
     EXPECT_TRUE(CVSearchKindTitle(-1).isEmpty());
 }
 
-/// Short texts of few letters, so that many match, in and out of shared memory.
+/// A short text of few different letters, so that many match, in shared or own memory.
 QString anyText() {
     static const QStringList kShared{"a", "Ab", "abc", "ÄB", "ßa", "İb", "", "xyz"};
     const auto pick = *rc::gen::inRange<qsizetype>(0, kShared.size() + 3);

@@ -12,7 +12,7 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
-# The bindings mark the plain names of all interfaces as deprecated; Debian 12 has no others.
+# The bindings of Debian 12 offer only these names, but mark them as deprecated.
 warnings.simplefilter("ignore", DeprecationWarning)
 
 PATIENCE = 15.0

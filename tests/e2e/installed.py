@@ -31,7 +31,7 @@ def check_desktop_entry(prefix):
     entry.optionxform = str
     entry.read(os.path.join(prefix, "share/applications/corvella.desktop"), encoding="utf-8")
     values = entry["Desktop Entry"]
-    # Without a field code: the program takes no files.
+    # The command has no field code, because the program opens no files.
     assert values["Exec"] == os.path.basename(PROGRAM), values["Exec"]
     assert values["Icon"] == "corvella", values["Icon"]
 

@@ -13,7 +13,7 @@ import session
 def drive(home, executable):
     from desktop import PATIENCE, Atspi, Program, fill, press_keys, text_of, wait_for
 
-    # The program looks for the bus when it starts.
+    # The accessibility bus must run before the program starts, which looks for it only then.
     Atspi.get_desktop(0).get_child_count()
     process = subprocess.Popen([executable])
     try:

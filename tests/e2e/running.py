@@ -14,7 +14,7 @@ import session
 def drive(home, executable):
     from desktop import PATIENCE, Atspi
 
-    # The program looks for the bus when it starts.
+    # The accessibility bus must run before the program starts, which looks for it only then.
     Atspi.get_desktop(0).get_child_count()
     for part in (second_start, silent_program, file_argument, help_book, end_while_saving, end_in_editor):
         process = subprocess.Popen([executable])
@@ -115,7 +115,7 @@ def help_book(home, executable, process):
     main_window()
     press_keys("ctrl+shift+c")
     editor = Program("Corvella", "Category Editor")
-    # The editor runs modally: an action that opens a window must not wait for its end.
+    # The editor runs modally, so an accessibility action would wait for its end; a key does not.
     press_keys("alt+h")
     shown = Program("Corvella", "Corvella Help")
     page = shown.find("label", "Help Page")

@@ -21,7 +21,7 @@ WINDOWS = (
     (("alt+f", "u"), "Page Setup"),
     (("alt+h", "a"), "About Corvella"),
 )
-# These need something to write.
+# These windows open only when there is something to write.
 OUTPUT_WINDOWS = (
     (("ctrl+e",), "Export Transactions"),
     (("ctrl+p",), "Print"),
@@ -33,7 +33,7 @@ TABS = ("ctrl+1", "ctrl+2", "ctrl+3")
 def drive(home, executable):
     from desktop import Atspi
 
-    # The program looks for the bus when it starts.
+    # The accessibility bus must run before the program starts, which looks for it only then.
     Atspi.get_desktop(0).get_child_count()
     walk_through_windows(home, executable, with_sample=False)
     walk_through_windows(home, executable, with_sample=True)

@@ -25,7 +25,7 @@ class EditorFixture : public testing::Test {
 protected:
     explicit EditorFixture(const char* table) : mTableName(table) { mBudget.document().setSaver(&mSaver); }
 
-    /// Whoever asks hands its window over.
+    /// Every alert must have been given the window of its asker.
     void TearDown() override {
         EXPECT_EQ(mAlerts.owners(), QStringList(mAlerts.shown().size(), mWindow ? mWindow->windowTitle() : QString()));
     }

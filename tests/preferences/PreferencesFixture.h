@@ -56,7 +56,7 @@ protected:
         defaults().synchronize();
     }
 
-    /// Whoever asks hands its window over.
+    /// Every alert must have been given the window of its asker.
     void TearDown() override {
         EXPECT_EQ(mAlerts.owners(), QStringList(mAlerts.shown().size(), "Corvella Preferences"));
     }

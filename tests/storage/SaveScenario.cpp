@@ -146,7 +146,7 @@ QString SaveScenario::brokenKeeping() const {
 }
 
 QString SaveScenario::brokenLeftovers() const {
-    // What cannot be removed stays.
+    // A temporary file that cannot be removed stays.
     if (mRecord.failed("unlink"))
         return {};
     for (const QString& name : namesIn(mFolder)) {

@@ -26,7 +26,7 @@ protected:
 
     MainWindowFixture() { mBudget.document().setSaver(&mSaver); }
 
-    /// Whoever asks hands its window over.
+    /// Every alert must have been given the window of its asker.
     void TearDown() override {
         EXPECT_EQ(mAlerts.owners(), QStringList(mAlerts.shown().size(), "Corvella Main Window"));
     }
