@@ -42,7 +42,7 @@ protected:
         ASSERT_FALSE(mDelegate->saves().waitForFinished().saved);
     }
 
-    /// Leaves a payee half typed in the first row of the list.
+    /// Opens the editor of a cell of the first row, the payee's by default, types a text and leaves the editor open.
     void typeIntoCell(const QString& text, int column = 2) const {
         auto* const table = find<CVTransactionTableView>("mTransactionTable");
         table->setFocus();

@@ -24,7 +24,7 @@ const FormRow kForms[]{
     {day(9999, 12, 31), "9999/12/31"},
     {day(10000, 1, 1), "10000/01/01"},
     {day(123456, 7, 8), "123456/07/08"},
-    // A width of four includes the sign.
+    // The width of four characters includes the sign.
     {day(-1, 12, 31), "-001/12/31"},
     {day(-99, 1, 2), "-099/01/02"},
     {day(-999, 1, 2), "-999/01/02"},

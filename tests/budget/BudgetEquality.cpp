@@ -43,7 +43,7 @@ void expectColumnsAsPlain(const CVCategory& category, const CVReportFigures& fig
     EXPECT_EQ(targetIsBelowMonthlyAverage(category), category.expenseTarget() - comparison < 0);
 }
 
-/// The same from walks for this category alone.
+/// Expects the same results from walks for this category alone.
 void expectQueriesAsPlain(CVCategory& category, const CVDocument::Transactions& transactions, const CVDayRange& range) {
     const PlainScan::Figures plain = PlainScan::averages(category, transactions, range);
     EXPECT_EQ(computeAveragesForArray(category, transactions, range.start, range.end), plain.numberOfTransactions);

@@ -15,7 +15,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// Weeks from Sunday 2 March 2014 on.
+/// A grid of weeks from Sunday 2 March 2014 on.
 struct GridOfWeeks : testing::Test {
     GridOfWeeks() {
         for (int n = 1; n <= periods.numberOfColumnsForDisplayPeriod(); ++n)

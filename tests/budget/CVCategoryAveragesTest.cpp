@@ -191,7 +191,7 @@ TEST_F(AveragesOfACategory, GiveTheDefaultAmountsUnrounded) {
     EXPECT_EQ(category.numberOfTransactions(), 7U);
 }
 
-/// Writes every text in capitals.
+/// A translator that writes every text in capitals.
 class LoudTranslator final : public QTranslator {
 public:
     [[nodiscard]] QString translate(const char* context, const char* sourceText, const char* /*disambiguation*/,

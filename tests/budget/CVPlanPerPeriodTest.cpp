@@ -22,7 +22,7 @@ TEST(CVPlanPerPeriod, ConvertsTheEstimateToEveryTypeOfPeriod) {
     struct Row {
         qint64 frequency;
         double target;
-        /// Per day, week, two weeks and month.
+        /// The plans per day, week, two weeks and month.
         std::array<double, CVDisplayPeriods::kTypes> plans;
     };
     constexpr std::array kRows{Row{CVExpenseFrequency::kWeekly, 70, {10, 70, 140, 303.33}},

@@ -17,7 +17,7 @@ QBDate daysLater(const QBDate& date, qint64 days) {
     return date.dateByAddingYears(0, 0, days);
 }
 
-/// A document whose first and last transactions are of these days.
+/// Presets on a document whose first and last transactions have given days.
 struct PresetsOfABudget : testing::Test {
     void transactions(const std::optional<QBDate>& earliest, const std::optional<QBDate>& latest) {
         budget.document().setEarliestTransactionDate(earliest);

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// The first quarter of 2014.
+/// A report over the first quarter of 2014.
 struct ReportOfABudget : testing::Test {
     ReportOfABudget() {
         budget.category(QStringLiteral("Food"), kFood, CVExpenseFrequency::kMonthly, 25.255)

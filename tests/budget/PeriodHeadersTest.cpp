@@ -106,7 +106,7 @@ TEST_F(HeadersInEnglish, MarkTheMonthOfToday) {
     EXPECT_THAT(today({CVDisplayPeriods::Month, day(2014, 3, 15), {0, 3}}), ElementsAre(4));
     EXPECT_THAT(today({CVDisplayPeriods::Month, day(2014, 3, 15), {0, 4}}), ElementsAre());
     EXPECT_THAT(today({CVDisplayPeriods::Month, day(2014, 3, 15), {0, -1}}), ElementsAre());
-    // A year earlier and later.
+    // One year earlier, and one year later.
     EXPECT_THAT(today({CVDisplayPeriods::Month, day(2014, 3, 15), {0, 12}}), ElementsAre());
     EXPECT_THAT(today({CVDisplayPeriods::Month, day(2014, 3, 15), {0, -12}}), ElementsAre());
 }

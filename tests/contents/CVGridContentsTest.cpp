@@ -65,7 +65,7 @@ TEST_F(GridContents, CountTheLastDayOfAWeekInThatWeekAlone) {
     EXPECT_THAT(contents.transactionsOfCell(0, 1), IsEmpty());
 }
 
-/// The days of a cell by period type, written out.
+/// Rows: the days of a cell for each period type.
 TEST_F(GridContents, FindTheTransactionsOfACellByItsPlaceInTheTable) {
     struct Row {
         int periodType;

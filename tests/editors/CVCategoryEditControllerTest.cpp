@@ -14,7 +14,7 @@ const QString kCheckMark(QChar(0x2714));
 
 class CVCategoryEditControllerTest : public EditorFixture {
 protected:
-    /// "Fuel" is used in the current set, "Food" in the other one only, "Rent" and "Zoo" nowhere.
+    /// "Fuel" is used in the current set, "Food" only in the other set, "Rent" and "Zoo" in none.
     CVCategoryEditControllerTest() : EditorFixture("mCategoryEditTable") {
         mBudget.set("Checking", 10).set("Savings", 11).currentSet(10);
         mBudget.category("Food", 1).category("Fuel", 2).category("Rent", 3).category("Zoo", 4).lastID(11);
@@ -272,7 +272,7 @@ TEST_F(CVCategoryEditControllerTest, DeletingFirstTakesWhatIsBeingTyped) {
     auto& controller = open();
     clickCell(2, Column::Category);
     startRenaming("Rental");
-    // Not by a click, which takes the focus from the cell before anything else.
+    // The function is called directly, because a click would first take the focus from the cell.
     controller.removeCategory();
     ASSERT_EQ(mAlerts.shown().size(), 1);
     EXPECT_EQ(mAlerts.shown()[0].title, "Are you sure you want to delete the 'Rental' category?");

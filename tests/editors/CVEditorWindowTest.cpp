@@ -19,7 +19,7 @@ private:
     QStringList mPages;
 };
 
-/// What all three windows have in common, tried on the category editor.
+/// The behaviour common to all three editors, tested with the category editor.
 class CVEditorWindowTest : public EditorFixture {
 protected:
     CVEditorWindowTest() : EditorFixture("mCategoryEditTable") { mBudget.category("Food", 1).category("Fuel", 2); }

@@ -35,7 +35,7 @@ protected:
     [[nodiscard]] bool canDelete() const { return find<QPushButton>("mRemoveTransactionSetButton")->isEnabled(); }
 
     QObject mObserver;
-    /// Of every announcement.
+    /// The sets of all notifications.
     std::vector<std::shared_ptr<CVTransactionSet>> mAnnounced;
 };
 

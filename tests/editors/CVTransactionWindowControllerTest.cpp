@@ -86,7 +86,7 @@ TEST_F(CVTransactionWindowControllerTest, ThePlannedAmountSaysForWhichFrequencyI
 }
 
 TEST_F(CVTransactionWindowControllerTest, TheSumIsRoundedAfterEveryAddition) {
-    // The exact sum is 0.012, which is a cent; rounded every time, three times four tenths of a cent are nothing.
+    // The exact sum 0.012 is rounded to one cent; three amounts of 0.004 that are rounded first give nothing.
     for (int i = 0; i < 3; ++i)
         transaction(0.004);
     ASSERT_EQ(RoundDoubleToTwoPlaces(0.004 * 3), 0.01);

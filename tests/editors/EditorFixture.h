@@ -19,8 +19,8 @@
 
 #include <memory>
 
-/// An editor on a budget of the test's own, on 7 March 2014. Keys go to the widget that has the focus; the model is
-/// watched.
+/// An editor on a budget of the test's own; today is 7 March 2014. Keys go to the widget with the focus, and the model
+/// is checked for consistency.
 class EditorFixture : public testing::Test {
 protected:
     explicit EditorFixture(const char* table) : mTableName(table) { mBudget.document().setSaver(&mSaver); }
@@ -30,7 +30,6 @@ protected:
         EXPECT_EQ(mAlerts.owners(), QStringList(mAlerts.shown().size(), mWindow ? mWindow->windowTitle() : QString()));
     }
 
-    /// Shows an editor made with these arguments.
     template <typename Controller, typename... Arguments>
     Controller& open(Arguments&&... arguments) {
         auto window = std::make_unique<Controller>(document(), std::forward<Arguments>(arguments)...);
@@ -57,7 +56,7 @@ protected:
         return widget;
     }
 
-    /// Null when there is none.
+    /// The button with that accessible name; null when there is none.
     [[nodiscard]] QPushButton* button(const QString& accessibleName) const {
         for (auto* const button : window().findChildren<QPushButton*>()) {
             if (button->accessibleName() == accessibleName)
@@ -87,14 +86,15 @@ protected:
         QTest::keyClicks(QApplication::focusWidget(), text);
     }
 
-    /// An editor commits once it has processed the key itself; what follows from that waits for the end of that event.
+    /// Presses a key and processes posted events: a cell editor commits after the key event.
     static void commit(Qt::Key key = Qt::Key_Return) {
         press(key);
         QCoreApplication::processEvents();
         QCoreApplication::processEvents();
     }
 
-    /// Opens the editor of the current row and replaces what it holds. Pasted, a text may hold what no key types.
+    /// Opens the editor of the current row and pastes a text over its content; a pasted text may contain characters
+    /// that no key types.
     static void startRenaming(const QString& text) {
         press(Qt::Key_F2);
         press(Qt::Key_Delete);
@@ -116,7 +116,7 @@ protected:
         return texts;
     }
 
-    /// Whether the user sees the row.
+    /// Whether the row is visible without scrolling.
     [[nodiscard]] bool isVisible(int row) const {
         return table().viewport()->rect().contains(table().visualRect(cell(row, 0)).center());
     }

@@ -14,10 +14,11 @@
 namespace {
 
 constexpr std::array kLocaleNames{"en_US", "de_DE", "de_CH", "hi_IN", "ar_EG", "fa_IR"};
-/// Enough for the largest amount with its group marks.
+/// Room for the largest amount with its group separators.
 constexpr qsizetype kRoom = 600;
 
-/// The amount as the toolkit writes its digits, with a mark before every three digits of the whole ones.
+/// The amount with the digits as the toolkit writes them and a group separator before every three digits of the whole
+/// part.
 QString plainMoneyText(double amount, QLocale locale) {
     locale.setNumberOptions(QLocale::OmitGroupSeparator);
     QString digits = locale.toString(std::abs(amount), 'f', 2);
@@ -27,13 +28,13 @@ QString plainMoneyText(double amount, QLocale locale) {
     return (amount < 0 && !isZero ? locale.negativeSign() : QString()) + locale.currencySymbol() + digits;
 }
 
-/// Cents, middles between two cents, and amounts of every size.
+/// A random amount: whole cents, the middle between two cents, or of any size.
 double drawnMoney(std::mt19937_64& random) {
     const auto whole = static_cast<double>(random() >> (24 + random() % 40));
     double amount = 0;
     switch (random() % 8) {
     case 0:
-        // An odd number of eighths lies in the middle.
+        // An odd number of eighths lies exactly between two cents.
         amount = (2 * whole + 1) / 8;
         break;
     case 1:
@@ -49,7 +50,7 @@ double drawnMoney(std::mt19937_64& random) {
         amount = std::ldexp(whole, -static_cast<int>(random() % 1000));
         break;
     case 5:
-        // Near the middle, but not there: such decimals are no doubles.
+        // Near the middle only: no double equals such a decimal.
         amount = (whole * 10 + 5) / 1000;
         break;
     default:
@@ -130,18 +131,18 @@ TEST(QBMoneyFormatterDigits, RoundTheMiddleAlsoWhereNeighbouringAmountsLieFurthe
         EXPECT_EQ(formatter.string(row.amount), row.text) << std::hexfloat << row.amount;
 }
 
-/// Writes into `text`, which has room, and expects `expected` behind what is there.
+/// Appends to `text`, which has room, and expects `expected` after the old content.
 template <typename Append>
 void expectAppendedInPlace(QString& text, const QString& expected, Append append) {
     const QChar* const room = text.constData();
-    // A copy that does not share: appending to a shared text would move it.
+    // A deep copy, because appending to a shared text would move it.
     const QString whole = QString(text.constData(), text.size()) + expected;
     append(text);
     EXPECT_EQ(text, whole);
     EXPECT_EQ(text.constData(), room) << "the text lies elsewhere";
 }
 
-/// Writes a value into an empty text, behind itself, and into the emptied text, as a table does for each cell.
+/// Appends a value to an empty text, to itself, and to the emptied text, as a table does for each cell.
 template <typename Formatter, typename Value>
 void expectAppendedInPlace(const Formatter& formatter, const Value& value, qsizetype room) {
     QString text;

@@ -11,11 +11,11 @@
 
 namespace {
 
-/// An expression as its text and, evaluated step by step while it was made, its value: absent once a step has none.
+/// The text of an expression and its value, computed while the text was made; absent once a step has no value.
 struct Expression {
     QString text;
     std::optional<double> value;
-    /// 0 for a sum or difference, 1 for a product or quotient, 2 for what needs no brackets anywhere.
+    /// 0 for a sum or difference, 1 for a product or quotient, 2 for an operand that never needs brackets.
     int strength = 2;
 };
 
@@ -34,13 +34,13 @@ std::optional<double> applied(QChar sign, double a, double b) {
 
 Expression combined(const Expression& a, QChar sign, const Expression& b) {
     const int strength = sign == '*' || sign == '/' ? 1 : 0;
-    // Left to right: an operand of the same strength needs brackets on the right only.
+    // Operators associate to the left: a right operand of the same strength needs brackets.
     const QString text = bracketed(a, a.strength < strength) + sign + bracketed(b, b.strength <= strength);
     return {text, a.value && b.value ? applied(sign, *a.value, *b.value) : std::nullopt, strength};
 }
 
 rc::Gen<Expression> amounts() {
-    // Many zeros, for divisions by them.
+    // Many zeros are drawn, so that divisions by zero occur.
     const auto numbers = rc::gen::weightedOneOf<int>({{1, rc::gen::just(0)}, {4, rc::gen::inRange(0, 1'000'000)}});
     return rc::gen::map(numbers, [](int cents) {
         const double amount = cents / 100.0;

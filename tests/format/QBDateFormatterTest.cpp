@@ -103,7 +103,7 @@ TEST_F(QBDateFormatterTest, WritesAndReadsAMonthInLettersAsItsNumber) {
     EXPECT_EQ(QBDateFormatter(QStringLiteral("d MMM yyyy"), kAmerican).parse(u"21 11 2026"), day(2026, 11, 21));
 }
 
-/// The locales as they are in force, one for each form of a date.
+/// One locale for each date format.
 QList<QLocale> localesOfDifferentDates() {
     QList<QLocale> locales;
     QSet<QString> forms;
@@ -135,7 +135,7 @@ TEST_F(QBDateFormatterTest, ReadsWhatItWritesInEveryLocale) {
     }
 }
 
-/// Whoever has another locale than the one whose place it takes would see it in another one's form.
+/// The C locale's format is replaced by another locale's, so no other locale may have the C locale's format.
 TEST_F(QBDateFormatterTest, TheFormOfTheCLocaleIsThatOfNoOther) {
     for (const QLocale& locale :
          QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory)) {

@@ -15,7 +15,7 @@
 
 namespace {
 
-/// A target of the fuzzer: the folder of its inputs, and what must hold for each.
+/// A fuzz target: the folder of its inputs and the check for each input.
 struct Target {
     const char* folder;
     QString (*broken)(const QByteArray&);
@@ -28,7 +28,7 @@ constexpr Target kTargets[]{{"parser", brokenParserProperty, 16},
                             {"dates", brokenDateProperty, 12},
                             {"numbers", brokenNumberProperty, 18}};
 
-/// An input of the fuzzer, or one that it found, in the ordinary test run.
+/// Runs an input or a find of the fuzzer as an ordinary test.
 struct Input {
     QString path;
     Target target;

@@ -8,12 +8,12 @@
 
 #include <gtest/gtest.h>
 
-/// The book as the build has made it.
+/// The help book that the build has made.
 class BookFixture : public testing::Test {
 protected:
     static QString file() { return CVHelpBook::fileForProgramIn(CORVELLA_PROGRAM_FOLDER).value_or(QString()); }
 
-    /// Of the sources.
+    /// The names of the pages in the source folder.
     static QStringList pageNames() {
         return QDir(CORVELLA_SOURCE_DIR "/resources/help").entryList({"*.html"}, QDir::Files, QDir::Name);
     }

@@ -61,7 +61,6 @@ protected:
         QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
     }
 
-    /// Types a text into the search.
     static void search(const QString& text) {
         press(Qt::Key_F, Qt::ControlModifier);
         EXPECT_TRUE(find<QLineEdit>("Search Help")->hasFocus());
@@ -78,7 +77,7 @@ protected:
     }
 
     ScratchHome mHome;
-    /// From which the help is asked for.
+    /// The window from which the user asks for help.
     QWidget mAsker;
     ScriptedAlerts mAlerts;
     ScriptedURLs mURLs;
@@ -199,7 +198,7 @@ TEST_F(CVHelpWindowTest, TheWordOfAnEarlierSearchChangesNothing) {
 TEST_F(CVHelpWindowTest, ReturnInTheSearchGoesToTheBestPageAndTheWordInIt) {
     show("index.html");
     search("refund");
-    // With the first letters alone there are others.
+    // The first letters alone find other pages.
     ASSERT_TRUE(QTest::qWaitFor([] { return found() == QStringList{"Entry.html"}; }))
         << found().join(' ').toStdString();
     press(Qt::Key_Return);

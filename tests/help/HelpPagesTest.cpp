@@ -15,7 +15,7 @@ namespace {
 
 class HelpPages : public BookFixture {
 protected:
-    /// The pages that the contents name, below `item`, in their order.
+    /// The pages of the contents below `item`, in their order.
     static QStringList pagesOf(const QHelpContentItem& item) {
         QStringList pages;
         for (int i = 0; i < item.childCount(); ++i) {
@@ -36,7 +36,7 @@ protected:
         return *model.contentItemAt(model.index(0, 0))->parent();
     }
 
-    /// Addresses with their fragments, of the contents and all below.
+    /// The addresses with fragments of `item` and all items below it.
     static QList<QUrl> addressesOf(const QHelpContentItem& item) {
         QList<QUrl> addresses;
         for (int i = 0; i < item.childCount(); ++i)
@@ -50,7 +50,7 @@ protected:
         return model.stringList();
     }
 
-    /// Whether a page has the place that a fragment names; without a fragment, whether it exists.
+    /// Whether a page contains the anchor of the address's fragment; without a fragment, whether the page exists.
     [[nodiscard]] bool exists(const QUrl& address) const {
         const QString page = address.fileName();
         const QString place = address.fragment();
@@ -67,7 +67,7 @@ TEST_F(HelpPages, AreAllInTheBook) {
 TEST_F(HelpPages, AreWellFormedWithATitleThatIsTheirHeading) {
     for (const QString& page : pageNames()) {
         SCOPED_TRACE(page.toStdString());
-        // The one element that HTML leaves open, and its void ones, closed for the XML reader.
+        // The XML reader needs the document type removed and the void elements of HTML closed.
         QString closed = text(page).remove("<!DOCTYPE html>");
         closed.replace(QRegularExpression("<(meta|link|img|br)\\b([^>]*)>"), "<\\1\\2/>");
         QXmlStreamReader reader(closed);

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// A store with nothing in it that nothing is written to.
+/// An empty settings store that is never written to disk.
 std::unique_ptr<QSettings> emptyStore() {
     return std::make_unique<QSettings>(QStringLiteral(":/no settings.ini"), QSettings::IniFormat);
 }
@@ -90,7 +90,7 @@ std::shared_ptr<CVTransaction> makeTransaction(const BudgetBuilder::Entry& entry
     auto transaction = CVTransaction::initForFileRead();
     transaction->setEffectiveDate(entry.date);
     transaction->setAmount(entry.amount);
-    // While the paid-to text is null the other one is always stored.
+    // While the paid-to text is null, setFor() always stores its text.
     transaction->setFor(entry.xfor);
     transaction->setPayTo(entry.payTo);
     transaction->setCategoryID(entry.categoryID);

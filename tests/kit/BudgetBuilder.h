@@ -14,9 +14,9 @@
 #include <memory>
 #include <optional>
 
-/// Builds a document in the words of a test, with a notification centre and (forgetful) user defaults of its own.
-/// Records are appended as they are given, as the reader of a file does: without order, IDs issued or announcements.
-/// The document lives as long as the builder.
+/// Builds a document for a test, with its own notification centre and user defaults that are never saved. Records are
+/// appended in the given order, as the reader of a file does, without sorting, new IDs or notifications. The document
+/// lives as long as the builder.
 class BudgetBuilder final {
 public:
     struct Entry {
@@ -25,10 +25,10 @@ public:
         /// Null texts stay null.
         QString payTo = QLatin1String("");
         QString xfor = QLatin1String("");
-        /// The name of a category given before; without one `categoryID` counts.
+        /// The name of a category that was added before; when empty, `categoryID` is used.
         QString category = {};
         quint32 categoryID = 0;
-        /// The name of a set given before; without one `setID` counts.
+        /// The name of a set that was added before; when empty, `setID` is used.
         QString set = {};
         quint32 setID = 0;
         bool taxFlag = false;
@@ -44,15 +44,15 @@ public:
     BudgetBuilder& category(const QString& name, quint32 id, qint64 frequency = CVExpenseFrequency::kWeekly,
                             double target = 0);
     BudgetBuilder& transaction(const Entry& entry);
-    /// The last ID issued.
+    /// Sets the last issued ID.
     BudgetBuilder& lastID(quint32 id);
-    /// Brings the records into the document's order and computes the bounds, as happens after a file is read.
+    /// Sorts the records into the document's order and computes the bounds, as after reading a file.
     BudgetBuilder& inOrder();
 
     [[nodiscard]] CVDocument& document() { return mDocument; }
     [[nodiscard]] QBNotificationCenter& notificationCenter() { return mNotificationCenter; }
     [[nodiscard]] QBUserDefaults& userDefaults() { return mUserDefaults; }
-    /// By position in the document.
+    /// The transaction at a position in the document.
     [[nodiscard]] const std::shared_ptr<CVTransaction>& transactionAt(std::size_t index) const;
     /// The first category or set of that name; stops the test program when there is none.
     [[nodiscard]] const std::shared_ptr<CVCategory>& categoryNamed(const QString& name) const;
@@ -64,5 +64,5 @@ private:
     CVDocument mDocument;
 };
 
-/// A transaction that belongs to no document yet. A name of a category or set counts for nothing here.
+/// A transaction that belongs to no document yet. The names of category and set are ignored.
 [[nodiscard]] std::shared_ptr<CVTransaction> makeTransaction(const BudgetBuilder::Entry& entry);

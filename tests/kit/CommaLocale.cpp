@@ -20,7 +20,8 @@ bool setCommaLocale() {
 CommaLocale::CommaLocale() : mPrevious(std::setlocale(LC_NUMERIC, nullptr)), mInForce(setCommaLocale()) {
     if (mInForce)
         return;
-    // Warnings of localedef about its own definitions make its exit status useless; setlocale tells.
+    // localedef warns about its own definitions, so its exit status is useless; setlocale() shows whether the locale
+    // works.
     QProcess::execute(QStringLiteral("localedef"),
                       {QStringLiteral("--quiet"), QStringLiteral("-i"), QStringLiteral("de_DE"), QStringLiteral("-f"),
                        QStringLiteral("UTF-8"), mFolder.filePath(QStringLiteral("de_DE.UTF-8"))});

@@ -3,8 +3,8 @@
 #include <QByteArray>
 #include <QTemporaryDir>
 
-/// Makes the C library write numbers with a decimal comma as long as this object lives. A machine without such a locale
-/// gets a German one built in a scratch folder; where that fails too, `isInForce` is false and the test is to be
+/// Makes the C library write numbers with a decimal comma as long as this object lives. On a machine without such a
+/// locale, a German one is built in a scratch folder; if that fails too, `isInForce` is false and the test must be
 /// skipped.
 class CommaLocale final {
 public:

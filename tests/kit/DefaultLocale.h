@@ -2,7 +2,7 @@
 
 #include <QLocale>
 
-/// Makes a locale the default one as long as this object lives; the locale before it returns afterwards.
+/// Makes a locale the default one as long as this object lives, then restores the former locale.
 class DefaultLocale final {
 public:
     explicit DefaultLocale(const QLocale& locale) { QLocale::setDefault(locale); }

@@ -2,7 +2,7 @@
 
 #include "base/QBDate.h"
 
-/// Makes `QBDate::date()` answer a given day as long as this object lives; the clock rules again afterwards. At most
+/// Makes `QBDate::date()` return a given day as long as this object lives; the real clock returns afterwards. At most
 /// one lives at a time.
 class FixedToday final {
 public:
@@ -11,6 +11,5 @@ public:
     FixedToday(const FixedToday&) = delete;
     FixedToday& operator=(const FixedToday&) = delete;
 
-    /// Moves to another day.
     void set(const QBDate& today) { QBDate::setToday(today); }
 };

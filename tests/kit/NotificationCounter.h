@@ -7,7 +7,7 @@
 
 class QBNotificationCenter;
 
-/// Notes every notification that a centre posts while this object lives.
+/// Records every notification that a centre posts while this object lives.
 class NotificationCounter final {
 public:
     explicit NotificationCounter(QBNotificationCenter& center);
@@ -16,7 +16,7 @@ public:
     [[nodiscard]] int total() const { return static_cast<int>(mNames.size()); }
     /// The names in the order of posting.
     [[nodiscard]] const std::vector<QString>& names() const { return mNames; }
-    /// Starts counting anew.
+    /// Forgets the notifications so far.
     void reset() { mNames.clear(); }
 
 private:

@@ -7,7 +7,8 @@ class QByteArray;
 class QByteArrayView;
 class QString;
 
-/// How failed assertions show values: texts in quotes and a null one as "(null)", dates in the form of the data file.
+/// How failed assertions print values: texts in quotation marks, a null text as "(null)", dates in the form of the data
+/// file.
 void PrintTo(const QString& text, std::ostream* out);
 void PrintTo(const QByteArray& bytes, std::ostream* out);
 void PrintTo(const QByteArrayView& bytes, std::ostream* out);

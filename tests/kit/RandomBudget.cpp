@@ -5,7 +5,7 @@
 
 namespace {
 
-/// Names that differ only in case, that need escaping, that lie beyond the first plane, that are empty.
+/// Names that differ only in case, need escaping, contain characters beyond the Basic Multilingual Plane, or are empty.
 constexpr std::array<const char16_t*, 12> kWords{
     u"food",       u"Food",  u"FOOD", u"Auto", u"Ärger", u"ärger", u"Lee & Sons", u"<b>\"x\"</b>", u"\U0001F355 pizza",
     u"two\nlines", u"Zoë's", u""};
@@ -28,7 +28,7 @@ RandomBudget::RandomBudget(quint32 seed, quint32 mostTransactions) : mEngine(see
 std::optional<QBDate> RandomBudget::date() {
     if (oneIn(20))
         return std::nullopt;
-    // Few days, so that many transactions share one, now and then one from another age.
+    // Few different days, so that many transactions share one; sometimes a day far away.
     const QBDate near = day(2014, 2, 25);
     return oneIn(20) ? near.dateByAddingYears(static_cast<qint64>(below(12000)) - 3000, 0, 0)
                      : near.dateByAddingYears(0, 0, below(8));
@@ -64,7 +64,7 @@ std::shared_ptr<CVTransaction> RandomBudget::transaction() {
     return makeTransaction(entry);
 }
 
-// One draw per statement: the order in which arguments are evaluated differs between compilers.
+// Each statement draws once, because the order in which arguments are evaluated differs between compilers.
 
 void RandomBudget::addSet() {
     const QString name = text();

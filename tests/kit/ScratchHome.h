@@ -9,7 +9,7 @@
 class QBUserDefaults;
 class QSettings;
 
-/// A home folder of its own, whose path has a space; it goes with this object. Nothing in it exists at first.
+/// A new, empty home folder whose path contains a space. The folder is deleted with this object.
 class ScratchHome final {
 public:
     ScratchHome();
@@ -22,9 +22,8 @@ public:
     [[nodiscard]] QString path(const QString& name) const { return mFolder.filePath(name); }
     [[nodiscard]] CVStandardFolders folders() const;
 
-    /// The settings in this home.
     [[nodiscard]] QBUserDefaults& userDefaults() { return *mUserDefaults; }
-    /// Another look at the same settings file, as the next start of the program would have it (after `synchronize`).
+    /// Opens the same settings file again, as the next start of the program does (after `synchronize`).
     [[nodiscard]] std::unique_ptr<QSettings> settingsStore() const;
 
 private:

@@ -2,7 +2,7 @@
 
 #include <QSize>
 
-/// What a window can be on the screens that people have: the screen less the frame of the window manager.
+/// The largest size of a window on common screens: the screen without the window manager's frame.
 struct ScreenRow {
     const char* name;
     QSize inside;

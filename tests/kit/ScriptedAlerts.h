@@ -5,7 +5,7 @@
 #include <QStringList>
 #include <QWidget>
 
-/// Answers alerts from a script, in order, and remembers them. One without an answer left gets the default button.
+/// Answers alerts from a script, in order, and records them. An alert without an answer left gets the default button.
 class ScriptedAlerts final : public CVAlerts {
 public:
     CVAlert::Answer run(QWidget* window, const CVAlert& alert) override {
@@ -16,7 +16,7 @@ public:
 
     void answer(std::initializer_list<CVAlert::Answer> answers) { mAnswers.append(answers); }
     [[nodiscard]] const QList<CVAlert>& shown() const { return mShown; }
-    /// The title of the window to which each belongs; null for none.
+    /// The title of the window that each alert belongs to; null for none.
     [[nodiscard]] const QStringList& owners() const { return mOwners; }
 
 private:

@@ -4,7 +4,7 @@
 
 #include <QList>
 
-/// Answers panels with paths from a script, in order, and remembers what was asked. One without an answer left is
+/// Answers panels with paths from a script, in order, and records the requests. A panel without an answer left is
 /// cancelled.
 class ScriptedPanels final : public CVFilePanels {
 public:

@@ -8,14 +8,14 @@
 
 #include <functional>
 
-/// Panels that print nothing: they remember what they were shown, and answer from a script.
+/// Panels that print nothing, record what they show and answer from a script.
 class ScriptedPrintPanels final : public CVPrintPanels {
 public:
     enum class Panel { Print, Preview };
     struct Shown {
         Panel panel;
         CVReportType type;
-        /// As the command line would write it.
+        /// The report as the command line writes it.
         QString text;
         int pages;
         QPageLayout::Orientation orientation;
@@ -35,17 +35,17 @@ public:
             printInfo = *mNextSetUp;
     }
 
-    /// What goes wrong with every printing from now on.
+    /// Makes every later printing fail with this reason.
     void fail(const QString& reason) { mFailure = reason; }
-    /// What the user sets up whenever asked.
+    /// Makes this the result of every later page set-up.
     void chooseSetUp(const CVPrintInfo& printInfo) { mNextSetUp = printInfo; }
-    /// Happens while a panel is shown.
+    /// Runs `action` while a panel is shown.
     void meanwhile(std::function<void()> action) { mMeanwhile = std::move(action); }
 
     [[nodiscard]] const QList<Shown>& shown() const { return mShown; }
     /// The files whose places no file of pages may take.
     [[nodiscard]] QStringList spared() const { return mDataFiles ? mDataFiles() : QStringList(); }
-    /// As they were before the user changed them.
+    /// The settings that each page set-up showed before the user changed them.
     [[nodiscard]] const QList<CVPrintInfo>& setUps() const { return mSetUps; }
 
 private:

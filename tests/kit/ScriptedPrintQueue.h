@@ -7,7 +7,7 @@
 #include <QPageSize>
 #include <QPrinter>
 
-/// A queue that keeps what it gets, or refuses it.
+/// A queue that records what it gets, or refuses it.
 class ScriptedPrintQueue final : public CVPrintQueue {
 public:
     struct Job {
@@ -27,7 +27,7 @@ public:
         return mRefusal;
     }
 
-    /// What the queue answers from now on.
+    /// Makes the queue refuse every later job with this reason.
     void refuse(const QString& reason) { mRefusal = reason; }
 
     [[nodiscard]] const QList<Job>& jobs() const { return mJobs; }

@@ -7,7 +7,7 @@
 #include <QUrl>
 #include <QWidget>
 
-/// Opens nothing, and remembers what it was asked to open.
+/// Opens nothing and records the addresses.
 class ScriptedURLs final : public CVURLOpener {
 public:
     void openURL(const QUrl& address, QWidget* asker) override {

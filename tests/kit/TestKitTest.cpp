@@ -77,7 +77,7 @@ TEST(RandomBudget, IsTheSameForTheSameSeed) {
     EXPECT_EQ(texts.size(), 50U);
 }
 
-/// What the budget of one seed holds of the things that its users count on.
+/// Counts the features of one random budget on which the tests rely.
 void note(RandomBudget& budget, std::map<std::string, int>& seen) {
     const CVDocument& document = budget.document();
     const auto& transactions = document.transactions();

@@ -33,7 +33,7 @@ QByteArray readRequest(int connection) {
 
 } // namespace
 
-// Plain sockets: the toolkit's own would meet those that are tested in its process-wide parts.
+// The server uses plain sockets, because the toolkit's sockets share process-wide state with the code under test.
 UpdateServer::UpdateServer() : mSocket(socket(AF_INET, SOCK_STREAM, 0)) {
     sockaddr_in local{};
     local.sin_family = AF_INET;
@@ -127,7 +127,7 @@ void UpdateServer::handle(int connection) {
     }
 }
 
-/// Whoever is asked has hung up when this fails, which is as it may be.
+/// A failure means that the client has closed the connection, which is allowed.
 void UpdateServer::send(int connection, const QByteArray& bytes) const {
     qsizetype sent = 0;
     while (sent < bytes.size() && !mStopping) {

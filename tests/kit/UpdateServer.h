@@ -7,22 +7,22 @@
 #include <mutex>
 #include <thread>
 
-/// An HTTP server of this machine, on a thread of its own, that answers every request as it is told. Plain http on a
-/// free port of the loopback address.
+/// An HTTP server on a thread of its own that answers every request in the chosen way. The server speaks plain http on
+/// a free port of the loopback address.
 class UpdateServer final {
 public:
     enum class Manner {
-        /// The answer, whole.
+        /// The whole answer.
         Whole,
-        /// Half of what was announced, then the connection is closed.
+        /// Half of the announced bytes, then the connection is closed.
         CutOff,
-        /// Half of what was announced, then silence.
+        /// Half of the announced bytes, then nothing more.
         Silent,
-        /// The request is taken and never answered.
+        /// The request is read and never answered.
         Hanging,
-        /// A byte now and then, for longer than anybody should wait.
+        /// One byte at a time, for longer than the program may wait.
         Dripping,
-        /// No length announced and no end.
+        /// An answer without a length and without an end.
         Endless
     };
 
@@ -35,7 +35,7 @@ public:
     void answerWithStatus(const QByteArray& status, const QByteArray& body = {});
     void redirectTo(const QByteArray& address);
 
-    /// Of any path on it.
+    /// The address of a path on the server.
     [[nodiscard]] QString address(const QString& path = QStringLiteral("/check")) const;
     /// The requests so far, each with its headers.
     [[nodiscard]] QStringList requests() const;

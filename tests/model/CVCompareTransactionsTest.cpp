@@ -36,7 +36,7 @@ const Row kRows[]{
      {.date = day(2014, 3, 7), .amount = 1, .payTo = "z"},
      {.date = day(2014, 3, 7), .amount = 2, .payTo = "a"},
      0},
-    // A missing date is older than all.
+    // A missing date is older than all others.
     {"date", {}, {.date = day(-5000, 1, 1)}, -1},
     {"date", {.categoryID = kAuto}, {.categoryID = kFood}, -1},
 

@@ -10,7 +10,7 @@ namespace {
 
 const QBDate kToday = day(2014, 3, 7);
 
-/// Today stands still in all of these.
+/// All tests run on a fixed day.
 class CVDocumentDates : public testing::Test {
 protected:
     void expectBounds(const std::optional<QBDate>& earliest, const std::optional<QBDate>& latest) {
@@ -161,11 +161,11 @@ TEST_F(CVDocumentDates, CanBeSetAndTakenAway) {
     expectBounds(std::nullopt, std::nullopt);
 }
 
-/// The place by the letter of the search: a tie ends it at once.
+/// The insertion place according to the exact rule: a binary search that ends at the first equal date.
 std::size_t searchedIndex(const CVDocument::Transactions& transactions, const std::optional<QBDate>& date) {
     if (transactions.empty())
         return 0;
-    // A missing date is older than all.
+    // A missing date is older than all others.
     const auto before = [](const std::optional<QBDate>& a, const std::optional<QBDate>& b) {
         return b && (!a || a->comesBefore(*b));
     };

@@ -16,7 +16,7 @@ namespace {
 
 using testing::ElementsAre;
 
-/// Notes what the document held each time it was saved.
+/// Records the content of the document at each save.
 class RecordingSaver final : public CVDocumentSaver {
 public:
     struct Save {
@@ -200,7 +200,7 @@ TEST(CVDocumentReset, StartsOverButKeepsTheSetsAndSavesOnce) {
     EXPECT_EQ(document.countOfTransactionSets(), 2U);
     EXPECT_EQ(document.currentTransactionSet(), 28U);
     EXPECT_EQ(counter.total(), 0);
-    // Saved once, when all of it was done.
+    // The document is saved once, after the whole change.
     ASSERT_EQ(saver.saves().size(), 1U);
     EXPECT_EQ(saver.saves()[0].transactions, 0U);
     EXPECT_EQ(saver.saves()[0].categories, standard);

@@ -16,7 +16,7 @@ CVTextSlice add(CVTextArena& arena, const QByteArray& text, qsizetype room = 0) 
     return arena.add(text.size() + room, [&text](char* out) { return std::copy(text.begin(), text.end(), out); });
 }
 
-/// Tells texts of any length apart.
+/// A text whose bytes depend on the position and on `first`, so that misplaced pieces are noticed.
 QByteArray patterned(qsizetype length, char first) {
     QByteArray text(length, Qt::Uninitialized);
     for (qsizetype i = 0; i < length; ++i)
@@ -81,7 +81,7 @@ TEST(CVTextArena, LeavesItsTextsBehind) {
         slice = add(arena, "kept");
         (void)add(arena, patterned(2 * kMegabyte, 'a'));
     }
-    // Read elsewhere, as a save does.
+    // Another thread reads the text, as a save does.
     QByteArray read;
     std::thread([&] { read = slice.bytes().toByteArray(); }).join();
     EXPECT_EQ(read, "kept");

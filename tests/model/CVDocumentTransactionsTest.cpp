@@ -91,7 +91,7 @@ TEST(CVDocumentInsert, FilesTheTransactionUnderTheCurrentSet) {
         {{27, 28}, 27, 27},
         {{27, 28}, 28, 28},
         {{0}, 0, 0},
-        // Without a set of that ID it is the last one.
+        // An unknown ID selects the last set.
         {{27, 28}, 99, 28},
         {{27, 28}, 0, 28},
     };
@@ -124,7 +124,7 @@ TEST(CVDocumentAdd, AppendsWithoutOrderOrAnnouncement) {
 
 TEST(CVDocumentRemove, RemovesThatVeryTransactionAndAnnouncesItOnce) {
     BudgetBuilder budget;
-    // Three alike: identity decides.
+    // Three equal transactions: the object itself decides which one is meant.
     for (int i = 0; i < 3; ++i)
         budget.transaction({.date = day(2014, 3, 7), .amount = 5});
     const auto first = budget.transactionAt(0);
@@ -174,8 +174,8 @@ TEST(CVDocumentRemoveSeveral, AnnouncesOnceAndNothingForNone) {
     EXPECT_EQ(budget.document().latestTransactionDate(), day(2014, 3, 2));
 }
 
-/// What can be told apart about two documents made alike. The dates of a document without dated transactions are those
-/// it had before, which is another matter.
+/// The comparable state of a document. The bounds are left out for a document without dates, because such a document
+/// keeps its former bounds.
 std::vector<QByteArray> stateOf(const CVDocument& document) {
     std::vector<QByteArray> state;
     bool dated = false;
@@ -208,7 +208,7 @@ TEST(CVDocumentRemoveSeveral, EqualsAsManySingleRemovals) {
                 removedSingly.push_back(other.document().transactions()[i]);
             }
         }
-        // In the order of the document, in the other one, and with one line out of order.
+        // Sorted as in the document, reversed, or with one transaction out of order.
         if (seed % 3 == 1)
             std::reverse(removed.begin(), removed.end());
         else if (seed % 3 == 2 && removed.size() > 2)

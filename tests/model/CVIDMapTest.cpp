@@ -8,7 +8,7 @@ namespace {
 
 constexpr int kAbsent = -1;
 
-/// Small IDs are found by index, large ones in a table; the border lies at 4,096.
+/// IDs below 4,096 are looked up by index, larger ones in a hash table.
 constexpr quint32 kIds[] = {0, 1, 2, 4095, 4096, 4097, 1'000'000, std::numeric_limits<quint32>::max()};
 
 TEST(CVIDMap, FindsWhatWasInsertedForAnIDAndNothingForItsNeighbours) {

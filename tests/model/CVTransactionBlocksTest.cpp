@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Enough for several blocks, the last of them not full.
+/// Enough transactions for several blocks, of which the last is not full.
 constexpr std::size_t kMany = 1000;
 
 std::vector<std::shared_ptr<CVTransaction>> make(std::size_t count) {

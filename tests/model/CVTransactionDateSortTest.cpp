@@ -11,7 +11,7 @@ namespace {
 
 using testing::ElementsAre;
 
-/// What the sort stands for: the one comparison, equal ones as they were.
+/// The expected result: a stable sort with the one comparison function.
 CVDocument::Transactions sortedByComparison(CVDocument::Transactions transactions,
                                             const CVTransactionSortContext& context = {"date", true}) {
     std::stable_sort(transactions.begin(), transactions.end(),
@@ -84,7 +84,7 @@ TEST(SortTransactionsByDate, StaysInBoundsWhateverNamesAreMissing) {
     for (quint32 seed = 0; seed < 200; ++seed) {
         RandomBudget budget(seed, 0);
         CVDocument& document = budget.document();
-        // One day only, so that the names decide everything, and most of them are missing.
+        // All transactions have one day, so that only the names decide, and most names are missing.
         for (quint32 i = 0; i < 300; ++i)
             budget.builder().transaction({.date = day(2014, 3, 7), .categoryID = budget.below(20)});
         CVDocument::Transactions expected = document.transactions();
@@ -96,12 +96,12 @@ TEST(SortTransactionsByDate, StaysInBoundsWhateverNamesAreMissing) {
     }
 }
 
-/// Days of March 2014 (0: no date) and category IDs: as small as a budget gets, so that a failure shrinks to few
+/// Pairs of a day of March 2014 (0 for no date) and a category ID, small enough that a failure shrinks to few
 /// transactions.
 using Drafts = std::vector<std::pair<int, quint32>>;
 
 BudgetBuilder& build(BudgetBuilder& budget, const Drafts& drafts) {
-    // ID 3 has no name, 4 no category.
+    // Category 3 has no name, and no category has ID 4.
     budget.category("b", 0).category("a", 1).category("B", 2).category(QString(), 3);
     for (const auto& [dayOfMonth, categoryID] : drafts)
         budget.transaction(

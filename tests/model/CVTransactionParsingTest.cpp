@@ -66,7 +66,7 @@ TEST_F(CVTransactionParsing, TakesAFlagAsSetWhenItsValueBeginsWithOne) {
          {FlagRow{"1", true}, FlagRow{"1x", true}, FlagRow{"10", true}, FlagRow{"0", false}, FlagRow{"true", false},
           FlagRow{"", false}, FlagRow{" 1", false}, FlagRow{"01", false}, FlagRow{"-1", false}, FlagRow{"2", false}}) {
         SCOPED_TRACE(value);
-        // From the other state, so that the value decides and not what was there.
+        // The flags start in the opposite state, so that the parsed value must set them.
         mTransaction->setUserFlag(!set);
         mTransaction->setTaxFlag(set);
         mParser.start(*mTransaction, "Transaction", {"flag", value});

@@ -30,7 +30,7 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 enum class Cache { Kept, Dropped };
 
-/// One change: from `before` by `set` to `after`, with or without the loss of the cached text.
+/// One change by a setter, and whether the cached text is kept or dropped.
 struct SetterRow {
     const char* what = nullptr;
     Entry before;
@@ -90,7 +90,7 @@ const SetterRow kSetterRows[]{
      {.payTo = "x\n"},
      Cache::Dropped},
 
-    // The text of "for" depends on the paid-to text: with one, a null "for" stays null.
+    // setFor() depends on the paid-to text: when that text is present, a null "for" stays null.
     {"the same for", {.xfor = "a"}, [](auto& t) { t.setFor("a"); }, {.xfor = "a"}, Cache::Kept},
     {"another for", {.xfor = "a"}, [](auto& t) { t.setFor("b"); }, {.xfor = "b"}, Cache::Dropped},
     {"for from empty", {.xfor = kEmpty}, [](auto& t) { t.setFor("b"); }, {.xfor = "b"}, Cache::Dropped},

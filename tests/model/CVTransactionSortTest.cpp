@@ -11,7 +11,7 @@ namespace {
 
 const QStringList kKeys{"date", "amount", "tofrom", "for", "category", "tax", "userflag", "no such column"};
 
-/// Whether some pair of neighbours stands the wrong way round.
+/// Whether any two neighbours are in the wrong order.
 bool hasWrongNeighbours(const CVDocument::Transactions& transactions, const CVTransactionSortContext& context) {
     return std::adjacent_find(transactions.begin(), transactions.end(), [&](const auto& a, const auto& b) {
                return CVCompareTransactions(*a, *b, context) > 0;

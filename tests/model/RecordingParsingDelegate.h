@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-/// Stands in for the parser: notes what a record asks of it, word by word, and hands out the characters it is given.
+/// Replaces the parser: records the calls of a record and hands out prepared characters.
 class RecordingParsingDelegate final : public CVParsingDelegate {
 public:
     void setStoringCharacters(bool storing) override { mCalls.emplace_back(storing ? "store" : "do not store"); }
@@ -21,18 +21,18 @@ public:
         mCalls.emplace_back(std::string("pop ") + name);
     }
 
-    /// What the next `tempParsingString` answers.
+    /// Sets the result of the next `tempParsingString`.
     void setCharacters(const QString& characters) { mCharacters = characters; }
-    /// What was asked since the last call.
+    /// The calls since the last takeCalls().
     [[nodiscard]] std::vector<std::string> takeCalls() { return std::exchange(mCalls, {}); }
 
-    /// The start of an element; attributes as alternating names and values.
+    /// Starts an element. Attributes are alternating names and values.
     void start(CVParsingObject& record, const char* name, std::initializer_list<const char*> attributes = {}) {
         std::vector<const char*> list(attributes);
         list.push_back(nullptr);
         record.parsingDelegateStartElement(*this, name, attributes.size() ? list.data() : nullptr);
     }
-    /// The end of an element with these characters in it.
+    /// Ends an element that contains these characters.
     void end(CVParsingObject& record, const char* name, const QString& characters = QLatin1String("")) {
         mCharacters = characters;
         record.parsingDelegateEndElement(*this, name);

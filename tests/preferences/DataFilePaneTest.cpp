@@ -10,7 +10,7 @@ namespace {
 
 class DataFilePane : public PreferencesFixture {
 protected:
-    /// The path of the data file in that folder of the home, which is made.
+    /// The path of the data file in a folder of the home; makes the folder.
     [[nodiscard]] QString dataFileIn(const QString& folder) const {
         QDir().mkpath(mHome.path(folder));
         return mHome.path(folder) + "/Corvella Data.corvella";
@@ -21,7 +21,7 @@ protected:
         ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("x") == 1);
     }
 
-    /// The budget lies in "old".
+    /// Puts the budget into the folder "old".
     void useOldFolder() {
         makeFile(dataFileIn("old"));
         defaults().setString(CVDefaultsKeys::kDataFileLocation, dataFileIn("old"));

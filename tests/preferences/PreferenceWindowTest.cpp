@@ -105,7 +105,7 @@ TEST_F(PreferenceWindow, TheHelpButtonOpensItsPageAndIsNotThereWithoutHelp) {
 }
 
 TEST_F(PreferenceWindow, SettingsThatCannotBeKeptAreRemarkedOnlyWhenASaveFails) {
-    // Where the settings file belongs there is a folder: not even the superuser can write it.
+    // A folder replaces the settings file, because even the superuser cannot write to a folder.
     const QString path = mHome.path("settings.ini");
     QFile::remove(path);
     ASSERT_TRUE(QDir().mkpath(path));

@@ -30,7 +30,7 @@
 
 #include <memory>
 
-/// A program around the preferences that does nothing but remember what it was asked.
+/// A host that only records the calls of the preferences.
 class ScriptedHost final : public CVPreferenceHost {
 public:
     void checkForNewVersion(QWidget& asker) override {
@@ -43,16 +43,16 @@ public:
     int checks = 0;
     const QWidget* lastAsker = nullptr;
     int reopened = 0;
-    /// Of the last save.
+    /// The failure that waitForSaves() reports.
     QString failure;
 };
 
-/// The preferences on settings and a document of their own.
+/// The preferences window with its own settings and document.
 class PreferencesFixture : public testing::Test {
 protected:
     PreferencesFixture() {
         mDocument.setSaver(&mSaver);
-        // A first start has no settings file; these tests look at what is written from here on.
+        // The settings file exists before the test, so that later writes can be observed.
         defaults().synchronize();
     }
 
@@ -72,7 +72,7 @@ protected:
     [[nodiscard]] QBUserDefaults& defaults() { return mHome.userDefaults(); }
     [[nodiscard]] int announcements() const { return mNotifications.count(CVNotifications::kPreference); }
 
-    /// The control with that accessible name, on whichever tab.
+    /// The control with that accessible name, on any tab.
     template <typename Widget>
     [[nodiscard]] Widget* control(const QString& name) const {
         for (auto* const widget : mWindow->findChildren<Widget*>()) {

@@ -20,13 +20,13 @@ protected:
 
 QStringList gLogged;
 
-/// The program's own lines, not those of the toolkit.
+/// Keeps the log lines of the program, without those of the toolkit.
 void keepLogged(QtMsgType /*type*/, const QMessageLogContext& context, const QString& message) {
     if (QByteArrayView(context.category).startsWith("corvella."))
         gLogged.append(message);
 }
 
-/// What is logged while this object lives.
+/// Collects the log lines while this object lives.
 class LoggedLines final {
 public:
     LoggedLines() : mPrevious(qInstallMessageHandler(keepLogged)) { gLogged.clear(); }

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// From 1 January to 28 February 2014, 8 whole weeks.
+/// The range is 1 January to 28 February 2014, which contains 8 whole weeks.
 struct CategoryReports : testing::Test {
     [[nodiscard]] const CVDocument::Categories& categories() { return budget.document().categories(); }
     [[nodiscard]] const CVDocument::Transactions& transactions() { return budget.document().transactions(); }
@@ -112,7 +112,7 @@ TEST_F(CategoryReports, OfTaxCountAndAddTheTaxedOnes) {
     EXPECT_EQ(report->line(1).texts, (QStringList{"Car", "0", "$0.00"}));
 }
 
-/// What a walk for each category alone comes to, as the tables are described.
+/// The figures computed in plain code, with one walk for each category.
 QStringList plainFigures(CVReportType type, const CVCategory& category, const CVDocument::Transactions& transactions,
                          const CVDayRange& range) {
     const QBMoneyFormatter money;

@@ -6,7 +6,7 @@ namespace {
 
 constexpr double kGap = 7;
 
-/// All but the list of transactions, whose columns were placed one by one.
+/// The list of transactions is an exception: its columns have individual positions.
 TEST(CVPrintedColumns, StandOneBehindTheOtherWithAGap) {
     for (std::size_t type = 1; type < kReportTypes; ++type) {
         double offset = 0;

@@ -16,13 +16,13 @@
 namespace {
 
 struct ReportPages : testing::Test {
-    /// Of so many transactions.
+    /// A report of `count` transactions.
     [[nodiscard]] std::unique_ptr<const CVReport> longReport(std::size_t count) const {
         return CVReport::initWithTransactions(
             CVDocument::Transactions(count, makeTransaction({.amount = 1, .payTo = "Market"})));
     }
 
-    /// What a tool of poppler says of the file.
+    /// The output of a poppler tool about a file.
     [[nodiscard]] static QString ask(const QString& tool, const QString& path) {
         QProcess process;
         process.start(tool, {path});

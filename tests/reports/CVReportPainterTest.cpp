@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Lines of the test's own in the columns of a report.
+/// A report with given lines in the columns of an existing report.
 class ReportOfLines final : public CVReport {
 public:
     ReportOfLines(CVReportType type, std::vector<CVReportLine> lines, const QString& title = QStringLiteral("Title"))
@@ -35,10 +35,10 @@ PaintedPage painted(CVReportType type, const std::vector<CVReportLine>& lines, i
 }
 
 constexpr double kNear = 0.05;
-/// Of the letters, by which the baseline lies below the top of its line.
+/// The height of the letters above the baseline, as a multiple of their size.
 constexpr double kAscent = 0.905;
-/// The upper edges of the lines of an upright A4 sheet from its top: the title's lower edge lies at 72 and it is 16.521
-/// high; the header's lower edge lies 2 x 16.521 further down, and main lines follow each 13.17 below the last.
+/// The upper edges of the lines on an upright A4 sheet, measured from its top. The title's lower edge is at 72 and its
+/// height 16.521; the header's lower edge is 2 x 16.521 further down; each main line is 13.17 below the one before.
 constexpr double kTitleTop = 72 - 16.521;
 constexpr double kHeaderTop = 72 + 2 * 16.521 - 15.404;
 constexpr double kFirstLineTop = 72 + 2 * 16.521;
@@ -146,7 +146,7 @@ TEST(CVReportPainter, KeepsALongTitleOffThePageText) {
     EXPECT_LT(page.starting("A long").right(), page.starting("Page 1").baseline.x());
 }
 
-/// What the shapes below the headings take up.
+/// The area of the shapes below the headings.
 QRectF marksOf(const CVReportLine& line, double leftMargin) {
     CVPrintInfo printInfo;
     printInfo.margins.setLeft(leftMargin);
@@ -163,7 +163,7 @@ TEST(CVReportPainter, MarksTaxedTransactionsAtTheirPlaceOnTheSheet) {
     CVReportLine line{{"1", "3/7/14", "$1.00", "Market", "bread", "Food"}};
     EXPECT_TRUE(marksOf(line, 72).isNull());
     line.isTaxed = true;
-    // 2 above the lower edge of the line, which is 13.17 high, and 12 high itself.
+    // The square is 12 high and lies 2 above the lower edge of its line, which is 13.17 high.
     const QRectF square(220, kFirstLineTop + 13.17 - 2 - 12, 12, 12);
     for (const double margin : {72.0, 20.0}) {
         const QRectF marks = marksOf(line, margin);

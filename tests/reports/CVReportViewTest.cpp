@@ -8,7 +8,7 @@
 
 namespace {
 
-/// A report of so many lines that say nothing.
+/// A report of empty lines.
 class EmptyReport final : public CVReport {
 public:
     EmptyReport(CVReportType type, std::size_t arrayCount)

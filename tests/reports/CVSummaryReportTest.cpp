@@ -11,7 +11,7 @@ namespace {
 
 using Value = std::optional<double>;
 
-/// A table of a test's own, its columns called A, B, C …
+/// A table with given values; its columns are called A, B, C …
 class TableOfValues final : public CVSummaryTable {
 public:
     explicit TableOfValues(std::vector<std::vector<Value>> rows) : mRows(std::move(rows)) {}
@@ -25,7 +25,7 @@ private:
     std::vector<std::vector<Value>> mRows;
 };
 
-/// On 7 March 2014.
+/// Today is 7 March 2014.
 struct SummaryReport : testing::Test {
     [[nodiscard]] std::unique_ptr<const CVReport> reportOf(const std::vector<std::vector<Value>>& rows, int columns) {
         for (std::size_t i = 0; i < rows.size(); ++i)

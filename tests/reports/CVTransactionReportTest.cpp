@@ -7,7 +7,7 @@
 
 namespace {
 
-/// On 7 March 2014.
+/// Today is 7 March 2014.
 struct TransactionReport : testing::Test {
     [[nodiscard]] std::unique_ptr<const CVReport> report() {
         return CVReport::initWithTransactions(budget.document().transactions());

@@ -35,7 +35,7 @@ std::vector<Page> allPages() {
     return pages;
 }
 
-/// What a reader of the PDF finds on its pages, laid out as they are.
+/// The text of a PDF file in its layout, read with a PDF tool.
 QString textOf(const QString& path) {
     QProcess reader;
     reader.start(QStringLiteral("pdftotext"), {"-layout", "-enc", "UTF-8", path, "-"});
@@ -43,7 +43,7 @@ QString textOf(const QString& path) {
     return QString::fromUtf8(reader.readAllStandardOutput());
 }
 
-/// Behind the line that says why the file is there.
+/// The golden text without its first line, which says what the file is for.
 QString goldenText(const QString& name) {
     QFile file(QStringLiteral(CORVELLA_SOURCE_DIR "/tests/reports/golden/") + name);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << "there is no golden file";

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Ten dots to a point.
+/// Ten dots for each point.
 constexpr int kDotsPerInch = 720;
 constexpr double kDotsPerPoint = 10;
 

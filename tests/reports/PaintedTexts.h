@@ -8,8 +8,8 @@
 
 #include <vector>
 
-/// A text as it was painted: its left end and its baseline in points from the top left corner of the sheet, and its
-/// width there.
+/// A painted text: its left end and its baseline in points from the top left corner of the sheet, and its painted
+/// width.
 struct PaintedText {
     QString text;
     QPointF baseline;
@@ -22,10 +22,10 @@ struct PaintedText {
 /// Everything that a page paints.
 struct PaintedPage {
     std::vector<PaintedText> texts;
-    /// What the lines and shapes take up, underlines among them; from the top left corner of the sheet.
+    /// The areas of lines, underlines and shapes, from the top left corner of the sheet.
     std::vector<QRectF> shapes;
 
-    /// The first text that begins so; stops the test program when there is none.
+    /// The first text that begins with `beginning`; stops the test program when there is none.
     [[nodiscard]] const PaintedText& starting(const QString& beginning) const;
 };
 

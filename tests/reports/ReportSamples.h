@@ -8,7 +8,7 @@
 
 #include <array>
 
-/// The kinds of reports by their numbers, with a word for each.
+/// The kinds of reports: number and name.
 struct ReportKind {
     CVReportType type;
     const char* name;
@@ -20,9 +20,8 @@ inline constexpr std::array<ReportKind, kReportTypes> kReportKinds{{{CVReportTyp
                                                                     {CVReportType::CategoryTax, "tax"},
                                                                     {CVReportType::Summary, "summary"}}};
 
-/// One report of each kind of a budget in which there is some of everything: names of other scripts and directions,
-/// names that are too long, taxed and negative and large amounts, all frequencies; 52 transactions on 12 March 2014 and
-/// before.
+/// One report of each kind, on a budget that contains other scripts and writing directions, overlong names, taxed,
+/// negative and large amounts, all frequencies, and 52 transactions up to 12 March 2014.
 class ReportSamples final {
 public:
     ReportSamples();

@@ -19,7 +19,7 @@ namespace {
 
 using Outcome = CVLoadReport::Outcome;
 
-/// One launch of the program on the data file in a home.
+/// One start of the program on the data file of a home.
 struct Launch {
     explicit Launch(ScratchHome& home)
         : file(home.folders(), home.userDefaults())

@@ -89,7 +89,7 @@ TEST(CVDocumentXML, HasADecimalPointInALocaleWithADecimalComma) {
     EXPECT_TRUE(expected.contains("\"45.10\""));
 }
 
-/// Every element rendered anew from its fields.
+/// The text with every element rendered again from its fields.
 QByteArray freshText(BudgetBuilder& budget) {
     BudgetBuilder copy;
     const CVDocument& document = budget.document();
@@ -145,7 +145,7 @@ TEST(CVDocumentXML, RendersOnlyWhatChanged) {
 
     const CVTransaction* const changed = budget.transactionAt(20).get();
     budget.transactionAt(20)->setAmount(99);
-    // Neither what is saved nor in which order it stands counts as a change of a transaction.
+    // A different set of transactions or a different order is no change of a transaction.
     budget.document().removeTransaction(std::shared_ptr(budget.transactionAt(40)));
     budget.document().sortTransactionsByDate();
     (void)CVDocumentXMLRepresentation(budget.document());

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// The beginning of a tag with so many attributes.
+/// The beginning of a tag with `attributes` attributes.
 QByteArray tagOf(int attributes, const char* attribute = " a='b'") {
     return "<b" + QByteArray(attribute).repeated(attributes);
 }
@@ -200,7 +200,7 @@ INSTANTIATE_TEST_SUITE_P(elements, FileExamination, testing::ValuesIn(kElements)
 INSTANTIATE_TEST_SUITE_P(skipped, FileExamination, testing::ValuesIn(kSkipped));
 INSTANTIATE_TEST_SUITE_P(widths, FileExamination, testing::ValuesIn(kWidths));
 
-/// What is passed over in one search must be what is passed over byte by byte.
+/// The fast search must find the same as an examination byte by byte.
 TEST(FileExaminationPieces, OfWordsInAnyOrderAreFoundTheSameWhole) {
     const QByteArrayList words{"<",   "<!--", "-->",  "<![CDATA[", "]]>",    "<a b='c'>", "</a>",  "!", "?",
                                "<?a", "?>",   "\xc3", "\x01",      "\u20ac", kLargest,    kAbsurd, ">", "text "};
@@ -246,7 +246,7 @@ TEST(FileExaminationOfABudget, WithAnElementInACommentOrASectionIsRead) {
     EXPECT_EQ(budget.records(), QStringList("C id=1 name='" + QString(tagOf(101, " \"a\"")) + "'"));
 }
 
-/// A section of which libxml2 takes the rest for elements, as it is too long: none of them must stop the program.
+/// libxml2 treats the rest of an overlong section as elements; none of these may stop the program.
 TEST(FileExaminationOfABudget, FindsWhatHidesInASectionThatIsTooLong) {
     const QByteArray absurd = tagOf(20'000, " a=''");
     ParsedBudget budget(inRoot("<![CDATA[" + QByteArray(10'000'010, 'x') + absurd + "/>]]>"));

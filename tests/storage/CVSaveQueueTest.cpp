@@ -16,7 +16,7 @@
 
 namespace {
 
-/// Notes what a queue announces.
+/// Records the signals of a queue.
 struct Announcements {
     explicit Announcements(CVSaveQueue& queue) {
         QObject::connect(&queue, &CVSaveQueue::saveStarted, &context, [this] { ++started; });
@@ -156,7 +156,7 @@ TEST_F(CVSaveQueueTest, keepsTheUnknownFileOfEachPath) {
 }
 
 TEST_F(CVSaveQueueTest, writesNothingOverWhatItCannotKeep) {
-    // A read-only file system: names can be made in it by nobody.
+    // Nobody can create a file in this read-only file system.
     mPath = QStringLiteral("/proc/self/comm");
     const QByteArray before = readFile(mPath);
     const CVSaveOutcome outcome = saveAndWait("text");
@@ -202,12 +202,12 @@ TEST_F(CVSaveQueueTest, announcesAFailureThatCameBeforeAnyWriting) {
     EXPECT_EQ(mAnnouncements.finished[0].message, "no folder");
 }
 
-/// A text of its own length for each number, so that a mixture of two would be noticed.
+/// A text with a different length for each number, so that a mixture of two texts is noticed.
 QByteArray numbered(int number) {
     return (QByteArray::number(number) + ' ').repeated(1 + number * 37 % 5000);
 }
 
-/// The number of such a text, -1 when it is none.
+/// The number of a text made by numbered(); -1 for any other text.
 int numberOf(const QByteArray& bytes) {
     const int number = bytes.left(bytes.indexOf(' ')).toInt();
     return bytes == numbered(number) ? number : -1;
@@ -258,7 +258,7 @@ TEST_F(CVSaveQueueTest, waitsAtItsEndForWhatIsPending) {
         }
         EXPECT_EQ(numberOf(readFile(mPath)), round * 2);
     }
-    // What such a queue still had to announce is lost with it.
+    // The pending signals of a deleted queue are lost.
     QCoreApplication::processEvents();
     EXPECT_TRUE(mAnnouncements.finished.empty());
 }

@@ -37,7 +37,7 @@ protected:
     [[nodiscard]] std::optional<QString> save() {
         return CVStandardDataFileURL(CVLookForExisting::No, mFolders, mHome.userDefaults());
     }
-    /// As the next start of the program would find it.
+    /// The stored location as the next start of the program reads it.
     [[nodiscard]] std::optional<QString> preference() const {
         return QBUserDefaults(mHome.settingsStore()).stringForKey(CVDefaultsKeys::kDataFileLocation);
     }
@@ -187,7 +187,7 @@ TEST_F(CVStandardDataFileTest, followsThePreferenceAtEverySave) {
     EXPECT_EQ(save(), pathOf(Place::Preferred));
 }
 
-/// Sets a variable of the environment as long as it lives.
+/// Sets an environment variable as long as this object lives.
 class Environment final {
 public:
     Environment(const char* name, const QString& value) : mName(name), mPrevious(qgetenv(name)) {

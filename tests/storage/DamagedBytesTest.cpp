@@ -19,7 +19,7 @@ TEST(TruncatedFile, isReadOnlyWhenNothingButItsLastLineFeedIsMissing) {
     }
 }
 
-/// Every byte of a good file changed once, each in one file of its own; how many of these can still be read.
+/// Flips `bits` in one byte of a good file, for every byte in turn; returns how many of these files can still be read.
 int readAfterFlipping(int bits) {
     const LogCapture capture;
     const QByteArray whole = sampleFile();

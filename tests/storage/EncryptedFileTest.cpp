@@ -18,7 +18,7 @@ constexpr const char* kSalt = "<Salt><Specified>c2FsdA==</Specified></Salt>";
 constexpr const char* kVector = "AAECAwQFBgcICQoLDA0ODw==";
 const QByteArray kVectorBytes("\x00\x01\x02\x03\x04\x05\x06\x07\x08\x09\x0a\x0b\x0c\x0d\x0e\x0f", 16);
 
-/// What follows the head of an encrypted file; the parts that are kept of it; what is logged.
+/// The content after the head of an encrypted file, the parts of it that are kept, and the log lines.
 struct Row {
     const char* behaviour;
     QByteArray rest;

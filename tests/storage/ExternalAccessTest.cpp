@@ -15,7 +15,7 @@
 
 namespace {
 
-/// A server of this machine that never answers and knows whether somebody called.
+/// A local server that never answers and records whether a client connected.
 class Listener final {
 public:
     Listener() : mSocket(::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0)) {
@@ -54,7 +54,7 @@ private:
     sockaddr_in mAddress{};
 };
 
-/// Knows whether somebody opened a file.
+/// Records whether a file was opened.
 class Watch final {
 public:
     explicit Watch(const QString& path) : mNotify(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
@@ -74,7 +74,7 @@ private:
     int mNotify;
 };
 
-/// A document type in which FILE and SERVER stand for addresses, and a name that asks for what lies there.
+/// A document type with FILE and SERVER as placeholders for addresses, and an entity that refers to one of them.
 struct Row {
     const char* behaviour;
     QByteArray doctype;

@@ -30,7 +30,7 @@ struct State {
     bool arrived = false;
 };
 
-/// Read by calls that come before anything is set up.
+/// Calls before main() read this variable, so it is initialised at compile time.
 constinit std::atomic<bool> armed = false;
 
 State& state() {
@@ -53,7 +53,7 @@ int plannedError(const State& state, const std::string& name) {
             return fault.error;
         const bool same = fault.at < number && calls[fault.at].name == name;
         if ((fault.repeat == Repeat::SameForEver && same) || (fault.repeat == Repeat::AllForEver && fault.at < number))
-            // Only a write can be short.
+            // Only a write can be partial.
             return fault.error == kShort && name != "write" ? EIO : fault.error;
     }
     return 0;

@@ -6,31 +6,31 @@
 #include <string>
 #include <vector>
 
-/// Stands between a test program and the C library: while armed, it sees every call that touches a file of one folder,
-/// in all threads, and makes chosen ones fail. A program that links it has these calls replaced throughout. Syncs do
-/// not reach the disk, to save time.
+/// Replaces calls of the C library in a test program. While armed, the replacements see every call on the files of one
+/// folder, in all threads, and make chosen calls fail. Linking this file replaces the calls in the whole program. Syncs
+/// do not reach the disk, to save time.
 namespace FaultyCalls {
 
 struct Call {
-    /// The name of the function, without the endings that tell file sizes and folder arguments apart; "tmpfile" for the
-    /// opening of a file without a name.
+    /// The name of the function, without the suffixes for file sizes and folder arguments; "tmpfile" for opening a file
+    /// without a name.
     std::string name;
-    /// What it was about: the path given, or that of the descriptor; where there are two, the new one.
+    /// The path of the call, or the path of its descriptor; where the call has two paths, the new one.
     std::string path;
     bool failed = false;
-    /// The old path where there are two.
+    /// The old path, where the call has two paths.
     std::string from = {};
 };
 
 enum class Repeat {
     Once,
-    /// Every later call of the same name, too.
+    /// This call and every later one of the same name.
     SameForEver,
-    /// Every later call, too.
+    /// This call and every later one.
     AllForEver
 };
 
-/// A write that takes half of its bytes and says so.
+/// The pseudo error of a write that writes and reports only half of its bytes.
 inline constexpr int kShort = -1;
 
 /// Why calls may fail, by their names.
@@ -42,23 +42,23 @@ using Reasons = std::map<std::string, std::vector<int>>;
 [[nodiscard]] const Reasons& whyLooksFail();
 
 struct Fault {
-    /// The number of the call that fails, from 0.
+    /// The index of the call that fails, from 0.
     std::size_t at = 0;
     /// An errno, or `kShort`.
     int error = 0;
     Repeat repeat = Repeat::Once;
 };
 
-/// Functions that the file system does not know: they always fail, as far as they concern the folder.
+/// A function that the file system does not support: calls on the folder always fail.
 struct Unsupported {
     std::string name;
     int error = 0;
 };
 
-/// What was seen between arming and disarming.
+/// The calls between arming and disarming.
 struct Record {
     std::vector<Call> calls;
-    /// The permission bits of all files at the moments when bytes were written to them.
+    /// The combined permission bits of all files at the moments when bytes were written to them.
     unsigned modesWhileWriting = 0;
 
     /// Whether a call of that name was made to fail.
@@ -68,7 +68,7 @@ struct Record {
 void arm(const QString& folder, std::vector<Fault> faults, std::vector<Unsupported> unsupported = {});
 Record disarm();
 
-/// Holds back every call of that name until the object is gone.
+/// Blocks every call of a function until this object is destroyed.
 class Gate final {
 public:
     explicit Gate(const char* name);
@@ -76,16 +76,15 @@ public:
     Gate(const Gate&) = delete;
     Gate& operator=(const Gate&) = delete;
 
-    /// Blocks until a call stands at the gate.
+    /// Blocks until a call has reached the gate.
     static void waitForArrival();
 };
 
-/// For the functions that replace those of the C library: the error with which this call is to fail, 0 when it is to
-/// succeed. Every call is asked for once.
+/// For the replaced functions: the error with which this call must fail, or 0. Must be called once for each call.
 [[nodiscard]] int errorFor(const char* name, const std::string& path, const char* from = "");
 [[nodiscard]] int errorFor(const char* name, const char* path, const char* from = "");
 [[nodiscard]] int errorFor(const char* name, int descriptor);
-/// For those that write: bytes are about to go to this file.
+/// For the replaced functions that write: records the permission bits of the file before it is written.
 void noteMode(int descriptor);
 
 } // namespace FaultyCalls

@@ -13,13 +13,13 @@
 #include <cstdio>
 #include <cstdlib>
 
-// The functions of the C library that a save comes to call, each of which may be made to fail.
+// The C library's functions that a save calls; each can be made to fail.
 
 using FaultyCalls::errorFor;
 
 namespace {
 
-/// A file without a name is a call of its own: not every file system knows it.
+/// Opening a file without a name counts as a separate function, because not every file system supports it.
 const char* nameOfOpen(int flags) {
     return (flags & O_TMPFILE) == O_TMPFILE ? "tmpfile" : "open";
 }
@@ -29,7 +29,7 @@ int fail(int error) {
     return -1;
 }
 
-/// The function that a call would reach without this file.
+/// The C library's own function, which this file replaces.
 template <typename Function>
 Function* next(Function* /*type*/, const char* name) {
     return reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, name));
@@ -37,10 +37,10 @@ Function* next(Function* /*type*/, const char* name) {
 
 } // namespace
 
-// One function after the other, each as the C library declares it: `return failing ? failure : the real one`.
+// Each function is declared as in the C library and contains `return failing ? failure : the real function`.
 #define CORVELLA_REAL(function) static const auto real = next(&::function, #function)
 
-// The headers give the parameters names that are reserved for them.
+// The headers use reserved names for the parameters.
 // NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" {
 
@@ -49,7 +49,7 @@ int open(const char* path, int flags, ...) {
     const int error = errorFor(nameOfOpen(flags), path);
     std::va_list arguments;
     va_start(arguments, flags);
-    // The mode is passed with these two flags alone.
+    // open() has a mode argument only with these two flags.
     const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(arguments, mode_t) : 0;
     va_end(arguments);
     return error ? fail(error) : real(path, flags, mode);
@@ -60,7 +60,7 @@ int open64(const char* path, int flags, ...) {
     const int error = errorFor(nameOfOpen(flags), path);
     std::va_list arguments;
     va_start(arguments, flags);
-    // The mode is passed with these two flags alone.
+    // open() has a mode argument only with these two flags.
     const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(arguments, mode_t) : 0;
     va_end(arguments);
     return error ? fail(error) : real(path, flags, mode);
@@ -101,7 +101,7 @@ int ioctl(int descriptor, unsigned long request, ...) noexcept {
 int close(int descriptor) {
     CORVELLA_REAL(close);
     const int error = errorFor("close", descriptor);
-    // The descriptor is gone even when closing reports that the last bytes could not be written.
+    // The descriptor is closed even when close() reports that the last bytes could not be written.
     const int result = real(descriptor);
     return error ? fail(error) : result;
 }

@@ -21,7 +21,7 @@ struct HostileRow {
     const char* behaviour;
     QByteArray bytes;
     Result result;
-    /// Of a file that is read.
+    /// The records of a file that can be read.
     QStringList records = {};
 };
 
@@ -55,7 +55,8 @@ QByteArray withDoctype(const QByteArray& doctype, const QByteArray& name) {
     return kDeclaration + "<!DOCTYPE CorvellaDocument " + doctype + ">\n" + category(name);
 }
 
-/// Ten times ten entities, ten deep: thousands of millions of characters if anyone spelt them out.
+/// Entities that each contain the one before ten times, ten levels deep: thousands of millions of characters when
+/// expanded.
 QByteArray billionLaughs() {
     QByteArray entities = "[<!ENTITY e0 \"ha\">";
     for (int level = 1; level <= 9; ++level) {
@@ -175,7 +176,7 @@ TEST(HostileText, ofManyErrorsEndsSoon) {
     EXPECT_LE(budget.log().size(), 21);
 }
 
-/// Attributes of one element, each with this between its name and the next one.
+/// One element with `count` attributes, each with `rest` after its name.
 QByteArray withAttributes(int count, const char* rest) {
     QByteArray attributes;
     for (int i = 0; i < count; ++i)
@@ -183,14 +184,15 @@ QByteArray withAttributes(int count, const char* rest) {
     return inRoot("<Transaction" + attributes + "/>");
 }
 
-/// Of the processor, in ticks of std::clock().
+/// The processor time for reading, in ticks of std::clock().
 std::clock_t timeToRead(const QByteArray& bytes) {
     const std::clock_t start = std::clock();
     const ParsedBudget budget(bytes);
     return std::clock() - start;
 }
 
-/// Four times as many take four times as long, not sixteen times: a file of some megabytes must not stop the program.
+/// Four times as many attributes may take four times as long, not sixteen times: a file of some megabytes must not
+/// block the program.
 TEST(HostileAttributes, withoutNumberTakeTimeInProportion) {
     constexpr std::clock_t kNoise = CLOCKS_PER_SEC / 50;
     for (const char* rest : {"=\"\"", "=''", "=\">\"", " = \"\"", "=\n'='", "=\"a='b' c='d'\""})

@@ -3,8 +3,8 @@
 #include <QStringList>
 #include <QtGlobal>
 
-/// Takes what is logged while this object lives, in place of standard error. At most one lives at a time; what other
-/// threads log is taken as well.
+/// Captures the log of all threads while this object lives, instead of writing it to standard error. At most one lives
+/// at a time.
 class LogCapture final {
 public:
     LogCapture();

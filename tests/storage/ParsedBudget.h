@@ -8,7 +8,7 @@
 #include <QByteArray>
 #include <QStringList>
 
-/// Counts the saves that a document asks for..
+/// Counts the saves that a document asks for.
 class SaveCounter final : public CVDocumentSaver {
 public:
     bool workbookSave(CVDocument& document) override;
@@ -20,15 +20,14 @@ private:
     int mCount = 0;
 };
 
-/// What the parser makes of some bytes: a document of its own, the outcome, and what was logged and announced
-/// meanwhile.
+/// The result of parsing some bytes: a new document, the outcome, the log and the notifications.
 class ParsedBudget final {
 public:
     explicit ParsedBudget(const QByteArray& bytes);
     ParsedBudget(const ParsedBudget&) = delete;
     ParsedBudget& operator=(const ParsedBudget&) = delete;
 
-    /// Whether the bytes were accepted, plain and well-formed.
+    /// Whether the parser accepted the bytes as plain, well-formed text.
     [[nodiscard]] bool read() const { return mRead; }
     [[nodiscard]] CVDocument& document() { return mBudget.document(); }
     [[nodiscard]] CVDocumentParserDelegate& parser() { return mParser; }
@@ -37,13 +36,13 @@ public:
     [[nodiscard]] const QStringList& log() const { return mLog; }
     [[nodiscard]] const SaveCounter& saves() const { return mSaves; }
     [[nodiscard]] const NotificationCounter& notifications() const { return mNotifications; }
-    /// The records as `describe` puts them.
+    /// The records in the form of `describe`.
     [[nodiscard]] QStringList records() { return describe(document()); }
-    /// Whether the document holds the standard categories and nothing else, as after a reset.
+    /// Whether the document contains exactly the standard categories, as after a reset.
     [[nodiscard]] bool holdsDefaults();
 
-    /// One short line for the counters ("M"), each set ("S"), transaction ("T") and category ("C"), in the order of the
-    /// file; fields that are null, zero or false are left out, and so is "M" when both counters are 0.
+    /// One short line each for the counters ("M"), sets ("S"), transactions ("T") and categories ("C"), in the order of
+    /// the file. Fields that are null, zero or false are left out; "M" is left out when both counters are 0.
     [[nodiscard]] static QStringList describe(const CVDocument& document);
 
 private:
@@ -55,5 +54,5 @@ private:
     QStringList mLog;
 };
 
-/// A whole file with these elements in its root.
+/// A complete file with these elements in its root.
 [[nodiscard]] QByteArray inRoot(const QByteArray& elements);

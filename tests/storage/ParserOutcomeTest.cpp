@@ -6,13 +6,13 @@
 
 namespace {
 
-/// A start tag that is closed by another name, in the fourth line.
+/// A start tag in the fourth line is closed by another name.
 const QByteArray kMalformed = inRoot("\n<MiscInfo id=\"40\" current_transaction_set_id=\"27\" />\n"
                                      "<TransactionSet id=\"27\">Checking</TransactionSet><Transaction/>"
                                      "<Category id=\"9\">Odd</Categories>\n<Transaction/>");
 
 TEST(ParserOutcome, ofAPlainFileIsMoreThanAnEmptyDocument) {
-    // With the wrong mark in its handler libxml2 calls no element callback, and reports no error either.
+    // With a wrong `initialized` field in its handler, libxml2 calls no element callback and reports no error.
     ParsedBudget budget(
         inRoot("<Transaction/><TransactionSet id=\"1\">a</TransactionSet><Category id=\"2\">b</Category>"));
     EXPECT_TRUE(budget.parser().foundRoot());

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// What stands in the root, and the records it makes.
+/// The content of the root element, and the resulting records.
 struct RecordRow {
     const char* behaviour;
     QByteArray elements;

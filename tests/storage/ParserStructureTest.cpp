@@ -6,7 +6,7 @@
 
 namespace {
 
-/// Elements within elements: what is skipped, what ends the skipping, and whose text counts.
+/// Nested elements: which are skipped, what ends the skipping, and whose text counts.
 struct StructureRow {
     const char* behaviour;
     QByteArray elements;

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// What stands between the tags of a set, and the name that it gives.
+/// The content of a set's element, and the resulting name.
 struct TextRow {
     const char* behaviour;
     QByteArray content;
@@ -52,7 +52,7 @@ const std::vector<TextRow> kTexts{
 INSTANTIATE_TEST_SUITE_P(all, ParserText, testing::ValuesIn(kTexts));
 
 TEST(ParserText, thatArrivesInPiecesIsPutTogether) {
-    // Far longer than what libxml2 hands over at a time, and split again at every entity and every line of it.
+    // Far longer than one piece from libxml2, which also splits a text at every entity and every line end.
     QString text;
     for (int i = 0; text.size() < 64 * 1024; ++i)
         text += QStringLiteral("%1 & Söhne <食>\n\U0001F600").arg(i);

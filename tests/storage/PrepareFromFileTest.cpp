@@ -84,7 +84,7 @@ TEST_F(PrepareFromFile, goesOnWithAnEncryptedFileThatLacksItsSalt) {
 }
 
 TEST_F(PrepareFromFile, saysWhyReadingFailed) {
-    // It opens like a file, and every read from its start fails.
+    // This file can be opened, but every read from its start fails.
     EXPECT_FALSE(mParser.prepareFromFile(QStringLiteral("/proc/self/mem"), &mError));
     EXPECT_EQ(mError.code, CVReadError::kUnknownRead);
     EXPECT_EQ(mError.path, "/proc/self/mem");

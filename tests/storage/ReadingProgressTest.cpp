@@ -14,7 +14,7 @@ namespace {
 
 class ReadingProgress : public testing::Test {
 protected:
-    /// Leaves a data file with that many transactions.
+    /// Writes a data file with that many transactions.
     void writeBudget(int transactions) {
         BudgetBuilder budget;
         budget.category("Food", 1).lastID(1);

@@ -14,8 +14,8 @@ QByteArray textOfDocument(const CVDocument& document) {
     return CVDocumentXMLRepresentation(document).joined();
 }
 
-/// A file that this program wrote must be the same file after it was opened and saved, or backups and version control
-/// of users would see changes that nobody made.
+/// Opening and saving a file that this program wrote must not change it: a difference would make backups and version
+/// control see a change that the user did not make.
 TEST(RoundTrip, ofAFileThatThisProgramWroteChangesNoByte) {
     const QByteArray bytes = sampleFile();
     ParsedBudget budget(bytes);
@@ -45,7 +45,7 @@ TEST(RoundTrip, ofAmountsKeepsTheCent) {
     }
 }
 
-/// Pasted from a web page, say: whatever a user can type, the file that holds it can be read.
+/// Whatever text a user types or pastes, the file that contains it must be readable.
 TEST(RoundTrip, ofATextThatLooksLikeAttributesKeepsIt) {
     for (const char* piece : {" a='b'", " a=\"b\"", "='", "=\"", " <a b='c'>", "&amp;", "]]>", "<!--", "<![CDATA["}) {
         BudgetBuilder budget;
@@ -57,7 +57,7 @@ TEST(RoundTrip, ofATextThatLooksLikeAttributesKeepsIt) {
     }
 }
 
-/// Letters that a text may hold, those that matter to XML and to UTF-8 more often than others.
+/// A random text, with frequent characters that are special in XML and in UTF-8.
 QString anyText() {
     const char32_t special[]{U'&',          U'<',
                              U'>',          U'"',
@@ -76,7 +76,7 @@ QString anyText() {
          {1, rc::gen::inRange<char32_t>(0, 0x10FFFF)}});
     QString text(QLatin1String(""));
     for (const char32_t c : *rc::gen::container<std::vector<char32_t>>(letter)) {
-        // Halves of pairs alone, too: a keyboard driver can deliver them.
+        // Lone surrogates are drawn too, because a keyboard driver can deliver them.
         if (c < 0x10000)
             text += QChar(static_cast<char16_t>(c));
         else
@@ -97,7 +97,7 @@ double anyAmount() {
 
 void fill(BudgetBuilder& budget) {
     budget.lastID(anyID()).currentSet(anyID());
-    // Of records that share an ID only the first is read back.
+    // Only the first of several records with the same ID is read back.
     for (quint32 id = anyID(), count = *rc::gen::inRange<quint32>(0, 4); count > 0; --count)
         budget.set(anyText(), id++);
     for (quint32 id = anyID(), count = *rc::gen::inRange<quint32>(0, 4); count > 0; --count)

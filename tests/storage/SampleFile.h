@@ -2,5 +2,5 @@
 
 #include <QByteArray>
 
-/// The bytes of data/budget.corvella: a small budget, just as this version of the program writes it.
+/// The bytes of data/budget.corvella, a small budget as this version of the program writes it.
 [[nodiscard]] QByteArray sampleFile();

@@ -18,9 +18,9 @@ using Before = SaveScenario::Before;
 using FaultyCalls::Fault;
 using FaultyCalls::Repeat;
 
-/// Every call of a save fails once, fails from then on, and fails with everything after it, for each reason that it may
-/// have; then every two of those that write fail. Nothing may be lost, nothing half done, and nothing said that is not
-/// so.
+/// Lets every call of a save fail once, at every repetition, and together with all later calls, for each possible
+/// error; then every pair of writing calls. No data may be lost, no file may be incomplete, and no message may be
+/// untrue.
 struct Row {
     const char* name;
     Before before;
@@ -50,7 +50,7 @@ const char* wordFor(Repeat repeat) {
 class SaveFaults : public testing::TestWithParam<Row> {
 protected:
     SaveFaults() {
-        // Thousands of saves: in memory, where there is such a place.
+        // The thousands of saves go to memory where possible, to save time.
         if (QFileInfo(QStringLiteral("/dev/shm")).isWritable())
             qputenv("TMPDIR", "/dev/shm");
     }
@@ -59,7 +59,7 @@ protected:
         ::umask(mUmask);
     }
 
-    /// Runs one save with these faults, notes what is broken afterwards, and returns the calls that were made.
+    /// Runs one save with these faults, records what is broken afterwards, and returns the calls made.
     std::vector<FaultyCalls::Call> tryFaults(const std::vector<Fault>& faults) {
         SaveScenario scenario(GetParam().before);
         auto calls = scenario.save(faults, GetParam().unsupported).calls;
@@ -72,7 +72,7 @@ protected:
         return calls;
     }
 
-    /// Each call that the table names, for each of its reasons, as long as it may last.
+    /// Lets each call of the table fail with each of its errors, for each duration.
     void tryEachCall(const FaultyCalls::Reasons& reasons) {
         const auto calls = tryFaults({});
         ASSERT_EQ(mSaved, 1) << "without any fault";
@@ -114,7 +114,7 @@ protected:
 
     LogCapture mLog;
     QByteArray mTemporary = qgetenv("TMPDIR");
-    /// Nothing but the program itself keeps new files from others.
+    /// The umask allows everything, so that only the program itself keeps new files private.
     mode_t mUmask = ::umask(0);
     int mTried = 0;
     int mSaved = 0;
@@ -181,7 +181,7 @@ TEST(SaveFaultsOfAFullDisk, AreToldAsSuchAndOthersWithTheirReason) {
     EXPECT_GE(tried, 6);
 }
 
-/// File systems that know less: one without files that have no name, and one without hard links either.
+/// Simpler file systems: one without nameless files, and one without hard links either.
 const std::vector<FaultyCalls::Unsupported> kNoNameless{{"tmpfile", EOPNOTSUPP}};
 const std::vector<FaultyCalls::Unsupported> kNoLinks{{"tmpfile", EOPNOTSUPP}, {"link", EPERM}};
 

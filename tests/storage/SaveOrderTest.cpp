@@ -11,7 +11,7 @@
 
 namespace {
 
-/// A worker that is held back in the middle of its first write.
+/// A save queue whose worker is blocked in the middle of its first write.
 class SaveOrder : public testing::Test {
 protected:
     SaveOrder() {

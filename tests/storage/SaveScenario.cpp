@@ -13,7 +13,7 @@ namespace {
 constexpr unsigned kModeOfOldFile = 0640;
 const QString kInside = QStringLiteral("/inside");
 
-/// Larger than the buffers of Qt, so that there is more than one write and more than one read.
+/// Larger than Qt's buffers, so that there are several writes and several reads.
 QByteArray encryptedFile() {
     return "<EncryptedData><CipherValue>" + QByteArray(50'000, 'x') + "</CipherValue></EncryptedData>";
 }
@@ -87,7 +87,7 @@ QString SaveScenario::brokenFile() const {
     const QByteArray bytes = bytesOnDisk();
     if (bytes == mNew && !bytes.isNull())
         return {};
-    // A folder, and a file of which the disk holds one name only, are moved aside before anything is written.
+    // A folder, or a file on a disk without hard links, is moved aside before the new file is written.
     const bool movedAside = bytes.isNull() && !mOutcome.keptCopy.isEmpty() && !mOutcome.saved;
     const bool old = mBefore == Before::Folder ? bytes.isNull() : bytes == mOld && bytes.isNull() == mOld.isNull();
     return old || movedAside ? QString() : QStringLiteral("the file is neither the old nor the new one");
@@ -108,7 +108,8 @@ QString SaveScenario::brokenWord() const {
     return {};
 }
 
-/// Whether something failed after the new file had taken its place: then it stands, but maybe not after a power cut.
+/// Whether a call failed after the new file had replaced the old one: the new file is then in place, but may not
+/// survive a power cut.
 bool SaveScenario::failedAfterReplacing() const {
     const auto& calls = mRecord.calls;
     const auto replaced = std::find_if(calls.rbegin(), calls.rend(), [this](const FaultyCalls::Call& call) {
@@ -118,7 +119,7 @@ bool SaveScenario::failedAfterReplacing() const {
            std::any_of(calls.rbegin(), replaced, [](const auto& call) { return call.failed; });
 }
 
-/// A kept copy that could not be synced can be kept in another way.
+/// A kept copy that cannot be synced can be made in another way.
 bool SaveScenario::failedToSyncTheNewFile() const {
     return std::any_of(mRecord.calls.begin(), mRecord.calls.end(), [](const FaultyCalls::Call& call) {
         return call.failed && call.name == "fsync" && call.path.find("(unreadable ") == std::string::npos;
@@ -156,7 +157,7 @@ QString SaveScenario::brokenLeftovers() const {
     return {};
 }
 
-/// Whether the unreadable file was kept by moving it: then there was none at its place when the new one was made.
+/// Whether the unreadable file was moved aside: in that case no file was at its place when the new one was written.
 bool SaveScenario::movedAside() const {
     const std::string place = mPath.toStdString();
     return std::any_of(mRecord.calls.begin(), mRecord.calls.end(), [&](const FaultyCalls::Call& call) {
@@ -169,7 +170,7 @@ QString SaveScenario::brokenModes() const {
     const bool isNewFile = mBefore == Before::Absent || mBefore == Before::Folder || movedAside();
     const unsigned mode = isNewFile ? 0600 : kModeOfOldFile;
     const unsigned widest = mBefore == Before::Unreadable ? kModeOfOldFile : mode;
-    // On a disk that knows no modes even the owner may not set one; a new file cannot be made private there.
+    // On a disk without permission bits chmod fails even for the owner, and a new file cannot be made private.
     if (isNewFile && mRecord.failed("chmod"))
         return {};
     if ((mRecord.modesWhileWriting & ~widest) != 0)

@@ -5,18 +5,18 @@
 #include "storage/CVDocumentFile.h"
 #include "storage/FaultyCalls.h"
 
-/// One save of a whole document by the real document file, over a state of the disk that is set up before, with faults
-/// in between; and what has to hold afterwards, whatever failed.
+/// One save by the real document file, over a prepared state of the disk and with injected faults, and the conditions
+/// that must hold afterwards.
 class SaveScenario final {
 public:
     enum class Before {
         /// A budget that the program has read.
         Good,
-        /// The same behind a symbolic link.
+        /// The same budget behind a symbolic link.
         Linked,
         /// An encrypted file, which must be kept.
         Unreadable,
-        /// A folder in the place of the file.
+        /// A folder at the path of the file.
         Folder,
         /// Neither the file nor its folder.
         Absent
@@ -26,14 +26,14 @@ public:
     SaveScenario(const SaveScenario&) = delete;
     SaveScenario& operator=(const SaveScenario&) = delete;
 
-    /// Saves with these faults and returns the calls that were made meanwhile.
+    /// Saves with these faults and returns the calls made.
     const FaultyCalls::Record& save(std::vector<FaultyCalls::Fault> faults = {},
                                     std::vector<FaultyCalls::Unsupported> unsupported = {});
     [[nodiscard]] bool wasSaved() const { return mOutcome.saved; }
     [[nodiscard]] const CVSaveOutcome& outcome() const { return mOutcome; }
-    /// What is not as it must be after the save, on the disk and in what was said about it; empty when all is well.
+    /// The broken conditions after the save, on the disk and in the messages; empty when all hold.
     [[nodiscard]] QStringList broken() const;
-    /// Changes the document, saves once more without faults, and tells the same.
+    /// Changes the document, saves again without faults and returns the broken conditions.
     [[nodiscard]] QStringList brokenAfterNextSave();
 
 private:
@@ -51,10 +51,10 @@ private:
 
     Before mBefore;
     ScratchHome mHome;
-    /// Where the file really lies.
+    /// The folder that really contains the file.
     QString mFolder;
     QString mPath;
-    /// What stands there before the save; null when nothing does.
+    /// The content before the save; null when there is none.
     QByteArray mOld;
     QByteArray mNew;
     BudgetBuilder mBudget;

@@ -5,9 +5,9 @@
 #include <QByteArray>
 #include <QStringList>
 
-/// Small words for tests that look at files.
+/// Short helpers for tests that look at files.
 
-/// Makes missing folders too; stops the test program when the file cannot be written.
+/// Writes a file and makes missing folders; stops the test program on failure.
 void writeFile(const QString& path, const QByteArray& bytes);
 /// The bytes of a file; null when there is none or it cannot be read.
 [[nodiscard]] QByteArray readFile(const QString& path);
@@ -16,7 +16,7 @@ void writeFile(const QString& path, const QByteArray& bytes);
 /// The permission bits as chmod takes them; -1 when there is nothing at `path`.
 [[nodiscard]] int modeOf(const QString& path);
 void setMode(const QString& path, unsigned mode);
-/// Stops the test program when the link cannot be made. `target` may be relative to the folder of `path`.
+/// Makes a symbolic link; stops the test program on failure. `target` may be relative to the folder of `path`.
 void makeLink(const QString& target, const QString& path);
 /// A text of one piece.
 [[nodiscard]] CVDocumentText textOf(const QByteArray& bytes);

@@ -22,7 +22,7 @@ namespace {
 
 using Outcome = CVLoadReport::Outcome;
 
-/// The program meets a file at the place of its data file that it cannot load: no byte of it may get lost.
+/// The program finds an unreadable file at the place of its data file: no byte of it may get lost.
 class UnreadableFile : public testing::Test {
 protected:
     /// Starts the program.
@@ -36,7 +36,7 @@ protected:
         return mFile->saves().waitForFinished();
     }
     [[nodiscard]] QByteArray text() const { return CVDocumentXMLRepresentation(*mDocument).joined(); }
-    /// The one name beside the data file, as a path.
+    /// The path of the only other file beside the data file.
     [[nodiscard]] QString keptCopy() const {
         const QStringList others = namesIn(mFolder).filter(QStringLiteral("unreadable"));
         return others.size() == 1 ? mFolder + u'/' + others.front() : QString();
@@ -144,7 +144,7 @@ TEST_F(UnreadableFile, thatIsAFolderIsMovedAsideWhole) {
 }
 
 TEST_F(UnreadableFile, thatCannotBeReadFromTheDiskIsReported) {
-    // Behind this link every read fails, and nothing can be kept beside it.
+    // Every read through this link fails, and nothing can be written beside its target.
     mHome.userDefaults().setString(CVDefaultsKeys::kDataFileLocation, mHome.path(QStringLiteral("link")));
     makeLink(QStringLiteral("/proc/self/mem"), mHome.path(QStringLiteral("link")));
     open();

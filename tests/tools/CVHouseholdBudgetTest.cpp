@@ -16,7 +16,7 @@ class CVHouseholdBudgetTest : public testing::Test {
 public:
     CVHouseholdBudgetTest() { CVFillHouseholdBudget(*mDocument, day(2026, 11, 22)); }
 
-    /// "Set: Category" of every transaction, each once.
+    /// The different "Set: Category" pairs of all transactions.
     [[nodiscard]] std::set<std::string> uses() const {
         std::set<std::string> uses;
         for (const auto& transaction : mDocument->transactions()) {

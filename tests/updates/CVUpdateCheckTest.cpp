@@ -15,7 +15,7 @@ namespace {
 using Manner = UpdateServer::Manner;
 
 constexpr int kPatience = 20'000;
-/// Whatever does not end before this has not been ended.
+/// After this time a check counts as not ended.
 constexpr std::chrono::milliseconds kMuchLater(10 * kPatience);
 constexpr std::chrono::milliseconds kSoon(500);
 
@@ -27,7 +27,7 @@ protected:
         mCheck = std::make_unique<CVUpdateCheck>(CVFetchLimits{silence, total});
     }
 
-    /// What comes back from that address; a null one when nothing does.
+    /// The reply from an address; null when there is none.
     QByteArray fetched(const QString& address) {
         const QSignalSpy spy(mCheck.get(), &CVUpdateCheck::finished);
         mCheck->start(QUrl(address), "Corvella/1.0");
@@ -37,7 +37,7 @@ protected:
         return spy.isEmpty() ? QByteArray("no end") : spy.constFirst().constFirst().toByteArray();
     }
 
-    /// An address that leads to the server, but is not that of this machine.
+    /// An address that reaches the server under another host name.
     static QString elsewhere(const UpdateServer& server) { return server.address().replace("127.0.0.1", "0.0.0.0"); }
 
     UpdateServer mServer;
@@ -175,7 +175,7 @@ TEST_F(CVUpdateCheckTest, AnAnswerThatIsOnItsWayWhenTheCheckIsCancelledIsNotDeli
     mCheck->start(QUrl(mServer.address()), "Corvella/1.0");
     while (mServer.requests().isEmpty())
         QTest::qSleep(10);
-    // Without an event loop: the worker has its answer, and nobody has taken it.
+    // No event loop runs here: the worker has the answer, but its result is not delivered.
     QTest::qSleep(300);
     mCheck->cancel();
     QTest::qWait(50);

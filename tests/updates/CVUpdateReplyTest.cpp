@@ -7,7 +7,7 @@
 
 namespace {
 
-/// The version of the entry that is chosen; null when none is.
+/// The version of the chosen entry; null when none is chosen.
 QString chosen(const QByteArray& reply, const QString& version) {
     const auto entry = CVChooseUpdateEntry(reply, version);
     return entry ? entry->value("Version").toString() : QString();

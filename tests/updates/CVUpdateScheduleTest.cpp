@@ -25,7 +25,7 @@ const Row kRows[] = {
     {"daily: a clock that was turned back", 1, day(2014, 4, 1), false},
     {"weekly: seven days ago", 2, day(2014, 3, 24), false},
     {"weekly: more than seven days ago", 2, day(2014, 3, 23), true},
-    // 31 February is 3 March.
+    // A month before 31 March is 31 February, which counts as 3 March.
     {"monthly: on the day a month ago", 3, day(2014, 3, 3), false},
     {"monthly: the day before", 3, day(2014, 3, 2), true},
     {"a frequency that there is not", 4, day(2000, 1, 1), false},

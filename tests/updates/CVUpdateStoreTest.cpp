@@ -14,7 +14,7 @@ namespace {
 
 class CVUpdateStoreTest : public testing::Test {
 protected:
-    /// What the store does for a program of that version.
+    /// The update store of a program of that version.
     [[nodiscard]] CVUpdateStore store(const QString& version = "1.0") { return {defaults(), version}; }
     [[nodiscard]] QBUserDefaults& defaults() { return mHome.userDefaults(); }
     [[nodiscard]] QVariantMap info() { return defaults().dictionaryForKey(CVDefaultsKeys::kUpdatedAppInfo); }

@@ -16,7 +16,7 @@ namespace {
 const CVAlert kThreeButtons{"Really?", "It <b>matters</b>.", "Do It", "Cancel", "Later"};
 const CVAlert kOneButton{"Input Error", "You must select a category", "OK"};
 
-/// Shows an alert and lets `act` deal with it once it is on the screen.
+/// Shows an alert and calls `act` once the alert is on the screen.
 template <typename Act>
 CVAlert::Answer run(const CVAlert& alert, Act act, QWidget* window = nullptr) {
     QTimer::singleShot(0, [act] {

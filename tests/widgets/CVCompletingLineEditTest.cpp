@@ -27,7 +27,7 @@ TEST(CVCompletedString, IsTheFirstItemThatBeginsWithTheTextInAnyCase) {
 struct Stroke {
     Qt::Key key = Qt::Key_unknown;
     Qt::KeyboardModifiers modifiers;
-    /// In place of a key.
+    /// The letter that is typed; 0 where `key` is pressed.
     char letter = 0;
 };
 
@@ -51,7 +51,7 @@ void press(QWidget& field, const Stroke& stroke) {
         QTest::keyClick(&field, stroke.key, stroke.modifiers);
 }
 
-/// The text with its selection in brackets, and its cursor.
+/// The text with its selection in brackets and its cursor.
 QString shown(const QLineEdit& field) {
     QString text = field.text();
     int cursor = field.cursorPosition();
@@ -62,7 +62,7 @@ QString shown(const QLineEdit& field) {
     return text.insert(cursor, '|');
 }
 
-/// A box and a plain field that hold the same text, all of it selected.
+/// A combo box and a plain line edit with the same text, all of it selected.
 class CVCompletingLineEditTest : public testing::Test {
 protected:
     void start(const QStringList& items, const QString& text) {
@@ -79,7 +79,7 @@ protected:
     [[nodiscard]] QLineEdit& field() const { return *mBox.lineEdit(); }
     [[nodiscard]] QString shown() const { return ::shown(field()); }
 
-    /// Undoes all and does it again; what is there when nothing is left to undo.
+    /// Undoes everything and redoes it; returns the text after all undos.
     [[nodiscard]] QString textBeforeAll() {
         const QString last = field().text();
         int undone = 0;
@@ -235,7 +235,7 @@ TEST_F(CVCompletingLineEditTest, WhatAnInputMethodCommitsIsCompletedAndUndoneAsW
 }
 
 TEST_F(CVCompletingLineEditTest, UndoingAllBringsBackTheFirstTextAndRedoingAllTheLast) {
-    // Redo is left to the end, and the keys that remove words to others: a plain field itself loses track of those.
+    // No stroke redoes or removes words: a plain line edit itself loses track of these.
     std::vector<Stroke> strokes{kUndo, kSelectAll};
     for (const char letter : {'g', 'r', 'o', 'G', 'R', 'c', 'x', ' '})
         strokes.insert(strokes.end(), 3, letterStroke(letter));

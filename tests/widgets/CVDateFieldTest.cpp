@@ -39,7 +39,7 @@ protected:
 
     FixedToday mToday{day(2014, 3, 12)};
     CVDateField mField;
-    /// What the field has announced.
+    /// The days that the field has announced.
     QList<QBDate> mEntered;
 };
 
@@ -141,7 +141,7 @@ TEST_F(CVDateFieldTest, TheCalendarLiesOnTheScreenAndBeginsWhereTheFieldBegins) 
                 mField.show();
                 ASSERT_TRUE(QTest::qWaitForWindowExposed(&mField));
                 mField.showCalendar();
-                // Where the platform puts it may differ by a frame.
+                // The platform may shift the popup by the width of a frame.
                 const QSize size = calendar()->window()->size();
                 const QRect place(CVPopupPosition(mField, size), size);
                 EXPECT_LT((place.topLeft() - calendar()->window()->pos()).manhattanLength(), 6);
@@ -230,7 +230,7 @@ TEST_F(CVDateFieldTest, WhatWasTypedBeforeTheLocaleChangedIsReadInTheFormerOne) 
     EXPECT_EQ(mField.text(), "07/03/2014");
 }
 
-/// A date field that can be left for another field, another window and a menu.
+/// A date field whose focus can go to another field, another window or a menu.
 class LeavingADateFieldTest : public testing::Test {
 protected:
     LeavingADateFieldTest() {

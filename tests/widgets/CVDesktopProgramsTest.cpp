@@ -14,7 +14,7 @@
 
 namespace {
 
-/// A desktop whose opener writes down what it is given, and ends as it is told to.
+/// A desktop whose opener records its arguments and ends as it is told.
 class CVDesktopProgramsTest : public testing::Test {
 protected:
     CVDesktopProgramsTest() { qputenv("PATH", mFolder.path().toLocal8Bit() + ':' + mPath); }

@@ -16,7 +16,7 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&mWindow));
     }
 
-    /// Whether a text has the window laid out anew.
+    /// Whether showing a text lays out the window again.
     bool isLaidOutFor(const QString& text) {
         const int before = mField->width();
         mField->setText(text);

@@ -33,7 +33,7 @@ protected:
         QTest::keyClick(mField, Qt::Key_Return);
     }
 
-    /// What floats below the field.
+    /// The note below the field.
     [[nodiscard]] QString preview() const {
         const auto* const note = mField->findChild<CVFieldNote*>();
         return note->isVisible() ? note->text() : QString();

@@ -9,7 +9,7 @@ namespace {
 
 using testing::ElementsAre;
 
-/// Wishes for a width, and can do with half of it.
+/// A widget with a preferred width and half of it as minimum.
 class Box final : public QWidget {
 public:
     explicit Box(int width, QWidget* parent) : QWidget(parent), mWidth(width) {
@@ -23,7 +23,7 @@ private:
     int mWidth;
 };
 
-/// Three boxes of 100, 60 and 40 pixels with gaps of 10, and lines of 20.
+/// Three boxes of 100, 60 and 40 pixels, with gaps of 10 and a height of 20.
 class CVWrappingLayoutTest : public testing::Test {
 protected:
     CVWrappingLayoutTest() : mLayout(new CVWrappingLayout(&mWindow)) {
@@ -54,9 +54,9 @@ TEST_F(CVWrappingLayoutTest, PlacesItsPartsBesideEachOtherTheLastAtTheEdge) {
 }
 
 TEST_F(CVWrappingLayoutTest, SqueezesBeforeItWraps) {
-    // All are at their smallest.
+    // All boxes have their minimum widths.
     EXPECT_THAT(placesIn(120), ElementsAre(QRect(0, 0, 50, 20), QRect(60, 0, 30, 20), QRect(100, 0, 20, 20)));
-    // Half of what they could be squeezed by.
+    // The boxes are squeezed by half of the possible amount.
     EXPECT_THAT(placesIn(170), ElementsAre(QRect(0, 0, 75, 20), QRect(85, 0, 45, 20), QRect(140, 0, 30, 20)));
 }
 

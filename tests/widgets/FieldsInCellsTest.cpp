@@ -18,7 +18,7 @@ namespace {
 
 enum Column { DateColumn, AmountColumn, CategoryColumn, ColumnCount };
 
-/// Edits the cells of a table with the fields of the entry strip, as the lists do.
+/// Edits the cells of a table with the fields of the entry strip, as the real tables do.
 class FieldDelegate final : public QStyledItemDelegate {
 public:
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
@@ -94,7 +94,7 @@ protected:
 
     [[nodiscard]] bool isEditing() const { return mTable.viewport()->findChild<QLineEdit*>() != nullptr; }
 
-    /// Editors are deleted through the event loop.
+    /// Whether the editor closes; editors are deleted in the event loop.
     [[nodiscard]] bool closes() const {
         return QTest::qWaitFor([this] { return !isEditing(); });
     }
@@ -138,7 +138,7 @@ TEST_F(FieldsInCellsTest, ReturnAndTabCommitWhatWasTyped) {
             type(row.typed);
             press(key);
             EXPECT_TRUE(QTest::qWaitFor([&] { return value(row.column) == row.value; })) << row.typed << key;
-            // After Tab the view edits the next cell.
+            // Tab opens the editor of the next cell.
             if (isEditing())
                 press(Qt::Key_Escape);
             EXPECT_TRUE(closes()) << row.typed << key;

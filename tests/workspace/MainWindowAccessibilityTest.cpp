@@ -10,7 +10,7 @@
 
 namespace {
 
-/// What a screen reader meets in the window.
+/// The accessible objects of the main window.
 class MainWindowAccessibilityTest : public MainWindowFixture {
 protected:
     void SetUp() override {
@@ -41,7 +41,7 @@ TEST_F(MainWindowAccessibilityTest, TheTextsOfBoxesAndTheBarsOfTabsAreNamed) {
     EXPECT_EQ(nameOf(find<QComboBox>("mExpenseCategoryComboBox")->lineEdit()), "Category");
     for (const auto* const tabs : window().findChildren<QTabWidget*>()) {
         EXPECT_NE(tabs->accessibleName(), "") << tabs->objectName().toStdString();
-        // Without a name a bar is called as its current tab.
+        // A tab bar without a name gets the name of its current tab.
         EXPECT_EQ(tabs->tabBar()->accessibleName(), tabs->accessibleName());
     }
     table().setCurrentIndex(table().model()->index(0, Column::Category));

@@ -14,7 +14,7 @@
 
 namespace {
 
-/// Remembers what it was asked to show.
+/// Records the windows that it is asked to show.
 class RecordingWindows final : public CVDocumentWindows {
 public:
     void createCategoryEditController() override { ++mCategoryEditors; }

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// What the commands for duplicates and for the export make of a list that was narrowed or sorted.
+/// The commands for duplicates and export on a filtered or sorted list.
 class MainWindowDuplicatesExportTest : public MainWindowFixture {
 protected:
     void SetUp() override {

@@ -24,7 +24,7 @@ protected:
         table().setFocus();
     }
 
-    /// Opens the editor of a cell as F2 does, and replaces what it holds.
+    /// Opens the editor of a cell as F2 does and replaces its text.
     void edit(int row, Column column, const QString& text) const {
         table().setFocus();
         table().setCurrentIndex(table().model()->index(row, column));
@@ -34,7 +34,7 @@ protected:
         type(text);
     }
 
-    /// An editor commits once it has processed the key itself.
+    /// Presses a key and processes posted events: a cell editor commits after the key event.
     static void commit(Qt::Key key = Qt::Key_Return) {
         press(key);
         QCoreApplication::processEvents();

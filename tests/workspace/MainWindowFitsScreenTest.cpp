@@ -11,12 +11,12 @@
 
 namespace {
 
-/// What is seen of the window's parts at the least on each of the screens.
+/// The minimum visible sizes of the window's parts on each screen.
 struct Least {
     ScreenRow screen;
     int letters;
     int rows;
-    /// The screen is too small for all at once.
+    /// The screen is too small for the whole content, so it may scroll.
     bool mayScroll = false;
 };
 
@@ -84,7 +84,7 @@ protected:
         const QWidget& whole = *content().widget();
         for (const auto* const widget : whole.findChildren<QWidget*>()) {
             const QRect place(widget->mapTo(&whole, QPoint()), widget->size());
-            // What scrolls has more than it shows.
+            // A scrolled widget may be larger than its visible part.
             const bool isScrolled = widget->parentWidget()->objectName() == "qt_scrollarea_viewport";
             if (!widget->isVisible() || widget->isWindow() || isScrolled)
                 continue;

@@ -19,7 +19,7 @@
 
 #include <memory>
 
-/// The real main window on a budget of the test's own, on 7 March 2014. Keys go to the widget that has the focus.
+/// The real main window on a budget of the test's own; today is 7 March 2014. Keys go to the widget with the focus.
 class MainWindowFixture : public testing::Test {
 protected:
     using Column = CVTransactionTableModel::Column;
@@ -74,7 +74,7 @@ protected:
         type("mExpenseCategoryComboBox", category);
     }
 
-    /// What a field or a combo box shows.
+    /// The text of a field or a combo box.
     [[nodiscard]] QString textOf(const char* name) const {
         const auto* const widget = find<QWidget>(name);
         const auto* const field = qobject_cast<const QLineEdit*>(widget);

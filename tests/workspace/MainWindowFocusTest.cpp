@@ -4,7 +4,7 @@
 
 namespace {
 
-/// Where the keys go after a command that was given while something else had the focus.
+/// The focus after a command that was given while another widget had the focus.
 class MainWindowFocusTest : public MainWindowFixture {
 protected:
     void SetUp() override {
@@ -17,7 +17,7 @@ protected:
         open();
     }
 
-    /// Leaves a payee half typed in the first row.
+    /// Opens the editor of the first payee, types a text and leaves the editor open.
     void typeIntoCell(const QString& text) const {
         table().setFocus();
         table().setCurrentIndex(table().model()->index(0, Column::ToFrom));
@@ -59,7 +59,7 @@ TEST_F(MainWindowFocusTest, TheRemoveButtonLeadsToTheTable) {
     EXPECT_EQ(focused(), &table());
 }
 
-/// What the toolkit complains of while it lives.
+/// Collects the toolkit's warnings while this object lives.
 class Complaints {
 public:
     Complaints() { qInstallMessageHandler(note); }

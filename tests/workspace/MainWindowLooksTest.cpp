@@ -4,7 +4,7 @@
 
 namespace {
 
-/// The share of light pixels in what a widget shows.
+/// The share of light pixels in the picture of a widget.
 double lightness(QWidget& widget) {
     const QImage image = widget.grab().toImage();
     qint64 light = 0;

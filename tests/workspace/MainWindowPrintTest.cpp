@@ -131,7 +131,7 @@ TEST_F(MainWindowPrintTest, ThePlanTakesAllTransactionsAndSharesAndTaxTheDisplay
         mController->printReport(CVPrintWay::Print);
     }
     EXPECT_EQ(lineOf(0, 2), "Car\tMonthly\t$10.00\t$0.00\t$10.00") << "the range holds no whole month";
-    // The displayed transactions come to 10; the figures of the categories are those of all.
+    // The displayed transactions total 10, but the categories' figures include all transactions.
     EXPECT_EQ(lineOf(1, 2), "Car\t$30.00\t300.00%");
     EXPECT_EQ(lineOf(1, 3), "Food\t$10.00\t100.00%");
     EXPECT_EQ(lineOf(2, 2), "Car\t0\t$0.00");

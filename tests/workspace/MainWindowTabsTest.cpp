@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Coming back to a tab computes nothing that still holds, and everything that does not.
+/// Returning to a tab computes only what has become out of date.
 class MainWindowTabsTest : public MainWindowFixture {
 protected:
     enum Tab { Transactions, Summary, Reports };
@@ -21,7 +21,7 @@ protected:
             .transaction({.date = day(2014, 3, 6), .amount = 20, .payTo = "Baker", .category = "Food"})
             .inOrder();
         open();
-        // Each has been shown and computed once.
+        // Each tab is shown, and so computed, once.
         show(Reports);
         show(Summary);
         show(Transactions);
@@ -47,7 +47,7 @@ protected:
         return shown;
     }
 
-    /// Category, its total, and so on.
+    /// The texts of the table of averages: category, total, and so on.
     [[nodiscard]] QStringList averages() const {
         show(Reports);
         QStringList shown = texts("mAveragesTable").mid(0, 2);
@@ -131,7 +131,7 @@ TEST_F(MainWindowTabsTest, ShowWhatIsRecordedInFrontOfThem) {
 }
 
 TEST_F(MainWindowTabsTest, ShowTheirFiguresWhenTheWindowOpensOnThem) {
-    // All of one day, on which a range that was never set stands as well.
+    // All transactions get one day, which is also the range before any range was set.
     setCell(1, Column::Date, QVariant::fromValue(std::optional(day(2014, 3, 7))));
     for (const Tab tab : {Summary, Reports, Transactions}) {
         document().userDefaults().setInteger(CVDefaultsKeys::kDisplayTab, tab);

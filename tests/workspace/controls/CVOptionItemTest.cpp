@@ -14,7 +14,7 @@ protected:
         mOption->setModifierReader([this] { return mHeld; });
     }
 
-    /// Whether the item is in the menu once it has had the time to look.
+    /// Whether the item is visible after the timer has had time to read the key.
     [[nodiscard]] bool isShown() const {
         QTest::qWait(150);
         return mItem->isVisible();

@@ -72,7 +72,7 @@ TEST_F(EntryStripDateTest, AnAlertThatLetsOtherEventsRunIsFollowedByNoSecondOne)
         QMessageBox alert(&mWindow);
         QTimer::singleShot(200, &alert, &QDialog::reject);
         alert.exec();
-        // As window managers do by themselves.
+        // The tests activate the window, as a window manager would.
         mWindow.activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&mWindow));
     };

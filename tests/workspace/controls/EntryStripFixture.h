@@ -17,7 +17,7 @@
 
 #include <functional>
 
-/// A strip above another field, and someone who records and shows problems as the main window does.
+/// An entry strip above another field, with an owner that records and shows problems like the main window.
 class EntryStripFixture : public testing::Test {
 protected:
     EntryStripFixture() {
@@ -80,7 +80,7 @@ protected:
         return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
     }
 
-    /// Long enough for everything that was put off.
+    /// Waits long enough for all delayed work.
     static void settle() { QTest::qWait(150); }
 
     FixedToday mToday{day(2014, 3, 12)};

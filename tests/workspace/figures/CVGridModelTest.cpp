@@ -18,7 +18,7 @@ namespace {
 using Part = CVGridModel::Part;
 constexpr auto kFatal = QAbstractItemModelTester::FailureReportingMode::Fatal;
 
-/// The models of the four tables, on Wednesday 12 March 2014, under constant examination.
+/// The models of the four tables on Wednesday 12 March 2014, checked for consistency.
 class CVGridModelTest : public testing::Test {
 public:
     CVGridModelTest() {
@@ -50,7 +50,7 @@ public:
         return mPeriods.headerData(column, Qt::Horizontal, role);
     }
 
-    /// The column whose header stands out by everything that it should; -1 for none or several.
+    /// The column whose header has every mark of today; -1 for none or several.
     [[nodiscard]] int columnOfToday() const {
         int today = -1;
         for (int column = 0; column < mPeriods.columnCount(); ++column) {

@@ -23,7 +23,7 @@ namespace {
 using Table = CVReportTable;
 constexpr auto kFatal = QAbstractItemModelTester::FailureReportingMode::Fatal;
 
-/// The models of the four tables over the first quarter of 2014, under constant examination.
+/// The models of the four tables over the first quarter of 2014, checked for consistency.
 class CVReportModelTest : public testing::Test {
 public:
     CVReportModelTest() {

@@ -99,7 +99,7 @@ TEST_F(CVSummaryTabTest, SelectionAndScrollPositionSurviveAReload) {
 
 TEST_F(CVSummaryTabTest, TheScrollPositionSurvivesAChangeOfRowsAndOfColumns) {
     categories(60).show(CVDisplayPeriods::Week);
-    // Far from what is shown: coming back to the current cell must not scroll to it.
+    // The current cell is far from the visible part: restoring it must not scroll to it.
     mPeriods.setCurrentIndex(mPeriods.model()->index(0, 0));
     for (const auto change : {+[](SummaryTabFixture& fixture) { fixture.mRows.pop_back(); },
                               +[](SummaryTabFixture& fixture) { fixture.mContents.periods().setTimePeriod(0, {}); }}) {

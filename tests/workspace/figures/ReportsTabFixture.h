@@ -16,7 +16,7 @@
 
 #include <gtest/gtest.h>
 
-/// The reports tab alone, with an owner that does with an edit what the main window does.
+/// The reports tab alone, with an owner that carries out an edit like the main window.
 class ReportsTabFixture : public testing::Test {
 protected:
     enum Column { kName, kFrequency, kTarget };
@@ -54,7 +54,7 @@ protected:
         return *mTab.findChild<Widget*>(name);
     }
 
-    /// Puts the focus on a cell of the totals table.
+    /// Makes a cell of the totals table current and gives the table the focus.
     void goTo(int row, int column) {
         mTab.setReportTab(static_cast<int>(CVReportTable::Totals));
         mTotals.setFocus();
@@ -62,7 +62,7 @@ protected:
     }
 
     static void press(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
-    /// Letter by letter, as the first one may open an editor.
+    /// Types letter by letter, because the first letter may open an editor that gets the others.
     static void type(const QString& text) {
         for (const QChar letter : text)
             QTest::keyClicks(QApplication::focusWidget(), letter);
@@ -73,7 +73,7 @@ protected:
     }
     [[nodiscard]] const CVCategory& category(int row) const { return *mContents.rows()[static_cast<std::size_t>(row)]; }
     [[nodiscard]] CVMoneyField* amountEditor() const { return mTotals.findChild<CVMoneyField*>(); }
-    /// The list of frequencies, once it is open.
+    /// Waits for the list of frequencies to open.
     [[nodiscard]] QAbstractItemView* openList() const {
         const auto* const box = mTotals.findChild<QComboBox*>();
         const bool isOpen = box && QTest::qWaitFor([box] { return box->view()->isVisible(); });

@@ -11,7 +11,7 @@
 
 #include <gtest/gtest.h>
 
-/// The summary tab alone, on Wednesday 12 March 2014, 900 x 400 pixels large.
+/// The summary tab alone, on Wednesday 12 March 2014, 900 x 400 pixels in size.
 class SummaryTabFixture : public testing::Test {
 public:
     SummaryTabFixture() {
@@ -21,7 +21,7 @@ public:
         reload();
     }
 
-    /// That many categories in place of those before.
+    /// Replaces the categories by `count` new ones.
     SummaryTabFixture& categories(int count) {
         mRows.clear();
         for (int i = 0; i < count; ++i) {
@@ -32,7 +32,7 @@ public:
         return *this;
     }
 
-    /// Today.
+    /// Spends an amount today.
     SummaryTabFixture& spendOn(int category, double amount) {
         mBudget.transaction(
             {.date = day(2014, 3, 12), .amount = amount, .categoryID = static_cast<quint32>(category + 1)});

@@ -28,7 +28,7 @@ protected:
         return widths;
     }
 
-    /// All rows stand at the height at which the periods show them.
+    /// Expects each row at the same height in all tables.
     void expectAlignedRows() const {
         for (const QTableView* const table : tablesOfRows()) {
             for (int row = 0; row < mPeriods.model()->rowCount(); ++row)
@@ -38,7 +38,7 @@ protected:
         }
     }
 
-    /// All totals stand below their periods.
+    /// Expects each total below its period.
     void expectAlignedColumns() const {
         EXPECT_EQ(widths(mPeriods), widths(mPeriodTotals));
         for (int column = 0; column < mPeriods.model()->columnCount(); ++column)
@@ -127,7 +127,7 @@ TEST_F(SummaryTabLayoutTest, ScrollingToTheSideKeepsTotalsBelowTheirPeriods) {
     }
 }
 
-/// In each of the fonts of the tests.
+/// The layout in each of the tests' fonts.
 class SummaryTabFontTest : public SummaryTabLayoutTest, public testing::WithParamInterface<const char*> {
 protected:
     SummaryTabFontTest() {

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// No server answers in the tests.
+/// No print server runs in the tests.
 TEST(CVCupsQueue, TellsWhyAQueueDidNotTakeThePages) {
     qputenv("CUPS_SERVER", "/dev/null");
     const QTemporaryDir folder;

@@ -61,7 +61,7 @@ TEST_F(PrintDialogs, PrintToTheEndWhereMorePagesWereChosenAndNothingBehindIt) {
     EXPECT_FALSE(QFile::exists(path));
 }
 
-/// The grid when there are no categories.
+/// A grid without categories.
 struct NoRows final : CVSummaryTable {
     [[nodiscard]] QString columnTitle(int /*column*/) const override { return {}; }
     [[nodiscard]] std::optional<double> objectValue(int /*column*/, int /*row*/) const override { return {}; }

@@ -17,7 +17,7 @@
 
 #include <functional>
 
-/// The toolkit's dialogs, answered while they are shown, on a machine without printers.
+/// Answers the toolkit's dialogs while they are shown, on a machine without printers.
 struct PrintDialogs : testing::Test {
     static void SetUpTestSuite() { qputenv("CUPS_SERVER", "/dev/null"); }
 
@@ -26,7 +26,7 @@ struct PrintDialogs : testing::Test {
             CVDocument::Transactions(transactions, makeTransaction({.amount = 1, .payTo = "Market"})));
     }
 
-    /// Does something with the dialog of that kind once it is shown.
+    /// Calls a function with the dialog of that kind once it is shown.
     template <typename Dialog>
     void whenShown(std::function<void(Dialog&)> act) {
         auto* const timer = new QTimer(&window);
@@ -39,7 +39,7 @@ struct PrintDialogs : testing::Test {
         timer->start(10);
     }
 
-    /// Cancels as soon as there is something to cancel; `wasShown`, which outlives the dialog, tells that there was.
+    /// Cancels the progress panel as soon as it is shown. `wasShown`, which outlives the dialog, tells whether it was.
     void cancelProgress(bool& wasShown) {
         whenShown<QProgressDialog>([&wasShown](QProgressDialog& progress) {
             wasShown = true;
@@ -47,7 +47,7 @@ struct PrintDialogs : testing::Test {
         });
     }
 
-    /// Prints to a file, as the user does who chooses that.
+    /// Chooses to print to a file, as a user does in the dialog.
     void chooseFile(int from = 0, int to = 0) {
         whenShown<QPrintDialog>([this, from, to](QPrintDialog& dialog) {
             dialog.printer()->setOutputFileName(path);
@@ -56,8 +56,8 @@ struct PrintDialogs : testing::Test {
         });
     }
 
-    /// Prints on paper, as the user does who leaves everything as it is. What the toolkit's dialog puts in place of the
-    /// paper of the page set-up is `paperOfQueue`.
+    /// Prints on paper without changing anything in the dialog. The toolkit's dialog replaces the paper of the page
+    /// set-up by `paperOfQueue`.
     void choosePrinter(QPageSize::PageSizeId paperOfQueue = QPageSize::Letter) {
         whenShown<QPrintDialog>([paperOfQueue](QPrintDialog& dialog) {
             dialog.printer()->setPageSize(QPageSize(paperOfQueue));

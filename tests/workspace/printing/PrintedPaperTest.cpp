@@ -146,7 +146,7 @@ TEST_F(PrintDialogs, OfferPaperOfASizeOfTheUsersOwnAgain) {
     EXPECT_EQ(printInfo.paperSize(), before.paperSize());
 }
 
-/// A dialog of the toolkit's, which always begins with the usual paper of the queue.
+/// A printer properties dialog like the toolkit's, which always begins with the default paper of the queue.
 struct PropertiesOfAPrinter : QDialog {
     explicit PropertiesOfAPrinter(QWidget* parent) : QDialog(parent) {
         papers->setObjectName("pageSizeCombo");

@@ -13,7 +13,7 @@ namespace {
 
 using Model = CVTransactionTableModel;
 
-/// A model under constant examination; a violation ends the test program.
+/// A model that is checked for consistency; a violation ends the test program.
 class CVTransactionTableModelTest : public testing::Test {
 protected:
     void rebuild() {
