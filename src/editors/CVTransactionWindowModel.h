@@ -17,7 +17,7 @@ public:
     [[nodiscard]] const CVDocument::Transactions& transactions() const { return mTransactions; }
     /// Shows the changed flag of a row.
     void showFlag(int row);
-    /// Dates and amounts are shown in the locale in force.
+    /// Shows dates and amounts in the locale now in force.
     void updateFormatters();
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;

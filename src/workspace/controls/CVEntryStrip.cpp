@@ -25,14 +25,14 @@
 namespace {
 
 enum Row { LabelRow, FieldRow };
-/// In characters.
+/// The minimum width of the field “For”, in characters.
 constexpr int kShortestFor = 7;
 /// The stretch of the two halves of the strip.
 constexpr int kFirstHalfStretch = 3;
 constexpr int kSecondHalfStretch = 5;
-/// Between a label and its field. In pixels.
+/// The gap between a label and its field. In pixels.
 constexpr int kLabelGap = 2;
-/// Between two fields. In pixels.
+/// The gap between two fields. In pixels.
 constexpr int kFieldGap = 6;
 /// How long to wait before checking again whether a click has ended.
 constexpr std::chrono::milliseconds kClickPatience(50);

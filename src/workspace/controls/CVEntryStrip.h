@@ -25,7 +25,6 @@ public:
     [[nodiscard]] std::optional<CVEntryProblem> endEditing();
     [[nodiscard]] CVEntry entry() const;
 
-    /// Sets the amount to zero.
     void resetAmount();
     /// Clears every field except the date and unticks the tax box.
     void clearFields();

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// In characters.
+/// The usual and the smallest width, in characters.
 constexpr int kUsualWidth = 26;
 constexpr int kSmallestWidth = 18;
 

@@ -15,7 +15,7 @@ public:
 
     /// Tints the row with that index; -1 for none.
     void setTintedRow(int row) { mTintedRow = row; }
-    /// What the editors of payees and categories complete to.
+    /// Sets the items to which the editor of payees or categories completes.
     void setPaidToItems(const QStringList& items) { mPaidToItems = items; }
     void setCategoryItems(const QStringList& items) { mCategoryItems = items; }
 

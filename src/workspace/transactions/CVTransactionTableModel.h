@@ -45,7 +45,7 @@ public:
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
 
     [[nodiscard]] static bool isFlag(int column) { return column == Tax || column == UserFlag; }
-    /// Dates and amounts are shown in the locale in force.
+    /// Shows dates and amounts in the locale now in force.
     void updateFormatters();
 
 signals:

@@ -24,7 +24,7 @@ public:
     /// editor stays.
     void reload();
     void reorder();
-    /// Dates and amounts are shown in the locale in force.
+    /// Shows dates and amounts in the locale now in force.
     void updateFormatters();
     /// The selected transactions in row order, each once.
     [[nodiscard]] const CVDocument::Transactions& selectedTransactions() const { return mSelectedTransactions; }
@@ -34,7 +34,7 @@ public:
     /// Scrolls to the row of a transaction and tints it for a moment; false when it is not shown.
     [[nodiscard]] bool reveal(const CVTransaction* transaction);
 
-    /// What the editors of payees and categories complete to.
+    /// Sets the items to which the editor of payees or categories completes.
     void setPaidToItems(const QStringList& items);
     void setCategoryItems(const QStringList& items);
 
