@@ -2,7 +2,7 @@
 
 #include "widgets/tables/CVTableView.h"
 #include "workspace/CVEditCommands.h"
-#include "workspace/controls/CVOptionItem.h"
+#include "workspace/controls/CVModifierMenuItem.h"
 #include "workspace/transactions/CVTransactionTableModel.h"
 
 #include <QApplication>
@@ -118,7 +118,7 @@ void CVMainMenu::addCommands() {
         action->setShortcuts(QKeySequence::listFromString(QLatin1String(entry.shortcut)));
         mActions[static_cast<std::size_t>(entry.command)] = action;
     }
-    new CVOptionItem(*menus[Edit], *mActions[static_cast<std::size_t>(CVCommand::DetectDuplicates)]);
+    new CVModifierMenuItem(*menus[Edit], *mActions[static_cast<std::size_t>(CVCommand::DetectDuplicates)]);
     menus[View]->addSeparator();
     addSortMenu(*menus[View]);
 }

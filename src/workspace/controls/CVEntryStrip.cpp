@@ -78,7 +78,7 @@ CVEntryStrip::CVEntryStrip(QWidget* parent)
 std::optional<CVEntryProblem> CVEntryStrip::endEditing() {
     mExpenseDate->endEditing();
     mExpenseAmountField->endEditing();
-    mIsDateUntold = false;
+    mIsDateProblemPending = false;
     if (auto problem = dateProblem())
         return problem;
     if (!mExpenseAmountField->isReadable())
@@ -189,7 +189,7 @@ std::optional<CVEntryProblem> CVEntryStrip::dateProblem() const {
 }
 
 void CVEntryStrip::dateLeftUnreadable() {
-    mIsDateUntold = true;
+    mIsDateProblemPending = true;
     // The alert waits for the event loop: an alert during a focus change would be taken for the new focus.
     QTimer::singleShot(0, this, &CVEntryStrip::tellOfDate);
 }
@@ -201,9 +201,9 @@ void CVEntryStrip::tellOfDate() {
         QTimer::singleShot(kClickPatience, this, &CVEntryStrip::tellOfDate);
         return;
     }
-    const bool isUntold = std::exchange(mIsDateUntold, false);
+    const bool isPending = std::exchange(mIsDateProblemPending, false);
     const auto problem = dateProblem();
-    if (isUntold && problem && isActiveWindow())
+    if (isPending && problem && isActiveWindow())
         emit dateRefused(*problem);
 }
 

@@ -63,5 +63,5 @@ private:
     QCheckBox* mTaxCheckbox;
     QPushButton* mRecordButton;
     /// The user has left an unreadable date and `dateRefused` has not been emitted for it yet.
-    bool mIsDateUntold = false;
+    bool mIsDateProblemPending = false;
 };

@@ -1,4 +1,4 @@
-#include "workspace/controls/CVOptionItem.h"
+#include "workspace/controls/CVModifierMenuItem.h"
 
 #include <QAction>
 #include <QGuiApplication>
@@ -10,37 +10,37 @@
 namespace {
 
 /// How often the key is read: the item follows the key without a visible delay.
-constexpr std::chrono::milliseconds kBetweenLooks(50);
+constexpr std::chrono::milliseconds kBetweenReadings(50);
 
 } // namespace
 
-CVOptionItem::CVOptionItem(QMenu& menu, QAction& item)
+CVModifierMenuItem::CVModifierMenuItem(QMenu& menu, QAction& item)
     : QObject(&menu)
     , mItem(item)
     , mModifiers(&QGuiApplication::queryKeyboardModifiers) {
-    mMenuObserver.setInterval(kBetweenLooks);
-    connect(&mMenuObserver, &QTimer::timeout, this, &CVOptionItem::updateMenu);
-    connect(&menu, &QMenu::aboutToShow, this, &CVOptionItem::menuWillOpen);
+    mMenuObserver.setInterval(kBetweenReadings);
+    connect(&mMenuObserver, &QTimer::timeout, this, &CVModifierMenuItem::updateMenu);
+    connect(&menu, &QMenu::aboutToShow, this, &CVModifierMenuItem::menuWillOpen);
     menu.installEventFilter(this);
-    connect(&menu, &QMenu::aboutToHide, this, &CVOptionItem::menuDidClose);
+    connect(&menu, &QMenu::aboutToHide, this, &CVModifierMenuItem::menuDidClose);
 }
 
 /// Swallows Alt, which closes an open menu in most styles and must show the item here.
-bool CVOptionItem::eventFilter(QObject* watched, QEvent* event) {
+bool CVModifierMenuItem::eventFilter(QObject* watched, QEvent* event) {
     return (event->type() == QEvent::KeyPress && static_cast<const QKeyEvent*>(event)->key() == Qt::Key_Alt) ||
            QObject::eventFilter(watched, event);
 }
 
-void CVOptionItem::menuWillOpen() {
+void CVModifierMenuItem::menuWillOpen() {
     updateMenu();
     mMenuObserver.start();
 }
 
-void CVOptionItem::menuDidClose() {
+void CVModifierMenuItem::menuDidClose() {
     mMenuObserver.stop();
     mItem.setVisible(true);
 }
 
-void CVOptionItem::updateMenu() {
+void CVModifierMenuItem::updateMenu() {
     mItem.setVisible(mModifiers().testFlag(Qt::AltModifier));
 }

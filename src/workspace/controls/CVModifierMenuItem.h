@@ -10,14 +10,14 @@ class QMenu;
 
 /// Shows a menu item only while the Option (Alt) key is held and the menu is open. While the menu is closed the item
 /// stays visible, so that its shortcut always works.
-class CVOptionItem final : public QObject {
+class CVModifierMenuItem final : public QObject {
     Q_OBJECT
 
 public:
     using ModifierReader = std::function<Qt::KeyboardModifiers()>;
 
     /// `menu` becomes the parent.
-    CVOptionItem(QMenu& menu, QAction& item);
+    CVModifierMenuItem(QMenu& menu, QAction& item);
 
     /// Uses `reader` instead of the platform to ask which keys are held.
     void setModifierReader(ModifierReader reader) { mModifiers = std::move(reader); }

@@ -1,4 +1,4 @@
-#include "workspace/controls/CVOptionItem.h"
+#include "workspace/controls/CVModifierMenuItem.h"
 
 #include <QAction>
 #include <QMenu>
@@ -8,9 +8,9 @@
 
 namespace {
 
-class CVOptionItemTest : public testing::Test {
+class CVModifierMenuItemTest : public testing::Test {
 protected:
-    CVOptionItemTest() {
+    CVModifierMenuItemTest() {
         mOption->setModifierReader([this] { return mHeld; });
     }
 
@@ -28,11 +28,11 @@ protected:
     QMenu mMenu;
     QAction* mFirst = mMenu.addAction("Find");
     QAction* mItem = mMenu.addAction("Detect Duplicates");
-    CVOptionItem* mOption = new CVOptionItem(mMenu, *mItem);
+    CVModifierMenuItem* mOption = new CVModifierMenuItem(mMenu, *mItem);
     Qt::KeyboardModifiers mHeld;
 };
 
-TEST_F(CVOptionItemTest, AMenuThatIsOpenedWithTheKeyHeldShowsTheItemUntilTheKeyIsReleased) {
+TEST_F(CVModifierMenuItemTest, AMenuThatIsOpenedWithTheKeyHeldShowsTheItemUntilTheKeyIsReleased) {
     mHeld = Qt::AltModifier;
     openMenu();
     EXPECT_TRUE(mItem->isVisible()) << "at once";
@@ -44,7 +44,7 @@ TEST_F(CVOptionItemTest, AMenuThatIsOpenedWithTheKeyHeldShowsTheItemUntilTheKeyI
     EXPECT_TRUE(mMenu.isVisible());
 }
 
-TEST_F(CVOptionItemTest, AnOpenMenuShowsTheItemWhileTheKeyIsPressed) {
+TEST_F(CVModifierMenuItemTest, AnOpenMenuShowsTheItemWhileTheKeyIsPressed) {
     openMenu();
     EXPECT_FALSE(mItem->isVisible());
     for (const Qt::KeyboardModifiers held :
@@ -54,7 +54,7 @@ TEST_F(CVOptionItemTest, AnOpenMenuShowsTheItemWhileTheKeyIsPressed) {
     }
 }
 
-TEST_F(CVOptionItemTest, PressingTheKeyLeavesTheMenuOpen) {
+TEST_F(CVModifierMenuItemTest, PressingTheKeyLeavesTheMenuOpen) {
     openMenu();
     QTest::keyPress(&mMenu, Qt::Key_Alt, Qt::AltModifier);
     EXPECT_TRUE(mMenu.isVisible());
@@ -63,7 +63,7 @@ TEST_F(CVOptionItemTest, PressingTheKeyLeavesTheMenuOpen) {
     EXPECT_FALSE(mMenu.isVisible());
 }
 
-TEST_F(CVOptionItemTest, WhileTheMenuIsClosedTheItemIsThereForItsShortcut) {
+TEST_F(CVModifierMenuItemTest, WhileTheMenuIsClosedTheItemIsThereForItsShortcut) {
     EXPECT_TRUE(mItem->isVisible());
     openMenu();
     EXPECT_FALSE(mItem->isVisible());
