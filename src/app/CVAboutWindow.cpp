@@ -89,7 +89,7 @@ CVAboutWindow::CVAboutWindow(QWidget* parent) : QDialog(parent), mText(new QText
     auto* const layout = new QVBoxLayout(this);
     layout->addLayout(contents, 1);
     addButtons();
-    CVRestoreFrame(
+    CVWindowFrame::restore(
         *this, {},
         {kWidthInDigits * fontMetrics().horizontalAdvance('0'), kHeightInLines * fontMetrics().lineSpacing()});
 }

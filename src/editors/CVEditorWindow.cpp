@@ -66,7 +66,7 @@ void CVEditorWindow::addHelpButton(CVHelpOpener* help, const QString& page) {
 
 void CVEditorWindow::restoreFrame(int widthInDigits, int heightInLines) {
     const QSize first(widthInDigits * fontMetrics().horizontalAdvance('0'), heightInLines * fontMetrics().height());
-    CVRestoreFrame(*this, mDefaults.dataForKey(mFrameKey), first);
+    CVWindowFrame::restore(*this, mDefaults.dataForKey(mFrameKey), first);
 }
 
 void CVEditorWindow::setRemark(const QString& remark) {

@@ -171,8 +171,8 @@ void CVHelpWindow::goToFound(const QUrl& address, const QString& word) {
 
 void CVHelpWindow::restoreFrame() {
     const int digit = fontMetrics().horizontalAdvance('0');
-    CVRestoreFrame(*this, mDefaults.dataForKey(kFrameKey),
-                   {kWidthInDigits * digit, kHeightInLines * fontMetrics().height()});
+    CVWindowFrame::restore(*this, mDefaults.dataForKey(kFrameKey),
+                           {kWidthInDigits * digit, kHeightInLines * fontMetrics().height()});
     const int finders = qMin(kFindersInDigits * digit, qRound(width() * kMostShareOfFinders));
     if (!mSplitter->restoreState(mDefaults.dataForKey(kSplitterKey)))
         mSplitter->setSizes({finders, width() - finders});

@@ -55,7 +55,7 @@ CVPreferenceWindowController::CVPreferenceWindowController(CVDocument& document,
     addButtons(help);
     load();
     selectTab(mStore.defaults().stringForKey(CVDefaultsKeys::kPreferencesTab).value_or(QString()));
-    CVRestoreFrame(*this, mStore.defaults().dataForKey(kFrameKey), sizeHint());
+    CVWindowFrame::restore(*this, mStore.defaults().dataForKey(kFrameKey), sizeHint());
 
     connect(mTabView, &QTabWidget::currentChanged, this, &CVPreferenceWindowController::tabSelected);
     connect(mUpdatePane, &CVUpdatePane::checkRequested, this, [this, &host] { host.checkForNewVersion(*this); });

@@ -75,7 +75,7 @@ CVSystemInfoSheet::CVSystemInfoSheet(QWidget& owner) : QDialog(&owner), mText(ne
     layout->addWidget(buttons);
     const QSize wish(kWidthInDigits * fontMetrics().horizontalAdvance('0'),
                      kHeightInLines * fontMetrics().lineSpacing());
-    resize(wish.boundedTo(CVLargestWindow(owner)));
+    resize(wish.boundedTo(CVWindowFrame::largestSize(owner)));
 }
 
 void CVFillSystemInfo(QTextDocument& text, const QMap<QString, QString>& values) {

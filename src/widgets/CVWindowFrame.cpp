@@ -19,13 +19,13 @@ QRect broughtInto(const QRect& screens, QRect inside) {
 
 } // namespace
 
-QSize CVLargestWindow(const QWidget& window) {
+QSize CVWindowFrame::largestSize(const QWidget& window) {
     return window.screen()->availableGeometry().marginsRemoved(kUsualFrame).size();
 }
 
-void CVRestoreFrame(QWidget& window, const QByteArray& frame, const QSize& firstSize) {
+void CVWindowFrame::restore(QWidget& window, const QByteArray& frame, const QSize& firstSize) {
     if (!window.restoreGeometry(frame))
-        return window.resize(firstSize.boundedTo(CVLargestWindow(window)));
+        return window.resize(firstSize.boundedTo(CVWindowFrame::largestSize(window)));
     if (window.windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen))
         return;
     const QRect fitting = broughtInto(window.screen()->availableVirtualGeometry(), window.geometry());

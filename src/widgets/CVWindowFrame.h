@@ -5,9 +5,14 @@
 
 class QWidget;
 
+/// The place and size of a window on the screens.
+namespace CVWindowFrame {
+
 /// The largest size with which a window and the frame of the window manager fit the window's screen.
-[[nodiscard]] QSize CVLargestWindow(const QWidget& window);
+[[nodiscard]] QSize largestSize(const QWidget& window);
 
 /// Gives a window its saved geometry, shrunk and moved onto the screens that are connected now. A window without a
 /// saved geometry gets `firstSize`, shrunk to its screen.
-void CVRestoreFrame(QWidget& window, const QByteArray& frame, const QSize& firstSize);
+void restore(QWidget& window, const QByteArray& frame, const QSize& firstSize);
+
+} // namespace CVWindowFrame

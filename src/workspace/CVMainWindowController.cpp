@@ -228,8 +228,9 @@ void CVMainWindowController::readViewState() {
 void CVMainWindowController::restoreFrame() {
     const QBUserDefaults& defaults = mDocument.userDefaults();
     const QFontMetrics letters = mWindow->fontMetrics();
-    CVRestoreFrame(*mWindow, defaults.dataForKey(kFrameKey),
-                   {kFirstWidthInDigits * letters.horizontalAdvance('0'), kFirstHeightInLines * letters.height()});
+    CVWindowFrame::restore(
+        *mWindow, defaults.dataForKey(kFrameKey),
+        {kFirstWidthInDigits * letters.horizontalAdvance('0'), kFirstHeightInLines * letters.height()});
     mWindow->transactionsTab().table().restoreColumns(defaults.dataForKey(kColumnsKey));
     mWindow->reportsTab().restoreColumns(defaults.dataForKey(kReportColumnsKey));
 }
