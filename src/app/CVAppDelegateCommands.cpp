@@ -6,7 +6,7 @@
 #include "model/CVDocument.h"
 #include "preferences/CVPreferenceWindowController.h"
 #include "widgets/CVHelpOpener.h"
-#include "widgets/tables/CVOpenEditor.h"
+#include "widgets/tables/CVCommitOpenEditor.h"
 #include "workspace/CVMainMenu.h"
 #include "workspace/CVMainWindowController.h"
 

@@ -1,7 +1,7 @@
 #include "app/CVAppDelegate.h"
 #include "editors/CVEditorWindow.h"
 #include "preferences/CVPreferenceWindowController.h"
-#include "widgets/tables/CVOpenEditor.h"
+#include "widgets/tables/CVCommitOpenEditor.h"
 #include "workspace/CVMainWindowController.h"
 
 #include <QApplication>

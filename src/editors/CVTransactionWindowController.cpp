@@ -10,7 +10,7 @@
 #include "model/CVTransaction.h"
 #include "widgets/CVAttentionColour.h"
 #include "widgets/CVWrappingLayout.h"
-#include "widgets/fields/CVAnyLength.h"
+#include "widgets/fields/CVAllowAnyLength.h"
 #include "widgets/fields/CVFigureField.h"
 
 #include <QHBoxLayout>
@@ -55,7 +55,7 @@ void CVTransactionWindowController::addTable() {
 void CVTransactionWindowController::addCategoryField() {
     mCategoryField->setObjectName(QStringLiteral("mCategoryField"));
     mCategoryField->setAccessibleName(tr("Category"));
-    CVTakeAnyLength(*mCategoryField);
+    CVAllowAnyLength(*mCategoryField);
     mCategoryField->setReadOnly(true);
     mCategoryField->setFrame(false);
     mCategoryField->setFocusPolicy(Qt::ClickFocus);

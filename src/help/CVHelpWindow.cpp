@@ -4,7 +4,7 @@
 #include "help/CVHelpBook.h"
 #include "help/CVHelpPage.h"
 #include "help/CVHelpSearch.h"
-#include "widgets/CVAccessibleName.h"
+#include "widgets/CVSetAccessibleName.h"
 #include "widgets/CVWindowFrame.h"
 
 #include <QAction>

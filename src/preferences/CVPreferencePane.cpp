@@ -1,6 +1,6 @@
 #include "preferences/CVPreferencePane.h"
 
-#include "widgets/fields/CVSteadyComboBox.h"
+#include "widgets/fields/CVWheelSafeComboBox.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -28,7 +28,7 @@ CVPreferencePane::CVPreferencePane(CVPreferenceStore& store, QWidget* parent)
 
 QComboBox& CVPreferencePane::addPopUp(const QString& label, const QString& name, const char* objectName,
                                       const QString& hint) {
-    auto* const popUp = new CVSteadyComboBox(this);
+    auto* const popUp = new CVWheelSafeComboBox(this);
     popUp->setObjectName(QLatin1String(objectName));
     popUp->setAccessibleName(name);
     popUp->setSizeAdjustPolicy(QComboBox::AdjustToContents);

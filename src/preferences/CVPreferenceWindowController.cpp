@@ -8,9 +8,9 @@
 #include "preferences/CVEntryPane.h"
 #include "preferences/CVPreferenceHost.h"
 #include "preferences/CVUpdatePane.h"
-#include "widgets/CVAccessibleName.h"
 #include "widgets/CVHelpOpener.h"
 #include "widgets/CVScrollArea.h"
+#include "widgets/CVSetAccessibleName.h"
 #include "widgets/CVWindowFrame.h"
 
 #include <QAccessible>

@@ -1,6 +1,6 @@
 #include "workspace/CVEditCommands.h"
 
-#include "widgets/tables/CVTableText.h"
+#include "widgets/tables/CVTextOfSelection.h"
 
 #include <QAbstractItemView>
 #include <QClipboard>
@@ -66,7 +66,7 @@ void CVEdit(CVEditCommand command, QWidget* focused) {
         editText(command, *field);
     else if (auto* const table = qobject_cast<QAbstractItemView*>(focused)) {
         if (command == CVEditCommand::Copy)
-            QGuiApplication::clipboard()->setText(CVSelectedText(*table));
+            QGuiApplication::clipboard()->setText(CVTextOfSelection(*table));
         else
             table->selectAll();
     }

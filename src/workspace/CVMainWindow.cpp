@@ -1,10 +1,10 @@
 #include "workspace/CVMainWindow.h"
 
 #include "contents/CVBudgetContents.h"
-#include "widgets/CVAccessibleName.h"
 #include "widgets/CVScrollArea.h"
+#include "widgets/CVSetAccessibleName.h"
 #include "widgets/fields/CVFormattedField.h"
-#include "widgets/tables/CVOpenEditor.h"
+#include "widgets/tables/CVCommitOpenEditor.h"
 #include "widgets/tables/CVTableView.h"
 #include "workspace/CVMainMenu.h"
 #include "workspace/controls/CVEntryStrip.h"

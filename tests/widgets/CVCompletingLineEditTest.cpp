@@ -14,14 +14,14 @@
 
 namespace {
 
-TEST(CVCompletedString, IsTheFirstItemThatBeginsWithTheTextInAnyCase) {
+TEST(CVCompleteString, IsTheFirstItemThatBeginsWithTheTextInAnyCase) {
     const QStringList items{"Growth", "Groceries", "Food", "food"};
-    EXPECT_EQ(CVCompletedString(items, "gro"), "Growth");
-    EXPECT_EQ(CVCompletedString(items, "GROC"), "Groceries");
-    EXPECT_EQ(CVCompletedString(items, "food"), "Food");
-    EXPECT_EQ(CVCompletedString(items, "x"), "x");
-    EXPECT_EQ(CVCompletedString(items, "food "), "food ");
-    EXPECT_EQ(CVCompletedString({}, "x"), "x");
+    EXPECT_EQ(CVCompleteString(items, "gro"), "Growth");
+    EXPECT_EQ(CVCompleteString(items, "GROC"), "Groceries");
+    EXPECT_EQ(CVCompleteString(items, "food"), "Food");
+    EXPECT_EQ(CVCompleteString(items, "x"), "x");
+    EXPECT_EQ(CVCompleteString(items, "food "), "food ");
+    EXPECT_EQ(CVCompleteString({}, "x"), "x");
 }
 
 struct Stroke {

@@ -13,7 +13,7 @@ constexpr int kShortestText = 5;
 
 } // namespace
 
-CVCompletingComboBox::CVCompletingComboBox(QWidget* parent) : CVSteadyComboBox(parent) {
+CVCompletingComboBox::CVCompletingComboBox(QWidget* parent) : CVWheelSafeComboBox(parent) {
     setLineEdit(new CVCompletingLineEdit(mItems, this));
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);
@@ -40,7 +40,7 @@ QString CVCompletingComboBox::enteredText() const {
 }
 
 void CVCompletingComboBox::focusInEvent(QFocusEvent* event) {
-    CVSteadyComboBox::focusInEvent(event);
+    CVWheelSafeComboBox::focusInEvent(event);
     // The text is selected as after the Tab key, so that typing replaces it.
     if (event->reason() == Qt::OtherFocusReason)
         lineEdit()->selectAll();

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "widgets/fields/CVSteadyComboBox.h"
+#include "widgets/fields/CVWheelSafeComboBox.h"
 
 #include <QStringList>
 
 /// A text field with a list to choose from. Typing completes the text to the first matching item and selects the
 /// completed part: typing on accepts the completion, Backspace removes it. Any text may be entered; setItems() leaves
 /// the text unchanged.
-class CVCompletingComboBox final : public CVSteadyComboBox {
+class CVCompletingComboBox final : public CVWheelSafeComboBox {
     Q_OBJECT
 
 public:

@@ -1,6 +1,6 @@
 #include "widgets/fields/CVCompletingLineEdit.h"
 
-#include "widgets/fields/CVAnyLength.h"
+#include "widgets/fields/CVAllowAnyLength.h"
 
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -21,7 +21,7 @@ bool isLetter(const QKeyEvent& event) {
 
 } // namespace
 
-QString CVCompletedString(const QStringList& items, const QString& typed) {
+QString CVCompleteString(const QStringList& items, const QString& typed) {
     const auto found = std::find_if(items.cbegin(), items.cend(), [&typed](const QString& item) {
         return item.startsWith(typed, Qt::CaseInsensitive);
     });
@@ -31,7 +31,7 @@ QString CVCompletedString(const QStringList& items, const QString& typed) {
 CVCompletingLineEdit::CVCompletingLineEdit(const QStringList& items, QWidget* parent)
     : QLineEdit(parent)
     , mItems(items) {
-    CVTakeAnyLength(*this);
+    CVAllowAnyLength(*this);
 }
 
 void CVCompletingLineEdit::keyPressEvent(QKeyEvent* event) {
@@ -78,7 +78,7 @@ void CVCompletingLineEdit::takeInput(bool wasCompleted, bool mayComplete) {
 
 void CVCompletingLineEdit::complete() {
     const QString typed = text();
-    const QString completed = CVCompletedString(mItems, typed);
+    const QString completed = CVCompleteString(mItems, typed);
     if (completed == typed)
         return;
     {

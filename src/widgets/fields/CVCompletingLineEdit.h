@@ -4,7 +4,7 @@
 #include <QStringList>
 
 /// The first of `items` that begins with `typed`, ignoring case; `typed` itself when none does.
-[[nodiscard]] QString CVCompletedString(const QStringList& items, const QString& typed);
+[[nodiscard]] QString CVCompleteString(const QStringList& items, const QString& typed);
 
 /// A line edit that completes its text while the user types. The letters are kept as they were typed, so that typing on
 /// with another text or pressing Backspace restores them. The typed letter and its completion are one edit: one undo

@@ -1,6 +1,6 @@
 #include "widgets/tables/CVCellDelegate.h"
 
-#include "widgets/fields/CVAnyLength.h"
+#include "widgets/fields/CVAllowAnyLength.h"
 #include "widgets/fields/CVFormattedField.h"
 
 #include <QAbstractItemView>
@@ -14,7 +14,7 @@ QWidget* CVCellDelegate::createEditor(QWidget* parent, const QStyleOptionViewIte
                                       const QModelIndex& index) const {
     QWidget* const editor = QStyledItemDelegate::createEditor(parent, option, index);
     if (auto* const field = qobject_cast<QLineEdit*>(editor))
-        CVTakeAnyLength(*field);
+        CVAllowAnyLength(*field);
     return editor;
 }
 

@@ -2,7 +2,7 @@
 
 #include "widgets/fields/CVFormattedField.h"
 #include "widgets/tables/CVTableStyle.h"
-#include "widgets/tables/CVTableText.h"
+#include "widgets/tables/CVTextOfSelection.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -108,7 +108,7 @@ void CVTableView::changeEvent(QEvent* event) {
 
 void CVTableView::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::Copy) && selectionModel() && selectionModel()->hasSelection())
-        QGuiApplication::clipboard()->setText(CVSelectedText(*this));
+        QGuiApplication::clipboard()->setText(CVTextOfSelection(*this));
     else
         QTableView::keyPressEvent(event);
 }

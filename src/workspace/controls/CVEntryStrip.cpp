@@ -1,11 +1,11 @@
 #include "workspace/controls/CVEntryStrip.h"
 
 #include "base/QBXMLText.h"
-#include "widgets/CVAccessibleName.h"
 #include "widgets/CVCompactButton.h"
 #include "widgets/CVReturnKey.h"
+#include "widgets/CVSetAccessibleName.h"
 #include "widgets/CVWrappingLayout.h"
-#include "widgets/fields/CVAnyLength.h"
+#include "widgets/fields/CVAllowAnyLength.h"
 #include "widgets/fields/CVCompletingComboBox.h"
 #include "widgets/fields/CVDateField.h"
 #include "widgets/fields/CVMoneyField.h"
@@ -65,7 +65,7 @@ CVEntryStrip::CVEntryStrip(QWidget* parent)
     addField(*secondHalf, mExpenseCategoryComboBox, "mExpenseCategoryComboBox", tr("&Category"), tr("Category"), 2);
     addField(*secondHalf, mTaxCheckbox, "mTaxCheckbox", QString(), tr("Tax"), 0);
     addField(*secondHalf, mRecordButton, "mRecordButton", QString(), tr("Record"), 0);
-    CVTakeAnyLength(*mForField);
+    CVAllowAnyLength(*mForField);
     adjustMetrics();
     mRecordButton->setToolTip(tr("Record this transaction (Return in any of the fields)"));
     // On some desktops Return toggles a check box; here Return records.

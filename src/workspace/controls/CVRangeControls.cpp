@@ -2,7 +2,7 @@
 
 #include "budget/CVRangePresets.h"
 #include "widgets/fields/CVDateField.h"
-#include "widgets/fields/CVSteadyComboBox.h"
+#include "widgets/fields/CVWheelSafeComboBox.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -30,7 +30,7 @@ void name(QWidget& widget, const CVRangeControls::Naming& naming) {
 
 CVRangeControls::CVRangeControls(const Naming& preset, const Naming& start, const Naming& end, QWidget* parent)
     : QWidget(parent)
-    , mPreset(new CVSteadyComboBox(this))
+    , mPreset(new CVWheelSafeComboBox(this))
     , mStart(new CVDateField(this))
     , mEnd(new CVDateField(this)) {
     name(*mPreset, preset);

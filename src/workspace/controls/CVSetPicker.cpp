@@ -1,6 +1,6 @@
 #include "workspace/controls/CVSetPicker.h"
 
-#include "widgets/fields/CVSteadyComboBox.h"
+#include "widgets/fields/CVWheelSafeComboBox.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -22,7 +22,7 @@ CVSetPicker::CVSetPicker(QTabWidget& tabs)
     : QWidget(&tabs)
     , mTabs(tabs)
     , mLabel(new QLabel(tr("Transaction &Set"), this))
-    , mTransactionSet(new CVSteadyComboBox(this)) {
+    , mTransactionSet(new CVWheelSafeComboBox(this)) {
     mLabel->setBuddy(mTransactionSet);
     mTransactionSet->setObjectName(QStringLiteral("mTransactionSet"));
     mTransactionSet->setAccessibleName(tr("Transaction Set"));

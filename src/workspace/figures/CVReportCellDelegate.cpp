@@ -1,7 +1,7 @@
 #include "workspace/figures/CVReportCellDelegate.h"
 
 #include "widgets/fields/CVMoneyField.h"
-#include "widgets/tables/CVKeepUnreadableOpen.h"
+#include "widgets/tables/CVRefuseUnreadableText.h"
 #include "workspace/figures/CVFrequencyBox.h"
 #include "workspace/figures/CVReportModel.h"
 
@@ -45,5 +45,5 @@ void CVReportCellDelegate::setModelData(QWidget* editor, QAbstractItemModel* mod
 }
 
 bool CVReportCellDelegate::eventFilter(QObject* editor, QEvent* event) {
-    return CVKeepUnreadableOpen(editor, event) || CVCellDelegate::eventFilter(editor, event);
+    return CVRefuseUnreadableText(editor, event) || CVCellDelegate::eventFilter(editor, event);
 }

@@ -2,7 +2,7 @@
 
 #include "contents/CVReportContents.h"
 #include "format/QBLocale.h"
-#include "widgets/CVAccessibleName.h"
+#include "widgets/CVSetAccessibleName.h"
 #include "widgets/CVWrappingLayout.h"
 #include "widgets/fields/CVFigureField.h"
 #include "workspace/controls/CVPrintButton.h"

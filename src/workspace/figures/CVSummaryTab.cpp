@@ -4,7 +4,7 @@
 #include "widgets/CVCompactButton.h"
 #include "widgets/CVWrappingLayout.h"
 #include "widgets/fields/CVFigureField.h"
-#include "widgets/fields/CVSteadyComboBox.h"
+#include "widgets/fields/CVWheelSafeComboBox.h"
 #include "workspace/controls/CVPrintButton.h"
 #include "workspace/figures/CVGridTables.h"
 
@@ -27,7 +27,7 @@ constexpr std::array<const char*, CVDisplayPeriods::kTypes> kPeriods{
 CVSummaryTab::CVSummaryTab(const CVGridContents& contents, QWidget* parent)
     : QWidget(parent)
     , mContents(contents)
-    , mExpensePeriod(new CVSteadyComboBox(this)) {
+    , mExpensePeriod(new CVWheelSafeComboBox(this)) {
     auto* const label = new QLabel(tr("Per&iod"), this);
     label->setBuddy(mExpensePeriod);
     mExpensePeriod->setObjectName(QStringLiteral("mExpensePeriod"));

@@ -1,12 +1,12 @@
 #include "workspace/transactions/CVTransactionCellDelegate.h"
 
 #include "base/QBXMLText.h"
-#include "widgets/CVAccessibleName.h"
+#include "widgets/CVSetAccessibleName.h"
 #include "widgets/fields/CVCompletingComboBox.h"
 #include "widgets/fields/CVDateField.h"
 #include "widgets/fields/CVMoneyField.h"
 #include "widgets/tables/CVCheckCell.h"
-#include "widgets/tables/CVKeepUnreadableOpen.h"
+#include "widgets/tables/CVRefuseUnreadableText.h"
 #include "workspace/transactions/CVTransactionTableModel.h"
 
 #include <QAbstractItemView>
@@ -147,5 +147,5 @@ bool CVTransactionCellDelegate::editorEvent(QEvent* event, QAbstractItemModel* m
 
 /// Keeps the editor of an unreadable text open and marked until the text is corrected or Escape discards it.
 bool CVTransactionCellDelegate::eventFilter(QObject* editor, QEvent* event) {
-    return CVKeepUnreadableOpen(editor, event) || CVCellDelegate::eventFilter(editor, event);
+    return CVRefuseUnreadableText(editor, event) || CVCellDelegate::eventFilter(editor, event);
 }

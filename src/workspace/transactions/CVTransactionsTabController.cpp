@@ -12,7 +12,7 @@
 #include "widgets/CVAlerts.h"
 #include "widgets/CVFilePanels.h"
 #include "widgets/CVProgressPanel.h"
-#include "widgets/tables/CVOpenEditor.h"
+#include "widgets/tables/CVCommitOpenEditor.h"
 #include "workspace/controls/CVRangeControls.h"
 #include "workspace/controls/CVSearchField.h"
 #include "workspace/transactions/CVTransactionTableModel.h"

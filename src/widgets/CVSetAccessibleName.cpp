@@ -1,4 +1,4 @@
-#include "widgets/CVAccessibleName.h"
+#include "widgets/CVSetAccessibleName.h"
 
 #include <QComboBox>
 #include <QLineEdit>

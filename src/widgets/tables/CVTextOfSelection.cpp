@@ -1,4 +1,4 @@
-#include "widgets/tables/CVTableText.h"
+#include "widgets/tables/CVTextOfSelection.h"
 
 #include <QAbstractItemView>
 
@@ -27,7 +27,7 @@ QModelIndexList selectedCells(const QAbstractItemView& table) {
 
 } // namespace
 
-QString CVSelectedText(const QAbstractItemView& table) {
+QString CVTextOfSelection(const QAbstractItemView& table) {
     QModelIndexList cells = selectedCells(table);
     std::sort(cells.begin(), cells.end());
     QString text;

@@ -1,4 +1,4 @@
-#include "widgets/tables/CVKeepUnreadableOpen.h"
+#include "widgets/tables/CVRefuseUnreadableText.h"
 
 #include "widgets/CVReturnKey.h"
 #include "widgets/fields/CVFormattedField.h"
@@ -17,7 +17,7 @@ bool endsEditing(const QEvent& event) {
 
 } // namespace
 
-bool CVKeepUnreadableOpen(QObject* editor, QEvent* event) {
+bool CVRefuseUnreadableText(QObject* editor, QEvent* event) {
     auto* const field = qobject_cast<CVFormattedField*>(editor);
     if (!field || !endsEditing(*event))
         return false;

@@ -4,11 +4,11 @@
 
 /// A combo box that the mouse wheel changes only while the box has the focus, so that scrolling the window past the box
 /// chooses nothing. A text that is too wide is elided, and its tooltip shows all of it.
-class CVSteadyComboBox : public QComboBox {
+class CVWheelSafeComboBox : public QComboBox {
     Q_OBJECT
 
 public:
-    explicit CVSteadyComboBox(QWidget* parent = nullptr);
+    explicit CVWheelSafeComboBox(QWidget* parent = nullptr);
 
 protected:
     bool event(QEvent* event) override;

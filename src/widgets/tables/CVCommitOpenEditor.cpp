@@ -1,4 +1,4 @@
-#include "widgets/tables/CVOpenEditor.h"
+#include "widgets/tables/CVCommitOpenEditor.h"
 
 #include <QAbstractItemView>
 

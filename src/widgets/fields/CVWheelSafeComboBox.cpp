@@ -1,4 +1,4 @@
-#include "widgets/fields/CVSteadyComboBox.h"
+#include "widgets/fields/CVWheelSafeComboBox.h"
 
 #include <QHelpEvent>
 #include <QStyleOptionComboBox>
@@ -12,19 +12,19 @@ constexpr int kPopUpTextMargin = 1;
 
 } // namespace
 
-CVSteadyComboBox::CVSteadyComboBox(QWidget* parent) : QComboBox(parent) {
+CVWheelSafeComboBox::CVWheelSafeComboBox(QWidget* parent) : QComboBox(parent) {
     // The wheel must not give the box the focus either.
     setFocusPolicy(Qt::StrongFocus);
 }
 
-void CVSteadyComboBox::wheelEvent(QWheelEvent* event) {
+void CVWheelSafeComboBox::wheelEvent(QWheelEvent* event) {
     if (hasFocus())
         QComboBox::wheelEvent(event);
     else
         event->ignore();
 }
 
-bool CVSteadyComboBox::event(QEvent* event) {
+bool CVWheelSafeComboBox::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip || !toolTip().isEmpty())
         return QComboBox::event(event);
     QStyleOptionComboBox option;
@@ -34,7 +34,7 @@ bool CVSteadyComboBox::event(QEvent* event) {
     return true;
 }
 
-void CVSteadyComboBox::initStyleOption(QStyleOptionComboBox* option) const {
+void CVWheelSafeComboBox::initStyleOption(QStyleOptionComboBox* option) const {
     QComboBox::initStyleOption(option);
     const int room = style()->subControlRect(QStyle::CC_ComboBox, option, QStyle::SC_ComboBoxEditField, this).width();
     option->currentText = fontMetrics().elidedText(option->currentText, Qt::ElideRight, room - 2 * kPopUpTextMargin);
