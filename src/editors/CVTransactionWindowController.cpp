@@ -8,7 +8,7 @@
 #include "editors/CVTransactionWindowModel.h"
 #include "model/CVCategory.h"
 #include "model/CVTransaction.h"
-#include "widgets/CVAttentionColour.h"
+#include "widgets/CVAttentionColourOn.h"
 #include "widgets/CVWrappingLayout.h"
 #include "widgets/fields/CVAllowAnyLength.h"
 #include "widgets/fields/CVFigureField.h"
@@ -117,7 +117,7 @@ void CVTransactionWindowController::showFigures() {
     mDiffereceField->setText(formatter.string(difference));
     if (RoundDoubleToTwoPlaces(difference) < 0) {
         QPalette attention = mDiffereceField->palette();
-        attention.setColor(QPalette::Text, CVAttentionColour(palette(), QPalette::Window));
+        attention.setColor(QPalette::Text, CVAttentionColourOn(palette(), QPalette::Window));
         mDiffereceField->setPalette(attention);
     }
 }

@@ -4,7 +4,7 @@
 #include "kit/DefaultLocale.h"
 #include "kit/FixedToday.h"
 #include "kit/Printers.h"
-#include "widgets/CVPopupPosition.h"
+#include "widgets/CVPositionOfPopup.h"
 #include "widgets/fields/CVFieldNote.h"
 
 #include <QAction>
@@ -143,7 +143,7 @@ TEST_F(CVDateFieldTest, TheCalendarLiesOnTheScreenAndBeginsWhereTheFieldBegins) 
                 mField.showCalendar();
                 // The platform may shift the popup by the width of a frame.
                 const QSize size = calendar()->window()->size();
-                const QRect place(CVPopupPosition(mField, size), size);
+                const QRect place(CVPositionOfPopup(mField, size), size);
                 EXPECT_LT((place.topLeft() - calendar()->window()->pos()).manhattanLength(), 6);
                 EXPECT_TRUE(screen.contains(place)) << direction << ' ' << x << ' ' << y;
                 const QRect field(mField.mapToGlobal(QPoint()), mField.size());

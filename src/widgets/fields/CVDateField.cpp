@@ -1,7 +1,7 @@
 #include "widgets/fields/CVDateField.h"
 
 #include "widgets/CVGlyph.h"
-#include "widgets/CVPopupPosition.h"
+#include "widgets/CVPositionOfPopup.h"
 
 #include <QAction>
 #include <QApplication>
@@ -73,7 +73,7 @@ void CVDateField::showCalendar() {
     };
     connect(calendar, &QCalendarWidget::clicked, this, chooseAndClose);
     connect(calendar, &QCalendarWidget::activated, this, chooseAndClose);
-    popup->move(CVPopupPosition(*this, popup->sizeHint()));
+    popup->move(CVPositionOfPopup(*this, popup->sizeHint()));
     popup->show();
     calendar->setFocus();
 }

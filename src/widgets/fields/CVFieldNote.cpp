@@ -1,6 +1,6 @@
 #include "widgets/fields/CVFieldNote.h"
 
-#include "widgets/CVPopupPosition.h"
+#include "widgets/CVPositionOfPopup.h"
 
 #include <QToolTip>
 
@@ -26,7 +26,7 @@ void CVFieldNote::say(const QString& text) {
     if (!text.isEmpty()) {
         setPalette(QToolTip::palette());
         adjustSize();
-        move(CVPopupPosition(mField, size()));
+        move(CVPositionOfPopup(mField, size()));
     }
     setVisible(!text.isEmpty());
 }

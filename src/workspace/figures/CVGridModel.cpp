@@ -1,9 +1,9 @@
 #include "workspace/figures/CVGridModel.h"
 
 #include "model/CVCategory.h"
-#include "widgets/CVAttentionColour.h"
+#include "widgets/CVAttentionColourOn.h"
 #include "widgets/fields/CVCellAlignment.h"
-#include "workspace/figures/CVGridToolTip.h"
+#include "workspace/figures/CVToolTipOfGridCell.h"
 
 #include <QFont>
 #include <QGuiApplication>
@@ -96,8 +96,8 @@ QVariant CVGridModel::text(const QModelIndex& index) const {
 QString CVGridModel::toolTip(const QModelIndex& index) const {
     const double spent = amount(index).value_or(0);
     const CVCategory* const category = categoryOfRow(index.row());
-    return hasPeriods() ? CVGridToolTip(mContents, category, index.column(), spent)
-                        : CVGridToolTip(mContents, category, std::nullopt, spent);
+    return hasPeriods() ? CVToolTipOfGridCell(mContents, category, index.column(), spent)
+                        : CVToolTipOfGridCell(mContents, category, std::nullopt, spent);
 }
 
 QVariant CVGridModel::periodHeader(const CVDisplayPeriods::Header& header, int role) const {
@@ -109,7 +109,7 @@ QVariant CVGridModel::periodHeader(const CVDisplayPeriods::Header& header, int r
     case Qt::TextAlignmentRole:
         return QVariant(Qt::Alignment(Qt::AlignCenter));
     case Qt::ForegroundRole:
-        return QBrush(CVAttentionColour(QGuiApplication::palette(), QPalette::Button));
+        return QBrush(CVAttentionColourOn(QGuiApplication::palette(), QPalette::Button));
     case Qt::FontRole: {
         QFont font = QGuiApplication::font();
         font.setBold(true);

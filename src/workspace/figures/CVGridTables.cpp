@@ -1,7 +1,7 @@
 #include "workspace/figures/CVGridTables.h"
 
 #include "workspace/figures/CVFiguresTable.h"
-#include "workspace/figures/CVFittedWidths.h"
+#include "workspace/figures/CVFitWidths.h"
 
 #include <QGridLayout>
 #include <QHeaderView>
@@ -216,7 +216,7 @@ void CVGridTables::fitPeriodColumns() {
     // Columns that are new get the width of the first one.
     widths.resize(static_cast<std::size_t>(mExpensePeriodTable->model()->columnCount()),
                   widths.empty() ? 0 : widths.front());
-    widths = CVFittedWidths(widths, mExpensePeriodTable->viewport()->width(), smallest);
+    widths = CVFitWidths(widths, mExpensePeriodTable->viewport()->width(), smallest);
     const QScopedValueRollback fitting(mFitting, true);
     for (CVFiguresTable* const table : tablesOfPeriods()) {
         for (std::size_t column = 0; column < widths.size(); ++column)

@@ -70,10 +70,10 @@ constexpr std::array<std::span<const CVReportColumn>, kReportTables> kTables{kAv
 
 } // namespace
 
-std::span<const CVReportColumn> CVReportColumns(CVReportTable table) {
+std::span<const CVReportColumn> CVColumnsOfReport(CVReportTable table) {
     return kTables[static_cast<std::size_t>(table)];
 }
 
-QString CVReportColumnTitle(const CVReportColumn& column) {
+QString CVTitleOfReportColumn(const CVReportColumn& column) {
     return QCoreApplication::translate("CVReportColumns", column.title);
 }

@@ -27,6 +27,6 @@ struct CVReportColumn {
     QVariant (*value)(const CVReportFigures& figures, const CVCategory& category) = nullptr;
 };
 
-[[nodiscard]] std::span<const CVReportColumn> CVReportColumns(CVReportTable table);
+[[nodiscard]] std::span<const CVReportColumn> CVColumnsOfReport(CVReportTable table);
 /// The title in the user's language.
-[[nodiscard]] QString CVReportColumnTitle(const CVReportColumn& column);
+[[nodiscard]] QString CVTitleOfReportColumn(const CVReportColumn& column);

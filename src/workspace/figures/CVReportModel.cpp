@@ -4,9 +4,9 @@
 #include "budget/CVFrequencyLabel.h"
 #include "contents/CVReportContents.h"
 #include "model/CVCategory.h"
-#include "widgets/CVAttentionColour.h"
+#include "widgets/CVAttentionColourOn.h"
 #include "widgets/fields/CVCellAlignment.h"
-#include "workspace/figures/CVReportToolTip.h"
+#include "workspace/figures/CVToolTipOfReportRow.h"
 
 #include <QFont>
 #include <QGuiApplication>
@@ -31,7 +31,7 @@ QString percentText(double percent) {
 
 CVReportModel::CVReportModel(const CVReportContents& contents, CVReportTable table)
     : mContents(contents)
-    , mColumns(CVReportColumns(table)) {}
+    , mColumns(CVColumnsOfReport(table)) {}
 
 const CVReportColumn& CVReportModel::column(int column) const {
     return mColumns[static_cast<std::size_t>(column)];
@@ -103,7 +103,7 @@ QVariant CVReportModel::headerData(int section, Qt::Orientation orientation, int
     if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
         return CVFiguresModel::headerData(section, orientation, role);
     if (role == Qt::DisplayRole)
-        return CVReportColumnTitle(column(section));
+        return CVTitleOfReportColumn(column(section));
     if (role == Qt::TextAlignmentRole)
         return QVariant(alignment(column(section).kind));
     return {};
@@ -139,7 +139,7 @@ bool CVReportModel::warns(const QModelIndex& index) const {
 
 QVariant CVReportModel::emphasis(int role) {
     if (role == Qt::ForegroundRole)
-        return QBrush(CVAttentionColour(QGuiApplication::palette(), QPalette::Base));
+        return QBrush(CVAttentionColourOn(QGuiApplication::palette(), QPalette::Base));
     QFont font;
     font.setBold(true);
     return font;
@@ -147,7 +147,7 @@ QVariant CVReportModel::emphasis(int role) {
 
 QString CVReportModel::toolTip(const QModelIndex& index) const {
     const CVCategory& category = *categoryOfRow(index.row());
-    QString figures = CVReportToolTip(mContents, category);
+    QString figures = CVToolTipOfReportRow(mContents, category);
     if (!warns(index))
         return figures;
     const QString warning =

@@ -5,7 +5,7 @@
 #include "widgets/CVSetAccessibleName.h"
 #include "widgets/CVWrappingLayout.h"
 #include "widgets/fields/CVFigureField.h"
-#include "workspace/controls/CVPrintButton.h"
+#include "workspace/controls/CVMakePrintButton.h"
 #include "workspace/controls/CVRangeControls.h"
 #include "workspace/figures/CVFiguresTable.h"
 #include "workspace/figures/CVReportCellDelegate.h"
@@ -119,6 +119,6 @@ CVFiguresTable* CVReportsTab::addTable(CVReportTable table, const char* objectNa
 void CVReportsTab::setUsualWidths(CVFiguresTable& table, CVReportTable kind) {
     const int digit = table.fontMetrics().horizontalAdvance('0');
     int number = 0;
-    for (const CVReportColumn& column : CVReportColumns(kind))
+    for (const CVReportColumn& column : CVColumnsOfReport(kind))
         table.setColumnWidth(number++, digit * column.usualWidth);
 }

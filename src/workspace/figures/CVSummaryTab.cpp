@@ -5,7 +5,7 @@
 #include "widgets/CVWrappingLayout.h"
 #include "widgets/fields/CVFigureField.h"
 #include "widgets/fields/CVWheelSafeComboBox.h"
-#include "workspace/controls/CVPrintButton.h"
+#include "workspace/controls/CVMakePrintButton.h"
 #include "workspace/figures/CVGridTables.h"
 
 #include <QComboBox>

@@ -5,7 +5,7 @@
 #include "widgets/CVCompactButton.h"
 #include "widgets/CVWrappingLayout.h"
 #include "widgets/fields/CVFigureField.h"
-#include "workspace/controls/CVPrintButton.h"
+#include "workspace/controls/CVMakePrintButton.h"
 #include "workspace/controls/CVRangeControls.h"
 #include "workspace/controls/CVSearchField.h"
 #include "workspace/transactions/CVTransactionTableView.h"

@@ -3,7 +3,7 @@
 #include "contents/CVBudgetRows.h"
 #include "kit/BudgetBuilder.h"
 #include "kit/RandomBudget.h"
-#include "widgets/CVAttentionColour.h"
+#include "widgets/CVAttentionColourOn.h"
 
 #include <QAbstractItemModelTester>
 #include <QBrush>
@@ -55,7 +55,7 @@ public:
         int today = -1;
         for (int column = 0; column < mPeriods.columnCount(); ++column) {
             const bool stands = header(column, Qt::ForegroundRole).value<QBrush>().color() ==
-                                    CVAttentionColour(QGuiApplication::palette(), QPalette::Button) &&
+                                    CVAttentionColourOn(QGuiApplication::palette(), QPalette::Button) &&
                                 header(column, Qt::FontRole).value<QFont>().bold() &&
                                 header(column, Qt::TextAlignmentRole).value<Qt::Alignment>() == Qt::AlignCenter &&
                                 header(column, Qt::ToolTipRole) == "Today" &&

@@ -5,7 +5,7 @@
 #include "kit/DefaultLocale.h"
 #include "kit/RandomBudget.h"
 #include "storage/LogCapture.h"
-#include "widgets/CVAttentionColour.h"
+#include "widgets/CVAttentionColourOn.h"
 
 #include <QAbstractItemModelTester>
 #include <QBrush>
@@ -126,7 +126,7 @@ TEST_F(CVReportModelTest, TheDifferenceIsRedFromTheFirstCentThatIsMissing) {
     const auto isRed = [this] {
         const QModelIndex diff = cell(mTotals, "diff", 1);
         const bool isColoured = diff.data(Qt::ForegroundRole).value<QBrush>().color() ==
-                                CVAttentionColour(QGuiApplication::palette(), QPalette::Base);
+                                CVAttentionColourOn(QGuiApplication::palette(), QPalette::Base);
         EXPECT_EQ(diff.data(Qt::FontRole).value<QFont>().bold(), isColoured) << "never by colour alone";
         EXPECT_EQ(diff.data(Qt::ToolTipRole).toString().contains("too low"), isColoured);
         EXPECT_EQ(diff.data(Qt::ForegroundRole).isValid(), isColoured);

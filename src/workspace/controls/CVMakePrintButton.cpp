@@ -1,4 +1,4 @@
-#include "workspace/controls/CVPrintButton.h"
+#include "workspace/controls/CVMakePrintButton.h"
 
 #include "widgets/CVCompactButton.h"
 
@@ -8,7 +8,7 @@
 namespace {
 
 struct PrintButtonText {
-    Q_DECLARE_TR_FUNCTIONS(CVPrintButton)
+    Q_DECLARE_TR_FUNCTIONS(CVMakePrintButton)
 };
 
 } // namespace

@@ -5,12 +5,12 @@
 #include <span>
 
 /// One line of a tooltip: a label and its figure.
-struct CVToolTipFigure {
+struct CVToolTipLine {
     QString label;
     QString value;
 };
 
 /// The rich text of a tooltip: a title, a line with the subject below it, then one line for each figure. The arguments
 /// are plain text.
-[[nodiscard]] QString CVFiguresToolTip(const QString& title, const QString& about,
-                                       std::span<const CVToolTipFigure> figures);
+[[nodiscard]] QString CVToolTipOfFigures(const QString& title, const QString& about,
+                                         std::span<const CVToolTipLine> figures);

@@ -4,4 +4,4 @@
 
 /// The red that marks what needs attention: dark on a light background and light on a dark one, so that it is readable
 /// on both.
-[[nodiscard]] QColor CVAttentionColour(const QPalette& palette, QPalette::ColorRole ground);
+[[nodiscard]] QColor CVAttentionColourOn(const QPalette& palette, QPalette::ColorRole ground);

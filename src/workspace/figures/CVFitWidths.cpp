@@ -1,11 +1,11 @@
-#include "workspace/figures/CVFittedWidths.h"
+#include "workspace/figures/CVFitWidths.h"
 
 #include <QtGlobal>
 
 #include <algorithm>
 #include <numeric>
 
-std::vector<int> CVFittedWidths(const std::vector<int>& widths, int available, int smallest) {
+std::vector<int> CVFitWidths(const std::vector<int>& widths, int available, int smallest) {
     std::vector<std::size_t> narrowToWide(widths.size());
     std::iota(narrowToWide.begin(), narrowToWide.end(), 0U);
     std::stable_sort(narrowToWide.begin(), narrowToWide.end(),

@@ -1,8 +1,8 @@
-#include "workspace/figures/CVFiguresToolTip.h"
+#include "workspace/figures/CVToolTipOfFigures.h"
 
-QString CVFiguresToolTip(const QString& title, const QString& about, std::span<const CVToolTipFigure> figures) {
+QString CVToolTipOfFigures(const QString& title, const QString& about, std::span<const CVToolTipLine> figures) {
     QString lines;
-    for (const CVToolTipFigure& figure : figures)
+    for (const CVToolTipLine& figure : figures)
         lines += QStringLiteral("<tr><td>%1&nbsp;&nbsp;</td><td align=\"right\">%2</td></tr>")
                      .arg(figure.label.toHtmlEscaped(), figure.value.toHtmlEscaped());
     return QStringLiteral("<b>%1</b><br>%2<table>%3</table>").arg(title.toHtmlEscaped(), about.toHtmlEscaped(), lines);

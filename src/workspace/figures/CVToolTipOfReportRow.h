@@ -7,4 +7,4 @@ class CVReportContents;
 
 /// The rich text of the tooltip that explains the figures of a category in the reports: the range of days, the number
 /// of transactions, the amount spent, and the target where there is one.
-[[nodiscard]] QString CVReportToolTip(const CVReportContents& contents, const CVCategory& category);
+[[nodiscard]] QString CVToolTipOfReportRow(const CVReportContents& contents, const CVCategory& category);

@@ -1,9 +1,9 @@
-#include "widgets/CVPopupPosition.h"
+#include "widgets/CVPositionOfPopup.h"
 
 #include <QScreen>
 #include <QWidget>
 
-QPoint CVPopupPosition(const QWidget& field, const QSize& size) {
+QPoint CVPositionOfPopup(const QWidget& field, const QSize& size) {
     const bool isMirrored = field.layoutDirection() == Qt::RightToLeft;
     const QPoint below = field.mapToGlobal(QPoint(isMirrored ? field.width() - size.width() : 0, field.height()));
     const QRect screen = field.screen()->availableGeometry();

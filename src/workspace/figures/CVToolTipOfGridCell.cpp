@@ -1,11 +1,11 @@
-#include "workspace/figures/CVGridToolTip.h"
+#include "workspace/figures/CVToolTipOfGridCell.h"
 
 #include "budget/CVPlanPerPeriod.h"
 #include "contents/CVGridContents.h"
 #include "format/QBDateFormatter.h"
 #include "format/QBMoneyFormatter.h"
 #include "model/CVCategory.h"
-#include "workspace/figures/CVFiguresToolTip.h"
+#include "workspace/figures/CVToolTipOfFigures.h"
 
 #include <QCoreApplication>
 
@@ -15,7 +15,7 @@
 namespace {
 
 struct GridText {
-    Q_DECLARE_TR_FUNCTIONS(CVGridToolTip)
+    Q_DECLARE_TR_FUNCTIONS(CVToolTipOfGridCell)
 };
 
 QString periodText(const CVGridContents& contents, int column) {
@@ -36,12 +36,12 @@ QString periodText(const CVGridContents& contents, int column) {
 /// These labels name the period, because the plan is converted to the column's period; other windows show the plan as
 /// it was entered.
 constexpr std::array<const char*, CVDisplayPeriods::kTypes> kPlannedLabels{
-    QT_TRANSLATE_NOOP("CVGridToolTip", "Planned for the day:"),
-    QT_TRANSLATE_NOOP("CVGridToolTip", "Planned for the week:"),
-    QT_TRANSLATE_NOOP("CVGridToolTip", "Planned for the two weeks:"),
-    QT_TRANSLATE_NOOP("CVGridToolTip", "Planned for the month:")};
+    QT_TRANSLATE_NOOP("CVToolTipOfGridCell", "Planned for the day:"),
+    QT_TRANSLATE_NOOP("CVToolTipOfGridCell", "Planned for the week:"),
+    QT_TRANSLATE_NOOP("CVToolTipOfGridCell", "Planned for the two weeks:"),
+    QT_TRANSLATE_NOOP("CVToolTipOfGridCell", "Planned for the month:")};
 
-void addPlan(std::vector<CVToolTipFigure>& figures, int periodType, double plan, double spent) {
+void addPlan(std::vector<CVToolTipLine>& figures, int periodType, double plan, double spent) {
     const QBMoneyFormatter formatter;
     figures.push_back({GridText::tr(kPlannedLabels[static_cast<std::size_t>(periodType)]), formatter.string(plan)});
     figures.push_back({GridText::tr("Difference:"), formatter.string(plan - spent)});
@@ -49,18 +49,18 @@ void addPlan(std::vector<CVToolTipFigure>& figures, int periodType, double plan,
 
 } // namespace
 
-QString CVGridToolTip(const CVGridContents& contents, const CVCategory* category, std::optional<int> column,
-                      double spent) {
+QString CVToolTipOfGridCell(const CVGridContents& contents, const CVCategory* category, std::optional<int> column,
+                            double spent) {
     const CVDisplayPeriods& periods = contents.periods();
     const CVDayRange range = column ? contents.rangeOfColumn(*column) : periods.displayRange();
     const QString name = category ? category->categoryName() : GridText::tr("All Categories");
     const QString period = column ? periodText(contents, *column) : periods.displayRangeText();
     const std::size_t count = contents.numberOfTransactions(category, range);
-    std::vector<CVToolTipFigure> figures{
+    std::vector<CVToolTipLine> figures{
         {GridText::tr("Transactions:"), QBLocaleInForce().toString(static_cast<qulonglong>(count))},
         {GridText::tr("Spent:"), QBMoneyFormatter().string(spent)}};
     const auto plan = category && column ? planPerPeriod(*category, periods.periodType()) : std::nullopt;
     if (plan)
         addPlan(figures, periods.periodType(), *plan, spent);
-    return CVFiguresToolTip(name, period, figures);
+    return CVToolTipOfFigures(name, period, figures);
 }

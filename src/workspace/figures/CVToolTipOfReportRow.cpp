@@ -1,4 +1,4 @@
-#include "workspace/figures/CVReportToolTip.h"
+#include "workspace/figures/CVToolTipOfReportRow.h"
 
 #include "base/QBMoney.h"
 #include "budget/CVFrequencyLabel.h"
@@ -6,7 +6,7 @@
 #include "format/QBDateFormatter.h"
 #include "format/QBMoneyFormatter.h"
 #include "model/CVCategory.h"
-#include "workspace/figures/CVFiguresToolTip.h"
+#include "workspace/figures/CVToolTipOfFigures.h"
 
 #include <QCoreApplication>
 
@@ -15,16 +15,16 @@
 namespace {
 
 struct ReportText {
-    Q_DECLARE_TR_FUNCTIONS(CVReportToolTip)
+    Q_DECLARE_TR_FUNCTIONS(CVToolTipOfReportRow)
 };
 
 } // namespace
 
-QString CVReportToolTip(const CVReportContents& contents, const CVCategory& category) {
+QString CVToolTipOfReportRow(const CVReportContents& contents, const CVCategory& category) {
     const QBDateFormatter dates;
     const QBMoneyFormatter money;
     const CVDayRange& range = contents.range();
-    std::vector<CVToolTipFigure> figures{
+    std::vector<CVToolTipLine> figures{
         {ReportText::tr("Transactions:"),
          QBLocaleInForce().toString(static_cast<qulonglong>(category.numberOfTransactions()))},
         {ReportText::tr("Spent:"), money.string(category.total())},
@@ -32,6 +32,7 @@ QString CVReportToolTip(const CVReportContents& contents, const CVCategory& cate
     if (category.expenseTarget() != 0)
         figures.push_back({ReportText::tr("Target, %1:").arg(CVFrequencyLabel(category.expenseFrequency())),
                            money.string(RoundDoubleToTwoPlaces(category.expenseTarget()))});
-    return CVFiguresToolTip(category.categoryName(),
-                            ReportText::tr("%1 - %2").arg(dates.string(range.start), dates.string(range.end)), figures);
+    return CVToolTipOfFigures(category.categoryName(),
+                              ReportText::tr("%1 - %2").arg(dates.string(range.start), dates.string(range.end)),
+                              figures);
 }

@@ -1,4 +1,4 @@
-#include "widgets/CVAttentionColour.h"
+#include "widgets/CVAttentionColourOn.h"
 
 namespace {
 
@@ -8,6 +8,6 @@ constexpr int kMiddleGray = 128;
 
 } // namespace
 
-QColor CVAttentionColour(const QPalette& palette, QPalette::ColorRole ground) {
+QColor CVAttentionColourOn(const QPalette& palette, QPalette::ColorRole ground) {
     return qGray(palette.color(ground).rgb()) < kMiddleGray ? kOnDark : kOnLight;
 }
