@@ -10,7 +10,7 @@ struct CVToolTipLine {
     QString value;
 };
 
-/// The rich text of a tooltip: a title, a line with the subject below it, then one line for each figure. The arguments
+/// The rich text of a tooltip: a title, a line with the subject below it, then the lines in two columns. The arguments
 /// are plain text.
 [[nodiscard]] QString CVToolTipOfFigures(const QString& title, const QString& about,
-                                         std::span<const CVToolTipLine> figures);
+                                         std::span<const CVToolTipLine> lines);

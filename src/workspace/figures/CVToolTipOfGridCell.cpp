@@ -41,10 +41,10 @@ constexpr std::array<const char*, CVDisplayPeriods::kTypes> kPlannedLabels{
     QT_TRANSLATE_NOOP("CVToolTipOfGridCell", "Planned for the two weeks:"),
     QT_TRANSLATE_NOOP("CVToolTipOfGridCell", "Planned for the month:")};
 
-void addPlan(std::vector<CVToolTipLine>& figures, int periodType, double plan, double spent) {
+void addPlan(std::vector<CVToolTipLine>& lines, int periodType, double plan, double spent) {
     const QBMoneyFormatter formatter;
-    figures.push_back({GridText::tr(kPlannedLabels[static_cast<std::size_t>(periodType)]), formatter.string(plan)});
-    figures.push_back({GridText::tr("Difference:"), formatter.string(plan - spent)});
+    lines.push_back({GridText::tr(kPlannedLabels[static_cast<std::size_t>(periodType)]), formatter.string(plan)});
+    lines.push_back({GridText::tr("Difference:"), formatter.string(plan - spent)});
 }
 
 } // namespace
@@ -56,11 +56,11 @@ QString CVToolTipOfGridCell(const CVGridContents& contents, const CVCategory* ca
     const QString name = category ? category->categoryName() : GridText::tr("All Categories");
     const QString period = column ? periodText(contents, *column) : periods.displayRangeText();
     const std::size_t count = contents.numberOfTransactions(category, range);
-    std::vector<CVToolTipLine> figures{
+    std::vector<CVToolTipLine> lines{
         {GridText::tr("Transactions:"), QBLocaleInForce().toString(static_cast<qulonglong>(count))},
         {GridText::tr("Spent:"), QBMoneyFormatter().string(spent)}};
     const auto plan = category && column ? planPerPeriod(*category, periods.periodType()) : std::nullopt;
     if (plan)
-        addPlan(figures, periods.periodType(), *plan, spent);
-    return CVToolTipOfFigures(name, period, figures);
+        addPlan(lines, periods.periodType(), *plan, spent);
+    return CVToolTipOfFigures(name, period, lines);
 }

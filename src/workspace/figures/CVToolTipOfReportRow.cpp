@@ -24,15 +24,14 @@ QString CVToolTipOfReportRow(const CVReportContents& contents, const CVCategory&
     const QBDateFormatter dates;
     const QBMoneyFormatter money;
     const CVDayRange& range = contents.range();
-    std::vector<CVToolTipLine> figures{
+    std::vector<CVToolTipLine> lines{
         {ReportText::tr("Transactions:"),
          QBLocaleInForce().toString(static_cast<qulonglong>(category.numberOfTransactions()))},
         {ReportText::tr("Spent:"), money.string(category.total())},
         {ReportText::tr("Average a month:"), money.string(category.monthly())}};
     if (category.expenseTarget() != 0)
-        figures.push_back({ReportText::tr("Target, %1:").arg(CVFrequencyLabel(category.expenseFrequency())),
-                           money.string(RoundDoubleToTwoPlaces(category.expenseTarget()))});
+        lines.push_back({ReportText::tr("Target, %1:").arg(CVFrequencyLabel(category.expenseFrequency())),
+                         money.string(RoundDoubleToTwoPlaces(category.expenseTarget()))});
     return CVToolTipOfFigures(category.categoryName(),
-                              ReportText::tr("%1 - %2").arg(dates.string(range.start), dates.string(range.end)),
-                              figures);
+                              ReportText::tr("%1 - %2").arg(dates.string(range.start), dates.string(range.end)), lines);
 }
