@@ -33,23 +33,23 @@ double residentPeak() {
 int probe(const QString& file, const QString& copy) {
     CVDetachedDocument document;
     CVDocumentFile dataFile({}, document.userDefaults());
-    const double before = CVResidentMemory();
+    const double before = CVReadResidentMemory();
     if (dataFile.readFromURL(*document, file).outcome != CVLoadReport::Outcome::Loaded)
         return 1;
     document->sortTransactionsByDate();
     document->updateDates();
-    const double loaded = CVResidentMemory() - before;
+    const double loaded = CVReadResidentMemory() - before;
     const double peak = residentPeak() - before;
     if (!CVWriteDocumentText(copy, CVDocumentXMLRepresentation(*document)).ok())
         return 1;
-    const double saved = CVResidentMemory() - before;
+    const double saved = CVReadResidentMemory() - before;
     std::printf("%.0f %.0f %.0f", loaded, peak, saved);
     return 0;
 }
 
 } // namespace
 
-double CVResidentMemory() {
+double CVReadResidentMemory() {
     const QList<QByteArray> pages = contents("/proc/self/statm").split(' ');
     return pages.value(1).toDouble() * static_cast<double>(sysconf(_SC_PAGESIZE));
 }

@@ -5,7 +5,7 @@
 #include <optional>
 
 /// The resident memory of this process in bytes.
-[[nodiscard]] double CVResidentMemory();
+[[nodiscard]] double CVReadResidentMemory();
 
 /// The additional resident memory of a process in bytes, compared with its memory before it loaded a budget.
 struct CVMemoryUse {

@@ -1,5 +1,5 @@
-#include "CVFigureReporter.h"
-#include "CVFigures.h"
+#include "CVMeasurementReporter.h"
+#include "CVMeasurements.h"
 #include "CVMemoryProbe.h"
 
 #include <QApplication>
@@ -13,10 +13,10 @@ namespace {
 constexpr int kLimitExceeded = 1;
 constexpr int kWrongUsage = 2;
 
-void registerFigures() {
-    for (const CVFigure& figure : CVFigures()) {
-        for (const CVFigure::Size& size : figure.sizes) {
-            benchmark::RegisterBenchmark(figure.title, figure.measure, size.transactions)
+void registerMeasurements() {
+    for (const CVMeasurement& measurement : CVAllMeasurements()) {
+        for (const CVMeasurement::Size& size : measurement.sizes) {
+            benchmark::RegisterBenchmark(measurement.title, measurement.measure, size.transactions)
                 ->Arg(static_cast<int64_t>(size.transactions))
                 ->Iterations(size.rounds)
                 ->UseManualTime()
@@ -36,8 +36,8 @@ int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return kWrongUsage;
-    registerFigures();
-    CVFigureReporter reporter;
+    registerMeasurements();
+    CVMeasurementReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     reporter.printTable(std::cout);
     if (reporter.allWithinLimits())

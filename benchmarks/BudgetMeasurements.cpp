@@ -1,7 +1,7 @@
 #include "CVBudgetFixture.h"
 #include "CVComparison.h"
-#include "CVFigures.h"
-#include "CVPlainWalk.h"
+#include "CVMeasurements.h"
+#include "CVWalkPlainly.h"
 #include "budget/CVBudgetGrid.h"
 #include "budget/CVCategoryAverages.h"
 #include "budget/CVDisplayPeriods.h"
@@ -27,7 +27,7 @@ void measureAgainstWalk(benchmark::State& state, std::size_t transactions, Subje
     CVComparison comparison;
     comparison.clock = CVClock::Thread;
     comparison.reset = [] {};
-    comparison.yardstick = [&] { CVPlainWalk(document.transactions()); };
+    comparison.yardstick = [&] { CVWalkPlainly(document.transactions()); };
     comparison.subject = [&] { subject(document); };
     comparison.run(state);
 }

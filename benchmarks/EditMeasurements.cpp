@@ -1,7 +1,7 @@
 #include "CVBudgetFixture.h"
 #include "CVComparison.h"
-#include "CVFigures.h"
-#include "CVPlainWalk.h"
+#include "CVMeasurements.h"
+#include "CVWalkPlainly.h"
 #include "generator/CVRandom.h"
 #include "model/CVTransaction.h"
 
@@ -25,8 +25,8 @@ void measureRemoveList(benchmark::State& state, std::size_t transactions, std::s
         document.sortTransactionsByDate();
     };
     comparison.yardstick = [&] {
-        CVPlainWalk(document.transactions());
-        CVPlainWalk(selected);
+        CVWalkPlainly(document.transactions());
+        CVWalkPlainly(selected);
     };
     comparison.subject = [&] { document.removeTransactions(selected); };
     comparison.run(state);
@@ -49,7 +49,7 @@ void CVMeasureRecordOne(benchmark::State& state, std::size_t transactions) {
         fresh->setEffectiveDate(model.effectiveDate());
         fresh->setCategoryID(model.categoryID());
     };
-    comparison.yardstick = [&] { CVPlainWalk(document.transactions()); };
+    comparison.yardstick = [&] { CVWalkPlainly(document.transactions()); };
     comparison.subject = [&] { document.insertTransaction(fresh); };
     comparison.run(state);
 }
@@ -66,7 +66,7 @@ void CVMeasureRemoveOne(benchmark::State& state, std::size_t transactions) {
             document.insertTransaction(victim);
         victim = document.transactions()[random.below(transactions)];
     };
-    comparison.yardstick = [&] { CVPlainWalk(document.transactions()); };
+    comparison.yardstick = [&] { CVWalkPlainly(document.transactions()); };
     comparison.subject = [&] { document.removeTransaction(victim); };
     comparison.run(state);
 }

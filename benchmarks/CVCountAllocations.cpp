@@ -1,4 +1,4 @@
-#include "CVAllocationCount.h"
+#include "CVCountAllocations.h"
 
 #include <cstdlib>
 
@@ -32,6 +32,6 @@ void* realloc(void* memory, std::size_t size) noexcept {
 }
 }
 
-std::size_t CVAllocationCount() {
+std::size_t CVCountAllocations() {
     return allocations;
 }

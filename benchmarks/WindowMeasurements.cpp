@@ -1,8 +1,8 @@
-#include "CVAllocationCount.h"
 #include "CVBudgetFixture.h"
 #include "CVComparison.h"
-#include "CVFigures.h"
-#include "CVPlainWalk.h"
+#include "CVCountAllocations.h"
+#include "CVMeasurements.h"
+#include "CVWalkPlainly.h"
 #include "model/CVTransaction.h"
 #include "widgets/CVAlerts.h"
 #include "widgets/CVFilePanels.h"
@@ -71,7 +71,7 @@ public:
             reset();
             repaint();
         };
-        comparison.yardstick = [&] { CVPlainWalk(document().transactions()); };
+        comparison.yardstick = [&] { CVWalkPlainly(document().transactions()); };
         comparison.subject = [&] {
             act();
             repaint();
@@ -134,12 +134,12 @@ void CVMeasureWindowScroll(benchmark::State& state, std::size_t transactions) {
     const int row = table.rowHeight(0);
     const int page = table.viewport()->height() / row * row;
     const auto allocationsOf = [&](int step, int times) {
-        const std::size_t before = CVAllocationCount();
+        const std::size_t before = CVCountAllocations();
         for (int i = 0; i < times; ++i) {
             bar.setValue(bar.value() + step <= bar.maximum() ? bar.value() + step : 0);
             OpenWindow::repaint();
         }
-        return static_cast<double>(CVAllocationCount() - before) / times;
+        return static_cast<double>(CVCountAllocations() - before) / times;
     };
     // A text is laid out when it is first shown: these pages fill the kept glyphs before the measurement.
     constexpr int kPagesBefore = 500;

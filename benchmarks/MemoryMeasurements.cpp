@@ -1,5 +1,5 @@
 #include "CVBudgetFixture.h"
-#include "CVFigures.h"
+#include "CVMeasurements.h"
 #include "CVMemoryProbe.h"
 #include "storage/CVDocumentXML.h"
 #include "storage/CVWriteDocumentText.h"

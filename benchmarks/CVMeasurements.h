@@ -9,7 +9,7 @@ class State;
 }
 
 /// A line of the table at the end of the benchmarks: the cost of a part of the program as a multiple of its yardstick.
-struct CVFigure {
+struct CVMeasurement {
     /// A number of transactions and the number of repetitions at that size.
     struct Size {
         std::size_t transactions;
@@ -37,8 +37,8 @@ struct CVFigure {
     }
 };
 
-/// All figures in the order of the table.
-[[nodiscard]] std::span<const CVFigure> CVFigures();
+/// All measurements in the order of the table.
+[[nodiscard]] std::span<const CVMeasurement> CVAllMeasurements();
 
 void CVMeasureLoadSorted(benchmark::State& state, std::size_t transactions);
 void CVMeasureLoadShuffled(benchmark::State& state, std::size_t transactions);

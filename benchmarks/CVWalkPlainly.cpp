@@ -1,10 +1,10 @@
-#include "CVPlainWalk.h"
+#include "CVWalkPlainly.h"
 
 #include "model/CVTransaction.h"
 
 #include <benchmark/benchmark.h>
 
-void CVPlainWalk(const CVDocument::Transactions& transactions) {
+void CVWalkPlainly(const CVDocument::Transactions& transactions) {
     double amounts = 0;
     quint64 categories = 0;
     qint64 days = 0;

@@ -1,4 +1,4 @@
-#include "CVFigures.h"
+#include "CVMeasurements.h"
 
 namespace {
 
@@ -6,23 +6,23 @@ constexpr std::size_t kSmall = 1'000;
 constexpr std::size_t kMiddle = 100'000;
 constexpr std::size_t kLarge = 1'000'000;
 
-constexpr std::array<CVFigure::Size, 3> kOften{{{kSmall, 501}, {kMiddle, 51}, {kLarge, 15}}};
+constexpr std::array<CVMeasurement::Size, 3> kOften{{{kSmall, 501}, {kMiddle, 51}, {kLarge, 15}}};
 /// Fewer repetitions, because each needs a sort or a write to the disk.
-constexpr std::array<CVFigure::Size, 3> kSeldom{{{kSmall, 101}, {kMiddle, 15}, {kLarge, 7}}};
-constexpr std::array<CVFigure::Size, 3> kWindow{{{kSmall, 101}, {kMiddle, 51}, {kLarge, 15}}};
+constexpr std::array<CVMeasurement::Size, 3> kSeldom{{{kSmall, 101}, {kMiddle, 15}, {kLarge, 7}}};
+constexpr std::array<CVMeasurement::Size, 3> kWindow{{{kSmall, 101}, {kMiddle, 51}, {kLarge, 15}}};
 /// Fewest repetitions, because a million transactions make twenty thousand pages.
-constexpr std::array<CVFigure::Size, 3> kReport{{{kSmall, 51}, {kMiddle, 5}, {kLarge, 1}}};
-constexpr std::array<CVFigure::Size, 3> kOnce{{{kSmall, 1}, {kMiddle, 1}, {kLarge, 1}}};
+constexpr std::array<CVMeasurement::Size, 3> kReport{{{kSmall, 51}, {kMiddle, 5}, {kLarge, 1}}};
+constexpr std::array<CVMeasurement::Size, 3> kOnce{{{kSmall, 1}, {kMiddle, 1}, {kLarge, 1}}};
 
-constexpr std::array<CVFigure, 35> kFigures{{
+constexpr std::array<CVMeasurement, 35> kMeasurements{{
     {"Load, file in order", 1.5, kSmall, kSeldom, CVMeasureLoadSorted},
-    {"Load, file shuffled", CVFigure::kNoLimit, kSmall, kSeldom, CVMeasureLoadShuffled},
+    {"Load, file shuffled", CVMeasurement::kNoLimit, kSmall, kSeldom, CVMeasureLoadShuffled},
     {"Memory after loading", 2, kLarge, kOnce, CVMeasureSteadyMemory},
     {"Memory while loading, peak", 3, kLarge, kOnce, CVMeasurePeakMemory},
-    {"Memory after the first save", CVFigure::kNoLimit, kLarge, kOnce, CVMeasureMemoryAfterSave},
+    {"Memory after the first save", CVMeasurement::kNoLimit, kLarge, kOnce, CVMeasureMemoryAfterSave},
     {"Text, nothing cached", 2, kSmall, kSeldom, CVMeasureTextUncached},
     {"Text, one transaction changed", 2, kSmall, kOften, CVMeasureTextOneChanged},
-    {"Snapshot alone, one transaction changed", CVFigure::kNoLimit, kSmall, kOften, CVMeasureSnapshotOneChanged},
+    {"Snapshot alone, one transaction changed", CVMeasurement::kNoLimit, kSmall, kOften, CVMeasureSnapshotOneChanged},
     {"Safe save", 1.5, kMiddle, kSeldom, CVMeasureSaveAgainstBare},
     {"Safe save, yardstick syncs the folder too", 1.5, kSmall, kSeldom, CVMeasureSaveAgainstSynced},
     {"Record one", 1, kSmall, kOften, CVMeasureRecordOne},
@@ -34,7 +34,7 @@ constexpr std::array<CVFigure, 35> kFigures{{
     {"Grid, all transactions in a column", 2, kMiddle, kOften, CVMeasureGridOfAll},
     {"Figures of all categories", 4, kMiddle, kOften, CVMeasureFigures},
     {"Tax, plan and percent columns", 3, kMiddle, kOften, CVMeasureReportColumns},
-    {"Rows of the grid and the reports", CVFigure::kNoLimit, kMiddle, kOften, CVMeasureBudgetRows},
+    {"Rows of the grid and the reports", CVMeasurement::kNoLimit, kMiddle, kOften, CVMeasureBudgetRows},
     {"Sort by date", 3, kMiddle, kSeldom, CVMeasureSortByDate},
     {"Sort by amount", 3, kMiddle, kSeldom, CVMeasureSortByAmount},
     {"Sort by payee", 3, kMiddle, kSeldom, CVMeasureSortByPayee},
@@ -54,6 +54,6 @@ constexpr std::array<CVFigure, 35> kFigures{{
 
 } // namespace
 
-std::span<const CVFigure> CVFigures() {
-    return kFigures;
+std::span<const CVMeasurement> CVAllMeasurements() {
+    return kMeasurements;
 }

@@ -1,4 +1,4 @@
-#include "CVBareParse.h"
+#include "CVParseBare.h"
 
 #include <libxml/parser.h>
 

@@ -1,9 +1,9 @@
-#include "CVBareParse.h"
 #include "CVBudgetFixture.h"
 #include "CVComparison.h"
-#include "CVFigures.h"
+#include "CVMeasurements.h"
 #include "CVMemoryProbe.h"
-#include "CVPlainWalk.h"
+#include "CVParseBare.h"
+#include "CVWalkPlainly.h"
 #include "reports/CVReportPages.h"
 #include "reports/CVReportPainter.h"
 #include "storage/CVDocumentXML.h"
@@ -128,7 +128,7 @@ void CVMeasurePagination(benchmark::State& state, std::size_t transactions) {
         view = nullptr;
         printed = fixture.document().transactions();
     };
-    comparison.yardstick = [&] { CVPlainWalk(fixture.document().transactions()); };
+    comparison.yardstick = [&] { CVWalkPlainly(fixture.document().transactions()); };
     comparison.subject = [&] {
         view = std::make_unique<CVReportView>(CVReport::initWithTransactions(std::move(printed)), printInfo);
         for (int page = 1; page <= view->knowsPageRange(); ++page)
@@ -191,9 +191,9 @@ void CVMeasurePDFMemory(benchmark::State& state, std::size_t transactions) {
         double late = 0;
         const auto result = CVWritePDF(view, output, CVPageRange::all(view), [&](int done) {
             if (done == tenth)
-                early = CVResidentMemory();
+                early = CVReadResidentMemory();
             if (done == view.knowsPageRange())
-                late = CVResidentMemory();
+                late = CVReadResidentMemory();
             return true;
         });
         if (result != CVPaintResult::Painted)
