@@ -48,7 +48,8 @@ void CVDesktopPrograms::openURL(const QUrl& address, QWidget* asker) {
     tellNotOpened(address, asker);
 }
 
-/// The address is shown, so that the user can go there otherwise; of a mail only to whom it goes.
+/// The alert shows the address, so that the user can open it in another way; of a mail address only the recipient is
+/// shown.
 void CVDesktopPrograms::tellNotOpened(const QUrl& address, QWidget* asker) {
     const bool isMail = address.scheme() == QLatin1String("mailto");
     mAlerts.run(asker, {tr("No program could be opened for this address"),

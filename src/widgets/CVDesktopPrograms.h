@@ -14,14 +14,14 @@ class CVDesktopPrograms final : public QObject, public CVURLOpener {
     Q_OBJECT
 
 public:
-    /// The alerts outlive it.
+    /// `alerts` outlives this object.
     explicit CVDesktopPrograms(CVAlerts& alerts) : mAlerts(alerts) {}
 
-    /// The desktop may take an address, and find later that it has no program for it, or none that would start.
+    /// The desktop may accept an address and find only later that it has no program for it or cannot start the program.
     void openURL(const QUrl& address, QWidget* asker) override;
 
 private:
-    /// `asker` is null where its window has closed meanwhile.
+    /// Shows an alert that no program opened the address. `asker` is null where its window has closed meanwhile.
     void tellNotOpened(const QUrl& address, QWidget* asker);
 
     CVAlerts& mAlerts;

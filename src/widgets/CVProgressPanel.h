@@ -12,8 +12,8 @@ public:
     /// A null `window` gives a panel without a parent.
     CVProgressPanel(const QString& title, int steps, QWidget* window);
 
-    /// Of all panels that are made from now on, so that tests depend on no clock: after how many milliseconds they
-    /// appear.
+    /// Sets after how many milliseconds panels appear that are made from now on, so that tests do not depend on the
+    /// clock.
     static void setDelay(int milliseconds);
 
     /// Tells the panel how many steps are done and, in `label`, what is being done. False once the user has cancelled

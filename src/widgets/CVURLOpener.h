@@ -6,8 +6,8 @@ class QWidget;
 /// Opens addresses in the user's own programs: web pages in the browser, mail addresses in the mail program.
 class CVURLOpener {
 public:
-    /// Returns at once. Where no program opens the address, the user is told it: now or later, in the window from which
-    /// the user asked, `asker`; null for none.
+    /// Returns at once. When no program opens the address, an alert tells the user, now or later, in `asker`, the
+    /// window in which the user asked; null for none.
     virtual void openURL(const QUrl& address, QWidget* asker) = 0;
 
 protected:

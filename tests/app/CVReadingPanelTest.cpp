@@ -31,7 +31,7 @@ TEST(CVReadingPanel, IsNotShownForWhatIsReadQuickly) {
 TEST(CVReadingPanel, CountsTheTimeFromTheBeginningOfTheReading) {
     const ProgressDelay delay = ProgressDelay::forEver();
     CVReadingPanel reading;
-    // One that was made with the object would have the former delay.
+    // A panel made together with the fixture would still have the former delay.
     CVProgressPanel::setDelay(0);
     EXPECT_TRUE(reading(0));
     EXPECT_NE(shownPanel(), nullptr);

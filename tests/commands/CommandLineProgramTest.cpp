@@ -195,7 +195,7 @@ TEST_F(CommandLineProgram, SaysInOneLineThatTheDisplayDoesNotAnswer) {
         {{"-platform", "xcb"}, 1, "does not answer"},
         {{"-platform", "nonsense"}, 1, "does not answer"},
     };
-    // Each names a display on which nobody listens.
+    // Each variable names a display without a server.
     for (const char* const variable : {"DISPLAY", "WAYLAND_DISPLAY"}) {
         mEnvironment.clear();
         mEnvironment.insert(variable, ":4077");

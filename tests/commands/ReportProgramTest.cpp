@@ -179,7 +179,7 @@ TEST_F(ReportProgram, WritesAPDFAndNothingElse) {
     EXPECT_EQ(everything(), before);
 }
 
-/// Days that are written out leave the day that is today what it was.
+/// Explicit days on the command line do not change what counts as today.
 TEST_F(ReportProgram, NamesWhatItWritesAfterTheDayThatIsTodayWhateverDaysAreWrittenOut) {
     const QString path = mHome.filePath("report.pdf");
     const QStringList days{"--from", "2014-01-01", "--to", "2014-02-28"};

@@ -12,7 +12,7 @@ import tempfile
 import session
 
 SAMPLE_HOME = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "scripts", "sample-home")
-# The keys that open a window, and the title of that window; Escape closes it.
+# The keys that open each window, and the window's title; Escape closes it.
 WINDOWS = (
     (("F1",), "Corvella Help"),
     (("ctrl+shift+c",), "Category Editor"),
@@ -102,7 +102,7 @@ def look_at_cell(program):
     """The transactions behind a cell of the grid, which the mouse opens."""
     from desktop import Atspi, press_keys, wait_for
 
-    # The week before is a whole one, whatever day is today.
+    # The week before is complete on any day.
     press_keys("ctrl+2", "ctrl+Left")
 
     def filled():

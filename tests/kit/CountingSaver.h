@@ -10,7 +10,7 @@ public:
         return true;
     }
     [[nodiscard]] QStringList dataFiles() const override { return mDataFiles; }
-    /// Where the budget is said to lie.
+    /// Sets the files that are reported as data files.
     void setDataFiles(const QStringList& files) { mDataFiles = files; }
     [[nodiscard]] int count() const { return mCount; }
 

@@ -5,7 +5,8 @@
 
 #include <limits>
 
-/// Progress panels appear at the first step, or never, whatever the clock says, as long as this object lives.
+/// Makes progress panels appear at the first step, or never, as long as this object lives, so that a test does not
+/// depend on the clock.
 class ProgressDelay final {
 public:
     static ProgressDelay none() { return ProgressDelay(0); }

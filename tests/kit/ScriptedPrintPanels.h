@@ -43,7 +43,7 @@ public:
     void meanwhile(std::function<void()> action) { mMeanwhile = std::move(action); }
 
     [[nodiscard]] const QList<Shown>& shown() const { return mShown; }
-    /// The files whose places no file of pages may take.
+    /// The files that no PDF file may overwrite.
     [[nodiscard]] QStringList spared() const { return mDataFiles ? mDataFiles() : QStringList(); }
     /// The settings that each page set-up showed before the user changed them.
     [[nodiscard]] const QList<CVPrintInfo>& setUps() const { return mSetUps; }

@@ -16,7 +16,7 @@ public:
     }
 
     [[nodiscard]] const QList<QUrl>& opened() const { return mOpened; }
-    /// The title of the window from which each was asked for; null for none.
+    /// The title of the window in which each address was asked for; null for none.
     [[nodiscard]] const QStringList& askers() const { return mAskers; }
 
 private:

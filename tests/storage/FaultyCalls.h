@@ -33,12 +33,12 @@ enum class Repeat {
 /// The pseudo error of a write that writes and reports only half of its bytes.
 inline constexpr int kShort = -1;
 
-/// Why calls may fail, by their names.
+/// The errors with which calls may fail, by the name of the call.
 using Reasons = std::map<std::string, std::vector<int>>;
-/// Of calls that read, write or change something: no permission, a full disk, a full share of it, one that is lost, one
-/// that takes a part, one that cannot do that.
+/// The errors of calls that read, write or change something: no permission, a full disk, an exhausted quota, an I/O
+/// error, a partial write, an unsupported operation.
 [[nodiscard]] const Reasons& whyWorkFails();
-/// Of calls that only look.
+/// The errors of calls that only query something.
 [[nodiscard]] const Reasons& whyLooksFail();
 
 struct Fault {

@@ -35,7 +35,7 @@ TEST(ProgressPanelOfQuickWork, NeverAppears) {
     EXPECT_FALSE(progress.isVisible());
 }
 
-/// However long the machine is busy, it is not earlier.
+/// A busy machine can delay the panel, but never make it appear earlier.
 TEST(ProgressPanelOfLongWork, AppearsAfterHalfASecond) {
     EXPECT_EQ(kCVProgressDelay, 500);
     QWidget window;

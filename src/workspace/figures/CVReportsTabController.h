@@ -8,23 +8,23 @@ class CVBudgetContents;
 class CVDocument;
 class CVReportsTab;
 
-/// Carries out what the user does in the reports tab: the choice of a report and of its range, and changes of the plan.
-/// References all that it is made with, which outlives it.
+/// Carries out the user's actions in the reports tab: choosing a report and its range, and changing the plan. All
+/// references outlive this object.
 class CVReportsTabController final : public QObject {
     Q_OBJECT
 
 public:
     CVReportsTabController(CVDocument& document, CVBudgetContents& contents, CVReportsTab& tab);
 
-    /// Computes and shows the reports anew.
+    /// Computes the reports again and shows them.
     void reload();
-    /// The report that is shown, 0 to 3.
+    /// The index of the visible report, 0 to 3.
     [[nodiscard]] int reportTab() const { return mReportTab; }
-    /// Shows the report that was shown last; a number that no report has counts as the first.
+    /// Shows the report that was visible last; an unknown number stands for the first report.
     void restoreReportTab();
 
 signals:
-    /// The user picked another report, another range of days, or changed the plan of a category.
+    /// The user chose another report or range, or changed the plan of a category.
     void changed();
     /// The user picked a preset for the range, which is not yet the range of the reports.
     void presetPicked();

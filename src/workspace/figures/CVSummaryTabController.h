@@ -8,24 +8,24 @@
 class CVBudgetContents;
 class CVSummaryTab;
 
-/// Carries out what the user does in the summary tab: the choice of the periods, and the look into a cell. References
-/// all that it is made with, which outlives it.
+/// Carries out the user's actions in the summary tab: choosing the periods and opening a cell. All references outlive
+/// this object.
 class CVSummaryTabController final : public QObject {
     Q_OBJECT
 
 public:
     CVSummaryTabController(CVDocument& document, CVBudgetContents& contents, CVSummaryTab& tab);
 
-    /// Adds up and shows the grid anew.
+    /// Computes the grid again and shows it.
     void reload();
-    /// Puts the first period where the user defaults say.
+    /// Moves the first period to the place stored in the user defaults.
     void placePeriods();
     void showPreviousPeriod();
     void showNextPeriod();
     void goToToday();
 
 signals:
-    /// The grid is to show other periods.
+    /// Other periods were chosen for the grid.
     void periodsChanged();
     /// The user wants to see the transactions behind a cell; there is at least one.
     void cellOpened(const CVDocument::Transactions& transactions);

@@ -13,7 +13,7 @@ struct CVPrintInfo;
 /// printed stays unchanged.
 class CVPrintPanels {
 public:
-    /// No file of pages may take the place of these files, which are asked for whenever one is written.
+    /// Protects these files from being overwritten by a PDF file. `dataFiles` is asked before each PDF file is written.
     virtual void spare(std::function<QStringList()> dataFiles) = 0;
     /// Lets the user choose a printer or a file and prints on it, with a way to cancel. The choices hold for this
     /// printing only. Absent on success and after a cancel; otherwise what went wrong.

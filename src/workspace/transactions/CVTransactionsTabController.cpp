@@ -24,7 +24,7 @@
 
 namespace {
 
-/// The name of the data file less its extension.
+/// The name of the data file without its extension.
 QString displayName(const QBUserDefaults& defaults) {
     const auto path = defaults.stringForKey(CVDefaultsKeys::kDataFileLocation);
     return path ? QFileInfo(*path).completeBaseName() : QStringLiteral("Corvella Data");
@@ -80,7 +80,7 @@ void CVTransactionsTabController::removeTransaction() {
     table.clearSelection();
     mDocument.workbookSave();
     emit transactionsRemoved();
-    // The button that had the focus is disabled now, and the focus would go to the next control.
+    // The table gets the focus, because the Remove button is now disabled and the focus would go to the next control.
     table.setFocus();
     const int count = static_cast<int>(selected.size());
     emit remarked(count == 1 ? tr("1 transaction removed")
@@ -107,7 +107,7 @@ void CVTransactionsTabController::exportTransactions() {
 }
 
 void CVTransactionsTabController::writeExport(const QString& path) {
-    // Other events run while the progress is shown, and may change the list.
+    // The rows are copied, because events that run while the progress is shown may change the list.
     const CVDocument::Transactions rows = mList.displayTransactions();
     CVProgressPanel progress(tr("Export Transactions"), static_cast<int>(rows.size()), mTab.window());
     const auto text = CVExportedTransactions(rows, [&progress](std::size_t done) {
@@ -159,7 +159,8 @@ void CVTransactionsTabController::setTransactionEnd(const QBDate& end) {
     emit listChanged();
 }
 
-/// The rows stay: a transaction that no longer fits the range or the search is listed until the next rebuild.
+/// Changes a cell and keeps the rows: a transaction that no longer matches the range or the search stays listed until
+/// the next rebuild.
 void CVTransactionsTabController::setObjectValue(int row, int column, const QVariant& value) {
     CVTransaction& transaction = *mList.displayTransactions()[static_cast<std::size_t>(row)];
     const QScopedValueRollback keepsRows(mKeepsRows, true);

@@ -10,8 +10,8 @@ class CVFilePanels;
 class CVTransactionList;
 class CVTransactionsTab;
 
-/// Carries out what the user does in the transactions tab: range, search, order, changes in cells, removal, the search
-/// for duplicates, and the export. References all that it is made with, which outlives it.
+/// Carries out the user's actions in the transactions tab: range, search, order, changes of cells, removal, search for
+/// duplicates, and export. All references outlive this object.
 class CVTransactionsTabController final : public QObject {
     Q_OBJECT
 
@@ -24,11 +24,11 @@ public:
     void sortByColumn(const QString& identifier);
     /// Removes the selected transactions once the user has confirmed it.
     void removeTransaction();
-    /// Selects what looks as if it was entered twice.
+    /// Selects transactions that were probably entered twice.
     void detectDuplicates();
-    /// Writes the listed transactions to a file of the user's choice.
+    /// Writes the listed transactions to a file that the user chooses.
     void exportTransactions();
-    /// Whether a cell is being changed. The listed rows stay meanwhile, whatever they were searched for.
+    /// Whether a cell is being changed; meanwhile the listed rows stay, even if they no longer match the search.
     [[nodiscard]] bool keepsRows() const { return mKeepsRows; }
 
 signals:
@@ -38,7 +38,7 @@ signals:
     void presetPicked();
     /// Transactions have been removed from the document.
     void transactionsRemoved();
-    /// Something was done that the screen does not show otherwise.
+    /// A command has done something that nothing else in the window shows.
     void remarked(const QString& text);
 
 private:
