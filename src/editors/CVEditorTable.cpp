@@ -3,7 +3,7 @@
 #include "base/QBUserDefaults.h"
 #include "editors/CVEditorCellDelegate.h"
 #include "editors/CVEditorModel.h"
-#include "widgets/CVReturnKey.h"
+#include "widgets/CVIsReturnKey.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>

@@ -1,6 +1,6 @@
 #include "widgets/tables/CVRefuseUnreadableText.h"
 
-#include "widgets/CVReturnKey.h"
+#include "widgets/CVIsReturnKey.h"
 #include "widgets/fields/CVFormattedField.h"
 
 #include <QApplication>

@@ -2,7 +2,7 @@
 
 #include "base/QBXMLText.h"
 #include "widgets/CVCompactButton.h"
-#include "widgets/CVReturnKey.h"
+#include "widgets/CVIsReturnKey.h"
 #include "widgets/CVSetAccessibleName.h"
 #include "widgets/CVWrappingLayout.h"
 #include "widgets/fields/CVAllowAnyLength.h"

@@ -1,6 +1,6 @@
 #include "workspace/figures/CVFiguresTable.h"
 
-#include "widgets/CVReturnKey.h"
+#include "widgets/CVIsReturnKey.h"
 #include "widgets/tables/CVCellDelegate.h"
 
 #include <QEvent>

@@ -2,7 +2,7 @@
 
 #include "contents/CVTransactionList.h"
 #include "model/CVTransaction.h"
-#include "widgets/CVReturnKey.h"
+#include "widgets/CVIsReturnKey.h"
 #include "workspace/transactions/CVTransactionCellDelegate.h"
 #include "workspace/transactions/CVTransactionTableModel.h"
 
