@@ -45,7 +45,8 @@ void CVReportsTabController::setReportDateRange(int preset) {
     emit presetPicked();
 }
 
-/// A start before the first transaction becomes the day of that transaction. What is typed in the other field stays.
+/// Moves a start that lies before the first transaction to the day of that transaction. The text in the other field
+/// stays.
 void CVReportsTabController::setReportStart(const QBDate& start) {
     CVReportContents& reports = mContents.reports();
     reports.setRange({verifyStartDate(start, mDocument), reports.range().end});
@@ -53,7 +54,7 @@ void CVReportsTabController::setReportStart(const QBDate& start) {
     emit changed();
 }
 
-/// An end after today, and after the last transaction, becomes the later one of these days.
+/// Moves an end that lies after both today and the last transaction to the later of these two days.
 void CVReportsTabController::setReportEnd(const QBDate& end) {
     CVReportContents& reports = mContents.reports();
     reports.setRange({reports.range().start, verifyEndDate(end, mDocument)});

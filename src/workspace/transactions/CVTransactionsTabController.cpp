@@ -143,7 +143,8 @@ void CVTransactionsTabController::setTransactionDateRange(int preset) {
     emit presetPicked();
 }
 
-/// A start before the first transaction becomes the day of that transaction. What is typed in the other field stays.
+/// Moves a start that lies before the first transaction to the day of that transaction. The text in the other field
+/// stays.
 void CVTransactionsTabController::setTransactionStart(const QBDate& start) {
     mList.setRange({verifyStartDate(start, mDocument), mList.range().end});
     mTab.rangeControls().setStart(mList.range().start);
@@ -151,7 +152,7 @@ void CVTransactionsTabController::setTransactionStart(const QBDate& start) {
     emit listChanged();
 }
 
-/// An end after today, and after the last transaction, becomes the later one of these days.
+/// Moves an end that lies after both today and the last transaction to the later of these two days.
 void CVTransactionsTabController::setTransactionEnd(const QBDate& end) {
     mList.setRange({mList.range().start, verifyEndDate(end, mDocument)});
     mTab.rangeControls().setEnd(mList.range().end);
