@@ -9,13 +9,12 @@ namespace CVBundle {
 
 inline constexpr const char* kName = "Corvella";
 inline constexpr const char* kOrganization = "Quenby Labs";
-/// Of the one data file, in whatever folder.
+/// The name of the data file; the user may choose its folder.
 inline constexpr const char* kDataFileName = "Corvella Data.corvella";
 inline constexpr const char* kIdentifier = "com.quenbylabs.corvella";
 
 /// The bundle version, "" when the build was given none. UTF-8.
 [[nodiscard]] std::string_view version();
-/// The same, decoded.
 [[nodiscard]] QString versionText();
 
 } // namespace CVBundle

@@ -7,7 +7,7 @@ namespace CVDefaultsKeys {
 inline constexpr const char* kDataFileLocation = "Data File Location";
 inline constexpr const char* kNumberOfItems = "CVNumberOfItems";
 inline constexpr const char* kClearFields = "CVClearFields";
-/// The one letter of "Of" that is missing is missing in the name.
+/// The key lacks the "O" of "Of", because existing settings hold it so.
 inline constexpr const char* kStartDayOfWeek = "CVSetStartDayfWeek";
 inline constexpr const char* kTodayColumn = "CVSetTodayColumn";
 inline constexpr const char* kShowUnusedCategories = "ShowUnusedCategories";
@@ -16,7 +16,7 @@ inline constexpr const char* kTransactionSortOrder = "kCVTransactionSortOrder";
 
 inline constexpr const char* kPeriodType = "kCVPeriodType";
 inline constexpr const char* kDisplayTab = "kCVDisplayTab";
-/// The one letter of "CV" that is missing is missing in the name.
+/// The key lacks the "V" of "CV", because existing settings hold it so.
 inline constexpr const char* kReportTab = "kCReportTab";
 inline constexpr const char* kTransactionPeriod = "kCVTransactionPeriod";
 inline constexpr const char* kReportPeriod = "kCVReportPeriod";
@@ -34,9 +34,9 @@ inline constexpr const char* kCheckUpdatesAutomatically = "QBCheckUpdatesAutomat
 inline constexpr const char* kIncludeSysInfo = "QBIncludeSysInfoWithCheckForUpdate";
 /// Written with the fixed format "%m/%d/%y %H:%M %z".
 inline constexpr const char* kLastCheckForUpdatesTime = "QBLastCheckForUpdatesTime";
-/// What the maker says of a newer version, and with "AppCheckedVersion" which version asked.
+/// The maker's reply about a newer version; its value "AppCheckedVersion" is the version of the program that asked.
 inline constexpr const char* kUpdatedAppInfo = "QBUpdatedAppInfo";
-/// There when the last check got no usable reply.
+/// Present when the last check got no usable reply.
 inline constexpr const char* kUpdatedAppError = "QBUpdatedAppError";
 
 } // namespace CVDefaultsKeys

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// What became of an operation on a file: nothing to say when it succeeded, else a reason for a person.
+/// The outcome of an operation on a file: an empty error on success, else a reason that a person can read.
 struct CVFileResult {
     QString error;
 
@@ -10,6 +10,6 @@ struct CVFileResult {
     /// Whether the reason is that the disk has no room left.
     [[nodiscard]] bool diskIsFull() const;
 
-    /// The reason that the last call of the C library left behind.
+    /// The failure of the last call of the C library, with the reason in `errno`.
     [[nodiscard]] static CVFileResult ofLastCall();
 };

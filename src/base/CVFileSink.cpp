@@ -8,7 +8,8 @@ namespace {
 
 constexpr qint64 kMostHeld = 64 * 1024;
 
-/// Pipes, terminals and some file systems know no sync and say so; there is nothing more to be done on them.
+/// Whether the error says that the target does not support syncing (a pipe, a terminal, some file systems), which is no
+/// failure.
 bool knowsNoSync(int error) {
     return error == EINVAL || error == ENOTSUP || error == EROFS;
 }
@@ -45,7 +46,7 @@ bool CVFileSink::drainHeld() {
     return drained;
 }
 
-/// A write may take a part only: the next one takes the rest, or says why it cannot.
+/// Calls ::write until all bytes are written or it fails, because one call may write only a part.
 bool CVFileSink::drain(const char* bytes, qint64 size) {
     while (mResult.ok() && size > 0) {
         const ssize_t taken = ::write(mDescriptor, bytes, static_cast<std::size_t>(size));

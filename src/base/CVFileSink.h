@@ -5,14 +5,14 @@
 #include <QByteArray>
 #include <QIODevice>
 
-/// Bytes on their way into an open file, or into whatever else takes them (a pipe, a terminal). Remembers the first
-/// failure, whoever ignores it, and writes nothing after it: `finish` cannot report success for less than everything.
-/// References the descriptor, which is not closed.
+/// Writes bytes to an open file, a pipe or a terminal. Remembers the first failure and writes nothing after it: even
+/// when the caller ignores a failure, `finish` reports success only if every byte was written. Does not close the
+/// descriptor.
 class CVFileSink final : public QIODevice {
 public:
     explicit CVFileSink(int descriptor);
 
-    /// Writes what is still held back and brings all of it to the disk, as far as there is one.
+    /// Writes the bytes that are still held back and syncs a file to the disk.
     [[nodiscard]] CVFileResult finish();
 
     [[nodiscard]] bool isSequential() const override { return true; }
@@ -26,7 +26,7 @@ private:
     bool drainHeld();
 
     int mDescriptor;
-    /// Small pieces, until there are enough of them.
+    /// Collects small pieces, so that they cost few system calls.
     QByteArray mHeld;
     CVFileResult mResult;
 };

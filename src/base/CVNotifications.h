@@ -5,12 +5,12 @@ namespace CVNotifications {
 
 inline constexpr const char* kTransactionAddedRemoved = "CVTransactionAddedRemovedNotificaiton";
 inline constexpr const char* kCategoryAddedRemoved = "CVCategoryAddedRemovedNotificaiton";
-/// Carries the set as its object when one was added or renamed, nothing when one was deleted.
+/// Its object is the set that was added or renamed; it has no object when a set was deleted.
 inline constexpr const char* kTransactionSet = "kCVTransactionSetNotification";
-/// Money is written in another way now.
+/// The format of money has changed.
 inline constexpr const char* kMoneyFormatterChanged = "kQBNotif_MoneyFormatterChanged";
 inline constexpr const char* kPreference = "CVPreferenceNotification";
-/// A check for a newer version got a usable reply; its object is the one that checked, a `QObject*`.
+/// A check for a newer version got a usable reply; its object is the checker, a `QObject*`.
 inline constexpr const char* kCheckedForUpdates = "QBNotification_CheckedForUpdates";
 
 } // namespace CVNotifications

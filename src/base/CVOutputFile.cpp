@@ -26,7 +26,7 @@ std::optional<QString> writeThrough(const QString& path, const CVFileContent& wr
     return failure;
 }
 
-/// A budget would be gone, or have a list behind its end.
+/// Why the path must not be written to; absent when it may be. Output would replace a budget or be appended to it.
 std::optional<QString> refusal(const QString& path, const QStringList& spared) {
     for (const QString& file : spared) {
         if (CVIsSameFile(path, file))
@@ -49,7 +49,7 @@ std::optional<QString> CVWriteOutput(int descriptor, const CVFileContent& write,
     if (auto reason = refusal(QStringLiteral("/proc/self/fd/%1").arg(descriptor), spared))
         return reason;
     CVFileSink sink(descriptor);
-    // What was written before the writer gave up has gone out.
+    // Bytes that were written before the writer gave up cannot be taken back.
     (void)write(sink);
     return failureIn(sink.finish());
 }

@@ -2,12 +2,12 @@
 
 #include "base/CVSafeFile.h"
 
-/// Writes a file that the user wants to have, which stands there whole or as it was. What is no file (a pipe, a
-/// terminal, another device) is written to as it stands there. Refused where it is one of the `spared` files, by
-/// whatever name. Absent when that succeeded or `write` answered false, else the reason.
+/// Writes a file that the user asked for; when that fails, the old file stays whole. Writes directly to whatever is no
+/// file (a pipe, a terminal, another device). Refuses a path that names one of the `spared` files, also through links.
+/// Absent on success and when `write` answered false, else the reason of the failure.
 [[nodiscard]] std::optional<QString> CVWriteOutputFile(const QString& path, const CVFileContent& write,
                                                        const QStringList& spared = {});
 
-/// Writes to what is open already, standard output say; the same answer.
+/// Writes to an open descriptor, such as standard output; answers as `CVWriteOutputFile` does.
 [[nodiscard]] std::optional<QString> CVWriteOutput(int descriptor, const CVFileContent& write,
                                                    const QStringList& spared = {});

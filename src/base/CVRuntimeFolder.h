@@ -6,17 +6,17 @@
 
 #include <optional>
 
-/// The runtime folder of the session while the toolkit starts. The toolkit looks there for a display, and where the
-/// session has no such folder of this user's, it makes one with a complaint on standard error: then it gets one of its
-/// own, which goes with this object.
+/// Provides a runtime folder (XDG_RUNTIME_DIR) while the toolkit starts, because the toolkit looks for a display there.
+/// Without a folder that belongs to the user, the toolkit makes one and complains on standard error; this object
+/// therefore sets a temporary folder, which it removes in the end.
 class CVRuntimeFolder final {
 public:
-    /// The runtime folder of this user's session; empty when there is none. One that others may enter counts, with the
-    /// toolkit's complaint: the session's display may lie in it.
+    /// The runtime folder of this user's session; empty when there is none. A folder that other users may enter counts
+    /// too, although the toolkit complains about it, because the session's display may be in it.
     [[nodiscard]] static QString ofUser();
 
     CVRuntimeFolder();
-    /// The environment is again as it was.
+    /// Restores the environment.
     ~CVRuntimeFolder();
     CVRuntimeFolder(const CVRuntimeFolder&) = delete;
     CVRuntimeFolder& operator=(const CVRuntimeFolder&) = delete;

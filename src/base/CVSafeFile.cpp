@@ -26,7 +26,8 @@ struct Target {
     QString error;
 };
 
-/// The file a chain of links ends at, existing or not: its folder is the one whose entry changes.
+/// The file at which a chain of symbolic links ends, existing or not. The file is replaced in its own folder, so that
+/// the links stay.
 Target followLinks(const QString& path) {
     QString at = QFileInfo(path).absoluteFilePath();
     for (int links = 0; links < kLongestChain; ++links) {
@@ -43,8 +44,8 @@ Target followLinks(const QString& path) {
     return {{}, qt_error_string(ELOOP)};
 }
 
-/// Gives the new file the mode of the one it replaces, or makes it private. On a file system that knows no modes
-/// (where the attempt is not permitted even to the owner) a private file is not to be had.
+/// Gives the new file the mode of the file that it replaces, or makes it private. A new file on a file system without
+/// modes, where even the owner is refused with EPERM, cannot be private; that is no failure.
 CVFileResult setMode(int descriptor, const CVStanding& old, CVNewFile access) {
     if (!old.signature && access == CVNewFile::Usual)
         return {};
@@ -53,7 +54,7 @@ CVFileResult setMode(int descriptor, const CVStanding& old, CVNewFile access) {
     return CVFileResult::ofLastCall();
 }
 
-/// The toolkit drops the reason of some calls.
+/// The toolkit loses the reason of some failed calls; `errno` still holds it.
 CVFileResult failureOf(const QSaveFile& file) {
     const bool dropped = file.errorString() == QIODevice::tr("Unknown error");
     return dropped ? CVFileResult::ofLastCall() : CVFileResult{file.errorString()};
@@ -68,7 +69,8 @@ CVReplaceResult CVReplaceFile(const QString& path, const CVFileContent& write, C
     const CVStanding old = CVStanding::at(target);
     if (!old.error.isEmpty())
         return {{old.error}, {}};
-    // Finds a name for the new file and renames it; the bytes pass it by, as it takes a part of them for all.
+    // QSaveFile names the temporary file and renames it. The bytes go through CVFileSink instead, because QSaveFile
+    // takes a partial write for a whole one.
     QSaveFile file(target);
     if (!file.open(QIODevice::WriteOnly))
         return {failureOf(file), {}};
@@ -95,7 +97,7 @@ CVFileResult CVSyncFolder(const QString& path) {
     const int folder = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (folder < 0)
         return CVFileResult::ofLastCall();
-    // Some file systems know no sync of folders and say so; there is nothing more to be done on them.
+    // Some file systems do not support syncing a folder, which is no failure.
     const bool synced = ::fsync(folder) == 0 || errno == EINVAL || errno == ENOTSUP;
     CVFileResult result = synced ? CVFileResult() : CVFileResult::ofLastCall();
     ::close(folder);

@@ -7,29 +7,29 @@
 
 class QIODevice;
 
-/// Writes what a file is to hold; ends the attempt, and leaves everything as it was, by answering false. Failures of
-/// the device need not be looked at.
+/// Writes the content of a file. Answering false abandons the attempt and leaves the old file as it was. The function
+/// need not check the device for failures, because the caller does.
 using CVFileContent = std::function<bool(QIODevice& output)>;
 
-/// Who can read a file that did not exist before.
+/// Who may read a file that is newly made.
 enum class CVNewFile {
-    /// Its owner alone.
+    /// Only its owner.
     Private,
-    /// Whoever the user lets read new files.
+    /// Whoever the user's file mode mask (umask) allows.
     Usual
 };
 
 struct CVReplaceResult : CVFileResult {
-    /// Of the new file, once it stands at its place, even when something failed after that.
+    /// The signature of the new file; present once the file is in its place, even when a later step failed.
     std::optional<CVFileSignature> written;
 };
 
-/// Replaces the file at `path` by what `write` writes, so that at every moment, whatever fails, the old file or the new
-/// one stands there whole. A symbolic link is followed, an existing file keeps its mode. Returns when the new file and
-/// its folder entry are on the disk. Failing: the reason. Nothing of the attempt is left then, unless the file was
-/// replaced and only its folder could not be synced.
+/// Replaces the file at `path` by what `write` writes. At every moment, whatever fails, either the old file or the new
+/// one is there whole. Follows symbolic links; an existing file keeps its mode. Returns when the new file and its
+/// folder entry are on the disk. On failure it answers the reason and leaves nothing behind, unless the file was
+/// replaced and only syncing its folder failed.
 [[nodiscard]] CVReplaceResult CVReplaceFile(const QString& path, const CVFileContent& write,
                                             CVNewFile access = CVNewFile::Private);
 
-/// Brings a folder's entries to the disk.
+/// Syncs a folder's entries to the disk.
 [[nodiscard]] CVFileResult CVSyncFolder(const QString& path);

@@ -2,10 +2,10 @@
 
 #include <QString>
 
-/// Addresses of the maker, as the build was given them.
+/// Addresses of the maker, which are set when the program is built.
 namespace CVSite {
 
-/// Where a newer version is asked for.
+/// The address that answers whether there is a newer version.
 [[nodiscard]] QString updateCheck();
 [[nodiscard]] QString webSite();
 [[nodiscard]] QString supportForums();

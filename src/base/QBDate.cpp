@@ -60,8 +60,8 @@ char* writePadded(char* out, qint64 value, std::size_t width) {
     return std::copy_n(digits.data(), length, out);
 }
 
-/// Reads one field of digits, with a minus sign or without, up to `separator` (or to the end of the text when it is 0)
-/// and takes both off the text.
+/// Reads one field of digits with an optional minus sign up to `separator` (0: up to the end of the text), and removes
+/// both from the text. Absent when the text has another form.
 std::optional<qint64> takeField(std::string_view& text, char separator) {
     constexpr qint64 kBeyondAllFields = 100 * kLargestYear;
     const bool negative = !text.empty() && text.front() == '-';
@@ -137,7 +137,7 @@ void QBDate::yearsMonthsDaysSinceDate(qint64* years, qint64* months, qint64* day
         counted = wholeMonths;
     }
     if (days) {
-        // The days left are counted from the same day of the month reached, or from that month's last day.
+        // The remaining days are counted from the same day of the month reached, or from that month's last day.
         const QBDate first =
             QBDate(earlier.yearOfCommonEra(), earlier.monthOfYear(), 1).dateByAddingYears(0, counted, 0);
         const int day =

@@ -8,16 +8,16 @@
 #include <string_view>
 
 /// A day of the proleptic Gregorian calendar, with a year 0, no time of day and no time zone. Immutable, always a day
-/// that exists. Years lie within a thousand million of year 0; arithmetic that would lead beyond is outside its domain.
+/// that exists. Years lie within a thousand million of year 0; arithmetic beyond these years is not supported.
 class QBDate final {
 public:
     /// Today in the user's local calendar.
     [[nodiscard]] static QBDate date();
-    /// Makes `date()` answer that day from now on; absent: the clock again.
+    /// Makes `date()` answer `today` from now on; absent: the day of the clock again.
     static void setToday(std::optional<QBDate> today);
 
-    /// The day with these fields; a month outside 1 to 12 or a day outside the month is normalised as the arithmetic
-    /// does (month 0 is December of the year before).
+    /// The day with these fields; a month outside 1 to 12 or a day outside the month is normalised as in
+    /// `dateByAddingYears` (month 0 is December of the year before).
     [[nodiscard]] static QBDate dateWithYear(qint64 year, int month, int day);
     /// The day of that instant in the local time zone; today for an invalid one.
     [[nodiscard]] static QBDate dateWithNSDate(const QDateTime& instant);
@@ -33,8 +33,8 @@ public:
     /// on from the first of that month. 31 March less one month is therefore 3 March, or 2 March in a leap year.
     [[nodiscard]] QBDate dateByAddingYears(qint64 years, qint64 months, qint64 days) const;
     /// Fills each amount whose pointer is not null with the difference from `earlier` to this day, larger units first;
-    /// what an unasked unit would have held counts in the next smaller one. A month is whole when its day of the month
-    /// is reached. All amounts are negative or 0 when this day is the earlier one.
+    /// the amount of a unit that is not asked for counts in the next smaller unit. A month is whole when its day of the
+    /// month is reached. All amounts are negative or 0 when this day is the earlier one.
     void yearsMonthsDaysSinceDate(qint64* years, qint64* months, qint64* days, const QBDate& earlier) const;
 
     /// 0 = Sunday to 6 = Saturday.
@@ -45,7 +45,8 @@ public:
     /// The start of the day in the local time zone.
     [[nodiscard]] QDateTime nsCalendarDate() const;
 
-    /// A number that orders days as the days themselves, for walks over very many; a missing day comes before all.
+    /// A number that compares as the day does, for quick walks over very many days; a missing day has the smallest
+    /// number.
     [[nodiscard]] constexpr qint64 orderKey() const { return _qb_fields; }
     [[nodiscard]] static constexpr qint64 orderKey(const std::optional<QBDate>& day) {
         return day ? day->_qb_fields : kNoDay;
@@ -61,7 +62,6 @@ public:
     [[nodiscard]] char* writeXMLRepresentation(char* out) const;
     [[nodiscard]] QByteArray corvellaXMLRepresentation() const;
 
-    /// By calendar day.
     friend constexpr auto operator<=>(const QBDate&, const QBDate&) = default;
 
 private:
@@ -79,6 +79,6 @@ private:
     /// Days since 1 January 1970.
     [[nodiscard]] qint64 dayNumber() const;
 
-    /// The year, the month and the day side by side, so that comparing two days compares two numbers.
+    /// The year, the month and the day side by side, so that comparing two days is comparing two numbers.
     qint64 _qb_fields;
 };

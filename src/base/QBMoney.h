@@ -2,13 +2,13 @@
 
 #include <QtGlobal>
 
-/// From here on (2^45, some 35 million million) neighbouring doubles lie so far apart that a rounded value, rounded
-/// again, could move.
+/// From 2^45 (about 35 million million) on, neighbouring doubles lie so far apart that rounding a rounded value could
+/// change it.
 inline constexpr double kQBNoCentsFrom = 0x1p45;
 
 /// `value` rounded to two decimal places, halves away from zero, never to a negative zero. Rounding again changes
-/// nothing. Infinities, NaN and magnitudes from 2^45 on come back as they are. Here for its callers' inner loops: every
-/// sum that is shown, and every step of some, passes through it.
+/// nothing. Infinities, NaN and magnitudes from 2^45 on come back as they are. Inline because inner loops call it:
+/// every sum that is shown is rounded, and so is every step of some sums.
 [[nodiscard]] inline double RoundDoubleToTwoPlaces(double value) {
     if (!(value > -kQBNoCentsFrom && value < kQBNoCentsFrom))
         return value;

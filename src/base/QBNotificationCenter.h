@@ -12,8 +12,8 @@ struct QBNotification {
     std::any object;
 };
 
-/// Hands announcements from whoever posts them to whoever observes their name, in the order of registration.
-/// An observer lives in its own thread: a notification from another thread is delivered by that thread's event loop.
+/// Delivers notifications to the observers of their name, in the order of registration. A notification that is posted
+/// in another thread than the observer's is delivered by the event loop of the observer's thread.
 class QBNotificationCenter final : public QObject {
     Q_OBJECT
 

@@ -39,8 +39,8 @@ bool beginsWithNumber(std::string_view text) {
     return !text.empty() && isDigit(text.front());
 }
 
-/// The value of up to fifteen digits with a point among them and nothing behind. Their integer and the power of ten are
-/// exact as doubles, so that the quotient is the nearest double to the number. Absent for any other text.
+/// The value of at most fifteen digits with at most one point and nothing after them. The digits as an integer and the
+/// power of ten are exact as doubles, so that their quotient is the nearest double. Absent for any other text.
 std::optional<double> plainNumber(std::string_view digits) {
     constexpr std::size_t kExactDigits = 15;
     constexpr std::array<double, kExactDigits + 1> kPowersOfTen{1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
@@ -90,7 +90,7 @@ bool isHuge(std::string_view digits) {
     return position > 0;
 }
 
-/// Up to here value * 100 is off by less than 0.01, so a product that lies clearly between two halves rounds as the
+/// Below this limit value * 100 is off by less than 0.01, so that a product farther than 0.01 from a half rounds as the
 /// exact value does.
 constexpr double kFastMoneyLimit = 1e11;
 

@@ -19,8 +19,9 @@ inline constexpr std::size_t kMoneyBound = 320;
 [[nodiscard]] char* writeMoney(char* out, double value);
 
 /// The number with which `text` begins, after optional white space: the longest start that reads as a decimal number
-/// with optional sign, fraction and exponent. 0 when there is none ("nan" and "inf" are none); beyond the range of
-/// doubles the largest of that sign, which can be written back, below it 0.
+/// with optional sign, fraction and exponent. 0 when there is none ("nan" and "inf" are none). A number beyond the
+/// range of doubles reads as the largest double of that sign, which can be written back; a number too small for a
+/// double reads as 0.
 [[nodiscard]] double leadingDouble(std::string_view text);
 /// The integer with which `text` begins, after optional white space and sign, reduced modulo 2^32; 0 when there is
 /// none.

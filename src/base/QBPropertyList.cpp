@@ -13,17 +13,16 @@ struct PlistDeleter {
     void operator()(void* node) const { plist_free(node); }
 };
 struct MallocDeleter {
-    // libplist hands its texts out to be freed so.
+    // libplist allocates its texts with malloc and leaves them to the caller.
     void operator()(void* memory) const { std::free(memory); } // NOLINT(cppcoreguidelines-no-malloc)
 };
 using PlistText = std::unique_ptr<char, MallocDeleter>;
 
-/// In bytes; the library that reads lists would run out of stack on longer ones that are nothing but lists within
-/// lists.
+/// In bytes; libplist would run out of stack on longer bytes that hold nothing but nested lists.
 constexpr qsizetype kLargestList = qsizetype(1) << 20;
 /// How libplist tells a binary list from XML.
 constexpr QByteArrayView kBinaryStart("bplist");
-/// Deeper lists within lists are left out: they come from nobody who means well, and each level costs stack.
+/// Lists that are nested more deeply are left out, because each level costs stack and no honest list needs them.
 constexpr int kDeepestLevel = QBSoundBinaryList::kDeepestLevel;
 
 QVariant valueOf(plist_t node, int level);
@@ -58,7 +57,7 @@ QVariant mapOf(plist_t node, int level) {
     }
 }
 
-/// By pointer and length: what hands out a copy ends the process on a text with a NUL.
+/// Reads by pointer and length, because libplist ends the process when it copies a text with a NUL.
 QVariant textOf(plist_t node) {
     uint64_t length = 0;
     const char* const text = plist_get_string_ptr(node, &length);
@@ -105,7 +104,8 @@ QVariant valueOf(plist_t node, int level) {
     }
 }
 
-/// Whether libplist can be asked without harm. No XML holds a NUL, and none that stands for one is read.
+/// Whether libplist can read the bytes without harm. XML with a NUL is refused, and libplist reads no reference that
+/// stands for a NUL.
 bool isSound(const QByteArray& bytes) {
     if (bytes.isEmpty() || bytes.size() > kLargestList)
         return false;

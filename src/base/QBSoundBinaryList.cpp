@@ -8,11 +8,11 @@ namespace {
 
 constexpr QByteArrayView kMagic("bplist00");
 constexpr quint64 kTrailerSize = 32;
-/// Where in the trailer the fields begin, behind bytes that mean nothing.
+/// Where the fields of the trailer begin; the bytes before them mean nothing.
 constexpr quint64 kSizesAt = 6;
 constexpr quint64 kCountAt = 8;
 constexpr quint64 kWidestNumber = 8;
-/// What the reader needs for each item, more or less.
+/// About how many bytes of memory libplist takes for each item.
 constexpr quint64 kItemCost = 64;
 
 /// The kinds of items, as the upper half of an item's first byte names them.
@@ -30,7 +30,7 @@ enum Kind : unsigned {
 
 constexpr unsigned kFalse = 8;
 constexpr unsigned kTrue = 9;
-/// In the lower half of the first byte: the length follows as an integer.
+/// This lower half of the first byte says that the length follows as an integer.
 constexpr unsigned kLengthFollows = 0xF;
 
 /// An item's first byte and length, and where its contents begin.
@@ -40,7 +40,7 @@ struct Head {
     quint64 contentsAt;
 };
 
-/// One look at the items that the top item leads to. Each is looked at once, however many refer to it.
+/// Checks the items to which the top item leads, each once however many items refer to it.
 class Look final {
 public:
     explicit Look(QByteArrayView bytes) : mBytes(bytes) {}
@@ -60,7 +60,7 @@ private:
         int height = 0;
     };
 
-    /// The big-endian number of that width; the caller has made sure that it is there.
+    /// The big-endian number of that width in bytes; the caller has checked that the bytes exist.
     [[nodiscard]] quint64 numberAt(quint64 at, quint64 width) const {
         quint64 number = 0;
         for (quint64 i = 0; i < width; ++i)
@@ -80,7 +80,7 @@ private:
     [[nodiscard]] bool isText(quint64 index) const;
 
     QByteArrayView mBytes;
-    /// Behind the last item.
+    /// The offset behind the last item.
     quint64 mEnd = 0;
     quint64 mOffsetWidth = 0;
     quint64 mReferenceWidth = 0;
@@ -126,7 +126,7 @@ std::optional<Head> Look::headAt(quint64 at) const {
     return head;
 }
 
-/// Of the contents in bytes; absent for an unknown kind and for more than there is.
+/// The size of the contents in bytes; absent for an unknown kind and for a size beyond the end.
 std::optional<quint64> Look::sizeOf(const Head& head) const {
     const quint64 room = mEnd - head.contentsAt;
     const auto times = [&](quint64 width) {
@@ -158,7 +158,7 @@ std::optional<quint64> Look::sizeOf(const Head& head) const {
     }
 }
 
-/// Whether the contents are no text with a NUL.
+/// False for a text that holds a NUL.
 bool Look::isPlain(const Head& head, quint64 size) const {
     const QByteArrayView contents =
         mBytes.sliced(static_cast<qsizetype>(head.contentsAt), static_cast<qsizetype>(size));
@@ -173,12 +173,12 @@ bool Look::isPlain(const Head& head, quint64 size) const {
     return true;
 }
 
-/// What an item and all within it come to; absent when one of them is not sound.
+/// The cost in bytes of an item and all items in it; absent when one of them is not sound.
 std::optional<quint64> Look::costOf(quint64 index, int level) {
     if (index >= mItems.size())
         return std::nullopt;
     Item& item = mItems[static_cast<std::size_t>(index)];
-    // An open item is met again only within itself.
+    // An item that is met while it is open contains itself.
     if (item.state == Item::State::Open || level + item.height > QBSoundBinaryList::kDeepestLevel)
         return std::nullopt;
     if (item.state == Item::State::Done)
@@ -216,7 +216,7 @@ std::optional<quint64> Look::costOfChildren(const Head& head, Item& item, int le
     return sum;
 }
 
-/// Of an item that is sound.
+/// Requires a sound item.
 bool Look::isText(quint64 index) const {
     const unsigned kind = byteAt(numberAt(mEnd + index * mOffsetWidth, mOffsetWidth)) >> 4U;
     return kind == AsciiText || kind == Utf16Text;

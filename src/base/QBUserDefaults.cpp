@@ -69,8 +69,8 @@ void QBUserDefaults::removeKey(const char* key) {
 }
 
 bool QBUserDefaults::synchronize() {
-    // The store remembers its first failure for good. Another look at the same file shares what is to be written and
-    // tells how it goes today.
+    // `mStore` reports its first failure for ever. A second QSettings of the same file shares the pending changes and
+    // reports only how this attempt ends.
     QSettings writer(mStore->fileName(), mStore->format());
     writer.sync();
     return writer.status() != QSettings::AccessError;

@@ -10,13 +10,12 @@
 class QSettings;
 
 /// The user's settings: a flat store of named values that outlives the process. An absent or unreadable value reads as
-/// 0, false or nothing. Writing reports nothing: settings that cannot be kept are lost with the process and harm
-/// nothing else.
+/// 0, false or nothing. The setters report no failure: settings that cannot be stored last until the process ends.
 class QBUserDefaults final {
 public:
     enum class Changes {
         Kept,
-        /// What is set lasts as long as this object; the store is only read.
+        /// Changes last as long as this object; the store is only read.
         Forgotten
     };
 
@@ -44,9 +43,9 @@ public:
     void setDictionary(const char* key, const QVariantMap& value);
     void removeKey(const char* key);
 
-    /// Writes what has changed to the disk at once; false when that fails, and what was set ends with the process.
+    /// Writes the changes to the disk at once; false when that fails, and the changes then last until the process ends.
     bool synchronize();
-    /// The settings file, for a person to look at.
+    /// The path of the settings file, to be shown to a person.
     [[nodiscard]] QString fileName() const;
 
 private:
@@ -55,6 +54,6 @@ private:
 
     std::unique_ptr<QSettings> mStore;
     Changes mChanges;
-    /// What was set and is not to be kept; an invalid value stands for a removed one.
+    /// The changes that are not stored; an invalid value stands for a removed key.
     QHash<QString, QVariant> mForgotten;
 };

@@ -13,12 +13,12 @@ struct Entity {
     std::string_view name;
 };
 
-/// The apostrophe is read but never written: no text stands between apostrophes.
+/// The apostrophe is decoded but never encoded, because no text is written between apostrophes.
 constexpr std::array<Entity, 5> kPredefined{
     {{u'&', "amp"}, {u'<', "lt"}, {u'>', "gt"}, {u'"', "quot"}, {u'\'', "apos"}}};
 constexpr std::size_t kWritten = 4;
 
-/// The longest replacement, "&quot;"; three bytes of UTF-8 per UTF-16 unit are less.
+/// The length of the longest replacement, "&quot;"; a UTF-16 unit takes at most three bytes of UTF-8.
 constexpr qsizetype kLongestReplacement = 6;
 
 constexpr std::array<bool, 128> makePlainTable() {
@@ -77,7 +77,7 @@ std::optional<char32_t> referencedCharacter(QStringView name) {
     const QStringView digits = hexadecimal ? name.sliced(1) : name;
     bool valid = false;
     const uint code = digits.toUInt(&valid, hexadecimal ? 16 : 10);
-    // The conversion would also take signs, blanks and prefixes.
+    // QStringView::toUInt also accepts signs, blanks and prefixes.
     valid =
         valid && std::all_of(digits.begin(), digits.end(), [hexadecimal](QChar c) {
             const char latin = c.toLatin1();
@@ -143,7 +143,7 @@ QString xml_decodedFromXML(const QString& text) {
 }
 
 QString xml_storableText(const QString& text) {
-    // Not through QString::utf16(), which would turn the caller's null text into an empty one.
+    // QString::utf16() would turn the caller's null text into an empty one.
     const QStringView units(text);
     if (std::all_of(units.begin(), units.end(), [](QChar unit) { return isStorable(unit.unicode()); }))
         return text;

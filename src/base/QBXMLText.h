@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
-/// User text on its way into and out of XML.
+/// Encodes user text for XML and decodes it.
 
 /// Room that `xml_writeEncodedForXML` may need for `text`, in bytes.
 [[nodiscard]] qsizetype xml_encodedBound(QStringView text);
@@ -16,13 +16,13 @@
 /// Appends what `xml_writeEncodedForXML` writes.
 void xml_appendStringEncodedForXML(QByteArray& target, QStringView text);
 
-/// The text with the predefined entities and character references undone; what is no complete reference stays.
+/// The text with the predefined entities and character references decoded; an incomplete reference stays as it is.
 [[nodiscard]] QString xml_decodedFromXML(const QString& text);
 
 /// The text as it will come back from the file: without the characters that XML cannot carry (controls other than tab
 /// and line feed, U+FFFE, U+FFFF, lone surrogates), carriage returns as line feeds. Null stays null.
 [[nodiscard]] QString xml_storableText(const QString& text);
 
-/// The same in one line, as a name is typed: each line break, with the white space around it, is one blank, and none at
-/// the ends. A text without line breaks is only made storable.
+/// `xml_storableText` in one line: each line break, with the white space around it, becomes one blank, and none at the
+/// ends. A text without line breaks is only made storable.
 [[nodiscard]] QString xml_storableLine(const QString& text);
