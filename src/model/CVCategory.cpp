@@ -15,7 +15,7 @@
 
 namespace {
 
-/// Every attribute that begins so is the frequency, whatever follows.
+/// Every attribute whose name begins with this is the frequency.
 constexpr std::string_view kFrequencyPrefix = "freq";
 
 void append(QByteArray& text, std::string_view words) {
@@ -59,7 +59,7 @@ QByteArray CVCategory::xmlRepresentation() const {
     QByteArray text = "<Category id=\"" + QByteArray::number(mUniqueID) + "\">";
     xml_appendStringEncodedForXML(text, mCategoryName);
     append(text, R"(<ExpenseEstimates frequency=")");
-    // The form of a null name; it reads back as the unknown frequency.
+    // "(null)" stands for a missing name and reads back as the unknown frequency.
     append(text, frequency.data() ? frequency : "(null)");
     append(text, R"(" target=")");
     text.append(target.data(), targetEnd - target.data());

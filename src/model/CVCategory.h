@@ -17,7 +17,7 @@ class CVCategory final : public CVParsingObject {
     Q_DECLARE_TR_FUNCTIONS(CVCategory)
 
 public:
-    /// Its bounds are `today` until transactions widen them.
+    /// The dates of its earliest and latest transaction are `today` until transactions widen them.
     explicit CVCategory(const QBDate& today = QBDate::date());
 
     /// The names of the categories that a new document starts with, read once and kept; absent when the resource
@@ -42,8 +42,8 @@ public:
     [[nodiscard]] quint32 weeklyPeriods() const { return mWeeklyPeriods; }
     [[nodiscard]] quint64 numberOfTransactions() const { return mNumberOfTransactions; }
 
-    /// Cleans the name of what XML cannot carry; a changed one is announced through the document. The document's
-    /// categories are not sorted again: the caller asks for that.
+    /// Removes from the name what XML cannot carry, and announces a changed name through the document. The caller sorts
+    /// the document's categories again.
     void setCategoryName(const QString& name);
     void setUniqueID(quint32 id) { mUniqueID = id; }
     void setExpenseFrequency(qint64 code) { mExpenseFrequency = code; }
@@ -62,7 +62,7 @@ public:
     void setWeeklyPeriods(quint32 count) { mWeeklyPeriods = count; }
     void setNumberOfTransactions(quint64 count) { mNumberOfTransactions = count; }
 
-    /// Moves the bounds apart as far as needed for them to include `date`. Here for a walk over all transactions.
+    /// Widens the bounds to include `date`. Inline for walks over all transactions.
     void widenBounds(const QBDate& date) {
         if (date.comesBefore(mEarliestTransaction))
             mEarliestTransaction = date;

@@ -3,9 +3,9 @@
 #include "model/CVDocument.h"
 #include "model/CVIDMap.h"
 
-/// Finds categories by ID for the length of one walk over the transactions: same answers as
-/// `CVDocument::getCategoryByUniqueID`, at a cost that does not grow with their number. Made anew for each walk, so it
-/// can never be out of date; the categories outlive it.
+/// Finds categories by ID during one walk over the transactions. Answers as `CVDocument::getCategoryByUniqueID` does,
+/// but at a cost that does not grow with the number of categories. Each walk makes its own, so that it is never out of
+/// date. The categories outlive it.
 class CVCategoryLookup final {
 public:
     explicit CVCategoryLookup(const CVDocument::Categories& categories);

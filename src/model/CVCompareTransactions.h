@@ -4,8 +4,8 @@
 
 class CVTransaction;
 
-/// By which of `CVTransactionColumns` transactions are ordered: "date", "amount", "tofrom", "for" or "category"; any
-/// other key orders nothing.
+/// The column of `CVTransactionColumns` by which transactions are ordered: "date", "amount", "tofrom", "for" or
+/// "category"; with any other key all transactions are equal.
 struct CVTransactionSortContext {
     QString key;
     bool descending = false;
@@ -13,10 +13,10 @@ struct CVTransactionSortContext {
     bool operator==(const CVTransactionSortContext&) const = default;
 };
 
-/// The one order of transactions: -1, 0 or 1. Dates are ordered by day, a missing one before all others, and within a
-/// day by category name; names and texts without regard to case, a missing one being equal to every other.
-/// With missing texts or names this is no strict weak order: sort only with an algorithm that stays in bounds whatever
-/// it answers, such as std::stable_sort.
+/// Compares two transactions: -1, 0 or 1. Dates are ordered by day, a missing date before all others, and within a day
+/// by category name. Names and texts are compared without regard to case; a missing one equals every other. With
+/// missing names or texts this is no strict weak order: sort only with an algorithm that stays in bounds nevertheless,
+/// such as std::stable_sort.
 [[nodiscard]] int CVCompareTransactions(const CVTransaction& a, const CVTransaction& b,
                                         const CVTransactionSortContext& context);
 

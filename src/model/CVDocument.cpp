@@ -22,7 +22,7 @@ void keepFirstOfEachID(Records& records) {
     std::erase_if(records, [&seen](const auto& record) { return !seen.insert(record->uniqueID()).second; });
 }
 
-/// Empties a collection. A view may keep a record for longer than the document lives; it must not ask one that is gone.
+/// Empties a collection. Its records forget the document, because a view may keep a record after the document is gone.
 template <typename Records>
 void release(Records& records) {
     for (const auto& record : records)
@@ -93,7 +93,7 @@ quint32 CVDocument::getUniqueTransactionSetID() {
     return getUniqueIDBesides(taken);
 }
 
-/// 0 is the ID of what belongs to none.
+/// 0 is not issued, because it stands for no category and for no set.
 quint32 CVDocument::getUniqueIDBesides(const std::unordered_set<quint32>& taken) {
     quint32 id = getUniqueID();
     while (id == 0 || taken.contains(id))
@@ -170,7 +170,7 @@ void CVDocument::sortCategories() {
 void CVDocument::removeCategory(const std::shared_ptr<CVCategory>& category) {
     if (!category)
         return;
-    // `category` may be the very element that goes.
+    // `category` may refer to the very element that is erased.
     if (const auto found = std::find(mCategories.begin(), mCategories.end(), category); found != mCategories.end()) {
         category->setDocument(nullptr);
         mCategories.erase(found);

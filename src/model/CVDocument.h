@@ -17,8 +17,8 @@ class CVTransactionSet;
 class QBNotificationCenter;
 class QBUserDefaults;
 
-/// The one budget: owns all transactions (newest day first, see `CVCompareTransactions`), categories (by name without
-/// regard to case) and transaction sets (in order of creation), issues IDs, and announces what comes and goes.
+/// The budget: owns all transactions (newest day first, see `CVCompareTransactions`), categories (by name without
+/// regard to case) and transaction sets (in order of creation), issues IDs, and announces additions and removals.
 /// References the notification centre, the user defaults and the saver, which outlive it. Main thread only.
 class CVDocument final {
 public:
@@ -59,24 +59,25 @@ public:
     [[nodiscard]] std::shared_ptr<CVTransactionSet> findTransactionSetFromID(quint32 id) const;
 
     [[nodiscard]] const Transactions& transactions() const { return mTransactions; }
-    /// Makes room at once for as many as the reader expects; more may come, or less.
+    /// Reserves memory for as many as the reader expects; the reader may add more or fewer.
     void reserveTransactions(std::size_t count) { mTransactions.reserve(count); }
-    /// Appends, without order or announcement; the reader's way in.
+    /// Appends without sorting or announcing; for the reader of the data file.
     void addTransaction(std::shared_ptr<CVTransaction> transaction);
     /// Files a transaction under the current set (or the fallback of `findTransactionSetFromID`), widens the bounds of
     /// the document and of its category, places it in order of date and announces it. Null is ignored.
     void insertTransaction(const std::shared_ptr<CVTransaction>& transaction);
-    /// Removes that very object and announces it, even when it was not there; then `updateDates`, for null too.
+    /// Removes this object and announces it, even when the document does not hold it; then calls `updateDates`, also
+    /// for null.
     void removeTransaction(const std::shared_ptr<CVTransaction>& transaction);
-    /// Removes all of these objects in one walk, with one announcement; nothing for an empty list. The list is not the
-    /// document's own.
+    /// Removes all of these objects in one walk, with one announcement; does nothing for an empty list. The list must
+    /// not be the document's own.
     void removeTransactions(std::span<const std::shared_ptr<CVTransaction>> transactions);
-    /// Removes every transaction of that set in one walk and announces it once, even when none matched; nothing when
-    /// the document has no transactions.
+    /// Removes every transaction of that set in one walk and announces it once, even when none matched; does nothing
+    /// when the document has no transactions.
     void removeTransactionsForSet(quint32 id);
     void sortTransactionsByDate();
-    /// Where a transaction of that day belongs: before older ones, at whichever of the same day the binary search meets
-    /// first. A missing date is older than all.
+    /// The index for a new transaction of that day: before older ones, and among those of the same day where the binary
+    /// search first meets one. A missing date is older than all.
     [[nodiscard]] std::size_t indexInTransactionArrayOfDate(const std::optional<QBDate>& date) const;
     /// Recomputes the bounds: each category's from today and its transactions, the document's from the first and the
     /// last dated transaction. Without dated transactions the document's bounds stay.
@@ -91,16 +92,16 @@ public:
     [[nodiscard]] const std::shared_ptr<CVCategory>& objectInCategoriesAtIndex(std::size_t index) const;
     [[nodiscard]] const Categories& categories() const { return mCategories; }
     void removeAllCategories();
-    /// Adds the standard categories, with IDs that no category has and without announcements. A transaction that names
-    /// such an ID belongs to its category from then on.
+    /// Adds the standard categories, with IDs that no category has and without announcements. A transaction that
+    /// already names such an ID then belongs to the new category.
     void setInitialCategories();
-    /// The category of exactly that name: the one there is, or a new one, filed in order and announced (twice: once as
-    /// added, once as inserted).
+    /// The category of exactly that name: the existing one, or a new one, which is sorted in and announced twice: as
+    /// added and as inserted.
     std::shared_ptr<CVCategory> insertCategoryName(const QString& name);
     /// Appends without sorting and announces it. Null is ignored.
     void addCategory(const std::shared_ptr<CVCategory>& category);
     void sortCategories();
-    /// Removes that very object and announces it; its transactions keep the ID, which then refers to nothing.
+    /// Removes this object and announces it; its transactions keep the ID, which then refers to nothing.
     void removeCategory(const std::shared_ptr<CVCategory>& category);
     /// The first category with that ID; null when there is none.
     [[nodiscard]] std::shared_ptr<CVCategory> getCategoryByUniqueID(quint32 id) const;
@@ -109,10 +110,10 @@ public:
     /// Whether a transaction of the current set has this category.
     [[nodiscard]] bool categoryInUse(const CVCategory& category) const;
 
-    /// Issues the next ID, whoever may have it already.
+    /// Issues the next ID, even if a record already has it.
     [[nodiscard]] quint32 getUniqueID() { return ++_uniqueID; }
-    /// Issues one for a new category or set. Where the counter is behind the records (a reset keeps the sets, a file
-    /// may say anything), those that one of them has or a transaction names are passed over, and so is 0.
+    /// Issues an ID for a new category or set. Passes over 0 and every ID that a record of that kind has or a
+    /// transaction names, because the counter may be behind: a reset keeps the sets, and a file may say anything.
     [[nodiscard]] quint32 getUniqueCategoryID();
     [[nodiscard]] quint32 getUniqueTransactionSetID();
     /// The last ID issued, 0 on a fresh document.
@@ -125,7 +126,7 @@ public:
     void reset_to_default_info();
 
     void beginParsingData() {}
-    /// Of several sets, and of several categories, with one ID only the first stays.
+    /// Keeps only the first of several sets, and of several categories, with the same ID.
     void finishedParsingData();
 
 private:

@@ -4,7 +4,7 @@
 
 class CVDocument;
 
-/// Where a document sends itself to be kept; the storage floor implements it.
+/// Saves a document; implemented by the storage, on which the model must not depend.
 class CVDocumentSaver {
 public:
     /// Begins to save the document's present state and returns true at once; the outcome is announced by the saver.

@@ -7,7 +7,7 @@
 namespace {
 
 /// Large enough that a document of a million lines has few pieces, small enough that a block of replaced lines is soon
-/// free.
+/// freed.
 constexpr qsizetype kBlockSize = qsizetype(1) << 20;
 constexpr qsizetype kFirstBlockSize = 512;
 

@@ -25,8 +25,7 @@ struct CVTextSlice {
     }
 };
 
-/// Room for texts that are rendered one after the other: neighbours lie side by side in one block, as far as it
-/// reaches.
+/// Memory for texts that are rendered one after the other: they lie side by side in one block until it is full.
 class CVTextArena final {
 public:
     /// Lets `write` (char* start -> char* end) put at most `bound` bytes and returns where they lie.
@@ -48,8 +47,8 @@ private:
     QExplicitlySharedDataPointer<CVTextBlock> mBlock;
 };
 
-/// The text of a whole document as slices in order. Copying it copies no text: a snapshot costs its pieces, and texts
-/// that were rendered side by side are one piece.
+/// The text of a whole document as slices in order. Copying it copies only the list of slices, no text; texts that were
+/// rendered side by side are one slice.
 class CVDocumentText final {
 public:
     void append(const CVTextSlice& slice);

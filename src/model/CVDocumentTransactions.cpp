@@ -10,7 +10,7 @@
 
 namespace {
 
-/// A view may keep a removed transaction for longer than the document lives, so it must not refer to it any more.
+/// Removed transactions forget the document, because a view may keep one after the document is gone.
 template <typename Leaves>
 void eraseLeaving(CVDocument::Transactions& transactions, Leaves leaves) {
     std::erase_if(transactions, [&leaves](const auto& transaction) {

@@ -4,8 +4,8 @@
 
 #include <cstring>
 
-/// Whether an element or attribute has exactly that name. Here, with a look at the first letter, because a file of many
-/// transactions asks it tens of millions of times.
+/// Whether an element or attribute has exactly that name. Inline, and with a check of the first letter, because reading
+/// a file of many transactions calls it tens of millions of times.
 [[nodiscard]] inline bool CVIsNamed(const char* name, const char* expected) {
     return *name == *expected && std::strcmp(name, expected) == 0;
 }
@@ -23,7 +23,7 @@ public:
     virtual void setUnknownTag(const char* name) = 0;
     /// The characters collected since the last call, which are then forgotten; null when they are not valid UTF-8.
     [[nodiscard]] virtual QString tempParsingString() = 0;
-    /// The record is complete.
+    /// Tells the parser that the record is complete.
     virtual void popParsingObjectForEndingElement(const char* name) = 0;
 
 protected:

@@ -7,8 +7,8 @@
 #include <unordered_map>
 #include <vector>
 
-/// The places of texts in their order without regard to case, so that sorting many compares numbers: texts that compare
-/// as equal share a rank. Made for one sort: `add` all texts, then `rank` once, then ask. Refers to the texts.
+/// Ranks texts without regard to case, so that a sort compares numbers instead of texts; texts that compare as equal
+/// share a rank. Serves one sort: `add` all texts, call `rank` once, then `rankOf` for the texts that were added.
 class CVTextRanks final {
 public:
     /// The rank of a null text, which has no place in the order.
@@ -19,8 +19,8 @@ public:
     [[nodiscard]] int rankOf(const QString& text) const;
 
 private:
-    /// Most texts are shared, so they are told apart by where they lie; the few that are equal and lie in two places
-    /// only cost a comparison more.
+    /// Identifies a text by its memory, because most equal texts share theirs; equal texts in two places only cost one
+    /// more comparison.
     struct Place {
         const QChar* start;
         qsizetype size;

@@ -14,7 +14,7 @@ namespace {
 
 constexpr double kAmountTolerance = 0.000001;
 
-/// More than the fixed words of an element and its three numbers and two flags take.
+/// In bytes; more than the fixed words, the three numbers and the two flags of an element take.
 constexpr qsizetype kFixedBound =
     200 + 3 * qsizetype(QBNumberText::kIntegerBound) + qsizetype(QBNumberText::kMoneyBound) + QBDate::kXMLBound;
 
@@ -124,7 +124,7 @@ char* CVTransaction::write(char* out) const {
     out = put(out, R"(" transaction_set_id=")");
     out = QBNumberText::writeUnsigned(out, mTransactionSetID);
     out = put(out, R"("><Data date=")");
-    // The form of a null text; it reads back as no date.
+    // "(null)" stands for a missing date and reads back as one.
     const auto date = effectiveDate();
     out = date ? date->writeXMLRepresentation(out) : put(out, "(null)");
     out = put(out, R"(" amount=")");

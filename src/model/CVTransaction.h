@@ -10,8 +10,8 @@
 class CVDocument;
 
 /// One income or expense entry. Owned by its document, shared with whoever lists it; identity matters, not equality.
-/// Invariant: `mXMLString` is null or lies where the exact element text for the present field values stands.
-/// A null text and an empty one differ; a record that a file left without a date has none.
+/// Invariant: `mXMLString` is null or the exact element text of the present field values. A null text and an empty one
+/// differ; a record that a file left without a date has none.
 class CVTransaction final : public CVParsingObject {
 public:
     /// Lets only `initForFileRead` make a record with nothing set.
@@ -24,12 +24,12 @@ public:
     CVTransaction();
     /// Nothing set: no date, null texts. The reader fills it.
     [[nodiscard]] static std::shared_ptr<CVTransaction> initForFileRead();
-    /// Several of these in one piece of memory.
+    /// `count` such transactions in one allocation.
     [[nodiscard]] static std::shared_ptr<CVTransaction[]> initForFileRead(std::size_t count);
     explicit CVTransaction(FileRead /*passkey*/) {}
 
     [[nodiscard]] std::optional<QBDate> effectiveDate() const { return QBDate::withOrderKey(mEffectiveDate); }
-    /// The order key of its date, for walks over all transactions; that of a missing one comes before all others.
+    /// The order key of its date, for walks over all transactions; a missing date has the smallest key.
     [[nodiscard]] qint64 dayKey() const { return mEffectiveDate; }
     [[nodiscard]] const QString& payTo() const { return mPayToFrom; }
     [[nodiscard]] const QString& xfor() const { return mFor; }
@@ -40,8 +40,8 @@ public:
     [[nodiscard]] bool userFlag() const { return mUserFlag; }
     [[nodiscard]] CVDocument* document() const { return mDocument; }
 
-    /// The setters do nothing for an unchanged value and announce nothing; texts are cleaned of what XML cannot carry.
-    /// Whoever changes the date keeps the document's order and bounds right.
+    /// The setters do nothing for an unchanged value and announce nothing; they remove from texts what XML cannot
+    /// carry. Whoever changes the date keeps the document's order and bounds right.
     void setEffectiveDate(const std::optional<QBDate>& date);
     void setPayTo(const QString& text);
     /// With a non-null paid-to text and a null "for" text the change is ignored; this dependence is deliberate.
@@ -70,7 +70,7 @@ private:
     void readData(CVXMLAttributes attributes);
     [[nodiscard]] char* write(char* out) const;
 
-    /// What walks over all transactions read comes first and together. As an order key.
+    /// An order key of QBDate. This field and the next are what walks over all transactions read, so they lie together.
     qint64 mEffectiveDate = QBDate::orderKey(std::nullopt);
     double mAmount = 0;
     quint32 mCategoryID = 0;

@@ -2,7 +2,7 @@
 
 namespace {
 
-/// Few enough to be in the processor's nearest cache from the making of the block until they are filled.
+/// Few enough that a new block stays in the processor's first-level cache until its transactions are filled.
 constexpr std::size_t kBlockLength = 128;
 
 } // namespace

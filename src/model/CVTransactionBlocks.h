@@ -2,10 +2,9 @@
 
 #include "model/CVTransaction.h"
 
-/// Makes transactions for whoever makes very many: they lie side by side in blocks, which takes less memory and time
-/// than to allocate each. A block, with the texts of all its transactions, is free once nobody holds any of them. That
-/// is fine because a budget's transactions go together, with their document: the few that are removed before occupy
-/// little.
+/// Allocates transactions in blocks, which takes less memory and time than one allocation for each. A block is freed,
+/// with the texts of all its transactions, once nobody holds any of them. This wastes little memory, because nearly all
+/// transactions of a budget live as long as their document.
 class CVTransactionBlocks final {
 public:
     /// A transaction with nothing set, as from `CVTransaction::initForFileRead`.

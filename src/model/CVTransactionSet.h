@@ -13,7 +13,7 @@ public:
     [[nodiscard]] quint32 uniqueID() const { return mUniqueID; }
     [[nodiscard]] CVDocument* document() const { return mDocument; }
 
-    /// Cleans the name of what XML cannot carry. Announces nothing.
+    /// Removes from the name what XML cannot carry. Announces nothing.
     void setTransactionSetName(const QString& name);
     void setUniqueID(quint32 id) { mUniqueID = id; }
     void setDocument(CVDocument* document) { mDocument = document; }

@@ -16,7 +16,7 @@ using Transactions = CVDocument::Transactions;
 /// The keys below hold what one order needs of a transaction, side by side in memory: comparing the transactions
 /// themselves takes three to eight times as long. `before` says whether a stands before b in ascending order.
 
-/// The place of a name or a text among all of them; without one it equals every other.
+/// The rank of a name or a text; a missing one equals every other.
 struct RankKey {
     int rank;
 
@@ -48,7 +48,7 @@ public:
         for (const auto& category : categories)
             names.add(category->categoryName());
         names.rank();
-        // Of several categories with one ID the first counts.
+        // The first of several categories with the same ID counts.
         const CVCategoryLookup firsts(categories);
         for (const auto& category : categories) {
             if (firsts.find(category->uniqueID()) == category.get())
@@ -65,7 +65,7 @@ private:
 template <typename Key>
 struct Row {
     Key key;
-    /// Four thousand million transactions do not fit into the memory of a machine.
+    /// 32 bits keep the row small; more transactions do not fit into memory.
     quint32 index;
 };
 
@@ -75,7 +75,7 @@ void sortBy(Transactions& transactions, bool descending, KeyOf keyOf) {
     rows.reserve(transactions.size());
     for (const auto& transaction : transactions)
         rows.push_back({keyOf(*transaction), static_cast<quint32>(rows.size())});
-    // A merge sort stays in bounds also where the order is no strict weak one.
+    // std::stable_sort stays in bounds even where the order is no strict weak one.
     std::stable_sort(rows.begin(), rows.end(), [descending](const Row<Key>& a, const Row<Key>& b) {
         return descending ? Key::before(b.key, a.key) : Key::before(a.key, b.key);
     });

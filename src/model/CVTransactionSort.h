@@ -3,8 +3,8 @@
 #include "model/CVCompareTransactions.h"
 #include "model/CVDocument.h"
 
-/// Puts transactions into the order of `CVCompareTransactions`, equal ones as they were: what std::stable_sort with
-/// that comparison does, without a look-up of names per comparison. `categories` are those that the transactions refer
-/// to. An unknown key leaves everything in place.
+/// Sorts transactions by `CVCompareTransactions` and keeps the order of equal ones, as std::stable_sort does, but
+/// without looking up names for each comparison. `categories` are those to which the transactions refer. An unknown key
+/// leaves everything in place.
 void CVSortTransactions(CVDocument::Transactions& transactions, const CVTransactionSortContext& context,
                         const CVDocument::Categories& categories);
