@@ -16,10 +16,11 @@ using Kind = QBArithmeticToken::Kind;
 
 constexpr int kDeepest = 32;
 constexpr double kPercent = 100;
-/// Shortest exact decimal forms take at most 24 characters.
+/// The shortest exact decimal forms of doubles take at most 24 characters.
 constexpr std::size_t kAmountBound = 32;
 
-/// Not a number stays that through every further step; an infinity could vanish again (1/(1/0)).
+/// Turns an infinity into "not a number", which every further step keeps; an infinity could vanish again, as in
+/// 1/(1/0).
 double finite(double value) {
     return std::isfinite(value) ? value : std::numeric_limits<double>::quiet_NaN();
 }
@@ -40,7 +41,7 @@ constexpr struct {
     {"/%", [](double a, double b) { return finite(a / b * kPercent); }, mu::prMUL_DIV},
 };
 
-/// Numbers, brackets and the operators above; nothing else that the library offers.
+/// A parser for numbers, brackets and the operators above, without the other features of the library.
 class Arithmetic final : public mu::ParserBase {
 public:
     explicit Arithmetic(const std::string& expression) {
@@ -66,7 +67,8 @@ public:
     }
 
 private:
-    /// As the library wants it: 1 when a number stands there, and then past it.
+    /// A callback of the library: answers 1 and moves the position past the number when the text begins with one, else
+    /// 0.
     static int readAmount(const char* text, int* position, double* amount) {
         const std::string_view rest(text);
         if (rest.empty() || rest.front() < '0' || rest.front() > '9')
@@ -103,7 +105,7 @@ bool nestsTooDeep(const QList<QBArithmeticToken>& tokens) {
     return false;
 }
 
-/// Where the operand that ends there begins, without its sign; -1 when brackets do not match.
+/// The index of the first token of the operand that ends at `end`, without its sign; -1 when brackets do not match.
 qsizetype startOfOperand(const QList<QBArithmeticToken>& tokens, qsizetype end) {
     int depth = 0;
     for (qsizetype i = end; i >= 0; --i) {
@@ -114,8 +116,8 @@ qsizetype startOfOperand(const QList<QBArithmeticToken>& tokens, qsizetype end) 
     return -1;
 }
 
-/// The operator whose right side is the percentage that ends there: 10 % in 200 + 10 %. -1 when it is part of a larger
-/// operand, as in 200 + 10 % * 3, or stands alone.
+/// The index of the operator whose right side is the percentage that ends at `percent`, as "+" in 200 + 10 %. -1 when
+/// the percentage is part of a larger operand, as in 200 + 10 % * 3, or stands alone.
 qsizetype operatorOfPercent(const QList<QBArithmeticToken>& tokens, qsizetype percent) {
     qsizetype before = startOfOperand(tokens, percent - 1) - 1;
     const bool hasSign = before > 0 && isAdditive(tokens[before].kind) && isOperator(tokens[before - 1].kind);
@@ -150,8 +152,8 @@ std::string textOf(const QBArithmeticToken& token) {
     return ")";
 }
 
-/// The expression for the parser, in which operators with percentages have names of their own; empty for one with a
-/// percent sign in a wrong place.
+/// The expression for the parser, in which operators with percentages have names of their own; empty when a percent
+/// sign is in a wrong place.
 std::string expressionOf(const QList<QBArithmeticToken>& tokens) {
     std::vector<std::string> texts;
     for (qsizetype i = 0; i < tokens.size(); ++i) {

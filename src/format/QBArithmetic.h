@@ -4,15 +4,16 @@
 
 #include <optional>
 
-/// One piece of an arithmetic expression. Plus and minus are also signs; percent stands behind its operand.
+/// One piece of an arithmetic expression. Plus and minus may also be signs; percent follows its operand.
 struct QBArithmeticToken {
     enum class Kind { Amount, Plus, Minus, Times, DividedBy, Percent, Open, Close };
 
     Kind kind = Kind::Amount;
-    /// Of an amount; not negative.
+    /// The value of an amount, which is not negative.
     double amount = 0;
 };
 
-/// What a pocket calculator makes of the expression, with the usual precedence: 200 + 10 % is 220, 200 * 10 % is 20,
-/// and 50 % alone is 0.5. Absent for what is no expression or nests too deep, and when a step has no finite result.
+/// The value of the expression as a pocket calculator computes it, with the usual precedence: 200 + 10 % is 220, 200 *
+/// 10 % is 20, and 50 % alone is 0.5. Absent for tokens that form no expression or nest too deeply, and when a step has
+/// no finite result.
 [[nodiscard]] std::optional<double> QBArithmeticResult(const QList<QBArithmeticToken>& tokens);

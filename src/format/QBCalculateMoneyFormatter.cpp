@@ -9,7 +9,7 @@ namespace {
 
 using Kind = QBArithmeticToken::Kind;
 
-/// More than anybody types by hand.
+/// In characters; more than anybody types by hand.
 constexpr qsizetype kLongestText = 256;
 
 constexpr struct {
@@ -50,7 +50,7 @@ std::optional<double> QBCalculateMoneyFormatter::result(QStringView text) const 
     return mMoney.parse(text) ? std::nullopt : calculated(text);
 }
 
-/// Everything between the signs must be an amount.
+/// Every text between the signs must be an amount.
 std::optional<double> QBCalculateMoneyFormatter::calculated(QStringView text) const {
     if (text.size() > kLongestText)
         return std::nullopt;

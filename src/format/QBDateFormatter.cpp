@@ -6,11 +6,11 @@
 namespace {
 
 constexpr int kDigitsOfFullYear = 4;
-/// And of a month.
+/// A month has as many.
 constexpr int kDigitsOfDay = 2;
 constexpr int kYearsAhead = 20;
 constexpr int kYearsPerCentury = 100;
-/// What people type between the numbers of a date, besides what their locale writes there.
+/// The separators that people type in dates besides those of their locale.
 constexpr QStringView kUsualSeparators = u"/.-, ";
 
 struct Number {
@@ -23,7 +23,7 @@ qint64 latestYear() {
     return QBDate::date().yearOfCommonEra() + kYearsAhead;
 }
 
-/// The year with these last two digits that lies nearest to `latest`, and not behind it.
+/// The year with these last two digits that lies nearest to `latest`, and not after it.
 qint64 fullYear(int lastDigits, qint64 latest) {
     const qint64 year = latest - latest % kYearsPerCentury + lastDigits;
     return year > latest ? year - kYearsPerCentury : year;
@@ -143,7 +143,8 @@ QList<QBDateFormatter::Piece> QBDateFormatter::pieces(const QString& format) {
     return pieces;
 }
 
-/// A month or a day that the format has in letters is written as its number.
+/// Counts another letter of a field. Days and months get no more than two digits, because those that the format has as
+/// names are written as numbers.
 void QBDateFormatter::widen(Piece& piece) {
     if (piece.field == Field::Year || piece.width < kDigitsOfDay)
         ++piece.width;
@@ -157,7 +158,7 @@ void QBDateFormatter::appendYear(QString& text, qint64 year, int width) const {
         mDigits.append(text, year, kDigitsOfFullYear);
 }
 
-/// What the numbers of a typed date mean. A first number of four digits can only be a year.
+/// The fields for which the numbers of a typed date stand. A first number of four digits can only be a year.
 QList<QBDateFormatter::Field> QBDateFormatter::fields(qsizetype count, int digitsOfFirst) const {
     if (count == 1)
         return {Field::Day};

@@ -9,20 +9,20 @@
 
 #include <optional>
 
-/// Days in the short date format of its locale, or in another of that kind, written and read.
+/// Writes and reads days in the short date format of its locale or in a similar format.
 class QBDateFormatter final {
 public:
-    /// In the locale's short format.
+    /// Uses the locale's short format.
     explicit QBDateFormatter(const QLocale& locale = QBDateLocaleInForce());
-    /// In a format such as `shortDateFormat` gives, or a part of one.
+    /// Uses a format such as `shortDateFormat` gives, or a part of one.
     explicit QBDateFormatter(const QString& format, const QLocale& locale = QBDateLocaleInForce());
 
     /// The short format: runs of d, M and y, which stand for day, month and year, and the text between them.
     [[nodiscard]] static QString shortDateFormat(const QLocale& locale = QBDateLocaleInForce());
 
-    /// A year that two digits would not bring back is written out, also where the locale writes two digits.
+    /// Writes all digits of a year that `parse` would not read back from two digits, even where the locale writes two.
     [[nodiscard]] QString string(const QBDate& date) const;
-    /// Writes the same behind `text`, without allocating where there is room for it.
+    /// Appends the result of `string` to `text`; allocates nothing where `text` has room for it.
     void append(QString& text, const QBDate& date) const;
 
     /// The day that `text` names: day, day and month, or day, month and year in the locale's order (or the year first,
@@ -31,17 +31,17 @@ public:
     /// a day that does not exist.
     [[nodiscard]] std::optional<QBDate> parse(QStringView text) const;
 
-    /// How many characters of `text` can be in no date at all: neither digits nor separators.
+    /// The number of characters of `text` that are neither digits nor separators, so that no date can hold them.
     [[nodiscard]] qsizetype strangersIn(QStringView text) const;
 
-    /// What stands between day and month, without blanks.
+    /// The text between day and month, without blanks.
     [[nodiscard]] const QString& dateSeparator() const { return mSeparator; }
 
 private:
     enum class Field { Day, Month, Year };
     struct Piece {
         Field field;
-        /// 2 digits show a year in short.
+        /// The least number of digits; 2 stands for the last two digits of a year.
         int width;
         /// The text that follows the field.
         QString literal;
@@ -54,7 +54,8 @@ private:
     [[nodiscard]] bool isSeparator(char32_t character) const;
 
     QBLocaleDigits mDigits;
-    /// That of when the formatter was made: the clock is too slow to be asked for each date of a table.
+    /// The latest year that two digits can name, as of when the formatter was made; asking the clock for each date of a
+    /// table would be too slow.
     qint64 mLatestYear;
     QList<Piece> mPieces;
     QString mSeparator;

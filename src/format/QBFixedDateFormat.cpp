@@ -7,7 +7,7 @@
 namespace {
 
 constexpr int kTwoDigitYears = 100;
-/// The first year that two digits can name, as POSIX has it.
+/// The first year that two digits can name, as POSIX defines it.
 constexpr int kFirstYear = 1969;
 constexpr int kSecondsPerMinute = 60;
 constexpr int kMinutesPerHour = 60;
@@ -19,7 +19,7 @@ struct Fields {
     int hour = 0;
     int minute = 0;
     int second = 0;
-    /// From UTC, in seconds.
+    /// The offset from UTC in seconds.
     int offset = 0;
     bool hasOffset = false;
 };
@@ -29,7 +29,7 @@ struct Field {
     int Fields::*value;
 };
 
-/// Those of two digits.
+/// The fields that have two digits.
 constexpr std::array<Field, 6> kFields{{{u'm', &Fields::month},
                                         {u'd', &Fields::day},
                                         {u'y', &Fields::year},
@@ -52,7 +52,7 @@ QString offsetText(int seconds) {
     return (seconds < 0 ? '-' : '+') + twoDigits(minutes / kMinutesPerHour) + twoDigits(minutes % kMinutesPerHour);
 }
 
-/// Takes digits from the front of `text`; false when it begins with fewer.
+/// Removes `count` digits from the front of `text`; false when it begins with fewer.
 bool takeDigits(QStringView& text, int count, int& number) {
     if (text.size() < count)
         return false;

@@ -3,12 +3,12 @@
 #include <QDateTime>
 #include <QString>
 
-/// Time stamps in a format that no locale changes, with the fields of strftime %m %d %y %H %M %S %z and %%.
-/// %z is the distance to UTC as +hhmm; two digits of a year are those from 1969 to 2068.
+/// Time stamps in a format that no locale changes, with the fields of strftime %m %d %y %H %M %S %z and %%. %z is the
+/// offset from UTC as +hhmm; the two digits of %y stand for the years 1969 to 2068.
 
-/// In the time zone of `time`.
+/// Writes `time` in its own time zone.
 [[nodiscard]] QString stringWithFixedFormat(QStringView format, const QDateTime& time);
 
-/// The instant that a text in this format names, the local time zone's where the format has no %z. Invalid when the
-/// text is of another form or names no time that exists.
+/// The instant that a text in this format names, in the local time zone where the format has no %z. Invalid when the
+/// text has another form or names a time that does not exist.
 [[nodiscard]] QDateTime nsdateWithFixedFormat(QStringView format, QStringView string);

@@ -6,8 +6,8 @@ QLocale usEnglish() {
     return {QLocale::English, QLocale::UnitedStates};
 }
 
-/// The locale of a system has the name that its other settings give it: only its formats tell that of the dates. No
-/// other locale has this one.
+/// Compares the date format because the system's locale carries the name of its other settings, not that of its dates.
+/// No other locale has the date format of C.
 bool hasNoCustomaryDate(const QLocale& locale) {
     return locale.dateFormat(QLocale::ShortFormat) == QLocale::c().dateFormat(QLocale::ShortFormat);
 }

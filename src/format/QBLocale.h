@@ -2,10 +2,10 @@
 
 #include <QLocale>
 
-/// The locale in which the user reads and writes numbers and money. The C and POSIX locales, which have no currency and
-/// no customary date form, read as US English.
+/// The locale in which the user reads and writes numbers and money. US English stands in for the C and POSIX locales,
+/// which have no currency and no customary date form.
 [[nodiscard]] QLocale QBLocaleInForce();
 
-/// The same for dates, days and months alone: a system may have other settings for them than for all the rest, and
-/// either may be C or POSIX without the other.
+/// The locale in which the user reads and writes dates, days and months. It is asked for separately because a system
+/// may have other settings for dates, and either may be C or POSIX without the other.
 [[nodiscard]] QLocale QBDateLocaleInForce();

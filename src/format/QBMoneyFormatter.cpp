@@ -13,19 +13,19 @@ namespace {
 
 constexpr int kDecimals = 2;
 constexpr std::size_t kGroup = 3;
-/// Of the largest amount, with its decimals and their mark.
+/// The length of the largest amount, with the decimal mark and two decimals.
 constexpr std::size_t kMostCharacters = std::numeric_limits<double>::max_exponent10 + 2 + kDecimals;
-/// Amounts below this show as 0.00.
+/// Smaller amounts show as 0.00.
 constexpr double kSmallestShown = 0.005;
 constexpr char32_t kMinusSign = 0x2212;
 constexpr char32_t kApostrophe = 0x2019;
 
-/// Digits, '.' and two decimals. An amount in the middle between two cents is written as the larger one.
+/// Writes digits, '.' and two decimals. An amount exactly between two cents becomes the larger one.
 std::string_view decimalText(double amount, std::array<char, kMostCharacters>& buffer) {
     char* const end =
         std::to_chars(buffer.data(), buffer.data() + buffer.size(), amount, std::chars_format::fixed, kDecimals).ptr;
-    // Only odd eighths lie in the middle. The conversion takes the even cent, which is the smaller one where the last
-    // digit is a 2 (0.125 and 0.625) and the larger one where it is an 8.
+    // Only odd eighths lie exactly between two cents. std::to_chars takes the even cent, which is the smaller one where
+    // the last digit is 2 (0.125 and 0.625) and the larger one where it is 8.
     if (std::fmod(amount * 8, 2) == 1 && end[-1] == '2')
         end[-1] = '3';
     return {buffer.data(), static_cast<std::size_t>(end - buffer.data())};
@@ -36,7 +36,7 @@ char32_t firstCharacter(const QString& text) {
     return characters.isEmpty() ? 0 : characters.first();
 }
 
-/// The text without the invisible marks that some locales put around signs and symbols.
+/// The text without the invisible format characters that some locales put around signs and symbols.
 QString visibleText(QStringView text) {
     QString visible;
     for (const QChar character : text) {
@@ -46,7 +46,7 @@ QString visibleText(QStringView text) {
     return visible.trimmed();
 }
 
-/// Takes the symbol off the front or the end of the text, wherever people write it.
+/// Removes the symbol from the front or the end of the text, because people write it in either place.
 void takeSymbol(QString& text, const QString& symbol) {
     if (symbol.isEmpty())
         return;
@@ -63,7 +63,7 @@ bool takeMinus(QString& text) {
     return true;
 }
 
-/// Whether whole digits stand in groups: one to three in front, then twos or threes, three at the end.
+/// Whether the lengths are those of digit groups: one to three digits first, then two or three, three at the end.
 bool areGroups(const QList<int>& lengths) {
     if (lengths.size() == 1)
         return true;
@@ -93,7 +93,7 @@ QString QBMoneyFormatter::string(double amount) const {
     return text;
 }
 
-/// The marks stand between groups of three; the locales' own rules group some numbers in other ways, or not at all.
+/// Always groups by three, although some locales have other rules or none.
 void QBMoneyFormatter::append(QString& text, double amount) const {
     if (amount <= -kSmallestShown)
         text += mMinus;
@@ -148,6 +148,6 @@ std::optional<double> QBMoneyFormatter::parse(QStringView text) const {
 bool QBMoneyFormatter::isGroupMark(char32_t character) const {
     if (character == mGroupMark)
         return true;
-    // What a keyboard offers for the typographic mark.
+    // A keyboard offers the blank and the straight apostrophe in place of the typographic marks.
     return QChar::isSpace(mGroupMark) ? QChar::isSpace(character) : mGroupMark == kApostrophe && character == '\'';
 }

@@ -7,19 +7,20 @@
 
 #include <optional>
 
-/// Money as "$#,##0.00" says: minus sign, currency symbol, grouped digits, two decimals; -$1,234.50 in US English.
-/// Sign, symbol, digits and marks are those of its locale; their places are always these.
+/// Writes and reads money in the form "$#,##0.00": minus sign, currency symbol, grouped digits, two decimals;
+/// -$1,234.50 in US English. Sign, symbol, digits and marks are those of the locale; their places are the same in every
+/// locale.
 class QBMoneyFormatter final {
 public:
     explicit QBMoneyFormatter(const QLocale& locale = QBLocaleInForce());
 
-    /// An amount that shows as zero has no sign.
+    /// Writes no sign before an amount that shows as zero.
     [[nodiscard]] QString string(double amount) const;
-    /// Writes the same behind `text`, without allocating where there is room for it.
+    /// Appends the result of `string` to `text`; allocates nothing where `text` has room for it.
     void append(QString& text, double amount) const;
 
-    /// The amount that `text` stands for, with or without symbol, group marks and decimals; not rounded. Absent for a
-    /// text that is no amount: a mark in the wrong place is never guessed at, and neither is an empty text.
+    /// The amount that `text` stands for, with or without symbol, group marks and decimals; not rounded. Absent for an
+    /// empty text, for a mark in the wrong place and for any other text that is no amount.
     [[nodiscard]] std::optional<double> parse(QStringView text) const;
 
 private:
