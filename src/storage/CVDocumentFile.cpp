@@ -45,7 +45,8 @@ CVLoadReport CVDocumentFile::initWithStandardUserFile(CVDocument& document) {
     return report;
 }
 
-/// Where no file was found, something else may stand: it is passed over, but not without a word.
+/// Reports whatever is at the file's place when no file was found, such as a folder, so that it is not ignored
+/// silently.
 CVLoadReport CVDocumentFile::reportObstacle() const {
     const auto path = CVPathForSaving(mFolders, mDefaults);
     if (!path || !QFileInfo::exists(*path))
@@ -54,7 +55,7 @@ CVLoadReport CVDocumentFile::reportObstacle() const {
 }
 
 CVLoadReport CVDocumentFile::readFromURL(CVDocument& document, const QString& path) {
-    // Taken first: a file that changes while it is read is then not the one that was read.
+    // The signature is taken before reading, so that a file that changes meanwhile does not count as read.
     const auto signature = CVFileSignature::of(path);
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
@@ -68,7 +69,7 @@ CVLoadReport CVDocumentFile::readFromURL(CVDocument& document, const QString& pa
 
 CVLoadReport CVDocumentFile::readFromOpenFile(CVDocument& document, QFile& file) {
     CVLoadReport report{CVLoadReport::Outcome::Unreadable, {}, {}};
-    // Not even read: the parser would refuse it.
+    // A file that the parser would refuse is not read at all.
     if (file.size() > kLargestFile) {
         report.reason = tr("the file is larger than 2 GiB");
         return report;
@@ -98,7 +99,7 @@ CVLoadReport CVDocumentFile::readFromOpenFile(CVDocument& document, QFile& file)
 std::optional<QByteArray> CVDocumentFile::readBytes(QFile& file, QString& reason) {
     QByteArray bytes;
     if (file.isSequential()) {
-        // A pipe does not tell beforehand how much it will bring.
+        // A pipe does not tell its size beforehand.
         while (bytes.size() <= kLargestFile) {
             const QByteArray piece = file.read(kPieceOfPipe);
             if (piece.isEmpty())

@@ -12,16 +12,17 @@
 class QBUserDefaults;
 class QFile;
 
-/// How the reading of the data file went.
+/// The outcome of reading the data file.
 struct CVLoadReport {
     enum class Outcome {
         NoFile,
         Loaded,
-        /// XML of another kind, which reads as an empty budget. It is somebody's file: kept before it is written over.
+        /// The file is XML of another kind, which reads as an empty budget. It is kept before it is written over,
+        /// because it may matter to somebody.
         NoBudget,
-        /// Nothing was read; the file is untouched, or, when it is damaged, being replaced after a copy was kept.
+        /// Nothing was read. The file is unchanged; a damaged file is kept beside and replaced.
         Unreadable,
-        /// The user did not want to wait; the document is of no use.
+        /// The user cancelled the reading; the document holds a part of the file and must not be used.
         Cancelled
     };
 
@@ -31,7 +32,7 @@ struct CVLoadReport {
     QString reason;
 };
 
-/// The one data file of a document: finds it, reads it, saves it. References the user defaults; owns the save queue.
+/// Finds, reads and saves the data file of a document. References the user defaults; owns the save queue.
 class CVDocumentFile final : public CVDocumentSaver {
     Q_DECLARE_TR_FUNCTIONS(CVDocumentFile)
 
@@ -41,17 +42,18 @@ public:
 
     CVDocumentFile(CVStandardFolders folders, QBUserDefaults& defaults);
 
-    /// Hears 0 when the reading of a file begins and then now and again which part of it has been read, up to 1, by an
-    /// estimate; it cancels the reading by answering false. None at first.
+    /// Sets a function that is called with 0 when the reading of a file begins, and then from time to time with the
+    /// estimated part that has been read, up to 1. Answering false cancels the reading. There is no function at first.
     void setReadingProgress(std::function<bool(double part)> progress) { mReadingProgress = std::move(progress); }
 
-    /// Fills a new document from the user's data file, or with the defaults when there is none to be read.
+    /// Fills a new document from the user's data file, or with the defaults when there is no readable file.
     CVLoadReport initWithStandardUserFile(CVDocument& document);
-    /// Reads the file at `path`, or what a pipe there brings, into a new document.
+    /// Reads the file or pipe at `path` into a new document.
     CVLoadReport readFromURL(CVDocument& document, const QString& path);
-    /// Reads what is open from where it stands to its end; it is never written over.
+    /// Reads an open file from its position to its end; saving never writes over it.
     CVLoadReport readFromOpenFile(CVDocument& document, QFile& file);
-    /// False for another type than the two above, for too few or too many bytes, encrypted ones and malformed XML.
+    /// False for another type than the two above, for too few or too many bytes, for encrypted bytes and for malformed
+    /// XML.
     bool readFromData(CVDocument& document, QByteArray bytes, const QString& type);
     /// The document's text; absent for another type than the two above (an unknown file-write error, code 512).
     [[nodiscard]] static std::optional<CVDocumentText> dataOfType(const CVDocument& document, const QString& type);
@@ -62,13 +64,12 @@ public:
 
 private:
     [[nodiscard]] CVLoadReport reportObstacle() const;
-    /// Everything that comes, as long as it is not too long to be parsed; absent, with the reason, when it is or cannot
-    /// be read.
+    /// All bytes of the file; absent, with the reason, when they are too many to be parsed or cannot be read.
     [[nodiscard]] static std::optional<QByteArray> readBytes(QFile& file, QString& reason);
 
     CVStandardFolders mFolders;
     QBUserDefaults& mDefaults;
-    /// Why nothing came out of the last read; empty when something did.
+    /// Why the last read gave no budget; empty when it gave one.
     QString mReason;
     bool mReadWhole = false;
     bool mWasCancelled = false;

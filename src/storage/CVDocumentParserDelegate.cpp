@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Between two reports of the progress.
+/// The number of transactions between two reports of the progress.
 constexpr std::size_t kTransactionsPerReport = 5000;
 
 } // namespace
@@ -77,8 +77,8 @@ void CVDocumentParserDelegate::endElement(const char* name) {
     CVParsingObject* const current = currentParsingObject();
     if (!current)
         return;
-    // Only as many characters as the skipped name has are compared: an element inside whose name begins with it ends
-    // the skipping early, which is kept as it is.
+    // Compares only as many characters as the skipped name has. An inner element whose name begins with that name
+    // therefore ends the skipping early; that is deliberate.
     if (current != this && _co_is_parsing_unknown) {
         if (std::strncmp(name, _co_unknown_tag.constData(), static_cast<std::size_t>(_co_unknown_tag.size())) == 0) {
             _co_is_parsing_unknown = false;
@@ -90,7 +90,8 @@ void CVDocumentParserDelegate::endElement(const char* name) {
     _co_storing_characters = false;
 }
 
-/// Inside the root. An element of another name is passed over, but not its children: they count as the root's.
+/// Reads the elements inside the root. Skips an element of another name but not its children, which count as the
+/// root's.
 void CVDocumentParserDelegate::parsingDelegateStartElement(CVParsingDelegate& /*delegate*/, const char* name,
                                                            CVXMLAttributes attributes) {
     if (CVIsNamed(name, "Transaction")) {

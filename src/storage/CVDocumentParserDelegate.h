@@ -17,7 +17,7 @@
 
 class CVDocument;
 
-/// Why a file could not be read: one of the codes below, the file, and a sentence for a person.
+/// Why a file could not be read: one of the codes below, the file, and a reason that a person can read.
 struct CVReadError {
     static constexpr int kNoSuchFile = 260;
     static constexpr int kCorruptFile = 259;
@@ -28,9 +28,9 @@ struct CVReadError {
     QString message;
 };
 
-/// Turns the bytes of a data file into the records of a document: one parser for one read. Handles the root, the
-/// counters and the creation of records; what lies inside a record the record reads itself, driven by a stack of
-/// parsing objects (the parser itself at the bottom, at most one record above). References the document.
+/// Turns the bytes of a data file into the records of a document; a parser serves one read. Handles the root, the
+/// counters and the creation of records. Each record reads its own elements: a stack of parsing objects (the parser at
+/// the bottom, at most one record above) says which object reads. References the document.
 class CVDocumentParserDelegate final : public CVParsingDelegate, public CVParsingObject {
     Q_DECLARE_TR_FUNCTIONS(CVDocumentParserDelegate)
 
@@ -40,17 +40,18 @@ public:
     CVDocumentParserDelegate(const CVDocumentParserDelegate&) = delete;
     CVDocumentParserDelegate& operator=(const CVDocumentParserDelegate&) = delete;
 
-    /// Hears now and then which part of the bytes has been read, by an estimate from 0 to 1, and cancels the reading by
-    /// answering false.
+    /// Sets a function that is called from time to time with the estimated part of the bytes that has been read, from 0
+    /// to 1. Answering false cancels the reading.
     void setProgress(std::function<bool(double part)> progress) { mProgress = std::move(progress); }
-    /// Whether it did: then the document holds a part of the file, and is of no use.
+    /// Whether the progress function cancelled the reading; the document then holds a part of the file and must not be
+    /// used.
     [[nodiscard]] bool wasCancelled() const { return mWasCancelled; }
 
     /// Examines the bytes and keeps them: as plain XML, or, when they are encrypted, their salt, vector and cipher.
     /// False, with nothing kept and a message, when there are fewer than 64 bytes or more than 2 GiB less one.
     bool prepareFromData(QByteArray bytes);
-    /// The same for a file of any length up to that limit; false, with `error` (if any) filled, when it cannot be read
-    /// or its cipher has no end.
+    /// Does the same with a file, which may be shorter than 64 bytes; false, with `error` (unless null) filled, when it
+    /// cannot be read or its cipher has no end.
     bool prepareFromFile(const QString& path, CVReadError* error);
     [[nodiscard]] bool isEncrypted() const { return _co_encrypted; }
     /// Decrypts nothing: tells whether plain bytes are present.
@@ -58,10 +59,10 @@ public:
     /// Parses the kept bytes into the document. Without any it resets the document to its defaults and succeeds;
     /// malformed XML also resets it (both save) and fails with a message, and so does a parser without a document.
     bool parseDocumentData();
-    /// What went wrong, for a person, with the line number where there is one; empty when nothing did.
+    /// The reason of a failure that a person can read, with the line number where there is one; empty without failure.
     [[nodiscard]] const QString& errorMessage() const { return mErrorMessage; }
-    /// Whether every byte was understood: no error was met on the way, not even one that libxml2 got over, and no NUL,
-    /// at which it ends quietly. A budget that was not read whole must not be written over unseen.
+    /// Whether every byte was understood: libxml2 met no error, not even one from which it recovered, and no NUL, at
+    /// which it stops silently. A file that was not read whole must not be written over before it is kept.
     [[nodiscard]] bool readWhole() const { return mErrorCount == 0 && !mHoldsNul; }
     /// Whether the file had the root element of a budget; without it nothing was read.
     [[nodiscard]] bool foundRoot() const { return mFoundRoot; }
@@ -120,15 +121,15 @@ private:
     CVDocument* document;
     std::optional<QString> _co_file_version;
 
-    /// Each text once, whatever the number of records that hold it.
+    /// Holds each text once, whatever the number of records with that text.
     CVTextPool mTexts;
     CVTransactionBlocks mTransactions;
-    /// Asked for once: the clock looks up the time zone each time.
+    /// Read once, because the clock looks up the time zone each time.
     QBDate mToday = QBDate::date();
     bool mFoundRoot = false;
     bool mHoldsNul = false;
     bool mIsUtf32 = false;
-    /// A callback ran out of memory, or the reading was cancelled: what was read is incomplete.
+    /// A callback ran out of memory, or the reading was cancelled: the document is incomplete.
     bool mGaveUp = false;
     bool mWasCancelled = false;
     std::function<bool(double part)> mProgress;

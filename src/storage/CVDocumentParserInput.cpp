@@ -85,7 +85,8 @@ bool CVDocumentParserDelegate::keepPlainBytes(QByteArray bytes) {
     return true;
 }
 
-/// False when the end of the cipher is missing. The parts are kept but never used: nothing is decrypted anywhere.
+/// False when the end of the cipher is missing. The parts are kept but never used, because the program decrypts
+/// nothing.
 bool CVDocumentParserDelegate::readEncryptedParts(QByteArrayView text) {
     _co_encrypted = true;
     mErrorMessage = tr("the file is encrypted, and Corvella cannot open encrypted files");

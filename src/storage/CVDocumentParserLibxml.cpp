@@ -18,10 +18,11 @@ namespace {
 /// A damaged file can raise an error per character; the log needs only the first of them.
 constexpr int kLoggedErrors = 20;
 
-/// In bytes; few budgets have shorter ones on the average.
+/// In bytes; the average transaction of few budgets is shorter.
 constexpr qsizetype kUsualTransaction = 160;
 
-/// Errors without a parser, of a text in another encoding, say, go to standard error unless somebody takes them.
+/// Drops the errors that libxml2 reports without a parser, such as those of a text in another encoding; they would go
+/// to standard error.
 class CVQuietLibxml final {
 public:
     CVQuietLibxml() { xmlSetGenericErrorFunc(nullptr, drop); }
@@ -35,8 +36,8 @@ private:
 
 } // namespace
 
-/// The callbacks given to libxml2, which passes the parser as its user data. No exception leaves them: one that comes
-/// up (memory has run out) makes the whole read fail.
+/// The callbacks given to libxml2, which passes the parser as its user data. No exception leaves them: an exception,
+/// such as one for lack of memory, makes the whole read fail.
 struct CVDocumentParserCallbacks {
     static const char* text(const xmlChar* characters) { return reinterpret_cast<const char*>(characters); }
 
@@ -84,7 +85,7 @@ struct CVDocumentParserCallbacks {
         handler.endElement = endElement;
         handler.characters = characters;
         handler.error = error;
-        // Not XML_SAX2_MAGIC: with it libxml2 would pass over these plain element callbacks without a word.
+        // Not XML_SAX2_MAGIC, with which libxml2 would silently ignore these SAX 1 element callbacks.
         handler.initialized = 1;
         return handler;
     }

@@ -4,6 +4,6 @@
 
 class CVDocument;
 
-/// The whole document as the text of its data file (UTF-8). Transactions that have not changed since they were last
-/// rendered cost no rendering and no copying.
+/// The whole document as the text of its data file (UTF-8). Transactions that have not changed since their last
+/// rendering are neither rendered nor copied.
 [[nodiscard]] CVDocumentText CVDocumentXMLRepresentation(const CVDocument& document);

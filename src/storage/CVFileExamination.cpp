@@ -7,22 +7,23 @@
 namespace {
 
 constexpr QByteArrayView kEncryptedStart("<EncryptedData");
-/// The bytes from which the encoding is told, as XML has it: by a byte order mark, or by the less-than sign that every
-/// file begins with.
+/// The number of bytes that tell the encoding, as XML defines it: by a byte order mark or by the less-than sign with
+/// which every file begins.
 constexpr qsizetype kEncodingBytes = 4;
-/// So many stay in the cache from one search to the next.
+/// Few enough bytes to stay in the processor's cache from one search to the next.
 constexpr qsizetype kCachedBytes = 16384;
-/// More than one byte completes, with what was wrong before it.
+/// More characters than the decoder gives for one byte, with the replacements for invalid bytes before it.
 constexpr std::size_t kFromOneByte = 16;
-/// One with too many attributes has at least so many characters: a blank, a letter, an equals sign and two quotes for
-/// each of them.
+/// The least number of characters of an element with too many attributes: a blank, a letter, an equals sign and two
+/// quotes for each attribute.
 constexpr qsizetype kShortestAbsurdElement = qsizetype(5) * CVFileExamination::kMostAttributes;
-/// In UTF-16 units. libxml2 breaks off in the middle of a section of more than ten million bytes.
+/// In UTF-16 units. libxml2 breaks off within a section of more than ten million bytes.
 constexpr qsizetype kLongestSkipped = 3'000'000;
-/// Of them and a greater-than sign is the end of what is skipped.
+/// This many end marks and a greater-than sign end a comment or a marked section.
 constexpr qsizetype kEndMarks = 2;
 
-/// What no XML holds in any place: libxml2 breaks off what it was reading, and takes the rest for something else.
+/// Whether XML allows the character nowhere. At such a character libxml2 ends a comment or a section and reads the rest
+/// as other markup.
 bool isForbidden(char16_t c) {
     const bool isControl = c < u' ' && c != u'\t' && c != u'\n' && c != u'\r';
     return isControl || c == QChar::ReplacementCharacter || c >= 0xFFFE;
@@ -53,7 +54,7 @@ bool CVFileExamination::looksEncrypted() const {
     return mStart.indexOf(kEncryptedStart) >= 0;
 }
 
-/// The search for NULs brings the bytes into the cache, in which the other searches find them.
+/// Works in parts that fit into the processor's cache, because several searches read the same bytes.
 void CVFileExamination::read(QByteArrayView bytes) {
     while (!bytes.isEmpty()) {
         const QByteArrayView part = bytes.first(std::min(bytes.size(), kCachedBytes));
@@ -76,7 +77,7 @@ void CVFileExamination::readPart(QByteArrayView bytes) {
     }
 }
 
-/// Passes over what changes nothing; where that is nothing, the same position.
+/// The next position at which a byte may change the state; `at` itself when nothing can be passed over.
 qsizetype CVFileExamination::nextOfInterest(QByteArrayView bytes, qsizetype at) {
     if (mState == State::Text) {
         const qsizetype opening = bytes.indexOf('<', at);
@@ -84,7 +85,8 @@ qsizetype CVFileExamination::nextOfInterest(QByteArrayView bytes, qsizetype at) 
     }
     if (mState != State::Opened)
         return at;
-    // Of tags so close together none is absurd: what matters is the last of them, or the first that may be no tag.
+    // Tags this close together have too few attributes to be absurd, so only the last of them matters, or the first
+    // that may not be a tag.
     QByteArrayView reach = bytes.sliced(at, std::min(kShortestAbsurdElement, bytes.size() - at));
     for (const char mark : {'!', '?'}) {
         if (const qsizetype marked = reach.indexOf(mark); marked >= 0)
@@ -105,12 +107,12 @@ void CVFileExamination::readByte(char byte) {
     const QChar* const end = mDecoder->appendToBuffer(characters.data(), QByteArrayView(&byte, 1));
     for (const QChar* character = characters.data(); character != end; ++character)
         readCharacter(character->unicode());
-    // The decoder takes the byte behind half a character for a part of what is wrong.
+    // The decoder takes an ASCII byte after an incomplete character for a part of the invalid bytes.
     if (mIsPlain && isAscii && (end == characters.data() || end[-1] != QLatin1Char(byte)))
         readCharacter(static_cast<char16_t>(byte));
 }
 
-/// The rest of one that was begun has been passed over.
+/// Forgets a character that was begun, because its remaining bytes have been passed over.
 void CVFileExamination::forgetCharacter() {
     if (mWithinCharacter)
         mDecoder->resetState();
@@ -130,7 +132,7 @@ void CVFileExamination::readCharacter(char16_t c) {
     case State::Quoted:
         return readInTag(c);
     default:
-        // A NUL here is half of a character in an encoding that could not be told.
+        // A NUL here is half of a character in an encoding that could not be recognised.
         if (c != u'\0')
             readOpening(c);
     }
@@ -157,7 +159,7 @@ void CVFileExamination::readOpening(char16_t c) {
     }
 }
 
-/// The character behind a less-than sign tells what it opens.
+/// The character after a less-than sign tells what the sign opens.
 void CVFileExamination::open(char16_t c) {
     const bool isFirst = !std::exchange(mHasOpened, true);
     mAttributes = 0;
@@ -182,7 +184,7 @@ void CVFileExamination::open(char16_t c) {
     }
 }
 
-/// A start tag holds no further less-than sign, not even in quotes: each tag is looked at by itself.
+/// A less-than sign begins another tag, even in quotes, because XML allows none within a start tag.
 void CVFileExamination::readInTag(char16_t c) {
     ++mTagSize;
     if (c == u'<') {
@@ -209,7 +211,7 @@ void CVFileExamination::readSkipped(char16_t c) {
     mMarks = c == mSkippable->endMark ? mMarks + 1 : 0;
 }
 
-/// The first character of its start has been read.
+/// The first character of the start has been read already.
 void CVFileExamination::expect(const Skippable& skippable) {
     mState = State::Matching;
     mSkippable = &skippable;

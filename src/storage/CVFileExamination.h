@@ -7,48 +7,47 @@
 
 #include <optional>
 
-/// What the bytes of a data file tell before they are parsed. Takes them in pieces of any size, in their order, and
-/// answers for the bytes that it has been given.
+/// Examines the bytes of a data file before they are parsed. Takes the bytes in order in pieces of any size, and
+/// answers for those that it has been given.
 class CVFileExamination final {
 public:
-    /// Whether a file is encrypted is told from these, and a file of fewer is none.
+    /// The first bytes, which tell whether a file is encrypted; a shorter file is no data file.
     static constexpr qsizetype kFewestBytes = 64;
-    /// libxml2 compares each attribute of an element with all before it, so that one with many thousands would take
-    /// hours. The data file has elements with four.
+    /// libxml2 compares each attribute of an element with all before it, so that an element with many thousands of
+    /// attributes would take hours. Elements of the data file have at most four.
     static constexpr int kMostAttributes = 100;
 
     void add(QByteArrayView piece);
 
     [[nodiscard]] bool isTooShort() const { return mStart.size() < kFewestBytes; }
     [[nodiscard]] bool looksEncrypted() const;
-    /// Anywhere in the text. In UTF-16, the halves of whose characters are full of them, only a whole character counts.
+    /// Whether the text holds the character NUL. In UTF-16, where half of the bytes of most characters are NUL, only a
+    /// whole character counts.
     [[nodiscard]] bool holdsNul() const { return mDecoder && !mIsPlain ? mHoldsNulCharacter : mHoldsNulByte; }
-    /// libxml2 does not read that encoding, and takes the file for an empty one.
+    /// libxml2 does not read this encoding and takes the file for an empty one.
     [[nodiscard]] bool isUtf32() const { return mIsUtf32; }
-    /// Whether a start tag has more than `kMostAttributes` attributes. What looks like one within a comment or a marked
-    /// section is none. From the first of these places on, comments and sections are searched as well, because libxml2
-    /// may take what stands in them for elements:
-    /// - a document type or another declaration (`<!` that opens neither a comment nor a section, also one that breaks
-    ///   off), because its quoted values may hold what looks like the start of a comment;
-    /// - an instruction (`<?`, but for the declaration at the beginning of the file), because its text may hold that;
-    /// - a less-than sign in the declaration, because the declaration ends there for libxml2 and the rest is markup;
-    /// - in a comment or a section: a character that XML forbids (a control character, U+FFFE, U+FFFF, or bytes that
-    /// are
-    ///   no character), because libxml2 breaks off there and goes on behind it as outside of the comment;
-    /// - in a comment or a section: more than 3,000,000 UTF-16 units, because libxml2 breaks off there likewise, at ten
-    ///   million bytes.
+    /// Whether a start tag has more than `kMostAttributes` attributes. Text that looks like a start tag does not count
+    /// within a comment or a marked section. From the first of these places on it counts there too, because libxml2 may
+    /// read it as an element:
+    /// - a document type or another declaration (`<!` that opens neither a comment nor a section, even if it breaks
+    ///   off): its quoted values may hold what looks like the start of a comment;
+    /// - a processing instruction (`<?`, but not the declaration at the beginning of the file), for the same reason;
+    /// - a less-than sign in the declaration: for libxml2 the declaration ends there;
+    /// - a character that XML forbids in a comment or a section (a control character, U+FFFE, U+FFFF, or bytes that are
+    ///   no character): libxml2 leaves the comment there;
+    /// - more than 3,000,000 UTF-16 units in a comment or a section: libxml2 leaves it at ten million bytes.
     [[nodiscard]] bool hasAbsurdElement() const { return mHasAbsurdElement; }
 
 private:
     enum class State {
         Text,
-        /// Behind a less-than sign.
+        /// After a less-than sign.
         Opened,
-        /// Behind that and an exclamation mark.
+        /// After a less-than sign and an exclamation mark.
         Marked,
-        /// Behind both and the beginning of what opens a comment or a marked section.
+        /// After both and a part of the characters that open a comment or a marked section.
         Matching,
-        /// In the declaration at the beginning of the file.
+        /// In the XML declaration at the beginning of the file.
         Declaration,
         Tag,
         /// In the value of an attribute.
@@ -56,7 +55,7 @@ private:
         /// In a comment or a marked section.
         Skipped
     };
-    /// What is skipped, by the characters around it.
+    /// A comment or a marked section, described by the characters around it.
     struct Skippable {
         QStringView start;
         char16_t endMark = 0;
@@ -82,7 +81,7 @@ private:
     bool mHoldsNulByte = false;
     bool mHoldsNulCharacter = false;
     bool mHasAbsurdElement = false;
-    /// Absent until there are enough bytes to tell the encoding from.
+    /// Absent until there are enough bytes to tell the encoding.
     std::optional<QStringDecoder> mDecoder;
     /// Whether every byte below 128 is the character of that number.
     bool mIsPlain = false;
@@ -93,14 +92,15 @@ private:
     int mAttributes = 0;
     qsizetype mTagSize = 0;
     char16_t mQuote = 0;
-    /// What is skipped or may be: of its start so many characters have been read, and of its end so many marks.
+    /// What is being skipped or may be; `mMatched` characters of its start and `mMarks` marks of its end have been
+    /// read.
     const Skippable* mSkippable = nullptr;
     qsizetype mMatched = 0;
     qsizetype mMarks = 0;
     qsizetype mSkipped = 0;
-    /// Nothing more is skipped behind what could hold the start of a comment that is none, or end one early: there an
-    /// absurd element could hide.
+    /// False after anything that could contain a false start of a comment or end one early. Nothing is skipped from
+    /// there on, because an absurd element could hide in what is skipped.
     bool mMaySkip = true;
-    /// Whether a less-than sign was met: what the first opens may be the declaration.
+    /// Whether a less-than sign was met; only the first can open the XML declaration.
     bool mHasOpened = false;
 };

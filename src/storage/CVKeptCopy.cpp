@@ -35,8 +35,8 @@ QString freeName(const QFileInfo& file, const QDateTime& now) {
     return {};
 }
 
-/// In one step, so that the bytes are never without a name; neither replaces anything nor copies. QFile::rename would
-/// copy where it cannot rename.
+/// Renames in one step, so that the bytes always have a name; never replaces a file. QFile::rename is not used because
+/// it copies where it cannot rename.
 CVFileResult moveTo(const QString& from, const QString& to) {
     const QByteArray source = QFile::encodeName(from);
     const QByteArray target = QFile::encodeName(to);
@@ -54,7 +54,7 @@ CVFileResult moveTo(const QString& from, const QString& to) {
     return std::rename(source.constData(), target.constData()) == 0 ? CVFileResult() : CVFileResult::ofLastCall();
 }
 
-/// From where the source stands to its end. Not by QFile, which takes a file whose size it cannot learn for an empty
+/// Copies from the source's position to its end. QFile is not used because it takes a file of unknown size for an empty
 /// one.
 CVFileResult copyBytes(int source, QIODevice& target) {
     QByteArray bytes(kCopiedAtOnce, Qt::Uninitialized);
@@ -69,7 +69,7 @@ CVFileResult copyBytes(int source, QIODevice& target) {
     }
 }
 
-/// A copy on the disk, which takes its name, and the mode of the original, when it is whole.
+/// Copies to a temporary file, which gets the original's mode and the name `to` only when it is whole and on the disk.
 CVFileResult copyTo(const QString& from, const QString& to) {
     const CVStanding original = CVStanding::at(from);
     if (!original.signature)
@@ -85,7 +85,7 @@ CVFileResult copyTo(const QString& from, const QString& to) {
     ::close(source);
     if (const CVFileResult finished = sink.finish(); !finished.ok())
         result = finished;
-    // A file system that knows no modes may not permit this even to the owner.
+    // A file system without modes may refuse fchmod even to the owner.
     if (result.ok() && ::fchmod(copy.handle(), original.mode) != 0 && errno != EPERM)
         result = CVFileResult::ofLastCall();
     if (result.ok())
@@ -94,7 +94,7 @@ CVFileResult copyTo(const QString& from, const QString& to) {
     return result;
 }
 
-/// A second name for the same bytes; where the file system knows none, a copy. Neither replaces a file.
+/// Gives the same bytes a second name, or copies them where the file system has no hard links. Neither replaces a file.
 CVFileResult linkOrCopy(const QString& from, const QString& to) {
     const bool linked = ::link(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
     return linked ? CVFileResult() : copyTo(from, to);
@@ -119,7 +119,7 @@ CVKeptCopy CVKeepUnreadable(const QString& path, const QDateTime& now) {
         return {};
     const QFileInfo file(real);
     CVKeptCopy kept{freeName(file, now), {}, false};
-    // A second name for a file that cannot be read would not help: the new file would inherit its mode.
+    // A file that cannot be read is moved instead of linked, because the new file would inherit its mode.
     kept.moved = !file.isFile() || !file.isReadable();
     if (kept.path.isEmpty())
         return refuse(path, real, QCoreApplication::translate("CVKeptCopy", "too many are kept there already"));

@@ -82,7 +82,7 @@ void CVSaveQueue::work() {
     }
 }
 
-/// Each word of the worker's stands for one outcome.
+/// Called once for each outcome that the worker added.
 void CVSaveQueue::announceNext() {
     CVSaveOutcome outcome;
     {
@@ -138,7 +138,7 @@ CVKeptCopy CVSaveQueue::keepStanding(const QString& path, const CVFileSignature&
     CVKeptCopy kept = CVKeepUnreadable(path, QDateTime::currentDateTime());
     if (kept.path.isEmpty() && kept.result.ok())
         kept.result.error = tr("what stands there could not be kept beside it");
-    // Its bytes have a second home now: another attempt need not keep them again.
+    // The bytes have a second name now, so another attempt need not keep them again.
     if (!kept.path.isEmpty() && !kept.moved)
         markAsRead(path, signature);
     return kept;

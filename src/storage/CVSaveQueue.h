@@ -15,23 +15,23 @@
 
 struct CVKeptCopy;
 
-/// What became of one save.
+/// The outcome of one save.
 struct CVSaveOutcome {
     bool saved = true;
     QString path;
-    /// What failed and where, in a sentence. The file is whole then, the old one or (when only the last step failed,
-    /// the sync of the folder) the new one.
+    /// What failed and where, in a sentence for the user; empty on success. The file is whole even then: the old one,
+    /// or the new one when only the last step, syncing the folder, failed.
     QString message;
-    /// Nothing but room is missing.
+    /// Whether the save failed only because the disk is full.
     bool diskIsFull = false;
-    /// Where the file that stood there, and that this program had not read, is kept; empty when there was none.
+    /// Where a file that was there and that this program had not read is kept; empty when there was none.
     QString keptCopy;
 };
 
-/// Writes texts to files on one worker thread, strictly in order; of the requests for one file that arrive during a
-/// write only the newest is carried out. Before it writes over a file that is not, to the letter of its signature, the
-/// one that this program last read or wrote there, it keeps that file beside it. Used from the main thread; destroying
-/// it waits for what is pending.
+/// Writes texts to files on one worker thread, strictly in order. Of successive requests for one file that arrive
+/// during a write, only the newest is carried out. Before it writes over a file whose signature differs from that of
+/// the file that this program last read or wrote there, it keeps that file beside it. Used from the main thread;
+/// destroying it waits for the pending saves.
 class CVSaveQueue final : public QObject {
     Q_OBJECT
 
@@ -39,10 +39,10 @@ public:
     CVSaveQueue();
     ~CVSaveQueue() override;
 
-    /// The file at `path` was read whole when it had that signature: it may be written over.
+    /// Allows the file at `path` to be written over, because it was read whole when it had that signature.
     void markAsRead(const QString& path, const std::optional<CVFileSignature>& signature);
     void save(const QString& path, CVDocumentText text);
-    /// A save that failed before there was anything to write to: announced in its turn.
+    /// Announces, in its turn, a save that failed before there was a path to write to.
     void fail(const QString& message);
 
     /// Whether a save is under way or waiting.
@@ -52,16 +52,16 @@ public:
 
 signals:
     void saveStarted();
-    /// Always from the event loop of the thread that the queue lives in.
+    /// Always emitted from the event loop of the queue's thread.
     void saveFinished(const CVSaveOutcome& outcome);
-    /// The worker's own word that there is another outcome.
+    /// Emitted by the worker thread when there is another outcome.
     void written();
 
 private:
     struct Job {
         QString path;
         CVDocumentText text;
-        /// Why there is nothing to write to; empty when there is.
+        /// Why there is no path to write to; empty when there is one.
         QString failure;
     };
 
@@ -78,10 +78,10 @@ private:
     bool mWriting = false;
     bool mStopping = false;
     CVSaveOutcome mLastOutcome;
-    /// Not announced yet.
+    /// The outcomes that are not announced yet.
     std::deque<CVSaveOutcome> mOutcomes;
     /// The files as this program last read, wrote or kept them, by path.
     std::map<QString, CVFileSignature> mKnownFiles;
-    /// Last, so that everything above exists as long as the worker runs.
+    /// Declared last, so that all other members exist as long as the worker runs.
     std::thread mWorker;
 };

@@ -12,7 +12,7 @@ namespace {
 
 constexpr QLatin1StringView kFile(CVBundle::kDataFileName);
 constexpr QLatin1StringView kFolder("/Quenby Labs/Corvella");
-/// Where an earlier version kept the file: searched, never made.
+/// The folder of an earlier version, which is searched but never made.
 constexpr QLatin1StringView kOlderFolder("/Quenby/Corvella");
 
 void store(QBUserDefaults& defaults, const QString& path) {

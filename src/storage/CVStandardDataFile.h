@@ -6,7 +6,7 @@
 
 class QBUserDefaults;
 
-/// The user's base folders in which the data file is looked for; empty when the platform names none.
+/// The user's base folders in which the data file is searched; empty when the platform names none.
 struct CVStandardFolders {
     QString applicationSupport;
     QString documents;
@@ -24,8 +24,8 @@ enum class CVLookForExisting : bool { No, Yes };
 /// take their places.
 [[nodiscard]] QStringList CVOwnDataFiles(const CVStandardFolders& folders, const QBUserDefaults& defaults);
 
-/// Where the data file is (Yes, for opening) or is to be (No, for saving). Opening tries the preference
-/// "Data File Location", then the standard places, and stores where it found the file; absent when there is none.
-/// Saving takes the preference unseen, else makes the standard folder and stores the path; absent when that fails.
+/// Where the data file is (Yes, for opening) or is to be (No, for saving). Opening tries the preference "Data File
+/// Location", then the standard places, and stores where it found the file; absent when there is none. Saving takes the
+/// preference without checking it, else makes the standard folder and stores the path; absent when that fails.
 [[nodiscard]] std::optional<QString> CVStandardDataFileURL(CVLookForExisting look, const CVStandardFolders& folders,
                                                            QBUserDefaults& defaults);

@@ -2,5 +2,5 @@
 
 #include <QLoggingCategory>
 
-/// What reading and saving tell the system log.
+/// The category under which reading and saving write to the system log.
 Q_DECLARE_LOGGING_CATEGORY(lcStorage)

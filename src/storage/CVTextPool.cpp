@@ -12,7 +12,8 @@ namespace {
 constexpr std::size_t kFirstLength = 256;
 
 /// Null when the bytes are not valid UTF-8. A byte-order mark at the beginning is a character of the text. A carriage
-/// return, which only a character reference can bring here, would not survive the next save and is a line feed at once.
+/// return, which only a character reference can give, becomes a line feed at once, because it would not survive the
+/// next save.
 QString decodedText(std::string_view bytes) {
     using Flag = QStringConverter::Flag;
     QStringDecoder decoder(QStringConverter::Utf8, Flag::Stateless | Flag::ConvertInitialBom);
@@ -38,7 +39,7 @@ QString CVTextPool::text(std::string_view utf8) {
     return mEntries.back().text;
 }
 
-/// The slot of these bytes, or the free one in which they belong.
+/// The slot of these bytes, or the free slot for them.
 CVTextPool::Slot& CVTextPool::find(quint32 hash, std::string_view utf8) {
     const std::size_t mask = mSlots.size() - 1;
     std::size_t at = hash & mask;
