@@ -2,8 +2,8 @@
 
 #include <QtGlobal>
 
-/// One multiplication or division by a constant. Conversions are tables of such steps, carried out one after the other,
-/// so that every bit of a result is fixed.
+/// One multiplication or division by a constant. Conversions are tables of such steps, whose order fixes every bit of a
+/// result.
 struct CVArithmeticStep {
     enum class Operation : quint8 { None, Times, DividedBy };
 
@@ -35,7 +35,7 @@ struct CVArithmeticSteps {
     [[nodiscard]] constexpr double appliedTo(double amount) const { return second.appliedTo(first.appliedTo(amount)); }
 };
 
-/// The words of which tables of conversions are written.
+/// Short names for steps, so that tables of conversions read like formulas.
 namespace CVArithmetic {
 
 [[nodiscard]] constexpr CVArithmeticStep x(double factor) {

@@ -9,7 +9,7 @@ namespace {
 
 constexpr double kShowsAsZero = 0.000001;
 
-/// A range of days as numbers, which compare without being taken apart.
+/// A range of days as order keys, which compare quickly.
 struct Days {
     qint64 first;
     qint64 last;

@@ -8,10 +8,10 @@
 #include <span>
 #include <vector>
 
-/// All numbers of the budget grid, from one walk over the transactions: what each row's category comes to in each
-/// column's range and over all of them, and what all transactions come to in each column's range. Amounts are added in
-/// the transactions' order without rounding and the sum is rounded once, so that each number is bit for bit that of a
-/// walk for it alone. A sum of zero shows as nothing, and so does a transaction without a date.
+/// All numbers of the budget grid, from one walk over the transactions: the sum of each row's category in each column's
+/// range and in the total range, and the sum of all transactions in each column's range. Amounts are added in the
+/// transactions' order without rounding and the sum is rounded once, so that each number is bit for bit the same as
+/// from a walk for it alone. A sum of zero is absent. A transaction without a date does not count.
 class CVBudgetGrid final {
 public:
     /// `total` is the range of the row totals: from the first column's start to the last one's end.
@@ -33,9 +33,9 @@ private:
 
     std::size_t mColumns;
     CVCategorySlots mSlots;
-    /// One line of sums for each slot, and one for all transactions, which is also that of a category with ID 0. A line
-    /// holds the columns, then the total.
+    /// One line of sums for each slot, then one for all transactions, which is also the line of a category with ID 0. A
+    /// line holds the sums of the columns, then the total.
     std::vector<double> mSums;
-    /// Which line a row shows.
+    /// The line that each row shows.
     std::vector<std::size_t> mRowSlots;
 };

@@ -17,7 +17,7 @@ using CVArithmetic::x;
 
 constexpr double kLongestSpanOfOne = 365;
 
-/// How many periods of a kind a range holds: its days or whole months, times a factor, divided without remainder.
+/// Counts the whole periods of a kind in a range: its days or whole months, times a factor, divided without remainder.
 struct PeriodCount {
     enum class Unit : quint8 { Days, Months };
 
@@ -36,14 +36,14 @@ struct Averages {
     double monthly = 0;
 };
 
-/// One average out of another, rounded.
+/// How one average follows from another; the result is rounded.
 struct Derivation {
     double Averages::*average = nullptr;
     double Averages::*source = nullptr;
     CVArithmeticSteps steps;
 };
 
-/// The average that is divided out of the total, and how the others follow from it, in order.
+/// The average that is the total divided by the number of periods, and how the others follow from it, in order.
 struct Basis {
     double Averages::*average = nullptr;
     PeriodCount periods{};
@@ -103,7 +103,7 @@ quint32 wholePeriods(double span, double length) {
     return static_cast<quint32>(static_cast<qint64>(RoundDoubleToTwoPlaces(span / length)));
 }
 
-/// In days, from the first to the last transaction; a single one counts as spread over the range, up to a year.
+/// In days, from the first to the last transaction; a single transaction counts as spread over the range, up to a year.
 double spanOf(const CVSpending& spending, qint64 daysOfRange) {
     if (spending.count == 1)
         return std::min(kLongestSpanOfOne, static_cast<double>(daysOfRange));

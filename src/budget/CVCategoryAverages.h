@@ -6,11 +6,11 @@
 class CVCategory;
 class CVSpendingOfRange;
 
-/// The computed figures of a category. Dates of a range are inclusive; transactions of other categories, outside the
-/// range or without a date do not count. Amounts are in currency units.
+/// The computed figures of a category. Ranges include both dates; transactions of other categories, outside the range
+/// or without a date do not count. Amounts are in currency units.
 
 /// Fills the category's computed fields from its transactions in the range: total, averages per week, two weeks and
-/// month, periods, number, and the spending pattern. Returns the number.
+/// month, periods, number, and the spending pattern. Returns the number of transactions.
 quint64 computeAveragesForArray(CVCategory& category, const CVDocument::Transactions& transactions,
                                 const QBDate& startDate, const QBDate& endDate);
 /// The same from spending that was added up for several categories at once.

@@ -10,7 +10,7 @@
 [[nodiscard]] std::vector<quint32> CVCategoryIDs(const CVDocument::Categories& categories);
 
 /// Numbers the different IDs of some categories from 0 on, so that one walk over the transactions can add up all of
-/// them side by side. Made anew for each walk.
+/// these categories. Each walk makes its own.
 class CVCategorySlots final {
 public:
     static constexpr std::size_t kNone = static_cast<std::size_t>(-1);

@@ -7,11 +7,11 @@ struct CVDayRange {
     QBDate start;
     QBDate end;
 
-    /// A missing date lies in no range.
+    /// False for a missing date.
     [[nodiscard]] bool contains(const std::optional<QBDate>& date) const {
         return date && *date >= start && *date <= end;
     }
-    /// From the start to the day after the end; negative for an empty range that is more than a day wide.
+    /// The days from the start to the day after the end; negative for an empty range that is more than a day wide.
     [[nodiscard]] qint64 days() const;
     [[nodiscard]] qint64 wholeMonths() const;
 

@@ -20,16 +20,16 @@ struct Amount {
     }
 };
 
-/// The day that a period begins with, as seen from today.
+/// The day, counted back from today, with which a period begins.
 enum class Anchor : quint8 { StartDayOfWeek, Sunday, FirstOfMonth };
 
 struct PeriodType {
     int columns;
     /// From one column to the next.
     Amount step;
-    /// By which next and previous move the first column.
+    /// By how much `next` and `previous` move the first column.
     Amount page;
-    /// Where the first column begins: there, less the lead, less this much for each period before today's.
+    /// The first column begins at the anchor, less `lead`, less `before` for each period that is shown before today's.
     Anchor anchor;
     Amount lead;
     Amount before;

@@ -6,8 +6,8 @@
 
 class QBUserDefaults;
 
-/// The run of consecutive periods that the budget grid shows, one per column: of which type, from when, how many.
-/// Columns are numbered from 1. `today` is the day given at the start, however long the window stays open.
+/// The consecutive periods that the budget grid shows, one per column: their type, their start and their number.
+/// Columns are numbered from 1. `today` stays the day given to the constructor, however long the window is open.
 class CVDisplayPeriods final {
     Q_DECLARE_TR_FUNCTIONS(CVDisplayPeriods)
 
@@ -19,7 +19,7 @@ public:
     struct Placement {
         /// The weekday on which a day view begins, 0 = Sunday.
         int startDayOfWeek = 0;
-        /// Whole periods shown before the one that holds today.
+        /// The number of periods shown before the one that holds today.
         int todayColumn = 0;
 
         [[nodiscard]] static Placement fromDefaults(const QBUserDefaults& defaults);
@@ -38,12 +38,12 @@ public:
     void setTimePeriod(int periodType, Placement placement);
     void next();
     void previous();
-    /// Begins with the period that holds the day, without a change of where periods begin: days with the first of that
-    /// week, two weeks in step with today's.
+    /// Makes the period that holds the day the first one, without changing where periods begin: days start with the
+    /// first of that week, and two weeks stay in step with today's two weeks.
     void goToDay(const QBDate& day);
     void goToToday(Placement placement) { initializeFirstColumnStartingDate(placement); }
 
-    /// Of column n; n may lie outside the shown ones.
+    /// The first day of column n, which may be outside the shown columns.
     [[nodiscard]] QBDate computeColumnStartDateForColumn(int n) const;
     [[nodiscard]] QBDate computeColumnEndDateForColumn(int n) const;
     [[nodiscard]] CVDayRange column(int n) const;
@@ -52,7 +52,7 @@ public:
 
     struct Header {
         QString text;
-        /// The column holds today and stands out.
+        /// Whether the column is marked as the one that holds today.
         bool holdsToday = false;
     };
     [[nodiscard]] Header header(int n) const;

@@ -13,8 +13,8 @@ using CVArithmetic::x;
 constexpr std::size_t kFrequencies = 8;
 constexpr CVArithmeticSteps kSame{};
 
-/// Row: from; column: to. Semi-Annually to Bi-Monthly is one sixth, deliberately, where the number of periods in a year
-/// would make it one third.
+/// Rows are `from`, columns are `to`. Semi-Annually to Bi-Monthly is one sixth, deliberately, although the numbers of
+/// periods in a year would give one third.
 constexpr std::array<std::array<CVArithmeticSteps, kFrequencies>, kFrequencies> kConversions{{
     {{kSame, x(2), {x(52), by(24)}, {x(52), by(12)}, {x(52), by(6)}, {x(52), x(0.25)}, {x(52), x(0.5)}, x(52)}},
     {{x(0.5), kSame, {x(26), by(24)}, {x(26), by(12)}, {x(26), by(6)}, {x(26), x(0.25)}, {x(26), x(0.5)}, x(26)}},

@@ -5,5 +5,5 @@
 /// The number of frequencies that a user can choose: the codes 0 to 7.
 inline constexpr int kFrequencyLabels = 8;
 
-/// What the user reads for an expense-frequency code; null for one outside 0 to 7.
+/// The name of an expense-frequency code in the user's language; null for a code outside 0 to 7.
 [[nodiscard]] QString CVFrequencyLabel(qint64 code);

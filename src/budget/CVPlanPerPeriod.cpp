@@ -10,7 +10,8 @@
 
 namespace {
 
-/// The frequency that an estimate is converted to, and from there the step to the period. A day is a seventh of a week.
+/// The frequency to which an estimate is converted first, and the step from there to the period. A day is a seventh of
+/// a week.
 struct PlanConversion {
     qint64 frequency = CVExpenseFrequency::kUnknown;
     CVArithmeticStep step;

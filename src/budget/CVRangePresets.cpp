@@ -17,10 +17,10 @@ struct Length {
 
 struct Preset {
     Start start;
-    /// Years, months or weeks before the present one.
+    /// The number of years, months or weeks before the present one.
     int before;
     Clamp clamp;
-    /// From the start, clamped or not, to the end; the preset of all transactions has none.
+    /// From the start, after clamping, to the end; unused for the preset of all transactions.
     Length length;
     Verify verify;
 };

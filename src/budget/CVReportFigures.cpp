@@ -19,7 +19,7 @@ struct Comparison {
 using CVArithmetic::by;
 using CVArithmetic::x;
 
-/// A monthly amount in terms of each frequency. Twice a month's amount is exact, as the sum of two is.
+/// Converts a monthly amount to each frequency. Doubling is exact, so it needs no rounding.
 constexpr std::array<Comparison, 8> kComparisons{{{{x(12), by(52)}, true},
                                                   {{x(12), by(26)}, true},
                                                   {x(0.5), true},

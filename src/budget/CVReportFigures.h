@@ -4,18 +4,18 @@
 
 class CVCategory;
 
-/// What the report tables show for a range of days, from one walk over the transactions. It writes the averages into
-/// the categories, as the averages and percent tables show those; what the plan and tax tables show it keeps. Figures
-/// of the moment it was made: a reload makes a new one.
+/// The figures of the report tables for a range of days, from one walk over the transactions. Writes the averages into
+/// the categories, where the averages and percent tables read them; holds the figures of the plan and tax tables
+/// itself. The figures do not follow later changes: a reload makes a new object.
 class CVReportFigures final {
 public:
     CVReportFigures(const CVDocument::Transactions& transactions, const CVDocument::Categories& categories,
                     const CVDayRange& range);
 
-    /// The categories' transactions in the range.
+    /// The number of the categories' transactions in the range.
     [[nodiscard]] quint64 numberOfTransactions() const { return mNumberOfTransactions; }
 
-    /// Per period of the category's own frequency.
+    /// The average per period of the category's own frequency.
     [[nodiscard]] double average(const CVCategory& category) const;
     /// The target less the average, not rounded.
     [[nodiscard]] double difference(const CVCategory& category) const;
@@ -30,6 +30,6 @@ private:
     quint64 mNumberOfTransactions = 0;
 };
 
-/// Whether the plan table warns: the target lies below the category's monthly average, converted to its frequency. This
-/// is deliberately not the average that the difference is computed from, and the two can disagree.
+/// Whether the plan table warns, because the target is below the category's monthly average, converted to its
+/// frequency. Deliberately not the average from which the difference is computed; the two can disagree.
 [[nodiscard]] bool targetIsBelowMonthlyAverage(const CVCategory& category);

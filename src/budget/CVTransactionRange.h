@@ -5,12 +5,12 @@
 
 class CVCategory;
 
-/// The transactions in the range, in their order; with a category whose ID is not 0 only those of that ID. A category
-/// with ID 0, like none, lets all through.
+/// The transactions in the range, in their order. With a category whose ID is not 0, only those of that category; a
+/// category with ID 0 lets all through, as none does.
 [[nodiscard]] CVDocument::Transactions transactionsForDateRange(const CVDocument::Transactions& transactions,
                                                                 const CVDayRange& range,
                                                                 const CVCategory* category = nullptr);
 
-/// The transactions behind one cell of the grid: exactly the category's own, also where its ID is 0.
+/// The transactions of one cell of the grid: only the category's own, even when its ID is 0.
 [[nodiscard]] CVDocument::Transactions transactionsOfCell(const CVDocument::Transactions& transactions,
                                                           const CVDayRange& range, const CVCategory& category);
