@@ -3,9 +3,9 @@
 #include <QString>
 #include <QUrl>
 
-/// Who asks for a newer version, and where.
+/// The program that asks for a newer version, and the service that it asks.
 struct CVUpdateService {
-    /// Of the service, without parameters.
+    /// The address of the service, without parameters.
     QString address;
     QString identifier;
     QString version;

@@ -25,7 +25,7 @@ void CVUpdateCheck::cancel() {
     mStopping = true;
     emit stopRequested();
     mWorker.join();
-    // A word of it may be on its way; it finds nothing.
+    // A queued `fetched` of this check may still arrive; it finds no reply.
     const std::lock_guard lock(mMutex);
     mReply.reset();
 }
@@ -41,11 +41,11 @@ void CVUpdateCheck::work(const QUrl& address, const QString& userAgent) {
         });
         connect(this, &CVUpdateCheck::stopRequested, &loop, &QEventLoop::quit, Qt::QueuedConnection);
         fetch.start(address, userAgent);
-        // Whoever stopped before there was anybody to be told has left the flag.
+        // A stop that came before the connection above left only the flag.
         if (!mStopping)
             loop.exec();
     }
-    // Nobody deletes later in a thread whose event loop has ended.
+    // `deleteLater` has no effect in a thread whose event loop has ended, so its objects are deleted here.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     {
         const std::lock_guard lock(mMutex);

@@ -10,9 +10,8 @@
 #include <optional>
 #include <thread>
 
-/// One check at a time, on a thread of its own that ends with it. The reply comes back through the event loop of the
-/// thread that this object lives in; whoever takes it stores it there. Cancelling and destroying end the thread
-/// without waiting for the other side.
+/// Runs one check at a time, each on its own thread. The reply comes through the event loop of this object's thread,
+/// where the receiver stores it. Cancelling and destroying end the check's thread without waiting for the network.
 class CVUpdateCheck final : public QObject {
     Q_OBJECT
 
@@ -20,18 +19,18 @@ public:
     explicit CVUpdateCheck(CVFetchLimits limits = {});
     ~CVUpdateCheck() override;
 
-    /// Not while one is under way.
+    /// Must not be called while a check is under way.
     void start(const QUrl& address, const QString& userAgent);
-    /// No reply comes from then on.
+    /// `finished` is not emitted after this.
     void cancel();
     [[nodiscard]] bool isRunning() const { return mWorker.joinable(); }
 
 signals:
-    /// The bytes of the reply, none when there was no good one.
+    /// Carries the bytes of the reply; no bytes when there was no usable reply.
     void finished(const QByteArray& reply);
-    /// The worker's own word, on its way here.
+    /// Emitted by the worker thread when the reply is there.
     void fetched();
-    /// To the worker.
+    /// Tells the worker thread to stop.
     void stopRequested();
 
 private:
@@ -41,7 +40,7 @@ private:
     CVFetchLimits mLimits;
     std::atomic<bool> mStopping = false;
     std::mutex mMutex;
-    /// Handed over by the worker.
+    /// The reply that the worker thread left; guarded by `mMutex`.
     std::optional<QByteArray> mReply;
     std::thread mWorker;
 };

@@ -21,9 +21,9 @@ bool isSecure(const QUrl& address) {
 QNetworkRequest requestFor(const QUrl& address, const QString& userAgent, const CVFetchLimits& limits) {
     QNetworkRequest request(address);
     request.setHeader(QNetworkRequest::UserAgentHeader, userAgent);
-    // In place of what the toolkit would say by itself.
+    // Replaces the header that the toolkit would send, which names the user's language.
     request.setRawHeader("Accept-Language", "*");
-    // An answer that unfolds into a larger one is not asked for.
+    // Asks for no compressed reply, because a small one could unpack into a very large one.
     request.setRawHeader("Accept-Encoding", "identity");
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::UserVerifiedRedirectPolicy);
     request.setMaximumRedirectsAllowed(limits.redirects);

@@ -9,33 +9,33 @@
 
 class QNetworkReply;
 
-/// How patient a fetch is, and how much it takes.
+/// The limits of a fetch in time, size and redirects.
 struct CVFetchLimits {
-    /// Without a byte from the other side.
+    /// The longest time without a byte from the server.
     std::chrono::milliseconds silence{15'000};
-    /// From the first to the last byte.
+    /// The longest time for the whole fetch.
     std::chrono::milliseconds total{60'000};
     qint64 bytes = qint64(1) << 20;
     int redirects = 5;
 };
 
-/// Fetches one address, once, in the thread that it lives in. Only https is spoken, also after a redirect; plain http
-/// to this very machine alone, from an address that is such a one itself. Sends no cookies and nothing that names the
+/// Fetches one address, once, in its own thread. Only https is allowed, also after a redirect; plain http is allowed to
+/// this machine only, and after a redirect only when the fetch began there. Sends no cookies and nothing that names the
 /// user, the language or the toolkit.
 class CVUpdateFetch final : public QObject {
     Q_OBJECT
 
 public:
     explicit CVUpdateFetch(CVFetchLimits limits = {});
-    /// Breaks off a fetch that is under way.
+    /// Aborts a fetch that is under way.
     ~CVUpdateFetch() override;
 
-    /// `userAgent` is what the other side is told of who asks.
+    /// `userAgent` names the program to the server.
     void start(const QUrl& address, const QString& userAgent);
 
 signals:
-    /// Once, from the event loop: all bytes of a good answer, or none where there was no such answer or it was too
-    /// long.
+    /// Emitted once, from the event loop, with all bytes of a good reply; with no bytes when there was none or it was
+    /// too long.
     void finished(const QByteArray& bytes);
 
 private:
@@ -48,6 +48,6 @@ private:
     QTimer mDeadline;
     QNetworkReply* mReply = nullptr;
     QByteArray mBytes;
-    /// It was plain http to this machine that was asked for.
+    /// Whether the fetch began with plain http to this machine.
     bool mIsLocal = false;
 };

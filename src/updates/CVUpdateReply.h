@@ -6,11 +6,11 @@
 
 #include <optional>
 
-/// What the service said of a version: "Version" and "Download" at least, in a reply worth the name.
+/// The service's facts about a version; a usable reply has at least "Version" and "Download".
 using CVUpdateEntry = QVariantMap;
 
-/// The entry of a reply that concerns a program of that version: "Beta" for a beta build (a "b" in the version) when
-/// there is one, else "Release". Absent when the bytes are no property list with such an entry.
+/// The entry of a reply for a program of that version: "Beta" for a beta build (a "b" in the version) when there is
+/// one, else "Release". Absent when the bytes are no property list with such an entry.
 [[nodiscard]] std::optional<CVUpdateEntry> CVChooseUpdateEntry(const QByteArray& reply, const QString& version);
 
 /// The download page that an entry names; absent unless it is a web address (http or https).

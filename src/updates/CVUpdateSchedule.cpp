@@ -5,7 +5,7 @@
 
 namespace {
 
-/// What is taken from today: a check is due when the last one lies before that day.
+/// The time between checks: a check is due when the last one is before today less this interval.
 struct Interval {
     int frequency;
     int months;

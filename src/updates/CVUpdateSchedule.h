@@ -4,7 +4,7 @@
 
 #include <optional>
 
-/// How often newer versions are looked for by themselves, as the preference counts.
+/// How often the program checks for newer versions by itself; the values of the preference.
 namespace CVUpdateFrequency {
 enum Code : int { kNever, kDaily, kWeekly, kMonthly };
 } // namespace CVUpdateFrequency

@@ -6,18 +6,19 @@
 
 class QBUserDefaults;
 
-/// What the update check keeps in the user defaults. Main thread only, as the defaults are.
+/// Keeps the results of update checks in the user defaults. Main thread only, as the defaults are.
 class CVUpdateStore final {
 public:
     /// `version` is that of the running program. The defaults outlive the store.
     CVUpdateStore(QBUserDefaults& defaults, QString version);
 
-    /// The offer of a newer version that was made to this version; one made to another version is stale, and removed.
+    /// The offer of a newer version that was made to this version. Removes an offer that was made to another version,
+    /// because it is stale.
     [[nodiscard]] std::optional<CVUpdateEntry> currentOffer();
     void removeOffer();
 
-    /// Takes in the reply to a check that was finished at that time (empty bytes: none came). False when it is not
-    /// usable, which is noted; nothing else changes then.
+    /// Stores the reply to a check that finished at that time; empty bytes mean that there was none. False when the
+    /// reply is not usable; only that failure is stored then.
     bool keepReply(const QByteArray& reply, const QDateTime& time);
     /// Whether the last check got no usable reply.
     [[nodiscard]] bool lastCheckFailed() const;

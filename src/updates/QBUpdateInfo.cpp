@@ -15,7 +15,7 @@ struct Item {
     QString (*value)();
 };
 
-/// Nothing in it tells one machine of a kind from another.
+/// No item tells one machine from another of the same kind.
 constexpr std::array<Item, 5> kItems{{{"dist", [] { return QSysInfo::prettyProductName(); }},
                                       {"cpu", [] { return QSysInfo::currentCpuArchitecture(); }},
                                       {"ncpu", [] { return QString::number(QThread::idealThreadCount()); }},

@@ -3,8 +3,8 @@
 #include <QMap>
 #include <QString>
 
-/// What the update check can say of the machine. The list of what is sent stands in one table, so that the address and
-/// the display cannot differ.
+/// The facts about the system that an update check may send. One table holds them all, so that the address and the
+/// display cannot differ.
 
 /// The operating system and its version, such as "Linux 6.1".
 [[nodiscard]] QString QBSystemVersionForUpdate();
@@ -12,5 +12,5 @@
 /// The system information as further parameters of an address, each with its ampersand and percent-encoded.
 [[nodiscard]] QString QBGatherUpdateInfoForURL();
 
-/// The same, by key, for display.
+/// The same facts by key, for display.
 [[nodiscard]] QMap<QString, QString> QBGatherUpdateInfoInDictionary();
