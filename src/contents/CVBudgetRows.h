@@ -7,8 +7,8 @@ class QBUserDefaults;
 enum class CVShowUnused : bool { No, Yes };
 
 /// The categories that form the rows of the grid and of the reports, in the document's order: those that a transaction
-/// of the current set uses, or all of them. One walk over the transactions, whatever the number of categories.
+/// of the current set uses, or all of them. Takes one walk over the transactions, whatever the number of categories.
 [[nodiscard]] CVDocument::Categories buildCategoryArray(const CVDocument& document, CVShowUnused showUnused);
 
-/// The preference behind it: "ShowUnusedCategories", of which the low byte counts and 1 alone means yes.
+/// The preference "ShowUnusedCategories", of which only the low byte counts; 1 means yes, any other value no.
 [[nodiscard]] CVShowUnused CVShowUnusedFromDefaults(const QBUserDefaults& defaults);

@@ -4,7 +4,8 @@
 
 #include <vector>
 
-/// The transactions that look as if they were entered twice: of each two neighbours with equal payee, "for" text,
-/// amount, category and date the later one, so that one of each group remains. Texts and amounts are compared exactly;
-/// a missing text equals nothing, not even another. Neighbours only, from the last pair to the first.
+/// The transactions that look as if they were entered twice: the later one of each two neighbours with equal payee,
+/// "for" text, amount, category and date, so that one of each group remains. Texts and amounts are compared exactly; a
+/// missing text or date equals nothing, not even another missing one. The result is in order from the last pair to the
+/// first.
 [[nodiscard]] CVDocument::Transactions CVFindDuplicates(const CVDocument::Transactions& transactions);

@@ -18,7 +18,7 @@ CVEntryProblem problem(CVEntryField field, const char* message) {
 } // namespace
 
 std::optional<CVEntryProblem> CVFirstProblem(const CVEntry& entry) {
-    // Not a number is no amount either.
+    // The negation also refuses an amount that is not a number.
     if (!(entry.amount >= kSmallestAmount))
         return problem(CVEntryField::Amount,
                        QT_TRANSLATE_NOOP("CVEntry", "Transaction amounts must be greater than 0.00"));

@@ -10,7 +10,7 @@
 class CVDocument;
 class CVTransaction;
 
-/// What the entry strip holds when it is recorded.
+/// The contents of the entry strip when it is recorded.
 struct CVEntry {
     QBDate date = QBDate::date();
     /// In currency units.
@@ -24,7 +24,7 @@ struct CVEntry {
 
 enum class CVEntryField { Date, Amount, PayTo, For, Category, Tax };
 
-/// Why an entry is refused: the field that needs attention, and the alert for the user.
+/// Why an entry is refused: the field to be corrected, and the texts of the alert.
 struct CVEntryProblem {
     CVEntryField field;
     QString title;
@@ -32,7 +32,7 @@ struct CVEntryProblem {
 };
 
 /// The first problem, in the order amount, recipient, category; absent for an entry that can be recorded. Texts are not
-/// trimmed: blanks are a text.
+/// trimmed: blanks count as a text.
 [[nodiscard]] std::optional<CVEntryProblem> CVFirstProblem(const CVEntry& entry);
 
 /// Puts an entry that has no problem into the document's current set, with its category, which is made where there is

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// All columns that the periods ever take are there from the start.
+/// The most columns that any type of period takes.
 constexpr int kMostColumns = 7;
 
 } // namespace
@@ -32,7 +32,7 @@ bool CVGridContents::isEmpty() const {
         if (mGrid.columnTotal(column))
             return false;
     }
-    // Sums can cancel out, and so small ones show in a total alone.
+    // Sums can cancel out in a column's total, and cells too small to show can add up to a row total that shows.
     for (std::size_t row = 0; row < mGrid.rows(); ++row) {
         if (mGrid.rowTotal(row))
             return false;

@@ -4,7 +4,7 @@
 #include "budget/CVDisplayPeriods.h"
 #include "budget/CVGridColumns.h"
 
-/// What the summary shows, on the screen or on paper: the periods, which columns they take, the categories in rows and
+/// The contents of the summary, on the screen or on paper: the periods and their columns, the categories in rows and
 /// the sums of the last reload. Rows and columns are counted from 0.
 class CVGridContents final {
 public:
@@ -14,24 +14,24 @@ public:
     [[nodiscard]] CVDisplayPeriods& periods() { return mPeriods; }
     [[nodiscard]] const CVDisplayPeriods& periods() const { return mPeriods; }
 
-    /// Adds everything up anew, in one walk over the transactions. They stay where they are as long as cells are asked
-    /// for.
+    /// Computes all sums anew, in one walk over the transactions. References the transactions until the next reload, so
+    /// they must outlive every question about them.
     void reload(const CVDocument::Transactions& transactions, const CVDocument::Categories& rows);
     void reload(CVDocument::Transactions&& transactions, const CVDocument::Categories& rows) = delete;
 
     [[nodiscard]] const CVDocument::Categories& rows() const { return mRows; }
-    /// The numbers of the columns in the table, from 1 on.
+    /// The numbers, from 1 on, of the columns that are shown.
     [[nodiscard]] const std::vector<int>& columns() const { return mColumns.shown(); }
     [[nodiscard]] const CVBudgetGrid& grid() const { return mGrid; }
     /// Whether no cell and no total shows a number; without rows none does.
     [[nodiscard]] bool isEmpty() const;
 
-    /// The transactions behind a cell, in their order: the category's own, whose dates lie in the column's period. None
+    /// The transactions of a cell, in their order: those of the category with a date in the column's period. None
     /// outside the grid.
     [[nodiscard]] CVDocument::Transactions transactionsOfCell(int row, int column) const;
     /// The days of a column.
     [[nodiscard]] CVDayRange rangeOfColumn(int column) const;
-    /// How many transactions a sum was added up from: a row's category, or all without one, in a range of days.
+    /// The number of transactions of which a sum consists: those of a category (null: of all) in a range of days.
     [[nodiscard]] std::size_t numberOfTransactions(const CVCategory* category, const CVDayRange& range) const;
 
 private:
@@ -41,6 +41,6 @@ private:
     CVGridColumns mColumns;
     CVDocument::Categories mRows;
     CVBudgetGrid mGrid;
-    /// Those of the last reload; null before.
+    /// The transactions of the last reload; null before the first one.
     const CVDocument::Transactions* mTransactions = nullptr;
 };

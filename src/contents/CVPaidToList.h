@@ -5,11 +5,11 @@
 #include <QSet>
 #include <QStringList>
 
-/// The payees offered for completion: the first few different ones of a walk over transactions, the last found first.
-/// Keeps the transactions that name them, with pairwise different texts.
+/// The payees that are offered for completion: the first few different ones among the transactions, the last found
+/// first. Keeps one transaction for each payee.
 class CVPaidToList final {
 public:
-    /// Fills the list anew with at most `numberOfItems` payees of `transactions`; none for 0 and less.
+    /// Fills the list anew with at most `numberOfItems` payees of `transactions`; with none for 0 or less.
     void update(const CVDocument::Transactions& transactions, int numberOfItems);
 
     [[nodiscard]] const CVDocument::Transactions& transactions() const { return mExpenseCreatedTransactionArray; }

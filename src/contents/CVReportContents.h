@@ -2,20 +2,20 @@
 
 #include "budget/CVReportFigures.h"
 
-/// What the reports show, on the screen or on paper: the range of days and the preset it was chosen with, the
-/// categories in rows and the figures of the last reload. Rows are counted from 0.
+/// The contents of the reports, on the screen or on paper: the range of days and its preset, the categories in rows and
+/// the figures of the last reload. Rows are counted from 0.
 class CVReportContents final {
 public:
-    /// The range is `today` alone at first, the preset 0.
+    /// The range is only `today` at first, and the preset is 0.
     explicit CVReportContents(const QBDate& today);
 
-    /// The chosen preset, 0 to 7; another number is kept and stands for no range.
+    /// The chosen preset, 0 to 7; another number is kept but stands for no range.
     [[nodiscard]] int reportPeriod() const { return mReportPeriod; }
     void setReportPeriod(int preset) { mReportPeriod = preset; }
     [[nodiscard]] const CVDayRange& range() const { return mRange; }
-    /// The figures follow with the next reload.
+    /// The figures change with the next reload.
     void setRange(const CVDayRange& range) { mRange = range; }
-    /// The range that the preset stands for; stays as it is where it stands for none.
+    /// Sets the range of the preset; does nothing when the preset stands for no range.
     void setRangeFromPreset(const QBDate& today, const CVDocument& document);
 
     /// Computes everything anew, in one walk over the transactions; fills the rows' computed figures.
@@ -23,7 +23,7 @@ public:
 
     [[nodiscard]] const CVDocument::Categories& rows() const { return mRows; }
     [[nodiscard]] const CVReportFigures& figures() const { return mFigures; }
-    /// In the range, summed over the rows.
+    /// The number of the rows' transactions in the range.
     [[nodiscard]] quint64 numberOfTransactions() const { return mFigures.numberOfTransactions(); }
     [[nodiscard]] quint64 totalNumberOfTransactions() const { return mTotalNumberOfTransactions; }
 

@@ -10,14 +10,15 @@
 #include <optional>
 
 /// Transactions as text for other programs: UTF-8, one line each, in their order, without a header; date, amount, "X"
-/// for a taxed one, payee, "for" text and category name, with a tabulator between them and a line feed behind each
-/// line. Dates and amounts are written as the locale in force has them; texts as they are. `progress` hears now and
-/// then how many are done, and ends the export by answering false: the result is then absent.
+/// for a taxed one, payee, "for" text and category name, with a tabulator between them and a line feed after each line.
+/// Dates and amounts are in the form of the locale in force; texts are written as they are. `progress` is called from
+/// time to time with the number of transactions that are done; answering false ends the export, and the result is
+/// absent.
 [[nodiscard]] std::optional<QByteArray>
 CVExportedTransactions(const CVDocument::Transactions& transactions,
                        const std::function<bool(std::size_t done)>& progress = {});
 
-/// Writes the text to a file, which stands there whole or as it was, and is none of the `spared` ones; absent when that
-/// succeeded, else the reason.
+/// Writes the text to a file; when that fails, the old file stays whole. Refuses to write one of the `spared` files.
+/// Absent on success, else the reason.
 [[nodiscard]] std::optional<QString> CVWriteExport(const QString& path, const QByteArray& text,
                                                    const QStringList& spared = {});

@@ -106,7 +106,7 @@ CVTransactionList::Totals CVTransactionList::displayTotals() const {
     return totalsOf(mDisplayTransactionArray);
 }
 
-/// A transaction without a date lies in no range, but "All" is to show every line that there is.
+/// "All" shows undated transactions too, although they are in no range, unless the user has narrowed the range.
 bool CVTransactionList::showsUndated() const {
     const auto all = rangeOfPreset(kPresetAll, mRange.end, mDocument);
     return mTransactionPeriod == kPresetAll && all && mRange.start <= all->start && mRange.end >= all->end;

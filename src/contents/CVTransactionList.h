@@ -6,11 +6,11 @@
 
 #include <QString>
 
-/// The transactions of the current set on their way to the table, in three stages: all of the set, those of the date
-/// range, and those that pass the search, sorted. Knows no windows; references the document, which outlives it.
+/// Chooses the transactions for the table in three stages: all of the current set, those in the date range, and those
+/// that match the search, sorted. References the document, which outlives it.
 class CVTransactionList final {
 public:
-    /// How many transactions, and their amounts added up in their order and rounded once to two places.
+    /// The number of transactions, and the sum of their amounts, added in order and rounded once to two places.
     struct Totals {
         std::size_t count = 0;
         double amount = 0;
@@ -18,44 +18,45 @@ public:
 
     explicit CVTransactionList(CVDocument& document);
 
-    /// Item 0 to 7 of the range pop-up; another number leaves the range as it is.
+    /// Sets the item of the range pop-up, 0 to 7; with another number `setRangeFromPreset` does nothing.
     void setTransactionPeriod(int preset) { mTransactionPeriod = preset; }
     [[nodiscard]] int transactionPeriod() const { return mTransactionPeriod; }
-    /// The range as its pop-up has it on the day `today`; the stages stay.
+    /// Sets the range of the pop-up's item on the day `today`; the stages do not change.
     void setRangeFromPreset(const QBDate& today);
     void setRange(const CVDayRange& range) { mRange = range; }
     [[nodiscard]] const CVDayRange& range() const { return mRange; }
-    /// While the range is that of "All", it grows to hold a transaction's new date.
+    /// Extends the range to a transaction's new date while the item is "All".
     void updateDisplayDatesWithTransaction(const CVTransaction& transaction);
 
-    /// A kind of search by its number.
+    /// Sets the kind of search by its number (`CVSearchKind`).
     void setSearchType(int kind) { mSearchType = kind; }
     [[nodiscard]] int searchType() const { return mSearchType; }
-    /// As typed, not trimmed; empty: everything passes.
+    /// The text as typed, not trimmed; every transaction matches an empty text.
     void setSearchText(const QString& text) { mSearchText = text; }
     [[nodiscard]] const QString& searchText() const { return mSearchText; }
 
-    /// Stage 1: the transactions of the document's current set, in document order. The further stages stay.
+    /// Fills stage 1 with the transactions of the document's current set, in document order. The other stages do not
+    /// change.
     void collectTransactions();
-    /// Stage 2 from stage 1: the transactions in the range, and the undated ones where "All" is shown.
+    /// Fills stage 2 with the transactions of stage 1 in the range; also with the undated ones when "All" is shown.
     void getTransactions();
-    /// Stage 3 from stage 2, not yet sorted.
+    /// Fills stage 3 with the transactions of stage 2 that match the search, not sorted.
     void filterTransactions();
-    /// Sorts stage 3 as the user defaults say; a user without a choice gets, and keeps, newest first.
+    /// Sorts stage 3 as the user defaults say; without a stored choice it sorts newest first, and stores that.
     void doUserSort();
-    /// Stage 3 anew for the search, sorted.
+    /// Fills and sorts stage 3 anew.
     void refilter();
-    /// The stages 2 and 3 anew from stage 1, sorted.
+    /// Fills stages 2 and 3 anew from stage 1, and sorts stage 3.
     void rebuild();
-    /// The user asks for that column: every time the direction turns round, also with another column than before. The
-    /// choice is kept; nothing is sorted yet.
+    /// Stores the user's choice of a column and reverses the direction, also when the column is another one than
+    /// before. Does not sort.
     void chooseSortColumn(const QString& identifier);
     /// The order of the last sort.
     [[nodiscard]] const CVTransactionSortContext& sortContext() const { return mTransactionSortContext; }
 
     /// Stage 1.
     [[nodiscard]] const CVDocument::Transactions& transactions() const { return mTransactions; }
-    /// Stage 3. A transaction can stand in it twice.
+    /// Stage 3, which can hold a transaction twice.
     [[nodiscard]] const CVDocument::Transactions& displayTransactions() const { return mDisplayTransactionArray; }
     [[nodiscard]] Totals totals() const;
     [[nodiscard]] Totals displayTotals() const;

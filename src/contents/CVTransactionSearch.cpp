@@ -23,8 +23,8 @@ struct SearchText {
     Q_DECLARE_TR_FUNCTIONS(CVTransactionSearch)
 };
 
-/// Whether texts contain what is searched for. Most transactions share their texts with others: the answers for those
-/// met last are remembered by where the text lies in memory.
+/// Tells whether texts contain the pattern. Remembers the answers for recent texts by their place in memory, because
+/// most transactions share their texts with others.
 class TextMatcher {
 public:
     explicit TextMatcher(const QString& pattern) : mMatcher(pattern, Qt::CaseInsensitive) {}
@@ -48,7 +48,7 @@ private:
     static constexpr std::size_t kPlaces = std::size_t(1) << kPlaceBits;
     static constexpr std::size_t kMostSteps = 4;
 
-    /// The answer for a text; one without a place where there is none yet.
+    /// The answer for a text; an answer without a place when there is none yet.
     [[nodiscard]] Answer& answerFor(const QChar* place, quint32 size) {
         const std::size_t first = spread(place);
         for (std::size_t step = 0; step < kMostSteps; ++step) {
@@ -56,11 +56,12 @@ private:
             if (!answer.place || (answer.place == place && answer.size == size))
                 return answer;
         }
-        // All are taken by others: the first makes room.
+        // Other texts have all the places, so the answer in the first place is forgotten.
         return mAnswers[first] = Answer();
     }
 
-    /// Texts lie in memory at regular distances: a plain remainder would send many to one place.
+    /// Multiplies by the golden ratio, because texts are at regular distances in memory and a plain remainder would
+    /// give many of them the same place.
     [[nodiscard]] static std::size_t spread(const QChar* place) {
         constexpr quint64 kGoldenRatio = 0x9E3779B97F4A7C15;
         return static_cast<std::size_t>((reinterpret_cast<quintptr>(place) * kGoldenRatio) >> (64 - kPlaceBits));
@@ -78,7 +79,8 @@ Rows filter(const Rows& transactions, Matches matches) {
     return found;
 }
 
-/// Whether the names of the transactions' categories contain what is searched for, answered once for each category.
+/// Tells whether the names of the transactions' categories contain the pattern; computes the answer once for each
+/// category.
 class CategoryMatcher {
 public:
     explicit CategoryMatcher(const QString& pattern) : mMatcher(pattern) {}
@@ -104,7 +106,7 @@ Rows searchAllTexts(const Rows& transactions, const QString& text) {
     TextMatcher xfor(text);
     CategoryMatcher category(text);
     return filter(transactions, [&](const CVTransaction& transaction) {
-        // To ask for the next one only where this one says no would be slower.
+        // All three are asked, because branching on each answer is slower.
         int places = payTo.matches(transaction.payTo()) ? 1 : 0;
         places += xfor.matches(transaction.xfor()) ? 1 : 0;
         places += category.matches(transaction) ? 1 : 0;
@@ -148,7 +150,7 @@ Rows searchUserFlag(const Rows& transactions, const QString& text) {
     return searchFlag(transactions, text, [](const CVTransaction& transaction) { return transaction.userFlag(); });
 }
 
-/// The decimal mark may also be that of the user's locale.
+/// The decimal mark may be a full stop or that of the user's locale.
 double leadingNumber(const QString& text) {
     QString number = text;
     const QString mark = QBLocaleInForce().decimalPoint();
@@ -180,7 +182,7 @@ struct SearchKind {
     Rows (*search)(const Rows& transactions, const QString& text);
 };
 
-/// By the number of the kind.
+/// Indexed by the number of the kind.
 constexpr std::array<SearchKind, kCVSearchKinds> kSearchKinds{
     {{QT_TRANSLATE_NOOP("CVTransactionSearch", "All Text Fields"), searchAllTexts},
      {QT_TRANSLATE_NOOP("CVTransactionSearch", "Paid To"), searchPayTo},

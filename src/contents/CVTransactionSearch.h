@@ -4,7 +4,7 @@
 
 #include <QString>
 
-/// What a search looks at; the numbers are the tags of the search menu.
+/// The part of a transaction that a search compares; the numbers are the tags of the search menu.
 enum class CVSearchKind : quint8 {
     AllTextFields,
     PaidTo,
@@ -18,13 +18,12 @@ enum class CVSearchKind : quint8 {
 };
 inline constexpr int kCVSearchKinds = 9;
 
-/// "All Text Fields" and so on; empty for a number that is no kind.
+/// The title of a kind, such as "All Text Fields", in the user's language; empty for a number that is no kind.
 [[nodiscard]] QString CVSearchKindTitle(int kind);
 
-/// The transactions that match, in their order; none for a number that is no kind.
-/// Texts match where they contain `text` without regard to case, and so does a text that is missing altogether. Amounts
-/// are compared with the number that `text` begins with, 0 when it begins with none. For the flags it is the other way
-/// round: `text` has to contain the word, "Yes" or "On" for a flag that is set, "No" or "Off" for one that is not; with
-/// both words the transaction is listed twice.
+/// The transactions that match, in their order; none for a number that is no kind. A text matches when it contains
+/// `text` without regard to case, or when it is missing. Amounts are compared with the number at the beginning of
+/// `text`, 0 when there is none. A flag that is set matches when `text` contains "Yes" or "On", and a flag that is not
+/// set when `text` contains "No" or "Off"; with both words the transaction is listed twice.
 [[nodiscard]] CVDocument::Transactions searchTransactionsWithString(const CVDocument::Transactions& transactions,
                                                                     int kind, const QString& text);

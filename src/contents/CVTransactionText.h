@@ -8,8 +8,8 @@
 
 class CVTransaction;
 
-/// Writes what a transaction holds, for the screen, for paper and for other programs: dates and amounts in the locale
-/// that was in force when the object was made. The columns are those of `CVTransactionColumns`.
+/// Writes the fields of a transaction for the screen, for paper and for other programs. Dates and amounts are in the
+/// locale that was in force when the object was made. The columns are those of `CVTransactionColumns`.
 class CVTransactionText final {
     Q_DECLARE_TR_FUNCTIONS(CVTransactionText)
 
