@@ -13,7 +13,7 @@ namespace {
 constexpr double kSmallestDivisor = 0.01;
 constexpr int kDecimals = 2;
 
-/// What this report calls the frequencies: not in all cases what they are called elsewhere.
+/// The names of the frequencies in this report, some of which differ from those elsewhere.
 constexpr std::array<const char*, 8> kFrequencies{
     QT_TRANSLATE_NOOP("CVReport", "Weekly"),        QT_TRANSLATE_NOOP("CVReport", "Weekly"),
     QT_TRANSLATE_NOOP("CVReport", "Semi-Monthly"),  QT_TRANSLATE_NOOP("CVReport", "Monthly"),
@@ -26,7 +26,7 @@ QString frequencyText(qint64 code) {
                : QString();
 }
 
-/// `title` has places for the two days.
+/// `title` has the placeholders %1 and %2 for the two days.
 std::unique_ptr<CVComputedReport> makeReport(CVReportType type, const QString& title, const CVDayRange& range) {
     const QBDateFormatter dates;
     const auto columns = CVPrintedColumns(type);
@@ -34,7 +34,7 @@ std::unique_ptr<CVComputedReport> makeReport(CVReportType type, const QString& t
                                               columns, CVPrintedLabels(columns));
 }
 
-/// Added in the transactions' order without rounding.
+/// The sum of the amounts in the range, added in the transactions' order without rounding.
 double spentInRange(const CVDocument::Transactions& transactions, const CVDayRange& range) {
     double sum = 0;
     for (const auto& transaction : transactions) {

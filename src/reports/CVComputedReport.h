@@ -4,13 +4,13 @@
 
 #include <vector>
 
-/// A report whose lines are all there from the start: they are few, and what they say can change afterwards.
+/// A report that holds all its lines, because they are few and the figures behind them can change afterwards.
 class CVComputedReport final : public CVReport {
 public:
-    /// The lines are the categories', in their order, and then those that stand at the end.
+    /// Add first the lines of the categories, in their order, then those at the end.
     CVComputedReport(CVReportType type, QString title, std::span<const CVPrintedColumn> columns, QStringList labels);
 
-    /// Behind the lines before.
+    /// Appends the line of a category.
     void addCategory(const QString& name, const QStringList& figures);
     void addAtEnd(CVReportLine line);
 

@@ -4,7 +4,7 @@
 
 class CVGridContents;
 
-/// The budget grid as the summary report asks for it. References the grid, which outlives it.
+/// Gives the summary report the cells of the budget grid. References the grid, which outlives it.
 class CVGridSummary final : public CVSummaryTable {
 public:
     explicit CVGridSummary(const CVGridContents& grid) : mGrid(grid) {}

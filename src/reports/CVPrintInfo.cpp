@@ -16,12 +16,12 @@ constexpr std::array<QLocale::Territory, 14> kLetterTerritories{
     QLocale::Guatemala,  QLocale::Mexico,     QLocale::Nicaragua,    QLocale::Panama,   QLocale::Philippines,
     QLocale::PuertoRico, QLocale::ElSalvador, QLocale::UnitedStates, QLocale::Venezuela};
 
-/// The sides of paper that is paper, in points: half an inch to 200 inches.
+/// The range of a side of paper, in points: half an inch to 200 inches.
 constexpr double kShortestSide = 36;
 constexpr double kLongestSide = 14400;
 constexpr qsizetype kSides = 4;
 
-/// As many numbers as there are between the separators, all of them finite; absent for anything else.
+/// The numbers between the separators; absent unless all of them are finite numbers.
 std::optional<QList<double>> numbersIn(const QString& text, QChar separator) {
     QList<double> numbers;
     for (const QString& part : text.split(separator)) {
@@ -53,7 +53,7 @@ std::optional<QPageSize> paperNamed(const QString& name) {
     return QPageSize(QSizeF(sides->at(0), sides->at(1)), QPageSize::Point);
 }
 
-/// Absent where they leave nothing of the paper.
+/// Absent when the text holds no four margins or when they leave nothing of the paper.
 std::optional<QMarginsF> marginsNamed(const QString& text, const QSizeF& paper) {
     const auto sides = numbersIn(text, u' ');
     if (!sides || sides->size() != kSides ||

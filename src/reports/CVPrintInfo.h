@@ -7,7 +7,7 @@
 
 class QBUserDefaults;
 
-/// How pages are set up. Margins are in points, of the page as it is read, whichever way the paper lies.
+/// The page set-up. Margins are in points and belong to the sides of the page as it is read, in either orientation.
 struct CVPrintInfo {
     static constexpr double kInch = 72;
 
@@ -15,13 +15,13 @@ struct CVPrintInfo {
     QPageLayout::Orientation orientation = QPageLayout::Portrait;
     QMarginsF margins{kInch, kInch, kInch, kInch};
 
-    /// The paper that is usual where the locale is spoken: Letter or A4.
+    /// The paper that is usual in the locale's territory: Letter or A4.
     [[nodiscard]] static CVPrintInfo ofLocale(const QLocale& locale);
-    /// As `keepIn` kept it. What is absent or makes no page is that of the locale.
+    /// The set-up that `keepIn` stored. A value that is absent or makes no page is that of the locale.
     [[nodiscard]] static CVPrintInfo fromDefaults(const QBUserDefaults& defaults, const QLocale& locale);
     void keepIn(QBUserDefaults& defaults) const;
 
-    /// In points, as the paper lies.
+    /// The size in points, in the page's orientation.
     [[nodiscard]] QSizeF paperSize() const;
 
     /// For the toolkit's panels, which show the margins.

@@ -8,11 +8,11 @@
 
 enum class CVPrintAlignment : unsigned char { Left, Right };
 
-/// What becomes of a text that its column has no room for. A name is cut, with an ellipsis at the end. A figure or a
-/// date, which nobody can read once it is cut, is set narrower first, and cut where that does not suffice.
+/// How a text is made to fit into its column. A name is cut, with an ellipsis at the end. A figure or a date is
+/// narrowed first and cut only when that does not suffice, because nobody can read it once it is cut.
 enum class CVPrintFit : unsigned char { Cut, Narrow };
 
-/// A column of a printed report. Offsets are from the left end of the line; all in points.
+/// A column of a printed report. Offsets count from the left end of the line; all lengths are in points.
 struct CVPrintedColumn {
     /// A width that reaches to the end of the line.
     static constexpr double kWholeLine = -1;
@@ -23,7 +23,7 @@ struct CVPrintedColumn {
     };
 
     double offset = 0;
-    /// The key of the heading; empty where the report has a heading of its own.
+    /// The key of the heading; empty when the report makes the heading itself.
     const char* label = "";
     Part header = {};
     Part line = {};
@@ -33,8 +33,8 @@ struct CVPrintedColumn {
 /// The most columns with a period each that a summary can have.
 inline constexpr std::size_t kMostSummaryColumns = 7;
 
-/// The columns of a report from left to right; those of the summary are the category, `kMostSummaryColumns` periods and
-/// a place for the total behind the last of them.
+/// The columns of a report from left to right; those of the summary are the category, `kMostSummaryColumns` periods
+/// and, after them, the total.
 [[nodiscard]] std::span<const CVPrintedColumn> CVPrintedColumns(CVReportType type);
 
 /// The headings of columns in the user's language.

@@ -12,7 +12,7 @@ constexpr std::array<const char*, kReportTypes> kNames{QT_TRANSLATE_NOOP("CVRepo
                                                        QT_TRANSLATE_NOOP("CVReport", "Tax Report %1"),
                                                        QT_TRANSLATE_NOOP("CVReport", "Summary Report %1")};
 
-/// In the form of ISO 8601, which sorts and has no slashes.
+/// Today in the form of ISO 8601, which sorts by date and has no slashes.
 QString today() {
     return QString::fromLatin1(QBDate::date().corvellaXMLRepresentation().replace('/', '-'));
 }

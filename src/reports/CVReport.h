@@ -8,12 +8,12 @@
 
 class CVSummaryTable;
 
-/// A line of a report: the texts of its columns from the left; those missing at the right stay empty.
+/// A line of a report: the texts of its columns from the left; columns without a text stay empty.
 struct CVReportLine {
     enum class Kind {
         Main,
         Blank,
-        /// Its first text is set like a heading.
+        /// The first text has the font of a heading.
         Total
     };
 
@@ -23,21 +23,20 @@ struct CVReportLine {
     bool isTaxed = false;
 };
 
-/// What a printed report says, without pages and fonts: title, headings and lines of texts. It owns what it says, or
-/// shares the ownership, and is made for one printing: it shows the figures of the moment it was made, in the formats
-/// of the locale then in force. Every text fits on one line.
+/// The texts of a printed report, without pages and fonts: title, headings and lines. Owns its contents or shares their
+/// ownership. Made for one printing: it shows the figures of the moment when it was made, in the formats of the locale
+/// that was in force then. No text holds a line break.
 class CVReport {
     Q_DECLARE_TR_FUNCTIONS(CVReport)
 
 public:
-    /// All of these transactions in their order.
+    /// Reports these transactions in their order.
     [[nodiscard]] static std::unique_ptr<const CVReport> initWithTransactions(CVDocument::Transactions transactions);
-    /// The categories' rows of a table, whose rows they are, with the first `columns` columns, at most
-    /// `kMostSummaryColumns`.
+    /// Reports the first `columns` columns, at most `kMostSummaryColumns`, of a table whose rows are `categories`.
     [[nodiscard]] static std::unique_ptr<const CVReport>
     initWithSummaryTable(const CVSummaryTable& table, const CVDocument::Categories& categories, int columns);
-    /// "Catgory" is missing its letter in the names of all four. This one prints the averages last computed for the
-    /// categories; the others compute theirs from the transactions in the range of days, in one walk.
+    /// "Catgory" is misspelt in four of these names. This report prints the averages that were last computed for the
+    /// categories; the others compute their figures from the transactions in the range of days, in one walk.
     [[nodiscard]] static std::unique_ptr<const CVReport>
     initWithCatgoryAverages(const CVDocument::Categories& categories, const QBDate& startDate, const QBDate& endDate);
     [[nodiscard]] static std::unique_ptr<const CVReport>
@@ -55,28 +54,28 @@ public:
     CVReport& operator=(const CVReport&) = delete;
 
     [[nodiscard]] CVReportType type() const { return mReportType; }
-    /// Without the page.
+    /// The title, without the page number.
     [[nodiscard]] const QString& title() const { return mTitle; }
-    /// What the print job and the file are called: the kind and today, without a figure, as everyone at the printer
-    /// reads it, and with nothing that cannot stand in the name of a file.
+    /// The name of the print job and of the file: the kind of report and today's date. It holds no figure, because
+    /// everyone at the printer can read it, and no character that a file name must not have.
     [[nodiscard]] const QString& name() const { return mName; }
-    /// "Page 1" for the first.
+    /// The page number as it is printed, such as "Page 1".
     [[nodiscard]] static QString pageText(int page);
-    /// As many as there are headings.
+    /// The columns, one for each heading.
     [[nodiscard]] std::span<const CVPrintedColumn> columns() const { return mColumns; }
     [[nodiscard]] const QStringList& labels() const { return mLabels; }
 
-    /// The transactions or categories, one line each.
+    /// The number of transactions or categories, which have one line each.
     [[nodiscard]] virtual std::size_t arrayCount() const = 0;
-    /// All lines: those, and what the report adds at its end.
+    /// The number of all lines: those of `arrayCount` and those that the report adds at its end.
     [[nodiscard]] virtual std::size_t lineCount() const = 0;
-    /// Counted from 0.
+    /// The line of that index, from 0 on.
     [[nodiscard]] virtual CVReportLine line(std::size_t index) const = 0;
 
 protected:
     CVReport(CVReportType type, QString title, std::span<const CVPrintedColumn> columns, QStringList labels);
 
-    /// A text as it stands on one line: line breaks and tabulators in it become blanks.
+    /// The text in one line: line breaks and tabulators become blanks.
     [[nodiscard]] static QString onOneLine(const QString& text);
 
 private:

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// Hands the pages to whoever writes them somewhere, and answers why they are not there.
+/// Lets `write` write the pages; the reason when that fails, else absent.
 std::optional<QString> writePages(const std::function<std::optional<QString>(const CVFileContent&)>& write,
                                   const CVReportView& view, CVPageRange pages, const CVPaintProgress& progress) {
     auto result = CVPaintResult::Painted;

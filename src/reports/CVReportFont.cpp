@@ -15,14 +15,14 @@ struct Letters {
 constexpr std::array<Letters, kReportFonts> kLetters{{{13, false}, {12, true}, {10, false}}};
 
 constexpr double kSpace = 2.0;
-/// So large that rounding to whole pixels does not show.
+/// Large enough that rounding to whole pixels does not matter.
 constexpr int kMeasuredPixels = 1000;
 
 } // namespace
 
 QFont CVFontOf(CVReportFont font) {
     const Letters& letters = kLetters[static_cast<std::size_t>(font)];
-    // The first has the widths of Helvetica, and so has the second.
+    // Both have the letter widths of Helvetica.
     QFont result(QStringList{QStringLiteral("Liberation Sans"), QStringLiteral("Helvetica")});
     result.setPointSizeF(letters.points);
     result.setUnderline(letters.isUnderlined);

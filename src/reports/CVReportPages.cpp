@@ -36,12 +36,12 @@ CVPaintResult CVPaintPages(const CVReportView& view, QPagedPaintDevice& device, 
 
 CVPaintResult CVWritePDF(const CVReportView& view, QIODevice& output, CVPageRange pages,
                          const CVPaintProgress& progress) {
-    // The writer itself does not look.
+    // QPdfWriter does not check this itself.
     if (!output.isWritable())
         return CVPaintResult::Failed;
     QPdfWriter writer(&output);
     writer.setResolution(kDotsPerInch);
-    // The printer may show it, as it shows the name of the job.
+    // The title is the report's name, because the printer may show it as it shows the name of the job.
     writer.setTitle(view.report().name());
     writer.setCreator(QString::fromLatin1(CVBundle::kName));
     return CVPaintPages(view, writer, pages, progress);

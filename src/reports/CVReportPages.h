@@ -6,7 +6,7 @@ class CVReportView;
 class QIODevice;
 class QPagedPaintDevice;
 
-/// Some pages of a report, both ends included, from 1 on.
+/// A range of pages, both ends included; pages are numbered from 1.
 struct CVPageRange {
     int first = 1;
     int last = 0;
@@ -17,15 +17,15 @@ struct CVPageRange {
 
 enum class CVPaintResult { Painted, Cancelled, Failed };
 
-/// Hears how many pages are done and ends the painting by answering false.
+/// Called with the number of pages that are done; answering false ends the painting.
 using CVPaintProgress = std::function<bool(int done)>;
 
-/// Paints pages on a device that has pages of its own, after setting it up for whole sheets of the view's paper. Fails
-/// when the device cannot be painted on.
+/// Paints pages on a paged device, after setting the device up for whole sheets of the view's paper. Fails when the
+/// device cannot be painted on.
 [[nodiscard]] CVPaintResult CVPaintPages(const CVReportView& view, QPagedPaintDevice& device, CVPageRange pages,
                                          const CVPaintProgress& progress = {});
 
-/// The same as a PDF with the report's name as its title, and embedded fonts. It is written piece by piece, so that its
-/// length takes no memory; whether all of it was written is the output's to tell.
+/// Writes pages as a PDF with the report's name as its title and embedded fonts. Writes piece by piece, so that a long
+/// report takes no more memory. The caller asks `output` whether all of it was written.
 [[nodiscard]] CVPaintResult CVWritePDF(const CVReportView& view, QIODevice& output, CVPageRange pages,
                                        const CVPaintProgress& progress = {});

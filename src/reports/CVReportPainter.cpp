@@ -8,14 +8,14 @@
 
 namespace {
 
-/// Kept free between a text that may reach to the end of its line and the next column.
+/// The space, in points, that stays free before the next column.
 constexpr double kGap = 4;
 constexpr double kPageTextGap = 7;
 constexpr double kPageTextWidth = 130;
-/// How far a figure is narrowed before it is cut.
+/// The smallest part of its width to which a figure is narrowed before it is cut.
 constexpr double kNarrowest = 0.65;
 
-/// From the left edge of the sheet, whatever its margin.
+/// In points from the left edge of the sheet, whatever its margin.
 constexpr double kTaxMarkX = 220;
 constexpr double kTaxMarkAboveLine = 2;
 constexpr double kTaxMarkSide = 12;
@@ -39,7 +39,7 @@ void CVReportPainter::paint(int number) {
     const CVReportPage page = mView.page(number);
     mTopOfPage = page.rect.y() + page.rect.height();
     mPainter.setPen(Qt::black);
-    // Each text reads in the direction of its own first letters.
+    // Each text runs in the direction of its own first letters.
     mPainter.setLayoutDirection(Qt::LayoutDirectionAuto);
     mPainter.setFont(mFonts[static_cast<std::size_t>(mCurrentFont)]);
     paintTitle(page);

@@ -9,14 +9,14 @@
 
 class QPainter;
 
-/// Paints pages of a report on whatever a painter paints on: paper, a preview, a picture. The one place in which the
-/// pages' coordinates are turned over. References view and painter, which outlive it; the painter's origin is the top
-/// left corner of the sheet.
+/// Paints pages of a report with a painter on paper, in a preview or on a picture. Converts the coordinates of the
+/// pages, in which y points upwards, to those of the painter, whose origin is the top left corner of the sheet.
+/// References view and painter, which outlive it.
 class CVReportPainter final {
 public:
     CVReportPainter(const CVReportView& view, QPainter& painter);
 
-    /// The page of that number, from 1 on. Works for this page only.
+    /// Paints the page of that number, from 1 on, and computes no other page.
     void paint(int number);
 
 private:
@@ -28,21 +28,21 @@ private:
 
     void paintTitle(const CVReportPage& page);
     void paintHeader(const CVReportPage& page);
-    /// A line of the page, from 0 on.
+    /// `line` counts the lines of the page from 0.
     void paintLine(const CVReportPage& page, std::size_t line);
-    /// Where a column's text of a line goes; it ends where the next column begins, if not before.
+    /// The rectangle of a column in a line, which ends before the next column at the latest.
     [[nodiscard]] QRectF rectOfColumn(std::size_t column, const QRectF& line,
                                       CVPrintedColumn::Part CVPrintedColumn::*part) const;
-    /// A text of one line at the top of a rectangle of the page, never wider than that.
+    /// Draws one line of text at the top of a rectangle of the page, never wider than the rectangle.
     void draw(const QString& text, const QRectF& rect, const Style& style);
     void setFont(CVReportFont font);
     [[nodiscard]] const QFontMetricsF& metrics(CVReportFont font) const;
-    /// From points upwards to the device's units downwards.
+    /// Converts a rectangle from points with y upwards to the device's units with y downwards.
     [[nodiscard]] QRectF turnedOver(const QRectF& rect) const;
 
     const CVReportView& mView;
     QPainter& mPainter;
-    /// Of the device, for one point.
+    /// The device's units for one point.
     double mScale;
     double mTopOfPage = 0;
     std::array<QFont, kReportFonts> mFonts;

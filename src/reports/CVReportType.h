@@ -7,7 +7,7 @@
 enum class CVReportType : unsigned {
     Transactions,
     CategoryAverages,
-    /// Plan against actual.
+    /// The planned amounts against the actual ones.
     CategoryTotals,
     CategoryPercents,
     CategoryTax,
@@ -15,7 +15,7 @@ enum class CVReportType : unsigned {
 };
 inline constexpr std::size_t kReportTypes = 6;
 
-/// Whether a report always lies on its side, however the page is set up: the others are narrow enough to stand.
+/// Whether a report is always printed in landscape, whatever the page set-up, because it is too wide for portrait.
 [[nodiscard]] constexpr bool CVIsForcedToLandscape(CVReportType type) {
     constexpr std::array<bool, kReportTypes> kForced{false, true, true, false, false, true};
     return kForced[static_cast<std::size_t>(type)];

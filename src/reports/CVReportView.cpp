@@ -26,9 +26,10 @@ QRectF CVReportView::setupReportPagesWithPrintInfo(const CVPrintInfo& printInfo)
     mPaperSize = printInfo.paperSize();
     const double room = mPaperSize.height() - printInfo.margins.top() - printInfo.margins.bottom() - mHeaderLineHeight -
                         2 * mTitleLineHeight;
-    // Margins that leave no room for a line do not stop a report.
+    // A page has at least one line, even when the margins leave no room for it.
     mNumberOfMainLinesPerPage = static_cast<std::size_t>(std::max(1.0, room / mMainLineHeight));
-    // What a summary adds at its end gets a page only where the categories leave a remainder, deliberately.
+    // Only the categories decide whether there is a partly filled last page, not the lines that a summary adds at its
+    // end; that is deliberate.
     mNumberOfPages = mReport->lineCount() / mNumberOfMainLinesPerPage;
     if (mReport->arrayCount() % mNumberOfMainLinesPerPage != 0)
         ++mNumberOfPages;

@@ -5,14 +5,13 @@
 
 #include <QRectF>
 
-/// A page of a report: its number, from 1 on, and where everything stands on it. Its lines follow one another without
-/// gaps.
+/// A page of a report: its number, from 1 on, and the rectangles of its parts. Lines follow one another without gaps.
 struct CVReportPage {
     int number = 0;
     QRectF rect;
     QRectF title;
     QRectF header;
-    /// Of the report's lines, from 0 on.
+    /// The index of the page's first line among the report's lines, from 0 on.
     std::size_t firstLine = 0;
     std::size_t lineCount = 0;
     QRectF firstLineRect;
@@ -23,9 +22,9 @@ struct CVReportPage {
     }
 };
 
-/// The pages of a report: one tall strip of sheets, the first on top, in points, with the origin at the bottom left and
-/// y upwards. A page is worked out when it is asked for. As long as the view lives, the print settings that it was made
-/// with have the orientation that the report needs; then they have their own again.
+/// The pages of a report as one tall strip of sheets, the first on top, in points, with the origin at the bottom left
+/// and y upwards. A page is computed when it is asked for. While the view exists, the print settings given to it have
+/// the orientation that the report needs; afterwards they have their own again.
 class CVReportView final {
 public:
     /// `printInfo` outlives the view.
@@ -40,12 +39,12 @@ public:
 
     /// Computes the pages anew and returns the frame of the strip.
     QRectF setupReportPagesWithPrintInfo(const CVPrintInfo& printInfo);
-    /// The same for another paper, and another orientation as far as the report leaves it open, with the margins as
-    /// they were. Holds for this view alone.
+    /// Computes the pages anew for another paper, and another orientation unless the report is forced to landscape,
+    /// with the same margins. Changes this view only, not the given print settings.
     void usePaperOf(const QPageLayout& layout);
 
     [[nodiscard]] const QRectF& frame() const { return mFrame; }
-    /// How many pages there are; the first has the number 1.
+    /// The number of pages; the first page has the number 1.
     [[nodiscard]] int knowsPageRange() const { return static_cast<int>(mNumberOfPages); }
     [[nodiscard]] std::size_t numberOfMainLinesPerPage() const { return mNumberOfMainLinesPerPage; }
 

@@ -4,7 +4,7 @@
 
 namespace {
 
-/// What the drawing's coordinates go to.
+/// The side of the square in which the drawing's coordinates are given.
 constexpr double kSide = 12;
 constexpr double kThin = 0.7;
 constexpr double kThick = 1.1;

@@ -10,7 +10,7 @@ namespace {
 constexpr const char* kCategoryLabel = QT_TRANSLATE_NOOP("CVPrintedColumns", "Category");
 constexpr const char* kTotalLabel = QT_TRANSLATE_NOOP("CVPrintedColumns", "Total");
 
-/// The sums below the columns and behind the rows, added up in the order in which the lines are printed. They are ready
+/// The sums of the columns and of the rows, added up in the order in which the lines are printed. They are computed
 /// before anything is painted, so that a page that is painted twice, on the screen and on paper, counts once.
 class Totals final {
 public:

@@ -4,11 +4,11 @@
 
 #include <optional>
 
-/// What the summary report asks the table for whose rows and columns it prints. Both are counted from 0.
+/// The table that the summary report prints. Rows and columns are counted from 0.
 class CVSummaryTable {
 public:
     [[nodiscard]] virtual QString columnTitle(int column) const = 0;
-    /// Absent where the table shows nothing.
+    /// The value of a cell; absent when the table shows nothing there.
     [[nodiscard]] virtual std::optional<double> objectValue(int column, int row) const = 0;
 
 protected:

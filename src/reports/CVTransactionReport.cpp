@@ -10,7 +10,8 @@
 
 namespace {
 
-/// Shares the ownership of its transactions and writes a line when it is asked for: there can be very many.
+/// Shares the ownership of its transactions and writes a line only when it is asked for, because there can be very
+/// many.
 class CVTransactionReport final : public CVReport {
 public:
     explicit CVTransactionReport(CVDocument::Transactions transactions)
@@ -31,7 +32,7 @@ public:
     }
 
 private:
-    /// The total is that of the whole report, on every page.
+    /// Every page shows the total of the whole report.
     [[nodiscard]] static QString titleOf(const CVDocument::Transactions& transactions) {
         double total = 0;
         for (const auto& transaction : transactions)
