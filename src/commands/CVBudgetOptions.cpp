@@ -17,14 +17,14 @@
 
 namespace {
 
-/// In place of a preset where days are given.
+/// The preset of the list when days are given.
 constexpr int kNoPreset = -1;
 
 struct BudgetOptionsText {
     Q_DECLARE_TR_FUNCTIONS(CVBudgetOptions)
 };
 
-/// What the option `name` asks for; `days` stays where it cannot be understood.
+/// Reads the value of the option `name`; `days` stays as it is when the value is not understood.
 QString readDays(const QString& value, const char* name, const CVBudgetOptions& options,
                  std::optional<CVDayRange>& days) {
     const auto found = CVDaysOfText(value, options.today.value_or(QBDate::date()));
@@ -87,7 +87,7 @@ QString readOutput(const QString& value, CVBudgetOptions& options) {
     return value.isEmpty() ? BudgetOptionsText::tr("--output needs the name of a file") : QString();
 }
 
-/// The day that is today comes first: others count from it.
+/// "today" is read first, because other values count from it.
 constexpr std::array<CVOption<CVBudgetOptions>, 6> kOptions{{{"today", readToday},
                                                              {"range", readRange},
                                                              {"from", readFrom},

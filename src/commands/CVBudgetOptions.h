@@ -8,35 +8,36 @@ class CVReadOnlyBudget;
 class CVTransactionList;
 class QTextStream;
 
-/// What the commands that write something of the budget have in common: which file, which set, which days, and where
-/// to.
+/// The options that the commands with output from the budget have in common: the file, the set, the days and the
+/// output.
 struct CVBudgetOptions : CVDataOptions {
-    /// The item of the range pop-up, 0 to 7. It counts where no days are given.
+    /// The item of the range pop-up, 0 to 7; ignored when days are given.
     int preset = 0;
-    /// The days that are asked for; where one end is absent, the budget's own.
+    /// The first and the last day; an absent one is that of the budget.
     std::optional<QBDate> from = std::nullopt;
     std::optional<QBDate> to = std::nullopt;
     /// The name of a set; absent: the file's current one.
     std::optional<QString> set = std::nullopt;
-    /// Absent: the clock's.
+    /// Absent: the day of the clock.
     std::optional<QBDate> today = std::nullopt;
-    /// Absent: standard output, and so is "-".
+    /// The output file; absent or "-": standard output.
     std::optional<QString> output = std::nullopt;
 
     static void declare(QCommandLineParser& parser);
-    /// Takes what the parser has found of them; a sentence when that cannot be understood, else an empty text.
+    /// Takes the values that the parser has found. Returns a sentence when a value is not understood, else an empty
+    /// text.
     [[nodiscard]] QString read(const QCommandLineParser& parser);
 
-    /// Reads the file and makes its set the current one, on the day that is today; false after one line on `errors`.
+    /// Sets today's date, reads the file and makes the set the current one; false after one line on `errors`.
     [[nodiscard]] bool open(CVReadOnlyBudget& budget, QTextStream& errors) const;
-    /// The days that are asked for in place of a preset; absent where none are.
+    /// The days that are given in place of a preset; absent when none are.
     [[nodiscard]] std::optional<CVDayRange> days(const CVDocument& document) const;
-    /// Gives the list its range of days; its stages stay.
+    /// Sets the list's range of days; the list's stages do not change.
     void chooseRange(CVTransactionList& list, const CVDocument& document) const;
     [[nodiscard]] bool writesToStandardOutput() const;
     /// The exit status after writing to `output`: 0 where `failure` is absent, else 1 after one line on `errors`.
     [[nodiscard]] int outputWritten(const std::optional<QString>& failure, QTextStream& errors) const;
 
-    /// One line for the user, and the exit status that goes with it.
+    /// Writes one line for the user; returns the exit status 1.
     static int fail(QTextStream& errors, const QString& message);
 };

@@ -16,7 +16,7 @@ struct CommandLineText {
     Q_DECLARE_TR_FUNCTIONS(CVCommandLine)
 };
 
-/// Of the commands that take a data file alone.
+/// Parses the arguments of a command that takes only a data file.
 template <Action action>
 CVCommandLine parseDataFile(const QStringList& arguments) {
     CVCommandLine line{.action = action};
@@ -30,7 +30,7 @@ CVCommandLine parseDataFile(const QStringList& arguments) {
     return line;
 }
 
-/// Of the commands that have a request of their own.
+/// Parses the arguments of a command that has its own type of request.
 template <typename Request, Action action, Request CVCommandLine::*member>
 CVCommandLine parseRequest(const QStringList& arguments) {
     CVCommandLine line{.action = action};
@@ -60,13 +60,13 @@ struct Question {
     Action answer = Action::Refuse;
 };
 
-/// What stands alone on a command line without a command.
+/// The options that are allowed only alone, on a command line without a command.
 constexpr std::array<Question, 4> kQuestions{{{QLatin1StringView("--version"), Action::ShowVersion},
                                               {QLatin1StringView("-v"), Action::ShowVersion},
                                               {QLatin1StringView("--help"), Action::ShowHelp},
                                               {QLatin1StringView("-h"), Action::ShowHelp}}};
 
-/// What the toolkit does not know either is refused here: it would first look for a display.
+/// Refuses an option that the toolkit does not know either, because the toolkit would look for a display first.
 CVCommandLine parseWindow(const QStringList& arguments) {
     const QStringList rest = CVToolkitOptions::take(arguments).rest;
     for (const Question& question : kQuestions) {

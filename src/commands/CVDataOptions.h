@@ -6,19 +6,20 @@
 
 #include <optional>
 
-/// What all commands that read a data file have in common.
+/// The options that all commands that read a data file have in common.
 struct CVDataOptions {
-    /// Its help is asked for; nothing else was read then.
+    /// Whether the command's help is asked for; the other options are then not read.
     bool help = false;
     /// Absent: the user's own. "-": standard input.
     std::optional<QString> dataFile = std::nullopt;
 
-    /// Reads the arguments of a command that has these options alone, behind its name, which is the first. Absent when
-    /// they cannot be understood: `problem` then says why.
+    /// Reads the arguments of a command that has only these options; the first argument is the command's name. Absent
+    /// when they are not understood; `problem` then says why.
     [[nodiscard]] static std::optional<CVDataOptions> parse(const QStringList& arguments, QString& problem);
 
     static void declare(QCommandLineParser& parser);
-    /// Takes what the parser has found of them; a sentence when that cannot be understood, else an empty text.
+    /// Takes the values that the parser has found. Returns a sentence when a value is not understood, else an empty
+    /// text.
     [[nodiscard]] QString read(const QCommandLineParser& parser);
     [[nodiscard]] static bool asksForHelp(const QCommandLineParser& parser);
 };

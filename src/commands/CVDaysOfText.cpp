@@ -4,7 +4,7 @@
 
 namespace {
 
-/// From that day to the one before the next month or year begins.
+/// The days from `first` to the last one of the given number of years and months.
 CVDayRange until(const QBDate& first, int years, int months) {
     return {first, first.dateByAddingYears(years, months, -1)};
 }

@@ -6,7 +6,7 @@
 
 class QGuiApplication;
 
-/// The application object of a command that needs fonts but no display.
+/// The application object for a command that needs fonts but no display.
 class CVOffscreenApplication final {
 public:
     /// `argc` and `argv` are those of the program.

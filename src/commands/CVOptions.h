@@ -5,8 +5,8 @@
 
 #include <span>
 
-/// An option of a command, which takes a value: its name without dashes, and how the value gets into the request.
-/// `read` answers with a sentence when it cannot understand the value, else with an empty text.
+/// An option with a value: its name without dashes, and the function that puts the value into the request. `read`
+/// returns a sentence when it does not understand the value, else an empty text.
 template <typename Request>
 struct CVOption {
     const char* name;
@@ -19,8 +19,8 @@ void CVDeclareOptions(QCommandLineParser& parser, std::span<const CVOption<Reque
         parser.addOption({QLatin1String(option.name), QString(), QStringLiteral("VALUE")});
 }
 
-/// Takes the values of the options that are given, in the order of the table; answers as the first that cannot be
-/// understood. One that is given twice is: no value is passed over.
+/// Reads the values of the given options, in the order of the table. Returns the sentence for the first value that is
+/// not understood or the first option that is given twice, else an empty text.
 template <typename Request>
 [[nodiscard]] QString CVReadOptions(const QCommandLineParser& parser, std::span<const CVOption<Request>> options,
                                     Request& request) {

@@ -52,7 +52,7 @@ bool CVReadOnlyBudget::read(const std::optional<QString>& dataFile, QTextStream&
     return true;
 }
 
-/// Standard input in place of an empty path.
+/// Reads standard input when the path is empty.
 CVLoadReport CVReadOnlyBudget::load(const QString& path) {
     CVDocumentFile file(mFolders, mUserDefaults);
     if (!path.isEmpty())

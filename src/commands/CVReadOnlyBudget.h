@@ -9,16 +9,16 @@
 
 class QTextStream;
 
-/// A budget for the commands that show no window: read, never written; the user's settings are read, and what is set
-/// here lasts as long as this object.
+/// A budget for the commands that show no window. The data file and the user's settings are read and never written;
+/// changes of settings last as long as this object.
 class CVReadOnlyBudget final {
 public:
     CVReadOnlyBudget();
 
-    /// Reads a data file (absent: the user's own; "-": standard input) into the document, in order and with its bounds.
-    /// False after one line on `errors` that says why it could not be read.
+    /// Reads a data file (absent: the user's own; "-": standard input) into the document, sorts it and computes the
+    /// bounds of its dates. False after one line on `errors` that says why it could not be read.
     [[nodiscard]] bool read(const std::optional<QString>& dataFile, QTextStream& errors);
-    /// The file that was read, and the user's own: no output may take their places.
+    /// The file that was read and the user's own, which no output may replace.
     [[nodiscard]] QStringList dataFiles() const;
 
     [[nodiscard]] CVDocument& document() { return mDocument; }

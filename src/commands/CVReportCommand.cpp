@@ -23,7 +23,7 @@ struct ReportCommandText {
     Q_DECLARE_TR_FUNCTIONS(CVReportCommand)
 };
 
-/// What a word on the command line stands for.
+/// A word of the command line and its meaning.
 template <typename Value>
 struct Word {
     const char* word;
@@ -71,7 +71,8 @@ QString readKind(const QStringList& arguments, CVReportRequest& request) {
                 : ReportCommandText::tr("report takes transactions, averages, plan, percent, tax or summary");
 }
 
-/// An option that would change nothing in this report, which whoever gave it does not know.
+/// Refuses an option that would change nothing in this report, because the user expects an effect; empty when there is
+/// none.
 QString idleOption(const QCommandLineParser& parser, CVReportType type) {
     const bool isSummary = type == CVReportType::Summary;
     for (const char* const option : {"range", "to"}) {
@@ -104,9 +105,9 @@ QString readArguments(const QStringList& arguments, CVReportRequest& request) {
     return problem.isEmpty() ? CVReadOptions<CVReportRequest>(parser, kOptions, request) : problem;
 }
 
-/// Lists and computes what the window holds when it prints, on the days and periods that were asked for, newest
-/// transactions first. The range is that of the list where the list is printed, else that of the reports; the list then
-/// holds the whole set.
+/// Fills the contents as the window has them when it prints, for the given days and periods, with the newest
+/// transactions first. The given range applies to the list when the list is printed; otherwise it applies to the
+/// reports, and the list holds the whole set.
 void fill(CVBudgetContents& contents, const CVDocument& document, const CVReportRequest& request) {
     if (request.type == CVReportType::Transactions) {
         request.chooseRange(contents.list(), document);

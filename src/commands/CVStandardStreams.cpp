@@ -15,7 +15,8 @@ void occupy() {
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         if (::fcntl(stream, F_GETFD) >= 0)
             continue;
-        // The lowest free number is this one. It is opened the wrong way round, so that its use fails.
+        // ::open takes the lowest free number, which is that of the stream. The mode is the opposite of the stream's,
+        // so that its use fails.
         if (::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY) != stream)
             return;
     }

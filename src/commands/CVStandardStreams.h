@@ -6,23 +6,23 @@
 
 class QTextStream;
 
-/// The standard streams of the commands, and their name among the arguments.
+/// The standard streams of the commands.
 namespace CVStandardStreams {
 
-/// In place of a file: standard input to be read, standard output to be written.
+/// The argument that stands for standard input or standard output in place of a file.
 inline constexpr const char* kName = "-";
-/// By which standard input can be looked at.
+/// The path under which standard input can be examined.
 inline constexpr const char* kInputPath = "/dev/stdin";
 
-/// Those that are closed get a place that can be neither read nor written, before a file gets their numbers and, with
-/// it, what is meant for them.
+/// Opens closed standard streams so that using them fails. Otherwise a file opened later would get the number of a
+/// stream, and with it the bytes meant for the stream.
 void occupy();
 
-/// Writes to standard output, unless it leads into one of the `spared` files; the exit status, 1 after one line on
-/// `errors`.
+/// Writes to standard output, unless that is one of the `spared` files. Returns the exit status: 0, or 1 after one line
+/// on `errors`.
 [[nodiscard]] int write(const CVFileContent& content, const QStringList& spared, QTextStream& errors);
 [[nodiscard]] int write(const QByteArray& text, const QStringList& spared, QTextStream& errors);
-/// The exit status after writing to standard output; one line on `errors` where there is a failure.
+/// The exit status after writing to standard output: 0 when `failure` is absent, else 1 after one line on `errors`.
 [[nodiscard]] int written(const std::optional<QString>& failure, QTextStream& errors);
 
 } // namespace CVStandardStreams

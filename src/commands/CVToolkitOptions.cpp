@@ -24,7 +24,7 @@ constexpr std::array kWithValue{"platform",
 constexpr std::array kAlone{"reverse", "testability", "widgetcount", "nograb", "dograb"};
 constexpr std::array kWithEquals{"style=", "stylesheet=", "qmljsdebugger="};
 
-/// With one dash or two.
+/// The name of an option without its one or two dashes.
 QString nameOf(const QString& argument) {
     return argument.mid(argument.startsWith(QLatin1String("--")) ? 2 : 1);
 }

@@ -69,7 +69,7 @@ QString optionsOfReport() {
         "  --paper a4|letter             of a PDF file: otherwise what is usual where you live\n");
 }
 
-/// Parts with an empty line between them.
+/// Joins the parts with an empty line between them.
 QString joined(const QStringList& parts) {
     return parts.join(u'\n');
 }

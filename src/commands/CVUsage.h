@@ -2,5 +2,5 @@
 
 #include <QString>
 
-/// What the program says of its command line: of all of it, or of one command.
+/// The help text for one command, or for the whole command line when `command` is empty or unknown.
 [[nodiscard]] QString CVUsage(const QString& command = {});

@@ -18,7 +18,8 @@ QString refusalOf(CVReportType type, const CVBudgetContents& contents) {
                                                             : QString();
 }
 
-/// The plan is compared with all transactions of the set, shares and taxes come from the displayed ones, deliberately.
+/// The plan is compared with all transactions of the set, but percents and taxes come from the displayed ones; that is
+/// deliberate.
 std::unique_ptr<const CVReport> make(CVReportType type, const CVBudgetContents& contents) {
     const CVDocument::Categories& categories = contents.reports().rows();
     const CVDayRange& range = contents.reports().range();

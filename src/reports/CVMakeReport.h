@@ -4,11 +4,11 @@
 
 class CVBudgetContents;
 
-/// A report, or why there is none.
+/// A report, or the reason why there is none.
 struct CVMadeReport {
-    /// Null where there is nothing to print.
+    /// Null when there is nothing to print.
     std::unique_ptr<const CVReport> report;
-    /// A sentence for the user.
+    /// The reason as a sentence for the user; null when there is a report.
     QString refusal;
 };
 
