@@ -24,13 +24,13 @@ constexpr int kHeightInLines = 27;
 
 struct Library {
     const char* name;
-    /// What it does here.
+    /// The library's use in this program.
     const char* use;
     const char* licence;
     const char* page;
 };
 
-/// Each is linked as a shared library of the system.
+/// Every library is linked as a shared library of the system.
 constexpr std::array<Library, 5> kLibraries{
     {{"Qt", QT_TRANSLATE_NOOP("CVAboutWindow", "windows, printing, help"),
       QT_TRANSLATE_NOOP("CVAboutWindow", "GNU Lesser General Public License, version 3"), "https://www.qt.io/"},

@@ -5,19 +5,19 @@
 class QTextBrowser;
 class QUrl;
 
-/// Says what the program is: its version, its maker's web page, its licence, and the libraries that it uses with
-/// theirs. The text can be selected and copied.
+/// Shows the program's version, its maker's web page and its licence, and the libraries that it uses with their
+/// licences. The text can be selected and copied.
 class CVAboutWindow final : public QDialog {
     Q_OBJECT
 
 public:
     explicit CVAboutWindow(QWidget* parent);
 
-    /// All of it, as it is copied.
+    /// The whole text as the Copy All button copies it.
     [[nodiscard]] QString text() const;
 
 signals:
-    /// A link was followed.
+    /// The user followed a link.
     void webPageRequested(const QUrl& address);
 
 private:

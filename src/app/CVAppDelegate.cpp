@@ -38,7 +38,8 @@ void CVAppDelegate::setPrintPanels(CVPrintPanels* panels) {
 bool CVAppDelegate::applicationDidFinishLaunching() {
     mUpdates.checkAutomatically(mUserDefaults.integerForKey(CVDefaultsKeys::kCheckUpdatesAutomatically));
     const CVLoadReport report = mFile.initWithStandardUserFile(*mDocument);
-    // Later readings, from another place, cannot be cancelled: there is a budget on the screen that needs its file.
+    // Only the first reading can be cancelled. Later ones, from another place, cannot, because the budget on the screen
+    // needs its file.
     mFile.setReadingProgress({});
     if (report.outcome == CVLoadReport::Outcome::Cancelled)
         return false;
@@ -65,7 +66,7 @@ void CVAppDelegate::makeWindowControllers() {
     mMainWindow->showWindow();
 }
 
-/// What was not read from a file is in none.
+/// Only a budget that was read from a file counts as saved.
 void CVAppDelegate::showWhetherSaved(const CVLoadReport& report) const {
     if (report.outcome == CVLoadReport::Outcome::Loaded)
         mMainWindow->saveStatus().setSaved();
@@ -82,10 +83,10 @@ void CVAppDelegate::handleSaveFinished(const CVSaveOutcome& outcome) {
 }
 
 void CVAppDelegate::tellAboutReading(const CVLoadReport& report) {
-    // A damaged file is replaced at once: whether a copy could be kept is known when that save has ended.
+    // A damaged file is replaced at once; only after that save is it known whether a copy could be kept.
     const CVSaveOutcome outcome = mFile.saves().waitForFinished();
     mToldCopies.insert(outcome.keptCopy);
-    // Once the event loop runs, so that the window stands behind the alert.
+    // The alert waits for the event loop, so that the window is shown behind it.
     QMetaObject::invokeMethod(
         this,
         [this, alert = CVFileMessages::unreadable(report, outcome)] { mAlerts.run(mMainWindow->window(), alert); },

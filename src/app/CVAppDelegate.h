@@ -22,9 +22,9 @@ class CVPreferenceWindowController;
 class CVPrintPanels;
 enum class CVCommand;
 
-/// The application: creates the one document from the user's data file and its main window, tells the user what became
-/// of reading and saving, and lets the window close only when the last save has ended. Carries out the commands that
-/// concern no document: preferences, support, new versions. Owns all of these.
+/// The application: makes the document from the user's data file and the main window for it, tells the user how reading
+/// and saving ended, and lets the window close only when the last save has ended. Carries out the commands that concern
+/// no document: preferences, support, new versions. Owns all of these.
 class CVAppDelegate final : public QObject, private CVPreferenceHost {
     Q_OBJECT
 
@@ -34,33 +34,35 @@ public:
                   CVFilePanels& panels);
     ~CVAppDelegate() override;
 
-    /// Opens addresses; without it none is opened. Outlives the delegate.
+    /// Sets what opens addresses; without it none is opened. The opener outlives the delegate.
     void setURLOpener(CVURLOpener* opener) { mUpdates.setURLOpener(opener); }
-    /// Shows help; without it there are no Help buttons. Outlives the delegate.
+    /// Sets what shows help; without it there are no Help buttons. The help outlives the delegate.
     void setHelp(CVHelpOpener* help) { mHelp = help; }
-    /// Through which everything is printed; without them nothing is. They outlive the delegate.
+    /// Sets the panels through which everything is printed; without them nothing is printed. The panels outlive the
+    /// delegate.
     void setPrintPanels(CVPrintPanels* panels);
 
-    /// Hears how far the reading of the data file has come (see `CVDocumentFile`); none at first.
+    /// Sets the function that is told the progress of reading the data file (see `CVDocumentFile`); there is none at
+    /// first.
     void setReadingProgress(std::function<bool(double part)> progress) {
         mFile.setReadingProgress(std::move(progress));
     }
 
     /// Looks for a newer version if one is due, opens the document and shows its window. False when the reading of a
-    /// large data file was cancelled: nothing is open then, and nothing was changed.
+    /// large data file was cancelled: nothing is open then, and nothing has changed.
     [[nodiscard]] bool applicationDidFinishLaunching();
 
-    /// Shows the main window in front of others, whatever has become of it.
+    /// Shows the main window in front of others, even when it is minimised or hidden.
     void comeToFront();
-    /// Saves all that has been entered, what is being typed into a cell included, and waits for it.
+    /// Saves everything that has been entered, also an entry that is still being typed, and waits for the save.
     void keepEverything();
-    /// Does so and ends the event loop, with status 1 when the last save has failed. Open windows are closed as with
-    /// Escape, questions answered as with Escape.
+    /// Closes all windows, waits for the last save and ends the event loop, with status 1 when that save has failed.
+    /// Open windows and questions are closed as with Escape.
     void endWithoutAsking();
 
-    /// The start page of the help book; without help nothing.
+    /// Shows the start page of the help book; without help it does nothing.
     void showHelp();
-    /// Each in the user's own program.
+    /// These three open the user's own mail program or web browser.
     void contactTechSupport();
     void goToWebSite();
     void goToSupportForums();
@@ -69,13 +71,13 @@ public:
     void showAbout();
     /// Looks for a newer version and tells the user in that window; returns at once.
     void checkForNewVersion(QWidget& asker) override;
-    /// Puts another document in the place of the present one, whose window goes.
+    /// Replaces the document, and its window by a new one.
     void setDocument(std::unique_ptr<CVDocument> document);
 
     [[nodiscard]] CVDocument& document() { return *mDocument; }
     /// Null before the launch.
     [[nodiscard]] CVMainWindowController* mainWindow() { return mMainWindow.get(); }
-    /// Null until they are first shown.
+    /// Null until the preferences are first shown.
     [[nodiscard]] CVPreferenceWindowController* preferences() { return mPreferences.get(); }
     [[nodiscard]] CVUpdateController& updates() { return mUpdates; }
     [[nodiscard]] CVSaveQueue& saves() { return mFile.saves(); }
@@ -90,9 +92,9 @@ private:
     void handleSaveFinished(const CVSaveOutcome& outcome);
     void showWhetherSaved(const CVLoadReport& report) const;
     void tellAboutReading(const CVLoadReport& report);
-    /// Waits for the last save; whether all that was entered is in the file.
+    /// Waits for the last save; true if the file holds everything that was entered.
     [[nodiscard]] bool saveAtLast();
-    /// Whether the window may close: not while changes would be lost, unless the user says so.
+    /// Whether the window may close: not while changes would be lost, unless the user agrees.
     [[nodiscard]] bool mayClose();
 
     CVAlerts& mAlerts;
@@ -107,9 +109,10 @@ private:
     std::unique_ptr<CVEditorWindows> mEditorWindows;
     std::unique_ptr<CVMainWindowController> mMainWindow;
     std::unique_ptr<CVPreferenceWindowController> mPreferences;
-    /// Kept copies that the user has been told of.
+    /// The paths of the kept copies that the user has been told about.
     std::set<QString> mToldCopies;
-    /// An offer of a newer version has led to them before there was a window in front of which they could stand.
+    /// Whether the user asked for the preferences of updates before there was a main window; they are shown once it
+    /// exists.
     bool mWantsUpdatePreferences = false;
     bool mEndsWithoutAsking = false;
     bool mIsReopening = false;

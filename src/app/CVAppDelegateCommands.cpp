@@ -47,7 +47,7 @@ void CVAppDelegate::showPreferences() {
     mPreferences->showWindow();
 }
 
-/// They stay in front of the main window, which can be used meanwhile.
+/// Keeps the preferences in front of the main window, which can be used meanwhile.
 void CVAppDelegate::standBeforeMainWindow() {
     mPreferences->winId();
     mPreferences->windowHandle()->setTransientParent(mMainWindow->window()->windowHandle());
@@ -96,10 +96,10 @@ QString CVAppDelegate::waitForSaves() {
 }
 
 void CVAppDelegate::reopenDocument() {
-    // The program does not end with this window.
+    // Without the locker the program would end when its last window closes.
     const QEventLoopLocker locker;
     const QScopedValueRollback reopening(mIsReopening, true);
-    // Closed, it leaves its frame to the next one.
+    // Closing the window stores its frame for the next one.
     mMainWindow->window()->close();
     auto document = std::make_unique<CVDocument>(mNotificationCenter, mUserDefaults);
     const CVLoadReport report = mFile.initWithStandardUserFile(*document);
@@ -117,7 +117,7 @@ void CVAppDelegate::setDocument(std::unique_ptr<CVDocument> document) {
     if (!mPreferences)
         return;
     mPreferences->setDocument(*mDocument);
-    // A window is told at its showing alone before which other it stands.
+    // A window is placed in front of another one only when it is shown, so the preferences are shown anew.
     if (mPreferences->isVisible()) {
         mPreferences->hide();
         showPreferences();

@@ -11,7 +11,8 @@
 
 #include <chrono>
 
-/// What others than the user ask of the program: to show itself, to save, to end.
+/// The parts of CVAppDelegate that react to requests from the system or another start of the program: to show itself,
+/// to save, to end.
 
 namespace {
 
@@ -29,7 +30,7 @@ void showInFront(QWidget& window) {
 void CVAppDelegate::comeToFront() {
     if (mMainWindow)
         showInFront(*mMainWindow->window());
-    // What waits for an answer stands before the window behind it.
+    // A modal window must be in front of the window that it blocks.
     if (QWidget* const modal = QApplication::activeModalWidget())
         showInFront(*modal);
 }
@@ -56,7 +57,7 @@ bool CVAppDelegate::saveAtLast() {
 
 void CVAppDelegate::endWithoutAsking() {
     mEndsWithoutAsking = true;
-    // Whatever is closed here may put a question of its own, which is dismissed in its turn.
+    // A window that is closed here may ask a question, which the next call dismisses.
     QTimer::singleShot(kBetweenWindows, this, &CVAppDelegate::endWithoutAsking);
     if (auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
         dialog->reject();

@@ -8,8 +8,8 @@ class CVAlerts;
 class CVHelpOpener;
 class QWidget;
 
-/// Opens the editors as modal windows of the main window; the preferences are the application's. References the
-/// document, the alerts, the help and the main window: all are there while a window is opened.
+/// Opens the editors as modal windows of the main window; the application opens the preferences. References the
+/// document, the alerts, the help and the main window, which exist whenever a window is opened.
 class CVEditorWindows final : public CVDocumentWindows {
 public:
     /// Without `help` the editors have no Help button.

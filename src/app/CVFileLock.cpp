@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kOwnerOnly = 0600;
 
-/// The outcome of one attempt on an open file.
+/// Tries once to lock an open file.
 CVFileLock::Outcome lockWhole(int file) {
     struct stat status {};
     if (::fstat(file, &status) != 0 || !S_ISREG(status.st_mode))
@@ -25,7 +25,7 @@ CVFileLock::Outcome lockWhole(int file) {
     return errno == EAGAIN || errno == EACCES ? CVFileLock::Outcome::HeldByOther : CVFileLock::Outcome::Impossible;
 }
 
-/// Whether the open file is the one that the path leads to.
+/// Whether the open file is still the one at the path.
 bool standsAt(int file, const QByteArray& path) {
     struct stat open {};
     struct stat standing {};
@@ -38,7 +38,8 @@ bool standsAt(int file, const QByteArray& path) {
 CVFileLock::~CVFileLock() {
     if (mFile == kNone)
         return;
-    // Removed while the lock is still held: whoever has opened the file meanwhile sees that it stands there no more.
+    // The file is removed while the lock is still held, so that a process that has opened it meanwhile notices that it
+    // is no longer at the path.
     const QByteArray path = QFile::encodeName(mPath);
     if (standsAt(mFile, path))
         ::unlink(path.constData());
@@ -50,7 +51,7 @@ CVFileLock::Outcome CVFileLock::tryLock() {
         return Outcome::Taken;
     const QByteArray path = QFile::encodeName(mPath);
     for (;;) {
-        // Without waiting: a pipe may stand there.
+        // O_NONBLOCK, because opening a pipe at the path would wait.
         const int file =
             ::open(path.constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, kOwnerOnly);
         if (file == kNone)
@@ -63,6 +64,6 @@ CVFileLock::Outcome CVFileLock::tryLock() {
         ::close(file);
         if (outcome != Outcome::Taken)
             return outcome;
-        // The file was removed by a process that ended between opening and locking.
+        // Another process removed the file between opening and locking, so try again.
     }
 }

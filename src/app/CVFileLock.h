@@ -2,22 +2,21 @@
 
 #include <QString>
 
-/// A lock on a file of that path, for one process at a time. The kernel drops the lock when the process ends, however
-/// it ends, so that a file that is left behind locks nothing; the file's content means nothing, and is not touched.
+/// A lock on a file, for one process at a time. The kernel releases the lock when the process ends, however it ends, so
+/// that a file that is left behind locks nothing. The content of the file has no meaning and is not changed.
 class CVFileLock final {
 public:
     enum class Outcome {
-        /// Held from now on, until this object goes; the file goes then too.
+        /// The lock is held until this object is destroyed, which also removes the file.
         Taken,
-        /// Another process, or another object, has it.
+        /// Another process or another object holds the lock.
         HeldByOther,
-        /// No file can be locked there: the place is read-only, say, or a folder or a link stands in it. A link may
-        /// lead
-        /// to somebody's file, or nowhere, and is not followed.
+        /// No file can be locked at the path, for instance because the folder is read-only or a folder or a link has
+        /// that name. Links are not followed, because a link may lead to somebody's file.
         Impossible
     };
 
-    /// The path of no file at all ("") can never be locked.
+    /// An empty path can never be locked.
     explicit CVFileLock(QString path) : mPath(std::move(path)) {}
     ~CVFileLock();
     CVFileLock(const CVFileLock&) = delete;

@@ -18,12 +18,12 @@ QString shown(const QString& path) {
     return QDir::toNativeSeparators(path);
 }
 
-/// Files of that folder by their names alone.
+/// The text in which paths of files in that folder are shortened to their names.
 QString withoutFolder(QString text, const QString& folder) {
     return text.remove(shown(folder) + QDir::separator());
 }
 
-/// What has become of the file that could not be read.
+/// Where the file that could not be read is now.
 QString whereabouts(const CVSaveOutcome& outcome, const QString& folder) {
     if (!outcome.keptCopy.isEmpty())
         return FileMessagesText::tr("Every byte of the old file is kept in “%1”.")
@@ -35,7 +35,7 @@ QString whereabouts(const CVSaveOutcome& outcome, const QString& folder) {
         "“(unreadable …)” in its name.");
 }
 
-/// What failed, and what that means for the file; `fullDisk` is said in place of what failed where that is all.
+/// What failed, and what that means for the file; `fullDisk` replaces the reason when only the disk is full.
 QString failure(const CVSaveOutcome& outcome, const QString& fullDisk) {
     const QString what = outcome.diskIsFull ? fullDisk : outcome.message;
     return QFileInfo::exists(outcome.path) ? what + u' ' + FileMessagesText::tr("Your last saved file is whole.")
@@ -68,7 +68,7 @@ CVAlert keptCopy(const CVSaveOutcome& outcome) {
 }
 
 QString notSaved(const CVSaveOutcome& outcome) {
-    // Behind "Not saved: ".
+    // The window shows the text after "Not saved: ".
     return failure(outcome, FileMessagesText::tr("the disk is full."));
 }
 

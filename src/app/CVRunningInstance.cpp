@@ -16,7 +16,7 @@ constexpr QLatin1StringView kSpareName("/corvella-");
 constexpr QLatin1StringView kSpareLock(".lock");
 constexpr int kDigestLetters = 16;
 constexpr const char* kAnswer = "shown\n";
-/// Between two looks at a program that is just starting or ending.
+/// The time between two attempts while the other program is starting or ending.
 constexpr std::chrono::milliseconds kPause(50);
 
 QString made(const QString& folder) {
@@ -24,7 +24,8 @@ QString made(const QString& folder) {
     return folder;
 }
 
-/// The way to the spare lock and socket of a folder, whichever way the folder is named; empty without a runtime folder.
+/// The path of the spare socket of a folder, and the beginning of that of the spare lock; the same for every way to
+/// name the folder. Empty without a runtime folder.
 QString sparePath(const QString& folder, const QString& runtimeFolder) {
     if (runtimeFolder.isEmpty())
         return {};
@@ -67,10 +68,10 @@ CVFileLock::Outcome CVRunningInstance::lock() {
     return outcome == CVFileLock::Outcome::Impossible ? mSpareLock.tryLock() : outcome;
 }
 
-/// Without a socket the program works all the same; it only cannot be called.
+/// Without a socket the program works too, but cannot be asked to show itself.
 void CVRunningInstance::listen() {
     for (const QString& socket : std::as_const(mSockets)) {
-        // It takes the place of a socket that a crash left behind.
+        // QLocalServer::UserAccessOption replaces a socket that a crash left behind.
         if (mServer.listen(socket))
             return;
     }

@@ -10,32 +10,33 @@
 
 class QDeadlineTimer;
 
-/// The one running program of a folder: the first holds a lock there and listens; whoever comes later has the first
-/// shown instead of working on the same data file. A lock or socket that a crash left behind does not count. Where the
-/// folder takes no lock or no socket (the path of a socket has at most 107 bytes), both lie in the runtime folder,
-/// under a name made from the folder's.
+/// Makes sure that only one program works in a folder: the first one holds a lock in the folder and listens on a
+/// socket; a later one asks the first to show itself instead of opening the same data file. A lock or socket that a
+/// crash left behind does not count. Where the folder allows no lock or no socket (the path of a socket has at most 107
+/// bytes), a spare one is in the runtime folder, under a name made from the folder's.
 class CVRunningInstance final : public QObject {
     Q_OBJECT
 
 public:
     enum class Outcome {
-        /// This program is the one, until this object goes. Also where nothing can be locked at all.
+        /// This program is the only one until this object is destroyed. Also the outcome when nothing can be locked at
+        /// all.
         First,
-        /// Another one runs and has come to the front.
+        /// Another program runs and has come to the front.
         OtherShown,
-        /// Another one runs and has not answered in time.
+        /// Another program runs and has not answered in time.
         OtherSilent
     };
 
-    /// The folder is made if it is missing. `runtimeFolder` is the user's own for as long as the user is logged in;
-    /// empty for none.
+    /// Makes the folder if it is missing. `runtimeFolder` is the folder that the user has while logged in; empty for
+    /// none.
     explicit CVRunningInstance(const QString& folder, const QString& runtimeFolder = CVRuntimeFolder::ofUser());
 
-    /// Blocks while another program takes its time to answer, but not longer than `patience`.
+    /// Waits for another program's answer, at most for `patience`.
     [[nodiscard]] Outcome claim(std::chrono::milliseconds patience);
 
 signals:
-    /// The user has started the program once more.
+    /// Emitted when the user has started the program once more.
     void showRequested();
 
 private:
@@ -44,10 +45,10 @@ private:
     void answer();
     [[nodiscard]] bool askOther(const QDeadlineTimer& deadline) const;
 
-    /// Where the first may be listening, in order.
+    /// The paths at which the first program may listen, in order.
     QStringList mSockets;
     CVFileLock mLock;
-    /// Taken where the other cannot be.
+    /// Used when `mLock` is impossible.
     CVFileLock mSpareLock;
     QLocalServer mServer;
 };

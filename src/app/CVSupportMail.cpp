@@ -28,7 +28,7 @@ QString processorText(std::optional<quint32> architecture) {
     return found == kProcessors.end() ? QString() : QString::fromLatin1(found->text);
 }
 
-/// The first two digits, the third and the fourth; the word of every system that has one has four.
+/// Splits the four digits of the word: the first two, the third and the fourth. Every version word has four.
 QString versionText(quint32 word) {
     const QString digits = QString::number(word, kHexadecimal);
     return QStringLiteral("%1.%2.%3").arg(digits.left(2), digits.mid(2, 1), digits.mid(3, 1));

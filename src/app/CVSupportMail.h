@@ -5,7 +5,7 @@
 
 #include <optional>
 
-/// What a system says of itself. A classic Macintosh system gives numbers, all others give words.
+/// The identity of a system. A classic Macintosh system gives numbers, all others give words.
 struct CVSystemIdentity {
     /// In binary-coded decimal: 0x1049 is 10.4.9.
     std::optional<quint32> versionWord = std::nullopt;
@@ -17,8 +17,9 @@ struct CVSystemIdentity {
     [[nodiscard]] static CVSystemIdentity ofThisMachine();
 };
 
-/// The system's version and processor for a person; what is not known is left out.
+/// The system's version and processor in readable form; unknown parts are left out.
 [[nodiscard]] QString CVSystemText(const CVSystemIdentity& system);
 
-/// A new mail to the maker's support, with what they need to know of program and system in it.
+/// The address of a new mail to the maker's support, whose text holds the facts about program and system that the
+/// support needs.
 [[nodiscard]] QUrl CVSupportMailAddress(const CVSystemIdentity& system);

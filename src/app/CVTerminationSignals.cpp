@@ -13,15 +13,15 @@ namespace {
 
 constexpr std::array<int, 3> kSignals{SIGTERM, SIGINT, SIGHUP};
 
-/// Where the handler writes; -1: nowhere.
+/// The descriptor that the handler writes to; -1: none.
 std::atomic<int> writeEnd{-1};
 static_assert(std::atomic<int>::is_always_lock_free, "a signal handler may use nothing else");
 
-/// Only what a signal may interrupt anything with.
+/// Calls only functions that are safe in a signal handler.
 void handle(int /*signal*/) {
     const int before = errno;
     const char byte = 0;
-    // A full pipe says as much already.
+    // A failed write does not matter: a full pipe already tells that there was a signal.
     [[maybe_unused]] const auto written = ::write(writeEnd.load(), &byte, 1);
     errno = before;
 }

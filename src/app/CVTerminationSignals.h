@@ -4,8 +4,8 @@
 
 #include <array>
 
-/// SIGTERM, SIGINT and SIGHUP, brought into the event loop. Those that were ignored at the start stay so. At most one
-/// object at a time; when it goes, the signals end the program as usual again.
+/// Delivers SIGTERM, SIGINT and SIGHUP through the event loop. Signals that were ignored at the start stay ignored. At
+/// most one object exists at a time; after its destruction the signals end the program as usual.
 class CVTerminationSignals final : public QObject {
     Q_OBJECT
 
@@ -19,6 +19,6 @@ signals:
 private:
     void drain();
 
-    /// What a handler writes and the event loop reads.
+    /// The pipe that the signal handler writes to and the event loop reads.
     std::array<int, 2> mPipe{-1, -1};
 };

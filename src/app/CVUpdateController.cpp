@@ -16,7 +16,7 @@
 
 namespace {
 
-/// A check that takes less is over before anybody could read that it runs.
+/// A shorter check ends before anybody could read the progress.
 constexpr std::chrono::milliseconds kBeforeProgress(kCVProgressDelay);
 
 const QString kName = QString::fromLatin1(CVBundle::kName);
@@ -90,7 +90,7 @@ bool CVUpdateController::CVOfferUpgrade() {
     return true;
 }
 
-/// An offer that leads nowhere goes too: while it stands, no check would ever bring a better one.
+/// Removes the offer even when it names no page, because no check would replace a stored offer.
 void CVUpdateController::upgrade(const CVUpdateEntry& offer) {
     if (const auto address = CVDownloadAddress(offer))
         openAddress(*address, mAsker);
@@ -124,10 +124,10 @@ void CVUpdateController::showProgress() {
     mProgress->setWindowModality(Qt::WindowModal);
     mProgress->setAutoReset(false);
     mProgress->setMinimumDuration(static_cast<int>(kBeforeProgress.count()));
-    // The duration counts from the first value on.
+    // QProgressDialog measures the duration from the first value on.
     mProgress->setValue(0);
     mProgress->setAttribute(Qt::WA_QuitOnClose, false);
-    // However the dialog is closed, nobody waits any longer.
+    // Closing the dialog in any way cancels the check.
     const auto stop = [this] {
         mManualCheck->cancel();
         mProgress->deleteLater();

@@ -14,39 +14,39 @@ class QBNotificationCenter;
 class QBUserDefaults;
 class QProgressDialog;
 
-/// Looks for newer versions, by itself or when asked, and offers them. Requests run on a thread of their own and their
-/// results are kept and announced from the main thread, so that nothing is shared and no check holds the windows up.
-/// References all it is made with, which outlives it.
+/// Checks for newer versions, automatically or when the user asks, and offers them. Requests run on their own threads,
+/// so that no check blocks the windows; their results are stored and announced in the main thread, so that threads
+/// share nothing. References its constructor's arguments, which outlive it.
 class CVUpdateController final : public QObject {
     Q_OBJECT
 
 public:
-    /// `sender` is whom the notification of a usable reply names.
+    /// `sender` is the object that the notification of a usable reply names.
     CVUpdateController(QBUserDefaults& defaults, QBNotificationCenter& notificationCenter, CVAlerts& alerts,
                        QObject& sender);
     ~CVUpdateController() override;
 
-    /// Without it no page opens.
+    /// Without an opener no page opens.
     void setURLOpener(CVURLOpener* opener) { mURLOpener = opener; }
-    /// Asks another service than the bundle's, for another version.
+    /// Replaces the service and the version of the bundle.
     void setService(const CVUpdateService& service, CVFetchLimits limits);
 
-    /// What is due at the start of the program: shows an offer that still stands, else asks the service if a day
-    /// (1), a week (2) or a month (3) has gone by. Says nothing of the outcome.
+    /// Does what is due at the start of the program: shows an offer that is still valid, else asks the service if a day
+    /// (1), a week (2) or a month (3) has passed. Does not tell the outcome.
     void checkAutomatically(int frequency);
-    /// The user asks from that window: shows an offer that still stands, else asks the service and tells the outcome,
-    /// unless the user cancels. Returns at once.
+    /// Checks for the user, in front of the window `asker`: shows an offer that is still valid, else asks the service
+    /// and tells the outcome, unless the user cancels. Returns at once.
     void checkNow(QWidget& asker);
 
-    /// Opens a web page or a mail, for that window.
+    /// Opens a web page or a mail. `asker` is the window to which the opener tells a failure.
     void openAddress(const QUrl& address, QWidget* asker);
 
 signals:
-    /// The user wants to change how versions are looked for.
+    /// The user wants to change the preferences of automatic checks.
     void preferencesRequested();
 
 private:
-    /// Whether there was an offer that still stands, and the user was asked.
+    /// Asks the user when there is an offer that is still valid; whether there was one.
     bool CVOfferUpgrade();
     void upgrade(const CVUpdateEntry& offer);
     [[nodiscard]] CVUpdateStore store() const { return {mDefaults, mService.version}; }
@@ -63,7 +63,7 @@ private:
     CVUpdateService mService;
     std::unique_ptr<CVUpdateCheck> mAutomaticCheck;
     std::unique_ptr<CVUpdateCheck> mManualCheck;
-    /// The window to which what is told belongs; none at the start, before there is a window.
+    /// The window in front of which the outcome is told; null at the start, before there is a window.
     QPointer<QWidget> mAsker;
     QPointer<QProgressDialog> mProgress;
 };

@@ -2,7 +2,7 @@
 
 #include "widgets/CVAlerts.h"
 
-/// What the user is told of newer versions. `name` is the application's.
+/// The messages about newer versions. `name` is the application's name.
 namespace CVUpdateMessages {
 
 /// Default upgrades, alternate changes the preferences, other asks again later.
@@ -10,7 +10,7 @@ namespace CVUpdateMessages {
 [[nodiscard]] CVAlert unreachable();
 /// Alternate changes the preferences.
 [[nodiscard]] CVAlert upToDate(const QString& name);
-/// The offer names no page that could be opened.
+/// Says that the offer names no page that could be opened.
 [[nodiscard]] CVAlert noDownload();
 
 } // namespace CVUpdateMessages

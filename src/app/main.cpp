@@ -40,7 +40,7 @@ namespace {
 
 constexpr int kFailure = 1;
 constexpr int kUsageError = 2;
-/// How long a program that runs already may take to show itself.
+/// The time that a program that is already running has to show itself.
 constexpr std::chrono::seconds kPatience(5);
 
 void nameApplication() {
@@ -55,7 +55,8 @@ int refuse(QTextStream& errors, const QString& problem, const QString& command =
     return kUsageError;
 }
 
-/// The commands promise one line on standard error: the toolkit's remarks would stand beside it.
+/// Drops the toolkit's messages, because the commands promise at most one line on standard error. Fatal ones are still
+/// written.
 void dropRemarks(QtMsgType type, const QMessageLogContext& context, const QString& message) {
     if (type == QtFatalMsg)
         std::fputs(qUtf8Printable(qFormatLogMessage(type, context, message) + u'\n'), stderr);
