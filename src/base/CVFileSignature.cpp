@@ -20,7 +20,7 @@ CVFileSignature signatureFrom(const struct stat& facts) {
 } // namespace
 
 std::optional<CVFileSignature> CVFileSignature::of(const QString& path) {
-    return CVStanding::at(path).signature;
+    return CVPathStatus::of(path).signature;
 }
 
 std::optional<CVFileSignature> CVFileSignature::ofOpenFile(int descriptor) {
@@ -41,7 +41,7 @@ bool CVIsSameFile(const QString& path, const QString& other) {
            signature->inode == otherSignature->inode;
 }
 
-CVStanding CVStanding::at(const QString& path) {
+CVPathStatus CVPathStatus::of(const QString& path) {
     struct stat facts {};
     if (::stat(QFile::encodeName(path).constData(), &facts) == 0)
         return {signatureFrom(facts), facts.st_mode & kPermissionBits, {}};

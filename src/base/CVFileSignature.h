@@ -25,7 +25,7 @@ struct CVFileSignature {
 [[nodiscard]] bool CVIsSameFile(const QString& path, const QString& other);
 
 /// What a path leads to, links followed.
-struct CVStanding {
+struct CVPathStatus {
     /// Absent when nothing exists at the path.
     std::optional<CVFileSignature> signature;
     /// The permission bits, as chmod takes them.
@@ -33,5 +33,5 @@ struct CVStanding {
     /// Why the path cannot be examined; empty when it can.
     QString error;
 
-    [[nodiscard]] static CVStanding at(const QString& path);
+    [[nodiscard]] static CVPathStatus of(const QString& path);
 };

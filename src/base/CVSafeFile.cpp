@@ -46,7 +46,7 @@ Target followLinks(const QString& path) {
 
 /// Gives the new file the mode of the file that it replaces, or makes it private. A new file on a file system without
 /// modes, where even the owner is refused with EPERM, cannot be private; that is no failure.
-CVFileResult setMode(int descriptor, const CVStanding& old, CVNewFile access) {
+CVFileResult setMode(int descriptor, const CVPathStatus& old, CVNewFile access) {
     if (!old.signature && access == CVNewFile::Usual)
         return {};
     if (::fchmod(descriptor, old.signature ? old.mode : kPrivate) == 0 || (!old.signature && errno == EPERM))
@@ -66,7 +66,7 @@ CVReplaceResult CVReplaceFile(const QString& path, const CVFileContent& write, C
     const auto [target, error] = followLinks(path);
     if (!error.isEmpty())
         return {{error}, {}};
-    const CVStanding old = CVStanding::at(target);
+    const CVPathStatus old = CVPathStatus::of(target);
     if (!old.error.isEmpty())
         return {{old.error}, {}};
     // QSaveFile names the temporary file and renames it. The bytes go through CVFileSink instead, because QSaveFile

@@ -46,11 +46,11 @@ CVFileResult moveTo(const QString& from, const QString& to) {
     if (errno != EINVAL && errno != ENOSYS)
         return CVFileResult::ofLastCall();
 #endif
-    const CVStanding standing = CVStanding::at(to);
-    if (standing.signature)
+    const CVPathStatus present = CVPathStatus::of(to);
+    if (present.signature)
         return {qt_error_string(EEXIST)};
-    if (!standing.error.isEmpty())
-        return {standing.error};
+    if (!present.error.isEmpty())
+        return {present.error};
     return std::rename(source.constData(), target.constData()) == 0 ? CVFileResult() : CVFileResult::ofLastCall();
 }
 
@@ -71,7 +71,7 @@ CVFileResult copyBytes(int source, QIODevice& target) {
 
 /// Copies to a temporary file, which gets the original's mode and the name `to` only when it is whole and on the disk.
 CVFileResult copyTo(const QString& from, const QString& to) {
-    const CVStanding original = CVStanding::at(from);
+    const CVPathStatus original = CVPathStatus::of(from);
     if (!original.signature)
         return {original.error};
     QTemporaryFile copy(QFileInfo(to).absolutePath() + QStringLiteral("/XXXXXX"));

@@ -115,10 +115,10 @@ void CVSaveQueue::write(const Job& job, CVSaveOutcome& outcome) {
         if (found != mKnownFiles.end())
             known = found->second;
     }
-    const CVStanding standing = CVStanding::at(job.path);
-    CVKeptCopy kept{{}, {standing.error}, false};
-    if (standing.signature && standing.signature != known)
-        kept = keepStanding(job.path, *standing.signature);
+    const CVPathStatus present = CVPathStatus::of(job.path);
+    CVKeptCopy kept{{}, {present.error}, false};
+    if (present.signature && present.signature != known)
+        kept = keepUnreadFile(job.path, *present.signature);
     CVReplaceResult replacing{kept.result, {}};
     if (kept.result.ok())
         replacing = CVWriteDocumentText(job.path, job.text);
@@ -134,7 +134,7 @@ void CVSaveQueue::write(const Job& job, CVSaveOutcome& outcome) {
     }
 }
 
-CVKeptCopy CVSaveQueue::keepStanding(const QString& path, const CVFileSignature& signature) {
+CVKeptCopy CVSaveQueue::keepUnreadFile(const QString& path, const CVFileSignature& signature) {
     CVKeptCopy kept = CVKeepUnreadable(path, QDateTime::currentDateTime());
     if (kept.path.isEmpty() && kept.result.ok())
         kept.result.error = tr("what stands there could not be kept beside it");

@@ -70,7 +70,7 @@ private:
     void announceNext();
     [[nodiscard]] CVSaveOutcome perform(const Job& job);
     void write(const Job& job, CVSaveOutcome& outcome);
-    [[nodiscard]] CVKeptCopy keepStanding(const QString& path, const CVFileSignature& signature);
+    [[nodiscard]] CVKeptCopy keepUnreadFile(const QString& path, const CVFileSignature& signature);
 
     mutable std::mutex mMutex;
     std::condition_variable mChanged;
