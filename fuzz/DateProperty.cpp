@@ -30,7 +30,7 @@ QString brokenDateProperty(const QByteArray& bytes) {
     const std::size_t chosen = static_cast<std::size_t>(byte(0) << 8 | byte(1)) % dateFormatters().size();
     const QBDateFormatter& formatter = dateFormatters().at(chosen);
     const QString text = QString::fromUtf8(bytes.sliced(kChoice));
-    const auto strangers = formatter.strangersIn(text);
+    const auto strangers = formatter.countForeignCharacters(text);
     if (strangers < 0 || strangers > text.size())
         return QStringLiteral("more strangers than characters");
     const auto day = formatter.parse(text);

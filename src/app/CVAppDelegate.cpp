@@ -59,7 +59,7 @@ void CVAppDelegate::makeWindowControllers() {
                                                        [this] { showPreferences(); });
     mMainWindow->setDocumentWindows(mEditorWindows.get());
     mMainWindow->setPrintPanels(mPrintPanels);
-    connect(mMainWindow.get(), &CVMainWindowController::applicationCommandChosen, this, &CVAppDelegate::obey);
+    connect(mMainWindow.get(), &CVMainWindowController::applicationCommandChosen, this, &CVAppDelegate::carryOut);
     CVSaveStatus& status = mMainWindow->saveStatus();
     connect(&mFile.saves(), &CVSaveQueue::saveStarted, &status, &CVSaveStatus::setSaving);
     connect(&status, &CVSaveStatus::tryAgain, this, [this] { mDocument->workbookSave(); });

@@ -84,8 +84,8 @@ public:
 
 private:
     void makeWindowControllers();
-    void obey(CVCommand command);
-    void standBeforeMainWindow();
+    void carryOut(CVCommand command);
+    void keepPreferencesInFront();
     void showUpdatePreferences();
     [[nodiscard]] QString waitForSaves() override;
     void reopenDocument() override;

@@ -20,7 +20,7 @@
 
 /// The commands of the application, and what its preferences ask of it.
 
-void CVAppDelegate::obey(CVCommand command) {
+void CVAppDelegate::carryOut(CVCommand command) {
     switch (command) {
     case CVCommand::ShowHelp:
         return showHelp();
@@ -43,12 +43,12 @@ void CVAppDelegate::showPreferences() {
     CVPreferenceHost& host = *this;
     if (!mPreferences)
         mPreferences = std::make_unique<CVPreferenceWindowController>(*mDocument, host, mAlerts, mPanels, mHelp);
-    standBeforeMainWindow();
+    keepPreferencesInFront();
     mPreferences->showWindow();
 }
 
 /// Keeps the preferences in front of the main window, which can be used meanwhile.
-void CVAppDelegate::standBeforeMainWindow() {
+void CVAppDelegate::keepPreferencesInFront() {
     mPreferences->winId();
     mPreferences->windowHandle()->setTransientParent(mMainWindow->window()->windowHandle());
 }

@@ -26,11 +26,11 @@ CVFileLock::Outcome lockWhole(int file) {
 }
 
 /// Whether the open file is still the one at the path.
-bool standsAt(int file, const QByteArray& path) {
+bool isFileAt(int file, const QByteArray& path) {
     struct stat open {};
-    struct stat standing {};
-    return ::fstat(file, &open) == 0 && ::lstat(path.constData(), &standing) == 0 && open.st_dev == standing.st_dev &&
-           open.st_ino == standing.st_ino;
+    struct stat present {};
+    return ::fstat(file, &open) == 0 && ::lstat(path.constData(), &present) == 0 && open.st_dev == present.st_dev &&
+           open.st_ino == present.st_ino;
 }
 
 } // namespace
@@ -41,7 +41,7 @@ CVFileLock::~CVFileLock() {
     // The file is removed while the lock is still held, so that a process that has opened it meanwhile notices that it
     // is no longer at the path.
     const QByteArray path = QFile::encodeName(mPath);
-    if (standsAt(mFile, path))
+    if (isFileAt(mFile, path))
         ::unlink(path.constData());
     ::close(mFile);
 }
@@ -57,7 +57,7 @@ CVFileLock::Outcome CVFileLock::tryLock() {
         if (file == kNone)
             return Outcome::Impossible;
         const Outcome outcome = lockWhole(file);
-        if (outcome == Outcome::Taken && standsAt(file, path)) {
+        if (outcome == Outcome::Taken && isFileAt(file, path)) {
             mFile = file;
             return outcome;
         }

@@ -19,7 +19,7 @@ constexpr const char* kAnswer = "shown\n";
 /// The time between two attempts while the other program is starting or ending.
 constexpr std::chrono::milliseconds kPause(50);
 
-QString made(const QString& folder) {
+QString madeFolder(const QString& folder) {
     QDir().mkpath(folder);
     return folder;
 }
@@ -39,7 +39,7 @@ QString sparePath(const QString& folder, const QString& runtimeFolder) {
 
 CVRunningInstance::CVRunningInstance(const QString& folder, const QString& runtimeFolder)
     : mSockets(folder + kSocket)
-    , mLock(made(folder) + kLock)
+    , mLock(madeFolder(folder) + kLock)
     , mSpareLock(runtimeFolder.isEmpty() ? QString() : sparePath(folder, runtimeFolder) + kSpareLock) {
     if (const QString spare = sparePath(folder, runtimeFolder); !spare.isEmpty())
         mSockets.append(spare);

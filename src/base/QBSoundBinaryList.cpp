@@ -41,9 +41,9 @@ struct Head {
 };
 
 /// Checks the items to which the top item leads, each once however many items refer to it.
-class Look final {
+class BinaryListCheck final {
 public:
-    explicit Look(QByteArrayView bytes) : mBytes(bytes) {}
+    explicit BinaryListCheck(QByteArrayView bytes) : mBytes(bytes) {}
 
     bool isSound() {
         if (!readTrailer())
@@ -88,7 +88,7 @@ private:
     std::vector<Item> mItems;
 };
 
-bool Look::readTrailer() {
+bool BinaryListCheck::readTrailer() {
     const auto size = static_cast<quint64>(mBytes.size());
     if (size < static_cast<quint64>(kMagic.size()) + kTrailerSize || !mBytes.startsWith(kMagic))
         return false;
@@ -106,7 +106,7 @@ bool Look::readTrailer() {
     return true;
 }
 
-std::optional<Head> Look::headAt(quint64 at) const {
+std::optional<Head> BinaryListCheck::headAt(quint64 at) const {
     if (at < static_cast<quint64>(kMagic.size()) || at >= mEnd)
         return std::nullopt;
     const unsigned first = byteAt(at);
@@ -127,7 +127,7 @@ std::optional<Head> Look::headAt(quint64 at) const {
 }
 
 /// The size of the contents in bytes; absent for an unknown kind and for a size beyond the end.
-std::optional<quint64> Look::sizeOf(const Head& head) const {
+std::optional<quint64> BinaryListCheck::sizeOf(const Head& head) const {
     const quint64 room = mEnd - head.contentsAt;
     const auto times = [&](quint64 width) {
         return head.length <= room / width ? std::optional(head.length * width) : std::nullopt;
@@ -159,7 +159,7 @@ std::optional<quint64> Look::sizeOf(const Head& head) const {
 }
 
 /// False for a text that holds a NUL.
-bool Look::isPlain(const Head& head, quint64 size) const {
+bool BinaryListCheck::isPlain(const Head& head, quint64 size) const {
     const QByteArrayView contents =
         mBytes.sliced(static_cast<qsizetype>(head.contentsAt), static_cast<qsizetype>(size));
     if (head.kind == AsciiText)
@@ -174,7 +174,7 @@ bool Look::isPlain(const Head& head, quint64 size) const {
 }
 
 /// The cost in bytes of an item and all items in it; absent when one of them is not sound.
-std::optional<quint64> Look::costOf(quint64 index, int level) {
+std::optional<quint64> BinaryListCheck::costOf(quint64 index, int level) {
     if (index >= mItems.size())
         return std::nullopt;
     Item& item = mItems[static_cast<std::size_t>(index)];
@@ -199,7 +199,7 @@ std::optional<quint64> Look::costOf(quint64 index, int level) {
     return item.cost;
 }
 
-std::optional<quint64> Look::costOfChildren(const Head& head, Item& item, int level) {
+std::optional<quint64> BinaryListCheck::costOfChildren(const Head& head, Item& item, int level) {
     const quint64 references = head.kind == Dictionary ? 2 * head.length : head.length;
     quint64 sum = 0;
     for (quint64 i = 0; i < references; ++i) {
@@ -217,7 +217,7 @@ std::optional<quint64> Look::costOfChildren(const Head& head, Item& item, int le
 }
 
 /// Requires a sound item.
-bool Look::isText(quint64 index) const {
+bool BinaryListCheck::isText(quint64 index) const {
     const unsigned kind = byteAt(numberAt(mEnd + index * mOffsetWidth, mOffsetWidth)) >> 4U;
     return kind == AsciiText || kind == Utf16Text;
 }
@@ -225,5 +225,5 @@ bool Look::isText(quint64 index) const {
 } // namespace
 
 bool QBIsSoundBinaryList(QByteArrayView bytes) {
-    return Look(bytes).isSound();
+    return BinaryListCheck(bytes).isSound();
 }

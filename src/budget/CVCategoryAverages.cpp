@@ -43,22 +43,23 @@ struct Derivation {
     CVArithmeticSteps steps;
 };
 
-/// The average that is the total divided by the number of periods, and how the others follow from it, in order.
-struct Basis {
+/// The kind of period over which a total is averaged: the average that it gives, how many such periods a range holds,
+/// and how the other averages follow, in order.
+struct AveragingPeriod {
     double Averages::*average = nullptr;
-    PeriodCount periods{};
+    PeriodCount count{};
     std::array<Derivation, 2> others{};
 };
 
-constexpr Basis kWeek{
+constexpr AveragingPeriod kWeek{
     &Averages::weekly,
     {PeriodCount::Unit::Days, 1, 7},
     {{{&Averages::biWeekly, &Averages::weekly, x(2)}, {&Averages::monthly, &Averages::weekly, {x(52), by(12)}}}}};
-constexpr Basis kTwoWeeks{
+constexpr AveragingPeriod kTwoWeeks{
     &Averages::biWeekly,
     {PeriodCount::Unit::Days, 1, 14},
     {{{&Averages::weekly, &Averages::biWeekly, x(0.5)}, {&Averages::monthly, &Averages::weekly, {x(52), by(12)}}}}};
-constexpr Basis kMonth{
+constexpr AveragingPeriod kMonth{
     &Averages::monthly,
     {PeriodCount::Unit::Months, 1, 1},
     {{{&Averages::biWeekly, &Averages::monthly, {x(12), by(26)}}, {&Averages::weekly, &Averages::biWeekly, x(0.5)}}}};
@@ -68,7 +69,7 @@ struct Pattern {
     qint64 longestInterval;
     const char* label;
     qint64 frequency;
-    const Basis& basis;
+    const AveragingPeriod& period;
 };
 
 /// The labels "2 Months" and "Yearly" differ from the names of their frequencies, deliberately.
@@ -112,10 +113,10 @@ double spanOf(const CVSpending& spending, qint64 daysOfRange) {
     return static_cast<double>(days);
 }
 
-void setAverages(CVCategory& category, const Basis& basis, const CVDayRange& range) {
+void setAverages(CVCategory& category, const AveragingPeriod& period, const CVDayRange& range) {
     Averages averages;
-    averages.*basis.average = averageOver(category.total(), basis.periods.in(range));
-    for (const Derivation& other : basis.others)
+    averages.*period.average = averageOver(category.total(), period.count.in(range));
+    for (const Derivation& other : period.others)
         averages.*other.average = RoundDoubleToTwoPlaces(other.steps.appliedTo(averages.*other.source));
     category.setWeekly(averages.weekly);
     category.setBiWeekly(averages.biWeekly);
@@ -169,7 +170,7 @@ quint64 computeAverages(CVCategory& category, const CVSpendingOfRange& spendingO
     });
     category.setBillFrequency(CVCategory::tr(pattern->label));
     category.setBudgetExpenseFrequency(pattern->frequency);
-    setAverages(category, pattern->basis, range);
+    setAverages(category, pattern->period, range);
     return spending.count;
 }
 

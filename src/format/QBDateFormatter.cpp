@@ -117,7 +117,7 @@ std::optional<QBDate> QBDateFormatter::parse(QStringView text) const {
     return existingDay(year, month, day);
 }
 
-qsizetype QBDateFormatter::strangersIn(QStringView text) const {
+qsizetype QBDateFormatter::countForeignCharacters(QStringView text) const {
     const auto characters = text.toUcs4();
     return std::count_if(characters.cbegin(), characters.cend(), [this](char32_t character) {
         return QChar::digitValue(character) < 0 && !isSeparator(character);

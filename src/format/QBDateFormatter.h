@@ -32,7 +32,7 @@ public:
     [[nodiscard]] std::optional<QBDate> parse(QStringView text) const;
 
     /// The number of characters of `text` that are neither digits nor separators, so that no date can hold them.
-    [[nodiscard]] qsizetype strangersIn(QStringView text) const;
+    [[nodiscard]] qsizetype countForeignCharacters(QStringView text) const;
 
     /// The text between day and month, without blanks.
     [[nodiscard]] const QString& dateSeparator() const { return mSeparator; }

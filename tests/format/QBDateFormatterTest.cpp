@@ -130,7 +130,7 @@ TEST_F(QBDateFormatterTest, ReadsWhatItWritesInEveryLocale) {
         for (const QBDate& date : dates) {
             const QString text = formatter.string(date);
             ASSERT_EQ(formatter.parse(text), date) << locale.name().toStdString() << ' ' << text.toStdString();
-            ASSERT_EQ(formatter.strangersIn(text), 0) << text.toStdString();
+            ASSERT_EQ(formatter.countForeignCharacters(text), 0) << text.toStdString();
         }
     }
 }

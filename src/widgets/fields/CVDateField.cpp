@@ -33,7 +33,7 @@ CVDateField::CVDateField(QWidget* parent) : CVFormattedField(parent), mDate(QBDa
     // mStrangers.
     connect(this, &QLineEdit::textEdited, this, &CVDateField::checkTyped);
     connect(this, &QLineEdit::textChanged, this,
-            [this](const QString& text) { mStrangers = mFormatter.strangersIn(text); });
+            [this](const QString& text) { mStrangers = mFormatter.countForeignCharacters(text); });
     showValue();
 }
 
@@ -138,7 +138,7 @@ void CVDateField::choose(const QBDate& date) {
 }
 
 void CVDateField::checkTyped(const QString& text) {
-    const auto strangers = mFormatter.strangersIn(text);
+    const auto strangers = mFormatter.countForeignCharacters(text);
     if (strangers > mStrangers)
         QApplication::beep();
     showNote(strangers > 0 ? expectation() : QString());
