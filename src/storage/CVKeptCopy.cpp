@@ -113,8 +113,8 @@ CVKeptCopy refuse(const QString& path, const QString& real, const QString& reaso
 
 } // namespace
 
-CVKeptCopy CVKeepUnreadable(const QString& path, const QDateTime& now) {
-    const QString real = QFileInfo(path).canonicalFilePath();
+CVKeptCopy CVKeptCopy::keepUnreadable(const QString& place, const QDateTime& now) {
+    const QString real = QFileInfo(place).canonicalFilePath();
     if (real.isEmpty())
         return {};
     const QFileInfo file(real);
@@ -130,6 +130,6 @@ CVKeptCopy CVKeepUnreadable(const QString& path, const QDateTime& now) {
     return kept;
 }
 
-bool CVPutBack(const CVKeptCopy& kept, const QString& path) {
-    return moveTo(kept.path, path).ok();
+bool CVKeptCopy::putBack(const QString& place) const {
+    return moveTo(path, place).ok();
 }

@@ -11,10 +11,11 @@ struct CVKeptCopy {
     CVFileResult result;
     /// Whether it was moved, so that nothing is left at its old place.
     bool moved = false;
-};
 
-/// Keeps the file or folder at `path` beside it as "NAME (unreadable YYYY-MM-DD HHMMSS).SUFFIX", without replacing
-/// anything. A file that can be read also stays at `path`; anything else is moved.
-[[nodiscard]] CVKeptCopy CVKeepUnreadable(const QString& path, const QDateTime& now);
-/// Moves the kept file or folder back to `path`, unless something else is there by now; false when that failed.
-bool CVPutBack(const CVKeptCopy& kept, const QString& path);
+    /// Keeps the file or folder at `place` beside it as "NAME (unreadable YYYY-MM-DD HHMMSS).SUFFIX", without replacing
+    /// anything. A file that can be read also stays at `place`; anything else is moved.
+    [[nodiscard]] static CVKeptCopy keepUnreadable(const QString& place, const QDateTime& now);
+    /// Moves the kept file or folder from `path` back to `place`, unless something else is there by now; false when
+    /// that failed.
+    bool putBack(const QString& place) const;
+};

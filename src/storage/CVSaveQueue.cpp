@@ -124,7 +124,7 @@ void CVSaveQueue::write(const Job& job, CVSaveOutcome& outcome) {
         replacing = CVWriteDocumentText(job.path, job.text);
     if (replacing.written)
         markAsRead(job.path, replacing.written);
-    else if (kept.moved && CVPutBack(kept, job.path))
+    else if (kept.moved && kept.putBack(job.path))
         kept = {};
     outcome.keptCopy = kept.path;
     outcome.diskIsFull = replacing.diskIsFull();
@@ -135,7 +135,7 @@ void CVSaveQueue::write(const Job& job, CVSaveOutcome& outcome) {
 }
 
 CVKeptCopy CVSaveQueue::keepUnreadFile(const QString& path, const CVFileSignature& signature) {
-    CVKeptCopy kept = CVKeepUnreadable(path, QDateTime::currentDateTime());
+    CVKeptCopy kept = CVKeptCopy::keepUnreadable(path, QDateTime::currentDateTime());
     if (kept.path.isEmpty() && kept.result.ok())
         kept.result.error = tr("what stands there could not be kept beside it");
     // The bytes have a second name now, so another attempt need not keep them again.

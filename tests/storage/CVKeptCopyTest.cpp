@@ -15,7 +15,7 @@ const QDateTime kNow(QDate(2014, 3, 7), QTime(9, 5, 3));
 
 class CVKeptCopyTest : public testing::Test {
 protected:
-    [[nodiscard]] CVKeptCopy keep() const { return CVKeepUnreadable(mPath, kNow); }
+    [[nodiscard]] CVKeptCopy keep() const { return CVKeptCopy::keepUnreadable(mPath, kNow); }
     [[nodiscard]] QString inFolder(const QString& name) const { return mFolder + u'/' + name; }
 
     ScratchHome mHome;
@@ -139,7 +139,7 @@ TEST_F(CVKeptCopyTest, thatWasMovedCanBePutBack) {
     writeFile(mPath + "/inside", "inside");
     const CVKeptCopy kept = keep();
     EXPECT_TRUE(kept.moved);
-    EXPECT_TRUE(CVPutBack(kept, mPath));
+    EXPECT_TRUE(kept.putBack(mPath));
     EXPECT_EQ(readFile(mPath + "/inside"), "inside");
     EXPECT_EQ(namesIn(mFolder), QStringList({"Corvella Data.corvella"}));
 }
@@ -148,7 +148,7 @@ TEST_F(CVKeptCopyTest, isNotPutBackOverWhatStandsThereByNow) {
     writeFile(mPath + "/inside", "inside");
     const CVKeptCopy kept = keep();
     QDir().mkpath(mPath);
-    EXPECT_FALSE(CVPutBack(kept, mPath));
+    EXPECT_FALSE(kept.putBack(mPath));
     EXPECT_EQ(readFile(mCopy + "/inside"), "inside");
     EXPECT_TRUE(namesIn(mPath).isEmpty());
 }
