@@ -7,8 +7,8 @@
 #include "format/QBLocale.h"
 #include "reports/CVMakeReport.h"
 #include "reports/CVReportFile.h"
-#include "reports/CVReportText.h"
 #include "reports/CVReportView.h"
+#include "reports/CVTextOfReport.h"
 
 #include <QCoreApplication>
 
@@ -161,5 +161,5 @@ int CVRunReport(const CVReportRequest& request, QTextStream& errors) {
         return CVBudgetOptions::fail(errors, made.refusal);
     const QStringList spared = budget.dataFiles();
     return request.output ? writePDF(std::move(made.report), request, spared, errors)
-                          : CVStandardStreams::write(CVReportText(*made.report), spared, errors);
+                          : CVStandardStreams::write(CVTextOfReport(*made.report), spared, errors);
 }

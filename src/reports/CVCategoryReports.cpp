@@ -29,9 +29,9 @@ QString frequencyText(qint64 code) {
 /// `title` has the placeholders %1 and %2 for the two days.
 std::unique_ptr<CVComputedReport> makeReport(CVReportType type, const QString& title, const CVDayRange& range) {
     const QBDateFormatter dates;
-    const auto columns = CVPrintedColumns(type);
+    const auto columns = CVColumnsOfReport(type);
     return std::make_unique<CVComputedReport>(type, title.arg(dates.string(range.start), dates.string(range.end)),
-                                              columns, CVPrintedLabels(columns));
+                                              columns, CVHeadingsOfColumns(columns));
 }
 
 /// The sum of the amounts in the range, added in the transactions' order without rounding.

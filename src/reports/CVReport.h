@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/CVDocument.h"
-#include "reports/CVPrintedColumns.h"
+#include "reports/CVPrintedColumn.h"
 
 #include <QCoreApplication>
 #include <QStringList>

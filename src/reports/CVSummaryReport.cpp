@@ -7,8 +7,8 @@
 
 namespace {
 
-constexpr const char* kCategoryLabel = QT_TRANSLATE_NOOP("CVPrintedColumns", "Category");
-constexpr const char* kTotalLabel = QT_TRANSLATE_NOOP("CVPrintedColumns", "Total");
+constexpr const char* kCategoryLabel = QT_TRANSLATE_NOOP("CVPrintedColumn", "Category");
+constexpr const char* kTotalLabel = QT_TRANSLATE_NOOP("CVPrintedColumn", "Total");
 
 /// The sums of the columns and of the rows, added up in the order in which the lines are printed. They are computed
 /// before anything is painted, so that a page that is painted twice, on the screen and on paper, counts once.
@@ -48,10 +48,10 @@ private:
 };
 
 QStringList labelsOf(const CVSummaryTable& table, int columns) {
-    QStringList labels{CVPrintedLabel(kCategoryLabel)};
+    QStringList labels{CVTranslatedHeading(kCategoryLabel)};
     for (int column = 0; column < columns; ++column)
         labels.append(table.columnTitle(column));
-    labels.append(CVPrintedLabel(kTotalLabel));
+    labels.append(CVTranslatedHeading(kTotalLabel));
     return labels;
 }
 
@@ -62,11 +62,13 @@ std::unique_ptr<const CVReport> CVReport::initWithSummaryTable(const CVSummaryTa
     Q_ASSERT(columns >= 0 && columns <= static_cast<int>(kMostSummaryColumns));
     auto report = std::make_unique<CVComputedReport>(
         CVReportType::Summary, tr("Summary Report for: %1").arg(QBDateFormatter().string(QBDate::date())),
-        CVPrintedColumns(CVReportType::Summary).first(static_cast<std::size_t>(columns) + 2), labelsOf(table, columns));
+        CVColumnsOfReport(CVReportType::Summary).first(static_cast<std::size_t>(columns) + 2),
+        labelsOf(table, columns));
     Totals totals(table, columns);
     for (std::size_t row = 0; row < categories.size(); ++row)
         report->addCategory(categories[row]->categoryName(), totals.addRow(static_cast<int>(row)));
     report->addAtEnd({{}, CVReportLine::Kind::Blank});
-    report->addAtEnd({QStringList(CVPrintedLabel(kTotalLabel)) + totals.columnTotals(), CVReportLine::Kind::Total});
+    report->addAtEnd(
+        {QStringList(CVTranslatedHeading(kTotalLabel)) + totals.columnTotals(), CVReportLine::Kind::Total});
     return report;
 }

@@ -15,8 +15,8 @@ namespace {
 class CVTransactionReport final : public CVReport {
 public:
     explicit CVTransactionReport(CVDocument::Transactions transactions)
-        : CVReport(CVReportType::Transactions, titleOf(transactions), CVPrintedColumns(CVReportType::Transactions),
-                   CVPrintedLabels(CVPrintedColumns(CVReportType::Transactions)))
+        : CVReport(CVReportType::Transactions, titleOf(transactions), CVColumnsOfReport(CVReportType::Transactions),
+                   CVHeadingsOfColumns(CVColumnsOfReport(CVReportType::Transactions)))
         , mTransactionArray(std::move(transactions)) {}
 
     [[nodiscard]] std::size_t arrayCount() const override { return mTransactionArray.size(); }

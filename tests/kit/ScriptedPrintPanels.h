@@ -1,7 +1,7 @@
 #pragma once
 
-#include "reports/CVReportText.h"
 #include "reports/CVReportView.h"
+#include "reports/CVTextOfReport.h"
 #include "workspace/printing/CVPrintPanels.h"
 
 #include <QList>
@@ -52,7 +52,7 @@ private:
     std::optional<QString> show(Panel panel, const CVReportView& view) {
         if (mMeanwhile)
             mMeanwhile();
-        mShown.append({panel, view.report().type(), QString::fromUtf8(CVReportText(view.report())),
+        mShown.append({panel, view.report().type(), QString::fromUtf8(CVTextOfReport(view.report())),
                        view.knowsPageRange(), view.printInfo().orientation, view.printInfo().paper.id()});
         return mFailure;
     }

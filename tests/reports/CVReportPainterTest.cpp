@@ -11,7 +11,7 @@ namespace {
 class ReportOfLines final : public CVReport {
 public:
     ReportOfLines(CVReportType type, std::vector<CVReportLine> lines, const QString& title = QStringLiteral("Title"))
-        : CVReport(type, title, CVPrintedColumns(type), CVPrintedLabels(CVPrintedColumns(type)))
+        : CVReport(type, title, CVColumnsOfReport(type), CVHeadingsOfColumns(CVColumnsOfReport(type)))
         , mLines(std::move(lines)) {}
 
     [[nodiscard]] std::size_t arrayCount() const override { return mLines.size(); }

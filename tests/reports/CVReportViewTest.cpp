@@ -12,7 +12,7 @@ namespace {
 class EmptyReport final : public CVReport {
 public:
     EmptyReport(CVReportType type, std::size_t arrayCount)
-        : CVReport(type, QString(), CVPrintedColumns(type), QStringList())
+        : CVReport(type, QString(), CVColumnsOfReport(type), QStringList())
         , mArrayCount(arrayCount) {}
 
     [[nodiscard]] std::size_t arrayCount() const override { return mArrayCount; }

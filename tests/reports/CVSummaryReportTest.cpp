@@ -3,7 +3,7 @@
 #include "kit/FixedToday.h"
 #include "reports/CVGridSummary.h"
 #include "reports/CVReport.h"
-#include "reports/CVReportText.h"
+#include "reports/CVTextOfReport.h"
 
 #include <gtest/gtest.h>
 
@@ -66,8 +66,8 @@ TEST_F(SummaryReport, RoundsTotalsAfterEachAddition) {
 
 TEST_F(SummaryReport, SaysTheSameHoweverOftenItsLinesAreAskedFor) {
     const auto report = reportOf({{1, 2}}, 2);
-    const QByteArray text = CVReportText(*report);
-    EXPECT_EQ(CVReportText(*report), text);
+    const QByteArray text = CVTextOfReport(*report);
+    EXPECT_EQ(CVTextOfReport(*report), text);
     EXPECT_EQ(report->line(2).texts, (QStringList{"Total", "$1.00", "$2.00"}));
 }
 
@@ -99,11 +99,11 @@ TEST_F(SummaryReport, ShowsTheGridAsItStands) {
 }
 
 TEST_F(SummaryReport, AsTextIsItsColumnsWithTabulatorsBetween) {
-    EXPECT_EQ(CVReportText(*reportOf({{1, std::nullopt}}, 2)), "Summary Report for: 3/7/14\n"
-                                                               "Category\tA\tB\tTotal\n"
-                                                               "Row 0\t$1.00\t$0.00\t$1.00\n"
-                                                               "\n"
-                                                               "Total\t$1.00\t$0.00\n");
+    EXPECT_EQ(CVTextOfReport(*reportOf({{1, std::nullopt}}, 2)), "Summary Report for: 3/7/14\n"
+                                                                 "Category\tA\tB\tTotal\n"
+                                                                 "Row 0\t$1.00\t$0.00\t$1.00\n"
+                                                                 "\n"
+                                                                 "Total\t$1.00\t$0.00\n");
 }
 
 } // namespace

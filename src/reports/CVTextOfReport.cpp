@@ -1,4 +1,4 @@
-#include "reports/CVReportText.h"
+#include "reports/CVTextOfReport.h"
 
 #include "reports/CVReport.h"
 
@@ -18,7 +18,7 @@ void append(QByteArray& text, const QStringList& columns) {
 
 } // namespace
 
-QByteArray CVReportText(const CVReport& report) {
+QByteArray CVTextOfReport(const CVReport& report) {
     QByteArray text;
     text.reserve(kUsualLine * static_cast<qsizetype>(report.lineCount() + 2));
     append(text, {report.title()});

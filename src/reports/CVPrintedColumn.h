@@ -35,9 +35,9 @@ inline constexpr std::size_t kMostSummaryColumns = 7;
 
 /// The columns of a report from left to right; those of the summary are the category, `kMostSummaryColumns` periods
 /// and, after them, the total.
-[[nodiscard]] std::span<const CVPrintedColumn> CVPrintedColumns(CVReportType type);
+[[nodiscard]] std::span<const CVPrintedColumn> CVColumnsOfReport(CVReportType type);
 
 /// The headings of columns in the user's language.
-[[nodiscard]] QStringList CVPrintedLabels(std::span<const CVPrintedColumn> columns);
+[[nodiscard]] QStringList CVHeadingsOfColumns(std::span<const CVPrintedColumn> columns);
 /// The heading of that key, in the user's language.
-[[nodiscard]] QString CVPrintedLabel(const char* label);
+[[nodiscard]] QString CVTranslatedHeading(const char* label);
