@@ -42,7 +42,7 @@ double comparisonValue(const CVCategory& category) {
 
 CVReportFigures::CVReportFigures(const CVDocument::Transactions& transactions, const CVDocument::Categories& categories,
                                  const CVDayRange& range)
-    : mSpending(transactions, CVCategoryIDs(categories), range) {
+    : mSpending(transactions, CVIDsOfCategories(categories), range) {
     for (const auto& category : categories)
         mNumberOfTransactions += computeAverages(*category, mSpending);
 }

@@ -23,7 +23,7 @@ QString readSearch(const QString& value, CVExportRequest& request) {
     bool isNumber = false;
     request.searchKind = value.left(colon).toInt(&isNumber);
     request.searchText = value.mid(colon + 1);
-    const bool isKind = colon > 0 && isNumber && !CVSearchKindTitle(request.searchKind).isEmpty();
+    const bool isKind = colon > 0 && isNumber && !CVTitleOfSearchKind(request.searchKind).isEmpty();
     return isKind ? QString()
                   : ExportCommandText::tr(
                         "--search takes the number of a kind, 0 to 8, a colon and the text, as in 1:market");
@@ -81,7 +81,7 @@ int CVRunExport(const CVExportRequest& request, QTextStream& errors) {
     budget.userDefaults().setInteger(CVDefaultsKeys::kTransactionSortOrder, request.descending ? 1 : 0);
     CVTransactionList list(budget.document());
     fill(list, budget.document(), request);
-    const auto text = CVExportedTransactions(list.displayTransactions());
+    const auto text = CVMakeExportText(list.displayTransactions());
     if (request.writesToStandardOutput())
         return CVStandardStreams::write(*text, budget.dataFiles(), errors);
     return request.outputWritten(CVWriteExport(*request.output, *text, budget.dataFiles()), errors);

@@ -23,5 +23,5 @@ void CVBudgetContents::reloadReports() {
 }
 
 CVDocument::Categories CVBudgetContents::categoryRows() const {
-    return buildCategoryArray(mDocument, CVShowUnusedFromDefaults(mDocument.userDefaults()));
+    return buildCategoryArray(mDocument, CVReadShowUnused(mDocument.userDefaults()));
 }

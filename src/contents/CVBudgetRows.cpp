@@ -9,7 +9,7 @@
 CVDocument::Categories buildCategoryArray(const CVDocument& document, CVShowUnused showUnused) {
     if (showUnused == CVShowUnused::Yes)
         return document.categories();
-    const CVCategorySlots categorySlots(CVCategoryIDs(document.categories()));
+    const CVCategorySlots categorySlots(CVIDsOfCategories(document.categories()));
     std::vector<char> used(categorySlots.count(), 0);
     for (const auto& transaction : document.transactions()) {
         if (transaction->transactionSetID() != document.currentTransactionSet())
@@ -26,7 +26,7 @@ CVDocument::Categories buildCategoryArray(const CVDocument& document, CVShowUnus
     return rows;
 }
 
-CVShowUnused CVShowUnusedFromDefaults(const QBUserDefaults& defaults) {
+CVShowUnused CVReadShowUnused(const QBUserDefaults& defaults) {
     const int value = defaults.integerForKey(CVDefaultsKeys::kShowUnusedCategories);
     return (value & 0xFF) == 1 ? CVShowUnused::Yes : CVShowUnused::No;
 }

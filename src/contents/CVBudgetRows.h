@@ -11,4 +11,4 @@ enum class CVShowUnused : bool { No, Yes };
 [[nodiscard]] CVDocument::Categories buildCategoryArray(const CVDocument& document, CVShowUnused showUnused);
 
 /// The preference "ShowUnusedCategories", of which only the low byte counts; 1 means yes, any other value no.
-[[nodiscard]] CVShowUnused CVShowUnusedFromDefaults(const QBUserDefaults& defaults);
+[[nodiscard]] CVShowUnused CVReadShowUnused(const QBUserDefaults& defaults);

@@ -17,7 +17,7 @@ CVEntryProblem problem(CVEntryField field, const char* message) {
 
 } // namespace
 
-std::optional<CVEntryProblem> CVFirstProblem(const CVEntry& entry) {
+std::optional<CVEntryProblem> CVFirstProblemOfEntry(const CVEntry& entry) {
     // The negation also refuses an amount that is not a number.
     if (!(entry.amount >= kSmallestAmount))
         return problem(CVEntryField::Amount,

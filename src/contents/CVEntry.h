@@ -33,7 +33,7 @@ struct CVEntryProblem {
 
 /// The first problem, in the order amount, recipient, category; absent for an entry that can be recorded. Texts are not
 /// trimmed: blanks count as a text.
-[[nodiscard]] std::optional<CVEntryProblem> CVFirstProblem(const CVEntry& entry);
+[[nodiscard]] std::optional<CVEntryProblem> CVFirstProblemOfEntry(const CVEntry& entry);
 
 /// Puts an entry that has no problem into the document's current set, with its category, which is made where there is
 /// none of that name. Nothing is saved.

@@ -22,7 +22,7 @@ void CVGridContents::reload(const CVDocument::Transactions& transactions, const 
     std::vector<CVDayRange> ranges;
     for (const int number : mColumns.shown())
         ranges.push_back(mPeriods.column(number));
-    mGrid = CVBudgetGrid(transactions, CVCategoryIDs(rows), ranges, mPeriods.displayRange());
+    mGrid = CVBudgetGrid(transactions, CVIDsOfCategories(rows), ranges, mPeriods.displayRange());
 }
 
 bool CVGridContents::isEmpty() const {

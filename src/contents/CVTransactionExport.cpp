@@ -14,8 +14,8 @@ constexpr std::size_t kBetweenReports = 4096;
 
 } // namespace
 
-std::optional<QByteArray> CVExportedTransactions(const CVDocument::Transactions& transactions,
-                                                 const std::function<bool(std::size_t done)>& progress) {
+std::optional<QByteArray> CVMakeExportText(const CVDocument::Transactions& transactions,
+                                           const std::function<bool(std::size_t done)>& progress) {
     using enum CVTransactionColumns::Column;
     const CVTransactionText texts;
     QByteArray text;

@@ -200,7 +200,7 @@ bool isKind(int kind) {
 
 } // namespace
 
-QString CVSearchKindTitle(int kind) {
+QString CVTitleOfSearchKind(int kind) {
     return isKind(kind) ? SearchText::tr(kSearchKinds[static_cast<std::size_t>(kind)].title) : QString();
 }
 

@@ -19,7 +19,7 @@ enum class CVSearchKind : quint8 {
 inline constexpr int kCVSearchKinds = 9;
 
 /// The title of a kind, such as "All Text Fields", in the user's language; empty for a number that is no kind.
-[[nodiscard]] QString CVSearchKindTitle(int kind);
+[[nodiscard]] QString CVTitleOfSearchKind(int kind);
 
 /// The transactions that match, in their order; none for a number that is no kind. A text matches when it contains
 /// `text` without regard to case, or when it is missing. Amounts are compared with the number at the beginning of

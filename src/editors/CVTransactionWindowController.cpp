@@ -3,7 +3,7 @@
 #include "base/CVNotifications.h"
 #include "base/QBMoney.h"
 #include "base/QBNotificationCenter.h"
-#include "budget/CVFrequencyLabel.h"
+#include "budget/CVLabelOfFrequency.h"
 #include "editors/CVEditorTable.h"
 #include "editors/CVTransactionWindowModel.h"
 #include "model/CVCategory.h"
@@ -93,7 +93,7 @@ std::shared_ptr<const CVCategory> CVTransactionWindowController::category() cons
 QString CVTransactionWindowController::plannedText() const {
     const auto category = this->category();
     const bool hasPlan = category && category->expenseTarget() != 0;
-    const QString frequency = hasPlan ? CVFrequencyLabel(category->expenseFrequency()) : QString();
+    const QString frequency = hasPlan ? CVLabelOfFrequency(category->expenseFrequency()) : QString();
     return frequency.isEmpty() ? tr("Planned") : tr("Planned (%1)").arg(frequency);
 }
 

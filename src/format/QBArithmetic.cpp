@@ -174,7 +174,7 @@ std::string expressionOf(const QList<QBArithmeticToken>& tokens) {
 
 } // namespace
 
-std::optional<double> QBArithmeticResult(const QList<QBArithmeticToken>& tokens) {
+std::optional<double> QBResultOfArithmetic(const QList<QBArithmeticToken>& tokens) {
     const std::string expression = nestsTooDeep(tokens) ? std::string() : expressionOf(tokens);
     if (expression.empty())
         return std::nullopt;

@@ -16,4 +16,4 @@ struct QBArithmeticToken {
 /// The value of the expression as a pocket calculator computes it, with the usual precedence: 200 + 10 % is 220, 200 *
 /// 10 % is 20, and 50 % alone is 0.5. Absent for tokens that form no expression or nest too deeply, and when a step has
 /// no finite result.
-[[nodiscard]] std::optional<double> QBArithmeticResult(const QList<QBArithmeticToken>& tokens);
+[[nodiscard]] std::optional<double> QBResultOfArithmetic(const QList<QBArithmeticToken>& tokens);

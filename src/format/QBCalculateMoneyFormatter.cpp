@@ -77,5 +77,5 @@ std::optional<double> QBCalculateMoneyFormatter::calculated(QStringView text) co
             pending += text[i];
         }
     }
-    return takeAmount() ? QBArithmeticResult(tokens) : std::nullopt;
+    return takeAmount() ? QBResultOfArithmetic(tokens) : std::nullopt;
 }

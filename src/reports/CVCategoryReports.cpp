@@ -64,7 +64,7 @@ std::unique_ptr<const CVReport> CVReport::initWithCatgoryTotals(const CVDocument
                                                                 const CVDocument::Transactions& transactions,
                                                                 const QBDate& startDate, const QBDate& endDate) {
     const QBMoneyFormatter money;
-    const CVSpendingOfRange spending(transactions, CVCategoryIDs(categories), {startDate, endDate});
+    const CVSpendingOfRange spending(transactions, CVIDsOfCategories(categories), {startDate, endDate});
     auto report =
         makeReport(CVReportType::CategoryTotals, tr("Plan vs Actual Report for: %1 to %2"), {startDate, endDate});
     for (const auto& category : categories) {
@@ -96,7 +96,7 @@ std::unique_ptr<const CVReport> CVReport::initWithCatgoryTax(const CVDocument::C
                                                              const CVDocument::Transactions& transactions,
                                                              const QBDate& startDate, const QBDate& endDate) {
     const QBMoneyFormatter money;
-    const CVSpendingOfRange spending(transactions, CVCategoryIDs(categories), {startDate, endDate});
+    const CVSpendingOfRange spending(transactions, CVIDsOfCategories(categories), {startDate, endDate});
     auto report = makeReport(CVReportType::CategoryTax, tr("Tax Report for: %1 to %2"), {startDate, endDate});
     for (const auto& category : categories) {
         const CVSpending& taxed = spending.of(category->uniqueID());

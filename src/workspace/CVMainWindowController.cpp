@@ -120,7 +120,7 @@ void CVMainWindowController::record() {
     auto problem = strip.endEditing();
     const CVEntry entry = strip.entry();
     if (!problem)
-        problem = CVFirstProblem(entry);
+        problem = CVFirstProblemOfEntry(entry);
     if (problem) {
         showProblem(*problem);
         return;

@@ -61,7 +61,7 @@ void expectQueriesAsPlain(CVCategory& category, const CVDocument::Transactions& 
 void expectGridAsPlain(const CVDocument& document, std::span<const CVDayRange> columns, const CVDayRange& total) {
     const auto& transactions = document.transactions();
     const auto& categories = document.categories();
-    const CVBudgetGrid grid(transactions, CVCategoryIDs(categories), columns, total);
+    const CVBudgetGrid grid(transactions, CVIDsOfCategories(categories), columns, total);
     ASSERT_EQ(grid.rows(), categories.size());
     ASSERT_EQ(grid.columns(), columns.size());
     for (std::size_t column = 0; column < columns.size(); ++column) {

@@ -29,7 +29,7 @@ struct GridOfWeeks : testing::Test {
     }
 
     [[nodiscard]] CVBudgetGrid grid() {
-        const auto ids = CVCategoryIDs(budget.document().categories());
+        const auto ids = CVIDsOfCategories(budget.document().categories());
         return {budget.document().transactions(), ids, columns, periods.displayRange()};
     }
 

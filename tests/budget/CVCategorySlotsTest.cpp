@@ -36,7 +36,7 @@ TEST(CVCategorySlots, HaveNoneForAnIDThatNoCategoryHas) {
 TEST(CVCategorySlots, AreMadeFromTheIDsOfCategoriesInTheirOrder) {
     BudgetBuilder budget;
     budget.category(QStringLiteral("b"), 3).category(QStringLiteral("a"), 1).category(QStringLiteral("c"), 3);
-    EXPECT_THAT(CVCategoryIDs(budget.document().categories()), testing::ElementsAre(3, 1, 3));
+    EXPECT_THAT(CVIDsOfCategories(budget.document().categories()), testing::ElementsAre(3, 1, 3));
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "budget/CVPlanPerPeriod.h"
 
 #include "budget/CVDisplayPeriods.h"
-#include "budget/CVFrequencyLabel.h"
+#include "budget/CVLabelOfFrequency.h"
 #include "kit/Printers.h"
 #include "model/CVCategory.h"
 
@@ -61,14 +61,14 @@ TEST(CVPlanPerPeriod, LeavesTheCategoryAsItIs) {
     EXPECT_EQ(category.expenseFrequency(), CVExpenseFrequency::kAnnually);
 }
 
-TEST(CVFrequencyLabel, NamesTheEightFrequenciesAndNoOther) {
+TEST(CVLabelOfFrequency, NamesTheEightFrequenciesAndNoOther) {
     constexpr std::array kLabels{"Weekly",     "Bi-Weekly", "Semi-Monthly",  "Monthly",
                                  "Bi-Monthly", "Quarterly", "Semi-Annually", "Annually"};
     static_assert(kLabels.size() == kFrequencyLabels);
     for (int code = 0; code < kFrequencyLabels; ++code)
-        EXPECT_EQ(CVFrequencyLabel(code), QLatin1String(kLabels[static_cast<std::size_t>(code)]));
-    EXPECT_TRUE(CVFrequencyLabel(CVExpenseFrequency::kUnknown).isNull());
-    EXPECT_TRUE(CVFrequencyLabel(kFrequencyLabels).isNull());
+        EXPECT_EQ(CVLabelOfFrequency(code), QLatin1String(kLabels[static_cast<std::size_t>(code)]));
+    EXPECT_TRUE(CVLabelOfFrequency(CVExpenseFrequency::kUnknown).isNull());
+    EXPECT_TRUE(CVLabelOfFrequency(kFrequencyLabels).isNull());
 }
 
 } // namespace

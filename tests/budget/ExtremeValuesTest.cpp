@@ -20,7 +20,7 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kLargest = std::numeric_limits<double>::max();
 
 CVBudgetGrid gridOf(BudgetBuilder& budget, const CVDayRange& range) {
-    const auto ids = CVCategoryIDs(budget.document().categories());
+    const auto ids = CVIDsOfCategories(budget.document().categories());
     return {budget.document().transactions(), ids, std::array{range}, range};
 }
 

@@ -32,7 +32,7 @@ struct NumbersAfterAChange : testing::Test {
     void expectNumbers(const Numbers& expected) {
         const auto& transactions = budget.document().transactions();
         const auto& categories = budget.document().categories();
-        const CVBudgetGrid grid(transactions, CVCategoryIDs(categories), std::array{range}, range);
+        const CVBudgetGrid grid(transactions, CVIDsOfCategories(categories), std::array{range}, range);
         EXPECT_EQ(grid.cell(0, 0).value_or(0), expected.food);
         EXPECT_EQ(grid.rowTotal(0).value_or(0), expected.food);
         EXPECT_EQ(grid.cell(1, 0).value_or(0), expected.car);

@@ -79,10 +79,10 @@ TEST(BudgetRows, ShowTheUnusedCategoriesWhenTheLowByteOfThePreferenceIsOne) {
                                Row{std::numeric_limits<int>::min() + 1, CVShowUnused::Yes},
                                Row{std::numeric_limits<int>::max(), CVShowUnused::No}};
     BudgetBuilder budget;
-    EXPECT_EQ(CVShowUnusedFromDefaults(budget.userDefaults()), CVShowUnused::No);
+    EXPECT_EQ(CVReadShowUnused(budget.userDefaults()), CVShowUnused::No);
     for (const Row& row : kRows) {
         budget.userDefaults().setInteger("ShowUnusedCategories", row.preference);
-        EXPECT_EQ(CVShowUnusedFromDefaults(budget.userDefaults()), row.showUnused) << row.preference;
+        EXPECT_EQ(CVReadShowUnused(budget.userDefaults()), row.showUnused) << row.preference;
     }
 }
 

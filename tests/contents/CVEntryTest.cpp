@@ -20,7 +20,7 @@ CVEntry entry(double amount, const QString& payTo, const QString& category) {
     return entry;
 }
 
-TEST(CVFirstProblem, IsTheFirstOfAmountRecipientAndCategory) {
+TEST(CVFirstProblemOfEntry, IsTheFirstOfAmountRecipientAndCategory) {
     struct {
         CVEntry entry;
         CVEntryField field = CVEntryField::Date;
@@ -37,7 +37,7 @@ TEST(CVFirstProblem, IsTheFirstOfAmountRecipientAndCategory) {
         {entry(1, "Market", QString()), CVEntryField::Category, kNoCategory},
     };
     for (const auto& row : rows) {
-        const auto problem = CVFirstProblem(row.entry);
+        const auto problem = CVFirstProblemOfEntry(row.entry);
         ASSERT_TRUE(problem);
         EXPECT_EQ(problem->title, "Input Error");
         EXPECT_EQ(problem->message, row.message);
@@ -45,9 +45,9 @@ TEST(CVFirstProblem, IsTheFirstOfAmountRecipientAndCategory) {
     }
 }
 
-TEST(CVFirstProblem, IsAbsentForAnEntryThatCanBeRecorded) {
-    EXPECT_FALSE(CVFirstProblem(entry(0.01, "Market", "Food")));
-    EXPECT_FALSE(CVFirstProblem(entry(1e12, " ", " "))) << "blanks are a text";
+TEST(CVFirstProblemOfEntry, IsAbsentForAnEntryThatCanBeRecorded) {
+    EXPECT_FALSE(CVFirstProblemOfEntry(entry(0.01, "Market", "Food")));
+    EXPECT_FALSE(CVFirstProblemOfEntry(entry(1e12, " ", " "))) << "blanks are a text";
 }
 
 } // namespace

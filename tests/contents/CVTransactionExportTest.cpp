@@ -14,7 +14,7 @@
 namespace {
 
 QByteArray exported(const CVDocument& document) {
-    return CVExportedTransactions(document.transactions()).value();
+    return CVMakeExportText(document.transactions()).value();
 }
 
 TEST(CVTransactionExport, WritesALineForEachTransactionInTheirOrder) {
@@ -48,9 +48,9 @@ TEST(CVTransactionExport, CanBeGivenUpHalfway) {
         budget.transaction({.amount = 1});
     const CVDocument::Transactions& rows = budget.document().transactions();
     std::size_t reports = 0;
-    EXPECT_FALSE(CVExportedTransactions(rows, [&reports](std::size_t) { return ++reports < 2; }));
+    EXPECT_FALSE(CVMakeExportText(rows, [&reports](std::size_t) { return ++reports < 2; }));
     EXPECT_EQ(reports, 2U);
-    EXPECT_TRUE(CVExportedTransactions(rows, [](std::size_t) { return true; }));
+    EXPECT_TRUE(CVMakeExportText(rows, [](std::size_t) { return true; }));
 }
 
 TEST(CVTransactionExport, ReplacesTheFileOrLeavesItAndSaysWhy) {

@@ -85,10 +85,10 @@ TEST(CVTransactionSearch, AMissingTextIsAlwaysFound) {
 }
 
 TEST(CVTransactionSearch, TheKindsHaveTheirTitles) {
-    EXPECT_EQ(CVSearchKindTitle(0), "All Text Fields");
-    EXPECT_EQ(CVSearchKindTitle(8), "Amount Less Than");
-    EXPECT_TRUE(CVSearchKindTitle(9).isEmpty());
-    EXPECT_TRUE(CVSearchKindTitle(-1).isEmpty());
+    EXPECT_EQ(CVTitleOfSearchKind(0), "All Text Fields");
+    EXPECT_EQ(CVTitleOfSearchKind(8), "Amount Less Than");
+    EXPECT_TRUE(CVTitleOfSearchKind(9).isEmpty());
+    EXPECT_TRUE(CVTitleOfSearchKind(-1).isEmpty());
 }
 
 /// A short text of few different letters, so that many match, in shared or own memory.

@@ -19,7 +19,7 @@ CVSearchField::CVSearchField(QWidget* parent) : QLineEdit(parent), mKinds(new QM
     setClearButtonEnabled(true);
     auto* const group = new QActionGroup(mKinds);
     for (int kind = 0; kind < kCVSearchKinds; ++kind) {
-        QAction* const item = mKinds->addAction(CVSearchKindTitle(kind));
+        QAction* const item = mKinds->addAction(CVTitleOfSearchKind(kind));
         item->setCheckable(true);
         item->setChecked(kind == mSearchType);
         group->addAction(item);
@@ -55,7 +55,7 @@ void CVSearchField::keyPressEvent(QKeyEvent* event) {
 
 void CVSearchField::setSearchType(int kind) {
     mSearchType = kind;
-    setPlaceholderText(CVSearchKindTitle(kind));
+    setPlaceholderText(CVTitleOfSearchKind(kind));
 }
 
 void CVSearchField::showKinds() {

@@ -1,6 +1,6 @@
 #include "workspace/figures/CVFrequencyBox.h"
 
-#include "budget/CVFrequencyLabel.h"
+#include "budget/CVLabelOfFrequency.h"
 
 #include <QAbstractItemView>
 #include <QMetaObject>
@@ -9,7 +9,7 @@ CVFrequencyBox::CVFrequencyBox(QWidget* parent) : QComboBox(parent) {
     setAccessibleName(tr("Frequency"));
     setAutoFillBackground(true);
     for (int code = 0; code < kFrequencyLabels; ++code)
-        addItem(CVFrequencyLabel(code));
+        addItem(CVLabelOfFrequency(code));
     // The list opens after the table has placed the box. A letter that opened the editor has by then selected an item,
     // which does not count as a choice.
     QMetaObject::invokeMethod(this, &CVFrequencyBox::open, Qt::QueuedConnection);

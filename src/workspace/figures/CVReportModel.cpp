@@ -1,7 +1,7 @@
 #include "workspace/figures/CVReportModel.h"
 
 #include "base/QBMoney.h"
-#include "budget/CVFrequencyLabel.h"
+#include "budget/CVLabelOfFrequency.h"
 #include "contents/CVReportContents.h"
 #include "model/CVCategory.h"
 #include "widgets/CVAttentionColourOn.h"
@@ -123,7 +123,7 @@ QString CVReportModel::text(const QModelIndex& index) const {
     case Kind::Percent:
         return percentText(value.toDouble());
     case Kind::Frequency:
-        return CVFrequencyLabel(value.toLongLong());
+        return CVLabelOfFrequency(value.toLongLong());
     case Kind::Target:
         return mMoneyFormatter.string(RoundDoubleToTwoPlaces(value.toDouble()));
     case Kind::Money:

@@ -1,7 +1,7 @@
 #include "workspace/figures/CVToolTipOfReportRow.h"
 
 #include "base/QBMoney.h"
-#include "budget/CVFrequencyLabel.h"
+#include "budget/CVLabelOfFrequency.h"
 #include "contents/CVReportContents.h"
 #include "format/QBDateFormatter.h"
 #include "format/QBMoneyFormatter.h"
@@ -30,7 +30,7 @@ QString CVToolTipOfReportRow(const CVReportContents& contents, const CVCategory&
         {ReportText::tr("Spent:"), money.string(category.total())},
         {ReportText::tr("Average a month:"), money.string(category.monthly())}};
     if (category.expenseTarget() != 0)
-        lines.push_back({ReportText::tr("Target, %1:").arg(CVFrequencyLabel(category.expenseFrequency())),
+        lines.push_back({ReportText::tr("Target, %1:").arg(CVLabelOfFrequency(category.expenseFrequency())),
                          money.string(RoundDoubleToTwoPlaces(category.expenseTarget()))});
     return CVToolTipOfFigures(category.categoryName(),
                               ReportText::tr("%1 - %2").arg(dates.string(range.start), dates.string(range.end)), lines);

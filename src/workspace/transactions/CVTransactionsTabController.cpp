@@ -110,7 +110,7 @@ void CVTransactionsTabController::writeExport(const QString& path) {
     // The rows are copied, because events that run while the progress is shown may change the list.
     const CVDocument::Transactions rows = mList.displayTransactions();
     CVProgressPanel progress(tr("Export Transactions"), static_cast<int>(rows.size()), mTab.window());
-    const auto text = CVExportedTransactions(rows, [&progress](std::size_t done) {
+    const auto text = CVMakeExportText(rows, [&progress](std::size_t done) {
         return progress.stepsDone(static_cast<int>(done), tr("Exporting transactions…"));
     });
     progress.hide();

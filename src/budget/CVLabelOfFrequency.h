@@ -6,4 +6,4 @@
 inline constexpr int kFrequencyLabels = 8;
 
 /// The name of an expense-frequency code in the user's language; null for a code outside 0 to 7.
-[[nodiscard]] QString CVFrequencyLabel(qint64 code);
+[[nodiscard]] QString CVLabelOfFrequency(qint64 code);
