@@ -67,7 +67,7 @@ void CVAppDelegate::showHelp() {
 }
 
 void CVAppDelegate::contactTechSupport() {
-    mUpdates.openAddress(CVSupportMailAddress(CVSystemIdentity::ofThisMachine()), mMainWindow->window());
+    mUpdates.openAddress(CVMakeSupportMailAddress(CVSystemIdentity::ofThisMachine()), mMainWindow->window());
 }
 
 void CVAppDelegate::goToWebSite() {

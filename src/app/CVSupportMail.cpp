@@ -42,17 +42,17 @@ CVSystemIdentity CVSystemIdentity::ofThisMachine() {
     return system;
 }
 
-QString CVSystemText(const CVSystemIdentity& system) {
+QString CVTextOfSystem(const CVSystemIdentity& system) {
     return (system.versionWord ? versionText(*system.versionWord) : system.words) + processorText(system.architecture);
 }
 
-QUrl CVSupportMailAddress(const CVSystemIdentity& system) {
+QUrl CVMakeSupportMailAddress(const CVSystemIdentity& system) {
     const QString body =
         QCoreApplication::translate(
             "CVSupportMail", "\n%1 version: %2\nMac OS X version: %3\nMy Name: %4\n\nNOTE TO USERS: Please enter a "
                              "subject line.  Add your comments regarding the %1 application below this line.  Thank "
                              "you.\n\n")
-            .arg(QString::fromLatin1(CVBundle::kName), CVBundle::versionText(), CVSystemText(system),
+            .arg(QString::fromLatin1(CVBundle::kName), CVBundle::versionText(), CVTextOfSystem(system),
                  QCoreApplication::translate("CVSupportMail", "Your name goes here"));
     return QUrl("mailto:" + CVSite::supportMail() + "?body=" + QString::fromLatin1(QUrl::toPercentEncoding(body)),
                 QUrl::StrictMode);

@@ -18,8 +18,8 @@ struct CVSystemIdentity {
 };
 
 /// The system's version and processor in readable form; unknown parts are left out.
-[[nodiscard]] QString CVSystemText(const CVSystemIdentity& system);
+[[nodiscard]] QString CVTextOfSystem(const CVSystemIdentity& system);
 
 /// The address of a new mail to the maker's support, whose text holds the facts about program and system that the
 /// support needs.
-[[nodiscard]] QUrl CVSupportMailAddress(const CVSystemIdentity& system);
+[[nodiscard]] QUrl CVMakeSupportMailAddress(const CVSystemIdentity& system);

@@ -51,7 +51,7 @@ void CVUpdateController::setService(const CVUpdateService& service, CVFetchLimit
 void CVUpdateController::checkAutomatically(int frequency) {
     if (frequency == CVUpdateFrequency::kNever || CVOfferUpgrade())
         return;
-    const QDateTime last = CVLastUpdateCheck(mDefaults);
+    const QDateTime last = CVTimeOfLastUpdateCheck(mDefaults);
     // A time that cannot be read counts as none, so that a check mends it.
     const auto lastDay = last.isValid() ? std::optional(QBDate::dateWithNSDate(last)) : std::nullopt;
     if (CVUpdateIsDue(lastDay, QBDate::date(), frequency) && !mAutomaticCheck->isRunning())
@@ -92,7 +92,7 @@ bool CVUpdateController::CVOfferUpgrade() {
 
 /// Removes the offer even when it names no page, because no check would replace a stored offer.
 void CVUpdateController::upgrade(const CVUpdateEntry& offer) {
-    if (const auto address = CVDownloadAddress(offer))
+    if (const auto address = CVDownloadAddressOfEntry(offer))
         openAddress(*address, mAsker);
     else
         mAlerts.run(mAsker, CVUpdateMessages::noDownload());
@@ -101,7 +101,7 @@ void CVUpdateController::upgrade(const CVUpdateEntry& offer) {
 
 void CVUpdateController::request(CVUpdateCheck& check) const {
     const bool includeSysInfo = mDefaults.boolForKey(CVDefaultsKeys::kIncludeSysInfo);
-    check.start(CVUpdateAddress(mService, includeSysInfo ? CVSystemInfo::Included : CVSystemInfo::Left),
+    check.start(CVMakeUpdateAddress(mService, includeSysInfo ? CVSystemInfo::Included : CVSystemInfo::Left),
                 kName + '/' + mService.version);
 }
 

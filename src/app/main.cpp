@@ -15,7 +15,7 @@
 #include "commands/CVSetsCommand.h"
 #include "commands/CVStandardStreams.h"
 #include "commands/CVToolkitOptions.h"
-#include "commands/CVUsage.h"
+#include "commands/CVUsageText.h"
 #include "help/CVHelp.h"
 #include "storage/CVStandardDataFile.h"
 #include "widgets/CVAlertPanel.h"
@@ -51,7 +51,7 @@ void nameApplication() {
 
 int refuse(QTextStream& errors, const QString& problem, const QString& command = {}) {
     CVWriteErrorLine(errors, problem);
-    errors << CVUsage(command) << Qt::flush;
+    errors << CVUsageText(command) << Qt::flush;
     return kUsageError;
 }
 
@@ -70,7 +70,7 @@ int runWithoutWindow(const CVCommandLine& line) {
             (QString::fromLatin1(CVBundle::kName) + u' ' + QCoreApplication::applicationVersion() + u'\n').toUtf8(), {},
             errors);
     case CVCommandLine::Action::ShowHelp:
-        return CVStandardStreams::write(CVUsage(line.command).toUtf8(), {}, errors);
+        return CVStandardStreams::write(CVUsageText(line.command).toUtf8(), {}, errors);
     case CVCommandLine::Action::Check:
         return CVRunCheck(line.dataFile, errors);
     case CVCommandLine::Action::Sets:

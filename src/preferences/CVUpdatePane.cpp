@@ -110,7 +110,7 @@ void CVUpdatePane::learnMore(const QString& resource) {
 }
 
 void CVUpdatePane::checkedForUpdates() {
-    const QDateTime time = CVLastUpdateCheck(store().defaults()).toLocalTime();
+    const QDateTime time = CVTimeOfLastUpdateCheck(store().defaults()).toLocalTime();
     if (!time.isValid()) {
         mUpdateStatus->setText(tr("Corvella has never checked for updates."));
         return;

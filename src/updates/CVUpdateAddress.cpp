@@ -8,7 +8,7 @@ CVUpdateService CVUpdateService::ofBundle() {
     return {CVSite::updateCheck(), QString::fromLatin1(CVBundle::kIdentifier), CVBundle::versionText()};
 }
 
-QUrl CVUpdateAddress(const CVUpdateService& service, CVSystemInfo systemInfo) {
+QUrl CVMakeUpdateAddress(const CVUpdateService& service, CVSystemInfo systemInfo) {
     QString address = service.address;
     url_appendValue(address, service.identifier, QStringLiteral("app"), QBURLParam::First);
     url_appendValue(address, service.version, QStringLiteral("vers"), QBURLParam::Further);

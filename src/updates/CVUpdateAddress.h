@@ -17,7 +17,7 @@ struct CVUpdateService {
 enum class CVSystemInfo : bool { Left, Included };
 
 /// The address that is fetched, with the parameters that say who asks.
-[[nodiscard]] QUrl CVUpdateAddress(const CVUpdateService& service, CVSystemInfo systemInfo);
+[[nodiscard]] QUrl CVMakeUpdateAddress(const CVUpdateService& service, CVSystemInfo systemInfo);
 
 enum class QBURLParam : bool { Further, First };
 

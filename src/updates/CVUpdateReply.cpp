@@ -11,7 +11,7 @@ std::optional<CVUpdateEntry> CVChooseUpdateEntry(const QByteArray& reply, const 
     return chosen.typeId() == QMetaType::QVariantMap ? std::optional(chosen.toMap()) : std::nullopt;
 }
 
-std::optional<QUrl> CVDownloadAddress(const CVUpdateEntry& entry) {
+std::optional<QUrl> CVDownloadAddressOfEntry(const CVUpdateEntry& entry) {
     const QUrl address(entry.value(QStringLiteral("Download")).toString(), QUrl::StrictMode);
     const bool isWeb = address.scheme() == QLatin1String("https") || address.scheme() == QLatin1String("http");
     return isWeb && !address.host().isEmpty() ? std::optional(address) : std::nullopt;

@@ -14,4 +14,4 @@ using CVUpdateEntry = QVariantMap;
 [[nodiscard]] std::optional<CVUpdateEntry> CVChooseUpdateEntry(const QByteArray& reply, const QString& version);
 
 /// The download page that an entry names; absent unless it is a web address (http or https).
-[[nodiscard]] std::optional<QUrl> CVDownloadAddress(const CVUpdateEntry& entry);
+[[nodiscard]] std::optional<QUrl> CVDownloadAddressOfEntry(const CVUpdateEntry& entry);

@@ -51,7 +51,7 @@ bool CVUpdateStore::lastCheckFailed() const {
     return mDefaults.hasKey(CVDefaultsKeys::kUpdatedAppError);
 }
 
-QDateTime CVLastUpdateCheck(const QBUserDefaults& defaults) {
+QDateTime CVTimeOfLastUpdateCheck(const QBUserDefaults& defaults) {
     const auto text = defaults.stringForKey(CVDefaultsKeys::kLastCheckForUpdatesTime);
     return text ? nsdateWithFixedFormat(kTimeFormat, *text) : QDateTime();
 }

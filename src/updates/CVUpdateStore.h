@@ -29,4 +29,4 @@ private:
 };
 
 /// When the last successful check was finished; invalid when there was none or the time cannot be read.
-[[nodiscard]] QDateTime CVLastUpdateCheck(const QBUserDefaults& defaults);
+[[nodiscard]] QDateTime CVTimeOfLastUpdateCheck(const QBUserDefaults& defaults);

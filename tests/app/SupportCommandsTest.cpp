@@ -23,11 +23,11 @@ TEST(CVSupportMail, AVersionWordIsReadAsDecimalDigits) {
         {{std::nullopt, std::nullopt, "Linux 6.1 (x86_64)"}, "Linux 6.1 (x86_64)"},
     };
     for (const Row& row : rows)
-        EXPECT_EQ(CVSystemText(row.system), row.text);
+        EXPECT_EQ(CVTextOfSystem(row.system), row.text);
 }
 
 TEST(CVSupportMail, TheMailHasItsLinesToTheLetter) {
-    const QUrl address = CVSupportMailAddress({0x1049, 10, {}});
+    const QUrl address = CVMakeSupportMailAddress({0x1049, 10, {}});
     EXPECT_EQ(address.scheme(), "mailto");
     EXPECT_EQ(address.path(), CVSite::supportMail());
     const QString version = QString::fromLatin1(CVBundle::version().data());
@@ -43,19 +43,36 @@ TEST(CVSupportMail, TheMailHasItsLinesToTheLetter) {
 }
 
 TEST(CVSupportMail, TheSystemIsNamedAsItIs) {
-    const QString text = CVSystemText(CVSystemIdentity::ofThisMachine());
+    const QString text = CVTextOfSystem(CVSystemIdentity::ofThisMachine());
     EXPECT_TRUE(text.startsWith("Linux ")) << text.toStdString();
     EXPECT_TRUE(text.endsWith('(' + QSysInfo::currentCpuArchitecture() + ')')) << text.toStdString();
 }
 
 class SupportCommands : public ShellFixture {};
 
+<<<<<<< HEAD
 TEST_F(SupportCommands, EachOpensItsAddressForTheMainWindow) {
+=======
+TEST_F(SupportCommands, AnAddressThatTheDesktopTookAndDidNotOpenIsTold) {
+    start();
+    mDelegate->tellNotOpened(QUrl(CVSite::webSite()), nullptr);
+    ASSERT_EQ(mAlerts.shown().size(), 1);
+    EXPECT_EQ(mAlerts.shown()[0].title, "No program could be opened for this address");
+    EXPECT_TRUE(mAlerts.shown()[0].message.contains(CVSite::webSite()));
+    QWidget asker;
+    asker.setWindowTitle("Asker");
+    mDelegate->tellNotOpened(CVMakeSupportMailAddress(CVSystemIdentity::ofThisMachine()), &asker);
+    EXPECT_TRUE(mAlerts.shown()[1].message.endsWith("\n\n" + CVSite::supportMail()));
+    EXPECT_EQ(mAlerts.owners().constLast(), "Asker");
+}
+
+TEST_F(SupportCommands, EachOpensItsAddress) {
+>>>>>>> 6c7554f (Say in the names of the update's, mail's and help's functions what they return)
     start();
     choose("Contact Support");
     choose("Web Site");
     choose("Support Forums");
-    EXPECT_EQ(mURLs.opened(), (QList<QUrl>{CVSupportMailAddress(CVSystemIdentity::ofThisMachine()),
+    EXPECT_EQ(mURLs.opened(), (QList<QUrl>{CVMakeSupportMailAddress(CVSystemIdentity::ofThisMachine()),
                                            QUrl(CVSite::webSite()), QUrl(CVSite::supportForums())}));
     EXPECT_EQ(mURLs.askers(), QStringList(3, "Corvella Main Window"));
     EXPECT_TRUE(mAlerts.shown().isEmpty());

@@ -1,6 +1,6 @@
 #include "commands/CVCommandLine.h"
 
-#include "commands/CVUsage.h"
+#include "commands/CVUsageText.h"
 #include "kit/Printers.h"
 
 #include <gtest/gtest.h>
@@ -94,7 +94,7 @@ TEST(CVCommandLine, UsageOfACommandNamesItsOptionsAndNoOthers) {
         {"report", {"corvella report KIND", "--data", "--range", "--paper", "--period"}, {"--sort", "--search"}},
     };
     for (const Usage& usage : usages) {
-        const QString text = CVUsage(usage.command);
+        const QString text = CVUsageText(usage.command);
         for (const QString& name : usage.names)
             EXPECT_TRUE(text.contains(name)) << usage.command << ' ' << name.toStdString();
         for (const QString& other : usage.others)
@@ -111,7 +111,7 @@ TEST(CVCommandLine, UsageSaysWhatTheDayThatIsTodayCountsFor) {
 }
 
 TEST(CVCommandLine, UsageNamesEveryCommandAndOption) {
-    const QString usage = CVUsage();
+    const QString usage = CVUsageText();
     for (const char* const word :
          {"check", "sets", "export", "report KIND", "--period", "--paper", "--data FILE", "--range", "--from", "--to",
           "--set", "--search", "--sort", "--today", "--output", "--version", "--help"})

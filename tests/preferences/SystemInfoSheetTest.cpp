@@ -44,7 +44,7 @@ TEST_F(SystemInfoSheet, ShowsExactlyWhatIsSent) {
     click("Learn More");
     ASSERT_NE(text(), nullptr);
     const QString shown = text()->toPlainText();
-    const QUrlQuery sent(CVUpdateAddress(CVUpdateService::ofBundle(), CVSystemInfo::Included));
+    const QUrlQuery sent(CVMakeUpdateAddress(CVUpdateService::ofBundle(), CVSystemInfo::Included));
     EXPECT_GT(sent.queryItems().size(), 3);
     for (const auto& [name, value] : sent.queryItems(QUrl::FullyDecoded))
         EXPECT_TRUE(shown.contains(value)) << name.toStdString() << ": " << value.toStdString();

@@ -19,7 +19,7 @@ TEST(CVUpdateAddress, TheFirstParameterHasAQuestionMarkAndTheOthersAnAmpersand) 
 }
 
 TEST(CVUpdateAddress, SaysWhoAsksAndNoMore) {
-    const QUrl address = CVUpdateAddress(kService, CVSystemInfo::Left);
+    const QUrl address = CVMakeUpdateAddress(kService, CVSystemInfo::Left);
     const QUrlQuery query(address);
     QStringList names;
     for (const auto& [name, value] : query.queryItems())
@@ -32,7 +32,7 @@ TEST(CVUpdateAddress, SaysWhoAsksAndNoMore) {
 }
 
 TEST(CVUpdateAddress, TheSystemInformationIsWhatIsDisplayed) {
-    const QUrlQuery query(CVUpdateAddress(kService, CVSystemInfo::Included));
+    const QUrlQuery query(CVMakeUpdateAddress(kService, CVSystemInfo::Included));
     QMap<QString, QString> sent;
     for (const auto& [name, value] : query.queryItems(QUrl::FullyDecoded))
         sent.insert(name, value);

@@ -66,9 +66,9 @@ TEST(CVUpdateReply, OnlyWebPagesAreDownloadPages) {
           Row{"HTTPS://www.quenbylabs.example/", true}, Row{"file:///usr/bin/true", false}, Row{"/usr/bin/true", false},
           Row{"javascript:alert(1)", false}, Row{"ftp://www.quenbylabs.example/x", false}, Row{"https:", false},
           Row{"smb://server/share", false}, Row{"", false}, Row{"https://a b", false}})
-        EXPECT_EQ(CVDownloadAddress({{"Download", address}}).has_value(), isPage) << address;
-    EXPECT_FALSE(CVDownloadAddress({}).has_value());
-    EXPECT_FALSE(CVDownloadAddress({{"Download", QVariantList{1}}}).has_value());
+        EXPECT_EQ(CVDownloadAddressOfEntry({{"Download", address}}).has_value(), isPage) << address;
+    EXPECT_FALSE(CVDownloadAddressOfEntry({}).has_value());
+    EXPECT_FALSE(CVDownloadAddressOfEntry({{"Download", QVariantList{1}}}).has_value());
 }
 
 } // namespace

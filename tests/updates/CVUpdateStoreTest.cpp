@@ -29,7 +29,7 @@ TEST_F(CVUpdateStoreTest, ANewerVersionIsKeptWithTheVersionThatAsked) {
                                    {"Download", "https://www.quenbylabs.example/download"},
                                    {"AppCheckedVersion", "1.0"}}));
     EXPECT_EQ(defaults().stringForKey(CVDefaultsKeys::kLastCheckForUpdatesTime), "03/07/14 14:05 -0500");
-    EXPECT_EQ(CVLastUpdateCheck(defaults()), QDateTime(QDate(2014, 3, 7), QTime(19, 5), Qt::UTC));
+    EXPECT_EQ(CVTimeOfLastUpdateCheck(defaults()), QDateTime(QDate(2014, 3, 7), QTime(19, 5), Qt::UTC));
     EXPECT_FALSE(store().lastCheckFailed());
     ASSERT_TRUE(store().currentOffer().has_value());
 }
@@ -93,10 +93,10 @@ TEST_F(CVUpdateStoreTest, AnOfferThatIsNoDictionaryIsRemoved) {
 }
 
 TEST_F(CVUpdateStoreTest, ATimeThatCannotBeReadIsNone) {
-    EXPECT_FALSE(CVLastUpdateCheck(defaults()).isValid());
+    EXPECT_FALSE(CVTimeOfLastUpdateCheck(defaults()).isValid());
     for (const char* const text : {"yesterday", "03/07/14", "13/40/14 00:00 +0000", "03/07/14 14:05 -0500 "}) {
         defaults().setString(CVDefaultsKeys::kLastCheckForUpdatesTime, text);
-        EXPECT_FALSE(CVLastUpdateCheck(defaults()).isValid()) << text;
+        EXPECT_FALSE(CVTimeOfLastUpdateCheck(defaults()).isValid()) << text;
     }
 }
 

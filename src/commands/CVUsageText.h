@@ -3,4 +3,4 @@
 #include <QString>
 
 /// The help text for one command, or for the whole command line when `command` is empty or unknown.
-[[nodiscard]] QString CVUsage(const QString& command = {});
+[[nodiscard]] QString CVUsageText(const QString& command = {});

@@ -1,12 +1,18 @@
-#include "commands/CVUsage.h"
+#include "commands/CVUsageText.h"
 
 #include <QCoreApplication>
 
 namespace {
 
+<<<<<<< HEAD:src/commands/CVUsage.cpp
 struct UsageText {
     Q_DECLARE_TR_FUNCTIONS(CVUsage)
 };
+=======
+QString tr(const char* text) {
+    return QCoreApplication::translate("CVUsageText", text);
+}
+>>>>>>> 6c7554f (Say in the names of the update's, mail's and help's functions what they return):src/commands/CVUsageText.cpp
 
 QString commands() {
     return UsageText::tr("Usage: corvella                        open your budget\n"
@@ -76,7 +82,7 @@ QString joined(const QStringList& parts) {
 
 } // namespace
 
-QString CVUsage(const QString& command) {
+QString CVUsageText(const QString& command) {
     if (command == QLatin1String("check"))
         return joined(
             {UsageText::tr(
