@@ -1,6 +1,6 @@
 #include "commands/CVStandardStreams.h"
 
-#include "base/CVOutputFile.h"
+#include "base/CVWriteOutputFile.h"
 #include "commands/CVErrorLine.h"
 
 #include <QCoreApplication>

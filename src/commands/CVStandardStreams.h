@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/CVSafeFile.h"
+#include "base/CVReplaceFile.h"
 
 #include <QStringList>
 

@@ -4,15 +4,9 @@
 
 namespace {
 
-<<<<<<< HEAD:src/commands/CVUsage.cpp
 struct UsageText {
-    Q_DECLARE_TR_FUNCTIONS(CVUsage)
+    Q_DECLARE_TR_FUNCTIONS(CVUsageText)
 };
-=======
-QString tr(const char* text) {
-    return QCoreApplication::translate("CVUsageText", text);
-}
->>>>>>> 6c7554f (Say in the names of the update's, mail's and help's functions what they return):src/commands/CVUsageText.cpp
 
 QString commands() {
     return UsageText::tr("Usage: corvella                        open your budget\n"

@@ -1,6 +1,6 @@
 #include "contents/CVTransactionExport.h"
 
-#include "base/CVOutputFile.h"
+#include "base/CVWriteOutputFile.h"
 #include "contents/CVTransactionText.h"
 #include "model/CVTransaction.h"
 #include "model/CVTransactionColumns.h"

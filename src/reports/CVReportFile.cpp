@@ -1,6 +1,6 @@
 #include "reports/CVReportFile.h"
 
-#include "base/CVOutputFile.h"
+#include "base/CVWriteOutputFile.h"
 
 #include <QCoreApplication>
 

@@ -2,7 +2,7 @@
 
 #include "base/CVFileSignature.h"
 #include "base/CVFileSink.h"
-#include "base/CVSafeFile.h"
+#include "base/CVReplaceFile.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -50,24 +50,7 @@ TEST(CVSupportMail, TheSystemIsNamedAsItIs) {
 
 class SupportCommands : public ShellFixture {};
 
-<<<<<<< HEAD
 TEST_F(SupportCommands, EachOpensItsAddressForTheMainWindow) {
-=======
-TEST_F(SupportCommands, AnAddressThatTheDesktopTookAndDidNotOpenIsTold) {
-    start();
-    mDelegate->tellNotOpened(QUrl(CVSite::webSite()), nullptr);
-    ASSERT_EQ(mAlerts.shown().size(), 1);
-    EXPECT_EQ(mAlerts.shown()[0].title, "No program could be opened for this address");
-    EXPECT_TRUE(mAlerts.shown()[0].message.contains(CVSite::webSite()));
-    QWidget asker;
-    asker.setWindowTitle("Asker");
-    mDelegate->tellNotOpened(CVMakeSupportMailAddress(CVSystemIdentity::ofThisMachine()), &asker);
-    EXPECT_TRUE(mAlerts.shown()[1].message.endsWith("\n\n" + CVSite::supportMail()));
-    EXPECT_EQ(mAlerts.owners().constLast(), "Asker");
-}
-
-TEST_F(SupportCommands, EachOpensItsAddress) {
->>>>>>> 6c7554f (Say in the names of the update's, mail's and help's functions what they return)
     start();
     choose("Contact Support");
     choose("Web Site");

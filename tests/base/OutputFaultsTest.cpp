@@ -1,4 +1,4 @@
-#include "base/CVOutputFile.h"
+#include "base/CVWriteOutputFile.h"
 #include "kit/ScratchHome.h"
 #include "storage/FaultyCalls.h"
 #include "storage/ScratchFiles.h"

@@ -105,7 +105,7 @@ TEST(CVCommandLine, UsageOfACommandNamesItsOptionsAndNoOthers) {
 
 TEST(CVCommandLine, UsageSaysWhatTheDayThatIsTodayCountsFor) {
     for (const char* const command : {"export", "report"}) {
-        const QString text = CVUsage(command).simplified();
+        const QString text = CVUsageText(command).simplified();
         EXPECT_TRUE(text.contains("days that are written out are the same on any day")) << command;
     }
 }

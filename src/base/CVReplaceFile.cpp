@@ -1,4 +1,4 @@
-#include "base/CVSafeFile.h"
+#include "base/CVReplaceFile.h"
 
 #include "base/CVFileSink.h"
 

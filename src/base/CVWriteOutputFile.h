@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/CVSafeFile.h"
+#include "base/CVReplaceFile.h"
 
 /// Writes a file that the user asked for; when that fails, the old file stays whole. Writes directly to whatever is no
 /// file (a pipe, a terminal, another device). Refuses a path that names one of the `spared` files, also through links.

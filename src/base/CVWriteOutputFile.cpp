@@ -1,4 +1,4 @@
-#include "base/CVOutputFile.h"
+#include "base/CVWriteOutputFile.h"
 
 #include "base/CVFileSink.h"
 
@@ -30,7 +30,7 @@ std::optional<QString> writeThrough(const QString& path, const CVFileContent& wr
 std::optional<QString> refusal(const QString& path, const QStringList& spared) {
     for (const QString& file : spared) {
         if (CVIsSameFile(path, file))
-            return QCoreApplication::translate("CVOutputFile", "it is the data file that holds a budget");
+            return QCoreApplication::translate("CVWriteOutputFile", "it is the data file that holds a budget");
     }
     return std::nullopt;
 }
