@@ -18,7 +18,7 @@
 
 #include <utility>
 
-/// The commands of the application, and what its preferences ask of it.
+/// The part of CVAppDelegate that carries out the application's commands and the requests of its preferences.
 
 void CVAppDelegate::carryOut(CVCommand command) {
     switch (command) {

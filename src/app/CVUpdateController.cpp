@@ -52,7 +52,7 @@ void CVUpdateController::checkAutomatically(int frequency) {
     if (frequency == CVUpdateFrequency::kNever || CVOfferUpgrade())
         return;
     const QDateTime last = CVTimeOfLastUpdateCheck(mDefaults);
-    // A time that cannot be read counts as none, so that a check mends it.
+    // A time that cannot be read counts as none, so that a check is made and stores a readable one.
     const auto lastDay = last.isValid() ? std::optional(QBDate::dateWithNSDate(last)) : std::nullopt;
     if (CVUpdateIsDue(lastDay, QBDate::date(), frequency) && !mAutomaticCheck->isRunning())
         request(*mAutomaticCheck);

@@ -21,7 +21,7 @@ inline constexpr const char* kReportTab = "kCReportTab";
 inline constexpr const char* kTransactionPeriod = "kCVTransactionPeriod";
 inline constexpr const char* kReportPeriod = "kCVReportPeriod";
 
-/// The page set-up: the paper's name ("A4") or its width and height ("420x595"), whether it lies on its side, and the
+/// The page set-up: the paper's name ("A4") or its width and height ("420x595"), whether it is in landscape, and the
 /// margins at the left, the top, the right and the bottom ("72 72 72 72"), in points.
 inline constexpr const char* kPaper = "CVPaper";
 inline constexpr const char* kPaperLandscape = "CVPaperLandscape";

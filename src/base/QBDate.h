@@ -8,7 +8,7 @@
 #include <string_view>
 
 /// A day of the proleptic Gregorian calendar, with a year 0, no time of day and no time zone. Immutable, always a day
-/// that exists. Years lie within a thousand million of year 0; arithmetic beyond these years is not supported.
+/// that exists. Years are within a thousand million of year 0; arithmetic beyond these years is not supported.
 class QBDate final {
 public:
     /// Today in the user's local calendar.
@@ -58,7 +58,7 @@ public:
 
     /// Room for the longest file form, in bytes.
     static constexpr qsizetype kXMLBound = 24;
-    /// Writes the file form (year/month/day as "%04ld/%02d/%02d") to `out` and returns the position behind it.
+    /// Writes the file form (year/month/day as "%04ld/%02d/%02d") to `out` and returns the position after it.
     [[nodiscard]] char* writeXMLRepresentation(char* out) const;
     [[nodiscard]] QByteArray corvellaXMLRepresentation() const;
 

@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <string_view>
 
-/// Numbers in the data file's own form, whatever the user's locale: decimal digits and a full stop.
-/// The writers put their text at `out` and return the position behind it; `out` must have room for the stated bound.
+/// Numbers in the data file's own form, whatever the user's locale: decimal digits and a full stop. The writers put
+/// their text at `out` and return the position after it; `out` must have room for the stated bound.
 namespace QBNumberText {
 
 inline constexpr std::size_t kIntegerBound = 20;

@@ -80,7 +80,7 @@ private:
     [[nodiscard]] bool isText(quint64 index) const;
 
     QByteArrayView mBytes;
-    /// The offset behind the last item.
+    /// The offset after the last item.
     quint64 mEnd = 0;
     quint64 mOffsetWidth = 0;
     quint64 mReferenceWidth = 0;

@@ -9,7 +9,7 @@
 [[nodiscard]] qsizetype xml_encodedBound(QStringView text);
 
 /// Writes `text` to `out` as UTF-8, with the ampersand, less-than, greater-than and double quote as predefined entities
-/// and everything else as it is, and returns the position behind it. A null text writes nothing; a lone surrogate
+/// and everything else as it is, and returns the position after it. A null text writes nothing; a lone surrogate
 /// becomes U+FFFD.
 [[nodiscard]] char* xml_writeEncodedForXML(char* out, QStringView text);
 

@@ -65,7 +65,7 @@ constexpr AveragingPeriod kMonth{
     {{{&Averages::biWeekly, &Averages::monthly, {x(12), by(26)}}, {&Averages::weekly, &Averages::biWeekly, x(0.5)}}}};
 
 struct Pattern {
-    /// In days between transactions.
+    /// The longest average time between transactions, in days.
     qint64 longestInterval;
     const char* label;
     qint64 frequency;
@@ -84,7 +84,7 @@ constexpr std::array<Pattern, 7> kPatterns{{
      kMonth},
 }};
 
-/// By frequency code.
+/// Indexed by frequency code.
 constexpr std::array<PeriodCount, 8> kPeriodCounts{{
     {PeriodCount::Unit::Days, 1, 7},
     {PeriodCount::Unit::Days, 1, 14},

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// Where a field stands in a format.
+/// The place of a field in a format.
 struct Field {
     qsizetype start = -1;
     qsizetype length = 0;

@@ -2,7 +2,7 @@
 
 #include "base/QBDate.h"
 
-/// A range of days, inclusive at both ends; empty when the end lies before the start.
+/// A range of days, inclusive at both ends; empty when the end is before the start.
 struct CVDayRange {
     QBDate start;
     QBDate end;

@@ -25,7 +25,7 @@ enum class Anchor : quint8 { StartDayOfWeek, Sunday, FirstOfMonth };
 
 struct PeriodType {
     int columns;
-    /// From one column to the next.
+    /// The time from one column to the next.
     Amount step;
     /// By how much `next` and `previous` move the first column.
     Amount page;

@@ -15,7 +15,7 @@ public:
     enum Type : int { Day, Week, TwoWeeks, Month };
     static constexpr int kTypes = 4;
 
-    /// The two preferences that place the first column.
+    /// The two preferences that decide where the first column begins.
     struct Placement {
         /// The weekday on which a day view begins, 0 = Sunday.
         int startDayOfWeek = 0;

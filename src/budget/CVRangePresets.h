@@ -5,8 +5,8 @@
 
 #include <optional>
 
-/// The last day that a range may be entered to end on: today, or the document's latest transaction date when that is
-/// later.
+/// The latest day that the user may enter as the end of a range: today, or the document's latest transaction date when
+/// that is later.
 [[nodiscard]] QBDate latestSelectableDate(const CVDocument& document);
 /// `date`, or `latestSelectableDate` when it comes after that. Reads today's date anew each time.
 [[nodiscard]] QBDate verifyEndDate(const QBDate& date, const CVDocument& document);

@@ -9,13 +9,13 @@ public:
     /// The range is only `today` at first, and the preset is 0.
     explicit CVReportContents(const QBDate& today);
 
-    /// The chosen preset, 0 to 7; another number is kept but stands for no range.
+    /// The chosen preset, 0 to 7; another number is kept but has no range.
     [[nodiscard]] int reportPeriod() const { return mReportPeriod; }
     void setReportPeriod(int preset) { mReportPeriod = preset; }
     [[nodiscard]] const CVDayRange& range() const { return mRange; }
     /// The figures change with the next reload.
     void setRange(const CVDayRange& range) { mRange = range; }
-    /// Sets the range of the preset; does nothing when the preset stands for no range.
+    /// Sets the range of the preset; does nothing when the preset has no range.
     void setRangeFromPreset(const QBDate& today, const CVDocument& document);
 
     /// Computes everything anew, in one walk over the transactions; fills the rows' computed figures.

@@ -27,8 +27,8 @@ public:
 
     /// The day that `text` names: day, day and month, or day, month and year in the locale's order (or the year first,
     /// when it has four digits), with any usual separators. A missing month or year is the present one; two digits name
-    /// a year from 79 back to 20 ahead. Absent for anything else, for a year of three digits, which is a slip, and for
-    /// a day that does not exist.
+    /// a year from 79 back to 20 ahead. Absent for anything else, for a year of three digits, which is a typing error,
+    /// and for a day that does not exist.
     [[nodiscard]] std::optional<QBDate> parse(QStringView text) const;
 
     /// The number of characters of `text` that are neither digits nor separators, so that no date can hold them.

@@ -120,7 +120,7 @@ public:
     [[nodiscard]] quint32 uniqueID() const { return _uniqueID; }
     void setUniqueID(quint32 id) { _uniqueID = id; }
 
-    /// What a document without data holds: the standard categories and a paid-to list of ten.
+    /// Adds what a document without data has: the standard categories, and ten as the length of the paid-to list.
     void addDefaults();
     /// Removes all categories and transactions, starts over with the standard categories and saves. Sets stay.
     void reset_to_default_info();

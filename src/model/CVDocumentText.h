@@ -25,10 +25,10 @@ struct CVTextSlice {
     }
 };
 
-/// Memory for texts that are rendered one after the other: they lie side by side in one block until it is full.
+/// Memory for texts that are rendered one after the other: they are side by side in one block until it is full.
 class CVTextArena final {
 public:
-    /// Lets `write` (char* start -> char* end) put at most `bound` bytes and returns where they lie.
+    /// Lets `write` (char* start -> char* end) write at most `bound` bytes, and returns their slice.
     template <typename Writer>
     [[nodiscard]] CVTextSlice add(qsizetype bound, Writer write) {
         makeRoom(bound);

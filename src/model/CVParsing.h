@@ -13,12 +13,12 @@
 /// Attributes of an element as alternating names and values, ended by a null name; null when there are none.
 using CVXMLAttributes = const char* const*;
 
-/// What the parser of a data file offers to the record that it is filling.
+/// The functions of the parser of a data file that the record being filled may call.
 class CVParsingDelegate {
 public:
     /// Turns the collecting of character data on or off.
     virtual void setStoringCharacters(bool storing) = 0;
-    /// Everything up to the end of the element that `setUnknownTag` names is to be skipped.
+    /// Sets whether everything up to the end of the element that `setUnknownTag` names is skipped.
     virtual void setWorkingOnUnknownTag(bool unknown) = 0;
     virtual void setUnknownTag(const char* name) = 0;
     /// The characters collected since the last call, which are then forgotten; null when they are not valid UTF-8.

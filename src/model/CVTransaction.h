@@ -70,7 +70,8 @@ private:
     void readData(CVXMLAttributes attributes);
     [[nodiscard]] char* write(char* out) const;
 
-    /// An order key of QBDate. This field and the next are what walks over all transactions read, so they lie together.
+    /// An order key of QBDate. This field and the next are what walks over all transactions read, so they are side by
+    /// side.
     qint64 mEffectiveDate = QBDate::orderKey(std::nullopt);
     double mAmount = 0;
     quint32 mCategoryID = 0;

@@ -14,7 +14,7 @@ namespace {
 using Transactions = CVDocument::Transactions;
 
 /// The keys below hold what one order needs of a transaction, side by side in memory: comparing the transactions
-/// themselves takes three to eight times as long. `before` says whether a stands before b in ascending order.
+/// themselves takes three to eight times as long. `before` says whether a comes before b in ascending order.
 
 /// The rank of a name or a text; a missing one equals every other.
 struct RankKey {

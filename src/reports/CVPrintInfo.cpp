@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Unicode CLDR, "US-Letter".
+/// The territories whose usual paper is "US-Letter" in the Unicode CLDR.
 constexpr std::array<QLocale::Territory, 14> kLetterTerritories{
     QLocale::Belize,     QLocale::Canada,     QLocale::Chile,        QLocale::Colombia, QLocale::CostaRica,
     QLocale::Guatemala,  QLocale::Mexico,     QLocale::Nicaragua,    QLocale::Panama,   QLocale::Philippines,

@@ -24,10 +24,10 @@ struct CVPrintInfo {
     /// The size in points, in the page's orientation.
     [[nodiscard]] QSizeF paperSize() const;
 
-    /// For the toolkit's panels, which show the margins.
+    /// The layout for the toolkit's panels, which show the margins.
     [[nodiscard]] QPageLayout pageLayout() const;
     void setPageLayout(const QPageLayout& layout);
-    /// For a device on which the whole sheet is painted.
+    /// The layout for a device on which the whole sheet is painted.
     [[nodiscard]] QPageLayout wholeSheet() const;
 
     bool operator==(const CVPrintInfo&) const = default;

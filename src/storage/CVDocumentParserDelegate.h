@@ -56,8 +56,9 @@ public:
     [[nodiscard]] bool isEncrypted() const { return _co_encrypted; }
     /// Decrypts nothing: tells whether plain bytes are present.
     [[nodiscard]] bool decryptWithKey(const QString& key) const;
-    /// Parses the kept bytes into the document. Without any it resets the document to its defaults and succeeds;
-    /// malformed XML also resets it (both save) and fails with a message, and so does a parser without a document.
+    /// Parses the kept bytes into the document. Without bytes it resets the document to its defaults, which saves it,
+    /// and succeeds. Malformed XML also resets and saves the document, but fails with a message. A parser without a
+    /// document fails.
     bool parseDocumentData();
     /// The reason of a failure that a person can read, with the line number where there is one; empty without failure.
     [[nodiscard]] const QString& errorMessage() const { return mErrorMessage; }

@@ -83,7 +83,7 @@ private:
     bool mHasAbsurdElement = false;
     /// Absent until there are enough bytes to tell the encoding.
     std::optional<QStringDecoder> mDecoder;
-    /// Whether every byte below 128 is the character of that number.
+    /// Whether every byte below 128 is the character of that number, as in UTF-8.
     bool mIsPlain = false;
     bool mIsUtf32 = false;
     bool mWithinCharacter = false;

@@ -16,7 +16,7 @@ struct CVUpdateService {
 
 enum class CVSystemInfo : bool { Left, Included };
 
-/// The address that is fetched, with the parameters that say who asks.
+/// The address of an update check, with the parameters that name the program and, when included, describe the system.
 [[nodiscard]] QUrl CVMakeUpdateAddress(const CVUpdateService& service, CVSystemInfo systemInfo);
 
 enum class QBURLParam : bool { Further, First };
