@@ -101,7 +101,7 @@ void CVUpdateController::upgrade(const CVUpdateEntry& offer) {
 
 void CVUpdateController::request(CVUpdateCheck& check) const {
     const bool includeSysInfo = mDefaults.boolForKey(CVDefaultsKeys::kIncludeSysInfo);
-    check.start(CVMakeUpdateAddress(mService, includeSysInfo ? CVSystemInfo::Included : CVSystemInfo::Left),
+    check.start(CVMakeUpdateAddress(mService, includeSysInfo ? CVSystemInfo::Included : CVSystemInfo::Omitted),
                 kName + '/' + mService.version);
 }
 

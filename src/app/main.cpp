@@ -192,7 +192,7 @@ int runWindow(int& argc, char** argv, const QStringList& files) {
 } // namespace
 
 int main(int argc, char** argv) {
-    CVStandardStreams::occupy();
+    CVStandardStreams::openClosedStreams();
     nameApplication();
     QStringList arguments;
     for (int i = 0; i < argc; ++i)

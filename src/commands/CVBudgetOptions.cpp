@@ -156,7 +156,7 @@ bool CVBudgetOptions::writesToStandardOutput() const {
     return !output || *output == QLatin1String(CVStandardStreams::kName);
 }
 
-int CVBudgetOptions::outputWritten(const std::optional<QString>& failure, QTextStream& errors) const {
+int CVBudgetOptions::tellOutcome(const std::optional<QString>& failure, QTextStream& errors) const {
     if (!failure)
         return 0;
     return fail(errors, BudgetOptionsText::tr("\"%1\" could not be written: %2")

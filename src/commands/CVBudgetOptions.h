@@ -36,7 +36,7 @@ struct CVBudgetOptions : CVDataOptions {
     void chooseRange(CVTransactionList& list, const CVDocument& document) const;
     [[nodiscard]] bool writesToStandardOutput() const;
     /// The exit status after writing to `output`: 0 where `failure` is absent, else 1 after one line on `errors`.
-    [[nodiscard]] int outputWritten(const std::optional<QString>& failure, QTextStream& errors) const;
+    [[nodiscard]] int tellOutcome(const std::optional<QString>& failure, QTextStream& errors) const;
 
     /// Writes one line for the user; returns the exit status 1.
     static int fail(QTextStream& errors, const QString& message);

@@ -5,7 +5,7 @@
 namespace {
 
 /// The days from `first` to the last one of the given number of years and months.
-CVDayRange until(const QBDate& first, int years, int months) {
+CVDayRange daysFrom(const QBDate& first, int years, int months) {
     return {first, first.dateByAddingYears(years, months, -1)};
 }
 
@@ -33,5 +33,5 @@ std::optional<CVDayRange> CVDaysOfText(const QString& text, const QBDate& today)
         return std::nullopt;
     if (!day.isEmpty())
         return CVDayRange{*first, *first};
-    return month.isEmpty() ? until(*first, 1, 0) : until(*first, 0, 1);
+    return month.isEmpty() ? daysFrom(*first, 1, 0) : daysFrom(*first, 0, 1);
 }

@@ -84,5 +84,5 @@ int CVRunExport(const CVExportRequest& request, QTextStream& errors) {
     const auto text = CVMakeExportText(list.displayTransactions());
     if (request.writesToStandardOutput())
         return CVStandardStreams::write(*text, budget.dataFiles(), errors);
-    return request.outputWritten(CVWriteExport(*request.output, *text, budget.dataFiles()), errors);
+    return request.tellOutcome(CVWriteExport(*request.output, *text, budget.dataFiles()), errors);
 }

@@ -73,7 +73,7 @@ QString readKind(const QStringList& arguments, CVReportRequest& request) {
 
 /// Refuses an option that would change nothing in this report, because the user expects an effect; empty when there is
 /// none.
-QString idleOption(const QCommandLineParser& parser, CVReportType type) {
+QString refuseIdleOption(const QCommandLineParser& parser, CVReportType type) {
     const bool isSummary = type == CVReportType::Summary;
     for (const char* const option : {"range", "to"}) {
         if (isSummary && parser.isSet(QLatin1String(option)))
@@ -99,7 +99,7 @@ QString readArguments(const QStringList& arguments, CVReportRequest& request) {
         return {};
     QString problem = readKind(parser.positionalArguments(), request);
     if (problem.isEmpty())
-        problem = idleOption(parser, request.type);
+        problem = refuseIdleOption(parser, request.type);
     if (problem.isEmpty())
         problem = request.read(parser);
     return problem.isEmpty() ? CVReadOptions<CVReportRequest>(parser, kOptions, request) : problem;
@@ -136,8 +136,8 @@ int writePDF(std::unique_ptr<const CVReport> report, const CVReportRequest& requ
     const CVReportView view(std::move(report), printInfo);
     const CVPageRange pages = CVPageRange::all(view);
     if (request.writesToStandardOutput())
-        return CVStandardStreams::written(CVWriteReport(STDOUT_FILENO, view, pages, spared), errors);
-    return request.outputWritten(CVWriteReportFile(*request.output, view, pages, {}, spared), errors);
+        return CVStandardStreams::tellOutcome(CVWriteReport(STDOUT_FILENO, view, pages, spared), errors);
+    return request.tellOutcome(CVWriteReportFile(*request.output, view, pages, {}, spared), errors);
 }
 
 } // namespace

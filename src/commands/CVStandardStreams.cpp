@@ -11,7 +11,7 @@
 
 namespace CVStandardStreams {
 
-void occupy() {
+void openClosedStreams() {
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         if (::fcntl(stream, F_GETFD) >= 0)
             continue;
@@ -23,14 +23,14 @@ void occupy() {
 }
 
 int write(const CVFileContent& content, const QStringList& spared, QTextStream& errors) {
-    return written(CVWriteOutput(STDOUT_FILENO, content, spared), errors);
+    return tellOutcome(CVWriteOutput(STDOUT_FILENO, content, spared), errors);
 }
 
 int write(const QByteArray& text, const QStringList& spared, QTextStream& errors) {
     return write([&text](QIODevice& output) { return output.write(text) == text.size(); }, spared, errors);
 }
 
-int written(const std::optional<QString>& failure, QTextStream& errors) {
+int tellOutcome(const std::optional<QString>& failure, QTextStream& errors) {
     if (!failure)
         return 0;
     CVWriteErrorLine(

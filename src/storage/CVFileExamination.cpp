@@ -142,16 +142,16 @@ void CVFileExamination::readOpening(char16_t c) {
     if (mState == State::Opened)
         return open(c);
     if (c == u'<') {
-        leaveOff();
+        stopSkipping();
         mState = State::Opened;
     } else if (mState == State::Marked) {
         if (mMaySkip && (c == kComment.start.front() || c == kSection.start.front()))
             expect(c == kComment.start.front() ? kComment : kSection);
         else
-            leaveOff();
+            stopSkipping();
     } else if (mState == State::Matching) {
         if (c != mSkippable->start[mMatched])
-            leaveOff();
+            stopSkipping();
         else if (++mMatched == mSkippable->start.size())
             mState = State::Skipped;
     } else if (c == u'>') {
@@ -174,7 +174,7 @@ void CVFileExamination::open(char16_t c) {
         if (isFirst)
             mState = State::Declaration;
         else
-            leaveOff();
+            stopSkipping();
         break;
     case u'/':
         mState = State::Text;
@@ -205,7 +205,7 @@ void CVFileExamination::readInTag(char16_t c) {
 
 void CVFileExamination::readSkipped(char16_t c) {
     if (isForbidden(c) || ++mSkipped > kLongestSkipped)
-        return leaveOff();
+        return stopSkipping();
     if (c == u'>' && mMarks >= kEndMarks)
         mState = State::Text;
     mMarks = c == mSkippable->endMark ? mMarks + 1 : 0;
@@ -220,7 +220,7 @@ void CVFileExamination::expect(const Skippable& skippable) {
     mSkipped = 0;
 }
 
-void CVFileExamination::leaveOff() {
+void CVFileExamination::stopSkipping() {
     mState = State::Text;
     mMaySkip = false;
 }

@@ -74,7 +74,7 @@ private:
     void readInTag(char16_t c);
     void readSkipped(char16_t c);
     void expect(const Skippable& skippable);
-    void leaveOff();
+    void stopSkipping();
 
     /// The first bytes, `kFewestBytes` at most.
     QByteArray mStart;

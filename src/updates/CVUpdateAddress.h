@@ -14,7 +14,7 @@ struct CVUpdateService {
     [[nodiscard]] static CVUpdateService ofBundle();
 };
 
-enum class CVSystemInfo : bool { Left, Included };
+enum class CVSystemInfo : bool { Omitted, Included };
 
 /// The address of an update check, with the parameters that name the program and, when included, describe the system.
 [[nodiscard]] QUrl CVMakeUpdateAddress(const CVUpdateService& service, CVSystemInfo systemInfo);

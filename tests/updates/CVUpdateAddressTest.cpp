@@ -19,7 +19,7 @@ TEST(CVUpdateAddress, TheFirstParameterHasAQuestionMarkAndTheOthersAnAmpersand) 
 }
 
 TEST(CVUpdateAddress, SaysWhoAsksAndNoMore) {
-    const QUrl address = CVMakeUpdateAddress(kService, CVSystemInfo::Left);
+    const QUrl address = CVMakeUpdateAddress(kService, CVSystemInfo::Omitted);
     const QUrlQuery query(address);
     QStringList names;
     for (const auto& [name, value] : query.queryItems())
