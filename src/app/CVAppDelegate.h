@@ -92,7 +92,7 @@ private:
     void handleSaveFinished(const CVSaveOutcome& outcome);
     void showWhetherSaved(const CVLoadReport& report) const;
     void tellAboutReading(const CVLoadReport& report);
-    /// Waits for the last save; true if the file holds everything that was entered.
+    /// Waits for the last save; whether everything that was entered is in the file.
     [[nodiscard]] bool saveAtLast();
     /// Whether the window may close: not while changes would be lost, unless the user agrees.
     [[nodiscard]] bool mayClose();

@@ -47,7 +47,7 @@ void CVAppDelegate::keepEverything() {
     (void)saveAtLast();
 }
 
-/// A save that failed is tried once more: the disk may have room again, and what was entered since is in no file.
+/// A failed save is tried once more, because the disk may have room again and the latest entries are in no file.
 bool CVAppDelegate::saveAtLast() {
     if (mFile.saves().waitForFinished().saved)
         return true;

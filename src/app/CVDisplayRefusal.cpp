@@ -12,14 +12,14 @@
 
 namespace {
 
-/// The toolkit's handler of messages takes no context.
+/// The state of CVDisplayRefusal, which is global because the toolkit's message handler takes no context.
 struct Refusal {
     QString sentence;
     int status = 0;
     std::function<void()> cleanUp;
     QByteArrayList remarks;
     QtMessageHandler former = nullptr;
-    /// The toolkit also remarks from threads of its own.
+    /// The toolkit also writes messages from its own threads.
     QMutex mutex;
 };
 
@@ -41,7 +41,7 @@ void keepOrEnd(QtMsgType type, const QMessageLogContext& context, const QString&
     }
     qInstallMessageHandler(asked.former);
     asked.cleanUp();
-    // What the toolkit has half made cannot be taken down.
+    // The process ends without destructors, because the toolkit is only half constructed.
     std::_Exit(asked.status);
 }
 

@@ -38,7 +38,7 @@ public:
     /// and tells the outcome, unless the user cancels. Returns at once.
     void checkNow(QWidget& asker);
 
-    /// Opens a web page or a mail. `asker` is the window to which the opener tells a failure.
+    /// Opens a web page or a mail for the window `asker`.
     void openAddress(const QUrl& address, QWidget* asker);
 
 signals:

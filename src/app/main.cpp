@@ -93,7 +93,7 @@ QString ownDataFile() {
     return own.value_or(QString());
 }
 
-/// Files that a file manager, say, wants opened, or what was meant to be a command.
+/// Refuses arguments that are files, which for instance a file manager wants opened, or a misspelt command.
 void refuseFiles(const QStringList& files) {
     QTextStream errors(stderr);
     const QString named = u'"' + files.join(QStringLiteral("\", \"")) + u'"';
@@ -104,7 +104,7 @@ void refuseFiles(const QStringList& files) {
     CVWriteErrorLine(errors, refusal.arg(named, QDir::toNativeSeparators(ownDataFile())));
 }
 
-/// `why` is put before what does without a display.
+/// `why` comes before the hint at the commands that need no display.
 QString withoutDisplay(const QString& why) {
     return QCoreApplication::translate("main", "%1; the commands that \"corvella --help\" lists need none").arg(why);
 }
@@ -151,7 +151,7 @@ int runOnlyWindow(CVRunningInstance& running, CVAlerts& alerts) {
     return status;
 }
 
-/// Where the display that is named does not answer, the program ends here.
+/// The program ends here when the named display does not answer.
 std::unique_ptr<QApplication> connectToDisplay(int& argc, char** argv, bool isRefused) {
     std::optional<CVRuntimeFolder> runtimeFolder(std::in_place);
     const CVDisplayRefusal refusal(isRefused ? QString()
@@ -167,11 +167,11 @@ int runWindow(int& argc, char** argv, const QStringList& files) {
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/corvella.png")));
     QGuiApplication::setDesktopFileName(QStringLiteral("corvella"));
     if (!files.isEmpty()) {
-        // Somebody who has double-clicked the file sees no standard error.
+        // A user who has double-clicked the file sees no standard error.
         alerts.run(nullptr, CVStartMessages::notOpened(files, ownDataFile()));
         return kUsageError;
     }
-    // An option of another platform than the one that the toolkit has chosen.
+    // An argument that is left here is an option of another platform than the one that the toolkit has chosen.
     if (const QStringList rest = QCoreApplication::arguments().mid(1); !rest.isEmpty()) {
         QTextStream errors(stderr);
         return refuse(errors, QCoreApplication::translate("main", "there is no option \"%1\"").arg(rest.constFirst()));

@@ -167,7 +167,7 @@ QString xml_storableText(const QString& text) {
 
 QString xml_storableLine(const QString& text) {
     QString storable = xml_storableText(text);
-    // Not through begin(), which would turn a null text into an empty one.
+    // begin() would turn a null text into an empty one.
     if (std::none_of(storable.cbegin(), storable.cend(), isLineBreak))
         return storable;
     QString line(QLatin1String(""));

@@ -18,7 +18,7 @@ struct CVCommandLine {
     QString command = {};
     /// Why the arguments are refused.
     QString problem = {};
-    /// What the window is to open: files, or what was meant to be a command.
+    /// The arguments that are left for the window: files to open, or a misspelt command.
     QStringList files = {};
     CVExportRequest exportRequest = {};
     CVReportRequest reportRequest = {};

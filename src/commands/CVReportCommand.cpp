@@ -105,7 +105,7 @@ QString readArguments(const QStringList& arguments, CVReportRequest& request) {
     return problem.isEmpty() ? CVReadOptions<CVReportRequest>(parser, kOptions, request) : problem;
 }
 
-/// Fills the contents as the window has them when it prints, for the given days and periods, with the newest
+/// Lists and computes the data that the window has when it prints, for the given days and periods, with the newest
 /// transactions first. The given range applies to the list when the list is printed; otherwise it applies to the
 /// reports, and the list holds the whole set.
 void fill(CVBudgetContents& contents, const CVDocument& document, const CVReportRequest& request) {

@@ -4,12 +4,12 @@
 #include "contents/CVReportContents.h"
 #include "contents/CVTransactionList.h"
 
-/// All that the main window shows of the current set, and that reports are made of: the list, the grid and the figures
-/// of the reports. The grid and the figures are those of their last reload. Whoever shows or prints them reloads them
-/// first: with 100,000 transactions that takes a few milliseconds, so that nobody notes what has changed since.
+/// The contents of the main window and of reports for the current set: the list, the grid and the figures of the
+/// reports. The grid and the figures are those of their last reload. Reload them before showing or printing them; no
+/// changes are tracked, because a reload with 100,000 transactions takes only a few milliseconds.
 class CVBudgetContents final {
 public:
-    /// Nothing is listed or computed yet. The user defaults of the document say where the periods of the grid lie.
+    /// Lists and computes nothing yet. The user defaults of the document decide where the periods of the grid begin.
     /// `document` outlives the object; `periodType` is 0 to 3.
     CVBudgetContents(CVDocument& document, const QBDate& today, int periodType);
 
@@ -20,7 +20,7 @@ public:
     [[nodiscard]] CVReportContents& reports() { return mReports; }
     [[nodiscard]] const CVReportContents& reports() const { return mReports; }
 
-    /// Gives the list and the reports the ranges that their presets stand for; both show them after a rebuild or a
+    /// Sets the ranges of the list and of the reports from their presets; they take effect with the next rebuild or
     /// reload.
     void setRangesFromPresets();
     /// Compute from all transactions of the list, whatever range or search it shows.

@@ -35,6 +35,6 @@ struct CVEntryProblem {
 /// trimmed: blanks count as a text.
 [[nodiscard]] std::optional<CVEntryProblem> CVFirstProblemOfEntry(const CVEntry& entry);
 
-/// Puts an entry that has no problem into the document's current set, with its category, which is made where there is
-/// none of that name. Nothing is saved.
+/// Adds an entry without problems to the document's current set; makes the category when there is none of that name.
+/// Does not save.
 std::shared_ptr<CVTransaction> CVInsertEntry(CVDocument& document, const CVEntry& entry);

@@ -35,7 +35,7 @@ public:
     void setSaver(CVDocumentSaver* saver) { mSaver = saver; }
     /// Begins to save the present state and returns true at once.
     bool workbookSave();
-    /// Where a budget lies or is to be kept: no output may take these places. None without a saver.
+    /// The paths at which a budget is or will be saved, which no output may take. Empty without a saver.
     [[nodiscard]] QStringList dataFiles() const;
 
     [[nodiscard]] QBNotificationCenter& notificationCenter() const { return mNotificationCenter; }

@@ -9,7 +9,7 @@ class CVDocumentSaver {
 public:
     /// Begins to save the document's present state and returns true at once; the outcome is announced by the saver.
     virtual bool workbookSave(CVDocument& document) = 0;
-    /// Where a budget lies or is to be kept: no output may take these places.
+    /// The paths at which a budget is or will be saved, which no output may take.
     [[nodiscard]] virtual QStringList dataFiles() const = 0;
 
 protected:

@@ -12,5 +12,5 @@ struct CVMadeReport {
     QString refusal;
 };
 
-/// Makes the report of the list as it is displayed, of the grid or of the figures as they were last reloaded.
+/// Makes a report of the displayed list, or of the grid or the figures of the last reload.
 [[nodiscard]] CVMadeReport CVMakeReport(CVReportType type, const CVBudgetContents& contents);

@@ -21,10 +21,10 @@ public:
 
     [[nodiscard]] bool isTooShort() const { return mStart.size() < kFewestBytes; }
     [[nodiscard]] bool looksEncrypted() const;
-    /// Whether the text holds the character NUL. In UTF-16, where half of the bytes of most characters are NUL, only a
-    /// whole character counts.
+    /// Whether the text holds a NUL. In UTF-16, where half of a character is often a zero byte, only a whole character
+    /// counts.
     [[nodiscard]] bool holdsNul() const { return mDecoder && !mIsPlain ? mHoldsNulCharacter : mHoldsNulByte; }
-    /// libxml2 does not read this encoding and takes the file for an empty one.
+    /// libxml2 does not read UTF-32 and takes such a file for an empty one.
     [[nodiscard]] bool isUtf32() const { return mIsUtf32; }
     /// Whether a start tag has more than `kMostAttributes` attributes. Text that looks like a start tag does not count
     /// within a comment or a marked section. From the first of these places on it counts there too, because libxml2 may

@@ -100,7 +100,7 @@ CVFileResult linkOrCopy(const QString& from, const QString& to) {
     return linked ? CVFileResult() : copyTo(from, to);
 }
 
-/// Whoever tells it names `path` already; `real` is named where a link leads to it.
+/// The message that holds this text already names `path`, so `real` is named only when a link leads to it.
 CVKeptCopy refuse(const QString& path, const QString& real, const QString& reason) {
     const QString what =
         QFileInfo(path).absoluteFilePath() == real

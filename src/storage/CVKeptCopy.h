@@ -5,7 +5,7 @@
 #include <QDateTime>
 
 /// The outcome of keeping the file or folder at a path: where it is now (empty when there was nothing to keep), or why
-/// it could not be kept, in a sentence that names the file only if a link leads to it.
+/// it could not be kept, in a sentence that names the file only when a link leads to it.
 struct CVKeptCopy {
     QString path;
     CVFileResult result;

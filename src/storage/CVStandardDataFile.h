@@ -20,8 +20,8 @@ enum class CVLookForExisting : bool { No, Yes };
 /// Absent when there is neither.
 [[nodiscard]] std::optional<QString> CVPathForSaving(const CVStandardFolders& folders, const QBUserDefaults& defaults);
 
-/// The user's own data file and the place where it is to be saved, without making or storing anything: no output may
-/// take their places.
+/// The paths of the user's own data file and of the place where it is to be saved, which no output may take. Makes and
+/// stores nothing.
 [[nodiscard]] QStringList CVOwnDataFiles(const CVStandardFolders& folders, const QBUserDefaults& defaults);
 
 /// Where the data file is (Yes, for opening) or is to be (No, for saving). Opening tries the preference "Data File
