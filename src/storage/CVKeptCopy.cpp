@@ -122,10 +122,10 @@ CVKeptCopy CVKeptCopy::keepUnreadable(const QString& place, const QDateTime& now
     // A file that cannot be read is moved instead of linked, because the new file would inherit its mode.
     kept.moved = !file.isFile() || !file.isReadable();
     if (kept.path.isEmpty())
-        return refuse(path, real, QCoreApplication::translate("CVKeptCopy", "too many are kept there already"));
+        return refuse(place, real, QCoreApplication::translate("CVKeptCopy", "too many are kept there already"));
     const CVFileResult keeping = kept.moved ? moveTo(real, kept.path) : linkOrCopy(real, kept.path);
     if (!keeping.ok())
-        return refuse(path, real, keeping.error);
+        return refuse(place, real, keeping.error);
     kept.result = CVSyncFolder(file.absolutePath());
     return kept;
 }

@@ -5,7 +5,7 @@
 #include "editors/CVTransactionWindowModel.h"
 #include "editors/EditorFixture.h"
 #include "kit/DefaultLocale.h"
-#include "widgets/CVAttentionColour.h"
+#include "widgets/CVAttentionColourOn.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -57,7 +57,7 @@ TEST_F(CVTransactionWindowControllerTest, ADifferenceIsRedWhereItReadsAsNegative
         open();
         EXPECT_EQ(textOf("mDiffereceField"), text);
         const QColor colour = find<QLineEdit>("mDiffereceField")->palette().color(QPalette::Text);
-        EXPECT_EQ(colour == CVAttentionColour(window().palette(), QPalette::Window), red) << target;
+        EXPECT_EQ(colour == CVAttentionColourOn(window().palette(), QPalette::Window), red) << target;
     }
 }
 

@@ -103,7 +103,7 @@ TEST_F(CVKeptCopyTest, failsWhenAHundredNamesAreTaken) {
               "the unreadable file there could not be kept beside it: too many are kept there already");
     const QString link = mHome.path(QStringLiteral("link"));
     makeLink(mPath, link);
-    const QString behindLink = CVKeepUnreadable(link, kNow).result.error;
+    const QString behindLink = CVKeptCopy::keepUnreadable(link, kNow).result.error;
     EXPECT_TRUE(behindLink.startsWith("the unreadable file “" + mPath + "” could not")) << behindLink.toStdString();
     EXPECT_EQ(readFile(mPath), "unreadable");
     EXPECT_EQ(namesIn(mFolder).size(), 101);
