@@ -4,7 +4,7 @@
 
 #include <benchmark/benchmark.h>
 
-void CVWalkPlainly(const CVDocument::Transactions& transactions) {
+void CVWalkPlainly(const CVTransactions& transactions) {
     double amounts = 0;
     quint64 categories = 0;
     qint64 days = 0;

@@ -4,4 +4,4 @@
 
 /// The yardstick of work on all transactions: one plain walk that reads the category, the date and the amount of each
 /// record.
-void CVWalkPlainly(const CVDocument::Transactions& transactions);
+void CVWalkPlainly(const CVTransactions& transactions);

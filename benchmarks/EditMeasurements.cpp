@@ -12,7 +12,7 @@ namespace {
 void measureRemoveList(benchmark::State& state, std::size_t transactions, std::size_t count) {
     CVBudgetFixture fixture(transactions);
     CVDocument& document = fixture.document();
-    CVDocument::Transactions selected;
+    CVTransactions selected;
     for (std::size_t i = 0; i < count; ++i)
         selected.push_back(document.transactions()[i * transactions / count]);
     CVComparison comparison;

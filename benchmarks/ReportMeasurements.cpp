@@ -121,7 +121,7 @@ void CVMeasurePagination(benchmark::State& state, std::size_t transactions) {
     CVBudgetFixture fixture(transactions);
     CVPrintInfo printInfo;
     std::unique_ptr<const CVReportView> view;
-    CVDocument::Transactions printed;
+    CVTransactions printed;
     CVComparison comparison;
     comparison.clock = CVClock::Thread;
     comparison.reset = [&] {

@@ -1,5 +1,6 @@
 #include "app/CVAppDelegate.h"
 #include "editors/CVEditorWindow.h"
+#include "model/CVDocument.h"
 #include "preferences/CVPreferenceWindowController.h"
 #include "widgets/tables/CVCommitOpenEditor.h"
 #include "workspace/CVMainWindowController.h"

@@ -22,6 +22,6 @@ void CVEditorWindows::createTransactionSetController() {
     CVTransactionSetController(mDocument, mAlerts, mHelp, &mMainWindow).exec();
 }
 
-void CVEditorWindows::createTransactionController(const CVDocument::Transactions& transactions) {
+void CVEditorWindows::createTransactionController(const CVTransactions& transactions) {
     CVTransactionWindowController(mDocument, transactions, &mMainWindow).exec();
 }

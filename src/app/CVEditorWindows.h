@@ -4,6 +4,7 @@
 
 #include <functional>
 
+class CVDocument;
 class CVAlerts;
 class CVHelpOpener;
 class QWidget;
@@ -18,7 +19,7 @@ public:
 
     void createCategoryEditController() override;
     void createTransactionSetController() override;
-    void createTransactionController(const CVDocument::Transactions& transactions) override;
+    void createTransactionController(const CVTransactions& transactions) override;
     void createPreferenceController() override { mShowPreferences(); }
 
 private:

@@ -20,7 +20,7 @@ struct Days {
 
 } // namespace
 
-CVBudgetGrid::CVBudgetGrid(const CVDocument::Transactions& transactions, std::span<const quint32> rowCategoryIDs,
+CVBudgetGrid::CVBudgetGrid(const CVTransactions& transactions, std::span<const quint32> rowCategoryIDs,
                            std::span<const CVDayRange> columns, const CVDayRange& total)
     : mColumns(columns.size())
     , mSlots(rowCategoryIDs)

@@ -2,7 +2,7 @@
 
 #include "budget/CVCategorySlots.h"
 #include "budget/CVDayRange.h"
-#include "model/CVDocument.h"
+#include "model/CVCollections.h"
 
 #include <optional>
 #include <span>
@@ -15,7 +15,7 @@
 class CVBudgetGrid final {
 public:
     /// `total` is the range of the row totals: from the first column's start to the last one's end.
-    CVBudgetGrid(const CVDocument::Transactions& transactions, std::span<const quint32> rowCategoryIDs,
+    CVBudgetGrid(const CVTransactions& transactions, std::span<const quint32> rowCategoryIDs,
                  std::span<const CVDayRange> columns, const CVDayRange& total);
 
     [[nodiscard]] std::size_t rows() const { return mRowSlots.size(); }

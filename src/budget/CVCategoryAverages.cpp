@@ -136,16 +136,16 @@ void reset(CVCategory& category) {
     category.setBudgetExpenseFrequency(CVExpenseFrequency::kMonthly);
 }
 
-CVSpendingOfRange spendingOf(const CVCategory& category, const CVDocument::Transactions& transactions,
-                             const QBDate& startDate, const QBDate& endDate) {
+CVSpendingOfRange spendingOf(const CVCategory& category, const CVTransactions& transactions, const QBDate& startDate,
+                             const QBDate& endDate) {
     const std::array<quint32, 1> id{category.uniqueID()};
     return {transactions, id, {startDate, endDate}};
 }
 
 } // namespace
 
-quint64 computeAveragesForArray(CVCategory& category, const CVDocument::Transactions& transactions,
-                                const QBDate& startDate, const QBDate& endDate) {
+quint64 computeAveragesForArray(CVCategory& category, const CVTransactions& transactions, const QBDate& startDate,
+                                const QBDate& endDate) {
     return computeAverages(category, spendingOf(category, transactions, startDate, endDate));
 }
 
@@ -185,17 +185,17 @@ void setDefaultAmounts(CVCategory& category, double amount) {
     category.setWeeklyPeriods(1);
 }
 
-double taxExpenseForCategoryFromTransactions(const CVCategory& category, const CVDocument::Transactions& transactions,
+double taxExpenseForCategoryFromTransactions(const CVCategory& category, const CVTransactions& transactions,
                                              const QBDate& startDate, const QBDate& endDate) {
     return spendingOf(category, transactions, startDate, endDate).of(category.uniqueID()).taxTotal;
 }
 
-quint64 taxItemsForCategoryFromTransactions(const CVCategory& category, const CVDocument::Transactions& transactions,
+quint64 taxItemsForCategoryFromTransactions(const CVCategory& category, const CVTransactions& transactions,
                                             const QBDate& startDate, const QBDate& endDate) {
     return spendingOf(category, transactions, startDate, endDate).of(category.uniqueID()).taxCount;
 }
 
-double computeAverageForTransactions(const CVCategory& category, const CVDocument::Transactions& transactions,
+double computeAverageForTransactions(const CVCategory& category, const CVTransactions& transactions,
                                      const QBDate& startDate, const QBDate& endDate) {
     return averagePerFrequency(category, spendingOf(category, transactions, startDate, endDate));
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "budget/CVDayRange.h"
-#include "model/CVDocument.h"
+#include "model/CVCollections.h"
 
 class CVCategory;
 class CVSpendingOfRange;
@@ -11,8 +11,8 @@ class CVSpendingOfRange;
 
 /// Fills the category's computed fields from its transactions in the range: total, averages per week, two weeks and
 /// month, periods, number, and the spending pattern. Returns the number of transactions.
-quint64 computeAveragesForArray(CVCategory& category, const CVDocument::Transactions& transactions,
-                                const QBDate& startDate, const QBDate& endDate);
+quint64 computeAveragesForArray(CVCategory& category, const CVTransactions& transactions, const QBDate& startDate,
+                                const QBDate& endDate);
 /// The same from spending that was added up for several categories at once.
 quint64 computeAverages(CVCategory& category, const CVSpendingOfRange& spending);
 
@@ -22,17 +22,16 @@ void setDefaultAmounts(CVCategory& category, double amount);
 
 /// The sum of the category's tax-flagged amounts, rounded to two places after every addition.
 [[nodiscard]] double taxExpenseForCategoryFromTransactions(const CVCategory& category,
-                                                           const CVDocument::Transactions& transactions,
-                                                           const QBDate& startDate, const QBDate& endDate);
+                                                           const CVTransactions& transactions, const QBDate& startDate,
+                                                           const QBDate& endDate);
 /// How many of the category's transactions are tax-flagged.
 [[nodiscard]] quint64 taxItemsForCategoryFromTransactions(const CVCategory& category,
-                                                          const CVDocument::Transactions& transactions,
-                                                          const QBDate& startDate, const QBDate& endDate);
+                                                          const CVTransactions& transactions, const QBDate& startDate,
+                                                          const QBDate& endDate);
 
 /// The category's spending divided by the whole periods of its own frequency in the range, rounded to two places; 0
 /// when the range holds none or the frequency is unknown.
-[[nodiscard]] double computeAverageForTransactions(const CVCategory& category,
-                                                   const CVDocument::Transactions& transactions,
+[[nodiscard]] double computeAverageForTransactions(const CVCategory& category, const CVTransactions& transactions,
                                                    const QBDate& startDate, const QBDate& endDate);
 /// The same from spending that was added up for several categories at once.
 [[nodiscard]] double averagePerFrequency(const CVCategory& category, const CVSpendingOfRange& spending);

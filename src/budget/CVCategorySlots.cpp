@@ -2,7 +2,7 @@
 
 #include "model/CVCategory.h"
 
-std::vector<quint32> CVIDsOfCategories(const CVDocument::Categories& categories) {
+std::vector<quint32> CVIDsOfCategories(const CVCategories& categories) {
     std::vector<quint32> ids;
     ids.reserve(categories.size());
     for (const auto& category : categories)

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "model/CVDocument.h"
+#include "model/CVCollections.h"
 #include "model/CVIDMap.h"
 
 #include <span>
 #include <vector>
 
 /// The IDs of the categories, in their order.
-[[nodiscard]] std::vector<quint32> CVIDsOfCategories(const CVDocument::Categories& categories);
+[[nodiscard]] std::vector<quint32> CVIDsOfCategories(const CVCategories& categories);
 
 /// Numbers the different IDs of some categories from 0 on, so that one walk over the transactions can add up all of
 /// these categories. Each walk makes its own.

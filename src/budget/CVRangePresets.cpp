@@ -1,5 +1,7 @@
 #include "budget/CVRangePresets.h"
 
+#include "model/CVDocument.h"
+
 #include <algorithm>
 #include <array>
 

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "budget/CVDayRange.h"
-#include "model/CVDocument.h"
+#include "model/CVCollections.h"
 
 #include <optional>
+
+class CVDocument;
 
 /// The latest day that the user may enter as the end of a range: today, or the document's latest transaction date when
 /// that is later.

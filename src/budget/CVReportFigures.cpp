@@ -40,7 +40,7 @@ double comparisonValue(const CVCategory& category) {
 
 } // namespace
 
-CVReportFigures::CVReportFigures(const CVDocument::Transactions& transactions, const CVDocument::Categories& categories,
+CVReportFigures::CVReportFigures(const CVTransactions& transactions, const CVCategories& categories,
                                  const CVDayRange& range)
     : mSpending(transactions, CVIDsOfCategories(categories), range) {
     for (const auto& category : categories)

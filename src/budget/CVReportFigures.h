@@ -9,8 +9,7 @@ class CVCategory;
 /// itself. The figures do not follow later changes: a reload makes a new object.
 class CVReportFigures final {
 public:
-    CVReportFigures(const CVDocument::Transactions& transactions, const CVDocument::Categories& categories,
-                    const CVDayRange& range);
+    CVReportFigures(const CVTransactions& transactions, const CVCategories& categories, const CVDayRange& range);
 
     /// The number of the categories' transactions in the range.
     [[nodiscard]] quint64 numberOfTransactions() const { return mNumberOfTransactions; }

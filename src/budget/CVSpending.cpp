@@ -39,7 +39,7 @@ struct SpendingSoFar {
 
 } // namespace
 
-CVSpendingOfRange::CVSpendingOfRange(const CVDocument::Transactions& transactions, std::span<const quint32> categoryIDs,
+CVSpendingOfRange::CVSpendingOfRange(const CVTransactions& transactions, std::span<const quint32> categoryIDs,
                                      const CVDayRange& range)
     : mRange(range)
     , mSlots(categoryIDs) {

@@ -2,7 +2,7 @@
 
 #include "budget/CVCategorySlots.h"
 #include "budget/CVDayRange.h"
-#include "model/CVDocument.h"
+#include "model/CVCollections.h"
 
 #include <vector>
 
@@ -23,7 +23,7 @@ struct CVSpending {
 /// is bit for bit the same as from a walk for that category alone. Does not follow later changes.
 class CVSpendingOfRange final {
 public:
-    CVSpendingOfRange(const CVDocument::Transactions& transactions, std::span<const quint32> categoryIDs,
+    CVSpendingOfRange(const CVTransactions& transactions, std::span<const quint32> categoryIDs,
                       const CVDayRange& range);
 
     [[nodiscard]] const CVDayRange& range() const { return mRange; }

@@ -6,6 +6,7 @@
 #include "commands/CVReadOnlyBudget.h"
 #include "commands/CVStandardStreams.h"
 #include "contents/CVTransactionList.h"
+#include "model/CVDocument.h"
 #include "model/CVTransactionSet.h"
 
 #include <QCoreApplication>

@@ -2,6 +2,7 @@
 
 #include "commands/CVReadOnlyBudget.h"
 #include "commands/CVStandardStreams.h"
+#include "model/CVDocument.h"
 
 int CVRunCheck(const std::optional<QString>& dataFile, QTextStream& errors) {
     CVReadOnlyBudget budget;

@@ -1,6 +1,7 @@
 #include "contents/CVBudgetContents.h"
 
 #include "contents/CVBudgetRows.h"
+#include "model/CVDocument.h"
 
 CVBudgetContents::CVBudgetContents(CVDocument& document, const QBDate& today, int periodType)
     : mDocument(document)
@@ -22,6 +23,6 @@ void CVBudgetContents::reloadReports() {
     mReports.reload(mList.transactions(), categoryRows());
 }
 
-CVDocument::Categories CVBudgetContents::categoryRows() const {
+CVCategories CVBudgetContents::categoryRows() const {
     return buildCategoryArray(mDocument, CVReadShowUnused(mDocument.userDefaults()));
 }

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "base/QBDate.h"
 #include "contents/CVGridContents.h"
 #include "contents/CVReportContents.h"
 #include "contents/CVTransactionList.h"
+
+class CVDocument;
 
 /// The contents of the main window and of reports for the current set: the list, the grid and the figures of the
 /// reports. The grid and the figures are those of their last reload. Reload them before showing or printing them; no
@@ -28,7 +31,7 @@ public:
     void reloadReports();
 
 private:
-    [[nodiscard]] CVDocument::Categories categoryRows() const;
+    [[nodiscard]] CVCategories categoryRows() const;
 
     CVDocument& mDocument;
     /// The day on which the object was made, however long the window stays open.

@@ -4,9 +4,10 @@
 #include "base/QBUserDefaults.h"
 #include "budget/CVCategorySlots.h"
 #include "model/CVCategory.h"
+#include "model/CVDocument.h"
 #include "model/CVTransaction.h"
 
-CVDocument::Categories buildCategoryArray(const CVDocument& document, CVShowUnused showUnused) {
+CVCategories buildCategoryArray(const CVDocument& document, CVShowUnused showUnused) {
     if (showUnused == CVShowUnused::Yes)
         return document.categories();
     const CVCategorySlots categorySlots(CVIDsOfCategories(document.categories()));
@@ -18,7 +19,7 @@ CVDocument::Categories buildCategoryArray(const CVDocument& document, CVShowUnus
         if (slot != CVCategorySlots::kNone)
             used[slot] = 1;
     }
-    CVDocument::Categories rows;
+    CVCategories rows;
     for (const auto& category : document.categories()) {
         if (used[categorySlots.slotOf(category->uniqueID())])
             rows.push_back(category);

@@ -1,14 +1,15 @@
 #pragma once
 
-#include "model/CVDocument.h"
+#include "model/CVCollections.h"
 
+class CVDocument;
 class QBUserDefaults;
 
 enum class CVShowUnused : bool { No, Yes };
 
 /// The categories that form the rows of the grid and of the reports, in the document's order: those that a transaction
 /// of the current set uses, or all of them. Takes one walk over the transactions, whatever the number of categories.
-[[nodiscard]] CVDocument::Categories buildCategoryArray(const CVDocument& document, CVShowUnused showUnused);
+[[nodiscard]] CVCategories buildCategoryArray(const CVDocument& document, CVShowUnused showUnused);
 
 /// The preference "ShowUnusedCategories", of which only the low byte counts; 1 means yes, any other value no.
 [[nodiscard]] CVShowUnused CVReadShowUnused(const QBUserDefaults& defaults);

@@ -15,8 +15,8 @@ bool areDuplicates(const CVTransaction& a, const CVTransaction& b) {
 
 } // namespace
 
-CVDocument::Transactions CVFindDuplicates(const CVDocument::Transactions& transactions) {
-    CVDocument::Transactions found;
+CVTransactions CVFindDuplicates(const CVTransactions& transactions) {
+    CVTransactions found;
     for (std::size_t later = transactions.size(); later-- > 1;) {
         if (areDuplicates(*transactions[later - 1], *transactions[later]))
             found.push_back(transactions[later]);

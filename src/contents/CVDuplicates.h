@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/CVDocument.h"
+#include "model/CVCollections.h"
 
 #include <vector>
 
@@ -8,4 +8,4 @@
 /// "for" text, amount, category and date, so that one of each group remains. Texts and amounts are compared exactly; a
 /// missing text or date equals nothing, not even another missing one. The result is in order from the last pair to the
 /// first.
-[[nodiscard]] CVDocument::Transactions CVFindDuplicates(const CVDocument::Transactions& transactions);
+[[nodiscard]] CVTransactions CVFindDuplicates(const CVTransactions& transactions);

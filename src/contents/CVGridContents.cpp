@@ -15,7 +15,7 @@ CVGridContents::CVGridContents(const QBDate& today, int periodType, CVDisplayPer
     , mColumns(kMostColumns)
     , mGrid({}, {}, {}, {today, today}) {}
 
-void CVGridContents::reload(const CVDocument::Transactions& transactions, const CVDocument::Categories& rows) {
+void CVGridContents::reload(const CVTransactions& transactions, const CVCategories& rows) {
     mColumns.configure(static_cast<std::size_t>(mPeriods.numberOfColumnsForDisplayPeriod()));
     mRows = rows;
     mTransactions = &transactions;
@@ -44,7 +44,7 @@ bool CVGridContents::isEmpty() const {
     return true;
 }
 
-CVDocument::Transactions CVGridContents::transactionsOfCell(int row, int column) const {
+CVTransactions CVGridContents::transactionsOfCell(int row, int column) const {
     if (!isInside(row, column))
         return {};
     return ::transactionsOfCell(*mTransactions, rangeOfColumn(column), *mRows[static_cast<std::size_t>(row)]);

@@ -16,10 +16,10 @@ public:
 
     /// Computes all sums anew, in one walk over the transactions. References the transactions until the next reload, so
     /// they must outlive every question about them.
-    void reload(const CVDocument::Transactions& transactions, const CVDocument::Categories& rows);
-    void reload(CVDocument::Transactions&& transactions, const CVDocument::Categories& rows) = delete;
+    void reload(const CVTransactions& transactions, const CVCategories& rows);
+    void reload(CVTransactions&& transactions, const CVCategories& rows) = delete;
 
-    [[nodiscard]] const CVDocument::Categories& rows() const { return mRows; }
+    [[nodiscard]] const CVCategories& rows() const { return mRows; }
     /// The numbers, from 1 on, of the columns that are shown.
     [[nodiscard]] const std::vector<int>& columns() const { return mColumns.shown(); }
     [[nodiscard]] const CVBudgetGrid& grid() const { return mGrid; }
@@ -28,7 +28,7 @@ public:
 
     /// The transactions of a cell, in their order: those of the category with a date in the column's period. None
     /// outside the grid.
-    [[nodiscard]] CVDocument::Transactions transactionsOfCell(int row, int column) const;
+    [[nodiscard]] CVTransactions transactionsOfCell(int row, int column) const;
     /// The days of a column.
     [[nodiscard]] CVDayRange rangeOfColumn(int column) const;
     /// The number of transactions of which a sum consists: those of a category (null: of all) in a range of days.
@@ -39,8 +39,8 @@ private:
 
     CVDisplayPeriods mPeriods;
     CVGridColumns mColumns;
-    CVDocument::Categories mRows;
+    CVCategories mRows;
     CVBudgetGrid mGrid;
     /// The transactions of the last reload; null before the first one.
-    const CVDocument::Transactions* mTransactions = nullptr;
+    const CVTransactions* mTransactions = nullptr;
 };

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-void CVPaidToList::update(const CVDocument::Transactions& transactions, int numberOfItems) {
+void CVPaidToList::update(const CVTransactions& transactions, int numberOfItems) {
     mExpenseCreatedTransactionArray.clear();
     mPayees.clear();
     const auto limit = static_cast<std::size_t>(std::max(numberOfItems, 0));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/CVDocument.h"
+#include "model/CVCollections.h"
 
 #include <QSet>
 #include <QStringList>
@@ -10,14 +10,14 @@
 class CVPaidToList final {
 public:
     /// Fills the list anew with at most `numberOfItems` payees of `transactions`; with none for 0 or less.
-    void update(const CVDocument::Transactions& transactions, int numberOfItems);
+    void update(const CVTransactions& transactions, int numberOfItems);
 
-    [[nodiscard]] const CVDocument::Transactions& transactions() const { return mExpenseCreatedTransactionArray; }
+    [[nodiscard]] const CVTransactions& transactions() const { return mExpenseCreatedTransactionArray; }
     [[nodiscard]] QStringList payees() const;
 
 private:
     void addToExpensePopUp(const std::shared_ptr<CVTransaction>& transaction, std::size_t numberOfItems);
 
-    CVDocument::Transactions mExpenseCreatedTransactionArray;
+    CVTransactions mExpenseCreatedTransactionArray;
     QSet<QString> mPayees;
 };

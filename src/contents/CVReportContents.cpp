@@ -8,7 +8,7 @@ void CVReportContents::setRangeFromPreset(const QBDate& today, const CVDocument&
     mRange = rangeOfPreset(mReportPeriod, today, document).value_or(mRange);
 }
 
-void CVReportContents::reload(const CVDocument::Transactions& transactions, const CVDocument::Categories& rows) {
+void CVReportContents::reload(const CVTransactions& transactions, const CVCategories& rows) {
     mRows = rows;
     mFigures = CVReportFigures(transactions, rows, mRange);
     mTotalNumberOfTransactions = transactions.size();

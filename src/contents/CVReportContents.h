@@ -1,6 +1,9 @@
 #pragma once
 
+#include "base/QBDate.h"
 #include "budget/CVReportFigures.h"
+
+class CVDocument;
 
 /// The contents of the reports, on the screen or on paper: the range of days and its preset, the categories in rows and
 /// the figures of the last reload. Rows are counted from 0.
@@ -19,9 +22,9 @@ public:
     void setRangeFromPreset(const QBDate& today, const CVDocument& document);
 
     /// Computes everything anew, in one walk over the transactions; fills the rows' computed figures.
-    void reload(const CVDocument::Transactions& transactions, const CVDocument::Categories& rows);
+    void reload(const CVTransactions& transactions, const CVCategories& rows);
 
-    [[nodiscard]] const CVDocument::Categories& rows() const { return mRows; }
+    [[nodiscard]] const CVCategories& rows() const { return mRows; }
     [[nodiscard]] const CVReportFigures& figures() const { return mFigures; }
     /// The number of the rows' transactions in the range.
     [[nodiscard]] quint64 numberOfTransactions() const { return mFigures.numberOfTransactions(); }
@@ -30,7 +33,7 @@ public:
 private:
     int mReportPeriod = 0;
     CVDayRange mRange;
-    CVDocument::Categories mRows;
+    CVCategories mRows;
     CVReportFigures mFigures;
     quint64 mTotalNumberOfTransactions = 0;
 };

@@ -14,7 +14,7 @@ constexpr std::size_t kBetweenReports = 4096;
 
 } // namespace
 
-std::optional<QByteArray> CVMakeExportText(const CVDocument::Transactions& transactions,
+std::optional<QByteArray> CVMakeExportText(const CVTransactions& transactions,
                                            const std::function<bool(std::size_t done)>& progress) {
     using enum CVTransactionColumns::Column;
     const CVTransactionText texts;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/CVDocument.h"
+#include "model/CVCollections.h"
 
 #include <QByteArray>
 #include <QString>
@@ -14,7 +14,7 @@
 /// Dates and amounts are in the form of the locale in force; texts are written as they are. `progress` is called from
 /// time to time with the number of transactions that are done; answering false ends the export, and the result is
 /// absent.
-[[nodiscard]] std::optional<QByteArray> CVMakeExportText(const CVDocument::Transactions& transactions,
+[[nodiscard]] std::optional<QByteArray> CVMakeExportText(const CVTransactions& transactions,
                                                          const std::function<bool(std::size_t done)>& progress = {});
 
 /// Writes the text to a file; when that fails, the old file stays whole. Refuses to write one of the `spared` files.

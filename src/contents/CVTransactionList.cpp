@@ -5,6 +5,7 @@
 #include "base/QBUserDefaults.h"
 #include "budget/CVRangePresets.h"
 #include "contents/CVTransactionSearch.h"
+#include "model/CVDocument.h"
 #include "model/CVTransaction.h"
 #include "model/CVTransactionSort.h"
 
@@ -17,7 +18,7 @@ constexpr int kAscending = 0;
 constexpr int kDescending = 1;
 constexpr int kPresetAll = 0;
 
-CVTransactionList::Totals totalsOf(const CVDocument::Transactions& transactions) {
+CVTransactionList::Totals totalsOf(const CVTransactions& transactions) {
     double amount = 0;
     for (const auto& transaction : transactions)
         amount += transaction->amount();

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "budget/CVDayRange.h"
+#include "model/CVCollections.h"
 #include "model/CVCompareTransactions.h"
-#include "model/CVDocument.h"
 
 #include <QString>
+
+class CVDocument;
 
 /// Chooses the transactions for the table in three stages: all of the current set, those in the date range, and those
 /// that match the search, sorted. References the document, which outlives it.
@@ -55,9 +57,9 @@ public:
     [[nodiscard]] const CVTransactionSortContext& sortContext() const { return mTransactionSortContext; }
 
     /// Stage 1.
-    [[nodiscard]] const CVDocument::Transactions& transactions() const { return mTransactions; }
+    [[nodiscard]] const CVTransactions& transactions() const { return mTransactions; }
     /// Stage 3, which can hold a transaction twice.
-    [[nodiscard]] const CVDocument::Transactions& displayTransactions() const { return mDisplayTransactionArray; }
+    [[nodiscard]] const CVTransactions& displayTransactions() const { return mDisplayTransactionArray; }
     [[nodiscard]] Totals totals() const;
     [[nodiscard]] Totals displayTotals() const;
 
@@ -69,8 +71,8 @@ private:
     CVDayRange mRange;
     int mSearchType = 0;
     QString mSearchText;
-    CVDocument::Transactions mTransactions;
-    CVDocument::Transactions mDateSelectedTransactionArray;
-    CVDocument::Transactions mDisplayTransactionArray;
+    CVTransactions mTransactions;
+    CVTransactions mDateSelectedTransactionArray;
+    CVTransactions mDisplayTransactionArray;
     CVTransactionSortContext mTransactionSortContext;
 };

@@ -17,7 +17,7 @@ namespace {
 
 constexpr double kEqualWithin = 0.000001;
 
-using Rows = CVDocument::Transactions;
+using Rows = CVTransactions;
 
 struct SearchText {
     Q_DECLARE_TR_FUNCTIONS(CVTransactionSearch)
@@ -204,7 +204,6 @@ QString CVTitleOfSearchKind(int kind) {
     return isKind(kind) ? SearchText::tr(kSearchKinds[static_cast<std::size_t>(kind)].title) : QString();
 }
 
-CVDocument::Transactions searchTransactionsWithString(const CVDocument::Transactions& transactions, int kind,
-                                                      const QString& text) {
+CVTransactions searchTransactionsWithString(const CVTransactions& transactions, int kind, const QString& text) {
     return isKind(kind) ? kSearchKinds[static_cast<std::size_t>(kind)].search(transactions, text) : Rows();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/CVDocument.h"
+#include "model/CVCollections.h"
 
 #include <QString>
 
@@ -25,5 +25,5 @@ inline constexpr int kCVSearchKinds = 9;
 /// `text` without regard to case, or when it is missing. Amounts are compared with the number at the beginning of
 /// `text`, 0 when there is none. A flag that is set matches when `text` contains "Yes" or "On", and a flag that is not
 /// set when `text` contains "No" or "Off"; with both words the transaction is listed twice.
-[[nodiscard]] CVDocument::Transactions searchTransactionsWithString(const CVDocument::Transactions& transactions,
-                                                                    int kind, const QString& text);
+[[nodiscard]] CVTransactions searchTransactionsWithString(const CVTransactions& transactions, int kind,
+                                                          const QString& text);

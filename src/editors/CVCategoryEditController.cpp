@@ -7,6 +7,7 @@
 #include "editors/CVEditorTable.h"
 #include "editors/CVNameFault.h"
 #include "model/CVCategory.h"
+#include "model/CVDocument.h"
 #include "widgets/CVAlerts.h"
 
 #include <QPushButton>
@@ -57,7 +58,7 @@ void CVCategoryEditController::addCategory() {
 void CVCategoryEditController::removeCategory() {
     mCategoryEditTable->commitEdit();
     const std::vector<int> rows = mCategoryEditTable->selectedRows();
-    CVDocument::Categories selected;
+    CVCategories selected;
     for (const int row : rows)
         selected.push_back(mModel->category(row));
     if (selected.empty() || !confirmRemoval(selected))
@@ -106,7 +107,7 @@ void CVCategoryEditController::renameCategory(int row, const QString& text) {
     mDocument.workbookSave();
 }
 
-bool CVCategoryEditController::confirmRemoval(const CVDocument::Categories& categories) {
+bool CVCategoryEditController::confirmRemoval(const CVCategories& categories) {
     const QString title =
         categories.size() == 1
             ? tr("Are you sure you want to delete the '%1' category?").arg(categories.front()->categoryName())

@@ -1,6 +1,7 @@
 #include "editors/CVCategoryEditModel.h"
 
 #include "model/CVCategory.h"
+#include "model/CVDocument.h"
 #include "model/CVTransaction.h"
 #include "widgets/fields/CVCellAlignment.h"
 
@@ -38,7 +39,7 @@ void CVCategoryEditModel::reload() {
 void CVCategoryEditModel::reorder() {
     emit layoutAboutToBeChanged({}, VerticalSortHint);
     const QModelIndexList before = persistentIndexList();
-    const CVDocument::Categories rowsBefore = std::exchange(mCategoryArray, mDocument.categories());
+    const CVCategories rowsBefore = std::exchange(mCategoryArray, mDocument.categories());
     QModelIndexList after;
     for (const QModelIndex& index : before) {
         const int row = rowOf(rowsBefore[static_cast<std::size_t>(index.row())].get());

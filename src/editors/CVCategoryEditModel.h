@@ -1,8 +1,10 @@
 #pragma once
 
 #include "editors/CVEditorModel.h"
-#include "model/CVDocument.h"
+#include "model/CVCollections.h"
 #include "model/CVIDMap.h"
+
+class CVDocument;
 
 /// The rows of the category editor: the document's categories, in its order, as of the last reload, and whether each is
 /// in use. A category is in use when any transaction of any set has it. Names are read from the categories themselves.
@@ -33,7 +35,7 @@ protected:
 
 private:
     const CVDocument& mDocument;
-    CVDocument::Categories mCategoryArray;
+    CVCategories mCategoryArray;
     /// Whether a category is in use, by category ID.
     CVIDMap<bool> mUsed{false};
 };

@@ -6,6 +6,7 @@
 #include "editors/CVEditorTable.h"
 #include "editors/CVNameFault.h"
 #include "editors/CVTransactionSetModel.h"
+#include "model/CVDocument.h"
 #include "model/CVTransactionSet.h"
 #include "widgets/CVAlerts.h"
 

@@ -1,6 +1,7 @@
 #include "editors/CVTransactionSetModel.h"
 
 #include "format/QBLocale.h"
+#include "model/CVDocument.h"
 #include "model/CVTransaction.h"
 #include "model/CVTransactionSet.h"
 #include "widgets/fields/CVCellAlignment.h"

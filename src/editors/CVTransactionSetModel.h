@@ -1,9 +1,11 @@
 #pragma once
 
 #include "editors/CVEditorModel.h"
-#include "model/CVDocument.h"
+#include "model/CVCollections.h"
 
 #include <unordered_map>
+
+class CVDocument;
 
 /// The rows of the transaction set editor: the document's sets, in its order, as of the last reload, and the number of
 /// transactions in each. Names are read from the sets themselves.
@@ -32,7 +34,7 @@ protected:
 
 private:
     const CVDocument& mDocument;
-    CVDocument::TransactionSets mTransactionSetArray;
+    CVTransactionSets mTransactionSetArray;
     /// The number of transactions by set ID.
     std::unordered_map<quint32, qsizetype> mCounts;
 };

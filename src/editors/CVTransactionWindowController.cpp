@@ -7,6 +7,7 @@
 #include "editors/CVEditorTable.h"
 #include "editors/CVTransactionWindowModel.h"
 #include "model/CVCategory.h"
+#include "model/CVDocument.h"
 #include "model/CVTransaction.h"
 #include "widgets/CVAttentionColourOn.h"
 #include "widgets/CVWrappingLayout.h"
@@ -23,8 +24,7 @@ constexpr int kCellWindowHeightInLines = 24;
 
 } // namespace
 
-CVTransactionWindowController::CVTransactionWindowController(CVDocument& document,
-                                                             const CVDocument::Transactions& transactions,
+CVTransactionWindowController::CVTransactionWindowController(CVDocument& document, const CVTransactions& transactions,
                                                              QWidget* parent)
     : CVEditorWindow(tr("Transaction Window"), "Transaction Window", document.userDefaults(), parent)
     , mDocument(document)

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "editors/CVEditorWindow.h"
-#include "model/CVDocument.h"
+#include "model/CVCollections.h"
 
+class CVDocument;
 class CVEditorTable;
 class CVFigureField;
 class CVTransactionWindowModel;
@@ -15,8 +16,7 @@ class CVTransactionWindowController final : public CVEditorWindow {
 
 public:
     /// All transactions belong to one category; if they do not, the category of the last one is shown.
-    CVTransactionWindowController(CVDocument& document, const CVDocument::Transactions& transactions,
-                                  QWidget* parent = nullptr);
+    CVTransactionWindowController(CVDocument& document, const CVTransactions& transactions, QWidget* parent = nullptr);
 
 private:
     void addTable();

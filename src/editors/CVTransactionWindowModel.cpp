@@ -18,7 +18,7 @@ constexpr std::array<CVEditorColumn, CVTransactionWindowModel::ColumnCount> kCel
 
 } // namespace
 
-CVTransactionWindowModel::CVTransactionWindowModel(CVDocument::Transactions transactions, QObject* parent)
+CVTransactionWindowModel::CVTransactionWindowModel(CVTransactions transactions, QObject* parent)
     : CVEditorModel(kCellColumns, parent)
     , mTransactions(std::move(transactions)) {}
 

@@ -2,7 +2,7 @@
 
 #include "contents/CVTransactionText.h"
 #include "editors/CVEditorModel.h"
-#include "model/CVDocument.h"
+#include "model/CVCollections.h"
 
 /// The rows of the window with the transactions behind a cell of the budget grid, in the order in which they were
 /// passed.
@@ -12,9 +12,9 @@ class CVTransactionWindowModel final : public CVEditorModel {
 public:
     enum Column { UserFlag, Date, Amount, PayTo, ColumnCount };
 
-    explicit CVTransactionWindowModel(CVDocument::Transactions transactions, QObject* parent = nullptr);
+    explicit CVTransactionWindowModel(CVTransactions transactions, QObject* parent = nullptr);
 
-    [[nodiscard]] const CVDocument::Transactions& transactions() const { return mTransactions; }
+    [[nodiscard]] const CVTransactions& transactions() const { return mTransactions; }
     /// Shows the changed flag of a row.
     void showFlag(int row);
     /// Shows dates and amounts in the locale now in force.
@@ -28,6 +28,6 @@ protected:
 private:
     [[nodiscard]] QString text(const CVTransaction& transaction, int column) const;
 
-    CVDocument::Transactions mTransactions;
+    CVTransactions mTransactions;
     CVTransactionText mText;
 };

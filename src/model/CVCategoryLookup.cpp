@@ -2,7 +2,7 @@
 
 #include "model/CVCategory.h"
 
-CVCategoryLookup::CVCategoryLookup(const CVDocument::Categories& categories) {
+CVCategoryLookup::CVCategoryLookup(const CVCategories& categories) {
     for (const auto& category : categories)
         mByID.insert(category->uniqueID(), category.get());
 }

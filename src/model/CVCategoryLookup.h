@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/CVDocument.h"
+#include "model/CVCollections.h"
 #include "model/CVIDMap.h"
 
 /// Finds categories by ID during one walk over the transactions. Answers as `CVDocument::getCategoryByUniqueID` does,
@@ -8,7 +8,7 @@
 /// date. The categories outlive it.
 class CVCategoryLookup final {
 public:
-    explicit CVCategoryLookup(const CVDocument::Categories& categories);
+    explicit CVCategoryLookup(const CVCategories& categories);
 
     /// Null when there is none.
     [[nodiscard]] CVCategory* find(quint32 id) const { return mByID.find(id); }

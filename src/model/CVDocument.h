@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/QBDate.h"
+#include "model/CVCollections.h"
 
 #include <QStringList>
 
@@ -10,10 +11,7 @@
 #include <unordered_set>
 #include <vector>
 
-class CVCategory;
 class CVDocumentSaver;
-class CVTransaction;
-class CVTransactionSet;
 class QBNotificationCenter;
 class QBUserDefaults;
 
@@ -22,10 +20,6 @@ class QBUserDefaults;
 /// References the notification centre, the user defaults and the saver, which outlive it. Main thread only.
 class CVDocument final {
 public:
-    using Transactions = std::vector<std::shared_ptr<CVTransaction>>;
-    using Categories = std::vector<std::shared_ptr<CVCategory>>;
-    using TransactionSets = std::vector<std::shared_ptr<CVTransactionSet>>;
-
     CVDocument(QBNotificationCenter& notificationCenter, QBUserDefaults& userDefaults);
     ~CVDocument();
     CVDocument(const CVDocument&) = delete;
@@ -44,8 +38,8 @@ public:
     [[nodiscard]] std::size_t countOfTransactionSets() const { return mTransactionSets.size(); }
     [[nodiscard]] const std::shared_ptr<CVTransactionSet>& objectInTransactionSetsAtIndex(std::size_t index) const;
     /// The collection itself: the set editor and the reader add to it directly.
-    [[nodiscard]] TransactionSets& transactionSets() { return mTransactionSets; }
-    [[nodiscard]] const TransactionSets& transactionSets() const { return mTransactionSets; }
+    [[nodiscard]] CVTransactionSets& transactionSets() { return mTransactionSets; }
+    [[nodiscard]] const CVTransactionSets& transactionSets() const { return mTransactionSets; }
     /// The ID of the set that is shown, 0 when there is none.
     [[nodiscard]] quint32 currentTransactionSet() const { return mCurrentTransactionSetID; }
     /// The ID that the shown transactions have: that of the current set, 0 when there are no sets.
@@ -58,7 +52,7 @@ public:
     /// The first set with that ID; when none has it, the last set of all (deliberately); null when there are no sets.
     [[nodiscard]] std::shared_ptr<CVTransactionSet> findTransactionSetFromID(quint32 id) const;
 
-    [[nodiscard]] const Transactions& transactions() const { return mTransactions; }
+    [[nodiscard]] const CVTransactions& transactions() const { return mTransactions; }
     /// Reserves memory for as many as the reader expects; the reader may add more or fewer.
     void reserveTransactions(std::size_t count) { mTransactions.reserve(count); }
     /// Appends without sorting or announcing; for the reader of the data file.
@@ -90,7 +84,7 @@ public:
 
     [[nodiscard]] std::size_t countOfCategories() const { return mCategories.size(); }
     [[nodiscard]] const std::shared_ptr<CVCategory>& objectInCategoriesAtIndex(std::size_t index) const;
-    [[nodiscard]] const Categories& categories() const { return mCategories; }
+    [[nodiscard]] const CVCategories& categories() const { return mCategories; }
     void removeAllCategories();
     /// Adds the standard categories, with IDs that no category has and without announcements. A transaction that
     /// already names such an ID then belongs to the new category.
@@ -135,9 +129,9 @@ private:
     void announceTransactions() const;
     void announceCategories() const;
 
-    Transactions mTransactions;
-    Categories mCategories;
-    TransactionSets mTransactionSets;
+    CVTransactions mTransactions;
+    CVCategories mCategories;
+    CVTransactionSets mTransactionSets;
     quint32 mCurrentTransactionSetID = 0;
     quint32 _uniqueID = 0;
     std::optional<QBDate> _earliestTransactionDate;

@@ -12,7 +12,7 @@ namespace {
 
 /// Removed transactions forget the document, because a view may keep one after the document is gone.
 template <typename Leaves>
-void eraseLeaving(CVDocument::Transactions& transactions, Leaves leaves) {
+void eraseLeaving(CVTransactions& transactions, Leaves leaves) {
     std::erase_if(transactions, [&leaves](const auto& transaction) {
         const bool removed = leaves(transaction);
         if (removed)

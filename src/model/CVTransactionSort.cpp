@@ -11,7 +11,7 @@
 
 namespace {
 
-using Transactions = CVDocument::Transactions;
+using Transactions = CVTransactions;
 
 /// The keys below hold what one order needs of a transaction, side by side in memory: comparing the transactions
 /// themselves takes three to eight times as long. `before` says whether a comes before b in ascending order.
@@ -43,7 +43,7 @@ struct AmountKey {
 /// Makes the category keys of one sort.
 class CategoryKeys {
 public:
-    explicit CategoryKeys(const CVDocument::Categories& categories) {
+    explicit CategoryKeys(const CVCategories& categories) {
         CVTextRanks names;
         for (const auto& category : categories)
             names.add(category->categoryName());
@@ -86,7 +86,7 @@ void sortBy(Transactions& transactions, bool descending, KeyOf keyOf) {
     transactions = std::move(sorted);
 }
 
-void sortByDate(Transactions& transactions, bool descending, const CVDocument::Categories& categories) {
+void sortByDate(Transactions& transactions, bool descending, const CVCategories& categories) {
     sortBy<DateKey>(transactions, descending,
                     [keys = CategoryKeys(categories)](const CVTransaction& transaction) -> DateKey {
                         return {transaction.dayKey(), keys.of(transaction)};
@@ -107,7 +107,7 @@ void sortByText(Transactions& transactions, bool descending, const QString& (CVT
                     [&](const CVTransaction& transaction) -> RankKey { return {ranks.rankOf((transaction.*text)())}; });
 }
 
-void sortByCategory(Transactions& transactions, bool descending, const CVDocument::Categories& categories) {
+void sortByCategory(Transactions& transactions, bool descending, const CVCategories& categories) {
     sortBy<RankKey>(transactions, descending, [keys = CategoryKeys(categories)](const CVTransaction& transaction) {
         return keys.of(transaction);
     });
@@ -115,8 +115,8 @@ void sortByCategory(Transactions& transactions, bool descending, const CVDocumen
 
 } // namespace
 
-void CVSortTransactions(CVDocument::Transactions& transactions, const CVTransactionSortContext& context,
-                        const CVDocument::Categories& categories) {
+void CVSortTransactions(CVTransactions& transactions, const CVTransactionSortContext& context,
+                        const CVCategories& categories) {
     switch (CVTransactionColumns::columnOfIdentifier(context.key)) {
     case CVTransactionColumns::Date:
         return sortByDate(transactions, context.descending, categories);

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "model/CVCollections.h"
 #include "model/CVCompareTransactions.h"
-#include "model/CVDocument.h"
 
 /// Sorts transactions by `CVCompareTransactions` and keeps the order of equal ones, as std::stable_sort does, but
 /// without looking up names for each comparison. `categories` are those to which the transactions refer. An unknown key
 /// leaves everything in place.
-void CVSortTransactions(CVDocument::Transactions& transactions, const CVTransactionSortContext& context,
-                        const CVDocument::Categories& categories);
+void CVSortTransactions(CVTransactions& transactions, const CVTransactionSortContext& context,
+                        const CVCategories& categories);

@@ -35,7 +35,7 @@ std::unique_ptr<CVComputedReport> makeReport(CVReportType type, const QString& t
 }
 
 /// The sum of the amounts in the range, added in the transactions' order without rounding.
-double spentInRange(const CVDocument::Transactions& transactions, const CVDayRange& range) {
+double spentInRange(const CVTransactions& transactions, const CVDayRange& range) {
     double sum = 0;
     for (const auto& transaction : transactions) {
         if (range.contains(transaction->effectiveDate()))
@@ -46,7 +46,7 @@ double spentInRange(const CVDocument::Transactions& transactions, const CVDayRan
 
 } // namespace
 
-std::unique_ptr<const CVReport> CVReport::initWithCatgoryAverages(const CVDocument::Categories& categories,
+std::unique_ptr<const CVReport> CVReport::initWithCatgoryAverages(const CVCategories& categories,
                                                                   const QBDate& startDate, const QBDate& endDate) {
     const QBMoneyFormatter money;
     auto report =
@@ -60,8 +60,8 @@ std::unique_ptr<const CVReport> CVReport::initWithCatgoryAverages(const CVDocume
     return report;
 }
 
-std::unique_ptr<const CVReport> CVReport::initWithCatgoryTotals(const CVDocument::Categories& categories,
-                                                                const CVDocument::Transactions& transactions,
+std::unique_ptr<const CVReport> CVReport::initWithCatgoryTotals(const CVCategories& categories,
+                                                                const CVTransactions& transactions,
                                                                 const QBDate& startDate, const QBDate& endDate) {
     const QBMoneyFormatter money;
     const CVSpendingOfRange spending(transactions, CVIDsOfCategories(categories), {startDate, endDate});
@@ -77,8 +77,8 @@ std::unique_ptr<const CVReport> CVReport::initWithCatgoryTotals(const CVDocument
     return report;
 }
 
-std::unique_ptr<const CVReport> CVReport::initWithCatgoryPercents(const CVDocument::Categories& categories,
-                                                                  const CVDocument::Transactions& transactions,
+std::unique_ptr<const CVReport> CVReport::initWithCatgoryPercents(const CVCategories& categories,
+                                                                  const CVTransactions& transactions,
                                                                   const QBDate& startDate, const QBDate& endDate) {
     const QBMoneyFormatter money;
     const double spent = spentInRange(transactions, {startDate, endDate});
@@ -92,8 +92,8 @@ std::unique_ptr<const CVReport> CVReport::initWithCatgoryPercents(const CVDocume
     return report;
 }
 
-std::unique_ptr<const CVReport> CVReport::initWithCatgoryTax(const CVDocument::Categories& categories,
-                                                             const CVDocument::Transactions& transactions,
+std::unique_ptr<const CVReport> CVReport::initWithCatgoryTax(const CVCategories& categories,
+                                                             const CVTransactions& transactions,
                                                              const QBDate& startDate, const QBDate& endDate) {
     const QBMoneyFormatter money;
     const CVSpendingOfRange spending(transactions, CVIDsOfCategories(categories), {startDate, endDate});

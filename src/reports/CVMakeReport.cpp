@@ -21,7 +21,7 @@ QString refusalOf(CVReportType type, const CVBudgetContents& contents) {
 /// The plan is compared with all transactions of the set, but percents and taxes come from the displayed ones; that is
 /// deliberate.
 std::unique_ptr<const CVReport> make(CVReportType type, const CVBudgetContents& contents) {
-    const CVDocument::Categories& categories = contents.reports().rows();
+    const CVCategories& categories = contents.reports().rows();
     const CVDayRange& range = contents.reports().range();
     switch (type) {
     case CVReportType::Transactions:

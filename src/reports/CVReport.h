@@ -1,6 +1,7 @@
 #pragma once
 
-#include "model/CVDocument.h"
+#include "base/QBDate.h"
+#include "model/CVCollections.h"
 #include "reports/CVPrintedColumn.h"
 
 #include <QCoreApplication>
@@ -31,23 +32,26 @@ class CVReport {
 
 public:
     /// Reports these transactions in their order.
-    [[nodiscard]] static std::unique_ptr<const CVReport> initWithTransactions(CVDocument::Transactions transactions);
+    [[nodiscard]] static std::unique_ptr<const CVReport> initWithTransactions(CVTransactions transactions);
     /// Reports the first `columns` columns, at most `kMostSummaryColumns`, of a table whose rows are `categories`.
     [[nodiscard]] static std::unique_ptr<const CVReport>
-    initWithSummaryTable(const CVSummaryTable& table, const CVDocument::Categories& categories, int columns);
+    initWithSummaryTable(const CVSummaryTable& table, const CVCategories& categories, int columns);
     /// "Catgory" is misspelt in four of these names. This report prints the averages that were last computed for the
     /// categories; the others compute their figures from the transactions in the range of days, in one walk.
     [[nodiscard]] static std::unique_ptr<const CVReport>
-    initWithCatgoryAverages(const CVDocument::Categories& categories, const QBDate& startDate, const QBDate& endDate);
-    [[nodiscard]] static std::unique_ptr<const CVReport>
-    initWithCatgoryTotals(const CVDocument::Categories& categories, const CVDocument::Transactions& transactions,
-                          const QBDate& startDate, const QBDate& endDate);
-    [[nodiscard]] static std::unique_ptr<const CVReport>
-    initWithCatgoryPercents(const CVDocument::Categories& categories, const CVDocument::Transactions& transactions,
-                            const QBDate& startDate, const QBDate& endDate);
-    [[nodiscard]] static std::unique_ptr<const CVReport>
-    initWithCatgoryTax(const CVDocument::Categories& categories, const CVDocument::Transactions& transactions,
-                       const QBDate& startDate, const QBDate& endDate);
+    initWithCatgoryAverages(const CVCategories& categories, const QBDate& startDate, const QBDate& endDate);
+    [[nodiscard]] static std::unique_ptr<const CVReport> initWithCatgoryTotals(const CVCategories& categories,
+                                                                               const CVTransactions& transactions,
+                                                                               const QBDate& startDate,
+                                                                               const QBDate& endDate);
+    [[nodiscard]] static std::unique_ptr<const CVReport> initWithCatgoryPercents(const CVCategories& categories,
+                                                                                 const CVTransactions& transactions,
+                                                                                 const QBDate& startDate,
+                                                                                 const QBDate& endDate);
+    [[nodiscard]] static std::unique_ptr<const CVReport> initWithCatgoryTax(const CVCategories& categories,
+                                                                            const CVTransactions& transactions,
+                                                                            const QBDate& startDate,
+                                                                            const QBDate& endDate);
 
     virtual ~CVReport() = default;
     CVReport(const CVReport&) = delete;

@@ -14,7 +14,7 @@ namespace {
 /// many.
 class CVTransactionReport final : public CVReport {
 public:
-    explicit CVTransactionReport(CVDocument::Transactions transactions)
+    explicit CVTransactionReport(CVTransactions transactions)
         : CVReport(CVReportType::Transactions, titleOf(transactions), CVColumnsOfReport(CVReportType::Transactions),
                    CVHeadingsOfColumns(CVColumnsOfReport(CVReportType::Transactions)))
         , mTransactionArray(std::move(transactions)) {}
@@ -33,7 +33,7 @@ public:
 
 private:
     /// Every page shows the total of the whole report.
-    [[nodiscard]] static QString titleOf(const CVDocument::Transactions& transactions) {
+    [[nodiscard]] static QString titleOf(const CVTransactions& transactions) {
         double total = 0;
         for (const auto& transaction : transactions)
             total += transaction->amount();
@@ -41,12 +41,12 @@ private:
             .arg(QBDateFormatter().string(QBDate::date()), QBMoneyFormatter().string(RoundDoubleToTwoPlaces(total)));
     }
 
-    CVDocument::Transactions mTransactionArray;
+    CVTransactions mTransactionArray;
     CVTransactionText mText;
 };
 
 } // namespace
 
-std::unique_ptr<const CVReport> CVReport::initWithTransactions(CVDocument::Transactions transactions) {
+std::unique_ptr<const CVReport> CVReport::initWithTransactions(CVTransactions transactions) {
     return std::make_unique<CVTransactionReport>(std::move(transactions));
 }

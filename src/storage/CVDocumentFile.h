@@ -9,6 +9,7 @@
 #include <functional>
 #include <optional>
 
+class CVDocument;
 class QBUserDefaults;
 class QFile;
 

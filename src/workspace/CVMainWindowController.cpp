@@ -7,6 +7,7 @@
 #include "budget/CVRangePresets.h"
 #include "contents/CVEntry.h"
 #include "model/CVCategory.h"
+#include "model/CVDocument.h"
 #include "model/CVTransactionSet.h"
 #include "widgets/CVAlerts.h"
 #include "widgets/CVWindowFrame.h"

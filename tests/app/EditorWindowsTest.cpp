@@ -129,7 +129,7 @@ TEST_F(EditorWindowsTest, TheReportsFollowSetsThatAreAddedAndDeleted) {
 }
 
 TEST_F(EditorWindowsTest, ARecordedTransactionIsListedInTheFirstSetOfAll) {
-    document().removeTransactions(CVDocument::Transactions(document().transactions()));
+    document().removeTransactions(CVTransactions(document().transactions()));
     inSetEditor([](QTableView& table) {
         clickButton(table, "Add");
         typeName("Checking");

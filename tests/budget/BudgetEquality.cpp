@@ -31,7 +31,7 @@ void expectSame(const PlainScan::Figures& quick, const PlainScan::Figures& plain
 }
 
 void expectColumnsAsPlain(const CVCategory& category, const CVReportFigures& figures,
-                          const CVDocument::Transactions& transactions, const CVDayRange& range) {
+                          const CVTransactions& transactions, const CVDayRange& range) {
     const double average = PlainScan::averagePerFrequency(category, transactions, range);
     const double comparison = PlainScan::comparisonValue(category.monthly(), category.expenseFrequency());
     EXPECT_THAT(figures.average(category), BitsOf(average));
@@ -44,7 +44,7 @@ void expectColumnsAsPlain(const CVCategory& category, const CVReportFigures& fig
 }
 
 /// Expects the same results from walks for this category alone.
-void expectQueriesAsPlain(CVCategory& category, const CVDocument::Transactions& transactions, const CVDayRange& range) {
+void expectQueriesAsPlain(CVCategory& category, const CVTransactions& transactions, const CVDayRange& range) {
     const PlainScan::Figures plain = PlainScan::averages(category, transactions, range);
     EXPECT_EQ(computeAveragesForArray(category, transactions, range.start, range.end), plain.numberOfTransactions);
     expectSame(PlainScan::Figures::of(category), plain);

@@ -162,7 +162,7 @@ struct TransactionsOfARange : testing::Test {
             .transaction({.date = day(2014, 3, 8), .amount = 7, .categoryID = 0});
     }
 
-    static std::vector<double> amounts(const CVDocument::Transactions& transactions) {
+    static std::vector<double> amounts(const CVTransactions& transactions) {
         std::vector<double> amounts;
         for (const auto& transaction : transactions)
             amounts.push_back(transaction->amount());

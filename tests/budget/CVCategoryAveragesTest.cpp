@@ -16,8 +16,8 @@
 namespace {
 
 /// One transaction of the category for each amount, the first on `first` and the others `daysApart` days apart.
-CVDocument::Transactions spent(const QBDate& first, std::initializer_list<double> amounts, int daysApart = 0) {
-    CVDocument::Transactions transactions;
+CVTransactions spent(const QBDate& first, std::initializer_list<double> amounts, int daysApart = 0) {
+    CVTransactions transactions;
     QBDate date = first;
     for (const double amount : amounts) {
         transactions.push_back(makeTransaction({.date = date, .amount = amount, .categoryID = kFood}));
@@ -36,7 +36,7 @@ struct AveragesOfACategory : testing::Test {
         category.setMonthlyPeriods(99);
     }
 
-    quint64 compute(const CVDocument::Transactions& transactions) {
+    quint64 compute(const CVTransactions& transactions) {
         return computeAveragesForArray(category, transactions, start, end);
     }
 

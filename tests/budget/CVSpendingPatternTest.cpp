@@ -32,8 +32,8 @@ constexpr std::array kIntervals{
 };
 
 /// Transactions of the category: `total` on the first day and nothing on the others.
-CVDocument::Transactions spentOn(double total, std::initializer_list<QBDate> days) {
-    CVDocument::Transactions transactions;
+CVTransactions spentOn(double total, std::initializer_list<QBDate> days) {
+    CVTransactions transactions;
     for (const QBDate& date : days)
         transactions.push_back(
             makeTransaction({.date = date, .amount = transactions.empty() ? total : 0, .categoryID = kFood}));

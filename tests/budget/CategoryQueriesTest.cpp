@@ -13,8 +13,8 @@ BudgetBuilder::Entry food(const QBDate& date, double amount, bool taxFlag = true
     return {.date = date, .amount = amount, .categoryID = kFood, .taxFlag = taxFlag};
 }
 
-CVDocument::Transactions made(std::initializer_list<BudgetBuilder::Entry> entries) {
-    CVDocument::Transactions transactions;
+CVTransactions made(std::initializer_list<BudgetBuilder::Entry> entries) {
+    CVTransactions transactions;
     for (const BudgetBuilder::Entry& entry : entries)
         transactions.push_back(makeTransaction(entry));
     return transactions;
@@ -23,13 +23,13 @@ CVDocument::Transactions made(std::initializer_list<BudgetBuilder::Entry> entrie
 struct QueriesOfACategory : testing::Test {
     QueriesOfACategory() { category.setUniqueID(kFood); }
 
-    [[nodiscard]] double taxExpense(const CVDocument::Transactions& transactions) const {
+    [[nodiscard]] double taxExpense(const CVTransactions& transactions) const {
         return taxExpenseForCategoryFromTransactions(category, transactions, start, end);
     }
-    [[nodiscard]] quint64 taxItems(const CVDocument::Transactions& transactions) const {
+    [[nodiscard]] quint64 taxItems(const CVTransactions& transactions) const {
         return taxItemsForCategoryFromTransactions(category, transactions, start, end);
     }
-    [[nodiscard]] double average(const CVDocument::Transactions& transactions) const {
+    [[nodiscard]] double average(const CVTransactions& transactions) const {
         return computeAverageForTransactions(category, transactions, start, end);
     }
 

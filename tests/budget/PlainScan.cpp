@@ -50,7 +50,7 @@ void setDefaultAmounts(Figures& figures, double amount) {
 }
 
 /// The sum of the days between neighbouring transactions, from the newest to the oldest.
-double spread(CVDocument::Transactions found) {
+double spread(CVTransactions found) {
     const CVTransactionSortContext newestFirst{QStringLiteral("date"), true};
     std::stable_sort(found.begin(), found.end(), [&newestFirst](const auto& a, const auto& b) {
         return CVCompareTransactions(*a, *b, newestFirst) < 0;
@@ -120,11 +120,11 @@ Figures Figures::of(const CVCategory& category) {
             category.weeklyPeriods(),  category.numberOfTransactions()};
 }
 
-Figures averages(const CVCategory& category, const CVDocument::Transactions& transactions, const CVDayRange& range) {
+Figures averages(const CVCategory& category, const CVTransactions& transactions, const CVDayRange& range) {
     Figures figures;
     figures.budgetExpenseFrequency = 3;
     double sum = 0;
-    CVDocument::Transactions found;
+    CVTransactions found;
     for (const auto& transaction : transactions) {
         if (transaction->categoryID() != category.uniqueID())
             continue;
@@ -155,7 +155,7 @@ Figures averages(const CVCategory& category, const CVDocument::Transactions& tra
     return figures;
 }
 
-double taxExpense(const CVCategory& category, const CVDocument::Transactions& transactions, const CVDayRange& range) {
+double taxExpense(const CVCategory& category, const CVTransactions& transactions, const CVDayRange& range) {
     double sum = 0;
     for (const auto& transaction : transactions) {
         if (transaction->taxFlag() && transaction->categoryID() == category.uniqueID() &&
@@ -165,15 +165,14 @@ double taxExpense(const CVCategory& category, const CVDocument::Transactions& tr
     return sum;
 }
 
-quint64 taxItems(const CVCategory& category, const CVDocument::Transactions& transactions, const CVDayRange& range) {
+quint64 taxItems(const CVCategory& category, const CVTransactions& transactions, const CVDayRange& range) {
     return static_cast<quint64>(std::count_if(transactions.begin(), transactions.end(), [&](const auto& transaction) {
         return transaction->taxFlag() && transaction->categoryID() == category.uniqueID() &&
                isInRange(*transaction, range);
     }));
 }
 
-double averagePerFrequency(const CVCategory& category, const CVDocument::Transactions& transactions,
-                           const CVDayRange& range) {
+double averagePerFrequency(const CVCategory& category, const CVTransactions& transactions, const CVDayRange& range) {
     double sum = 0;
     for (const auto& transaction : transactions) {
         if (transaction->categoryID() == category.uniqueID() && isInRange(*transaction, range))
@@ -213,7 +212,7 @@ double averagePerFrequency(const CVCategory& category, const CVDocument::Transac
     return periods < 1 ? 0 : round2(sum / static_cast<double>(periods));
 }
 
-double percentDivisor(const CVDocument::Transactions& transactions, const CVDayRange& range) {
+double percentDivisor(const CVTransactions& transactions, const CVDayRange& range) {
     double all = 0;
     for (const auto& transaction : transactions) {
         if (isInRange(*transaction, range))
@@ -246,9 +245,9 @@ double comparisonValue(double monthly, qint64 frequency) {
     }
 }
 
-CVDocument::Transactions transactionsForDateRange(const CVDocument::Transactions& transactions, const CVDayRange& range,
-                                                  const CVCategory* category) {
-    CVDocument::Transactions found;
+CVTransactions transactionsForDateRange(const CVTransactions& transactions, const CVDayRange& range,
+                                        const CVCategory* category) {
+    CVTransactions found;
     for (const auto& transaction : transactions) {
         if (!isInRange(*transaction, range))
             continue;
@@ -258,8 +257,7 @@ CVDocument::Transactions transactionsForDateRange(const CVDocument::Transactions
     return found;
 }
 
-std::optional<double> cell(const CVDocument::Transactions& transactions, const CVDayRange& range,
-                           const CVCategory* category) {
+std::optional<double> cell(const CVTransactions& transactions, const CVDayRange& range, const CVCategory* category) {
     double sum = 0;
     for (const auto& transaction : PlainScan::transactionsForDateRange(transactions, range, category))
         sum += transaction->amount();
@@ -267,8 +265,8 @@ std::optional<double> cell(const CVDocument::Transactions& transactions, const C
     return std::abs(sum) > 0.000001 ? std::optional(sum) : std::nullopt;
 }
 
-CVDocument::Categories rows(const CVDocument& document, int showUnusedCategories) {
-    CVDocument::Categories rows;
+CVCategories rows(const CVDocument& document, int showUnusedCategories) {
+    CVCategories rows;
     for (const auto& category : document.categories()) {
         if (document.categoryInUse(*category) || static_cast<quint8>(showUnusedCategories) == 1)
             rows.push_back(category);

@@ -27,23 +27,21 @@ struct Figures {
     [[nodiscard]] static Figures of(const CVCategory& category);
 };
 
-[[nodiscard]] Figures averages(const CVCategory& category, const CVDocument::Transactions& transactions,
-                               const CVDayRange& range);
-[[nodiscard]] double taxExpense(const CVCategory& category, const CVDocument::Transactions& transactions,
+[[nodiscard]] Figures averages(const CVCategory& category, const CVTransactions& transactions, const CVDayRange& range);
+[[nodiscard]] double taxExpense(const CVCategory& category, const CVTransactions& transactions,
                                 const CVDayRange& range);
-[[nodiscard]] quint64 taxItems(const CVCategory& category, const CVDocument::Transactions& transactions,
-                               const CVDayRange& range);
-[[nodiscard]] double averagePerFrequency(const CVCategory& category, const CVDocument::Transactions& transactions,
+[[nodiscard]] quint64 taxItems(const CVCategory& category, const CVTransactions& transactions, const CVDayRange& range);
+[[nodiscard]] double averagePerFrequency(const CVCategory& category, const CVTransactions& transactions,
                                          const CVDayRange& range);
-[[nodiscard]] double percentDivisor(const CVDocument::Transactions& transactions, const CVDayRange& range);
+[[nodiscard]] double percentDivisor(const CVTransactions& transactions, const CVDayRange& range);
 /// A monthly amount converted to a frequency, for the warning of the plan table.
 [[nodiscard]] double comparisonValue(double monthly, qint64 frequency);
 
-[[nodiscard]] CVDocument::Transactions transactionsForDateRange(const CVDocument::Transactions& transactions,
-                                                                const CVDayRange& range, const CVCategory* category);
+[[nodiscard]] CVTransactions transactionsForDateRange(const CVTransactions& transactions, const CVDayRange& range,
+                                                      const CVCategory* category);
 /// A cell of the grid: the amount of a category in the range of a column or, without a category, the column's total.
-[[nodiscard]] std::optional<double> cell(const CVDocument::Transactions& transactions, const CVDayRange& range,
+[[nodiscard]] std::optional<double> cell(const CVTransactions& transactions, const CVDayRange& range,
                                          const CVCategory* category);
-[[nodiscard]] CVDocument::Categories rows(const CVDocument& document, int showUnusedCategories);
+[[nodiscard]] CVCategories rows(const CVDocument& document, int showUnusedCategories);
 
 } // namespace PlainScan

@@ -12,7 +12,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-std::vector<QString> names(const CVDocument::Categories& categories) {
+std::vector<QString> names(const CVCategories& categories) {
     std::vector<QString> names;
     for (const auto& category : categories)
         names.push_back(category->categoryName());

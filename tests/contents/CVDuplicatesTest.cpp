@@ -29,7 +29,7 @@ TEST_P(CVDuplicatesTest, AreTheLaterOfEqualNeighbours) {
     BudgetBuilder budget;
     for (const Entry& entry : GetParam().entries)
         budget.transaction(entry);
-    CVDocument::Transactions expected;
+    CVTransactions expected;
     for (const std::size_t position : GetParam().found)
         expected.push_back(budget.transactionAt(position));
     EXPECT_EQ(CVFindDuplicates(budget.document().transactions()), expected) << GetParam().behaviour;

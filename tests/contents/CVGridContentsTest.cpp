@@ -82,7 +82,7 @@ TEST_F(GridContents, FindTheTransactionsOfACellByItsPlaceInTheTable) {
                           Row{CVDisplayPeriods::Month, 3, {day(2014, 6, 1), day(2014, 6, 30)}}};
     for (const Row& row : rows) {
         SCOPED_TRACE(testing::Message() << "period type " << row.periodType << ", column " << row.column);
-        budget.document().removeTransactions(CVDocument::Transactions(budget.document().transactions()));
+        budget.document().removeTransactions(CVTransactions(budget.document().transactions()));
         const auto& [start, end] = row.range;
         spend(start.dateByAddingYears(0, 0, -1), 1).spend(start, 2).spend(end, 3).spend(start, 4, kCar);
         spend(end.dateByAddingYears(0, 0, 1), 5).spend(std::nullopt, 6);

@@ -7,8 +7,8 @@
 
 namespace {
 
-CVDocument::Transactions payees(const QStringList& names) {
-    CVDocument::Transactions transactions;
+CVTransactions payees(const QStringList& names) {
+    CVTransactions transactions;
     for (const QString& name : names)
         transactions.push_back(makeTransaction({.payTo = name}));
     return transactions;

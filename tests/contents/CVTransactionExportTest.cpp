@@ -46,7 +46,7 @@ TEST(CVTransactionExport, CanBeGivenUpHalfway) {
     BudgetBuilder budget;
     for (int i = 0; i < 10'000; ++i)
         budget.transaction({.amount = 1});
-    const CVDocument::Transactions& rows = budget.document().transactions();
+    const CVTransactions& rows = budget.document().transactions();
     std::size_t reports = 0;
     EXPECT_FALSE(CVMakeExportText(rows, [&reports](std::size_t) { return ++reports < 2; }));
     EXPECT_EQ(reports, 2U);

@@ -185,8 +185,8 @@ TEST_F(CVTransactionListTest, TransactionsOfOneDaySortByCategoryNameWithoutRegar
     EXPECT_EQ(payees(), (QStringList{"market", "pump"}));
 }
 
-CVDocument::Transactions plainStage1(const CVDocument& document) {
-    CVDocument::Transactions transactions;
+CVTransactions plainStage1(const CVDocument& document) {
+    CVTransactions transactions;
     for (const auto& transaction : document.transactions()) {
         if (transaction->transactionSetID() == document.shownTransactionSet())
             transactions.push_back(transaction);
@@ -194,7 +194,7 @@ CVDocument::Transactions plainStage1(const CVDocument& document) {
     return transactions;
 }
 
-double plainTotal(const CVDocument::Transactions& transactions) {
+double plainTotal(const CVTransactions& transactions) {
     double sum = 0;
     for (const auto& transaction : transactions)
         sum += transaction->amount();
@@ -202,8 +202,8 @@ double plainTotal(const CVDocument::Transactions& transactions) {
 }
 
 /// The stages computed anew in plain code, for the range of all.
-CVDocument::Transactions plainStages(const CVDocument& document, const CVTransactionList& list) {
-    CVDocument::Transactions rows;
+CVTransactions plainStages(const CVDocument& document, const CVTransactionList& list) {
+    CVTransactions rows;
     for (const auto& transaction : document.transactions()) {
         const auto date = transaction->effectiveDate();
         if (transaction->transactionSetID() == document.shownTransactionSet() && (!date || list.range().contains(date)))

@@ -108,8 +108,8 @@ RC_GTEST_PROP(CVTransactionSearchProperty, TextsAreFoundAsIfEachWereLookedAtAlon
     const auto contains = [&text](const QString& field) {
         return field.isNull() || field.contains(text, Qt::CaseInsensitive);
     };
-    CVDocument::Transactions payees;
-    CVDocument::Transactions remarks;
+    CVTransactions payees;
+    CVTransactions remarks;
     for (const auto& transaction : budget.document().transactions()) {
         if (contains(transaction->payTo()))
             payees.push_back(transaction);

@@ -73,7 +73,7 @@ TEST(CVDocumentCategories, AreAppendedByAddAndAnnouncedOnce) {
 TEST(CVDocumentCategories, AreRemovedByIdentityAndAnnouncedOnce) {
     BudgetBuilder budget;
     budget.category("Food", 12).category("Food", 12).category("Food", 12);
-    const CVDocument::Categories all = budget.document().categories();
+    const CVCategories all = budget.document().categories();
     NotificationCounter counter(budget.notificationCenter());
     budget.document().removeCategory(all[1]);
     EXPECT_THAT(budget.document().categories(), ElementsAre(all[0], all[2]));

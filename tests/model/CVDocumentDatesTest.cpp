@@ -162,7 +162,7 @@ TEST_F(CVDocumentDates, CanBeSetAndTakenAway) {
 }
 
 /// The insertion place according to the exact rule: a binary search that ends at the first equal date.
-std::size_t searchedIndex(const CVDocument::Transactions& transactions, const std::optional<QBDate>& date) {
+std::size_t searchedIndex(const CVTransactions& transactions, const std::optional<QBDate>& date) {
     if (transactions.empty())
         return 0;
     // A missing date is older than all others.

@@ -212,8 +212,8 @@ TEST(CVDocumentFinishedParsing, KeepsTheFirstOfEachID) {
     BudgetBuilder budget;
     budget.set("a", 5).set("b", 0).set("c", 5).set("d", 6).set("e", 0).set("f", 5);
     budget.category("A", 5).category("B", 5).category("C", 6).category("D", 5).category("E", 7).category("F", 7);
-    const CVDocument::TransactionSets sets = budget.document().transactionSets();
-    const CVDocument::Categories categories = budget.document().categories();
+    const CVTransactionSets sets = budget.document().transactionSets();
+    const CVCategories categories = budget.document().categories();
     budget.transaction({.categoryID = 5}).transaction({.categoryID = 5});
     NotificationCounter counter(budget.notificationCenter());
 

@@ -160,13 +160,13 @@ TEST(CVDocumentRemoveSeveral, AnnouncesOnceAndNothingForNone) {
     BudgetBuilder budget;
     for (int i = 1; i <= 4; ++i)
         budget.transaction({.date = day(2014, 3, i)});
-    const CVDocument::Transactions all = budget.document().transactions();
+    const CVTransactions all = budget.document().transactions();
     NotificationCounter counter(budget.notificationCenter());
     budget.document().removeTransactions({});
     EXPECT_EQ(counter.total(), 0);
     EXPECT_EQ(budget.document().latestTransactionDate(), std::nullopt) << "the dates were updated for nothing";
 
-    const CVDocument::Transactions removed{all[2], all[0], all[2], makeTransaction({}), nullptr};
+    const CVTransactions removed{all[2], all[0], all[2], makeTransaction({}), nullptr};
     budget.document().removeTransactions(removed);
     EXPECT_THAT(budget.document().transactions(), ElementsAre(all[1], all[3]));
     EXPECT_EQ(counter.count(CVNotifications::kTransactionAddedRemoved), 1);
@@ -199,9 +199,9 @@ TEST(CVDocumentRemoveSeveral, EqualsAsManySingleRemovals) {
     for (quint32 seed = 0; seed < 500; ++seed) {
         RandomBudget one(seed);
         RandomBudget other(seed);
-        const CVDocument::Transactions all = one.document().transactions();
-        CVDocument::Transactions removed;
-        CVDocument::Transactions removedSingly;
+        const CVTransactions all = one.document().transactions();
+        CVTransactions removed;
+        CVTransactions removedSingly;
         for (std::size_t i = 0; i < all.size(); ++i) {
             if (one.oneIn(3)) {
                 removed.push_back(all[i]);
@@ -226,7 +226,7 @@ TEST(CVDocumentRemoveSeveral, EqualsAsManySingleRemovals) {
 TEST(CVDocumentRemoveSeveral, LeavesTheDatesOfTheDocumentWhenAllGo) {
     BudgetBuilder budget;
     budget.transaction({.date = day(2014, 3, 9)}).transaction({.date = day(2014, 3, 1)}).inOrder();
-    budget.document().removeTransactions(CVDocument::Transactions(budget.document().transactions()));
+    budget.document().removeTransactions(CVTransactions(budget.document().transactions()));
     EXPECT_EQ(budget.document().earliestTransactionDate(), day(2014, 3, 1));
     EXPECT_EQ(budget.document().latestTransactionDate(), day(2014, 3, 9));
 }
@@ -237,7 +237,7 @@ TEST(CVDocumentRemoveForSet, RemovesAllOfTheSetAndAnnouncesOnce) {
         .transaction({.date = day(2014, 3, 8), .setID = 2})
         .transaction({.date = day(2014, 3, 7), .setID = 1})
         .transaction({.date = day(2014, 3, 6), .setID = 0});
-    const CVDocument::Transactions all = budget.document().transactions();
+    const CVTransactions all = budget.document().transactions();
     NotificationCounter counter(budget.notificationCenter());
     budget.document().removeTransactionsForSet(1);
     EXPECT_THAT(budget.document().transactions(), ElementsAre(all[1], all[3]));

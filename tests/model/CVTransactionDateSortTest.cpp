@@ -12,8 +12,8 @@ namespace {
 using testing::ElementsAre;
 
 /// The expected result: a stable sort with the one comparison function.
-CVDocument::Transactions sortedByComparison(CVDocument::Transactions transactions,
-                                            const CVTransactionSortContext& context = {"date", true}) {
+CVTransactions sortedByComparison(CVTransactions transactions,
+                                  const CVTransactionSortContext& context = {"date", true}) {
     std::stable_sort(transactions.begin(), transactions.end(),
                      [&context](const auto& a, const auto& b) { return CVCompareTransactions(*a, *b, context) < 0; });
     return transactions;
@@ -30,7 +30,7 @@ TEST(SortTransactionsByDate, PutsTheNewestDayFirstAndCategoriesFromZToA) {
         .transaction({.date = day(2014, 3, 8), .category = "Auto"})
         .transaction({.date = day(2014, 3, 7), .category = "food"})
         .transaction({.date = day(-5000, 1, 1), .category = "Zoo"});
-    const CVDocument::Transactions given = budget.document().transactions();
+    const CVTransactions given = budget.document().transactions();
     budget.document().sortTransactionsByDate();
     EXPECT_THAT(budget.document().transactions(),
                 ElementsAre(given[3], given[2], given[4], given[0], given[5], given[1]));
@@ -42,7 +42,7 @@ TEST(SortTransactionsByDate, LeavesEqualOnesAsTheyWere) {
     for (int i = 0; i < 40; ++i)
         budget.transaction(
             {.date = day(2014, 3, 7), .amount = 40.0 - i, .categoryID = 1 + static_cast<quint32>(i % 2)});
-    const CVDocument::Transactions given = budget.document().transactions();
+    const CVTransactions given = budget.document().transactions();
     budget.document().sortTransactionsByDate();
     EXPECT_TRUE(budget.document().transactions() == given);
 }
@@ -70,7 +70,7 @@ TEST(CVSortTransactions, AnswersAsTheComparisonForEveryColumnOfRandomBudgets) {
         RandomBudget budget(seed, 60);
         for (const char* const key : {"date", "amount", "tofrom", "for", "category", "none"}) {
             for (const bool descending : {false, true}) {
-                CVDocument::Transactions sorted = budget.document().transactions();
+                CVTransactions sorted = budget.document().transactions();
                 const CVTransactionSortContext context{QString::fromLatin1(key), descending};
                 CVSortTransactions(sorted, context, budget.document().categories());
                 ASSERT_TRUE(sorted == sortedByComparison(budget.document().transactions(), context))
@@ -87,9 +87,9 @@ TEST(SortTransactionsByDate, StaysInBoundsWhateverNamesAreMissing) {
         // All transactions have one day, so that only the names decide, and most names are missing.
         for (quint32 i = 0; i < 300; ++i)
             budget.builder().transaction({.date = day(2014, 3, 7), .categoryID = budget.below(20)});
-        CVDocument::Transactions expected = document.transactions();
+        CVTransactions expected = document.transactions();
         document.sortTransactionsByDate();
-        CVDocument::Transactions sorted = document.transactions();
+        CVTransactions sorted = document.transactions();
         std::sort(expected.begin(), expected.end());
         std::sort(sorted.begin(), sorted.end());
         ASSERT_TRUE(sorted == expected) << "the sort lost or doubled a transaction, seed " << seed;
@@ -139,7 +139,7 @@ RC_GTEST_PROP(SortTransactionsByDateProperty, ChangesNothingTheSecondTimeWhenAll
     BudgetBuilder budget;
     build(budget, drafts);
     budget.document().sortTransactionsByDate();
-    const CVDocument::Transactions once = budget.document().transactions();
+    const CVTransactions once = budget.document().transactions();
     budget.document().sortTransactionsByDate();
     RC_ASSERT(budget.document().transactions() == once);
 }

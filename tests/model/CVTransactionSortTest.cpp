@@ -12,7 +12,7 @@ namespace {
 const QStringList kKeys{"date", "amount", "tofrom", "for", "category", "tax", "userflag", "no such column"};
 
 /// Whether any two neighbours are in the wrong order.
-bool hasWrongNeighbours(const CVDocument::Transactions& transactions, const CVTransactionSortContext& context) {
+bool hasWrongNeighbours(const CVTransactions& transactions, const CVTransactionSortContext& context) {
     return std::adjacent_find(transactions.begin(), transactions.end(), [&](const auto& a, const auto& b) {
                return CVCompareTransactions(*a, *b, context) > 0;
            }) != transactions.end();
@@ -76,7 +76,7 @@ TEST(CVSortTransactions, ComparesAnyTwoTransactionsAsTheOneComparisonDoes) {
         for (std::size_t i = 0; i + 1 < all.size(); ++i) {
             for (const QString& key : kKeys) {
                 const CVTransactionSortContext context{key, i % 2 == 0};
-                CVDocument::Transactions pair{all[i], all[i + 1]};
+                CVTransactions pair{all[i], all[i + 1]};
                 CVSortTransactions(pair, context, budget.document().categories());
                 EXPECT_EQ(pair.front() == all[i], CVCompareTransactions(*all[i], *all[i + 1], context) <= 0)
                     << key.toStdString();

@@ -12,8 +12,8 @@ namespace {
 
 /// The range is 1 January to 28 February 2014, which contains 8 whole weeks.
 struct CategoryReports : testing::Test {
-    [[nodiscard]] const CVDocument::Categories& categories() { return budget.document().categories(); }
-    [[nodiscard]] const CVDocument::Transactions& transactions() { return budget.document().transactions(); }
+    [[nodiscard]] const CVCategories& categories() { return budget.document().categories(); }
+    [[nodiscard]] const CVTransactions& transactions() { return budget.document().transactions(); }
 
     void computeAverages() {
         for (const auto& category : categories())
@@ -113,7 +113,7 @@ TEST_F(CategoryReports, OfTaxCountAndAddTheTaxedOnes) {
 }
 
 /// The figures computed in plain code, with one walk for each category.
-QStringList plainFigures(CVReportType type, const CVCategory& category, const CVDocument::Transactions& transactions,
+QStringList plainFigures(CVReportType type, const CVCategory& category, const CVTransactions& transactions,
                          const CVDayRange& range) {
     const QBMoneyFormatter money;
     if (type == CVReportType::CategoryTotals) {

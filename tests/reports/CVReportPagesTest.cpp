@@ -18,8 +18,7 @@ namespace {
 struct ReportPages : testing::Test {
     /// A report of `count` transactions.
     [[nodiscard]] std::unique_ptr<const CVReport> longReport(std::size_t count) const {
-        return CVReport::initWithTransactions(
-            CVDocument::Transactions(count, makeTransaction({.amount = 1, .payTo = "Market"})));
+        return CVReport::initWithTransactions(CVTransactions(count, makeTransaction({.amount = 1, .payTo = "Market"})));
     }
 
     /// The output of a poppler tool about a file.

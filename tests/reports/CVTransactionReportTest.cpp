@@ -55,7 +55,7 @@ TEST_F(TransactionReport, PutsATextOnOneLine) {
 
 TEST_F(TransactionReport, NumbersLinesWithoutMarks) {
     const auto transaction = makeTransaction({.amount = 1});
-    const auto made = CVReport::initWithTransactions(CVDocument::Transactions(1234, transaction));
+    const auto made = CVReport::initWithTransactions(CVTransactions(1234, transaction));
     EXPECT_EQ(made->line(1233).texts[0], "1234");
 }
 

@@ -58,8 +58,8 @@ ReportSamples::ReportSamples() {
 }
 
 std::unique_ptr<const CVReport> ReportSamples::report(CVReportType type) const {
-    const CVDocument::Categories& categories = mReports.rows();
-    const CVDocument::Transactions& transactions = mDocument.transactions();
+    const CVCategories& categories = mReports.rows();
+    const CVTransactions& transactions = mDocument.transactions();
     const auto& [start, end] = mReports.range();
     switch (type) {
     case CVReportType::Transactions:

@@ -19,17 +19,15 @@ class RecordingWindows final : public CVDocumentWindows {
 public:
     void createCategoryEditController() override { ++mCategoryEditors; }
     void createTransactionSetController() override { ++mSetEditors; }
-    void createTransactionController(const CVDocument::Transactions& transactions) override {
-        mCells.push_back(transactions);
-    }
+    void createTransactionController(const CVTransactions& transactions) override { mCells.push_back(transactions); }
     void createPreferenceController() override { ++mPreferences; }
-    [[nodiscard]] const std::vector<CVDocument::Transactions>& cells() const { return mCells; }
+    [[nodiscard]] const std::vector<CVTransactions>& cells() const { return mCells; }
     [[nodiscard]] int categoryEditors() const { return mCategoryEditors; }
     [[nodiscard]] int setEditors() const { return mSetEditors; }
     [[nodiscard]] int preferences() const { return mPreferences; }
 
 private:
-    std::vector<CVDocument::Transactions> mCells;
+    std::vector<CVTransactions> mCells;
     int mCategoryEditors = 0;
     int mSetEditors = 0;
     int mPreferences = 0;

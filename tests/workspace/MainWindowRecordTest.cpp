@@ -20,7 +20,7 @@ protected:
 
     void SetUp() override { open(); }
 
-    [[nodiscard]] const CVDocument::Transactions& recorded() { return document().transactions(); }
+    [[nodiscard]] const CVTransactions& recorded() { return document().transactions(); }
 
     void expectRefusal(const char* message, const char* title = "Input Error") {
         ASSERT_EQ(mAlerts.shown().size(), 1);

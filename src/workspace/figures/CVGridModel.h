@@ -33,7 +33,7 @@ private:
 
     const CVGridContents& mContents;
     Part mPart;
-    CVDocument::Categories mRows;
+    CVCategories mRows;
     /// The headers of the columns of a table of periods; empty for the other tables.
     std::vector<CVDisplayPeriods::Header> mHeaders;
     QBMoneyFormatter mMoneyFormatter;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "format/QBMoneyFormatter.h"
-#include "model/CVDocument.h"
+#include "model/CVCollections.h"
 #include "workspace/figures/CVFiguresModel.h"
 #include "workspace/figures/CVReportColumns.h"
 
@@ -43,6 +43,6 @@ private:
 
     const CVReportContents& mContents;
     std::span<const CVReportColumn> mColumns;
-    CVDocument::Categories mRows;
+    CVCategories mRows;
     QBMoneyFormatter mMoneyFormatter;
 };

@@ -6,6 +6,7 @@
 #include "budget/CVRangePresets.h"
 #include "contents/CVBudgetContents.h"
 #include "model/CVCategory.h"
+#include "model/CVDocument.h"
 #include "workspace/controls/CVRangeControls.h"
 #include "workspace/figures/CVReportsTab.h"
 

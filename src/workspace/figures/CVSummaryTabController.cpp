@@ -3,6 +3,7 @@
 #include "base/CVDefaultsKeys.h"
 #include "base/QBUserDefaults.h"
 #include "contents/CVBudgetContents.h"
+#include "model/CVDocument.h"
 #include "workspace/figures/CVSummaryTab.h"
 
 CVSummaryTabController::CVSummaryTabController(CVDocument& document, CVBudgetContents& contents, CVSummaryTab& tab)

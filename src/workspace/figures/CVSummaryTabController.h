@@ -1,10 +1,11 @@
 #pragma once
 
 #include "budget/CVDisplayPeriods.h"
-#include "model/CVDocument.h"
+#include "model/CVCollections.h"
 
 #include <QObject>
 
+class CVDocument;
 class CVBudgetContents;
 class CVSummaryTab;
 
@@ -28,7 +29,7 @@ signals:
     /// Other periods were chosen for the grid.
     void periodsChanged();
     /// The user wants to see the transactions behind a cell; there is at least one.
-    void cellOpened(const CVDocument::Transactions& transactions);
+    void cellOpened(const CVTransactions& transactions);
 
 private:
     [[nodiscard]] CVDisplayPeriods::Placement placement() const;

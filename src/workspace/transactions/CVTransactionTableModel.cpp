@@ -50,7 +50,7 @@ void CVTransactionTableModel::reorder() {
     std::unordered_map<const CVTransaction*, int> places;
     for (const QModelIndex& index : before)
         places.emplace(mRows[static_cast<std::size_t>(index.row())].get(), -1);
-    const CVDocument::Transactions rowsBefore = std::exchange(mRows, mList.displayTransactions());
+    const CVTransactions rowsBefore = std::exchange(mRows, mList.displayTransactions());
     for (int row = places.empty() ? 0 : rowCount(); row-- > 0;) {
         if (const auto place = places.find(mRows[static_cast<std::size_t>(row)].get()); place != places.end())
             place->second = row;

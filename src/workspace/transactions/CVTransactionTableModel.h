@@ -1,7 +1,7 @@
 #pragma once
 
 #include "contents/CVTransactionText.h"
-#include "model/CVDocument.h"
+#include "model/CVCollections.h"
 #include "model/CVTransactionColumns.h"
 #include "widgets/CVGlyph.h"
 
@@ -27,7 +27,7 @@ public:
     void reload();
     void reorder();
     /// The transaction of each row. A transaction can appear in several rows.
-    [[nodiscard]] const CVDocument::Transactions& rows() const { return mRows; }
+    [[nodiscard]] const CVTransactions& rows() const { return mRows; }
     /// The first row of a transaction; -1 when it is not shown.
     [[nodiscard]] int rowOf(const CVTransaction* transaction) const;
 
@@ -57,7 +57,7 @@ private:
     [[nodiscard]] static QVariant value(const CVTransaction& transaction, int column);
 
     const CVTransactionList& mList;
-    CVDocument::Transactions mRows;
+    CVTransactions mRows;
     CVTransactionText mText;
     QIcon mSmallTax = CVGlyph::icon(CVGlyph::Shape::SmallTax);
 };

@@ -62,7 +62,7 @@ CVTransactionTableView::CVTransactionTableView(const CVTransactionList& list, QW
 }
 
 void CVTransactionTableView::reload() {
-    const CVDocument::Transactions selection = mSelectedTransactions;
+    const CVTransactions selection = mSelectedTransactions;
     const int scrolled = verticalScrollBar()->value();
     const QModelIndex current = currentIndex();
     const auto currentTransaction =
@@ -89,7 +89,7 @@ void CVTransactionTableView::reorder() {
     showOrder();
 }
 
-bool CVTransactionTableView::selectTransactions(const CVDocument::Transactions& transactions) {
+bool CVTransactionTableView::selectTransactions(const CVTransactions& transactions) {
     std::unordered_set<std::shared_ptr<CVTransaction>> wanted(transactions.begin(), transactions.end());
     QItemSelection rows;
     for (int row = 0; row < mModel->rowCount() && !wanted.empty(); ++row) {
@@ -218,7 +218,7 @@ void CVTransactionTableView::setUsualWidths() {
     }
 }
 
-QItemSelection CVTransactionTableView::rowsOf(const CVDocument::Transactions& transactions) const {
+QItemSelection CVTransactionTableView::rowsOf(const CVTransactions& transactions) const {
     const std::unordered_set<std::shared_ptr<CVTransaction>> wanted(transactions.begin(), transactions.end());
     const auto& rows = mModel->rows();
     QItemSelection ranges;

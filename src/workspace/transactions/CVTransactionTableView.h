@@ -27,10 +27,10 @@ public:
     /// Shows dates and amounts in the locale now in force.
     void updateFormatters();
     /// The selected transactions in row order, each once.
-    [[nodiscard]] const CVDocument::Transactions& selectedTransactions() const { return mSelectedTransactions; }
+    [[nodiscard]] const CVTransactions& selectedTransactions() const { return mSelectedTransactions; }
     /// Selects the first row of each of these transactions and nothing else, and scrolls to the first; false when none
     /// is shown.
-    bool selectTransactions(const CVDocument::Transactions& transactions);
+    bool selectTransactions(const CVTransactions& transactions);
     /// Scrolls to the row of a transaction and tints it for a moment; false when it is not shown.
     [[nodiscard]] bool reveal(const CVTransaction* transaction);
 
@@ -64,7 +64,7 @@ protected:
 private:
     void setUpHeader();
     void setUsualWidths();
-    [[nodiscard]] QItemSelection rowsOf(const CVDocument::Transactions& transactions) const;
+    [[nodiscard]] QItemSelection rowsOf(const CVTransactions& transactions) const;
     void restoreCurrent(const CVTransaction& transaction, const QModelIndex& before);
     void updateSelectedTransactions();
     [[nodiscard]] QString emptyText() const;
@@ -78,7 +78,7 @@ private:
     /// The columns have their usual widths and order, unchanged by the user.
     bool mHasUsualColumns = true;
     bool mIsFittingColumns = false;
-    CVDocument::Transactions mSelectedTransactions;
+    CVTransactions mSelectedTransactions;
     /// The time since the last letter that was typed to find a row.
     QElapsedTimer mTypedAhead;
     /// Running while a row is tinted.

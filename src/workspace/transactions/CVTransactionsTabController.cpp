@@ -8,6 +8,7 @@
 #include "contents/CVTransactionList.h"
 #include "format/QBLocale.h"
 #include "model/CVCategory.h"
+#include "model/CVDocument.h"
 #include "model/CVTransaction.h"
 #include "widgets/CVAlerts.h"
 #include "widgets/CVFilePanels.h"
@@ -69,7 +70,7 @@ void CVTransactionsTabController::sortByColumn(const QString& identifier) {
 
 void CVTransactionsTabController::removeTransaction() {
     CVTransactionTableView& table = mTab.table();
-    const CVDocument::Transactions selected = table.selectedTransactions();
+    const CVTransactions selected = table.selectedTransactions();
     if (selected.empty())
         return;
     const auto answer = mAlerts.run(mTab.window(), {tr("Are you sure you want to delete the selected transaction(s)?"),
@@ -108,7 +109,7 @@ void CVTransactionsTabController::exportTransactions() {
 
 void CVTransactionsTabController::writeExport(const QString& path) {
     // The rows are copied, because events that run while the progress is shown may change the list.
-    const CVDocument::Transactions rows = mList.displayTransactions();
+    const CVTransactions rows = mList.displayTransactions();
     CVProgressPanel progress(tr("Export Transactions"), static_cast<int>(rows.size()), mTab.window());
     const auto text = CVMakeExportText(rows, [&progress](std::size_t done) {
         return progress.stepsDone(static_cast<int>(done), tr("Exporting transactions…"));

@@ -1,10 +1,11 @@
 #pragma once
 
 #include "base/QBDate.h"
-#include "model/CVDocument.h"
+#include "model/CVCollections.h"
 
 #include <QObject>
 
+class CVDocument;
 class CVAlerts;
 class CVFilePanels;
 class CVTransactionList;

@@ -72,7 +72,7 @@ public:
     }
 
     BudgetBuilder mBudget;
-    CVDocument::Categories mRows;
+    CVCategories mRows;
     CVGridContents mContents{day(2014, 3, 12), CVDisplayPeriods::Week, {}};
     CVSummaryTab mTab{mContents};
     QTableView& mCategories = find<QTableView>("mExpenseCategoryTable");

@@ -23,7 +23,7 @@ struct PrintDialogs : testing::Test {
 
     [[nodiscard]] std::unique_ptr<const CVReport> report(std::size_t transactions) const {
         return CVReport::initWithTransactions(
-            CVDocument::Transactions(transactions, makeTransaction({.amount = 1, .payTo = "Market"})));
+            CVTransactions(transactions, makeTransaction({.amount = 1, .payTo = "Market"})));
     }
 
     /// Calls a function with the dialog of that kind once it is shown.
