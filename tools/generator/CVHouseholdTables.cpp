@@ -133,7 +133,7 @@ constexpr auto kEvents = std::to_array<Event>({
 });
 
 constexpr auto kEstimates = std::to_array<Estimate>({
-    {"Car Insurance", CVExpenseFrequency::kQuarterly, 14'630},
+    {"Car Insurance", CVExpenseFrequency::kQuarterly, 15'000},
     {"Child Care", CVExpenseFrequency::kMonthly, 26'500},
     {"Clothing", CVExpenseFrequency::kMonthly, 7'500},
     {"Dining Out", CVExpenseFrequency::kWeekly, 3'000},
