@@ -89,12 +89,12 @@ QString readOutput(const QString& value, CVBudgetOptions& options) {
 }
 
 /// "today" is read first, because other values count from it.
-constexpr std::array<CVOption<CVBudgetOptions>, 6> kOptions{{{"today", readToday},
-                                                             {"range", readRange},
-                                                             {"from", readFrom},
-                                                             {"to", readTo},
-                                                             {"set", readSet},
-                                                             {"output", readOutput}}};
+constexpr std::array<CVOption<CVBudgetOptions>, 6> kRangeOptions{{{"today", readToday},
+                                                                  {"range", readRange},
+                                                                  {"from", readFrom},
+                                                                  {"to", readTo},
+                                                                  {"set", readSet},
+                                                                  {"output", readOutput}}};
 
 /// Makes the set of that name the current one; false when there is none.
 bool selectSet(CVDocument& document, const QString& name) {
@@ -111,7 +111,7 @@ bool selectSet(CVDocument& document, const QString& name) {
 
 void CVBudgetOptions::declare(QCommandLineParser& parser) {
     CVDataOptions::declare(parser);
-    CVDeclareOptions<CVBudgetOptions>(parser, kOptions);
+    CVDeclareOptions<CVBudgetOptions>(parser, kRangeOptions);
 }
 
 QString CVBudgetOptions::read(const QCommandLineParser& parser) {
@@ -120,7 +120,7 @@ QString CVBudgetOptions::read(const QCommandLineParser& parser) {
         return BudgetOptionsText::tr("give either --range or --from and --to");
     QString problem = CVDataOptions::read(parser);
     if (problem.isEmpty())
-        problem = CVReadOptions<CVBudgetOptions>(parser, kOptions, *this);
+        problem = CVReadOptions<CVBudgetOptions>(parser, kRangeOptions, *this);
     if (problem.isEmpty() && from && to && to->comesBefore(*from))
         return BudgetOptionsText::tr("--from lies after --to");
     return problem;

@@ -17,7 +17,7 @@ QString readData(const QString& value, CVDataOptions& options) {
     return value.isEmpty() ? DataOptionsText::tr("--data needs the name of a file") : QString();
 }
 
-constexpr std::array<CVOption<CVDataOptions>, 1> kOptions{{{"data", readData}}};
+constexpr std::array<CVOption<CVDataOptions>, 1> kDataFileOptions{{{"data", readData}}};
 
 } // namespace
 
@@ -43,11 +43,11 @@ std::optional<CVDataOptions> CVDataOptions::parse(const QStringList& arguments, 
 
 void CVDataOptions::declare(QCommandLineParser& parser) {
     parser.addOption(QCommandLineOption(QStringList{QStringLiteral("h"), kHelp}));
-    CVDeclareOptions<CVDataOptions>(parser, kOptions);
+    CVDeclareOptions<CVDataOptions>(parser, kDataFileOptions);
 }
 
 QString CVDataOptions::read(const QCommandLineParser& parser) {
-    return CVReadOptions<CVDataOptions>(parser, kOptions, *this);
+    return CVReadOptions<CVDataOptions>(parser, kDataFileOptions, *this);
 }
 
 bool CVDataOptions::asksForHelp(const QCommandLineParser& parser) {

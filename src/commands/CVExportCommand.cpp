@@ -40,7 +40,7 @@ QString readSort(const QString& value, CVExportRequest& request) {
                      "--sort takes date, amount, tofrom, for, category, tax or userflag, and :descending behind it");
 }
 
-constexpr std::array<CVOption<CVExportRequest>, 2> kOptions{{{"search", readSearch}, {"sort", readSort}}};
+constexpr std::array<CVOption<CVExportRequest>, 2> kExportOptions{{{"search", readSearch}, {"sort", readSort}}};
 
 void fill(CVTransactionList& list, const CVDocument& document, const CVExportRequest& request) {
     request.chooseRange(list, document);
@@ -53,7 +53,7 @@ void fill(CVTransactionList& list, const CVDocument& document, const CVExportReq
 QString readArguments(const QStringList& arguments, CVExportRequest& request) {
     QCommandLineParser parser;
     CVBudgetOptions::declare(parser);
-    CVDeclareOptions<CVExportRequest>(parser, kOptions);
+    CVDeclareOptions<CVExportRequest>(parser, kExportOptions);
     if (!parser.parse(arguments))
         return parser.errorText();
     request.help = CVDataOptions::asksForHelp(parser);
@@ -62,7 +62,7 @@ QString readArguments(const QStringList& arguments, CVExportRequest& request) {
     if (!parser.positionalArguments().isEmpty())
         return ExportCommandText::tr("export takes no argument \"%1\"").arg(parser.positionalArguments().constFirst());
     QString problem = request.read(parser);
-    return problem.isEmpty() ? CVReadOptions<CVExportRequest>(parser, kOptions, request) : problem;
+    return problem.isEmpty() ? CVReadOptions<CVExportRequest>(parser, kExportOptions, request) : problem;
 }
 
 } // namespace

@@ -60,7 +60,7 @@ QString readPaper(const QString& value, CVReportRequest& request) {
     return request.paper ? QString() : ReportCommandText::tr("--paper takes a4 or letter");
 }
 
-constexpr std::array<CVOption<CVReportRequest>, 2> kOptions{{{"period", readPeriod}, {"paper", readPaper}}};
+constexpr std::array<CVOption<CVReportRequest>, 2> kReportOptions{{{"period", readPeriod}, {"paper", readPaper}}};
 
 QString readKind(const QStringList& arguments, CVReportRequest& request) {
     if (arguments.size() > 1)
@@ -91,7 +91,7 @@ QString refuseIdleOption(const QCommandLineParser& parser, CVReportType type) {
 QString readArguments(const QStringList& arguments, CVReportRequest& request) {
     QCommandLineParser parser;
     CVBudgetOptions::declare(parser);
-    CVDeclareOptions<CVReportRequest>(parser, kOptions);
+    CVDeclareOptions<CVReportRequest>(parser, kReportOptions);
     if (!parser.parse(arguments))
         return parser.errorText();
     request.help = CVDataOptions::asksForHelp(parser);
@@ -102,7 +102,7 @@ QString readArguments(const QStringList& arguments, CVReportRequest& request) {
         problem = refuseIdleOption(parser, request.type);
     if (problem.isEmpty())
         problem = request.read(parser);
-    return problem.isEmpty() ? CVReadOptions<CVReportRequest>(parser, kOptions, request) : problem;
+    return problem.isEmpty() ? CVReadOptions<CVReportRequest>(parser, kReportOptions, request) : problem;
 }
 
 /// Lists and computes the data that the window has when it prints, for the given days and periods, with the newest
