@@ -6,21 +6,20 @@
 
 #include <cstddef>
 
-/// The budget of a given size that all benchmarks use, the same on every day.
+/// The budget of that size that all figures are taken with, the same on every day.
 class CVBudgetFixture final {
 public:
     explicit CVBudgetFixture(std::size_t transactions);
 
     [[nodiscard]] CVDocument& document() { return *mDocument; }
-    /// The text of the budget's data file.
+    /// The text of its data file.
     [[nodiscard]] QByteArray text();
 
 private:
     CVDetachedDocument mDocument;
 };
 
-/// A folder on the same disk as the program, because the folder for temporary files may be in memory. The folder is
-/// removed at the end.
+/// A folder on the disk that the program stands on (the one for temporary files may be in memory), removed in the end.
 class CVScratchFolder final {
 public:
     CVScratchFolder();

@@ -1,45 +1,29 @@
 #include "CVComparison.h"
 
 #include <benchmark/benchmark.h>
-#include <time.h>
 
-#include <algorithm>
-#include <vector>
-
-namespace {
-
-double secondsNow(CVClock clock) {
-    timespec now{};
-    clock_gettime(clock == CVClock::Thread ? CLOCK_THREAD_CPUTIME_ID : CLOCK_MONOTONIC, &now);
-    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
-double median(std::vector<double>& values) {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
-
-} // namespace
-
-void CVComparison::run(benchmark::State& state) const {
-    const auto measure = [this](const std::function<void()>& action) {
-        reset();
-        const double start = secondsNow(clock);
-        action();
-        return secondsNow(clock) - start;
-    };
+void CVCompareSeconds(benchmark::State& state, const std::function<double()>& yardstick,
+                      const std::function<double()>& subject) {
     std::vector<double> yardsticks;
     std::vector<double> subjects;
     for ([[maybe_unused]] auto iteration : state) {
-        yardsticks.push_back(measure(yardstick));
-        subjects.push_back(measure(subject));
+        yardsticks.push_back(yardstick());
+        subjects.push_back(subject());
         state.SetIterationTime(subjects.back());
     }
-    reset();
-    const double base = median(yardsticks);
-    const double time = median(subjects);
+    const double base = CVMedian(std::move(yardsticks));
+    const double time = CVMedian(std::move(subjects));
     state.counters["yardstick"] = base;
     state.counters["subject"] = time;
-    state.counters["ratio"] = time / base;
+    state.counters["figure"] = time / base;
+}
+
+void CVComparison::run(benchmark::State& state) const {
+    const auto seconds = [this](const std::function<void()>& action) {
+        reset();
+        return CVSecondsOf(clock, action);
+    };
+    CVCompareSeconds(
+        state, [&] { return seconds(yardstick); }, [&] { return seconds(subject); });
+    reset();
 }

@@ -1,24 +1,26 @@
 #pragma once
 
+#include "CVStopwatch.h"
+
 #include <functional>
 
 namespace benchmark {
 class State;
 }
 
-/// The clock of a comparison. `Thread` is the thread's own processor time, which other programs hardly disturb; `Wall`
-/// is real time, for work that waits for a disk.
-enum class CVClock { Thread, Wall };
+/// Runs a yardstick and the piece of the program that is measured by it in turn, once each per iteration of `state`;
+/// each tells its seconds. Reports the ratio of their medians as the counter "figure", and both as "yardstick" and
+/// "subject".
+void CVCompareSeconds(benchmark::State& state, const std::function<double()>& yardstick,
+                      const std::function<double()>& subject);
 
-/// A part of the program and its yardstick, which is the bare minimum of the same work. `reset` runs before each of
-/// them and is not measured.
+/// A piece of the program and its yardstick, the bare minimum of the same work. `reset` runs before each of them and
+/// does not count.
 struct CVComparison {
     CVClock clock;
     std::function<void()> reset;
     std::function<void()> yardstick;
     std::function<void()> subject;
 
-    /// Runs yardstick and subject in turn, once each per iteration of `state`. Reports the medians in seconds and their
-    /// ratio as the counters "yardstick", "subject" and "ratio".
     void run(benchmark::State& state) const;
 };

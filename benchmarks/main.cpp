@@ -1,6 +1,5 @@
-#include "CVMeasurementReporter.h"
-#include "CVMeasurements.h"
-#include "CVMemoryProbe.h"
+#include "CVFigureReporter.h"
+#include "CVFigures.h"
 
 #include <QApplication>
 
@@ -13,10 +12,12 @@ namespace {
 constexpr int kLimitExceeded = 1;
 constexpr int kWrongUsage = 2;
 
-void registerMeasurements() {
-    for (const CVMeasurement& measurement : CVAllMeasurements()) {
-        for (const CVMeasurement::Size& size : measurement.sizes) {
-            benchmark::RegisterBenchmark(measurement.title, measurement.measure, size.transactions)
+void registerFigures() {
+    for (const CVFigure& figure : CVFigures()) {
+        for (const CVFigure::Size& size : figure.sizes) {
+            if (size.rounds == 0)
+                continue;
+            benchmark::RegisterBenchmark(figure.title, figure.measure, size.transactions)
                 ->Arg(static_cast<int64_t>(size.transactions))
                 ->Iterations(size.rounds)
                 ->UseManualTime()
@@ -28,16 +29,14 @@ void registerMeasurements() {
 } // namespace
 
 int main(int argc, char** argv) {
-    // The windows are painted into memory, not onto a screen.
+    // Windows are painted into memory.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
-    if (const auto status = CVRunMemoryProbe(QCoreApplication::arguments()))
-        return *status;
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return kWrongUsage;
-    registerMeasurements();
-    CVMeasurementReporter reporter;
+    registerFigures();
+    CVFigureReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     reporter.printTable(std::cout);
     if (reporter.allWithinLimits())

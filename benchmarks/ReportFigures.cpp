@@ -1,9 +1,8 @@
+#include "CVBareParse.h"
 #include "CVBudgetFixture.h"
 #include "CVComparison.h"
-#include "CVMeasurements.h"
-#include "CVMemoryProbe.h"
-#include "CVParseBare.h"
-#include "CVWalkPlainly.h"
+#include "CVFigures.h"
+#include "CVPlainWalk.h"
 #include "reports/CVReportPages.h"
 #include "reports/CVReportPainter.h"
 #include "storage/CVDocumentXML.h"
@@ -16,7 +15,6 @@
 
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
-#include <malloc.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -27,11 +25,11 @@
 
 namespace {
 
-/// Half of the time that a start of the program may take beyond twice the bare parsing of its file.
+/// The most that a start of the program may take beyond twice the bare reading of its file is twice this.
 constexpr std::chrono::milliseconds kStart(30);
 constexpr int kDotsPerInch = 1200;
 
-/// Runs the program and discards its output; whether the program succeeded.
+/// Runs the program, with its output going nowhere; whether it ended well.
 bool runSummary(const QByteArray& file) {
     std::array<QByteArray, 6> words{CORVELLA_PROGRAM, "report", "summary", "--period=month", "--data", file};
     std::array<char*, words.size() + 1> arguments{};
@@ -52,7 +50,7 @@ std::unique_ptr<const CVReport> reportOf(CVDocument& document) {
     return CVReport::initWithTransactions(document.transactions());
 }
 
-/// The texts of the report's pages at their places, written without measuring room or font.
+/// Every text of the report's pages where it is written, without room or font looked at.
 struct BareText {
     QPointF baseline;
     QString text;
@@ -128,7 +126,7 @@ void CVMeasurePagination(benchmark::State& state, std::size_t transactions) {
         view = nullptr;
         printed = fixture.document().transactions();
     };
-    comparison.yardstick = [&] { CVWalkPlainly(fixture.document().transactions()); };
+    comparison.yardstick = [&] { CVPlainWalk(fixture.document().transactions()); };
     comparison.subject = [&] {
         view = std::make_unique<CVReportView>(CVReport::initWithTransactions(std::move(printed)), printInfo);
         for (int page = 1; page <= view->knowsPageRange(); ++page)
@@ -138,7 +136,7 @@ void CVMeasurePagination(benchmark::State& state, std::size_t transactions) {
 }
 
 void CVMeasurePaintingLastPage(benchmark::State& state, std::size_t transactions) {
-    // The first and the last page are both full, so that they are comparable.
+    // Both pages are full.
     CVBudgetFixture fixture(transactions - transactions % 49);
     CVPrintInfo printInfo;
     const CVReportView view(reportOf(fixture.document()), printInfo);
@@ -174,33 +172,4 @@ void CVMeasurePDF(benchmark::State& state, std::size_t transactions) {
             state.SkipWithError("the report could not be painted");
     };
     comparison.run(state);
-}
-
-/// Compares the memory after all pages with that after a tenth of them.
-void CVMeasurePDFMemory(benchmark::State& state, std::size_t transactions) {
-    CVBudgetFixture fixture(transactions);
-    CVPrintInfo printInfo;
-    const CVReportView view(reportOf(fixture.document()), printInfo);
-    malloc_trim(0);
-    for ([[maybe_unused]] auto iteration : state) {
-        QFile output(QStringLiteral("/dev/null"));
-        if (!output.open(QIODevice::WriteOnly))
-            state.SkipWithError("the output could not be opened");
-        const int tenth = view.knowsPageRange() / 10;
-        double early = 0;
-        double late = 0;
-        const auto result = CVWritePDF(view, output, CVPageRange::all(view), [&](int done) {
-            if (done == tenth)
-                early = CVReadResidentMemory();
-            if (done == view.knowsPageRange())
-                late = CVReadResidentMemory();
-            return true;
-        });
-        if (result != CVPaintResult::Painted)
-            state.SkipWithError("the report could not be painted");
-        state.SetIterationTime(0);
-        state.counters["yardstick"] = early;
-        state.counters["subject"] = late;
-        state.counters["ratio"] = late / early;
-    }
 }

@@ -1,7 +1,7 @@
 #include "CVBudgetFixture.h"
 #include "CVComparison.h"
-#include "CVMeasurements.h"
-#include "CVWalkPlainly.h"
+#include "CVFigures.h"
+#include "CVPlainWalk.h"
 #include "budget/CVBudgetGrid.h"
 #include "budget/CVCategoryAverages.h"
 #include "budget/CVDisplayPeriods.h"
@@ -27,14 +27,14 @@ void measureAgainstWalk(benchmark::State& state, std::size_t transactions, Subje
     CVComparison comparison;
     comparison.clock = CVClock::Thread;
     comparison.reset = [] {};
-    comparison.yardstick = [&] { CVWalkPlainly(document.transactions()); };
+    comparison.yardstick = [&] { CVPlainWalk(document.transactions()); };
     comparison.subject = [&] { subject(document); };
     comparison.run(state);
 }
 
-/// Computes the grid and reads all its cells.
+/// Makes the grid and reads all of it.
 void showGrid(const CVDocument& document, std::span<const CVDayRange> columns, const CVDayRange& total) {
-    const CVBudgetGrid grid(document.transactions(), CVIDsOfCategories(document.categories()), columns, total);
+    const CVBudgetGrid grid(document.transactions(), CVCategoryIDs(document.categories()), columns, total);
     double shown = 0;
     for (std::size_t row = 0; row < grid.rows(); ++row) {
         for (std::size_t column = 0; column < grid.columns(); ++column)
@@ -54,7 +54,7 @@ void showLastWeek(const CVDocument& document) {
     showGrid(document, columns, periods.displayRange());
 }
 
-/// The most work for this number of columns: every transaction lies in one of them.
+/// The most work that as many columns can make: every transaction lies in one of them.
 void showAllInColumns(const CVDocument& document) {
     const CVDayRange whole = wholeRange(document);
     std::vector<CVDayRange> columns;
@@ -65,7 +65,7 @@ void showAllInColumns(const CVDocument& document) {
 }
 
 void showColumns(const CVDocument& document) {
-    const CVSpendingOfRange spending(document.transactions(), CVIDsOfCategories(document.categories()),
+    const CVSpendingOfRange spending(document.transactions(), CVCategoryIDs(document.categories()),
                                      wholeRange(document));
     double shown = 0;
     for (const auto& category : document.categories()) {

@@ -1,4 +1,4 @@
-#include "CVParseBare.h"
+#include "CVBareParse.h"
 
 #include <libxml/parser.h>
 

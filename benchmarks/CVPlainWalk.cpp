@@ -1,10 +1,10 @@
-#include "CVWalkPlainly.h"
+#include "CVPlainWalk.h"
 
 #include "model/CVTransaction.h"
 
 #include <benchmark/benchmark.h>
 
-void CVWalkPlainly(const CVTransactions& transactions) {
+void CVPlainWalk(const CVTransactions& transactions) {
     double amounts = 0;
     quint64 categories = 0;
     qint64 days = 0;

@@ -1,6 +1,6 @@
 #include "CVBudgetFixture.h"
 #include "CVComparison.h"
-#include "CVMeasurements.h"
+#include "CVFigures.h"
 #include "base/CVDefaultsKeys.h"
 #include "base/QBUserDefaults.h"
 #include "contents/CVTransactionList.h"
@@ -15,7 +15,7 @@
 
 namespace {
 
-/// The parts of a transaction that an order compares, in a plain record.
+/// What one order needs of a transaction, in a plain record.
 template <typename Key>
 struct Plain {
     Key key;
@@ -31,8 +31,8 @@ bool before(const Key& a, const Key& b) {
     return a < b;
 }
 
-/// Compares sorting the whole list by a column, starting from the document's order, with std::stable_sort on plain
-/// records that hold the same keys.
+/// Sorting the whole list by a column, from the order of the document, against std::stable_sort of plain records that
+/// hold the same keys.
 template <typename KeyOf>
 void measureSort(benchmark::State& state, std::size_t transactions, const char* column, KeyOf keyOf) {
     CVBudgetFixture fixture(transactions);

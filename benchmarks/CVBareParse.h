@@ -1,0 +1,7 @@
+#pragma once
+
+#include <QByteArray>
+
+/// The yardstick of whatever reads a data file: the parser alone, with the same callbacks as the reader, all of them
+/// empty. False when it found a fault.
+[[nodiscard]] bool CVParseBare(const QByteArray& bytes);

@@ -1,0 +1,102 @@
+#include "CVFigures.h"
+
+#include "model/CVTransactionColumns.h"
+#include "workspace/CVMainWindow.h"
+
+namespace {
+
+using Measure = void (*)(benchmark::State& state, std::size_t transactions);
+using benchmark::State;
+
+constexpr std::size_t kMiddle = 100'000;
+constexpr std::size_t kLarge = 1'000'000;
+constexpr int kRounds = 20;
+/// A hundred thousand transactions are two thousand pages, which take many seconds.
+constexpr int kRoundsOfPages = 5;
+
+constexpr const char* kWalk = "plain walk";
+constexpr const char* kPlainSort = "stable sort of plain records";
+constexpr const char* kPage = "first page";
+
+constexpr CVFigure figure(const char* title, const char* unit, double limit, double largeLimit, Measure measure) {
+    return {title, unit, {{{kMiddle, kRounds, limit}, {kLarge, kRounds, largeLimit}}}, measure};
+}
+
+/// One change, or another view of the budget.
+constexpr CVFigure step(const char* title, Measure measure) {
+    return figure(title, CVFigure::kMilliseconds, 50, 400, measure);
+}
+
+/// What moves or removes very many lines.
+constexpr CVFigure upheaval(const char* title, Measure measure) {
+    return figure(title, CVFigure::kMilliseconds, 100, 1000, measure);
+}
+
+constexpr CVFigure withoutLimit(const char* title, const char* unit, Measure measure) {
+    return figure(title, unit, CVFigure::kNoLimit, CVFigure::kNoLimit, measure);
+}
+
+template <int letter>
+void measureKey(State& state, std::size_t transactions) {
+    CVMeasureSearchKey(state, transactions, letter);
+}
+
+template <CVMainWindow::Tab tab>
+void measureTab(State& state, std::size_t transactions) {
+    CVMeasureTab(state, transactions, tab);
+}
+
+template <CVTransactionColumns::Column column>
+void measureSorting(State& state, std::size_t transactions) {
+    CVMeasureSorting(state, transactions, column);
+}
+
+constexpr auto kFigures = std::to_array<CVFigure>({
+    step("Record", CVMeasureRecord),
+    step("Search, first letter", measureKey<1>),
+    step("Search, second letter", measureKey<2>),
+    step("Search, third letter", measureKey<3>),
+    step("Search, fourth letter", measureKey<4>),
+    step("Search, field cleared", CVMeasureSearchCleared),
+    step("Another tab: the list", measureTab<CVMainWindow::kTransactions>),
+    step("Another tab: the summary", measureTab<CVMainWindow::kSummary>),
+    step("Another tab: the reports", measureTab<CVMainWindow::kReports>),
+    step("Another period of the list", CVMeasurePeriodOfList),
+    step("Another period of the summary", CVMeasurePeriodOfSummary),
+    step("Another period of the reports", CVMeasurePeriodOfReports),
+    step("Edit a cell", CVMeasureCellEdit),
+    step("Remove one", CVMeasureRemoveOne),
+    upheaval("Sort by date", measureSorting<CVTransactionColumns::Date>),
+    upheaval("Sort by amount", measureSorting<CVTransactionColumns::Amount>),
+    upheaval("Sort by payee", measureSorting<CVTransactionColumns::ToFrom>),
+    upheaval("Sort by what it was for", measureSorting<CVTransactionColumns::For>),
+    upheaval("Sort by category", measureSorting<CVTransactionColumns::Category>),
+    upheaval("Remove half of all", CVMeasureRemoveHalf),
+    figure("From start to usable window", "CPU of an empty window and a bare SAX parse", 2.2, 1.8, CVMeasureStart),
+    {"From start to usable window, empty budget",
+     "CPU of an empty window",
+     {{{0, kRounds, 2.5}, {0, 0, CVFigure::kNoLimit}}},
+     CVMeasureEmptyStart},
+    figure("Safe save", "write, fsync, rename", 1.5, 1.5, CVMeasureSave),
+    figure("Text after one change", "memcpy into fresh memory", 2, 2, CVMeasureText),
+    {"Report as a PDF", "QPdfWriter, same strings", {{{kMiddle, kRoundsOfPages, 2}, {kLarge, 1, 2}}}, CVMeasurePDF},
+    figure("Month by category, from start to exit", "bare SAX parse and 30 ms", 2, 2, CVMeasureSummaryReport),
+    withoutLimit("Grid, a week of days", kWalk, CVMeasureGridOfWeek),
+    withoutLimit("Grid, all transactions in a column", kWalk, CVMeasureGridOfAll),
+    withoutLimit("Figures of all categories", kWalk, CVMeasureFigures),
+    withoutLimit("Tax, plan and percent columns", kWalk, CVMeasureReportColumns),
+    withoutLimit("Rows of the grid and the reports", kWalk, CVMeasureBudgetRows),
+    withoutLimit("Report pages", kWalk, CVMeasurePagination),
+    withoutLimit("Report painted, last page", kPage, CVMeasurePaintingLastPage),
+    withoutLimit("Order by date", kPlainSort, CVMeasureSortByDate),
+    withoutLimit("Order by amount", kPlainSort, CVMeasureSortByAmount),
+    withoutLimit("Order by payee", kPlainSort, CVMeasureSortByPayee),
+    withoutLimit("Order by what it was for", kPlainSort, CVMeasureSortByFor),
+    withoutLimit("Order by category", kPlainSort, CVMeasureSortByCategory),
+});
+
+} // namespace
+
+std::span<const CVFigure> CVFigures() {
+    return kFigures;
+}

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <span>
+
+namespace benchmark {
+class State;
+}
+
+/// A line of the table that the benchmarks end with.
+struct CVFigure {
+    static constexpr double kNoLimit = 0;
+    /// What figures are measured in that are no multiples of a yardstick.
+    static constexpr const char* kMilliseconds = "ms";
+
+    struct Size {
+        /// Of the budget.
+        std::size_t transactions;
+        /// How often the figure is measured; 0: not at this size.
+        int rounds;
+        /// The highest figure allowed, or `kNoLimit`.
+        double limit;
+
+        [[nodiscard]] bool allows(double figure) const { return limit == kNoLimit || figure <= limit; }
+    };
+
+    const char* title;
+    /// The yardstick of which the figure is a multiple, or `kMilliseconds`.
+    const char* unit;
+    /// By column of the table.
+    std::array<Size, 2> sizes;
+    /// Measures once per iteration of `state` and reports the counter "figure".
+    void (*measure)(benchmark::State& state, std::size_t transactions);
+
+    [[nodiscard]] bool isTime() const { return unit == kMilliseconds; }
+};
+
+/// In the order of the table.
+[[nodiscard]] std::span<const CVFigure> CVFigures();
+
+/// What a click or a key in the main window does.
+void CVMeasureRecord(benchmark::State& state, std::size_t transactions);
+void CVMeasureCellEdit(benchmark::State& state, std::size_t transactions);
+void CVMeasureRemoveOne(benchmark::State& state, std::size_t transactions);
+void CVMeasureRemoveHalf(benchmark::State& state, std::size_t transactions);
+/// The key that adds the letter `letter` of a word, from 1 on.
+void CVMeasureSearchKey(benchmark::State& state, std::size_t transactions, int letter);
+void CVMeasureSearchCleared(benchmark::State& state, std::size_t transactions);
+/// By `CVMainWindow::Tab`.
+void CVMeasureTab(benchmark::State& state, std::size_t transactions, int tab);
+void CVMeasurePeriodOfList(benchmark::State& state, std::size_t transactions);
+void CVMeasurePeriodOfSummary(benchmark::State& state, std::size_t transactions);
+void CVMeasurePeriodOfReports(benchmark::State& state, std::size_t transactions);
+/// By `CVTransactionColumns::Column`.
+void CVMeasureSorting(benchmark::State& state, std::size_t transactions, int column);
+
+/// What starting the program takes.
+void CVMeasureStart(benchmark::State& state, std::size_t transactions);
+void CVMeasureEmptyStart(benchmark::State& state, std::size_t transactions);
+
+void CVMeasureSave(benchmark::State& state, std::size_t transactions);
+void CVMeasureText(benchmark::State& state, std::size_t transactions);
+void CVMeasurePDF(benchmark::State& state, std::size_t transactions);
+void CVMeasureSummaryReport(benchmark::State& state, std::size_t transactions);
+
+/// The sums and orders alone, without a window.
+void CVMeasureGridOfWeek(benchmark::State& state, std::size_t transactions);
+void CVMeasureGridOfAll(benchmark::State& state, std::size_t transactions);
+void CVMeasureFigures(benchmark::State& state, std::size_t transactions);
+void CVMeasureReportColumns(benchmark::State& state, std::size_t transactions);
+void CVMeasureBudgetRows(benchmark::State& state, std::size_t transactions);
+void CVMeasurePagination(benchmark::State& state, std::size_t transactions);
+void CVMeasurePaintingLastPage(benchmark::State& state, std::size_t transactions);
+void CVMeasureSortByDate(benchmark::State& state, std::size_t transactions);
+void CVMeasureSortByAmount(benchmark::State& state, std::size_t transactions);
+void CVMeasureSortByPayee(benchmark::State& state, std::size_t transactions);
+void CVMeasureSortByFor(benchmark::State& state, std::size_t transactions);
+void CVMeasureSortByCategory(benchmark::State& state, std::size_t transactions);
