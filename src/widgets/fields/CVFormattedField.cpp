@@ -5,6 +5,7 @@
 #include <QAccessible>
 #include <QAction>
 #include <QFocusEvent>
+#include <QIcon>
 #include <QStyle>
 
 namespace {
@@ -18,7 +19,7 @@ bool isLeftByUser(Qt::FocusReason reason) {
 
 CVFormattedField::CVFormattedField(QWidget* parent)
     : QLineEdit(parent)
-    , mMark(addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::LeadingPosition))
+    , mMark(addAction(QIcon(), QLineEdit::LeadingPosition))
     , mNote(new CVFieldNote(*this)) {
     mMark->setVisible(false);
     connect(this, &QLineEdit::editingFinished, this, &CVFormattedField::endEditing);
@@ -105,6 +106,9 @@ void CVFormattedField::focusOutEvent(QFocusEvent* event) {
 void CVFormattedField::setReadable(bool readable) {
     const bool isNews = !readable && mReadable;
     mReadable = readable;
+    // The look-up of the icon in the theme takes several milliseconds, so that the start leaves it out.
+    if (!readable && mMark->icon().isNull())
+        mMark->setIcon(style()->standardIcon(QStyle::SP_MessageBoxWarning));
     mMark->setVisible(!readable);
     // The toolkit shifts the text to make room for the mark, but repaints only the mark's area.
     update();

@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QLabel>
 #include <QPushButton>
 #include <QStyle>
@@ -30,8 +31,6 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
     mText->setWordWrap(true);
     mTryAgain->setObjectName(QStringLiteral("mTryAgainButton"));
     mTryAgain->setAccessibleName(tr("Try Again"));
-    const int side = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
-    mIcon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(QSize(side, side), devicePixelRatio()));
 
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -71,6 +70,11 @@ void CVSaveStatus::show(const QString& text, Outcome outcome) {
     // The text of a failure begins next to its icon.
     mText->setAlignment((failed ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
     mText->setText(text);
+    if (failed) {
+        const int side = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
+        const QIcon warning = style()->standardIcon(QStyle::SP_MessageBoxWarning);
+        mIcon->setPixmap(warning.pixmap(QSize(side, side), devicePixelRatio()));
+    }
     mIcon->setVisible(failed);
     // While the next attempt runs the button stays, and with it the focus.
     if (outcome != Outcome::Open)
