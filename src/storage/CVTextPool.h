@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-/// Decodes and keeps each text of a file once, so that equal texts share their characters. Decoding each takes 40 ms and
-/// 11 MB more when 100,000 transactions are read, which takes 190 ms. This is a hash table with linear probing; a
+/// Decodes and keeps each text of a file once, so that equal texts share their characters. Decoding each takes 40 ms
+/// and 11 MB more when 100,000 transactions are read, which takes 190 ms. This is a hash table with linear probing; a
 /// std::unordered_map takes up to 10 ms more.
 class CVTextPool final {
 public:
