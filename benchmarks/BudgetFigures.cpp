@@ -34,7 +34,7 @@ void measureAgainstWalk(benchmark::State& state, std::size_t transactions, Subje
 
 /// Makes the grid and reads all of it.
 void showGrid(const CVDocument& document, std::span<const CVDayRange> columns, const CVDayRange& total) {
-    const CVBudgetGrid grid(document.transactions(), CVCategoryIDs(document.categories()), columns, total);
+    const CVBudgetGrid grid(document.transactions(), CVIDsOfCategories(document.categories()), columns, total);
     double shown = 0;
     for (std::size_t row = 0; row < grid.rows(); ++row) {
         for (std::size_t column = 0; column < grid.columns(); ++column)
@@ -65,7 +65,7 @@ void showAllInColumns(const CVDocument& document) {
 }
 
 void showColumns(const CVDocument& document) {
-    const CVSpendingOfRange spending(document.transactions(), CVCategoryIDs(document.categories()),
+    const CVSpendingOfRange spending(document.transactions(), CVIDsOfCategories(document.categories()),
                                      wholeRange(document));
     double shown = 0;
     for (const auto& category : document.categories()) {
