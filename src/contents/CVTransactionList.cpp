@@ -18,14 +18,14 @@ constexpr int kAscending = 0;
 constexpr int kDescending = 1;
 constexpr int kPresetAll = 0;
 
-CVTransactionList::Totals totalsOf(const CVTransactions& transactions) {
+} // namespace
+
+CVTransactionList::Totals CVTransactionList::Totals::of(const CVTransactions& transactions) {
     double amount = 0;
     for (const auto& transaction : transactions)
         amount += transaction->amount();
     return {transactions.size(), RoundDoubleToTwoPlaces(amount)};
 }
-
-} // namespace
 
 CVTransactionList::CVTransactionList(CVDocument& document)
     : mDocument(document)
@@ -100,11 +100,11 @@ void CVTransactionList::chooseSortColumn(const QString& identifier) {
 }
 
 CVTransactionList::Totals CVTransactionList::totals() const {
-    return totalsOf(mTransactions);
+    return Totals::of(mTransactions);
 }
 
 CVTransactionList::Totals CVTransactionList::displayTotals() const {
-    return totalsOf(mDisplayTransactionArray);
+    return Totals::of(mDisplayTransactionArray);
 }
 
 /// "All" shows undated transactions too, although they are in no range, unless the user has narrowed the range.

@@ -16,6 +16,8 @@ public:
     struct Totals {
         std::size_t count = 0;
         double amount = 0;
+
+        [[nodiscard]] static Totals of(const CVTransactions& transactions);
     };
 
     explicit CVTransactionList(CVDocument& document);

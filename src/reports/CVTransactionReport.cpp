@@ -1,4 +1,4 @@
-#include "base/QBMoney.h"
+#include "contents/CVTransactionList.h"
 #include "contents/CVTransactionText.h"
 #include "format/QBDateFormatter.h"
 #include "format/QBMoneyFormatter.h"
@@ -34,11 +34,9 @@ public:
 private:
     /// Every page shows the total of the whole report.
     [[nodiscard]] static QString titleOf(const CVTransactions& transactions) {
-        double total = 0;
-        for (const auto& transaction : transactions)
-            total += transaction->amount();
+        const double total = CVTransactionList::Totals::of(transactions).amount;
         return CVReport::tr("Transaction Report for: %1  Total=%2")
-            .arg(QBDateFormatter().string(QBDate::date()), QBMoneyFormatter().string(RoundDoubleToTwoPlaces(total)));
+            .arg(QBDateFormatter().string(QBDate::date()), QBMoneyFormatter().string(total));
     }
 
     CVTransactions mTransactionArray;
