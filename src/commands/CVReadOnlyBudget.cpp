@@ -43,7 +43,7 @@ bool CVReadOnlyBudget::read(const std::optional<QString>& dataFile, QTextStream&
         return fail(errors, ReadOnlyBudgetText::tr("%1 is not a file").arg(shown));
     mPath = isInput ? QString::fromLatin1(CVStandardStreams::kInputPath) : *path;
     const CVLoadReport report = load(isInput ? QString() : *path);
-    if (report.outcome == CVLoadReport::Outcome::Unreadable)
+    if (report.outcome != CVLoadReport::Outcome::Loaded && report.outcome != CVLoadReport::Outcome::NoBudget)
         return fail(errors, ReadOnlyBudgetText::tr("%1 could not be read: %2").arg(shown, report.reason));
     if (!report.reason.isEmpty())
         CVWriteErrorLine(errors, ReadOnlyBudgetText::tr("note: %1").arg(report.reason));
@@ -59,7 +59,7 @@ CVLoadReport CVReadOnlyBudget::load(const QString& path) {
         return file.readFromURL(mDocument, path);
     QFile input;
     if (!input.open(STDIN_FILENO, QIODevice::ReadOnly))
-        return {CVLoadReport::Outcome::Unreadable, mPath, input.errorString()};
+        return {CVLoadReport::Outcome::NotRead, mPath, input.errorString()};
     return file.readFromOpenFile(mDocument, input);
 }
 

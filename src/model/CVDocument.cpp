@@ -119,6 +119,14 @@ void CVDocument::finishedParsingData() {
     keepFirstOfEachID(mCategories);
 }
 
+void CVDocument::abandonParsingData() {
+    release(mTransactions);
+    removeAllCategories();
+    release(mTransactionSets);
+    setUniqueID(0);
+    setCurrentTransactionSet(0);
+}
+
 const std::shared_ptr<CVCategory>& CVDocument::objectInCategoriesAtIndex(std::size_t index) const {
     return mCategories.at(index);
 }

@@ -122,6 +122,8 @@ public:
     void beginParsingData() {}
     /// Keeps only the first of several sets, and of several categories, with the same ID.
     void finishedParsingData();
+    /// Empties the document after a reading that broke off; announces and saves nothing.
+    void abandonParsingData();
 
 private:
     void widenBounds(const QBDate& date);

@@ -3,18 +3,15 @@
 #include "model/CVDocument.h"
 #include "storage/CVDocumentParserDelegate.h"
 #include "storage/CVDocumentXML.h"
+#include "storage/CVExaminedSource.h"
 
 #include <QFile>
 #include <QFileInfo>
 
-#include <limits>
 #include <new>
 #include <utility>
 
 namespace {
-
-constexpr qint64 kLargestFile = std::numeric_limits<int>::max();
-constexpr qint64 kPieceOfPipe = 1024 * 1024;
 
 bool isAccepted(const QString& type) {
     return type == QLatin1String(CVDocumentFile::kDocumentType) ||
@@ -59,7 +56,7 @@ CVLoadReport CVDocumentFile::readFromURL(CVDocument& document, const QString& pa
     const auto signature = CVFileSignature::of(path);
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return {CVLoadReport::Outcome::Unreadable, path, file.errorString()};
+        return {CVLoadReport::Outcome::NotRead, path, file.errorString()};
     CVLoadReport report = readFromOpenFile(document, file);
     report.path = path;
     if (report.outcome == CVLoadReport::Outcome::Loaded && mReadWhole)
@@ -67,10 +64,10 @@ CVLoadReport CVDocumentFile::readFromURL(CVDocument& document, const QString& pa
     return report;
 }
 
-CVLoadReport CVDocumentFile::readFromOpenFile(CVDocument& document, QFile& file) {
+CVLoadReport CVDocumentFile::readFromOpenFile(CVDocument& document, QIODevice& file) {
     CVLoadReport report{CVLoadReport::Outcome::Unreadable, {}, {}};
     // A file that the parser would refuse is not read at all.
-    if (file.size() > kLargestFile) {
+    if (file.size() > CVExaminedSource::kLargestFile) {
         report.reason = tr("the file is larger than 2 GiB");
         return report;
     }
@@ -80,40 +77,22 @@ CVLoadReport CVDocumentFile::readFromOpenFile(CVDocument& document, QFile& file)
     }
     bool read = false;
     mWasCancelled = false;
+    mWasBrokenOff = true;
     try {
-        auto bytes = readBytes(file, report.reason);
-        if (!bytes)
-            return report;
-        read = readFromData(document, std::move(*bytes), QLatin1String(kDocumentType));
+        CVDocumentParserDelegate parser(&document);
+        parser.setProgress(mReadingProgress);
+        read = parse(parser, parser.prepareFromDevice(file));
         report.reason = mReason;
     } catch (const std::bad_alloc&) {
         report.reason = tr("there is not enough memory to read the file");
     }
     if (mWasCancelled)
         report.outcome = CVLoadReport::Outcome::Cancelled;
+    else if (mWasBrokenOff)
+        report.outcome = CVLoadReport::Outcome::NotRead;
     else if (read)
         report.outcome = mReason.isEmpty() ? CVLoadReport::Outcome::Loaded : CVLoadReport::Outcome::NoBudget;
     return report;
-}
-
-std::optional<QByteArray> CVDocumentFile::readBytes(QFile& file, QString& reason) {
-    QByteArray bytes;
-    if (file.isSequential()) {
-        // A pipe does not tell its size beforehand.
-        while (bytes.size() <= kLargestFile) {
-            const QByteArray piece = file.read(kPieceOfPipe);
-            if (piece.isEmpty())
-                break;
-            bytes += piece;
-        }
-    } else {
-        bytes = file.readAll();
-    }
-    if (file.error() != QFileDevice::NoError)
-        reason = file.errorString();
-    else if (bytes.size() > kLargestFile)
-        reason = tr("the file is larger than 2 GiB");
-    return reason.isEmpty() ? std::optional(std::move(bytes)) : std::nullopt;
 }
 
 bool CVDocumentFile::readFromData(CVDocument& document, QByteArray bytes, const QString& type) {
@@ -122,10 +101,15 @@ bool CVDocumentFile::readFromData(CVDocument& document, QByteArray bytes, const 
         return false;
     CVDocumentParserDelegate parser(&document);
     parser.setProgress(mReadingProgress);
-    const bool read = parser.prepareFromData(std::move(bytes)) && !parser.isEncrypted() && parser.parseDocumentData();
+    return parse(parser, parser.prepareFromData(std::move(bytes)));
+}
+
+bool CVDocumentFile::parse(CVDocumentParserDelegate& parser, bool isPrepared) {
+    const bool read = isPrepared && !parser.isEncrypted() && parser.parseDocumentData();
     mReason = parser.errorMessage();
     mReadWhole = parser.readWhole();
     mWasCancelled = parser.wasCancelled();
+    mWasBrokenOff = parser.wasBrokenOff();
     if (read && !parser.foundRoot())
         mReason = tr("the file is XML but holds no Corvella budget");
     return read;

@@ -10,8 +10,9 @@
 #include <optional>
 
 class CVDocument;
+class CVDocumentParserDelegate;
 class QBUserDefaults;
-class QFile;
+class QIODevice;
 
 /// The outcome of reading the data file.
 struct CVLoadReport {
@@ -21,9 +22,12 @@ struct CVLoadReport {
         /// The file is XML of another kind, which reads as an empty budget. It is kept before it is written over,
         /// because it may matter to somebody.
         NoBudget,
-        /// Nothing was read. The file is unchanged; a damaged file is kept beside and replaced.
+        /// The file holds something that is no budget or a damaged one. A damaged file is kept beside and replaced.
         Unreadable,
-        /// The user cancelled the reading; the document holds a part of the file and must not be used.
+        /// The file could not be opened, or not be read to its end, which says nothing about what it holds. The
+        /// document is empty; nothing was saved.
+        NotRead,
+        /// The user cancelled the reading; the document is empty.
         Cancelled
     };
 
@@ -44,15 +48,15 @@ public:
     CVDocumentFile(CVStandardFolders folders, QBUserDefaults& defaults);
 
     /// Sets a function that is called with 0 when the reading of a file begins, and then from time to time with the
-    /// estimated part that has been read, up to 1. Answering false cancels the reading. There is no function at first.
+    /// part that has been read, up to 1. Answering false cancels the reading. There is no function at first.
     void setReadingProgress(std::function<bool(double part)> progress) { mReadingProgress = std::move(progress); }
 
     /// Fills a new document from the user's data file, or with the defaults when there is no readable file.
     CVLoadReport initWithStandardUserFile(CVDocument& document);
     /// Reads the file or pipe at `path` into a new document.
     CVLoadReport readFromURL(CVDocument& document, const QString& path);
-    /// Reads an open file from its position to its end; saving never writes over it.
-    CVLoadReport readFromOpenFile(CVDocument& document, QFile& file);
+    /// Reads an open file or pipe from its position to its end; saving never writes over it.
+    CVLoadReport readFromOpenFile(CVDocument& document, QIODevice& file);
     /// False for another type than the two above, for too few or too many bytes, for encrypted bytes and for malformed
     /// XML.
     bool readFromData(CVDocument& document, QByteArray bytes, const QString& type);
@@ -65,8 +69,7 @@ public:
 
 private:
     [[nodiscard]] CVLoadReport reportObstacle() const;
-    /// All bytes of the file; absent, with the reason, when they are too many to be parsed or cannot be read.
-    [[nodiscard]] static std::optional<QByteArray> readBytes(QFile& file, QString& reason);
+    [[nodiscard]] bool parse(CVDocumentParserDelegate& parser, bool isPrepared);
 
     CVStandardFolders mFolders;
     QBUserDefaults& mDefaults;
@@ -74,6 +77,7 @@ private:
     QString mReason;
     bool mReadWhole = false;
     bool mWasCancelled = false;
+    bool mWasBrokenOff = false;
     std::function<bool(double part)> mReadingProgress;
     CVSaveQueue mSaves;
 };

@@ -6,17 +6,11 @@
 #include "model/CVDocument.h"
 #include "model/CVTransaction.h"
 #include "model/CVTransactionSet.h"
+#include "storage/CVExaminedSource.h"
 
 #include <cstring>
 #include <string_view>
 #include <utility>
-
-namespace {
-
-/// The number of transactions between two reports of the progress.
-constexpr std::size_t kTransactionsPerReport = 5000;
-
-} // namespace
 
 CVDocumentParserDelegate::CVDocumentParserDelegate(CVDocument* target) : document(target) {
     _co_parsing_object_stack.reserve(5);
@@ -98,8 +92,6 @@ void CVDocumentParserDelegate::parsingDelegateStartElement(CVParsingDelegate& /*
         auto transaction = mTransactions.next();
         begin(*transaction, name, attributes);
         document->addTransaction(std::move(transaction));
-        if (document->transactions().size() % kTransactionsPerReport == 0)
-            reportProgress();
     } else if (CVIsNamed(name, "Category")) {
         const auto category = std::make_shared<CVCategory>(mToday);
         begin(*category, name, attributes);
@@ -116,14 +108,6 @@ void CVDocumentParserDelegate::parsingDelegateStartElement(CVParsingDelegate& /*
 void CVDocumentParserDelegate::parsingDelegateEndElement(CVParsingDelegate& /*delegate*/, const char* name) {
     if (CVIsNamed(name, "CorvellaDocument"))
         popParsingObjectForEndingElement(name);
-}
-
-void CVDocumentParserDelegate::reportProgress() {
-    const auto read = static_cast<double>(document->transactions().size());
-    if (!mProgress || mProgress(qMin(1.0, read / mExpectedTransactions)))
-        return;
-    mWasCancelled = true;
-    mGaveUp = true;
 }
 
 template <typename Record>

@@ -16,6 +16,8 @@
 #include <vector>
 
 class CVDocument;
+class CVExaminedSource;
+class QIODevice;
 
 /// Why a file could not be read: one of the codes below, the file, and a reason that a person can read.
 struct CVReadError {
@@ -40,12 +42,13 @@ public:
     CVDocumentParserDelegate(const CVDocumentParserDelegate&) = delete;
     CVDocumentParserDelegate& operator=(const CVDocumentParserDelegate&) = delete;
 
-    /// Sets a function that is called from time to time with the estimated part of the bytes that has been read, from 0
-    /// to 1. Answering false cancels the reading.
+    /// Sets a function that is called from time to time with the part of the bytes that has been read, from 0 to 1.
+    /// Answering false cancels the reading. To be set before the bytes are prepared.
     void setProgress(std::function<bool(double part)> progress) { mProgress = std::move(progress); }
-    /// Whether the progress function cancelled the reading; the document then holds a part of the file and must not be
-    /// used.
+    /// Whether the progress function cancelled the reading; the document is then empty.
     [[nodiscard]] bool wasCancelled() const { return mWasCancelled; }
+    /// Whether the reading broke off: a read error, no memory, or cancelled.
+    [[nodiscard]] bool wasBrokenOff() const { return mWasBrokenOff; }
 
     /// Examines the bytes and keeps them: as plain XML, or, when they are encrypted, their salt, vector and cipher.
     /// False, with nothing kept and a message, when there are fewer than 64 bytes or more than 2 GiB less one.
@@ -53,12 +56,16 @@ public:
     /// Does the same with a file, which may be shorter than 64 bytes; false, with `error` (unless null) filled, when it
     /// cannot be read or its cipher has no end.
     bool prepareFromFile(const QString& path, CVReadError* error);
+    /// Does the same with the bytes of an open device from its position on. Plain bytes are read while they are parsed:
+    /// the device must stay open until then. False also when the device fails or the reading is cancelled.
+    bool prepareFromDevice(QIODevice& device);
     [[nodiscard]] bool isEncrypted() const { return _co_encrypted; }
     /// Decrypts nothing: tells whether plain bytes are present.
     [[nodiscard]] bool decryptWithKey(const QString& key) const;
-    /// Parses the kept bytes into the document. Without bytes it resets the document to its defaults, which saves it,
-    /// and succeeds. Malformed XML also resets and saves the document, but fails with a message. A parser without a
-    /// document fails.
+    /// Parses the prepared bytes into the document. Without bytes it resets the document to its defaults, which saves
+    /// it, and succeeds. Malformed XML also resets and saves the document, but fails with a message. A reading that
+    /// breaks off (a read error, no memory, or cancelled) says nothing about the file: it fails with a message, leaves
+    /// the document empty and saves nothing. A parser without a document fails.
     bool parseDocumentData();
     /// The reason of a failure that a person can read, with the line number where there is one; empty without failure.
     [[nodiscard]] const QString& errorMessage() const { return mErrorMessage; }
@@ -99,9 +106,9 @@ public:
 
 private:
     bool keepPlainBytes(QByteArray bytes);
+    [[nodiscard]] bool breakOff(const CVExaminedSource& source);
     [[nodiscard]] QString malformedMessage() const;
-    [[nodiscard]] int parsePlainBytes();
-    void reportProgress();
+    [[nodiscard]] int parse(CVExaminedSource& source);
     bool readEncryptedParts(QByteArrayView text);
     template <typename Record>
     void begin(Record& record, const char* name, CVXMLAttributes attributes);
@@ -115,6 +122,8 @@ private:
     std::optional<QByteArray> _co_iv_data;
     std::optional<QByteArray> _co_encrypted_data;
     std::optional<QByteArray> _co_decrypted_data;
+    /// The plain bytes that are read while they are parsed; null when they are kept or there are none.
+    std::unique_ptr<CVExaminedSource> mSource;
     std::string _co_character_buffer;
     bool _co_storing_characters = false;
     QByteArray _co_unknown_tag;
@@ -130,11 +139,11 @@ private:
     bool mFoundRoot = false;
     bool mHoldsNul = false;
     bool mIsUtf32 = false;
-    /// A callback ran out of memory, or the reading was cancelled: the document is incomplete.
+    /// A callback ran out of memory, or the source stopped: the document is incomplete.
     bool mGaveUp = false;
     bool mWasCancelled = false;
+    bool mWasBrokenOff = false;
     std::function<bool(double part)> mProgress;
-    double mExpectedTransactions = 0;
     int mErrorCount = 0;
     int mErrorLine = 0;
     QString mFirstError;

@@ -1,18 +1,16 @@
 #include "storage/CVDocumentParserDelegate.h"
-#include "storage/CVFileExamination.h"
+#include "storage/CVExaminedSource.h"
 #include "storage/CVStorageLog.h"
 
 #include <QByteArrayView>
 #include <QFile>
 
-#include <limits>
 #include <utility>
 
 /// The part of the parser that examines bytes and files before anything is parsed.
 
 namespace {
 
-constexpr qsizetype kLargestBlock = std::numeric_limits<int>::max();
 constexpr qsizetype kVectorCharacters = 24;
 
 constexpr QByteArrayView kSaltStart("<Salt><Specified>");
@@ -26,6 +24,10 @@ CVFileExamination examinedStart(QByteArrayView bytes) {
     return start;
 }
 
+QString tooShortMessage() {
+    return CVDocumentParserDelegate::tr("the file is shorter than %1 bytes").arg(CVFileExamination::kFewestBytes);
+}
+
 QByteArray decoded(QByteArrayView text) {
     return QByteArray::fromBase64(text.toByteArray());
 }
@@ -35,7 +37,7 @@ QByteArray decoded(QByteArrayView text) {
 bool CVDocumentParserDelegate::prepareFromData(QByteArray bytes) {
     const CVFileExamination start = examinedStart(bytes);
     if (start.isTooShort()) {
-        mErrorMessage = tr("the file is shorter than %1 bytes").arg(CVFileExamination::kFewestBytes);
+        mErrorMessage = tooShortMessage();
         return false;
     }
     if (start.looksEncrypted()) {
@@ -43,6 +45,41 @@ bool CVDocumentParserDelegate::prepareFromData(QByteArray bytes) {
         return true;
     }
     return keepPlainBytes(std::move(bytes));
+}
+
+bool CVDocumentParserDelegate::prepareFromDevice(QIODevice& device) {
+    auto source = std::make_unique<CVExaminedSource>(device, mProgress);
+    source->examineStart();
+    if (breakOff(*source))
+        return false;
+    if (source->examination().isTooShort()) {
+        mErrorMessage = tooShortMessage();
+        return false;
+    }
+    if (!source->examination().looksEncrypted()) {
+        mSource = std::move(source);
+        return true;
+    }
+    const QByteArray bytes = source->readAll();
+    if (breakOff(*source))
+        return false;
+    readEncryptedParts(bytes);
+    return true;
+}
+
+/// Notes why the reading ended if the reason says nothing about the file; returns whether that is so.
+bool CVDocumentParserDelegate::breakOff(const CVExaminedSource& source) {
+    const CVExaminedSource::Stop stop = source.stop();
+    mWasCancelled = stop == CVExaminedSource::Stop::Cancelled;
+    const bool isOutOfMemory = mGaveUp && stop == CVExaminedSource::Stop::None;
+    mWasBrokenOff = mWasCancelled || isOutOfMemory || stop == CVExaminedSource::Stop::ReadError;
+    if (mWasCancelled)
+        mErrorMessage = tr("the reading was cancelled");
+    else if (isOutOfMemory)
+        mErrorMessage = tr("there was not enough memory to read the file");
+    else
+        mErrorMessage = source.readError();
+    return mWasBrokenOff;
 }
 
 bool CVDocumentParserDelegate::prepareFromFile(const QString& path, CVReadError* error) {
@@ -55,7 +92,7 @@ bool CVDocumentParserDelegate::prepareFromFile(const QString& path, CVReadError*
         problem.message = file.errorString();
         return false;
     }
-    QByteArray bytes = file.size() <= kLargestBlock ? file.readAll() : QByteArray();
+    QByteArray bytes = file.size() <= CVExaminedSource::kLargestFile ? file.readAll() : QByteArray();
     if (file.error() != QFileDevice::NoError) {
         problem.code = CVReadError::kUnknownRead;
         problem.message = file.errorString();
@@ -69,7 +106,7 @@ bool CVDocumentParserDelegate::prepareFromFile(const QString& path, CVReadError*
         problem.message = tr("the file is encrypted and damaged");
         return false;
     }
-    if (file.size() <= kLargestBlock)
+    if (file.size() <= CVExaminedSource::kLargestFile)
         return keepPlainBytes(std::move(bytes));
     problem.code = CVReadError::kUnknownRead;
     problem.message = tr("the file is larger than 2 GiB");
@@ -77,7 +114,7 @@ bool CVDocumentParserDelegate::prepareFromFile(const QString& path, CVReadError*
 }
 
 bool CVDocumentParserDelegate::keepPlainBytes(QByteArray bytes) {
-    if (bytes.size() > kLargestBlock) {
+    if (bytes.size() > CVExaminedSource::kLargestFile) {
         mErrorMessage = tr("the file is larger than 2 GiB");
         return false;
     }

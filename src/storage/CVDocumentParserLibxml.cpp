@@ -1,7 +1,9 @@
 #include "model/CVDocument.h"
 #include "storage/CVDocumentParserDelegate.h"
-#include "storage/CVFileExamination.h"
+#include "storage/CVExaminedSource.h"
 #include "storage/CVStorageLog.h"
+
+#include <QBuffer>
 
 #include <libxml/parser.h>
 #include <libxml/xmlerror.h>
@@ -17,6 +19,9 @@ namespace {
 
 /// A damaged file can raise an error per character; the log needs only the first of them.
 constexpr int kLoggedErrors = 20;
+
+/// What libxml2 answers for a text without a document when it names no error.
+constexpr int kNoDocument = -1;
 
 /// In bytes; the average transaction of few budgets is shorter.
 constexpr qsizetype kUsualTransaction = 160;
@@ -54,6 +59,23 @@ struct CVDocumentParserCallbacks {
     }
 
     static xmlEntityPtr getEntity(void* /*context*/, const xmlChar* name) { return xmlGetPredefinedEntity(name); }
+
+    /// The input callback does not get the parser as its user data.
+    struct Input {
+        CVDocumentParserDelegate& parser;
+        CVExaminedSource& source;
+    };
+
+    /// What libxml2 makes of the end of a stopped source is no news: the parser gives up before.
+    static int readInput(void* context, char* buffer, int size) noexcept {
+        auto& [parser, source] = *static_cast<Input*>(context);
+        int count = 0;
+        run(&parser, [&source = source, &count, buffer, size](auto& running) {
+            count = static_cast<int>(source.read(buffer, size));
+            running.mGaveUp = source.stop() != CVExaminedSource::Stop::None;
+        });
+        return count;
+    }
 
     static void startElement(void* context, const xmlChar* name, const xmlChar** attributes) {
         run(context,
@@ -94,18 +116,26 @@ struct CVDocumentParserCallbacks {
 bool CVDocumentParserDelegate::parseDocumentData() {
     if (!document)
         return false;
-    if (!_co_decrypted_data && !_co_encrypted_data) {
+    if (!_co_decrypted_data && !_co_encrypted_data && !mSource) {
         document->reset_to_default_info();
         return true;
     }
     document->beginParsingData();
-    const int result = parsePlainBytes();
+    QBuffer keptBytes;
+    keptBytes.setData(_co_decrypted_data.value_or(QByteArray()));
+    if (!mSource && keptBytes.open(QIODevice::ReadOnly))
+        mSource = std::make_unique<CVExaminedSource>(keptBytes, mProgress);
+    const std::unique_ptr<CVExaminedSource> source = std::move(mSource);
+    const int result = parse(*source);
     _co_decrypted_data.reset();
     mTexts = {};
-    if (mWasCancelled) {
-        mErrorMessage = tr("the reading was cancelled");
+    if (breakOff(*source)) {
+        document->abandonParsingData();
         return false;
     }
+    // Nothing was understood of a file that is refused for its form.
+    if (source->stop() == CVExaminedSource::Stop::AbsurdElement)
+        document->abandonParsingData();
     if (result != 0) {
         qCWarning(lcStorage, "Document parsing error %u", static_cast<unsigned>(result));
         mErrorMessage = malformedMessage();
@@ -116,29 +146,40 @@ bool CVDocumentParserDelegate::parseDocumentData() {
     return true;
 }
 
-int CVDocumentParserDelegate::parsePlainBytes() {
-    const QByteArray bytes = _co_decrypted_data.value_or(QByteArray());
-    CVFileExamination examination;
-    examination.add(bytes);
-    mHoldsNul = examination.holdsNul();
-    mIsUtf32 = examination.isUtf32();
-    if (examination.hasAbsurdElement()) {
-        mFirstError = tr("an element has more than %1 attributes").arg(CVFileExamination::kMostAttributes);
-        return XML_ERR_INTERNAL_ERROR;
+int CVDocumentParserDelegate::parse(CVExaminedSource& source) {
+    source.examineStart();
+    if (source.examination().isEmpty())
+        return kNoDocument;
+    if (const auto size = source.size()) {
+        CVDocumentParserCallbacks::run(this, [size](auto& parser) {
+            parser.document->reserveTransactions(static_cast<std::size_t>(*size / kUsualTransaction));
+        });
     }
-    mExpectedTransactions = static_cast<double>(bytes.size()) / static_cast<double>(kUsualTransaction);
-    xmlSAXHandler handler = CVDocumentParserCallbacks::handler();
-    CVDocumentParserCallbacks::run(this, [&bytes](auto& parser) {
-        parser.document->reserveTransactions(static_cast<std::size_t>(bytes.size() / kUsualTransaction));
-    });
     const CVQuietLibxml quiet;
-    const int result = xmlSAXUserParseMemory(&handler, this, bytes.constData(), static_cast<int>(bytes.size()));
-    return mGaveUp ? XML_ERR_NO_MEMORY : result;
+    CVDocumentParserCallbacks::Input input{*this, source};
+    xmlSAXHandler handler = CVDocumentParserCallbacks::handler();
+    xmlParserCtxt* const context = xmlCreateIOParserCtxt(&handler, this, CVDocumentParserCallbacks::readInput, nullptr,
+                                                         &input, XML_CHAR_ENCODING_NONE);
+    if (!context) {
+        mGaveUp = true;
+        return XML_ERR_NO_MEMORY;
+    }
+    xmlParseDocument(context);
+    const int error = context->errNo != XML_ERR_OK ? context->errNo : kNoDocument;
+    const int result = context->wellFormed ? 0 : error;
+    xmlFreeDoc(context->myDoc);
+    xmlFreeParserCtxt(context);
+    CVDocumentParserCallbacks::run(this, [&source](auto& /*parser*/) { source.examineRest(); });
+    mHoldsNul = source.examination().holdsNul();
+    mIsUtf32 = source.examination().isUtf32();
+    if (source.stop() != CVExaminedSource::Stop::AbsurdElement)
+        return result;
+    mFirstError = tr("an element has more than %1 attributes").arg(CVFileExamination::kMostAttributes);
+    mErrorLine = 0;
+    return XML_ERR_INTERNAL_ERROR;
 }
 
 QString CVDocumentParserDelegate::malformedMessage() const {
-    if (mGaveUp)
-        return tr("there was not enough memory to read the file");
     if (mIsUtf32)
         return tr("the file is written in UTF-32, which Corvella does not read; save it as UTF-8 in the program that "
                   "wrote it");

@@ -19,6 +19,7 @@ public:
 
     void add(QByteArrayView piece);
 
+    [[nodiscard]] bool isEmpty() const { return mStart.isEmpty(); }
     [[nodiscard]] bool isTooShort() const { return mStart.size() < kFewestBytes; }
     [[nodiscard]] bool looksEncrypted() const;
     /// Whether the text holds a NUL. In UTF-16, where half of a character is often a zero byte, only a whole character

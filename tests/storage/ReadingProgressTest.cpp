@@ -35,6 +35,7 @@ protected:
 
 TEST_F(ReadingProgress, RisesFromZeroToOne) {
     writeBudget(20'500);
+    constexpr qsizetype kPiece = qsizetype(256) * 1024;
     std::vector<double> parts;
     mFile.setReadingProgress([&parts](double part) {
         parts.push_back(part);
@@ -42,18 +43,11 @@ TEST_F(ReadingProgress, RisesFromZeroToOne) {
     });
     EXPECT_EQ(read().outcome, CVLoadReport::Outcome::Loaded);
     EXPECT_EQ(mRead.document().transactions().size(), 20'500U);
-    ASSERT_EQ(parts.size(), 5U);
     EXPECT_TRUE(std::is_sorted(parts.begin(), parts.end()));
+    ASSERT_EQ(static_cast<qsizetype>(parts.size()), 1 + (mBytes.size() + kPiece - 1) / kPiece);
     EXPECT_EQ(parts.front(), 0);
-    EXPECT_GT(parts[1], 0);
-    EXPECT_LE(parts.back(), 1);
-    EXPECT_GT(parts.back(), 0.5) << "the estimate is not far out";
-}
-
-TEST_F(ReadingProgress, SaysNothingMoreOfASmallFile) {
-    writeBudget(100);
-    mFile.setReadingProgress([](double part) { return part == 0; });
-    EXPECT_EQ(read().outcome, CVLoadReport::Outcome::Loaded);
+    EXPECT_EQ(parts[1], static_cast<double>(kPiece) / static_cast<double>(mBytes.size()));
+    EXPECT_EQ(parts.back(), 1);
 }
 
 TEST_F(ReadingProgress, CanCancelBeforeAnythingIsRead) {

@@ -148,7 +148,8 @@ TEST_F(UnreadableFile, thatCannotBeReadFromTheDiskIsReported) {
     mHome.userDefaults().setString(CVDefaultsKeys::kDataFileLocation, mHome.path(QStringLiteral("link")));
     makeLink(QStringLiteral("/proc/self/mem"), mHome.path(QStringLiteral("link")));
     open();
-    EXPECT_EQ(mReport.outcome, Outcome::Unreadable);
+    EXPECT_EQ(mReport.outcome, Outcome::NotRead);
+    EXPECT_FALSE(mFile->saves().isSaving());
     EXPECT_EQ(mReport.path, mHome.path(QStringLiteral("link")));
     EXPECT_FALSE(mReport.reason.isEmpty());
     const CVSaveOutcome outcome = save();

@@ -1,0 +1,143 @@
+#include "kit/BudgetBuilder.h"
+#include "kit/ScratchHome.h"
+#include "storage/CVDocumentFile.h"
+#include "storage/LogCapture.h"
+#include "storage/ParsedBudget.h"
+#include "storage/SampleFile.h"
+#include "storage/TroubledDevice.h"
+
+#include <QStringEncoder>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <random>
+
+namespace {
+
+using Outcome = CVLoadReport::Outcome;
+
+constexpr int kPiece = 256 * 1024;
+
+/// A budget of more than three pieces.
+QByteArray longBudget() {
+    return inRoot(
+        "<MiscInfo id=\"7\" /><TransactionSet id=\"7\">Checking</TransactionSet>" +
+        QByteArray("<Transaction><Amount>12.50</Amount><PayTo>Märkt</PayTo></Transaction>\n").repeated(15'000));
+}
+
+/// A reading of an open file into a document that is saved by a counter.
+struct StreamedReading {
+    explicit StreamedReading(TroubledDevice& device, std::function<bool(double part)> progress = {}) {
+        file.setReadingProgress(std::move(progress));
+        budget.document().setSaver(&saves);
+        report = file.readFromOpenFile(budget.document(), device);
+    }
+
+    [[nodiscard]] QStringList records() { return ParsedBudget::describe(budget.document()); }
+
+    LogCapture log;
+    ScratchHome home;
+    CVDocumentFile file{home.folders(), home.userDefaults()};
+    BudgetBuilder budget;
+    SaveCounter saves;
+    CVLoadReport report;
+};
+
+TEST(StreamedReading, GivesTheRecordsThatTheBytesInMemoryGive) {
+    ParsedBudget expected(longBudget());
+    ASSERT_EQ(expected.document().transactions().size(), 15'000U);
+    for (const bool isPipe : {false, true}) {
+        TroubledDevice device(longBudget(), {.most = 4093, .isPipe = isPipe});
+        StreamedReading reading(device);
+        EXPECT_EQ(reading.report.outcome, Outcome::Loaded) << reading.report.reason.toStdString();
+        EXPECT_EQ(reading.records(), expected.records());
+    }
+}
+
+QByteArray sampleInUtf16() {
+    QStringEncoder encoder(QStringConverter::Utf16LE, QStringConverter::Flag::WriteBom);
+    return encoder.encode(QString::fromUtf8(sampleFile()).replace("UTF-8", "UTF-16"));
+}
+
+/// A few random changes, most of which make a good file unreadable in some way.
+QByteArray changed(QByteArray bytes, std::mt19937& random) {
+    for (auto changes = random() % 4; changes > 0; --changes) {
+        const auto at = static_cast<qsizetype>(random() % static_cast<std::size_t>(bytes.size()));
+        switch (random() % 4) {
+        case 0:
+            bytes[at] = static_cast<char>(random());
+            break;
+        case 1:
+            bytes.remove(at, random() % 30);
+            break;
+        case 2:
+            bytes.insert(at, QByteArray(" a=\"1\"").repeated(static_cast<qsizetype>(random() % 150)));
+            break;
+        default:
+            bytes.insert(at, bytes.first(random() % 100));
+        }
+    }
+    return bytes;
+}
+
+TEST(StreamedReading, EndsAsThatOfTheBytesInMemoryWhateverThePieces) {
+    std::mt19937 random(2014);
+    const std::array good = {sampleFile(), sampleInUtf16()};
+    for (std::size_t round = 0; round < 600; ++round) {
+        const QByteArray bytes = changed(good[round % 2], random);
+        ParsedBudget expected(bytes);
+        TroubledDevice pipe(bytes, {.most = static_cast<qint64>(1 + random() % 500), .isPipe = true});
+        StreamedReading reading(pipe);
+        const bool isRead = reading.report.outcome == Outcome::Loaded || reading.report.outcome == Outcome::NoBudget;
+        EXPECT_EQ(isRead, expected.read()) << round;
+        EXPECT_EQ(reading.records(), expected.records()) << round;
+        EXPECT_EQ(reading.saves.count(), expected.saves().count()) << round;
+        EXPECT_EQ(reading.report.reason.startsWith("the file is XML but") ? "" : reading.report.reason,
+                  expected.message())
+            << round;
+    }
+}
+
+TEST(StreamedReading, ThatFailsIsNoDamageAndSavesNothing) {
+    for (const qint64 failsAt : {qint64(0), qint64(10), qint64(5000), qint64(kPiece), qint64(3 * kPiece)}) {
+        TroubledDevice device(longBudget(), {.failsAt = failsAt});
+        StreamedReading reading(device);
+        EXPECT_EQ(reading.report.outcome, Outcome::NotRead) << failsAt;
+        EXPECT_EQ(reading.report.reason, "Input/output error") << failsAt;
+        EXPECT_EQ(reading.records(), QStringList()) << failsAt;
+        EXPECT_EQ(reading.saves.count(), 0) << failsAt;
+        EXPECT_EQ(LogCapture::messages(), QStringList()) << failsAt;
+    }
+}
+
+TEST(StreamedReading, ThatFailsWithinAnEncryptedFileIsNoRefusal) {
+    TroubledDevice device("<EncryptedData>" + QByteArray(kPiece, 'x'), {.failsAt = 1000});
+    const StreamedReading reading(device);
+    EXPECT_EQ(reading.report.outcome, Outcome::NotRead);
+    EXPECT_EQ(reading.report.reason, "Input/output error");
+}
+
+TEST(StreamedReading, OfAFileThatIsCutShortMeanwhileFindsItDamagedAtItsEnd) {
+    TroubledDevice device(longBudget(), {.most = 10'000, .cutTo = 2 * kPiece});
+    StreamedReading reading(device);
+    EXPECT_EQ(reading.report.outcome, Outcome::Unreadable);
+    EXPECT_TRUE(reading.report.reason.startsWith("the file is damaged at line "))
+        << reading.report.reason.toStdString();
+    EXPECT_TRUE(reading.budget.document().transactions().empty());
+    EXPECT_EQ(reading.saves.count(), 1) << "the defaults, as for every damaged file";
+}
+
+TEST(StreamedReading, ThatIsCancelledLeavesNothingAndSavesNothing) {
+    for (const double enough : {0.0, 0.2, 0.9}) {
+        TroubledDevice device(longBudget());
+        StreamedReading reading(device, [enough](double part) { return part < enough; });
+        EXPECT_EQ(reading.report.outcome, Outcome::Cancelled) << enough;
+        EXPECT_EQ(reading.report.reason, enough == 0 ? "" : "the reading was cancelled");
+        EXPECT_EQ(reading.records(), QStringList()) << enough;
+        EXPECT_EQ(reading.saves.count(), 0) << enough;
+        EXPECT_EQ(LogCapture::messages(), QStringList()) << enough;
+    }
+}
+
+} // namespace
