@@ -2,6 +2,7 @@
 
 #include "app/CVEditorWindows.h"
 #include "app/CVFileMessages.h"
+#include "app/CVReadingPanel.h"
 #include "base/CVDefaultsKeys.h"
 #include "model/CVDocument.h"
 #include "preferences/CVPreferenceWindowController.h"
@@ -37,10 +38,7 @@ void CVAppDelegate::setPrintPanels(CVPrintPanels* panels) {
 
 bool CVAppDelegate::applicationDidFinishLaunching() {
     mUpdates.checkAutomatically(mUserDefaults.integerForKey(CVDefaultsKeys::kCheckUpdatesAutomatically));
-    const CVLoadReport report = mFile.initWithStandardUserFile(*mDocument);
-    // Only the first reading can be cancelled. Later ones, from another place, cannot, because the budget on the screen
-    // needs its file.
-    mFile.setReadingProgress({});
+    const CVLoadReport report = read(*mDocument, {CVReadingPanel::Reading::AtStart, nullptr});
     if (report.outcome == CVLoadReport::Outcome::Cancelled)
         return false;
     makeWindowControllers();
@@ -50,6 +48,13 @@ bool CVAppDelegate::applicationDidFinishLaunching() {
     if (!report.reason.isEmpty())
         tellAboutReading(report);
     return true;
+}
+
+CVLoadReport CVAppDelegate::read(CVDocument& document, CVReadingPanel panel) {
+    mFile.setReadingProgress(std::move(panel));
+    CVLoadReport report = mFile.initWithStandardUserFile(document);
+    mFile.setReadingProgress({});
+    return report;
 }
 
 void CVAppDelegate::makeWindowControllers() {

@@ -8,7 +8,6 @@
 
 #include <QObject>
 
-#include <functional>
 #include <memory>
 #include <set>
 
@@ -20,6 +19,7 @@ class CVHelpOpener;
 class CVMainWindowController;
 class CVPreferenceWindowController;
 class CVPrintPanels;
+class CVReadingPanel;
 enum class CVCommand;
 
 /// The application: makes the document from the user's data file and the main window for it, tells the user how reading
@@ -41,12 +41,6 @@ public:
     /// Sets the panels through which everything is printed; without them nothing is printed. The panels outlive the
     /// delegate.
     void setPrintPanels(CVPrintPanels* panels);
-
-    /// Sets the function that is told the progress of reading the data file (see `CVDocumentFile`); there is none at
-    /// first.
-    void setReadingProgress(std::function<bool(double part)> progress) {
-        mFile.setReadingProgress(std::move(progress));
-    }
 
     /// Looks for a newer version if one is due, opens the document and shows its window. False when the reading of a
     /// large data file was cancelled: nothing is open then, and nothing has changed.
@@ -88,7 +82,8 @@ private:
     void keepPreferencesInFront();
     void showUpdatePreferences();
     [[nodiscard]] QString waitForSaves() override;
-    void reopenDocument() override;
+    [[nodiscard]] bool reopenDocument() override;
+    [[nodiscard]] CVLoadReport read(CVDocument& document, CVReadingPanel panel);
     void handleSaveFinished(const CVSaveOutcome& outcome);
     void showWhetherSaved(const CVLoadReport& report) const;
     void tellAboutReading(const CVLoadReport& report);

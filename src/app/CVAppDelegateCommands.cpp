@@ -1,6 +1,8 @@
 #include "app/CVAboutWindow.h"
 #include "app/CVAppDelegate.h"
 #include "app/CVEditorWindows.h"
+#include "app/CVFileMessages.h"
+#include "app/CVReadingPanel.h"
 #include "app/CVSupportMail.h"
 #include "base/CVSite.h"
 #include "model/CVDocument.h"
@@ -95,18 +97,27 @@ QString CVAppDelegate::waitForSaves() {
     return outcome.saved ? QString() : outcome.message;
 }
 
-void CVAppDelegate::reopenDocument() {
+bool CVAppDelegate::reopenDocument() {
+    // From here on the former budget must not be saved, because it would be written over the other file.
+    mDocument->setSaver(nullptr);
+    auto document = std::make_unique<CVDocument>(mNotificationCenter, mUserDefaults);
+    const CVLoadReport report = read(*document, {CVReadingPanel::Reading::OtherFile, mPreferences.get()});
+    if (report.outcome == CVLoadReport::Outcome::Cancelled || report.outcome == CVLoadReport::Outcome::NotRead) {
+        mDocument->setSaver(&mFile);
+        if (report.outcome == CVLoadReport::Outcome::NotRead)
+            mAlerts.run(mPreferences.get(), CVFileMessages::otherFileNotRead(report));
+        return false;
+    }
     // Without the locker the program would end when its last window closes.
     const QEventLoopLocker locker;
     const QScopedValueRollback reopening(mIsReopening, true);
     // Closing the window stores its frame for the next one.
     mMainWindow->window()->close();
-    auto document = std::make_unique<CVDocument>(mNotificationCenter, mUserDefaults);
-    const CVLoadReport report = mFile.initWithStandardUserFile(*document);
     setDocument(std::move(document));
     showWhetherSaved(report);
     if (!report.reason.isEmpty())
         tellAboutReading(report);
+    return true;
 }
 
 void CVAppDelegate::setDocument(std::unique_ptr<CVDocument> document) {

@@ -11,7 +11,9 @@ constexpr int kReadingSteps = 100;
 
 bool CVReadingPanel::operator()(double part) {
     if (!mPanel)
-        mPanel = std::make_shared<CVProgressPanel>(QString::fromLatin1(CVBundle::kName), kReadingSteps, nullptr);
+        mPanel = std::make_shared<CVProgressPanel>(QString::fromLatin1(CVBundle::kName), kReadingSteps, mWindow);
     return mPanel->stepsDone(static_cast<int>(part * kReadingSteps),
-                             tr("Reading your budget. Cancel ends Corvella and changes nothing."));
+                             mReading == Reading::AtStart
+                                 ? tr("Reading your budget. Cancel ends Corvella and changes nothing.")
+                                 : tr("Reading the chosen file. Cancel keeps the budget that is open."));
 }

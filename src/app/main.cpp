@@ -1,7 +1,6 @@
 #include "app/CVAppDelegate.h"
 #include "app/CVClaimInstance.h"
 #include "app/CVDisplayRefusal.h"
-#include "app/CVReadingPanel.h"
 #include "app/CVRunningInstance.h"
 #include "app/CVStartMessages.h"
 #include "app/CVTerminationSignals.h"
@@ -139,7 +138,6 @@ int runOnlyWindow(CVRunningInstance& running, CVAlerts& alerts) {
     delegate.setURLOpener(&programs);
     delegate.setHelp(&help);
     delegate.setPrintPanels(&printPanels);
-    delegate.setReadingProgress(CVReadingPanel());
     if (!delegate.applicationDidFinishLaunching())
         return 0;
     const int status = QApplication::exec();

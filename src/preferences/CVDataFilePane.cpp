@@ -155,8 +155,9 @@ void CVDataFilePane::useDocument(const QString& path) {
                            failure + u' ' + tr("They would be lost, so the other file is not used yet."), tr("OK")});
         return;
     }
-    if (keepLocation(path, store().defaults().stringForKey(CVDefaultsKeys::kDataFileLocation)))
-        mHost.reopenDocument();
+    const auto former = store().defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
+    if (keepLocation(path, former) && !mHost.reopenDocument())
+        store().setDataFileLocation(former);
 }
 
 /// Stores the new location; false after an alert when the settings cannot be saved. The program would then look in the

@@ -1,8 +1,10 @@
 #include "app/CVAppDelegate.h"
 
 #include "app/CVFileMessages.h"
+#include "kit/CancelledPanel.h"
 #include "kit/FixedToday.h"
 #include "kit/Printers.h"
+#include "kit/ProgressDelay.h"
 #include "kit/ScratchHome.h"
 #include "kit/ScriptedAlerts.h"
 #include "kit/ScriptedPanels.h"
@@ -234,7 +236,8 @@ TEST_F(CVAppDelegateTest, NothingOpensWhenTheReadingIsCancelled) {
     const QByteArray before = bytesOf(dataFile());
 
     delegate = std::make_unique<CVAppDelegate>(mHome.settingsStore(), mHome.folders(), mAlerts, mPanels);
-    delegate->setReadingProgress([](double /*part*/) { return false; });
+    const ProgressDelay delay = ProgressDelay::none();
+    const CancelledPanel cancelled;
     EXPECT_FALSE(delegate->applicationDidFinishLaunching());
     EXPECT_EQ(delegate->mainWindow(), nullptr);
     EXPECT_TRUE(mAlerts.shown().isEmpty());

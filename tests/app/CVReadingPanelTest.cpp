@@ -22,7 +22,7 @@ QProgressDialog* shownPanel() {
 
 TEST(CVReadingPanel, IsNotShownForWhatIsReadQuickly) {
     const ProgressDelay delay = ProgressDelay::forEver();
-    CVReadingPanel reading;
+    CVReadingPanel reading(CVReadingPanel::Reading::AtStart, nullptr);
     EXPECT_TRUE(reading(0));
     EXPECT_TRUE(reading(0.5));
     EXPECT_EQ(shownPanel(), nullptr);
@@ -30,7 +30,7 @@ TEST(CVReadingPanel, IsNotShownForWhatIsReadQuickly) {
 
 TEST(CVReadingPanel, CountsTheTimeFromTheBeginningOfTheReading) {
     const ProgressDelay delay = ProgressDelay::forEver();
-    CVReadingPanel reading;
+    CVReadingPanel reading(CVReadingPanel::Reading::AtStart, nullptr);
     // A panel made together with the fixture would still have the former delay.
     CVProgressPanel::setDelay(0);
     EXPECT_TRUE(reading(0));
@@ -39,7 +39,7 @@ TEST(CVReadingPanel, CountsTheTimeFromTheBeginningOfTheReading) {
 
 TEST(CVReadingPanel, ShowsHowFarTheReadingHasCome) {
     const ProgressDelay delay = ProgressDelay::none();
-    CVReadingPanel reading;
+    CVReadingPanel reading(CVReadingPanel::Reading::AtStart, nullptr);
     ASSERT_TRUE(reading(0));
     ASSERT_TRUE(reading(0.75));
     EXPECT_EQ(shownPanel()->value(), 75);
@@ -47,10 +47,17 @@ TEST(CVReadingPanel, ShowsHowFarTheReadingHasCome) {
     EXPECT_EQ(shownPanel()->labelText(), "Reading your budget. Cancel ends Corvella and changes nothing.");
 }
 
+TEST(CVReadingPanel, SaysThatTheOpenBudgetStaysWhenAnotherFileIsRead) {
+    const ProgressDelay delay = ProgressDelay::none();
+    CVReadingPanel reading(CVReadingPanel::Reading::OtherFile, nullptr);
+    ASSERT_TRUE(reading(0));
+    EXPECT_EQ(shownPanel()->labelText(), "Reading the chosen file. Cancel keeps the budget that is open.");
+}
+
 TEST(CVReadingPanel, GoesWithTheReading) {
     {
         const ProgressDelay delay = ProgressDelay::none();
-        CVReadingPanel reading;
+        CVReadingPanel reading(CVReadingPanel::Reading::AtStart, nullptr);
         ASSERT_TRUE(reading(0));
         ASSERT_NE(shownPanel(), nullptr);
     }
@@ -59,7 +66,7 @@ TEST(CVReadingPanel, GoesWithTheReading) {
 
 TEST(CVReadingPanel, CancelsWithItsButton) {
     const ProgressDelay delay = ProgressDelay::none();
-    CVReadingPanel reading;
+    CVReadingPanel reading(CVReadingPanel::Reading::AtStart, nullptr);
     ASSERT_TRUE(reading(0));
     shownPanel()->findChild<QPushButton*>()->click();
     EXPECT_FALSE(reading(0.9));

@@ -1,4 +1,6 @@
 #include "ShellFixture.h"
+#include "kit/CancelledPanel.h"
+#include "kit/ProgressDelay.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -49,6 +51,8 @@ protected:
             texts.append(model.index(row, 2).data().toString());
         return texts;
     }
+
+    void expectPresentBudget(const QString& place, const QByteArray& otherFile);
 
     /// Makes a budget with one transaction in another folder.
     void makeOtherBudget(const QString& folder) {
@@ -145,6 +149,47 @@ TEST_F(PreferencesInApp, UseChosenFileShowsItInPlaceOfThePresentOne) {
     quit();
     EXPECT_TRUE(bytesOf(before).contains("Market"));
     EXPECT_FALSE(bytesOf(dataFileIn("other")).contains("Baker"));
+}
+
+/// The present budget stays in its window and in its place.
+void PreferencesInApp::expectPresentBudget(const QString& place, const QByteArray& otherFile) {
+    EXPECT_EQ(payees(), QStringList{"Market"});
+    EXPECT_TRUE(window().isVisible());
+    EXPECT_EQ(defaults().stringForKey(CVDefaultsKeys::kDataFileLocation), place);
+    EXPECT_EQ(preference<QLineEdit>("Data File Location")->toolTip(), place);
+    EXPECT_EQ(bytesOf(dataFileIn("other")), otherFile);
+    EXPECT_EQ(QDir(mHome.path("other")).entryList(QDir::Files).size(), 1);
+    record(13, "Baker", "Food");
+    quit();
+    EXPECT_TRUE(bytesOf(place).contains("Baker"));
+    EXPECT_EQ(bytesOf(dataFileIn("other")), otherFile);
+}
+
+TEST_F(PreferencesInApp, TheReadingOfTheChosenFileCanBeCancelled) {
+    makeOtherBudget("other");
+    const QByteArray other = bytesOf(dataFileIn("other"));
+    open();
+    record(12, "Market", "Food");
+    const QString before = *defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
+    const ProgressDelay delay = ProgressDelay::none();
+    const CancelledPanel cancelled;
+    changeTo("other", {CVAlert::kDefault});
+    EXPECT_EQ(mAlerts.shown().size(), 1) << "nothing is told about what the user wanted";
+    expectPresentBudget(before, other);
+}
+
+TEST_F(PreferencesInApp, AChosenFileThatCannotBeReadLeavesThePresentBudget) {
+    open();
+    record(12, "Market", "Food");
+    const QString before = *defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
+    // Every read through this link fails.
+    ASSERT_TRUE(QFile::link("/proc/self/mem", dataFileIn("other")));
+    changeTo("other", {CVAlert::kDefault});
+    ASSERT_EQ(mAlerts.shown().size(), 2);
+    EXPECT_EQ(mAlerts.shown()[1].title, "The other file could not be read");
+    EXPECT_TRUE(mAlerts.shown()[1].message.contains("could not be read: Input/output error."))
+        << mAlerts.shown()[1].message.toStdString();
+    expectPresentBudget(before, {});
 }
 
 TEST_F(PreferencesInApp, ADamagedChosenFileIsKeptAndTold) {

@@ -149,6 +149,17 @@ TEST_F(DataFilePane, UseChosenFileReadsItAndWritesNothing) {
     EXPECT_EQ(mSaver.count(), 0);
 }
 
+TEST_F(DataFilePane, UseChosenFileKeepsTheOldPlaceWhenTheFileIsNotOpened) {
+    useOldFolder();
+    makeFile(dataFileIn("new"));
+    open();
+    mHost.canReopen = false;
+    changeTo("new", {CVAlert::kDefault});
+    EXPECT_EQ(mHost.reopened, 1);
+    EXPECT_EQ(location(), dataFileIn("old"));
+    EXPECT_EQ(mSaver.count(), 0);
+}
+
 TEST_F(DataFilePane, UseChosenFileWaitsUntilNothingWouldBeLost) {
     useOldFolder();
     makeFile(dataFileIn("new"));

@@ -38,11 +38,15 @@ public:
         lastAsker = &asker;
     }
     [[nodiscard]] QString waitForSaves() override { return failure; }
-    void reopenDocument() override { ++reopened; }
+    [[nodiscard]] bool reopenDocument() override {
+        ++reopened;
+        return canReopen;
+    }
 
     int checks = 0;
     const QWidget* lastAsker = nullptr;
     int reopened = 0;
+    bool canReopen = true;
     /// The failure that waitForSaves() reports.
     QString failure;
 };
