@@ -129,7 +129,7 @@ QString CVBudgetOptions::read(const QCommandLineParser& parser) {
 bool CVBudgetOptions::open(CVReadOnlyBudget& budget, QTextStream& errors) const {
     if (today)
         QBDate::setToday(today);
-    if (!budget.read(dataFile, errors))
+    if (!budget.readAndSort(dataFile, errors))
         return false;
     if (!set || selectSet(budget.document(), *set))
         return true;

@@ -47,6 +47,12 @@ bool CVReadOnlyBudget::read(const std::optional<QString>& dataFile, QTextStream&
         return fail(errors, ReadOnlyBudgetText::tr("%1 could not be read: %2").arg(shown, report.reason));
     if (!report.reason.isEmpty())
         CVWriteErrorLine(errors, ReadOnlyBudgetText::tr("note: %1").arg(report.reason));
+    return true;
+}
+
+bool CVReadOnlyBudget::readAndSort(const std::optional<QString>& dataFile, QTextStream& errors) {
+    if (!read(dataFile, errors))
+        return false;
     mDocument.sortTransactionsByDate();
     mDocument.updateDates();
     return true;

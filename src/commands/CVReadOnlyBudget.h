@@ -15,9 +15,11 @@ class CVReadOnlyBudget final {
 public:
     CVReadOnlyBudget();
 
-    /// Reads a data file (absent: the user's own; "-": standard input) into the document, sorts it and computes the
-    /// bounds of its dates. False after one line on `errors` that says why it could not be read.
+    /// Reads a data file (absent: the user's own; "-": standard input) into the document. False after one line on
+    /// `errors` that says why it could not be read.
     [[nodiscard]] bool read(const std::optional<QString>& dataFile, QTextStream& errors);
+    /// Does the same, sorts the document and computes the bounds of its dates.
+    [[nodiscard]] bool readAndSort(const std::optional<QString>& dataFile, QTextStream& errors);
     /// The file that was read and the user's own, which no output may replace.
     [[nodiscard]] QStringList dataFiles() const;
 
