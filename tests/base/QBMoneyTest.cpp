@@ -12,38 +12,38 @@ namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
-struct Row {
+struct RoundedRow {
     double value;
     double rounded;
 };
 
 // Odd eighths are halves of a cent that a double holds exactly.
-constexpr std::array kRows{Row{0.0, 0.0},
-                           Row{-0.0, 0.0},
-                           Row{0.125, 0.13},
-                           Row{-0.125, -0.13},
-                           Row{0.375, 0.38},
-                           Row{0.625, 0.63},
-                           Row{0.875, 0.88},
-                           Row{-2.375, -2.38},
-                           Row{0.004, 0.0},
-                           Row{-0.004, 0.0},
-                           Row{-1e-320, 0.0},
-                           Row{0.1 + 0.2, 0.3},
-                           Row{1234567.5, 1234567.5},
-                           Row{99.994999, 99.99},
-                           Row{99.995001, 100.0},
-                           Row{1e-320, 0.0},
-                           Row{2e13 + 0.12, 2e13 + 0.12},
-                           Row{4.6e13, 4.6e13},
-                           Row{1e300, 1e300},
-                           Row{-1e300, -1e300},
-                           Row{std::numeric_limits<double>::max(), std::numeric_limits<double>::max()},
-                           Row{kInfinity, kInfinity},
-                           Row{-kInfinity, -kInfinity}};
+constexpr std::array kRounded{RoundedRow{0.0, 0.0},
+                              RoundedRow{-0.0, 0.0},
+                              RoundedRow{0.125, 0.13},
+                              RoundedRow{-0.125, -0.13},
+                              RoundedRow{0.375, 0.38},
+                              RoundedRow{0.625, 0.63},
+                              RoundedRow{0.875, 0.88},
+                              RoundedRow{-2.375, -2.38},
+                              RoundedRow{0.004, 0.0},
+                              RoundedRow{-0.004, 0.0},
+                              RoundedRow{-1e-320, 0.0},
+                              RoundedRow{0.1 + 0.2, 0.3},
+                              RoundedRow{1234567.5, 1234567.5},
+                              RoundedRow{99.994999, 99.99},
+                              RoundedRow{99.995001, 100.0},
+                              RoundedRow{1e-320, 0.0},
+                              RoundedRow{2e13 + 0.12, 2e13 + 0.12},
+                              RoundedRow{4.6e13, 4.6e13},
+                              RoundedRow{1e300, 1e300},
+                              RoundedRow{-1e300, -1e300},
+                              RoundedRow{std::numeric_limits<double>::max(), std::numeric_limits<double>::max()},
+                              RoundedRow{kInfinity, kInfinity},
+                              RoundedRow{-kInfinity, -kInfinity}};
 
 TEST(RoundDoubleToTwoPlaces, RoundsHalvesAwayFromZeroAndNeverToANegativeZero) {
-    for (const Row& row : kRows) {
+    for (const RoundedRow& row : kRounded) {
         SCOPED_TRACE(testing::Message() << row.value);
         EXPECT_EQ(RoundDoubleToTwoPlaces(row.value), row.rounded);
         EXPECT_EQ(std::signbit(RoundDoubleToTwoPlaces(row.value)), std::signbit(row.rounded));

@@ -26,23 +26,24 @@ std::string printed(double value) {
     return text.data();
 }
 
-struct Row {
+struct WrittenRow {
     double value;
     const char* text;
 };
 
-constexpr std::array kRows{Row{0.0, "0.00"}, Row{-0.0, "-0.00"}, Row{-0.004, "-0.00"}, Row{0.004, "0.00"},
-                           Row{45.1, "45.10"}, Row{50, "50.00"}, Row{1234567.5, "1234567.50"},
-                           Row{-1234567.5, "-1234567.50"}, Row{0.999, "1.00"}, Row{0.994, "0.99"},
-                           // Halves that a double holds exactly are rounded to the even neighbour; all other numbers
-                           // are not halfway.
-                           Row{0.125, "0.12"}, Row{0.375, "0.38"}, Row{-0.625, "-0.62"}, Row{0.005, "0.01"},
-                           Row{0.015, "0.01"}, Row{1.005, "1.00"}, Row{2.675, "2.67"},
-                           Row{99999999999.99, "99999999999.99"}, Row{100000000000.01, "100000000000.01"},
-                           Row{1e15, "1000000000000000.00"}, Row{1e22, "10000000000000000000000.00"}};
+constexpr std::array kWritten{
+    WrittenRow{0.0, "0.00"}, WrittenRow{-0.0, "-0.00"}, WrittenRow{-0.004, "-0.00"}, WrittenRow{0.004, "0.00"},
+    WrittenRow{45.1, "45.10"}, WrittenRow{50, "50.00"}, WrittenRow{1234567.5, "1234567.50"},
+    WrittenRow{-1234567.5, "-1234567.50"}, WrittenRow{0.999, "1.00"}, WrittenRow{0.994, "0.99"},
+    // Halves that a double holds exactly are rounded to the even neighbour; all other numbers
+    // are not halfway.
+    WrittenRow{0.125, "0.12"}, WrittenRow{0.375, "0.38"}, WrittenRow{-0.625, "-0.62"}, WrittenRow{0.005, "0.01"},
+    WrittenRow{0.015, "0.01"}, WrittenRow{1.005, "1.00"}, WrittenRow{2.675, "2.67"},
+    WrittenRow{99999999999.99, "99999999999.99"}, WrittenRow{100000000000.01, "100000000000.01"},
+    WrittenRow{1e15, "1000000000000000.00"}, WrittenRow{1e22, "10000000000000000000000.00"}};
 
 TEST(WriteMoney, WritesTwoPlacesWithoutGroups) {
-    for (const Row& row : kRows)
+    for (const WrittenRow& row : kWritten)
         EXPECT_EQ(money(row.value), row.text);
 }
 

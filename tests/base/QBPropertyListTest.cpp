@@ -83,12 +83,12 @@ TEST(QBPropertyList, ReadsAnXMLList) {
     expectSample(QBPropertyListFromData(bytes));
 }
 
-struct Row {
+struct ValueRow {
     const char* xml;
     QVariant value;
 };
 
-const Row kRows[]{
+const ValueRow kValues[]{
     {"<string>a &amp; b</string>", QStringLiteral("a & b")},
     {"<string></string>", QString(QLatin1String(""))},
     {"<integer>42</integer>", QVariant::fromValue<qulonglong>(42)},
@@ -104,7 +104,7 @@ const Row kRows[]{
 };
 
 TEST(QBPropertyList, ReadsEachKindOfItem) {
-    for (const Row& row : kRows)
+    for (const ValueRow& row : kValues)
         EXPECT_EQ(fromXML(row.xml), row.value) << row.xml;
 }
 

@@ -9,7 +9,7 @@
 
 namespace {
 
-struct Row {
+struct RangeRow {
     CVDayRange range;
     qint64 days;
     qint64 months;
@@ -17,14 +17,19 @@ struct Row {
 
 TEST(CVDayRange, CountsItsDaysAndWholeMonthsUpToTheEndOfItsLastDay) {
     const std::array rows{
-        Row{{day(2014, 3, 7), day(2014, 3, 7)}, 1, 0},      Row{{day(2014, 1, 1), day(2014, 3, 1)}, 60, 2},
-        Row{{day(2014, 1, 1), day(2014, 1, 30)}, 30, 0},    Row{{day(2014, 1, 1), day(2014, 1, 31)}, 31, 1},
-        Row{{day(2014, 1, 15), day(2014, 2, 14)}, 31, 1},   Row{{day(2014, 1, 1), day(2014, 12, 31)}, 365, 12},
-        Row{{day(2012, 1, 1), day(2012, 12, 31)}, 366, 12}, Row{{day(-1, 12, 31), day(0, 2, 29)}, 61, 2},
-        Row{{day(9999, 12, 31), day(10000, 1, 1)}, 2, 0},   Row{{day(2014, 3, 7), day(2014, 3, 6)}, 0, 0},
-        Row{{day(2014, 3, 7), day(2014, 3, 5)}, -1, 0},
+        RangeRow{{day(2014, 3, 7), day(2014, 3, 7)}, 1, 0},
+        RangeRow{{day(2014, 1, 1), day(2014, 3, 1)}, 60, 2},
+        RangeRow{{day(2014, 1, 1), day(2014, 1, 30)}, 30, 0},
+        RangeRow{{day(2014, 1, 1), day(2014, 1, 31)}, 31, 1},
+        RangeRow{{day(2014, 1, 15), day(2014, 2, 14)}, 31, 1},
+        RangeRow{{day(2014, 1, 1), day(2014, 12, 31)}, 365, 12},
+        RangeRow{{day(2012, 1, 1), day(2012, 12, 31)}, 366, 12},
+        RangeRow{{day(-1, 12, 31), day(0, 2, 29)}, 61, 2},
+        RangeRow{{day(9999, 12, 31), day(10000, 1, 1)}, 2, 0},
+        RangeRow{{day(2014, 3, 7), day(2014, 3, 6)}, 0, 0},
+        RangeRow{{day(2014, 3, 7), day(2014, 3, 5)}, -1, 0},
     };
-    for (const Row& row : rows) {
+    for (const RangeRow& row : rows) {
         SCOPED_TRACE(testing::PrintToString(row.range.start) + " to " + testing::PrintToString(row.range.end));
         EXPECT_EQ(row.range.days(), row.days);
         EXPECT_EQ(row.range.wholeMonths(), row.months);

@@ -13,10 +13,6 @@ namespace {
 constexpr std::array kAllTypes{CVDisplayPeriods::Day, CVDisplayPeriods::Week, CVDisplayPeriods::TwoWeeks,
                                CVDisplayPeriods::Month};
 
-QBDate daysLater(const QBDate& date, qint64 days) {
-    return date.dateByAddingYears(0, 0, days);
-}
-
 /// The last day up to and including `date` that is this day of the week.
 QBDate lastWeekday(QBDate date, int dayOfWeek) {
     while (date.dayOfWeek() != dayOfWeek)

@@ -13,10 +13,6 @@ namespace {
 
 using testing::Optional;
 
-QBDate daysLater(const QBDate& date, qint64 days) {
-    return date.dateByAddingYears(0, 0, days);
-}
-
 /// Presets on a document whose first and last transactions have given days.
 struct PresetsOfABudget : testing::Test {
     void transactions(const std::optional<QBDate>& earliest, const std::optional<QBDate>& latest) {

@@ -17,7 +17,7 @@
 namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kLargest = std::numeric_limits<double>::max();
+constexpr double kLargestAmount = std::numeric_limits<double>::max();
 
 CVBudgetGrid gridOf(BudgetBuilder& budget, const CVDayRange& range) {
     const auto ids = CVIDsOfCategories(budget.document().categories());
@@ -30,8 +30,8 @@ TEST(ExtremeValues, OfAmountsGiveInfiniteSumsOrNoNumberAndCountAllTheSame) {
     budget.category(QStringLiteral("Food"), kFood, CVExpenseFrequency::kMonthly, 1)
         .category(QStringLiteral("Car"), kCar, CVExpenseFrequency::kMonthly, 1)
         .category(QStringLiteral("Home"), 3, CVExpenseFrequency::kMonthly, 1)
-        .transaction({.date = day(2014, 1, 1), .amount = kLargest, .categoryID = kFood, .taxFlag = true})
-        .transaction({.date = day(2014, 6, 1), .amount = kLargest, .categoryID = kFood, .taxFlag = true})
+        .transaction({.date = day(2014, 1, 1), .amount = kLargestAmount, .categoryID = kFood, .taxFlag = true})
+        .transaction({.date = day(2014, 6, 1), .amount = kLargestAmount, .categoryID = kFood, .taxFlag = true})
         .transaction({.date = day(2014, 1, 1), .amount = kInfinity, .categoryID = kCar})
         .transaction({.date = day(2014, 6, 1), .amount = -kInfinity, .categoryID = kCar})
         .transaction({.date = day(2014, 6, 1), .amount = 1, .categoryID = 3});

@@ -11,17 +11,20 @@
 
 namespace {
 
-struct Row {
+struct WarningRow {
     qint64 frequency;
     const char* ofAMonth;
     bool rounded;
 };
 
-constexpr std::array kRows{
-    Row{CVExpenseFrequency::kWeekly, "x12 /52", true},   Row{CVExpenseFrequency::kBiWeekly, "x12 /26", true},
-    Row{CVExpenseFrequency::kSemiMonthly, "x0.5", true}, Row{CVExpenseFrequency::kMonthly, "-", false},
-    Row{CVExpenseFrequency::kBiMonthly, "x2", false},    Row{CVExpenseFrequency::kQuarterly, "x3", false},
-    Row{CVExpenseFrequency::kSemiAnnually, "x6", false}, Row{CVExpenseFrequency::kAnnually, "x12", false}};
+constexpr std::array kWarnings{WarningRow{CVExpenseFrequency::kWeekly, "x12 /52", true},
+                               WarningRow{CVExpenseFrequency::kBiWeekly, "x12 /26", true},
+                               WarningRow{CVExpenseFrequency::kSemiMonthly, "x0.5", true},
+                               WarningRow{CVExpenseFrequency::kMonthly, "-", false},
+                               WarningRow{CVExpenseFrequency::kBiMonthly, "x2", false},
+                               WarningRow{CVExpenseFrequency::kQuarterly, "x3", false},
+                               WarningRow{CVExpenseFrequency::kSemiAnnually, "x6", false},
+                               WarningRow{CVExpenseFrequency::kAnnually, "x12", false}};
 
 bool warns(qint64 frequency, double monthly, double target) {
     CVCategory category;
@@ -32,7 +35,7 @@ bool warns(qint64 frequency, double monthly, double target) {
 }
 
 TEST(PlanWarning, IsGivenFromTheFirstCentThatTheConvertedMonthlyAverageExceedsTheTarget) {
-    for (const Row& row : kRows) {
+    for (const WarningRow& row : kWarnings) {
         for (const double monthly : {100.0, 33.33, 0.05, 99999.99, -7.77, 0.0}) {
             SCOPED_TRACE(testing::Message() << "frequency " << row.frequency << ", monthly " << monthly);
             const double exact = carriedOut(row.ofAMonth, monthly);
@@ -62,7 +65,7 @@ TEST(PlanWarning, OfAnUnknownFrequencyIsGivenForANegativeTarget) {
 TEST(PlanWarning, IsNotGivenForWhatIsNoNumber) {
     constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
     constexpr double kEndless = std::numeric_limits<double>::infinity();
-    for (const Row& row : kRows) {
+    for (const WarningRow& row : kWarnings) {
         EXPECT_FALSE(warns(row.frequency, kNotANumber, 1));
         EXPECT_FALSE(warns(row.frequency, 1, kNotANumber));
         EXPECT_FALSE(warns(row.frequency, kEndless, kEndless));

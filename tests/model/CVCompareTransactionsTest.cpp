@@ -12,16 +12,16 @@ using Entry = BudgetBuilder::Entry;
 
 enum Category : quint32 { kAuto = 1, kFood, kFoodInCapitals, kZoo, kUnnamed, kMissing };
 
-struct Row {
+struct ComparedRow {
     const char* key = nullptr;
     Entry a;
     Entry b;
     int ascending = 0;
 };
 
-const QString kNull;
+const QString kNoName;
 
-const Row kRows[]{
+const ComparedRow kCompared[]{
     {"date", {.date = day(2014, 3, 8)}, {.date = day(2014, 3, 7)}, 1},
     {"date", {.date = day(2014, 3, 7), .categoryID = kZoo}, {.date = day(2014, 3, 8), .categoryID = kAuto}, -1},
     {"date", {.date = day(2014, 3, 7), .categoryID = kFood}, {.date = day(2014, 3, 7), .categoryID = kAuto}, 1},
@@ -50,14 +50,14 @@ const Row kRows[]{
     {"tofrom", {.payTo = "MÜLLER"}, {.payTo = "Müller"}, 0},
     {"tofrom", {.payTo = "a", .xfor = "z"}, {.payTo = "a", .xfor = "b"}, 0},
     {"tofrom", {.payTo = ""}, {.payTo = "a"}, -1},
-    {"tofrom", {.payTo = kNull}, {.payTo = "a"}, 0},
-    {"tofrom", {.payTo = "a"}, {.payTo = kNull}, 0},
+    {"tofrom", {.payTo = kNoName}, {.payTo = "a"}, 0},
+    {"tofrom", {.payTo = "a"}, {.payTo = kNoName}, 0},
 
     {"for", {.xfor = "b"}, {.xfor = "A"}, 1},
     {"for", {.xfor = "a"}, {.xfor = "B"}, -1},
     {"for", {.payTo = "z", .xfor = "x"}, {.payTo = "a", .xfor = "X"}, 0},
-    {"for", {.xfor = kNull}, {.xfor = "a"}, 0},
-    {"for", {.xfor = "a"}, {.xfor = kNull}, 0},
+    {"for", {.xfor = kNoName}, {.xfor = "a"}, 0},
+    {"for", {.xfor = "a"}, {.xfor = kNoName}, 0},
 
     {"category", {.categoryID = kZoo}, {.categoryID = kFood}, 1},
     {"category", {.categoryID = kAuto}, {.categoryID = kFood}, -1},
@@ -78,17 +78,17 @@ BudgetBuilder& withCategories(BudgetBuilder& budget) {
         .category("food", kFood)
         .category("FOOD", kFoodInCapitals)
         .category("Zoo", kZoo)
-        .category(kNull, kUnnamed);
+        .category(kNoName, kUnnamed);
 }
 
 TEST(CVCompareTransactions, OrdersByTheKeyAndTheOtherWayRoundWhenDescending) {
-    for (const Row& row : kRows) {
+    for (const ComparedRow& row : kCompared) {
         BudgetBuilder budget;
         withCategories(budget).transaction(row.a).transaction(row.b);
         const CVTransaction& a = *budget.transactionAt(0);
         const CVTransaction& b = *budget.transactionAt(1);
         const QString key = QString::fromLatin1(row.key);
-        SCOPED_TRACE(testing::Message() << "row " << &row - kRows << ", key " << row.key);
+        SCOPED_TRACE(testing::Message() << "row " << &row - kCompared << ", key " << row.key);
         EXPECT_EQ(CVCompareTransactions(a, b, {key, false}), row.ascending);
         EXPECT_EQ(CVCompareTransactions(a, b, {key, true}), -row.ascending);
         EXPECT_EQ(CVCompareTransactions(b, a, {key, false}), -row.ascending);
@@ -121,9 +121,9 @@ TEST(CVCompareTexts, IgnoresCaseAndTakesANullTextForEqual) {
     EXPECT_EQ(CVCompareTexts("abc", "ABC"), 0);
     EXPECT_EQ(CVCompareTexts("ab", "abc"), -1);
     EXPECT_EQ(CVCompareTexts("ÄRGER", "ärger"), 0);
-    EXPECT_EQ(CVCompareTexts(kNull, "a"), 0);
-    EXPECT_EQ(CVCompareTexts("a", kNull), 0);
-    EXPECT_EQ(CVCompareTexts(kNull, kNull), 0);
+    EXPECT_EQ(CVCompareTexts(kNoName, "a"), 0);
+    EXPECT_EQ(CVCompareTexts("a", kNoName), 0);
+    EXPECT_EQ(CVCompareTexts(kNoName, kNoName), 0);
     EXPECT_EQ(CVCompareTexts(QLatin1String(""), "a"), -1);
 }
 

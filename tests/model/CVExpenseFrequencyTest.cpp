@@ -6,13 +6,13 @@
 
 namespace {
 
-struct Row {
+struct CodeRow {
     qint64 code;
     qint64 constant;
     std::string_view name;
 };
 
-constexpr Row kRows[]{
+constexpr CodeRow kCodes[]{
     {0, CVExpenseFrequency::kWeekly, "Weekly"},
     {1, CVExpenseFrequency::kBiWeekly, "Bi-Weekly"},
     {2, CVExpenseFrequency::kSemiMonthly, "Semi-Monthly"},
@@ -24,7 +24,7 @@ constexpr Row kRows[]{
 };
 
 TEST(CVExpenseFrequency, NamesEachCodeAndFindsItAgain) {
-    for (const Row& row : kRows) {
+    for (const CodeRow& row : kCodes) {
         EXPECT_EQ(row.constant, row.code);
         EXPECT_EQ(CVExpenseFrequency::nameOfCode(row.code), row.name);
         EXPECT_EQ(CVExpenseFrequency::codeOfName(row.name), row.code);

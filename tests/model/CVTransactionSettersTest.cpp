@@ -25,7 +25,7 @@ void expectFieldsOf(const CVTransaction& transaction, const Entry& expected) {
 
 const QBDate kDay = day(2014, 3, 7);
 const QString kNoText;
-const QString kEmpty = QLatin1String("");
+const QString kEmptyText = QLatin1String("");
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 enum class Cache { Kept, Dropped };
@@ -66,15 +66,19 @@ const SetterRow kSetterRows[]{
 
     {"the same paid-to", {.payTo = "a"}, [](auto& t) { t.setPayTo("a"); }, {.payTo = "a"}, Cache::Kept},
     {"another paid-to", {.payTo = "a"}, [](auto& t) { t.setPayTo("A"); }, {.payTo = "A"}, Cache::Dropped},
-    {"empty paid-to again", {.payTo = kEmpty}, [](auto& t) { t.setPayTo(kEmpty); }, {.payTo = kEmpty}, Cache::Kept},
+    {"empty paid-to again",
+     {.payTo = kEmptyText},
+     [](auto& t) { t.setPayTo(kEmptyText); },
+     {.payTo = kEmptyText},
+     Cache::Kept},
     {"paid-to from null", {.payTo = kNoText}, [](auto& t) { t.setPayTo("a"); }, {.payTo = "a"}, Cache::Dropped},
     {"paid-to from null to empty",
      {.payTo = kNoText},
-     [](auto& t) { t.setPayTo(kEmpty); },
-     {.payTo = kEmpty},
+     [](auto& t) { t.setPayTo(kEmptyText); },
+     {.payTo = kEmptyText},
      Cache::Dropped},
     {"paid-to from empty to null",
-     {.payTo = kEmpty},
+     {.payTo = kEmptyText},
      [](auto& t) { t.setPayTo(kNoText); },
      {.payTo = kNoText},
      Cache::Dropped},
@@ -93,16 +97,16 @@ const SetterRow kSetterRows[]{
     // setFor() depends on the paid-to text: when that text is present, a null "for" stays null.
     {"the same for", {.xfor = "a"}, [](auto& t) { t.setFor("a"); }, {.xfor = "a"}, Cache::Kept},
     {"another for", {.xfor = "a"}, [](auto& t) { t.setFor("b"); }, {.xfor = "b"}, Cache::Dropped},
-    {"for from empty", {.xfor = kEmpty}, [](auto& t) { t.setFor("b"); }, {.xfor = "b"}, Cache::Dropped},
+    {"for from empty", {.xfor = kEmptyText}, [](auto& t) { t.setFor("b"); }, {.xfor = "b"}, Cache::Dropped},
     {"for from null with a paid-to",
      {.payTo = "p", .xfor = kNoText},
      [](auto& t) { t.setFor("b"); },
      {.payTo = "p", .xfor = kNoText},
      Cache::Kept},
     {"for from null with an empty paid-to",
-     {.payTo = kEmpty, .xfor = kNoText},
+     {.payTo = kEmptyText, .xfor = kNoText},
      [](auto& t) { t.setFor("b"); },
-     {.payTo = kEmpty, .xfor = kNoText},
+     {.payTo = kEmptyText, .xfor = kNoText},
      Cache::Kept},
     {"for from null without a paid-to",
      {.payTo = kNoText, .xfor = kNoText},
@@ -120,7 +124,7 @@ const SetterRow kSetterRows[]{
      {.payTo = "p", .xfor = kNoText},
      Cache::Dropped},
     {"for from empty to null with a paid-to",
-     {.payTo = "p", .xfor = kEmpty},
+     {.payTo = "p", .xfor = kEmptyText},
      [](auto& t) { t.setFor(kNoText); },
      {.payTo = "p", .xfor = kNoText},
      Cache::Dropped},

@@ -56,12 +56,12 @@ TEST(CVTransaction, HasNoCategoryNameWithoutItsCategoryOrADocument) {
     EXPECT_TRUE(makeTransaction({.categoryID = 12})->categoryName().isNull());
 }
 
-struct TextRow {
+struct WrittenRow {
     BudgetBuilder::Entry entry;
     const char* text = nullptr;
 };
 
-const TextRow kTexts[]{
+const WrittenRow kWritten[]{
     {{.date = day(2014, 3, 7),
       .amount = 45.1,
       .payTo = "Dr. Lee & Sons",
@@ -93,7 +93,7 @@ const TextRow kTexts[]{
 };
 
 TEST(CVTransactionText, IsTheElementWithItsLineFeed) {
-    for (const TextRow& row : kTexts)
+    for (const WrittenRow& row : kWritten)
         EXPECT_EQ(makeTransaction(row.entry)->xmlRepresentation(), row.text);
 }
 

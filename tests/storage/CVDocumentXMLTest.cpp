@@ -11,7 +11,7 @@
 
 namespace {
 
-QByteArray textOf(BudgetBuilder& budget) {
+QByteArray writtenText(BudgetBuilder& budget) {
     return CVDocumentXMLRepresentation(budget.document()).joined();
 }
 
@@ -37,7 +37,7 @@ TEST(CVDocumentXML, OfASmallBudgetIsTheseBytes) {
                       .set = "Checking",
                       .taxFlag = true});
     ASSERT_FALSE(CVBundle::version().empty());
-    EXPECT_EQ(textOf(budget),
+    EXPECT_EQ(writtenText(budget),
               head("id=\"40\" current_transaction_set_id=\"27\"") +
                   "<TransactionSet id=\"27\">Checking</TransactionSet>"
                   "<Transaction categoryID=\"12\" flag=\"0\" tax_flag=\"1\" transaction_set_id=\"27\">"
@@ -49,7 +49,7 @@ TEST(CVDocumentXML, OfASmallBudgetIsTheseBytes) {
 
 TEST(CVDocumentXML, OfAnEmptyDocumentIsHeadAndEnd) {
     BudgetBuilder budget;
-    EXPECT_EQ(textOf(budget), head("id=\"0\" current_transaction_set_id=\"0\"") + "</CorvellaDocument>\n");
+    EXPECT_EQ(writtenText(budget), head("id=\"0\" current_transaction_set_id=\"0\"") + "</CorvellaDocument>\n");
 }
 
 TEST(CVDocumentXML, KeepsTheOrderOfTheDocumentAndBreaksLinesOnlyAfterTransactions) {
@@ -66,7 +66,7 @@ TEST(CVDocumentXML, KeepsTheOrderOfTheDocumentAndBreaksLinesOnlyAfterTransaction
     const QByteArray element =
         "<Transaction categoryID=\"0\" flag=\"0\" tax_flag=\"0\" transaction_set_id=\"0\"><Data ";
     const QByteArray end = " /><PayToFrom></PayToFrom><For></For></Transaction>\n";
-    EXPECT_EQ(textOf(budget),
+    EXPECT_EQ(writtenText(budget),
               head("id=\"4294967295\" current_transaction_set_id=\"4294967295\"") +
                   "<TransactionSet id=\"2\">b</TransactionSet><TransactionSet id=\"1\">a</TransactionSet>" + element +
                   "date=\"2014/03/01\" amount=\"1.00\"" + end + element + "date=\"(null)\" amount=\"-0.00\"" + end +
@@ -79,13 +79,13 @@ TEST(CVDocumentXML, KeepsTheOrderOfTheDocumentAndBreaksLinesOnlyAfterTransaction
 TEST(CVDocumentXML, HasADecimalPointInALocaleWithADecimalComma) {
     BudgetBuilder budget;
     budget.category("x", 1, 0, 2.5).transaction({.date = day(2014, 3, 7), .amount = 45.1});
-    const QByteArray expected = textOf(budget);
+    const QByteArray expected = writtenText(budget);
     const CommaLocale locale;
     if (!locale.isInForce())
         GTEST_SKIP() << "no locale with a decimal comma";
     budget.transactionAt(0)->setAmount(0);
     budget.transactionAt(0)->setAmount(45.1);
-    EXPECT_EQ(textOf(budget), expected);
+    EXPECT_EQ(writtenText(budget), expected);
     EXPECT_TRUE(expected.contains("\"45.10\""));
 }
 
@@ -108,14 +108,15 @@ QByteArray freshText(BudgetBuilder& budget) {
     for (const auto& category : document.categories())
         copy.category(category->categoryName(), category->uniqueID(), category->expenseFrequency(),
                       category->expenseTarget());
-    return textOf(copy);
+    return writtenText(copy);
 }
 
 TEST(CVDocumentXML, IsUpToDateAfterEveryChange) {
     for (quint32 seed = 0; seed < 150; ++seed) {
         RandomBudget budget(seed);
         for (int i = 0; i < 40; ++i) {
-            ASSERT_EQ(textOf(budget.builder()), freshText(budget.builder())) << "seed " << seed << ", change " << i;
+            ASSERT_EQ(writtenText(budget.builder()), freshText(budget.builder()))
+                << "seed " << seed << ", change " << i;
             budget.change();
         }
     }
@@ -176,7 +177,7 @@ TEST(CVDocumentXML, LargerThanABlockIsWhole) {
     EXPECT_TRUE(joined.endsWith("</CorvellaDocument>\n"));
 
     budget.transactionAt(1)->setPayTo("short");
-    EXPECT_TRUE(textOf(budget) == freshText(budget));
+    EXPECT_TRUE(writtenText(budget) == freshText(budget));
 }
 
 } // namespace

@@ -19,7 +19,7 @@ constexpr const char* kVector = "AAECAwQFBgcICQoLDA0ODw==";
 const QByteArray kVectorBytes("\x00\x01\x02\x03\x04\x05\x06\x07\x08\x09\x0a\x0b\x0c\x0d\x0e\x0f", 16);
 
 /// The content after the head of an encrypted file, the parts of it that are kept, and the log lines.
-struct Row {
+struct EncryptedRow {
     const char* behaviour;
     QByteArray rest;
     Part salt;
@@ -28,14 +28,14 @@ struct Row {
     QStringList log;
 };
 
-void PrintTo(const Row& row, std::ostream* out) {
+void PrintTo(const EncryptedRow& row, std::ostream* out) {
     *out << row.behaviour;
 }
 
-class EncryptedFile : public testing::TestWithParam<Row> {};
+class EncryptedFile : public testing::TestWithParam<EncryptedRow> {};
 
 TEST_P(EncryptedFile, isTakenApartAndNeverParsed) {
-    const Row& row = GetParam();
+    const EncryptedRow& row = GetParam();
     ParsedBudget budget(kHead + row.rest + "<!-- filled up -->");
     EXPECT_TRUE(budget.parser().isEncrypted());
     EXPECT_EQ(budget.parser().saltData(), row.salt);
@@ -53,7 +53,7 @@ QByteArray cipher(const QByteArray& text) {
     return "<CipherData><CipherValue>" + text + "</CipherValue></CipherData></EncryptedData>";
 }
 
-const std::vector<Row> kRows{
+const std::vector<EncryptedRow> kEncryptedFiles{
     {"a whole file", kSalt + cipher(QByteArray(kVector) + "Y2lwaGVy"), "salt", kVectorBytes, "cipher", {}},
     {"an empty cipher", kSalt + cipher(kVector), "salt", kVectorBytes, "", {}},
     {"line breaks in the cipher",
@@ -115,7 +115,7 @@ const std::vector<Row> kRows{
      {}},
 };
 
-INSTANTIATE_TEST_SUITE_P(all, EncryptedFile, testing::ValuesIn(kRows));
+INSTANTIATE_TEST_SUITE_P(all, EncryptedFile, testing::ValuesIn(kEncryptedFiles));
 
 TEST(EncryptedStart, isLookedForInTheFirst64BytesAlone) {
     struct Position {

@@ -75,13 +75,13 @@ private:
 };
 
 /// A document type with FILE and SERVER as placeholders for addresses, and an entity that refers to one of them.
-struct Row {
+struct DoctypeRow {
     const char* behaviour;
     QByteArray doctype;
     QByteArray name;
 };
 
-void PrintTo(const Row& row, std::ostream* out) {
+void PrintTo(const DoctypeRow& row, std::ostream* out) {
     *out << row.behaviour;
 }
 
@@ -94,7 +94,7 @@ protected:
     Listener mListener;
 };
 
-class ExternalAccess : public SecretFile, public testing::TestWithParam<Row> {};
+class ExternalAccess : public SecretFile, public testing::TestWithParam<DoctypeRow> {};
 class ExternalAccessControl : public SecretFile, public testing::Test {};
 
 TEST_P(ExternalAccess, neverHappens) {
@@ -112,7 +112,7 @@ TEST_P(ExternalAccess, neverHappens) {
     EXPECT_TRUE(budget.read() || budget.holdsDefaults());
 }
 
-const std::vector<Row> kRows{
+const std::vector<DoctypeRow> kDoctypes{
     {"a general entity that names a file", "[<!ENTITY e SYSTEM \"FILE\">]", "a&e;"},
     {"a general entity that names a server", "[<!ENTITY e SYSTEM \"SERVER\">]", "a&e;"},
     {"a public entity that names a server", "[<!ENTITY e PUBLIC \"-//a//b//EN\" \"SERVER\">]", "a&e;"},
@@ -125,7 +125,7 @@ const std::vector<Row> kRows{
     {"an unparsed entity", "[<!NOTATION n SYSTEM \"FILE\"><!ENTITY e SYSTEM \"SERVER\" NDATA n>]", "a&e;"},
 };
 
-INSTANTIATE_TEST_SUITE_P(all, ExternalAccess, testing::ValuesIn(kRows));
+INSTANTIATE_TEST_SUITE_P(all, ExternalAccess, testing::ValuesIn(kDoctypes));
 
 TEST_F(ExternalAccessControl, wouldBeNoticed) {
     const Watch watch(mSecret);

@@ -74,7 +74,7 @@ QByteArray encoded(const char* encoding, const QByteArray& bytes) {
     return "<?xml version=\"1.0\" encoding=\"" + QByteArray(encoding) + "\"?>\n" + category(bytes) + QByteArray(8, ' ');
 }
 
-QByteArray inUtf16(const QString& text) {
+QByteArray markedUtf16(const QString& text) {
     const QString marked = QChar(QChar::ByteOrderMark) + text;
     return {reinterpret_cast<const char*>(marked.utf16()), marked.size() * 2};
 }
@@ -152,8 +152,8 @@ const std::vector<HostileRow> kEncodings{
                       "e"),
      Result::Malformed},
     {"UTF-8 with a byte order mark", "\xef\xbb\xbf" + encoded("UTF-8", "Gr\u00fc\u00dfe"), Result::Read, kGreetings},
-    {"UTF-16 with a byte order mark", inUtf16(QString::fromUtf8(encoded("UTF-16", "Gr\u00fc\u00dfe"))), Result::Read,
-     kGreetings},
+    {"UTF-16 with a byte order mark", markedUtf16(QString::fromUtf8(encoded("UTF-16", "Gr\u00fc\u00dfe"))),
+     Result::Read, kGreetings},
     {"an unknown encoding", encoded("x-of-our-own", "a"), Result::Malformed},
     {"an empty encoding", encoded("", "a"), Result::Malformed},
 };
@@ -199,7 +199,7 @@ TEST(HostileAttributes, withoutNumberTakeTimeInProportion) {
         EXPECT_LT(timeToRead(withAttributes(40'000, rest)), 8 * (timeToRead(withAttributes(10'000, rest)) + kNoise))
             << rest;
     const auto utf16 = [](const QByteArray& bytes) {
-        return inUtf16(QString::fromUtf8(bytes).replace(QLatin1String("UTF-8"), QLatin1String("UTF-16")));
+        return markedUtf16(QString::fromUtf8(bytes).replace(QLatin1String("UTF-8"), QLatin1String("UTF-16")));
     };
     EXPECT_LT(timeToRead(utf16(withAttributes(40'000, "=''"))),
               8 * (timeToRead(utf16(withAttributes(10'000, "=''"))) + kNoise));

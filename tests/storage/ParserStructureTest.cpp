@@ -113,10 +113,11 @@ INSTANTIATE_TEST_SUITE_P(unknownElements, ParserStructure, testing::ValuesIn(kUn
 INSTANTIATE_TEST_SUITE_P(root, ParserStructure, testing::ValuesIn(kRoot));
 INSTANTIATE_TEST_SUITE_P(storing, ParserStructure, testing::ValuesIn(kStoring));
 
-const QByteArray kDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!-- filled up to sixty-four bytes -->";
+const QByteArray kLongDeclaration =
+    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!-- filled up to sixty-four bytes -->";
 
 TEST(ParserRoot, ofAnotherNameYieldsAnEmptyDocumentWithoutAnError) {
-    ParsedBudget budget(kDeclaration +
+    ParsedBudget budget(kLongDeclaration +
                         "<Budget><Transaction/><MiscInfo id=\"4\"/><Category id=\"1\">a</Category></Budget>");
     EXPECT_TRUE(budget.read());
     EXPECT_FALSE(budget.parser().foundRoot());
@@ -127,7 +128,7 @@ TEST(ParserRoot, ofAnotherNameYieldsAnEmptyDocumentWithoutAnError) {
 
 TEST(ParserRoot, isFoundInsideAnotherElement) {
     ParsedBudget budget(
-        kDeclaration +
+        kLongDeclaration +
         "<Budget><Transaction/><CorvellaDocument><Transaction categoryID=\"1\"/></CorvellaDocument></Budget>");
     EXPECT_TRUE(budget.parser().foundRoot());
     EXPECT_EQ(budget.records(), QStringList({"T category=1"}));
@@ -135,7 +136,7 @@ TEST(ParserRoot, isFoundInsideAnotherElement) {
 
 TEST(ParserRoot, isKnownByItsExactName) {
     for (const char* name : {"corvellaDocument", "CorvellaDocuments", "CorvellaDocumen", "x:CorvellaDocument"}) {
-        ParsedBudget budget(kDeclaration + "<" + name + "><Transaction/></" + name + ">");
+        ParsedBudget budget(kLongDeclaration + "<" + name + "><Transaction/></" + name + ">");
         EXPECT_TRUE(budget.read()) << name;
         EXPECT_FALSE(budget.parser().foundRoot()) << name;
         EXPECT_EQ(budget.records(), QStringList()) << name;
@@ -157,14 +158,14 @@ TEST(ParserRoot, carriesTheFileVersion) {
                          {R"(xmlns="&#65;&#x263A;")", QString::fromUtf8("A\u263A")},
                          {R"(xmlns:c="urn:c" XMLNS="d" xmlnsx="e")", std::nullopt}};
     for (const Version& row : rows) {
-        ParsedBudget budget(kDeclaration + "<CorvellaDocument " + row.attributes + "/>");
+        ParsedBudget budget(kLongDeclaration + "<CorvellaDocument " + row.attributes + "/>");
         EXPECT_TRUE(budget.read()) << row.attributes;
         EXPECT_EQ(budget.parser().file_version(), row.version) << row.attributes;
     }
 }
 
 TEST(ParserRoot, withoutContentsYieldsAnEmptyDocument) {
-    ParsedBudget budget(kDeclaration + "<CorvellaDocument/>");
+    ParsedBudget budget(kLongDeclaration + "<CorvellaDocument/>");
     EXPECT_TRUE(budget.read());
     EXPECT_TRUE(budget.parser().foundRoot());
     EXPECT_EQ(budget.records(), QStringList());

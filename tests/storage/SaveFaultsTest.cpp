@@ -21,17 +21,17 @@ using FaultyCalls::Repeat;
 /// Lets every call of a save fail once, at every repetition, and together with all later calls, for each possible
 /// error; then every pair of writing calls. No data may be lost, no file may be incomplete, and no message may be
 /// untrue.
-struct Row {
+struct FaultRow {
     const char* name;
     Before before;
     std::vector<FaultyCalls::Unsupported> unsupported = {};
 };
 
-void PrintTo(const Row& row, std::ostream* out) {
+void PrintTo(const FaultRow& row, std::ostream* out) {
     *out << row.name;
 }
 
-std::string nameOf(const testing::TestParamInfo<Row>& row) {
+std::string nameOf(const testing::TestParamInfo<FaultRow>& row) {
     return row.param.name;
 }
 
@@ -47,7 +47,7 @@ const char* wordFor(Repeat repeat) {
     return "";
 }
 
-class SaveFaults : public testing::TestWithParam<Row> {
+class SaveFaults : public testing::TestWithParam<FaultRow> {
 protected:
     SaveFaults() {
         // The thousands of saves go to memory where possible, to save time.
@@ -185,7 +185,7 @@ TEST(SaveFaultsOfAFullDisk, AreToldAsSuchAndOthersWithTheirReason) {
 const std::vector<FaultyCalls::Unsupported> kNoNameless{{"tmpfile", EOPNOTSUPP}};
 const std::vector<FaultyCalls::Unsupported> kNoLinks{{"tmpfile", EOPNOTSUPP}, {"link", EPERM}};
 
-const Row kRows[]{
+const FaultRow kFaults[]{
     {"overAGoodFile", Before::Good},
     {"overAGoodFileOnAPlainDisk", Before::Good, kNoNameless},
     {"overALinkedFile", Before::Linked},
@@ -196,6 +196,6 @@ const Row kRows[]{
     {"withoutAFileOnAPlainDisk", Before::Absent, kNoLinks},
 };
 
-INSTANTIATE_TEST_SUITE_P(all, SaveFaults, testing::ValuesIn(kRows), nameOf);
+INSTANTIATE_TEST_SUITE_P(all, SaveFaults, testing::ValuesIn(kFaults), nameOf);
 
 } // namespace

@@ -52,7 +52,7 @@ protected:
     CVLoadReport mReport;
 };
 
-struct Row {
+struct UnreadableRow {
     const char* behaviour;
     QByteArray bytes;
     Outcome outcome;
@@ -61,16 +61,16 @@ struct Row {
     bool savesByItself;
 };
 
-void PrintTo(const Row& row, std::ostream* out) {
+void PrintTo(const UnreadableRow& row, std::ostream* out) {
     *out << row.behaviour;
 }
 
-class UnreadableBytes : public UnreadableFile, public testing::WithParamInterface<Row> {};
+class UnreadableBytes : public UnreadableFile, public testing::WithParamInterface<UnreadableRow> {};
 
 const QByteArray kEncrypted = "<EncryptedData><Salt><Specified>c2FsdA==</Specified></Salt>"
                               "<CipherValue>AAECAwQFBgcICQoLDA0ODw==Y2lwaGVy</CipherValue></EncryptedData>";
 
-const std::vector<Row> kRows{
+const std::vector<UnreadableRow> kUnreadable{
     {"malformed", sampleFile().first(700), Outcome::Unreadable, "the file is damaged at line ", true},
     {"encrypted", kEncrypted, Outcome::Unreadable, "the file is encrypted, and Corvella cannot open encrypted files",
      false},
@@ -116,10 +116,10 @@ TEST_P(UnreadableBytes, areKeptOnce) {
     EXPECT_EQ(namesIn(mFolder).size(), 2);
 }
 
-INSTANTIATE_TEST_SUITE_P(all, UnreadableBytes, testing::ValuesIn(kRows));
+INSTANTIATE_TEST_SUITE_P(all, UnreadableBytes, testing::ValuesIn(kUnreadable));
 
 TEST_F(UnreadableFile, thatIsNotDamagedStaysUntouchedUntilSomethingIsSaved) {
-    for (const Row& row : kRows) {
+    for (const UnreadableRow& row : kUnreadable) {
         if (row.savesByItself)
             continue;
         writeFile(mPath, row.bytes);

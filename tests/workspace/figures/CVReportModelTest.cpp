@@ -21,7 +21,7 @@
 namespace {
 
 using Table = CVReportTable;
-constexpr auto kFatal = QAbstractItemModelTester::FailureReportingMode::Fatal;
+constexpr auto kFailAtOnce = QAbstractItemModelTester::FailureReportingMode::Fatal;
 
 /// The models of the four tables over the first quarter of 2014, checked for consistency.
 class CVReportModelTest : public testing::Test {
@@ -65,10 +65,10 @@ public:
     CVReportModel mTotals{mContents, Table::Totals};
     CVReportModel mPercent{mContents, Table::Percent};
     CVReportModel mTax{mContents, Table::Tax};
-    QAbstractItemModelTester mAveragesTester{&mAverages, kFatal};
-    QAbstractItemModelTester mTotalsTester{&mTotals, kFatal};
-    QAbstractItemModelTester mPercentTester{&mPercent, kFatal};
-    QAbstractItemModelTester mTaxTester{&mTax, kFatal};
+    QAbstractItemModelTester mAveragesTester{&mAverages, kFailAtOnce};
+    QAbstractItemModelTester mTotalsTester{&mTotals, kFailAtOnce};
+    QAbstractItemModelTester mPercentTester{&mPercent, kFailAtOnce};
+    QAbstractItemModelTester mTaxTester{&mTax, kFailAtOnce};
 };
 
 TEST_F(CVReportModelTest, EachTableHasItsColumns) {
@@ -236,7 +236,7 @@ TEST(CVReportModel, EveryCellOfAnyBudgetCanBeShown) {
         contents.reload(budget.document().transactions(), budget.document().categories());
         for (const Table table : {Table::Averages, Table::Totals, Table::Percent, Table::Tax}) {
             CVReportModel model(contents, table);
-            const QAbstractItemModelTester tester(&model, kFatal);
+            const QAbstractItemModelTester tester(&model, kFailAtOnce);
             model.reload();
             EXPECT_EQ(model.rowCount(), static_cast<int>(contents.rows().size()));
             for (int row = 0; row < model.rowCount(); ++row) {
