@@ -24,8 +24,9 @@ function(corvella_library)
     endif()
 endfunction()
 
-# corvella_test(NAME CVDocumentTest LABEL model [GUI] SOURCES ... DEPENDS Corvella::Model ...)
-# A GoogleTest program in tests-bin/, one ctest entry (one process for all its cases keeps sanitizer runs quick).
+# corvella_test(NAME ModelTest LABEL model [GUI] SOURCES ... DEPENDS Corvella::Model ...)
+# A GoogleTest program in tests-bin/, one ctest entry. One program holds all tests of a folder: a program costs a link and
+# the templates of the test library, and sanitizers a start. A folder's further program says why it stands alone.
 # main() comes from Corvella::TestMain, with GUI from Corvella::TestGuiMain. CORVELLA_SOURCE_DIR finds data files.
 function(corvella_test)
     cmake_parse_arguments(PARSE_ARGV 0 ARG "GUI" "NAME;LABEL" "SOURCES;DEPENDS")
@@ -49,7 +50,7 @@ function(corvella_test)
     file(MAKE_DIRECTORY "${home}")
     set_tests_properties(${ARG_NAME} PROPERTIES
         LABELS "${ARG_LABEL}"
-        TIMEOUT 300
+        TIMEOUT 900
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;TZ=UTC;LC_ALL=C.UTF-8;HOME=${home}"
         ENVIRONMENT_MODIFICATION "XDG_DATA_HOME=unset:;XDG_CONFIG_HOME=unset:;XDG_CACHE_HOME=unset:"
     )
