@@ -49,6 +49,7 @@ void CVTransactionList::updateDisplayDatesWithTransaction(const CVTransaction& t
 void CVTransactionList::collectTransactions() {
     const quint32 set = mDocument.shownTransactionSet();
     mTransactions.clear();
+    mTransactions.reserve(mDocument.transactions().size());
     std::copy_if(mDocument.transactions().begin(), mDocument.transactions().end(), std::back_inserter(mTransactions),
                  [set](const auto& transaction) { return transaction->transactionSetID() == set; });
 }
@@ -56,6 +57,7 @@ void CVTransactionList::collectTransactions() {
 void CVTransactionList::getTransactions() {
     const bool undated = showsUndated();
     mDateSelectedTransactionArray.clear();
+    mDateSelectedTransactionArray.reserve(mTransactions.size());
     std::copy_if(mTransactions.begin(), mTransactions.end(), std::back_inserter(mDateSelectedTransactionArray),
                  [this, undated](const auto& transaction) {
                      const auto date = transaction->effectiveDate();

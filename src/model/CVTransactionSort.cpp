@@ -15,36 +15,42 @@ using Transactions = CVTransactions;
 
 /// The keys below hold what one order needs of a transaction, side by side in memory, with ranks instead of texts.
 /// Comparing 100,000 transactions themselves takes 28 to 85 ms; this takes 5 to 10 ms. `before` says whether a comes
-/// before b in ascending order.
+/// before b in ascending order. `index` is the place of the transaction before the sort; more of them
+/// than 32 bits can count do not fit into memory.
 
-/// The rank of a name or a text; a missing one equals every other.
+/// A missing name or text equals every other.
+bool isRankBefore(int a, int b) {
+    return a < b && a != CVTextRanks::kNoRank && b != CVTextRanks::kNoRank;
+}
+
 struct RankKey {
     int rank;
+    quint32 index;
 
-    [[nodiscard]] static bool before(const RankKey& a, const RankKey& b) {
-        return a.rank < b.rank && a.rank != CVTextRanks::kNoRank && b.rank != CVTextRanks::kNoRank;
-    }
+    [[nodiscard]] static bool before(const RankKey& a, const RankKey& b) { return isRankBefore(a.rank, b.rank); }
 };
 
 struct DateKey {
     qint64 day;
-    RankKey category;
+    int categoryRank;
+    quint32 index;
 
     [[nodiscard]] static bool before(const DateKey& a, const DateKey& b) {
-        return a.day == b.day ? RankKey::before(a.category, b.category) : a.day < b.day;
+        return a.day == b.day ? isRankBefore(a.categoryRank, b.categoryRank) : a.day < b.day;
     }
 };
 
 struct AmountKey {
     double amount;
+    quint32 index;
 
     [[nodiscard]] static bool before(const AmountKey& a, const AmountKey& b) { return a.amount < b.amount; }
 };
 
-/// Makes the category keys of one sort.
-class CategoryKeys {
+/// The ranks of the categories' names in one sort.
+class CategoryRanks {
 public:
-    explicit CategoryKeys(const CVCategories& categories) {
+    explicit CategoryRanks(const CVCategories& categories) {
         CVTextRanks names;
         for (const auto& category : categories)
             names.add(category->categoryName());
@@ -57,46 +63,40 @@ public:
         }
     }
 
-    [[nodiscard]] RankKey of(const CVTransaction& transaction) const { return {mRanks.find(transaction.categoryID())}; }
+    [[nodiscard]] int of(const CVTransaction& transaction) const { return mRanks.find(transaction.categoryID()); }
 
 private:
     CVIDMap<int> mRanks{CVTextRanks::kNoRank};
 };
 
-template <typename Key>
-struct Row {
-    Key key;
-    /// 32 bits keep the row small; more transactions do not fit into memory.
-    quint32 index;
-};
-
 template <typename Key, typename KeyOf>
 void sortBy(Transactions& transactions, bool descending, KeyOf keyOf) {
-    std::vector<Row<Key>> rows;
-    rows.reserve(transactions.size());
+    std::vector<Key> keys;
+    keys.reserve(transactions.size());
     for (const auto& transaction : transactions)
-        rows.push_back({keyOf(*transaction), static_cast<quint32>(rows.size())});
+        keys.push_back(keyOf(*transaction, static_cast<quint32>(keys.size())));
     // std::stable_sort stays in bounds even where the order is no strict weak one.
-    std::stable_sort(rows.begin(), rows.end(), [descending](const Row<Key>& a, const Row<Key>& b) {
-        return descending ? Key::before(b.key, a.key) : Key::before(a.key, b.key);
+    std::stable_sort(keys.begin(), keys.end(), [descending](const Key& a, const Key& b) {
+        return descending ? Key::before(b, a) : Key::before(a, b);
     });
     Transactions sorted;
     sorted.reserve(transactions.size());
-    for (const auto& row : rows)
-        sorted.push_back(std::move(transactions[row.index]));
+    for (const Key& key : keys)
+        sorted.push_back(std::move(transactions[key.index]));
     transactions = std::move(sorted);
 }
 
 void sortByDate(Transactions& transactions, bool descending, const CVCategories& categories) {
     sortBy<DateKey>(transactions, descending,
-                    [keys = CategoryKeys(categories)](const CVTransaction& transaction) -> DateKey {
-                        return {transaction.dayKey(), keys.of(transaction)};
+                    [ranks = CategoryRanks(categories)](const CVTransaction& transaction, quint32 index) -> DateKey {
+                        return {transaction.dayKey(), ranks.of(transaction), index};
                     });
 }
 
 void sortByAmount(Transactions& transactions, bool descending) {
-    sortBy<AmountKey>(transactions, descending,
-                      [](const CVTransaction& transaction) -> AmountKey { return {transaction.amount()}; });
+    sortBy<AmountKey>(transactions, descending, [](const CVTransaction& transaction, quint32 index) -> AmountKey {
+        return {transaction.amount(), index};
+    });
 }
 
 void sortByText(Transactions& transactions, bool descending, const QString& (CVTransaction::*text)() const) {
@@ -104,14 +104,16 @@ void sortByText(Transactions& transactions, bool descending, const QString& (CVT
     for (const auto& transaction : transactions)
         ranks.add(((*transaction).*text)());
     ranks.rank();
-    sortBy<RankKey>(transactions, descending,
-                    [&](const CVTransaction& transaction) -> RankKey { return {ranks.rankOf((transaction.*text)())}; });
+    sortBy<RankKey>(transactions, descending, [&](const CVTransaction& transaction, quint32 index) -> RankKey {
+        return {ranks.rankOf((transaction.*text)()), index};
+    });
 }
 
 void sortByCategory(Transactions& transactions, bool descending, const CVCategories& categories) {
-    sortBy<RankKey>(transactions, descending, [keys = CategoryKeys(categories)](const CVTransaction& transaction) {
-        return keys.of(transaction);
-    });
+    sortBy<RankKey>(transactions, descending,
+                    [ranks = CategoryRanks(categories)](const CVTransaction& transaction, quint32 index) -> RankKey {
+                        return {ranks.of(transaction), index};
+                    });
 }
 
 } // namespace
