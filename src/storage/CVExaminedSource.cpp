@@ -5,13 +5,6 @@
 #include <algorithm>
 #include <utility>
 
-namespace {
-
-/// Small enough that a reading is cancelled at once, and large enough that the calls to the device cost nothing.
-constexpr qsizetype kPiece = qsizetype(256) * 1024;
-
-} // namespace
-
 CVExaminedSource::CVExaminedSource(QIODevice& device, std::function<bool(double part)> progress)
     : mDevice(device)
     , mProgress(std::move(progress)) {
@@ -64,8 +57,8 @@ void CVExaminedSource::readPiece() {
         return;
     }
     const qsizetype known = mPiece.size();
-    mPiece.resize(known + kPiece);
-    const qint64 count = mDevice.read(mPiece.data() + known, kPiece);
+    mPiece.resize(known + kPieceSize);
+    const qint64 count = mDevice.read(mPiece.data() + known, kPieceSize);
     mPiece.resize(known + std::max<qint64>(count, 0));
     mIsAtEnd = count == 0;
     mRead += mPiece.size() - known;

@@ -30,6 +30,9 @@ public:
 
     /// In bytes. More are refused, because the parser counts in ints.
     static constexpr qint64 kLargestFile = std::numeric_limits<int>::max();
+    /// In bytes. Small enough that a reading is cancelled at once, and large enough that the calls to the device cost
+    /// nothing.
+    static constexpr qsizetype kPieceSize = qsizetype(64) * 1024;
 
     /// Reads from the present position of the device. `progress` (or none) is called before each piece but the first
     /// with the part that the parser has taken so far, from 0 to 1, and cancels by answering false. It is not called

@@ -13,8 +13,6 @@ namespace {
 
 using Stop = CVExaminedSource::Stop;
 
-constexpr int kPiece = 256 * 1024;
-
 /// All bytes that the source hands out when it is asked for so many at a time.
 QByteArray takenFrom(CVExaminedSource& source, qsizetype atOnce) {
     QByteArray taken;
@@ -25,12 +23,13 @@ QByteArray takenFrom(CVExaminedSource& source, qsizetype atOnce) {
 }
 
 QByteArray longText() {
-    return sampleFile().repeated(kPiece * 3 / static_cast<int>(sampleFile().size()));
+    return sampleFile().repeated(CVExaminedSource::kPieceSize * 3 / sampleFile().size());
 }
 
 TEST(CVExaminedSource, HandsOutEveryByteInOrder) {
     const QByteArray bytes = longText();
-    for (const qsizetype atOnce : {1, 7, 4000, kPiece, kPiece + 1, 5 * kPiece}) {
+    for (const qsizetype atOnce : {qsizetype(1), qsizetype(7), qsizetype(4000), CVExaminedSource::kPieceSize,
+                                   CVExaminedSource::kPieceSize + 1, 5 * CVExaminedSource::kPieceSize}) {
         TroubledDevice device(bytes);
         CVExaminedSource source(device);
         source.examineStart();
@@ -62,44 +61,47 @@ TEST(CVExaminedSource, BeginsAtThePositionOfTheDevice) {
 }
 
 TEST(CVExaminedSource, TellsExactlyHowMuchHasBeenTaken) {
-    const QByteArray bytes(kPiece * 4, 'x');
+    const QByteArray bytes(CVExaminedSource::kPieceSize * 4, 'x');
     TroubledDevice device(bytes);
     std::vector<double> parts;
     CVExaminedSource source(device, [&parts](double part) {
         parts.push_back(part);
         return true;
     });
-    QByteArray buffer(kPiece, '?');
-    ASSERT_EQ(source.read(buffer.data(), buffer.size()), kPiece);
+    QByteArray buffer(CVExaminedSource::kPieceSize, '?');
+    ASSERT_EQ(source.read(buffer.data(), buffer.size()), CVExaminedSource::kPieceSize);
     EXPECT_EQ(parts.size(), 0U) << "nothing is reported before anything was taken";
     for (int piece = 1; piece < 4; ++piece)
-        ASSERT_EQ(source.read(buffer.data(), buffer.size()), kPiece);
+        ASSERT_EQ(source.read(buffer.data(), buffer.size()), CVExaminedSource::kPieceSize);
     EXPECT_EQ(source.read(buffer.data(), buffer.size()), 0);
     EXPECT_EQ(parts, (std::vector<double>{0.25, 0.5, 0.75, 1}));
 }
 
 TEST(CVExaminedSource, ReadsNothingMoreOnceItIsCancelled) {
-    TroubledDevice device(QByteArray(kPiece * 4, 'x'));
+    TroubledDevice device(QByteArray(CVExaminedSource::kPieceSize * 4, 'x'));
     int asked = 0;
     CVExaminedSource source(device, [&asked](double /*part*/) { return ++asked < 2; });
-    EXPECT_EQ(takenFrom(source, 4000).size(), kPiece * 2 - kPiece * 2 % 4000) << "the last bytes are held back";
+    EXPECT_EQ(takenFrom(source, 4000).size(),
+              CVExaminedSource::kPieceSize * 2 - CVExaminedSource::kPieceSize * 2 % 4000)
+        << "the last bytes are held back";
     EXPECT_EQ(source.stop(), Stop::Cancelled);
     source.examineRest();
     EXPECT_EQ(source.readAll(), QByteArray());
-    EXPECT_EQ(device.pos(), kPiece * 2);
+    EXPECT_EQ(device.pos(), CVExaminedSource::kPieceSize * 2);
     EXPECT_EQ(asked, 2);
 }
 
 TEST(CVExaminedSource, SaysWhyTheDeviceFailed) {
-    TroubledDevice device(QByteArray(kPiece * 4, 'x'), {.failsAt = kPiece + 5});
+    TroubledDevice device(QByteArray(CVExaminedSource::kPieceSize * 4, 'x'),
+                          {.failsAt = CVExaminedSource::kPieceSize + 5});
     CVExaminedSource source(device);
-    EXPECT_LE(takenFrom(source, 4000).size(), kPiece + 5);
+    EXPECT_LE(takenFrom(source, 4000).size(), CVExaminedSource::kPieceSize + 5);
     EXPECT_EQ(source.stop(), Stop::ReadError);
     EXPECT_EQ(source.readError(), "Input/output error");
 }
 
 TEST(CVExaminedSource, RefusesAnEndlessPipe) {
-    TroubledDevice pipe(QByteArray(kPiece, 'x'), {.isPipe = true, .isEndless = true});
+    TroubledDevice pipe(QByteArray(CVExaminedSource::kPieceSize, 'x'), {.isPipe = true, .isEndless = true});
     CVExaminedSource source(pipe);
     source.examineRest();
     EXPECT_EQ(source.stop(), Stop::ReadError);
@@ -107,7 +109,7 @@ TEST(CVExaminedSource, RefusesAnEndlessPipe) {
 }
 
 TEST(CVExaminedSource, HoldsAnAbsurdElementBack) {
-    const QByteArray before = "<CorvellaDocument>" + QByteArray(kPiece, ' ');
+    const QByteArray before = "<CorvellaDocument>" + QByteArray(CVExaminedSource::kPieceSize, ' ');
     TroubledDevice device(before + "<Odd" + QByteArray(" a=\"1\"").repeated(101) + "/>");
     CVExaminedSource source(device);
     EXPECT_TRUE(before.startsWith(takenFrom(source, 100)));

@@ -2,6 +2,7 @@
 #include "kit/ScratchHome.h"
 #include "storage/CVDocumentFile.h"
 #include "storage/CVDocumentXML.h"
+#include "storage/CVExaminedSource.h"
 #include "storage/ScratchFiles.h"
 
 #include <QFileInfo>
@@ -35,7 +36,6 @@ protected:
 
 TEST_F(ReadingProgress, RisesFromZeroToOne) {
     writeBudget(20'500);
-    constexpr qsizetype kPiece = qsizetype(256) * 1024;
     std::vector<double> parts;
     mFile.setReadingProgress([&parts](double part) {
         parts.push_back(part);
@@ -44,9 +44,10 @@ TEST_F(ReadingProgress, RisesFromZeroToOne) {
     EXPECT_EQ(read().outcome, CVLoadReport::Outcome::Loaded);
     EXPECT_EQ(mRead.document().transactions().size(), 20'500U);
     EXPECT_TRUE(std::is_sorted(parts.begin(), parts.end()));
-    ASSERT_EQ(static_cast<qsizetype>(parts.size()), 1 + (mBytes.size() + kPiece - 1) / kPiece);
+    ASSERT_EQ(static_cast<qsizetype>(parts.size()),
+              1 + (mBytes.size() + CVExaminedSource::kPieceSize - 1) / CVExaminedSource::kPieceSize);
     EXPECT_EQ(parts.front(), 0);
-    EXPECT_EQ(parts[1], static_cast<double>(kPiece) / static_cast<double>(mBytes.size()));
+    EXPECT_EQ(parts[1], static_cast<double>(CVExaminedSource::kPieceSize) / static_cast<double>(mBytes.size()));
     EXPECT_EQ(parts.back(), 1);
 }
 

@@ -1,6 +1,7 @@
 #include "kit/BudgetBuilder.h"
 #include "kit/ScratchHome.h"
 #include "storage/CVDocumentFile.h"
+#include "storage/CVExaminedSource.h"
 #include "storage/LogCapture.h"
 #include "storage/ParsedBudget.h"
 #include "storage/SampleFile.h"
@@ -17,10 +18,8 @@ namespace {
 
 using Outcome = CVLoadReport::Outcome;
 
-constexpr int kPiece = 256 * 1024;
-
 /// A budget of more than three pieces.
-QByteArray longBudget() {
+QByteArray budgetOfManyPieces() {
     return inRoot(
         "<MiscInfo id=\"7\" /><TransactionSet id=\"7\">Checking</TransactionSet>" +
         QByteArray("<Transaction><Amount>12.50</Amount><PayTo>Märkt</PayTo></Transaction>\n").repeated(15'000));
@@ -45,10 +44,10 @@ struct StreamedReading {
 };
 
 TEST(StreamedReading, GivesTheRecordsThatTheBytesInMemoryGive) {
-    ParsedBudget expected(longBudget());
+    ParsedBudget expected(budgetOfManyPieces());
     ASSERT_EQ(expected.document().transactions().size(), 15'000U);
     for (const bool isPipe : {false, true}) {
-        TroubledDevice device(longBudget(), {.most = 4093, .isPipe = isPipe});
+        TroubledDevice device(budgetOfManyPieces(), {.most = 4093, .isPipe = isPipe});
         StreamedReading reading(device);
         EXPECT_EQ(reading.report.outcome, Outcome::Loaded) << reading.report.reason.toStdString();
         EXPECT_EQ(reading.records(), expected.records());
@@ -61,7 +60,7 @@ QByteArray sampleInUtf16() {
 }
 
 /// A few random changes, most of which make a good file unreadable in some way.
-QByteArray changed(QByteArray bytes, std::mt19937& random) {
+QByteArray randomlyChanged(QByteArray bytes, std::mt19937& random) {
     for (auto changes = random() % 4; changes > 0; --changes) {
         const auto at = static_cast<qsizetype>(random() % static_cast<std::size_t>(bytes.size()));
         switch (random() % 4) {
@@ -85,7 +84,7 @@ TEST(StreamedReading, EndsAsThatOfTheBytesInMemoryWhateverThePieces) {
     std::mt19937 random(2014);
     const std::array good = {sampleFile(), sampleInUtf16()};
     for (std::size_t round = 0; round < 600; ++round) {
-        const QByteArray bytes = changed(good[round % 2], random);
+        const QByteArray bytes = randomlyChanged(good[round % 2], random);
         ParsedBudget expected(bytes);
         TroubledDevice pipe(bytes, {.most = static_cast<qint64>(1 + random() % 500), .isPipe = true});
         StreamedReading reading(pipe);
@@ -100,8 +99,9 @@ TEST(StreamedReading, EndsAsThatOfTheBytesInMemoryWhateverThePieces) {
 }
 
 TEST(StreamedReading, ThatFailsIsNoDamageAndSavesNothing) {
-    for (const qint64 failsAt : {qint64(0), qint64(10), qint64(5000), qint64(kPiece), qint64(3 * kPiece)}) {
-        TroubledDevice device(longBudget(), {.failsAt = failsAt});
+    for (const qint64 failsAt : {qint64(0), qint64(10), qint64(5000), qint64(CVExaminedSource::kPieceSize),
+                                 qint64(3 * CVExaminedSource::kPieceSize)}) {
+        TroubledDevice device(budgetOfManyPieces(), {.failsAt = failsAt});
         StreamedReading reading(device);
         EXPECT_EQ(reading.report.outcome, Outcome::NotRead) << failsAt;
         EXPECT_EQ(reading.report.reason, "Input/output error") << failsAt;
@@ -112,14 +112,14 @@ TEST(StreamedReading, ThatFailsIsNoDamageAndSavesNothing) {
 }
 
 TEST(StreamedReading, ThatFailsWithinAnEncryptedFileIsNoRefusal) {
-    TroubledDevice device("<EncryptedData>" + QByteArray(kPiece, 'x'), {.failsAt = 1000});
+    TroubledDevice device("<EncryptedData>" + QByteArray(CVExaminedSource::kPieceSize, 'x'), {.failsAt = 1000});
     const StreamedReading reading(device);
     EXPECT_EQ(reading.report.outcome, Outcome::NotRead);
     EXPECT_EQ(reading.report.reason, "Input/output error");
 }
 
 TEST(StreamedReading, OfAFileThatIsCutShortMeanwhileFindsItDamagedAtItsEnd) {
-    TroubledDevice device(longBudget(), {.most = 10'000, .cutTo = 2 * kPiece});
+    TroubledDevice device(budgetOfManyPieces(), {.most = 10'000, .cutTo = 2 * CVExaminedSource::kPieceSize});
     StreamedReading reading(device);
     EXPECT_EQ(reading.report.outcome, Outcome::Unreadable);
     EXPECT_TRUE(reading.report.reason.startsWith("the file is damaged at line "))
@@ -130,7 +130,7 @@ TEST(StreamedReading, OfAFileThatIsCutShortMeanwhileFindsItDamagedAtItsEnd) {
 
 TEST(StreamedReading, ThatIsCancelledLeavesNothingAndSavesNothing) {
     for (const double enough : {0.0, 0.2, 0.9}) {
-        TroubledDevice device(longBudget());
+        TroubledDevice device(budgetOfManyPieces());
         StreamedReading reading(device, [enough](double part) { return part < enough; });
         EXPECT_EQ(reading.report.outcome, Outcome::Cancelled) << enough;
         EXPECT_EQ(reading.report.reason, enough == 0 ? "" : "the reading was cancelled");
