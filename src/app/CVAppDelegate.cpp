@@ -101,13 +101,15 @@ void CVAppDelegate::tellAboutReading(const CVLoadReport& report) {
 bool CVAppDelegate::mayClose() {
     if (!mEndsWithoutAsking && !mIsReopening && mMainWindow->returnToUnreadable())
         return false;
+    std::optional<QTime> triedAgain;
     for (;;) {
         const CVSaveOutcome outcome = mFile.saves().waitForFinished();
         if (outcome.saved || mEndsWithoutAsking)
             return true;
-        const int answer = mAlerts.run(mMainWindow->window(), CVFileMessages::quitUnsaved(outcome));
+        const int answer = mAlerts.run(mMainWindow->window(), CVFileMessages::quitUnsaved(outcome, triedAgain));
         if (answer != CVAlert::kDefault)
             return answer == CVAlert::kOther;
         mDocument->workbookSave();
+        triedAgain = QTime::currentTime();
     }
 }

@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QLocale>
 
 namespace CVFileMessages {
 
@@ -82,9 +83,12 @@ QString notSaved(const CVSaveOutcome& outcome) {
     return failure(outcome, FileMessagesText::tr("the disk is full."));
 }
 
-CVAlert quitUnsaved(const CVSaveOutcome& outcome) {
+CVAlert quitUnsaved(const CVSaveOutcome& outcome, std::optional<QTime> triedAgain) {
+    const QString attempt = triedAgain ? FileMessagesText::tr("Corvella tried again at %1, which failed too. ")
+                                             .arg(QLocale().toString(*triedAgain, QStringLiteral("H:mm:ss")))
+                                       : QString();
     return {FileMessagesText::tr("Your last changes are not saved"),
-            failure(outcome, FileMessagesText::tr("The disk is full.")) + u' ' +
+            attempt + failure(outcome, FileMessagesText::tr("The disk is full.")) + u' ' +
                 FileMessagesText::tr("If you quit now, what you changed since the last save is lost."),
             FileMessagesText::tr("Try Again"), FileMessagesText::tr("Cancel"),
             FileMessagesText::tr("Quit Without Saving")};

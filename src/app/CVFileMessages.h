@@ -2,6 +2,10 @@
 
 #include "widgets/CVAlerts.h"
 
+#include <QTime>
+
+#include <optional>
+
 struct CVLoadReport;
 struct CVSaveOutcome;
 
@@ -18,6 +22,7 @@ namespace CVFileMessages {
 /// The reason as one line for the window's status.
 [[nodiscard]] QString notSaved(const CVSaveOutcome& outcome);
 /// Asks whether to close the window although the last save failed: default tries again, alternate stays, other quits.
-[[nodiscard]] CVAlert quitUnsaved(const CVSaveOutcome& outcome);
+/// `triedAgain` is the time of the attempt that this alert led to; absent when it is asked for the first time.
+[[nodiscard]] CVAlert quitUnsaved(const CVSaveOutcome& outcome, std::optional<QTime> triedAgain = {});
 
 } // namespace CVFileMessages

@@ -37,6 +37,30 @@ QString sparePath(const QString& folder, const QString& runtimeFolder) {
 
 } // namespace
 
+/// The time that the other program has to answer.
+class CVRunningInstance::Waiting final {
+public:
+    Waiting(std::chrono::milliseconds patience, const Progress& progress)
+        : mPatience(patience)
+        , mDeadline(patience)
+        , mProgress(progress) {}
+
+    /// Tells the progress; false when the time is over or the user does not want to wait any longer.
+    [[nodiscard]] bool goesOn() const {
+        if (mDeadline.hasExpired())
+            return false;
+        const std::chrono::duration<double> left = mDeadline.remainingTimeAsDuration();
+        return !mProgress || mProgress(1 - left / mPatience);
+    }
+    /// The milliseconds to wait until the progress is told again.
+    [[nodiscard]] int pause() const { return static_cast<int>(qMin(mDeadline.remainingTime(), kPause.count())); }
+
+private:
+    std::chrono::milliseconds mPatience;
+    QDeadlineTimer mDeadline;
+    const Progress& mProgress;
+};
+
 CVRunningInstance::CVRunningInstance(const QString& folder, const QString& runtimeFolder)
     : mSockets(folder + kSocket)
     , mLock(madeFolder(folder) + kLock)
@@ -47,17 +71,17 @@ CVRunningInstance::CVRunningInstance(const QString& folder, const QString& runti
     connect(&mServer, &QLocalServer::newConnection, this, &CVRunningInstance::answer);
 }
 
-CVRunningInstance::Outcome CVRunningInstance::claim(std::chrono::milliseconds patience) {
-    const QDeadlineTimer deadline(patience);
+CVRunningInstance::Outcome CVRunningInstance::claim(std::chrono::milliseconds patience, const Progress& progress) {
+    const Waiting waiting(patience, progress);
     for (;;) {
         const CVFileLock::Outcome locked = lock();
-        if (locked != CVFileLock::Outcome::Taken && askOther(deadline))
+        if (locked != CVFileLock::Outcome::Taken && askOther(waiting))
             return Outcome::OtherShown;
         if (locked != CVFileLock::Outcome::HeldByOther) {
             listen();
             return Outcome::First;
         }
-        if (deadline.hasExpired())
+        if (!waiting.goesOn())
             return Outcome::OtherSilent;
         QThread::msleep(kPause.count());
     }
@@ -86,12 +110,15 @@ void CVRunningInstance::answer() {
     }
 }
 
-bool CVRunningInstance::askOther(const QDeadlineTimer& deadline) const {
-    const auto left = [&deadline] { return static_cast<int>(deadline.remainingTime()); };
+bool CVRunningInstance::askOther(const Waiting& waiting) const {
     for (const QString& place : mSockets) {
         QLocalSocket socket;
         socket.connectToServer(place);
-        if (socket.waitForConnected(left()) && socket.waitForReadyRead(left()) && socket.readAll() == kAnswer)
+        while (!socket.waitForConnected(waiting.pause()) || !socket.waitForReadyRead(waiting.pause())) {
+            if (socket.state() == QLocalSocket::UnconnectedState || !waiting.goesOn())
+                break;
+        }
+        if (socket.isOpen() && socket.readAll() == kAnswer)
             return true;
     }
     return false;

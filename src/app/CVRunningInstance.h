@@ -7,8 +7,7 @@
 #include <QObject>
 
 #include <chrono>
-
-class QDeadlineTimer;
+#include <functional>
 
 /// Makes sure that only one program works in a folder: the first one holds a lock in the folder and listens on a
 /// socket; a later one asks the first to show itself instead of opening the same data file. A lock or socket that a
@@ -32,18 +31,23 @@ public:
     /// none.
     explicit CVRunningInstance(const QString& folder, const QString& runtimeFolder = CVRuntimeFolder::ofUser());
 
-    /// Waits for another program's answer, at most for `patience`.
-    [[nodiscard]] Outcome claim(std::chrono::milliseconds patience);
+    /// Is told the part of the time that is over; false ends the waiting.
+    using Progress = std::function<bool(double part)>;
+
+    /// Waits for another program's answer, at most for `patience`, and tells the progress every 50 milliseconds.
+    [[nodiscard]] Outcome claim(std::chrono::milliseconds patience, const Progress& progress = {});
 
 signals:
     /// Emitted when the user has started the program once more.
     void showRequested();
 
 private:
+    class Waiting;
+
     [[nodiscard]] CVFileLock::Outcome lock();
     void listen();
     void answer();
-    [[nodiscard]] bool askOther(const QDeadlineTimer& deadline) const;
+    [[nodiscard]] bool askOther(const Waiting& waiting) const;
 
     /// The paths at which the first program may listen, in order.
     QStringList mSockets;

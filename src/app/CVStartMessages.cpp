@@ -19,6 +19,11 @@ QString quoted(QStringList files) {
 
 } // namespace
 
+QString waitingForOther() {
+    return StartMessagesText::tr(
+        "Waiting for the Corvella that is running already. Cancel leaves it alone and opens no second one.");
+}
+
 CVAlert otherIsSilent() {
     return {
         StartMessagesText::tr("Corvella is running already and does not answer"),

@@ -7,6 +7,8 @@
 /// The messages when the program does not open the budget at its start.
 namespace CVStartMessages {
 
+/// Says what the program waits for at its start, and what Cancel does.
+[[nodiscard]] QString waitingForOther();
 /// Default tries again, alternate quits.
 [[nodiscard]] CVAlert otherIsSilent();
 /// `dataFile` is the file that is opened without an argument; empty when there is none.

@@ -255,6 +255,9 @@ TEST_F(CVAppDelegateTest, TheUserMayQuitWithoutSaving) {
     mAlerts.answer({CVAlert::kDefault, CVAlert::kOther});
     EXPECT_TRUE(delegate->mainWindow()->window()->close());
     EXPECT_EQ(mAlerts.shown().size(), 2) << "Try Again, which fails as well, then Quit Without Saving";
+    EXPECT_FALSE(mAlerts.shown().constFirst().message.contains("tried again"));
+    EXPECT_TRUE(mAlerts.shown().constLast().message.startsWith("Corvella tried again at "))
+        << mAlerts.shown().constLast().message.toStdString();
 }
 
 } // namespace

@@ -2,8 +2,12 @@
 
 #include "app/CVStartMessages.h"
 #include "kit/Printers.h"
+#include "kit/ProgressDelay.h"
 #include "kit/ScratchHome.h"
 #include "kit/ScriptedAlerts.h"
+
+#include <QApplication>
+#include <QProgressDialog>
 
 #include <gtest/gtest.h>
 
@@ -23,6 +27,30 @@ public:
 
 private:
     std::unique_ptr<CVFileLock>& mLock;
+};
+
+/// Notes the text of each progress panel that is shown, and cancels it if told to.
+class PanelWatch final : public QObject {
+public:
+    enum class Cancel { No, Yes };
+
+    explicit PanelWatch(Cancel cancel = Cancel::No) : mCancel(cancel) { qApp->installEventFilter(this); }
+    [[nodiscard]] const QStringList& shown() const { return mShown; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        auto* const panel = qobject_cast<QProgressDialog*>(watched);
+        if (panel && event->type() == QEvent::Show) {
+            mShown.append(panel->labelText());
+            if (mCancel == Cancel::Yes)
+                panel->cancel();
+        }
+        return false;
+    }
+
+private:
+    Cancel mCancel;
+    QStringList mShown;
 };
 
 class CVClaimInstanceTest : public testing::Test {
@@ -56,6 +84,24 @@ TEST_F(CVClaimInstanceTest, AsksAsOftenAsTheUserTriesAgainAndQuitsThen) {
 TEST_F(CVClaimInstanceTest, StartsOnceTheOtherHasEnded) {
     EndingAlerts alerts(mOther);
     EXPECT_EQ(CVClaimInstance(mRunning, alerts, 1ms), Outcome::First);
+}
+
+TEST_F(CVClaimInstanceTest, ShowsThatItWaitsAtTheFirstAttemptAndAtEveryOther) {
+    const ProgressDelay delay = ProgressDelay::none();
+    PanelWatch watch;
+    mAlerts.answer({CVAlert::kDefault, CVAlert::kAlternate});
+    EXPECT_EQ(CVClaimInstance(mRunning, mAlerts, 120ms), Outcome::OtherSilent);
+    EXPECT_EQ(watch.shown(), QStringList(2, "Waiting for the Corvella that is running already. Cancel leaves it alone "
+                                            "and opens no second one."));
+    EXPECT_EQ(mAlerts.shown().size(), 2);
+}
+
+TEST_F(CVClaimInstanceTest, CancelEndsTheWaitingWithoutAQuestion) {
+    const ProgressDelay delay = ProgressDelay::none();
+    PanelWatch watch(PanelWatch::Cancel::Yes);
+    EXPECT_EQ(CVClaimInstance(mRunning, mAlerts, 1h), Outcome::OtherSilent);
+    EXPECT_EQ(watch.shown().size(), 1);
+    EXPECT_TRUE(mAlerts.shown().isEmpty());
 }
 
 TEST(CVStartMessages, AFileThatIsNotOpenedIsToldWithTheOneThatIs) {

@@ -28,6 +28,8 @@ TEST(CVFileMessages, SayThatTheDiskIsFullAndWhatIsWhole) {
               "The budget could not be saved. Your last saved file is whole.");
     EXPECT_TRUE(CVFileMessages::quitUnsaved(failedSave(file.fileName(), true))
                     .message.startsWith("The disk is full. Your last saved file is whole. If you quit now"));
+    EXPECT_TRUE(CVFileMessages::quitUnsaved(failedSave(file.fileName(), true), QTime(14, 2, 5))
+                    .message.startsWith("Corvella tried again at 14:02:05, which failed too. The disk is full."));
 }
 
 } // namespace

@@ -158,11 +158,28 @@ TEST_F(MainWindowStateTest, TheStatusLineSaysWhatBecameOfSaving) {
     status.setSaving();
     EXPECT_EQ(text->text(), "Saving…");
     status.setFailed("the disk is full. Your last saved file is whole.");
+    EXPECT_EQ(text->text(), "Saving…") << "the user sees that something was tried";
+    ASSERT_TRUE(QTest::qWaitFor([&] { return text->text() != "Saving…"; }));
+    EXPECT_EQ(text->text(), "Not saved: the disk is full. Your last saved file is whole.");
     EXPECT_TRUE(button->hasFocus()) << "the next attempt is one key away";
     status.setSaved();
     EXPECT_EQ(text->text(), "All changes saved");
     EXPECT_FALSE(text->font().bold());
     EXPECT_FALSE(button->isVisible());
+}
+
+TEST_F(MainWindowStateTest, AnAttemptThatSucceedsIsShownAtOnceAndAFormerFailureDoesNotComeBack) {
+    open();
+    CVSaveStatus& status = mController->saveStatus();
+    auto* const button = find<QPushButton>("mTryAgainButton");
+    status.setFailed("the disk is full.");
+    button->click();
+    status.setFailed("the disk is full.");
+    status.setSaved();
+    EXPECT_EQ(find<QLabel>("mSaveStatusText")->text(), "All changes saved");
+    QTimer& attempt = *status.findChild<QTimer*>();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !attempt.isActive(); }));
+    EXPECT_EQ(find<QLabel>("mSaveStatusText")->text(), "All changes saved");
 }
 
 } // namespace

@@ -7,7 +7,12 @@
 #include <QPushButton>
 #include <QStyle>
 
+#include <chrono>
+
 namespace {
+
+/// An attempt that fails at once would be no sign that anything was tried.
+constexpr std::chrono::milliseconds kAttemptShown(500);
 
 void announce(QLabel& label) {
     QAccessibleEvent announcement(&label, QAccessible::Alert);
@@ -21,7 +26,8 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
     , mRemark(new QLabel(this))
     , mIcon(new QLabel(this))
     , mText(new QLabel(this))
-    , mTryAgain(new QPushButton(tr("Tr&y Again"), this)) {
+    , mTryAgain(new QPushButton(tr("Tr&y Again"), this))
+    , mAttempt(this) {
     mRemark->setObjectName(QStringLiteral("mRemark"));
     mRemark->setTextFormat(Qt::PlainText);
     mRemark->hide();
@@ -38,20 +44,36 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
     layout->addWidget(mIcon);
     layout->addWidget(mText, 1);
     layout->addWidget(mTryAgain);
-    connect(mTryAgain, &QPushButton::clicked, this, &CVSaveStatus::tryAgain);
+    mAttempt.setSingleShot(true);
+    mAttempt.setInterval(kAttemptShown);
+    connect(&mAttempt, &QTimer::timeout, this, &CVSaveStatus::showFailure);
+    connect(mTryAgain, &QPushButton::clicked, this, [this] {
+        mAttempt.start();
+        emit tryAgain();
+    });
     show(QString(), Outcome::Fine);
 }
 
 void CVSaveStatus::setSaving() {
+    mFailure.clear();
     show(tr("Saving…"), Outcome::Open);
 }
 
 void CVSaveStatus::setSaved() {
+    mFailure.clear();
     show(tr("All changes saved"), Outcome::Fine);
 }
 
 void CVSaveStatus::setFailed(const QString& reason) {
-    show(tr("Not saved: %1").arg(reason), Outcome::Failed);
+    mFailure = tr("Not saved: %1").arg(reason);
+    if (!mAttempt.isActive())
+        showFailure();
+}
+
+void CVSaveStatus::showFailure() {
+    if (mFailure.isEmpty())
+        return;
+    show(mFailure, Outcome::Failed);
     mRemark->hide();
     announce(*mText);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 
 class QLabel;
@@ -16,7 +17,8 @@ public:
 
     void setSaving();
     void setSaved();
-    /// `reason` says in whole sentences what failed and what that means.
+    /// `reason` says in whole sentences what failed and what that means. After "Try Again", the failure is shown half a
+    /// second later at the earliest, so that the user sees the attempt.
     void setFailed(const QString& reason);
     /// Shows a remark until the next remark or a failure, and announces it to screen readers at once.
     void remark(const QString& text);
@@ -28,9 +30,14 @@ signals:
 private:
     enum class Outcome { Open, Fine, Failed };
     void show(const QString& text, Outcome outcome);
+    void showFailure();
 
     QLabel* mRemark;
     QLabel* mIcon;
     QLabel* mText;
     QPushButton* mTryAgain;
+    /// Runs while the attempt that the user asked for is shown whatever its outcome.
+    QTimer mAttempt;
+    /// The text of the last failure; empty once another save has begun.
+    QString mFailure;
 };
