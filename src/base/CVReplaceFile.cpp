@@ -54,9 +54,11 @@ CVFileResult setMode(int descriptor, const CVPathStatus& old, CVNewFile access) 
     return CVFileResult::ofLastCall();
 }
 
-/// The toolkit loses the reason of some failed calls; `errno` still holds it.
+/// The toolkit loses the reason of some failed calls; `errno` still holds it. Of a file that may not be written the
+/// toolkit tells no reason but the path, which the callers' messages name already.
 CVFileResult failureOf(const QSaveFile& file) {
-    const bool dropped = file.errorString() == QIODevice::tr("Unknown error");
+    const bool dropped =
+        file.errorString() == QIODevice::tr("Unknown error") || file.errorString().contains(file.fileName());
     return dropped ? CVFileResult::ofLastCall() : CVFileResult{file.errorString()};
 }
 

@@ -103,6 +103,8 @@ QString SaveScenario::brokenWord() const {
         return QStringLiteral("not saved, it said, but the file is the new one");
     if (!mOutcome.saved && !mOutcome.message.contains(mHome.folders().applicationSupport))
         return QStringLiteral("the message names no place");
+    if (!mOutcome.path.isEmpty() && mOutcome.message.count(mOutcome.path) > 1)
+        return QStringLiteral("the message names the file twice");
     if (!mOutcome.saved && mOutcome.message.contains(QLatin1String("Unknown error")))
         return QStringLiteral("the message tells no reason");
     return {};
