@@ -1,6 +1,9 @@
 #include "preferences/CVWholeNumberField.h"
 
 #include "format/QBLocale.h"
+#include "widgets/fields/CVCellAlignment.h"
+
+#include <QEvent>
 
 namespace {
 
@@ -10,7 +13,7 @@ constexpr int kLargest = 999;
 
 CVWholeNumberField::CVWholeNumberField(QWidget* parent) : CVFormattedField(parent) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    CVAlignNumber(*this);
     showValue();
 }
 
@@ -38,4 +41,10 @@ QString CVWholeNumberField::valueText() const {
 
 QString CVWholeNumberField::usualText() const {
     return QBLocaleInForce().toString(kLargest);
+}
+
+void CVWholeNumberField::changeEvent(QEvent* event) {
+    CVFormattedField::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange)
+        CVAlignNumber(*this);
 }

@@ -24,6 +24,7 @@ protected:
     [[nodiscard]] QString valueText() const override;
     void readLocale() override {}
     [[nodiscard]] QString usualText() const override;
+    void changeEvent(QEvent* event) override;
 
 private:
     int mValue = 0;

@@ -44,6 +44,14 @@ TEST_F(PreferenceControls, TheyShowWhatIsStored) {
     EXPECT_EQ(control<QLineEdit>("Update Status")->text(), "Corvella last checked for updates on 3/6/14 2:05 PM.");
 }
 
+TEST_F(PreferenceControls, ANumberLiesAtTheEndOfTheReadingDirection) {
+    open();
+    auto* const field = control<QLineEdit>("Items in Pop-up");
+    EXPECT_TRUE(field->alignment().testFlag(Qt::AlignRight));
+    field->window()->setLayoutDirection(Qt::RightToLeft);
+    EXPECT_EQ(field->alignment(), Qt::AlignLeft | Qt::AlignVCenter | Qt::AlignAbsolute);
+}
+
 TEST_F(PreferenceControls, ValuesThatNoItemHasChooseNone) {
     defaults().setInteger(CVDefaultsKeys::kStartDayOfWeek, 7);
     defaults().setInteger(CVDefaultsKeys::kTodayColumn, 4000);

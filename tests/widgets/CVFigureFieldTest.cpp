@@ -29,6 +29,12 @@ protected:
     CVFigureField* mField;
 };
 
+TEST_F(CVFigureFieldTest, LiesAtTheEndOfTheReadingDirectionAlsoWhenThatChanges) {
+    EXPECT_EQ(mField->alignment(), Qt::AlignRight | Qt::AlignVCenter | Qt::AlignAbsolute);
+    mWindow.setLayoutDirection(Qt::RightToLeft);
+    EXPECT_EQ(mField->alignment(), Qt::AlignLeft | Qt::AlignVCenter | Qt::AlignAbsolute);
+}
+
 TEST_F(CVFigureFieldTest, GrowsWithItsTextAndDoesNotShrink) {
     EXPECT_FALSE(isLaidOutFor("$9.10"));
     EXPECT_FALSE(isLaidOutFor(""));

@@ -34,6 +34,19 @@ protected:
         type(text);
     }
 
+    /// Whether the text of a field lies nearer to its right edge than to its left.
+    static bool isAtTheRight(QLineEdit& field) {
+        // A field places its text when it is painted.
+        const auto cursor = [&field] {
+            (void)field.grab();
+            return field.inputMethodQuery(Qt::ImCursorRectangle).toRect().center().x();
+        };
+        field.home(false);
+        const int begin = cursor();
+        field.end(false);
+        return begin + cursor() > field.width();
+    }
+
     /// Presses a key and processes posted events: a cell editor commits after the key event.
     static void commit(Qt::Key key = Qt::Key_Return) {
         press(key);
@@ -179,6 +192,19 @@ TEST_F(MainWindowEditTest, AnEditorHasRoomForItsTextBesideItsButtons) {
             EXPECT_TRUE(table().viewport()->rect().contains(field->geometry()));
             commit(Qt::Key_Escape);
         }
+    }
+}
+
+TEST_F(MainWindowEditTest, AnAmountLiesAtTheSameEdgeInItsCellInTheEditorAndInTheStrip) {
+    for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        window().setLayoutDirection(direction);
+        const auto inCell = table().model()->index(0, Column::Amount).data(Qt::TextAlignmentRole).toInt();
+        const bool isRight = QStyle::visualAlignment(direction, Qt::Alignment(inCell)).testFlag(Qt::AlignRight);
+        EXPECT_EQ(isRight, direction == Qt::LeftToRight);
+        edit(0, Column::Amount, "7");
+        EXPECT_EQ(isAtTheRight(*qobject_cast<QLineEdit*>(QApplication::focusWidget())), isRight);
+        commit(Qt::Key_Escape);
+        EXPECT_EQ(isAtTheRight(*find<CVMoneyField>("mExpenseAmountField")), isRight);
     }
 }
 

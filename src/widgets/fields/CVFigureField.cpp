@@ -20,7 +20,7 @@ constexpr int kTextMargin = 3;
 CVFigureField::CVFigureField(QWidget* parent) : QLineEdit(parent) {
     setReadOnly(true);
     setFrame(false);
-    setAlignment(kCVNumberAlignment);
+    CVAlignNumber(*this);
     setFocusPolicy(Qt::ClickFocus);
     setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     QPalette transparent;
@@ -53,6 +53,8 @@ QSize CVFigureField::minimumSizeHint() const {
 
 void CVFigureField::changeEvent(QEvent* event) {
     QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange)
+        CVAlignNumber(*this);
     if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange)
         return;
     mWidth = 0;

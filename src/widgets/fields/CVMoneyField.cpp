@@ -12,7 +12,7 @@ constexpr double kUsualAmount = 99'999.99;
 } // namespace
 
 CVMoneyField::CVMoneyField(QWidget* parent) : CVFormattedField(parent) {
-    setAlignment(kCVNumberAlignment);
+    CVAlignNumber(*this);
     connect(this, &QLineEdit::textEdited, this, &CVMoneyField::previewResult);
     showValue();
 }
@@ -49,6 +49,12 @@ void CVMoneyField::readLocale() {
 
 QString CVMoneyField::valueText() const {
     return mFormatter.string(mValue);
+}
+
+void CVMoneyField::changeEvent(QEvent* event) {
+    CVFormattedField::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange)
+        CVAlignNumber(*this);
 }
 
 void CVMoneyField::focusInEvent(QFocusEvent* event) {

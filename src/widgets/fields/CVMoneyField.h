@@ -25,6 +25,7 @@ protected:
     [[nodiscard]] QString valueText() const override;
     void readLocale() override;
     [[nodiscard]] QString usualText() const override;
+    void changeEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
