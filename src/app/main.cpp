@@ -20,6 +20,7 @@
 #include "widgets/CVAlertPanel.h"
 #include "widgets/CVDesktopPrograms.h"
 #include "widgets/CVFileDialogs.h"
+#include "widgets/CVPlaceholderColour.h"
 #include "widgets/fields/CVAccessibleComboBox.h"
 #include "workspace/printing/CVCupsQueue.h"
 #include "workspace/printing/CVPrintDialogs.h"
@@ -175,6 +176,7 @@ int runWindow(int& argc, char** argv, const QStringList& files) {
         return refuse(errors, QCoreApplication::translate("main", "there is no option \"%1\"").arg(rest.constFirst()));
     }
     CVAccessibleComboBox::install();
+    const CVPlaceholderColour placeholders(*application);
     CVRunningInstance running(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
     switch (CVClaimInstance(running, alerts, kPatience)) {
     case CVRunningInstance::Outcome::First:

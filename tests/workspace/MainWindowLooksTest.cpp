@@ -1,3 +1,4 @@
+#include "kit/Contrast.h"
 #include "workspace/MainWindowFixture.h"
 
 #include <QLabel>
@@ -69,6 +70,22 @@ TEST_F(MainWindowLooksTest, AnEmptyListSaysWhatToDo) {
     mController->getStarted();
     EXPECT_EQ(table().model()->rowCount(), 1);
     EXPECT_FALSE(isWrittenInTheMiddle());
+}
+
+TEST_F(MainWindowLooksTest, TheMessageOfAnEmptyListIsReadableInALightAndADarkPalette) {
+    for (const QPalette& palette : {mPalette, darkPalette()}) {
+        QApplication::setPalette(palette);
+        mController.reset();
+        open();
+        const QImage image = table().viewport()->grab().toImage();
+        const QColor ground = image.pixelColor(0, 0);
+        double most = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                most = std::max(most, contrast(image.pixelColor(x, y), ground));
+        }
+        EXPECT_GE(most, kReadableContrast) << ground.name().toStdString();
+    }
 }
 
 TEST_F(MainWindowLooksTest, ADarkPaletteMakesADarkWindowWithLightText) {

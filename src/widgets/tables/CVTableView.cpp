@@ -1,5 +1,6 @@
 #include "widgets/tables/CVTableView.h"
 
+#include "widgets/CVQuietTextColour.h"
 #include "widgets/fields/CVFormattedField.h"
 #include "widgets/tables/CVTableStyle.h"
 #include "widgets/tables/CVTextOfSelection.h"
@@ -96,7 +97,7 @@ void CVTableView::paintEvent(QPaintEvent* event) {
     if (mMessage.isEmpty())
         return;
     QPainter painter(viewport());
-    painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
+    painter.setPen(CVQuietTextColour(palette()));
     painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, mMessage);
 }
 
