@@ -30,11 +30,11 @@ constexpr int kGap = 6;
 CVMainWindow::CVMainWindow(const CVBudgetContents& contents)
     : mEntryStrip(new CVEntryStrip(this))
     , mMainTabView(new QTabWidget(this))
+    , mSetPicker(new CVSetPicker(*mMainTabView))
     , mTransactionsTab(new CVTransactionsTab(contents.list(), this))
     , mSummaryTab(new CVSummaryTab(contents.grid(), this))
     , mReportsTab(new CVReportsTab(contents.reports(), this))
-    , mSaveStatus(new CVSaveStatus(this))
-    , mSetPicker(new CVSetPicker(*mMainTabView)) {
+    , mSaveStatus(new CVSaveStatus(this)) {
     setWindowTitle(tr("Corvella Main Window"));
     mMainTabView->setObjectName(QStringLiteral("mMainTabView"));
     CVSetAccessibleName(*mMainTabView, tr("Views"));

@@ -63,14 +63,14 @@ protected:
 
 private:
     CVEntryStrip* mEntryStrip;
-    /// Made before its pages, so that Tab meets it before them.
+    /// Made before its pages, as the pop-up beside its tabs is, so that Tab meets both before the pages.
     QTabWidget* mMainTabView;
+    CVSetPicker* mSetPicker;
     CVTransactionsTab* mTransactionsTab;
     CVSummaryTab* mSummaryTab;
     CVReportsTab* mReportsTab;
     CVSaveStatus* mSaveStatus;
     CVMainMenu* mMenu = nullptr;
-    CVSetPicker* mSetPicker;
     std::function<bool()> mMayClose;
     /// What was last gone back to.
     QPointer<CVFormattedField> mUnreadable;

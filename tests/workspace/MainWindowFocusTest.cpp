@@ -1,6 +1,8 @@
 #include "workspace/MainWindowFixture.h"
 
 #include <QPushButton>
+#include <QSet>
+#include <QTabWidget>
 
 namespace {
 
@@ -24,6 +26,18 @@ protected:
         press(Qt::Key_F2);
         ASSERT_NE(QApplication::focusWidget(), &table());
         type(text);
+    }
+
+    static std::string nameOf(const QWidget& widget) {
+        return (widget.objectName() + u' ' + widget.metaObject()->className()).toStdString();
+    }
+
+    /// Whether one widget stands above the other or before it on the same line.
+    [[nodiscard]] bool isReadBefore(const QWidget& one, const QWidget& other) const {
+        const QRect first(one.mapTo(&window(), QPoint()), one.size());
+        const QRect second(other.mapTo(&window(), QPoint()), other.size());
+        const bool isOnOneLine = first.top() <= second.center().y() && second.top() <= first.center().y();
+        return isOnOneLine ? first.left() < second.left() : first.top() < second.top();
     }
 
     [[nodiscard]] QWidget* focused() const { return window().focusWidget(); }
@@ -77,6 +91,27 @@ private:
         all().append(text);
     }
 };
+
+TEST_F(MainWindowFocusTest, TabFollowsTheEyeFromTopToBottomAndFromLeftToRight) {
+    mBudget.set("Checking", 4).set("Savings", 5);
+    mController->getStarted();
+    for (int tab = 0; tab < 3; ++tab) {
+        SCOPED_TRACE(tab);
+        find<QTabWidget>("mMainTabView")->setCurrentIndex(tab);
+        auto* const first = find<QWidget>("mExpenseDate");
+        first->setFocus();
+        QSet<const QWidget*> met;
+        const QWidget* before = first;
+        for (press(Qt::Key_Tab); focused() != first; press(Qt::Key_Tab)) {
+            EXPECT_TRUE(isReadBefore(*before, *focused())) << nameOf(*before) << ", then " << nameOf(*focused());
+            before = focused();
+            met.insert(before);
+            ASSERT_LT(met.size(), 40);
+        }
+        EXPECT_TRUE(met.contains(find<QWidget>("mTransactionSet")));
+        EXPECT_GT(met.size(), 10);
+    }
+}
 
 TEST_F(MainWindowFocusTest, ReturnOnAFlagEditsNothing) {
     table().setFocus();
