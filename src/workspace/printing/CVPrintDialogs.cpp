@@ -4,9 +4,12 @@
 #include "reports/CVReportFile.h"
 #include "reports/CVReportView.h"
 #include "widgets/CVProgressPanel.h"
+#include "widgets/CVScrollArea.h"
+#include "widgets/CVWindowFrame.h"
 #include "workspace/printing/CVPaperChoice.h"
 #include "workspace/printing/CVPrintQueue.h"
 
+#include <QBoxLayout>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -16,6 +19,7 @@
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QScopedValueRollback>
+#include <QStyle>
 #include <QTemporaryDir>
 
 #include <functional>
@@ -127,6 +131,21 @@ Failure printPages(QWidget& window, CVPrintQueue& queue, QPrinter& printer, cons
                           : writeFile(window, path, view, *pages, spared);
 }
 
+/// Lets the contents of a toolkit's dialog scroll above its buttons, and makes the dialog fit the screen: with large
+/// letters the buttons would lie below the edge of a small screen.
+void letContentsScroll(QDialog& dialog) {
+    auto* const rows = qobject_cast<QBoxLayout*>(dialog.layout());
+    QWidget* const contents = rows ? rows->itemAt(0)->widget() : nullptr;
+    if (!contents)
+        return;
+    rows->insertWidget(0, new CVScrollArea(*contents, &dialog), 1);
+    const QSize room = CVWindowFrame::largestSize(dialog);
+    QSize wish = dialog.sizeHint();
+    if (wish.height() > room.height())
+        wish.rwidth() += dialog.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &dialog);
+    dialog.resize(wish.boundedTo(room));
+}
+
 /// Makes the page set-up dialog without a printer: a printer would bring its own default paper and offer only its own
 /// sizes.
 std::unique_ptr<QPageSetupDialog> makeSetUpDialog(QPrinter& printer, const CVPrintInfo& printInfo, QWidget& window) {
@@ -136,6 +155,7 @@ std::unique_ptr<QPageSetupDialog> makeSetUpDialog(QPrinter& printer, const CVPri
     const auto handler = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     auto dialog = std::make_unique<QPageSetupDialog>(&printer, &window);
     qInstallMessageHandler(handler);
+    letContentsScroll(*dialog);
     return dialog;
 }
 

@@ -2,10 +2,14 @@
 #include "kit/FixedToday.h"
 #include "reports/CVSummaryTable.h"
 
+#include <QComboBox>
+#include <QDialogButtonBox>
 #include <QFile>
+#include <QPageSetupDialog>
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
 #include <QProgressDialog>
+#include <QScreen>
 #include <QTest>
 
 namespace {
@@ -183,6 +187,29 @@ TEST_F(PrintDialogs, PreviewOnTheOtherSideWhenAsked) {
     });
     EXPECT_EQ(dialogs.preview(window, view), std::nullopt);
     EXPECT_EQ(previewed, 2) << "a sheet on its side holds 30 lines";
+}
+
+TEST_F(PrintDialogs, KeepTheButtonsOfThePageSetUpOnTheScreenHoweverLargeTheLettersAre) {
+    const QFont usual = QApplication::font();
+    for (const int letterPixels : {13, 26, 60}) {
+        SCOPED_TRACE(letterPixels);
+        QFont font = usual;
+        font.setPixelSize(letterPixels);
+        QApplication::setFont(font);
+        whenShown<QPageSetupDialog>([](QPageSetupDialog& dialog) {
+            const QRect screen = dialog.screen()->availableGeometry();
+            EXPECT_LE(dialog.height(), screen.height());
+            EXPECT_LE(dialog.width(), screen.width());
+            const auto* const buttons = dialog.findChild<QDialogButtonBox*>();
+            EXPECT_TRUE(dialog.rect().contains(buttons->geometry()));
+            EXPECT_EQ(buttons->visibleRegion().boundingRect(), buttons->rect());
+            auto* const papers = dialog.findChild<QComboBox*>("pageSizeCombo");
+            EXPECT_FALSE(papers->visibleRegion().isEmpty());
+            dialog.reject();
+        });
+        dialogs.setUpPage(window, printInfo);
+    }
+    QApplication::setFont(usual);
 }
 
 } // namespace
