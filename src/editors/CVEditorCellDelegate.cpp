@@ -12,6 +12,11 @@ bool canTurnRound(const QModelIndex& index) {
     return index.flags().testFlag(Qt::ItemIsUserCheckable);
 }
 
+/// The distance between a text and the edge of its cell: the styles add one pixel to their own metric.
+int textMarginOfCell(const QStyleOptionViewItem& option) {
+    return CVStyleOfCell(option).pixelMetric(QStyle::PM_FocusFrameHMargin, &option, option.widget) + 1;
+}
+
 /// The cell whose box an event toggles: a click toggles the box of the clicked cell, a key the box of the row.
 QModelIndex boxOf(const QModelIndex& index, const QEvent& event) {
     if (canTurnRound(index))
@@ -42,7 +47,7 @@ QWidget* CVEditorCellDelegate::createEditor(QWidget* parent, const QStyleOptionV
     editor->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
     if (auto* const field = qobject_cast<QLineEdit*>(editor)) {
         // The text must not move when the editor opens; the line edit itself keeps 2 pixels free.
-        const int margin = CVTextMarginOfCell(option) - 2;
+        const int margin = textMarginOfCell(option) - 2;
         field->setTextMargins(margin, 0, margin, 0);
     }
     return editor;

@@ -57,11 +57,6 @@ QString QBDateFormatter::shortDateFormat(const QLocale& locale) {
 
 QString QBDateFormatter::string(const QBDate& date) const {
     QString text;
-    append(text, date);
-    return text;
-}
-
-void QBDateFormatter::append(QString& text, const QBDate& date) const {
     for (const Piece& piece : mPieces) {
         switch (piece.field) {
         case Field::Day:
@@ -76,6 +71,7 @@ void QBDateFormatter::append(QString& text, const QBDate& date) const {
         }
         text += piece.literal;
     }
+    return text;
 }
 
 std::optional<QBDate> QBDateFormatter::parse(QStringView text) const {

@@ -22,8 +22,6 @@ public:
 
     /// Writes all digits of a year that `parse` would not read back from two digits, even where the locale writes two.
     [[nodiscard]] QString string(const QBDate& date) const;
-    /// Appends the result of `string` to `text`; allocates nothing where `text` has room for it.
-    void append(QString& text, const QBDate& date) const;
 
     /// The day that `text` names: day, day and month, or day, month and year in the locale's order (or the year first,
     /// when it has four digits), with any usual separators. A missing month or year is the present one; two digits name

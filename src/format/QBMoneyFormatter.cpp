@@ -87,21 +87,14 @@ QBMoneyFormatter::QBMoneyFormatter(const QLocale& locale)
     , mGroupMark(firstCharacter(locale.groupSeparator()))
     , mDecimalMark(firstCharacter(locale.decimalPoint())) {}
 
+/// Always groups by three, although some locales have other rules or none.
 QString QBMoneyFormatter::string(double amount) const {
     QString text;
-    append(text, amount);
-    return text;
-}
-
-/// Always groups by three, although some locales have other rules or none.
-void QBMoneyFormatter::append(QString& text, double amount) const {
     if (amount <= -kSmallestShown)
         text += mMinus;
     text += mSymbol;
-    if (!std::isfinite(amount)) {
-        text += QLocale::c().toString(std::abs(amount));
-        return;
-    }
+    if (!std::isfinite(amount))
+        return text + QLocale::c().toString(std::abs(amount));
     std::array<char, kMostCharacters> buffer{};
     const std::string_view decimal = decimalText(std::abs(amount), buffer);
     const std::string_view whole = decimal.substr(0, decimal.size() - kDecimals - 1);
@@ -113,6 +106,7 @@ void QBMoneyFormatter::append(QString& text, double amount) const {
     }
     QBLocaleDigits::appendCharacter(text, mDecimalMark);
     mDigits.append(text, decimal.substr(decimal.size() - kDecimals));
+    return text;
 }
 
 std::optional<double> QBMoneyFormatter::parse(QStringView text) const {

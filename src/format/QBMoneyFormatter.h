@@ -16,8 +16,6 @@ public:
 
     /// Writes no sign before an amount that shows as zero.
     [[nodiscard]] QString string(double amount) const;
-    /// Appends the result of `string` to `text`; allocates nothing where `text` has room for it.
-    void append(QString& text, double amount) const;
 
     /// The amount that `text` stands for, with or without symbol, group marks and decimals; not rounded. Absent for an
     /// empty text, for a mark in the wrong place and for any other text that is no amount.

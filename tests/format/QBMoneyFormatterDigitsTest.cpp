@@ -1,7 +1,4 @@
-#include "format/QBDateFormatter.h"
 #include "format/QBMoneyFormatter.h"
-#include "kit/Day.h"
-#include "kit/FixedToday.h"
 #include "kit/Printers.h"
 
 #include <gtest/gtest.h>
@@ -14,8 +11,6 @@
 namespace {
 
 constexpr std::array kLocaleNames{"en_US", "de_DE", "de_CH", "hi_IN", "ar_EG", "fa_IR"};
-/// Room for the largest amount with its group separators.
-constexpr qsizetype kRoom = 600;
 
 /// The amount with the digits as the toolkit writes them and a group separator before every three digits of the whole
 /// part.
@@ -129,76 +124,6 @@ TEST(QBMoneyFormatterDigits, RoundTheMiddleAlsoWhereNeighbouringAmountsLieFurthe
                       {0x1p50 - 0.125, "$1,125,899,906,842,623.88"}};
     for (const auto& row : rows)
         EXPECT_EQ(formatter.string(row.amount), row.text) << std::hexfloat << row.amount;
-}
-
-/// Appends to `text`, which has room, and expects `expected` after the old content.
-template <typename Append>
-void expectAppendedInPlace(QString& text, const QString& expected, Append append) {
-    const QChar* const room = text.constData();
-    // A deep copy, because appending to a shared text would move it.
-    const QString whole = QString(text.constData(), text.size()) + expected;
-    append(text);
-    EXPECT_EQ(text, whole);
-    EXPECT_EQ(text.constData(), room) << "the text lies elsewhere";
-}
-
-/// Appends a value to an empty text, to itself, and to the emptied text, as a table does for each cell.
-template <typename Formatter, typename Value>
-void expectAppendedInPlace(const Formatter& formatter, const Value& value, qsizetype room) {
-    QString text;
-    text.reserve(room);
-    const auto append = [&](QString& out) { formatter.append(out, value); };
-    expectAppendedInPlace(text, formatter.string(value), append);
-    expectAppendedInPlace(text, formatter.string(value), append);
-    text.resize(0);
-    expectAppendedInPlace(text, formatter.string(value), append);
-}
-
-TEST(QBMoneyFormatterAppend, WritesTheSameBehindATextAndKeepsItsRoom) {
-    for (const char* const name : kLocaleNames) {
-        const QBMoneyFormatter formatter((QLocale(name)));
-        for (const double amount :
-             {0.0, 12.5, -1234.5, 0.125, -0.001, 1e15, -1e300, std::numeric_limits<double>::max()}) {
-            SCOPED_TRACE(testing::Message() << name << ' ' << amount);
-            expectAppendedInPlace(formatter, amount, 2 * kRoom);
-        }
-    }
-}
-
-TEST(QBMoneyFormatterAppend, WritesBehindATextThatIsShared) {
-    const QBMoneyFormatter formatter(QLocale("en_US"));
-    QString text = "Sum ";
-    const QString shared = text;
-    formatter.append(text, -1234.5);
-    EXPECT_EQ(text, "Sum -$1,234.50");
-    EXPECT_EQ(shared, "Sum ");
-    formatter.append(text, -std::numeric_limits<double>::infinity());
-    EXPECT_EQ(text, "Sum -$1,234.50-$inf");
-}
-
-TEST(QBDateFormatterAppend, WritesTheSameBehindATextAndKeepsItsRoom) {
-    const FixedToday today(day(2014, 3, 12));
-    const auto locales = QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory);
-    ASSERT_GT(locales.size(), 400);
-    for (const QLocale& locale : locales) {
-        const QBDateFormatter formatter(locale);
-        for (const QBDate& date : {day(2014, 3, 7), day(2014, 12, 31), day(1899, 1, 1), day(812, 5, 5), day(-44, 3, 15),
-                                   day(999'999'999, 5, 5)}) {
-            SCOPED_TRACE(testing::Message() << locale.name().toStdString() << ' ' << testing::PrintToString(date));
-            expectAppendedInPlace(formatter, date, kRoom);
-        }
-    }
-}
-
-TEST(QBDateFormatterAppend, WritesBehindATextThatIsShared) {
-    const FixedToday today(day(2014, 3, 12));
-    const QBDateFormatter formatter(QLocale("de_DE"));
-    QString text = "am ";
-    const QString shared = text;
-    formatter.append(text, day(2014, 3, 7));
-    formatter.append(text, day(-44, 3, 15));
-    EXPECT_EQ(text, "am 07.03.1415.03.-0044");
-    EXPECT_EQ(shared, "am ");
 }
 
 } // namespace
