@@ -6,7 +6,7 @@
 
 #include <cstddef>
 
-/// The budget of that size that all figures are taken with, the same on every day.
+/// The budget of that size with which all measurements are taken, the same on every day.
 class CVBudgetFixture final {
 public:
     explicit CVBudgetFixture(std::size_t transactions);

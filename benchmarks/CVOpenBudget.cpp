@@ -70,8 +70,8 @@ void CVOpenBudget::measure(benchmark::State& state, const std::function<void()>&
             return;
         }
     }
-    state.counters["figure"] = CVMedian(std::move(held)) * 1000;
-    // What other programs on the machine do not disturb: a figure far above it was taken at a busy moment.
+    state.counters["measured"] = CVMedian(std::move(held)) * 1000;
+    // What other programs on the machine do not disturb: a median far above it was taken at a busy moment.
     state.counters["busy"] = CVMedian(std::move(busy)) * 1000;
 }
 

@@ -30,7 +30,7 @@ public:
         return *widget;
     }
 
-    /// Reports as the counter "figure" for how many milliseconds an action of the user's holds the main thread, until
+    /// Reports as the counter "measured" for how many milliseconds an action of the user's holds the main thread, until
     /// the window is painted and no event is left; the median. `reset` runs before each and does not count.
     void measure(benchmark::State& state, const std::function<void()>& reset, const std::function<void()>& act);
 

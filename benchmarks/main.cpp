@@ -1,5 +1,5 @@
-#include "CVFigureReporter.h"
-#include "CVFigures.h"
+#include "CVMeasurementReporter.h"
+#include "CVMeasurements.h"
 
 #include <QApplication>
 
@@ -12,12 +12,12 @@ namespace {
 constexpr int kLimitExceeded = 1;
 constexpr int kWrongUsage = 2;
 
-void registerFigures() {
-    for (const CVFigure& figure : CVFigures()) {
-        for (const CVFigure::Size& size : figure.sizes) {
+void registerMeasurements() {
+    for (const CVMeasurement& measurement : CVMeasurements()) {
+        for (const CVMeasurement::Size& size : measurement.sizes) {
             if (size.rounds == 0)
                 continue;
-            benchmark::RegisterBenchmark(figure.title, figure.measure, size.transactions)
+            benchmark::RegisterBenchmark(measurement.title, measurement.measure, size.transactions)
                 ->Arg(static_cast<int64_t>(size.transactions))
                 ->Iterations(size.rounds)
                 ->UseManualTime()
@@ -35,12 +35,12 @@ int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return kWrongUsage;
-    registerFigures();
-    CVFigureReporter reporter;
+    registerMeasurements();
+    CVMeasurementReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     reporter.printTable(std::cout);
     if (reporter.allWithinLimits())
         return 0;
-    std::cerr << "A figure exceeds its limit or could not be measured.\n";
+    std::cerr << "A measurement exceeds its limit or could not be measured.\n";
     return kLimitExceeded;
 }

@@ -1,6 +1,6 @@
 #include "CVBudgetFixture.h"
 #include "CVComparison.h"
-#include "CVFigures.h"
+#include "CVMeasurements.h"
 #include "CVPlainWalk.h"
 #include "budget/CVBudgetGrid.h"
 #include "budget/CVCategoryAverages.h"

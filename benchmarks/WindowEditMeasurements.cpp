@@ -1,4 +1,4 @@
-#include "CVFigures.h"
+#include "CVMeasurements.h"
 #include "CVOpenBudget.h"
 #include "model/CVDocument.h"
 #include "model/CVTransaction.h"

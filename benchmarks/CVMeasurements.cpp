@@ -1,4 +1,4 @@
-#include "CVFigures.h"
+#include "CVMeasurements.h"
 
 #include "model/CVTransactionColumns.h"
 #include "workspace/CVMainWindow.h"
@@ -18,22 +18,23 @@ constexpr const char* kWalk = "plain walk";
 constexpr const char* kPlainSort = "stable sort of plain records";
 constexpr const char* kPage = "first page";
 
-constexpr CVFigure figure(const char* title, const char* unit, double limit, double largeLimit, Measure measure) {
+constexpr CVMeasurement measurement(const char* title, const char* unit, double limit, double largeLimit,
+                                    Measure measure) {
     return {title, unit, {{{kMiddle, kRounds, limit}, {kLarge, kRounds, largeLimit}}}, measure};
 }
 
 /// One change, or another view of the budget.
-constexpr CVFigure step(const char* title, Measure measure) {
-    return figure(title, CVFigure::kMilliseconds, 50, 400, measure);
+constexpr CVMeasurement step(const char* title, Measure measure) {
+    return measurement(title, CVMeasurement::kMilliseconds, 50, 400, measure);
 }
 
 /// What moves or removes very many lines.
-constexpr CVFigure upheaval(const char* title, Measure measure) {
-    return figure(title, CVFigure::kMilliseconds, 100, 1000, measure);
+constexpr CVMeasurement upheaval(const char* title, Measure measure) {
+    return measurement(title, CVMeasurement::kMilliseconds, 100, 1000, measure);
 }
 
-constexpr CVFigure withoutLimit(const char* title, const char* unit, Measure measure) {
-    return figure(title, unit, CVFigure::kNoLimit, CVFigure::kNoLimit, measure);
+constexpr CVMeasurement withoutLimit(const char* title, const char* unit, Measure measure) {
+    return measurement(title, unit, CVMeasurement::kNoLimit, CVMeasurement::kNoLimit, measure);
 }
 
 template <int letter>
@@ -51,7 +52,7 @@ void measureSorting(State& state, std::size_t transactions) {
     CVMeasureSorting(state, transactions, column);
 }
 
-constexpr auto kFigures = std::to_array<CVFigure>({
+constexpr auto kMeasurements = std::to_array<CVMeasurement>({
     step("Record", CVMeasureRecord),
     step("Search, first letter", measureKey<1>),
     step("Search, second letter", measureKey<2>),
@@ -72,15 +73,15 @@ constexpr auto kFigures = std::to_array<CVFigure>({
     upheaval("Sort by what it was for", measureSorting<CVTransactionColumns::For>),
     upheaval("Sort by category", measureSorting<CVTransactionColumns::Category>),
     upheaval("Remove half of all", CVMeasureRemoveHalf),
-    figure("From start to usable window", "CPU of an empty window and a bare SAX parse", 2.2, 1.8, CVMeasureStart),
+    measurement("From start to usable window", "CPU of an empty window and a bare SAX parse", 2.2, 1.8, CVMeasureStart),
     {"From start to usable window, empty budget",
      "CPU of an empty window",
-     {{{0, kRounds, 2.5}, {0, 0, CVFigure::kNoLimit}}},
+     {{{0, kRounds, 2.5}, {0, 0, CVMeasurement::kNoLimit}}},
      CVMeasureEmptyStart},
-    figure("Safe save", "write, fsync, rename", 1.5, 1.5, CVMeasureSave),
-    figure("Text after one change", "memcpy into fresh memory", 2, 2, CVMeasureText),
+    measurement("Safe save", "write, fsync, rename", 1.5, 1.5, CVMeasureSave),
+    measurement("Text after one change", "memcpy into fresh memory", 2, 2, CVMeasureText),
     {"Report as a PDF", "QPdfWriter, same strings", {{{kMiddle, kRoundsOfPages, 2}, {kLarge, 1, 2}}}, CVMeasurePDF},
-    figure("Month by category, from start to exit", "bare SAX parse and 30 ms", 2, 2, CVMeasureSummaryReport),
+    measurement("Month by category, from start to exit", "bare SAX parse and 30 ms", 2, 2, CVMeasureSummaryReport),
     withoutLimit("Grid, a week of days", kWalk, CVMeasureGridOfWeek),
     withoutLimit("Grid, all transactions in a column", kWalk, CVMeasureGridOfAll),
     withoutLimit("Figures of all categories", kWalk, CVMeasureFigures),
@@ -97,6 +98,6 @@ constexpr auto kFigures = std::to_array<CVFigure>({
 
 } // namespace
 
-std::span<const CVFigure> CVFigures() {
-    return kFigures;
+std::span<const CVMeasurement> CVMeasurements() {
+    return kMeasurements;
 }

@@ -9,35 +9,35 @@ class State;
 }
 
 /// A line of the table that the benchmarks end with.
-struct CVFigure {
+struct CVMeasurement {
     static constexpr double kNoLimit = 0;
-    /// What figures are measured in that are no multiples of a yardstick.
+    /// The unit of measurements that are no multiples of a yardstick.
     static constexpr const char* kMilliseconds = "ms";
 
     struct Size {
         /// Of the budget.
         std::size_t transactions;
-        /// How often the figure is measured; 0: not at this size.
+        /// How often the measurement is taken; 0: not at this size.
         int rounds;
-        /// The highest figure allowed, or `kNoLimit`.
+        /// The highest value allowed, or `kNoLimit`.
         double limit;
 
-        [[nodiscard]] bool allows(double figure) const { return limit == kNoLimit || figure <= limit; }
+        [[nodiscard]] bool allows(double value) const { return limit == kNoLimit || value <= limit; }
     };
 
     const char* title;
-    /// The yardstick of which the figure is a multiple, or `kMilliseconds`.
+    /// The yardstick of which the measurement is a multiple, or `kMilliseconds`.
     const char* unit;
     /// By column of the table.
     std::array<Size, 2> sizes;
-    /// Measures once per iteration of `state` and reports the counter "figure".
+    /// Measures once per iteration of `state` and reports the counter "measured".
     void (*measure)(benchmark::State& state, std::size_t transactions);
 
     [[nodiscard]] bool isTime() const { return unit == kMilliseconds; }
 };
 
 /// In the order of the table.
-[[nodiscard]] std::span<const CVFigure> CVFigures();
+[[nodiscard]] std::span<const CVMeasurement> CVMeasurements();
 
 /// What a click or a key in the main window does.
 void CVMeasureRecord(benchmark::State& state, std::size_t transactions);

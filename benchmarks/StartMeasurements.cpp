@@ -1,6 +1,6 @@
 #include "CVBareParse.h"
 #include "CVComparison.h"
-#include "CVFigures.h"
+#include "CVMeasurements.h"
 #include "CVPrivateDisplay.h"
 #include "CVScratchHome.h"
 #include "CVStartedProgram.h"

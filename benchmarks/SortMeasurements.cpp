@@ -1,6 +1,6 @@
 #include "CVBudgetFixture.h"
 #include "CVComparison.h"
-#include "CVFigures.h"
+#include "CVMeasurements.h"
 #include "base/CVDefaultsKeys.h"
 #include "base/QBUserDefaults.h"
 #include "contents/CVTransactionList.h"

@@ -1,6 +1,6 @@
 #include "CVBudgetFixture.h"
 #include "CVComparison.h"
-#include "CVFigures.h"
+#include "CVMeasurements.h"
 #include "storage/CVDocumentXML.h"
 #include "storage/CVWriteDocumentText.h"
 

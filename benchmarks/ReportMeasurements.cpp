@@ -1,7 +1,7 @@
 #include "CVBareParse.h"
 #include "CVBudgetFixture.h"
 #include "CVComparison.h"
-#include "CVFigures.h"
+#include "CVMeasurements.h"
 #include "CVPlainWalk.h"
 #include "reports/CVReportPages.h"
 #include "reports/CVReportPainter.h"
