@@ -2,6 +2,8 @@
 
 #include "base/CVReplaceFile.h"
 
+#include <QStringList>
+
 /// Writes a file that the user asked for; when that fails, the old file stays whole. Writes directly to whatever is no
 /// file (a pipe, a terminal, another device). Refuses a path that names one of the `spared` files, also through links.
 /// Absent on success and when `write` answered false, else the reason of the failure.
