@@ -75,6 +75,8 @@ int runWithoutWindow(const CVCommandLine& line) {
         return CVRunCheck(line.dataFile, errors);
     case CVCommandLine::Action::Sets:
         return CVRunSets(line.dataFile, errors);
+    case CVCommandLine::Action::Diff:
+        return CVRunDiff(line.diffRequest, errors);
     case CVCommandLine::Action::Export:
         return CVRunExport(line.exportRequest, errors);
     case CVCommandLine::Action::Report:

@@ -49,9 +49,10 @@ struct Command {
     CVCommandLine (*parse)(const QStringList& arguments);
 };
 
-constexpr std::array<Command, 4> kCommands{
+constexpr std::array<Command, 5> kCommands{
     {{"check", parseDataFile<Action::Check>},
      {"sets", parseDataFile<Action::Sets>},
+     {"diff", parseRequest<CVDiffRequest, Action::Diff, &CVCommandLine::diffRequest>},
      {"export", parseRequest<CVExportRequest, Action::Export, &CVCommandLine::exportRequest>},
      {"report", parseRequest<CVReportRequest, Action::Report, &CVCommandLine::reportRequest>}}};
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commands/CVDiffCommand.h"
 #include "commands/CVExportCommand.h"
 #include "commands/CVReportCommand.h"
 
@@ -9,7 +10,7 @@
 
 /// The meaning of the program's command line.
 struct CVCommandLine {
-    enum class Action { OpenWindow, ShowVersion, ShowHelp, Check, Sets, Export, Report, Refuse };
+    enum class Action { OpenWindow, ShowVersion, ShowHelp, Check, Sets, Diff, Export, Report, Refuse };
 
     Action action = Action::OpenWindow;
     /// The file that `check` and `sets` read; absent: the user's own; "-": standard input.
@@ -20,6 +21,7 @@ struct CVCommandLine {
     QString problem = {};
     /// The arguments that are left for the window: files to open, or a misspelt command.
     QStringList files = {};
+    CVDiffRequest diffRequest = {};
     CVExportRequest exportRequest = {};
     CVReportRequest reportRequest = {};
 

@@ -12,6 +12,7 @@ QString commands() {
     return UsageText::tr("Usage: corvella                        open your budget\n"
                          "       corvella check [OPTION...]      say what a data file holds\n"
                          "       corvella sets [OPTION...]       list the transaction sets\n"
+                         "       corvella diff A [B]             say what changed from one data file to a later one\n"
                          "       corvella export [OPTION...]     write transactions as tab-separated text\n"
                          "       corvella report KIND [OPTION...]\n"
                          "                                       write a report as a PDF file or as text\n"
@@ -23,8 +24,8 @@ QString status() {
     return UsageText::tr(
         "The commands show no window, read your own data file where --data names no other, and write nothing\n"
         "but their output. Their exit status is 0 when all of it was written, 1 when something failed, which one\n"
-        "line on standard error tells, and 2 when the command line was not understood. An option that would be\n"
-        "ignored, or is given twice, is not understood.\n");
+        "line on standard error tells, and 2 when the command line was not understood; diff has its own. An option\n"
+        "that would be ignored, or is given twice, is not understood.\n");
 }
 
 QString optionsOfAll() {
@@ -69,6 +70,25 @@ QString optionsOfReport() {
         "  --paper a4|letter             of a PDF file: otherwise what is usual where you live\n");
 }
 
+QString textOfDiff() {
+    return UsageText::tr(
+        "Usage: corvella diff A [B]\n"
+        "\n"
+        "Writes what changed from the data file A to the later data file B, which is your own where it is not\n"
+        "named. One of them may be a pipe, and - is standard input. A line for each difference: + for what was\n"
+        "added, - for what was removed, ~ for what was changed; then, each after a tabulator,\n"
+        "\n"
+        "  set          its name\n"
+        "  category     its name, its plan\n"
+        "  transaction  its set, day, amount, payee, purpose, category, X where taxed, X where flagged\n"
+        "\n"
+        "What was changed stands as \"old => new\". Transactions are compared by what they say: their order means\n"
+        "nothing. The exit status is that of diff: 0 without a difference, 1 with some, 2 when something failed,\n"
+        "which one line on standard error tells, or the command line was not understood.\n"
+        "\n"
+        "  -h, --help   this help\n");
+}
+
 /// Joins the parts with an empty line between them.
 QString joined(const QStringList& parts) {
     return parts.join(u'\n');
@@ -88,6 +108,8 @@ QString CVUsageText(const QString& command) {
             {UsageText::tr("Usage: corvella sets [OPTION...]\n\nWrites the names of the transaction sets, one on each "
                            "line, as --set takes them.\n"),
              optionsOfAll(), status()});
+    if (command == QLatin1String("diff"))
+        return textOfDiff();
     if (command == QLatin1String("export"))
         return joined(
             {UsageText::tr(

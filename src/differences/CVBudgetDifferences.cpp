@@ -1,0 +1,90 @@
+#include "differences/CVBudgetDifferences.h"
+
+#include "model/CVCategory.h"
+#include "model/CVDocument.h"
+#include "model/CVTransactionSet.h"
+
+namespace {
+
+const QString& nameOf(const CVCategory& category) {
+    return category.categoryName();
+}
+
+const QString& nameOf(const CVTransactionSet& set) {
+    return set.transactionSetName();
+}
+
+/// The first record of each ID.
+template <typename Record>
+std::vector<std::shared_ptr<Record>> firstOfEachID(const std::vector<std::shared_ptr<Record>>& records) {
+    std::vector<std::shared_ptr<Record>> first;
+    std::unordered_set<quint32> ids;
+    for (const auto& record : records) {
+        if (ids.insert(record->uniqueID()).second)
+            first.push_back(record);
+    }
+    return first;
+}
+
+template <typename Record>
+std::vector<CVRecordMatching::Record> namesOf(const std::vector<std::shared_ptr<Record>>& records) {
+    std::vector<CVRecordMatching::Record> names;
+    for (const auto& record : records)
+        names.push_back({record->uniqueID(), nameOf(*record)});
+    return names;
+}
+
+template <typename Record>
+std::unordered_set<quint32> idsOf(const std::vector<std::shared_ptr<Record>>& records) {
+    std::unordered_set<quint32> ids;
+    for (const auto& record : records)
+        ids.insert(record->uniqueID());
+    return ids;
+}
+
+bool areSame(const CVTransactionSet& a, const CVTransactionSet& b) {
+    return a.transactionSetName() == b.transactionSetName();
+}
+
+/// The plan is compared as the data file holds it.
+bool areSame(const CVCategory& a, const CVCategory& b) {
+    return a.categoryName() == b.categoryName() && a.expenseFrequency() == b.expenseFrequency() &&
+           QString::number(a.expenseTarget(), 'f', 2) == QString::number(b.expenseTarget(), 'f', 2);
+}
+
+template <typename Record>
+std::vector<CVRecordDifference<Record>> find(const std::vector<std::shared_ptr<Record>>& before,
+                                             const std::vector<std::shared_ptr<Record>>& after,
+                                             const CVRecordMatching& matching) {
+    std::vector<CVRecordDifference<Record>> differences;
+    for (const CVRecordMatching::Pair& pair : matching.pairs()) {
+        const auto earlier = pair.before ? before[*pair.before] : nullptr;
+        const auto later = pair.after ? after[*pair.after] : nullptr;
+        if (!earlier || !later || !areSame(*earlier, *later))
+            differences.push_back({earlier, later});
+    }
+    return differences;
+}
+
+template <typename Record>
+CVRecordMatching matched(const std::vector<std::shared_ptr<Record>>& before,
+                         const std::vector<std::shared_ptr<Record>>& after,
+                         const std::vector<std::shared_ptr<Record>>& common) {
+    return {namesOf(before), namesOf(after), idsOf(common)};
+}
+
+} // namespace
+
+CVBudgetDifferences CVBudgetDifferences::between(const CVDocument& before, const CVDocument& after,
+                                                 const CVDocument* common) {
+    const auto setsBefore = firstOfEachID(before.transactionSets());
+    const auto setsAfter = firstOfEachID(after.transactionSets());
+    const auto categoriesBefore = firstOfEachID(before.categories());
+    const auto categoriesAfter = firstOfEachID(after.categories());
+    const CVRecordMatching sets =
+        matched(setsBefore, setsAfter, common ? common->transactionSets() : CVTransactionSets());
+    const CVRecordMatching categories =
+        matched(categoriesBefore, categoriesAfter, common ? common->categories() : CVCategories());
+    return {sets, categories, find(setsBefore, setsAfter, sets), find(categoriesBefore, categoriesAfter, categories),
+            CVFindTransactionDifferences(before.transactions(), after.transactions(), sets, categories)};
+}

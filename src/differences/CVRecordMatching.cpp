@@ -1,0 +1,40 @@
+#include "differences/CVRecordMatching.h"
+
+CVRecordMatching::CVRecordMatching(std::vector<Record> before, std::vector<Record> after,
+                                   const std::unordered_set<quint32>& common)
+    : mBefore(std::move(before))
+    , mAfter(std::move(after))
+    , mIsTaken(mAfter.size(), false) {
+    for (std::size_t i = 0; i < mBefore.size(); ++i)
+        mPairs.push_back({i, std::nullopt});
+    match([](const Record& a, const Record& b) { return a.id == b.id && a.name == b.name; });
+    match([&common](const Record& a, const Record& b) { return a.id == b.id && common.contains(a.id); });
+    match([](const Record& a, const Record& b) { return a.name == b.name; });
+    for (std::size_t i = 0; i < mAfter.size(); ++i) {
+        mIDsAfter.insert(mAfter[i].id);
+        if (!mIsTaken[i])
+            mPairs.push_back({std::nullopt, i});
+    }
+}
+
+std::optional<quint32> CVRecordMatching::idAfter(quint32 idBefore) const {
+    if (const auto counterpart = mCounterparts.find(idBefore); counterpart != mCounterparts.end())
+        return counterpart->second;
+    return mIDsAfter.contains(idBefore) ? std::nullopt : std::optional(idBefore);
+}
+
+/// Gives each record of the earlier state that has no counterpart yet the first free one that is the same. A budget has
+/// some dozens of categories, so that comparing each with each takes no time.
+template <typename AreSame>
+void CVRecordMatching::match(AreSame areSame) {
+    for (Pair& pair : mPairs) {
+        for (std::size_t i = 0; i < mAfter.size() && !pair.after; ++i) {
+            const Record& record = mBefore[*pair.before];
+            if (mIsTaken[i] || !areSame(record, mAfter[i]))
+                continue;
+            pair.after = i;
+            mIsTaken[i] = true;
+            mCounterparts.emplace(record.id, mAfter[i].id);
+        }
+    }
+}

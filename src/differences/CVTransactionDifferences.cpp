@@ -1,0 +1,113 @@
+#include "differences/CVTransactionDifferences.h"
+
+#include "differences/CVRecordMatching.h"
+#include "differences/CVTransactionContent.h"
+#include "model/CVTransaction.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+using Differences = std::vector<CVTransactionDifference>;
+
+CVTransactionContent contentAfter(const CVTransaction& transaction) {
+    return {transaction, transaction.transactionSetID(), transaction.categoryID()};
+}
+
+/// Day, payee and purpose.
+CVTransactionContent keyOfTexts(CVTransactionContent content) {
+    content.category = 0;
+    content.amount.clear();
+    content.taxFlag = content.userFlag = false;
+    return content;
+}
+
+/// Day and amount.
+CVTransactionContent keyOfAmount(CVTransactionContent content) {
+    content.category = 0;
+    content.payTo = content.xfor = QString();
+    content.taxFlag = content.userFlag = false;
+    return content;
+}
+
+qint64 dayOf(const CVTransactionDifference& difference) {
+    return (difference.after ? difference.after : difference.before)->dayKey();
+}
+
+class Comparison final {
+public:
+    Comparison(const CVRecordMatching& sets, const CVRecordMatching& categories)
+        : mSets(sets)
+        , mCategories(categories) {}
+
+    [[nodiscard]] Differences find(const CVTransactions& before, const CVTransactions& after);
+
+private:
+    using Key = CVTransactionContent (*)(CVTransactionContent content);
+
+    [[nodiscard]] CVTransactionContent contentBefore(const CVTransaction& transaction) const {
+        return {transaction, mSets.idAfter(transaction.transactionSetID()),
+                mCategories.idAfter(transaction.categoryID())};
+    }
+    void joinChanges(Key key);
+
+    const CVRecordMatching& mSets;
+    const CVRecordMatching& mCategories;
+    Differences mGone;
+    CVTransactions mNew;
+};
+
+Differences Comparison::find(const CVTransactions& before, const CVTransactions& after) {
+    QHash<CVTransactionContent, int> counts;
+    counts.reserve(static_cast<qsizetype>(after.size()));
+    for (const auto& transaction : after)
+        ++counts[contentAfter(*transaction)];
+    for (const auto& transaction : before) {
+        const auto same = counts.find(contentBefore(*transaction));
+        if (same != counts.end() && *same > 0)
+            --*same;
+        else
+            mGone.push_back({transaction, nullptr});
+    }
+    for (const auto& transaction : after) {
+        int& count = counts[contentAfter(*transaction)];
+        if (count > 0) {
+            --count;
+            mNew.push_back(transaction);
+        }
+    }
+    joinChanges(keyOfTexts);
+    joinChanges(keyOfAmount);
+    for (const auto& transaction : mNew)
+        mGone.push_back({nullptr, transaction});
+    std::stable_sort(mGone.begin(), mGone.end(), [](const auto& a, const auto& b) { return dayOf(a) > dayOf(b); });
+    return std::move(mGone);
+}
+
+/// Makes a change of each transaction that is gone and the first new one with the same key.
+void Comparison::joinChanges(Key key) {
+    // The places in mNew, the first last.
+    QHash<CVTransactionContent, std::vector<std::size_t>> candidates;
+    for (std::size_t place = mNew.size(); place-- > 0;)
+        candidates[key(contentAfter(*mNew[place]))].push_back(place);
+    for (CVTransactionDifference& difference : mGone) {
+        if (difference.after)
+            continue;
+        const auto found = candidates.find(key(contentBefore(*difference.before)));
+        if (found == candidates.end() || found->empty())
+            continue;
+        difference.after = std::exchange(mNew[found->back()], nullptr);
+        found->pop_back();
+    }
+    std::erase(mNew, nullptr);
+}
+
+} // namespace
+
+std::vector<CVTransactionDifference> CVFindTransactionDifferences(const CVTransactions& before,
+                                                                  const CVTransactions& after,
+                                                                  const CVRecordMatching& sets,
+                                                                  const CVRecordMatching& categories) {
+    return Comparison(sets, categories).find(before, after);
+}
