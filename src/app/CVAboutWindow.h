@@ -13,7 +13,7 @@ class CVAboutWindow final : public QDialog {
 public:
     explicit CVAboutWindow(QWidget* parent);
 
-    /// The whole text as the Copy All button copies it.
+    /// The text that the Copy All button copies.
     [[nodiscard]] QString text() const;
 
 signals:

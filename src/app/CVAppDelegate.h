@@ -24,7 +24,7 @@ enum class CVCommand;
 
 /// The application: makes the document from the user's data file and the main window for it, tells the user how reading
 /// and saving ended, and lets the window close only when the last save has ended. Carries out the commands that concern
-/// no document: preferences, support, new versions. Owns all of these.
+/// no document: preferences, support, new versions. Owns the document, the windows and the save queue.
 class CVAppDelegate final : public QObject, private CVPreferenceHost {
     Q_OBJECT
 
@@ -63,7 +63,7 @@ public:
     void showPreferences();
     /// Returns when the user has closed the window.
     void showAbout();
-    /// Looks for a newer version and tells the user in that window; returns at once.
+    /// Looks for a newer version and tells the user in `asker`; returns at once.
     void checkForNewVersion(QWidget& asker) override;
     /// Replaces the document, and its window by a new one.
     void setDocument(std::unique_ptr<CVDocument> document);

@@ -20,8 +20,6 @@
 
 #include <utility>
 
-/// The part of CVAppDelegate that carries out the application's commands and the requests of its preferences.
-
 void CVAppDelegate::carryOut(CVCommand command) {
     switch (command) {
     case CVCommand::ShowHelp:

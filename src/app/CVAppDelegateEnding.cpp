@@ -12,9 +12,6 @@
 
 #include <chrono>
 
-/// The parts of CVAppDelegate that react to requests from the system or another start of the program: to show itself,
-/// to save, to end.
-
 namespace {
 
 constexpr std::chrono::milliseconds kBetweenWindows(20);

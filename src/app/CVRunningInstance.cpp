@@ -24,8 +24,8 @@ QString madeFolder(const QString& folder) {
     return folder;
 }
 
-/// The path of the spare socket of a folder, and the beginning of that of the spare lock; the same for every way to
-/// name the folder. Empty without a runtime folder.
+/// The path of the spare socket of a folder; the spare lock adds ".lock". All names of one folder give the same path.
+/// Empty without a runtime folder.
 QString sparePath(const QString& folder, const QString& runtimeFolder) {
     if (runtimeFolder.isEmpty())
         return {};

@@ -12,7 +12,7 @@
 /// Makes sure that only one program works in a folder: the first one holds a lock in the folder and listens on a
 /// socket; a later one asks the first to show itself instead of opening the same data file. A lock or socket that a
 /// crash left behind does not count. Where the folder allows no lock or no socket (the path of a socket has at most 107
-/// bytes), a spare one is in the runtime folder, under a name made from the folder's.
+/// bytes), a spare one is in the runtime folder, named after a digest of the folder's path.
 class CVRunningInstance final : public QObject {
     Q_OBJECT
 

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::array<int, 3> kSignals{SIGTERM, SIGINT, SIGHUP};
 
-/// The descriptor that the handler writes to; -1: none.
+/// The descriptor that the handler writes to; -1 for none.
 std::atomic<int> writeEnd{-1};
 static_assert(std::atomic<int>::is_always_lock_free, "a signal handler may use nothing else");
 

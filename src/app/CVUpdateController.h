@@ -28,7 +28,7 @@ public:
 
     /// Without an opener no page opens.
     void setURLOpener(CVURLOpener* opener) { mURLOpener = opener; }
-    /// Replaces the service and the version of the bundle.
+    /// Replaces the service and the version that CVUpdateService::ofBundle() gave.
     void setService(const CVUpdateService& service, CVFetchLimits limits);
 
     /// Does what is due at the start of the program: shows an offer that is still valid, else asks the service if a day

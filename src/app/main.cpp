@@ -106,7 +106,7 @@ void refuseFiles(const QStringList& files) {
     CVWriteErrorLine(errors, refusal.arg(named, QDir::toNativeSeparators(ownDataFile())));
 }
 
-/// `why` comes before the hint at the commands that need no display.
+/// `why`, followed by a hint at the commands that need no display.
 QString withoutDisplay(const QString& why) {
     return QCoreApplication::translate("main", "%1; the commands that \"corvella --help\" lists need none").arg(why);
 }

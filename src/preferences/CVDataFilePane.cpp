@@ -160,8 +160,8 @@ void CVDataFilePane::useDocument(const QString& path) {
         store().setDataFileLocation(former);
 }
 
-/// Stores the new location; false after an alert when the settings cannot be saved. The program would then look in the
-/// old place at the next start and miss what was saved in the new one.
+/// Stores the new location; false after an alert when the settings cannot be saved. Without the stored location the
+/// next start would open the file in the old place.
 bool CVDataFilePane::keepLocation(const QString& path, const std::optional<QString>& former) {
     if (store().setDataFileLocation(path))
         return true;

@@ -32,7 +32,7 @@ constexpr std::array<Character, 13> kCharacters{{{"par", u'\n'},
                                                  {"_", u'\u2011'},
                                                  {"\n", u'\n'}}};
 
-/// The first words of groups that contain no text of the document.
+/// The words that begin a group without text of the document.
 constexpr std::array<std::string_view, 9> kDestinations{"*",    "fonttbl", "colortbl", "stylesheet", "info",
                                                         "pict", "header",  "footer",   "footnote"};
 
@@ -55,7 +55,7 @@ private:
     struct Group {
         bool bold = false;
         bool skipped = false;
-        /// How many characters after \uN are a replacement for readers that do not know \uN.
+        /// The number of characters after \uN that readers show which do not know \uN.
         int fallback = 1;
     };
 

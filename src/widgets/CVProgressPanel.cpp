@@ -26,8 +26,8 @@ CVProgressPanel::CVProgressPanel(const QString& title, int steps, QWidget* windo
     setWindowTitle(title);
     // The Cancel button must not get the focus: a key that was meant for the window below would cancel.
     auto* const cancel = new QPushButton(tr("Cancel"), this);
-    // setCancelButton() adds a shortcut for Escape for each button, and two equal shortcuts disable each other: the
-    // first goes with its button.
+    // setCancelButton() adds a shortcut for Escape for each button, and two equal shortcuts disable each
+    // other. Deleting the first button deletes its shortcut.
     setCancelButton(nullptr);
     setCancelButton(cancel);
     cancel->setAutoDefault(false);

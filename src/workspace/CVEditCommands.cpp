@@ -10,7 +10,7 @@
 
 namespace {
 
-/// The text field that the user types into: an editable box has the focus in place of its field.
+/// The text field that the user types into. An editable combo box has the focus in place of its field.
 QLineEdit* fieldOf(QWidget* focused) {
     const auto* const box = qobject_cast<QComboBox*>(focused);
     return box ? box->lineEdit() : qobject_cast<QLineEdit*>(focused);

@@ -33,7 +33,7 @@ constexpr std::array<const char*, Help + 1> kMenus{
      QT_TRANSLATE_NOOP("CVMainMenu", "&View"), QT_TRANSLATE_NOOP("CVMainMenu", "&Budget"),
      QT_TRANSLATE_NOOP("CVMainMenu", "&Help")}};
 
-/// A group begins behind a line.
+/// Whether a separator precedes the command.
 enum class Group { Same, New };
 
 struct Entry {
@@ -41,7 +41,7 @@ struct Entry {
     Menu menu;
     Group group;
     const char* title;
-    /// Empty: none.
+    /// The default shortcuts, separated by semicolons; empty for none.
     const char* shortcut;
 };
 
@@ -84,8 +84,8 @@ CVMainMenu::CVMainMenu(QMainWindow& window, CVTableView& table) : QObject(&windo
     qApp->installEventFilter(this);
 }
 
-/// On some platforms a text field takes a letter with Ctrl for itself (Ctrl+E moves to the end of the line there). Here
-/// such keys belong to the menus, wherever the focus is.
+/// Gives Ctrl+letter to the menus although the focused text field may use the same key: Ctrl+E moves the cursor on some
+/// platforms.
 bool CVMainMenu::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::ShortcutOverride)
         return QObject::eventFilter(watched, event);
@@ -127,7 +127,7 @@ void CVMainMenu::addEditCommands(QMenu& menu) {
     for (const EditEntry& entry : kEditEntries) {
         QAction* const action = menu.addAction(tr(entry.title), QKeySequence(entry.shortcut), this,
                                                [this, &entry] { CVEdit(entry.command, mWindow.focusWidget()); });
-        // Greyed out only while the menu is open: what is possible changes with every key, and the shortcuts must work.
+        // The item is disabled only while the menu is open, because its shortcut must work whenever the field changes.
         connect(&menu, &QMenu::aboutToShow, action,
                 [this, action, &entry] { action->setEnabled(CVCanEdit(entry.command, mWindow.focusWidget())); });
         connect(&menu, &QMenu::aboutToHide, action, [action] { action->setEnabled(true); });
@@ -150,7 +150,7 @@ void CVMainMenu::addTableCommands(CVTableView& table) {
     connect(edit, &QAction::triggered, &table, &CVTableView::editCurrentCell);
     auto* const copy = new QAction(tr("&Copy"), &table);
     connect(copy, &QAction::triggered, &table, [&table] { CVEdit(CVEditCommand::Copy, &table); });
-    // All of them act on the selected rows.
+    // Edit and Copy are enabled together with Remove, because they need selected rows too.
     for (QAction* const action : {edit, copy}) {
         action->setEnabled(false);
         connect(remove, &QAction::enabledChanged, action, &QAction::setEnabled);

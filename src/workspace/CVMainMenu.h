@@ -10,7 +10,7 @@ class QAction;
 class QMainWindow;
 class QMenu;
 
-/// What the menus of the main window can ask for.
+/// The commands of the main window's menus.
 enum class CVCommand {
     Export,
     Print,
@@ -40,8 +40,8 @@ enum class CVCommand {
 };
 inline constexpr std::size_t kCVCommands = static_cast<std::size_t>(CVCommand::About) + 1;
 
-/// The menus of the main window: every command once, with its shortcut. Announces what was chosen; only the commands of
-/// the Edit menu that concern the focused widget are carried out here.
+/// The menus of the main window, with every command once and its shortcut. A chosen command is announced; only the
+/// commands of the Edit menu that concern the focused widget are carried out here.
 class CVMainMenu final : public QObject {
     Q_OBJECT
 
@@ -50,7 +50,7 @@ public:
     /// its meaning elsewhere.
     CVMainMenu(QMainWindow& window, CVTableView& table);
 
-    /// A command that cannot act now is greyed out, and its shortcut does nothing.
+    /// A disabled command is greyed out, and its shortcut does nothing.
     void setEnabled(CVCommand command, bool enabled);
 
 signals:

@@ -21,7 +21,8 @@
 
 namespace {
 
-/// Around and between the parts of the window, in pixels. Large letters leave the list too little room for more.
+/// The margins of the window and the gaps between its parts, in pixels. Both are small, because large letters leave the
+/// list little room.
 constexpr int kEdge = 9;
 constexpr int kGap = 6;
 
@@ -41,9 +42,9 @@ CVMainWindow::CVMainWindow(const CVBudgetContents& contents)
     mMainTabView->addTab(mTransactionsTab, tr("Transactions"));
     mMainTabView->addTab(mSummaryTab, tr("Summary"));
     mMainTabView->addTab(mReportsTab, tr("Reports"));
-    // The frame around the pages is what takes longest to paint, and says nothing.
+    // Document mode leaves out the frame around the pages.
     mMainTabView->setDocumentMode(true);
-    // The edges of the pages are those of the entry strip above them.
+    // The pages have no margins, so that their edges are in line with those of the entry strip.
     for (int page = 0; page < mMainTabView->count(); ++page) {
         QLayout& inside = *mMainTabView->widget(page)->layout();
         inside.setContentsMargins(0, kGap, 0, 0);

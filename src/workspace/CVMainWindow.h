@@ -16,15 +16,15 @@ class CVSummaryTab;
 class CVTransactionsTab;
 class QTabWidget;
 
-/// The window and its parts, put together; what they do is the controller's.
+/// Builds the main window from its parts. CVMainWindowController decides what the parts do.
 class CVMainWindow final : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// The tabs by the number that the view state keeps.
+    /// The settings store these numbers.
     enum Tab { kTransactions, kSummary, kReports };
 
-    /// What the tabs show; it outlives the window.
+    /// The tabs show `contents`, which outlives the window.
     explicit CVMainWindow(const CVBudgetContents& contents);
 
     [[nodiscard]] CVMainMenu& menu() const { return *mMenu; }
@@ -33,28 +33,28 @@ public:
     [[nodiscard]] CVSummaryTab& summaryTab() const { return *mSummaryTab; }
     [[nodiscard]] CVReportsTab& reportsTab() const { return *mReportsTab; }
     [[nodiscard]] CVSaveStatus& saveStatus() const { return *mSaveStatus; }
-    /// By `Tab`.
+    /// The tab widget, whose pages are indexed by `Tab`.
     [[nodiscard]] QTabWidget& tabs() const { return *mMainTabView; }
 
-    /// Shows the pop-up of sets with these names; without a choice to make, with less than two, it is not there.
+    /// Shows the names of the sets in the pop-up; fewer than two names hide the pop-up.
     void setTransactionSets(const QStringList& names, int current);
 
     /// Commits what is being typed into a cell of a table.
     void commitOpenEditor();
 
-    /// Goes back to a cell whose text cannot be read and says why; false where there is none, or where that was done
-    /// for the same text before.
+    /// Gives the focus back to a cell whose text cannot be read and says why. False when no cell has such a text or the
+    /// user was led to this text before.
     [[nodiscard]] bool returnToUnreadable();
 
-    /// Is asked when the window is about to close; a false answer keeps it open.
+    /// Sets the function that decides whether the window may close; without one the window always closes.
     void setMayClose(std::function<bool()> mayClose) { mMayClose = std::move(mayClose); }
 
 signals:
-    /// The user picked that set.
+    /// The user picked the set with that index.
     void transactionSetPicked(int index);
-    /// The user's locale is another one now.
+    /// The user's locale has changed.
     void localeChanged();
-    /// The window closes.
+    /// The window is about to close and can no longer be kept open.
     void closing();
 
 protected:
@@ -63,7 +63,7 @@ protected:
 
 private:
     CVEntryStrip* mEntryStrip;
-    /// Made before its pages, as the pop-up beside its tabs is, so that Tab meets both before the pages.
+    /// Created before its pages, as the pop-up of sets is, so that the Tab key reaches both before the pages.
     QTabWidget* mMainTabView;
     CVSetPicker* mSetPicker;
     CVTransactionsTab* mTransactionsTab;
@@ -72,7 +72,7 @@ private:
     CVSaveStatus* mSaveStatus;
     CVMainMenu* mMenu = nullptr;
     std::function<bool()> mMayClose;
-    /// What was last gone back to.
+    /// The field and the text of the last `returnToUnreadable`.
     QPointer<CVFormattedField> mUnreadable;
     QString mUnreadableText;
 };

@@ -7,15 +7,15 @@ class CVMainWindowController;
 class CVSummaryTabController;
 enum class CVCommand;
 
-/// Leads each command of the menus to the operation that carries it out. References all that it is made with, which
-/// outlives it.
+/// Leads each command of the menus to the operation that carries it out. The arguments of the constructor outlive this
+/// object.
 class CVMainWindowCommands final : public QObject {
     Q_OBJECT
 
 public:
     CVMainWindowCommands(CVMainWindow& window, CVMainWindowController& controller, CVSummaryTabController& summary);
 
-    /// What is being typed into a cell is entered first.
+    /// Carries out a command after committing the open cell editor.
     void choose(CVCommand command);
 
 signals:

@@ -210,7 +210,7 @@ void CVMainWindowController::windowDidLoad() {
     getStarted();
 }
 
-/// A number that no tab or item has counts as the first.
+/// Reads the stored tab, report and presets of the ranges; an index that is out of range reads as 0.
 void CVMainWindowController::readViewState() {
     const QBUserDefaults& defaults = mDocument.userDefaults();
     const auto indexForKey = [&defaults](const char* key, int count) {
@@ -300,7 +300,7 @@ void CVMainWindowController::mainSetup() {
     mSummaryTab->placePeriods();
 }
 
-/// Both ranges, as their pop-ups have them.
+/// Sets the ranges of list and reports from their presets and shows them.
 void CVMainWindowController::setDateFieldsFromPopUp() {
     mContents.setRangesFromPresets();
     mWindow->transactionsTab().rangeControls().setRange(mContents.list().range());
@@ -335,7 +335,7 @@ void CVMainWindowController::tabSelected(int index) {
     reloadAllTables();
 }
 
-/// Greys out what cannot act now.
+/// Disables the commands that have nothing to act on.
 void CVMainWindowController::updateCommands() {
     CVMainMenu& menu = mWindow->menu();
     const bool hasSelection = !mWindow->transactionsTab().table().selectedTransactions().empty();
@@ -359,13 +359,13 @@ void CVMainWindowController::showCategoryItems() {
 
 void CVMainWindowController::handleCategoryUpdate() {
     showCategoryItems();
-    // A name that is searched for or sorted by may be another one now.
+    // The search text or the sort order may depend on the changed name.
     if (!mTransactionsTab->keepsRows())
         mContents.list().refilter();
     reloadAllTables();
 }
 
-/// Recording and removing rebuild everything themselves; the reports alone show other changes at once.
+/// Only the reports are reloaded here, because recording and removing call getStarted().
 void CVMainWindowController::transactionUpdated() {
     if (mDisplayTab != CVMainWindow::kReports)
         return;
@@ -373,7 +373,7 @@ void CVMainWindowController::transactionUpdated() {
     reloadAllTables();
 }
 
-/// The settings are not all that may be new: the data file may have been cleared as well.
+/// Reads the document again too, because clearing the data file also posts this notification.
 void CVMainWindowController::preferenceChanged() {
     mContents.list().collectTransactions();
     showCategoryItems();
@@ -388,7 +388,7 @@ void CVMainWindowController::moneyFormatChanged() {
     reloadAllTables();
 }
 
-/// The fields and tables follow by themselves; whoever else shows money hears of it.
+/// Fields and tables handle the change of locale themselves; this notification tells all other windows that show money.
 void CVMainWindowController::handleLocaleChange() {
     mDocument.notificationCenter().postNotification(QLatin1String(CVNotifications::kMoneyFormatterChanged));
 }

@@ -24,8 +24,8 @@ class QMainWindow;
 enum class CVCommand;
 struct CVEntryProblem;
 
-/// Owns the main window and the order of things in it: set-up, recording, and what is shown anew after every change.
-/// Its parts carry out what is done in each tab, printing, and the commands. References the document, the alerts and
+/// Owns the main window and coordinates its parts: sets them up and reloads what is shown after a change. A part
+/// carries out the actions of each tab, the entry, printing and the commands. References the document, the alerts and
 /// the panels, which outlive it.
 class CVMainWindowController final : public QObject {
     Q_OBJECT
@@ -37,46 +37,49 @@ public:
     void showWindow();
     [[nodiscard]] QMainWindow* window() const;
     [[nodiscard]] CVSaveStatus& saveStatus() const;
-    /// Is asked before the window closes; a false answer keeps it open. Without one it always closes.
+    /// Sets the function that decides whether the window may close; without one the window always closes.
     void setMayClose(std::function<bool()> mayClose);
-    /// Whether the window has gone back to a cell whose text cannot be read, and has said why; once for each text.
+    /// Gives the focus back to a cell whose text cannot be read and says why. False when no cell has such a text or the
+    /// user was led to this text before.
     [[nodiscard]] bool returnToUnreadable();
 
-    /// Opens the further windows; without it none opens. Outlives the controller.
+    /// Sets what opens the editors and the preferences; without it these commands are disabled. `windows` outlives the
+    /// controller.
     void setDocumentWindows(CVDocumentWindows* windows);
-    /// Through which everything is printed; without them nothing is. They outlive the controller.
+    /// Sets the panels for printing; without them the print commands are disabled. The panels outlive the controller.
     void setPrintPanels(CVPrintPanels* panels);
 
     /// Rebuilds everything that depends on the current transaction set.
     void getStarted();
-    /// Shows the tables of the visible tab anew.
+    /// Computes and shows the tables of the visible tab again.
     void reloadAllTables();
     /// Makes the set at that position of the document's sets the current one.
     void changeTransactionSet(int index);
 
-    /// Records what the entry strip holds, or says why not.
+    /// Records the contents of the entry strip, or shows an alert with their first problem.
     void record();
     /// Removes the selected transactions once the user has confirmed it.
     void removeTransaction();
-    /// Shows the transactions, and selects what looks as if it was entered twice.
+    /// Shows the list and selects the transactions that were probably entered twice.
     void detectDuplicates();
-    /// Writes the listed transactions to a file of the user's choice.
+    /// Writes the listed transactions to a file that the user chooses.
     void exportTransactions();
 
-    /// Print the transactions as they are listed, the grid, or the report that is chosen; or show the pages.
+    /// These four print or preview the list as shown, the budget grid, the chosen report, or the one of the visible
+    /// tab.
     void printTransactions(CVPrintWay way);
     void printSummary(CVPrintWay way);
     void printReport(CVPrintWay way);
     void printShownTab(CVPrintWay way);
     void setUpPage();
 
-    /// Open the further windows; without document windows they do nothing.
+    /// These three open an editor or the preferences; they do nothing without document windows.
     void editCategories();
     void showPreferences();
     void handleTransactionSets();
 
 signals:
-    /// A command was chosen that concerns the application, not this window.
+    /// The user chose a command that concerns the application, not this window.
     void applicationCommandChosen(CVCommand command);
 
 private:
@@ -110,9 +113,9 @@ private:
     CVBudgetContents mContents;
     CVPaidToList mPaidToList;
     CVPrintCommands mPrintCommands;
-    /// By CVMainWindow::Tab.
+    /// The index of the visible tab, a CVMainWindow::Tab.
     int mDisplayTab = 0;
-    /// While the window is (re)built: what its controls report then is no choice of the user's.
+    /// True while the window is set up; signals of its controls are then not choices of the user.
     bool _cv_setting_up = false;
     std::unique_ptr<CVMainWindow> mWindow;
     std::unique_ptr<CVTransactionsTabController> mTransactionsTab;

@@ -5,7 +5,7 @@
 class QBoxLayout;
 
 /// A read-only figure that can be selected and copied. The field is as wide as the widest text that it has shown, so
-/// that the window is not laid out anew at every key of a search. Where the window is too narrow, the figure is elided
+/// that its neighbours do not move at every key of a search. Where the window is too narrow, the figure is elided
 /// and the tooltip shows all of it.
 class CVFigureField final : public QLineEdit {
     Q_OBJECT

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// How often the key is read: the item follows the key without a visible delay.
+/// The time between two readings of the key. It is short, so that the item follows the key without a visible delay.
 constexpr std::chrono::milliseconds kBetweenReadings(50);
 
 } // namespace

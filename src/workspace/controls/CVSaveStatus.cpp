@@ -11,7 +11,7 @@
 
 namespace {
 
-/// An attempt that fails at once would be no sign that anything was tried.
+/// The minimum time for which an attempt is shown, because a user does not see a shorter one.
 constexpr std::chrono::milliseconds kAttemptShown(500);
 
 void announce(QLabel& label) {

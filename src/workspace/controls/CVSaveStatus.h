@@ -7,8 +7,8 @@ class QLabel;
 class QPushButton;
 
 /// The line that says whether everything is saved and offers another attempt after a failure. The line is empty at
-/// first, because there may be no file yet. It begins with a remark on what a command has done, where nothing else in
-/// the window shows that.
+/// first, because there may be no file yet. The line begins with a remark on what a command has done, where nothing
+/// else in the window shows that.
 class CVSaveStatus final : public QWidget {
     Q_OBJECT
 

@@ -37,7 +37,7 @@ CVSetPicker::CVSetPicker(QTabWidget& tabs)
 }
 
 void CVSetPicker::setNames(const QStringList& names, int current) {
-    // Unchanged names are not set again, because that would lay out and paint half of the window.
+    // Unchanged names are not set again, because new items lay out the tabs anew.
     if (names != mNames) {
         mNames = names;
         mTransactionSet->clear();

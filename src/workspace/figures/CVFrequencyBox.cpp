@@ -20,8 +20,8 @@ void CVFrequencyBox::hidePopup() {
     QComboBox::hidePopup();
     if (!wasOpen)
         return;
-    // The toolkit announces a choice after the list is hidden, and the receiver may close this box: `closed` waits for
-    // that.
+    // `closed` is emitted later, because the toolkit announces a choice only after the list is hidden and the receiver
+    // of `closed` may delete this box.
     const auto close = [this] {
         if (isVisible())
             emit closed(this, QAbstractItemDelegate::NoHint);

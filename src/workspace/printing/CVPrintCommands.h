@@ -14,8 +14,7 @@ class QWidget;
 enum class CVPrintWay { Print, Preview };
 
 /// The print commands of the main window, with their shared print settings, which are kept in the user defaults.
-/// References what it prints, the alerts, the panels and the defaults, which outlive it. The caller brings the grid and
-/// the reports up to date before a command.
+/// References the contents, the alerts, the panels and the defaults, which outlive it.
 class CVPrintCommands final {
     Q_DECLARE_TR_FUNCTIONS(CVPrintCommands)
 

@@ -81,6 +81,6 @@ private:
     CVTransactions mSelectedTransactions;
     /// The time since the last letter that was typed to find a row.
     QElapsedTimer mTypedAhead;
-    /// Running while a row is tinted.
+    /// Runs while a row is tinted.
     QTimer mTint;
 };
