@@ -13,7 +13,7 @@
 namespace {
 
 /// The state of CVDisplayRefusal, which is global because the toolkit's message handler takes no context.
-struct Refusal {
+struct State {
     QString sentence;
     int status = 0;
     std::function<void()> cleanUp;
@@ -23,43 +23,43 @@ struct Refusal {
     QMutex mutex;
 };
 
-Refusal& refusal() {
-    static Refusal only;
-    return only;
+State& theState() {
+    static State state;
+    return state;
 }
 
 void keepOrEnd(QtMsgType type, const QMessageLogContext& context, const QString& message) {
-    Refusal& asked = refusal();
-    const QMutexLocker lock(&asked.mutex);
+    State& state = theState();
+    const QMutexLocker lock(&state.mutex);
     if (type != QtFatalMsg) {
-        asked.remarks.append(qFormatLogMessage(type, context, message).toLocal8Bit());
+        state.remarks.append(qFormatLogMessage(type, context, message).toLocal8Bit());
         return;
     }
-    if (!asked.sentence.isEmpty()) {
+    if (!state.sentence.isEmpty()) {
         QTextStream errors(stderr);
-        CVWriteErrorLine(errors, asked.sentence);
+        CVWriteErrorLine(errors, state.sentence);
     }
-    qInstallMessageHandler(asked.former);
-    asked.cleanUp();
+    qInstallMessageHandler(state.former);
+    state.cleanUp();
     // The process ends without destructors, because the toolkit is only half constructed.
-    std::_Exit(asked.status);
+    std::_Exit(state.status);
 }
 
 } // namespace
 
 CVDisplayRefusal::CVDisplayRefusal(const QString& sentence, int status, std::function<void()> cleanUp) {
-    Refusal& asked = refusal();
-    asked.sentence = sentence;
-    asked.status = status;
-    asked.cleanUp = std::move(cleanUp);
-    asked.former = qInstallMessageHandler(keepOrEnd);
+    State& state = theState();
+    state.sentence = sentence;
+    state.status = status;
+    state.cleanUp = std::move(cleanUp);
+    state.former = qInstallMessageHandler(keepOrEnd);
 }
 
 CVDisplayRefusal::~CVDisplayRefusal() {
-    Refusal& asked = refusal();
-    qInstallMessageHandler(asked.former);
-    const QMutexLocker lock(&asked.mutex);
-    for (const QByteArray& remark : std::as_const(asked.remarks))
+    State& state = theState();
+    qInstallMessageHandler(state.former);
+    const QMutexLocker lock(&state.mutex);
+    for (const QByteArray& remark : std::as_const(state.remarks))
         std::fprintf(stderr, "%s\n", remark.constData());
-    asked.remarks.clear();
+    state.remarks.clear();
 }

@@ -19,7 +19,7 @@ constexpr const char* kAnswer = "shown\n";
 /// The time between two attempts while the other program is starting or ending.
 constexpr std::chrono::milliseconds kPause(50);
 
-QString madeFolder(const QString& folder) {
+QString makeFolder(const QString& folder) {
     QDir().mkpath(folder);
     return folder;
 }
@@ -63,7 +63,7 @@ private:
 
 CVRunningInstance::CVRunningInstance(const QString& folder, const QString& runtimeFolder)
     : mSockets(folder + kSocket)
-    , mLock(madeFolder(folder) + kLock)
+    , mLock(makeFolder(folder) + kLock)
     , mSpareLock(runtimeFolder.isEmpty() ? QString() : sparePath(folder, runtimeFolder) + kSpareLock) {
     if (const QString spare = sparePath(folder, runtimeFolder); !spare.isEmpty())
         mSockets.append(spare);

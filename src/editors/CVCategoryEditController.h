@@ -1,9 +1,9 @@
 #pragma once
 
 #include "editors/CVEditorWindow.h"
+#include "model/CVCollections.h"
 
 #include <memory>
-#include <vector>
 
 class CVAlerts;
 class CVCategory;
@@ -34,7 +34,7 @@ public:
 private:
     void addControls(CVHelpOpener* help);
     void renameCategory(int row, const QString& text);
-    [[nodiscard]] bool confirmRemoval(const std::vector<std::shared_ptr<CVCategory>>& categories);
+    [[nodiscard]] bool confirmRemoval(const CVCategories& categories);
     void showCategory(const CVCategory& category);
     void reload();
     void updateControls();

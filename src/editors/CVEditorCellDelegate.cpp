@@ -8,7 +8,7 @@
 
 namespace {
 
-bool canTurnRound(const QModelIndex& index) {
+bool canToggle(const QModelIndex& index) {
     return index.flags().testFlag(Qt::ItemIsUserCheckable);
 }
 
@@ -19,10 +19,10 @@ int textMarginOfCell(const QStyleOptionViewItem& option) {
 
 /// The cell whose box an event toggles: a click toggles the box of the clicked cell, a key the box of the row.
 QModelIndex boxOf(const QModelIndex& index, const QEvent& event) {
-    if (canTurnRound(index))
+    if (canToggle(index))
         return index;
     for (int column = 0; event.type() == QEvent::KeyPress && column < index.model()->columnCount(); ++column) {
-        if (canTurnRound(index.siblingAtColumn(column)))
+        if (canToggle(index.siblingAtColumn(column)))
             return index.siblingAtColumn(column);
     }
     return {};
@@ -37,7 +37,7 @@ void CVEditorCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& 
     if (!state.isValid())
         return;
     QStyleOptionViewItem box = option;
-    box.state.setFlag(QStyle::State_Enabled, canTurnRound(index));
+    box.state.setFlag(QStyle::State_Enabled, canToggle(index));
     CVCheckCell::paint(*painter, box, state.toInt() == Qt::Checked);
 }
 

@@ -12,7 +12,7 @@
 #include "widgets/CVAttentionColourOn.h"
 #include "widgets/CVWrappingLayout.h"
 #include "widgets/fields/CVAllowAnyLength.h"
-#include "widgets/fields/CVFigureField.h"
+#include "widgets/fields/CVCopyableField.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -33,8 +33,8 @@ CVTransactionWindowController::CVTransactionWindowController(CVDocument& documen
     , mCategoryField(new QLineEdit(this)) {
     addCategoryField();
     addTable();
-    addFigures();
-    computeFigures();
+    addAmounts();
+    computeAmounts();
     restoreFrame(kCellWindowWidthInDigits, kCellWindowHeightInLines);
     mTransactionTable->setFocus();
 
@@ -68,19 +68,19 @@ void CVTransactionWindowController::addCategoryField() {
     contents().addLayout(line);
 }
 
-void CVTransactionWindowController::addFigures() {
+void CVTransactionWindowController::addAmounts() {
     auto* const line = new CVWrappingLayout;
     const auto part = [line] {
-        auto* const figure = new QHBoxLayout;
-        line->addPart(figure, line->count() == 0 ? 1 : 0);
-        return figure;
+        auto* const field = new QHBoxLayout;
+        line->addPart(field, line->count() == 0 ? 1 : 0);
+        return field;
     };
     QHBoxLayout* const first = part();
     first->addStretch();
-    mSpentField = CVFigureField::addTo(*first, "mSpentField", tr("Spent:"), tr("Spent"), this);
+    mSpentField = CVCopyableField::addTo(*first, "mSpentField", tr("Spent:"), tr("Spent"), this);
     const QString planned = plannedText();
-    mPlannedField = CVFigureField::addTo(*part(), "mPlannedField", tr("%1:").arg(planned), planned, this);
-    mDiffereceField = CVFigureField::addTo(*part(), "mDiffereceField", tr("Difference:"), tr("Difference"), this);
+    mPlannedField = CVCopyableField::addTo(*part(), "mPlannedField", tr("%1:").arg(planned), planned, this);
+    mDiffereceField = CVCopyableField::addTo(*part(), "mDiffereceField", tr("Difference:"), tr("Difference"), this);
     line->setSpacing(fontMetrics().height());
     contents().addLayout(line);
 }
@@ -97,7 +97,7 @@ QString CVTransactionWindowController::plannedText() const {
     return frequency.isEmpty() ? tr("Planned") : tr("Planned (%1)").arg(frequency);
 }
 
-void CVTransactionWindowController::computeFigures() {
+void CVTransactionWindowController::computeAmounts() {
     mSpent = 0;
     for (const auto& transaction : mModel->transactions())
         mSpent = RoundDoubleToTwoPlaces(mSpent + transaction->amount());
@@ -106,10 +106,10 @@ void CVTransactionWindowController::computeFigures() {
     mCategoryField->setText(category ? category->categoryName() : QString());
     // A name that is too long for the field shows its beginning.
     mCategoryField->setCursorPosition(0);
-    showFigures();
+    showAmounts();
 }
 
-void CVTransactionWindowController::showFigures() {
+void CVTransactionWindowController::showAmounts() {
     const QBMoneyFormatter formatter;
     const double difference = mPlanned - mSpent;
     mSpentField->setText(formatter.string(mSpent));
@@ -131,5 +131,5 @@ void CVTransactionWindowController::toggleFlag(int row) {
 
 void CVTransactionWindowController::moneyFormatChanged() {
     mModel->updateFormatters();
-    showFigures();
+    showAmounts();
 }

@@ -5,7 +5,7 @@
 
 class CVDocument;
 class CVEditorTable;
-class CVFigureField;
+class CVCopyableField;
 class CVTransactionWindowModel;
 class QLineEdit;
 
@@ -21,13 +21,13 @@ public:
 private:
     void addTable();
     void addCategoryField();
-    void addFigures();
+    void addAmounts();
     /// The category of the last transaction; null where there is none.
     [[nodiscard]] std::shared_ptr<const CVCategory> category() const;
     /// The text for the planned amount: the category's target and its frequency.
     [[nodiscard]] QString plannedText() const;
-    void computeFigures();
-    void showFigures();
+    void computeAmounts();
+    void showAmounts();
     void toggleFlag(int row);
     void moneyFormatChanged();
 
@@ -35,10 +35,10 @@ private:
     CVTransactionWindowModel* mModel;
     CVEditorTable* mTransactionTable;
     QLineEdit* mCategoryField;
-    CVFigureField* mSpentField = nullptr;
-    CVFigureField* mPlannedField = nullptr;
+    CVCopyableField* mSpentField = nullptr;
+    CVCopyableField* mPlannedField = nullptr;
     /// The misspelt name is also the control's object name.
-    CVFigureField* mDiffereceField = nullptr;
+    CVCopyableField* mDiffereceField = nullptr;
     double mSpent = 0;
     double mPlanned = 0;
 };

@@ -28,9 +28,9 @@ QString abbreviated(const QString& folder) {
     return QDir::toNativeSeparators('~' + folder.sliced(home.size()));
 }
 
-/// Whether another modal window waits for an answer; that window is brought to the front. The budget that it asks about
-/// must not be replaced meanwhile.
-bool isOtherWindowWaiting() {
+/// Brings another modal window to the front that waits for an answer; false when there is none. The budget that such a
+/// window asks about must not be replaced meanwhile.
+bool leadToWaitingWindow() {
     QWidget* const waiting = QApplication::activeModalWidget();
     if (!waiting)
         return false;
@@ -83,7 +83,7 @@ void CVDataFilePane::load() {
 }
 
 void CVDataFilePane::changeFileLocation() {
-    if (isOtherWindowWaiting())
+    if (leadToWaitingWindow())
         return;
     const auto path = choosePath();
     const auto present = store().defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
@@ -147,7 +147,7 @@ void CVDataFilePane::moveDocument(const QString& path) {
 }
 
 void CVDataFilePane::useDocument(const QString& path) {
-    if (isOtherWindowWaiting())
+    if (leadToWaitingWindow())
         return;
     const QString failure = mHost.waitForSaves();
     if (!failure.isEmpty()) {
@@ -175,7 +175,7 @@ bool CVDataFilePane::keepLocation(const QString& path, const std::optional<QStri
 }
 
 void CVDataFilePane::clearDataFile() {
-    if (isOtherWindowWaiting())
+    if (leadToWaitingWindow())
         return;
     CVAlert first{
         tr("Are you sure you want to clear your Corvella data file?"),
@@ -192,7 +192,7 @@ void CVDataFilePane::clearDataFile() {
                    tr("Yes, Continue"), tr("No, Stop!")};
     second.style = CVAlert::Style::Critical;
     // The main window was usable during the alert and may have opened a modal window.
-    if (mAlerts.run(this, second) != CVAlert::kDefault || isOtherWindowWaiting())
+    if (mAlerts.run(this, second) != CVAlert::kDefault || leadToWaitingWindow())
         return;
     mDocument->reset_to_default_info();
     store().announce();

@@ -80,12 +80,12 @@ private:
         while (mPosition < mBytes.size() && isLetter(mBytes[mPosition]))
             ++mPosition;
         if (mPosition == start)
-            return obeySymbol(mBytes[mPosition++]);
+            return readSymbol(mBytes[mPosition++]);
         const std::string_view word = mBytes.substr(start, mPosition - start);
         const std::optional<int> number = readNumber();
         if (mPosition < mBytes.size() && mBytes[mPosition] == ' ')
             ++mPosition;
-        obeyWord(word, number);
+        readWord(word, number);
     }
 
     std::optional<int> readNumber() {
@@ -104,7 +104,7 @@ private:
         return number;
     }
 
-    void obeySymbol(char symbol) {
+    void readSymbol(char symbol) {
         if (symbol == '\'') {
             bool isNumber = false;
             const QByteArray digits(mBytes.substr(mPosition, 2).data(),
@@ -116,10 +116,10 @@ private:
         } else if (symbol == '\\' || symbol == '{' || symbol == '}')
             append(QLatin1Char(symbol));
         else
-            obeyWord({&symbol, 1}, std::nullopt);
+            readWord({&symbol, 1}, std::nullopt);
     }
 
-    void obeyWord(std::string_view word, std::optional<int> number) {
+    void readWord(std::string_view word, std::optional<int> number) {
         const auto* const character =
             std::find_if(kCharacters.begin(), kCharacters.end(), [word](const Character& c) { return c.word == word; });
         if (character != kCharacters.end())

@@ -63,7 +63,7 @@ public:
         case CVGlyph::Shape::Calendar:
             drawCalendar(*painter);
             break;
-        case CVGlyph::Shape::SmallTax:
+        case CVGlyph::Shape::Check:
             drawCheck(*painter);
             break;
         case CVGlyph::Shape::Flag:

@@ -5,7 +5,7 @@
 /// Small pictures drawn in the text colour of the current palette, sharp at every size and scale.
 namespace CVGlyph {
 
-enum class Shape { Calendar, SmallTax, Flag, Search };
+enum class Shape { Calendar, Check, Flag, Search };
 
 [[nodiscard]] QIcon icon(Shape shape);
 

@@ -7,11 +7,11 @@
 #include "widgets/tables/CVCommitOpenEditor.h"
 #include "widgets/tables/CVTableView.h"
 #include "workspace/CVMainMenu.h"
+#include "workspace/budgettabs/CVReportsTab.h"
+#include "workspace/budgettabs/CVSummaryTab.h"
 #include "workspace/controls/CVEntryStrip.h"
 #include "workspace/controls/CVSaveStatus.h"
 #include "workspace/controls/CVSetPicker.h"
-#include "workspace/figures/CVReportsTab.h"
-#include "workspace/figures/CVSummaryTab.h"
 #include "workspace/transactions/CVTransactionTableView.h"
 #include "workspace/transactions/CVTransactionsTab.h"
 

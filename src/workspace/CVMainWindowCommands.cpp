@@ -3,9 +3,9 @@
 #include "workspace/CVMainMenu.h"
 #include "workspace/CVMainWindow.h"
 #include "workspace/CVMainWindowController.h"
+#include "workspace/budgettabs/CVReportsTab.h"
+#include "workspace/budgettabs/CVSummaryTabController.h"
 #include "workspace/controls/CVSearchField.h"
-#include "workspace/figures/CVReportsTab.h"
-#include "workspace/figures/CVSummaryTabController.h"
 #include "workspace/transactions/CVTransactionsTab.h"
 
 #include <QTabWidget>

@@ -15,13 +15,13 @@
 #include "workspace/CVMainMenu.h"
 #include "workspace/CVMainWindow.h"
 #include "workspace/CVMainWindowCommands.h"
+#include "workspace/budgettabs/CVReportsTab.h"
+#include "workspace/budgettabs/CVReportsTabController.h"
+#include "workspace/budgettabs/CVSummaryTab.h"
+#include "workspace/budgettabs/CVSummaryTabController.h"
 #include "workspace/controls/CVEntryStrip.h"
 #include "workspace/controls/CVRangeControls.h"
 #include "workspace/controls/CVSaveStatus.h"
-#include "workspace/figures/CVReportsTab.h"
-#include "workspace/figures/CVReportsTabController.h"
-#include "workspace/figures/CVSummaryTab.h"
-#include "workspace/figures/CVSummaryTabController.h"
 #include "workspace/transactions/CVTransactionTableView.h"
 #include "workspace/transactions/CVTransactionsTab.h"
 #include "workspace/transactions/CVTransactionsTabController.h"
@@ -46,11 +46,11 @@ CVMainWindowController::CVMainWindowController(CVDocument& document, CVAlerts& a
     , mContents(document, QBDate::date(), document.userDefaults().integerForKey(CVDefaultsKeys::kPeriodType))
     , mPrintCommands(mContents, alerts, document.userDefaults())
     , mWindow(std::make_unique<CVMainWindow>(mContents))
-    , mTransactionsTab(std::make_unique<CVTransactionsTabController>(document, mContents.list(),
-                                                                     mWindow->transactionsTab(), alerts, panels))
-    , mSummaryTab(std::make_unique<CVSummaryTabController>(document, mContents, mWindow->summaryTab()))
-    , mReportsTab(std::make_unique<CVReportsTabController>(document, mContents, mWindow->reportsTab()))
-    , mCommands(std::make_unique<CVMainWindowCommands>(*mWindow, *this, *mSummaryTab)) {
+    , mListController(std::make_unique<CVTransactionsTabController>(document, mContents.list(),
+                                                                    mWindow->transactionsTab(), alerts, panels))
+    , mSummaryController(std::make_unique<CVSummaryTabController>(document, mContents, mWindow->summaryTab()))
+    , mReportsController(std::make_unique<CVReportsTabController>(document, mContents, mWindow->reportsTab()))
+    , mCommands(std::make_unique<CVMainWindowCommands>(*mWindow, *this, *mSummaryController)) {
     windowDidLoad();
 }
 
@@ -100,11 +100,11 @@ void CVMainWindowController::getStarted() {
 
 void CVMainWindowController::reloadAllTables() {
     if (mDisplayTab == CVMainWindow::kSummary)
-        mSummaryTab->reload();
+        mSummaryController->reload();
     else if (mDisplayTab == CVMainWindow::kReports)
-        mReportsTab->reload();
+        mReportsController->reload();
     else
-        mTransactionsTab->reload();
+        mListController->reload();
     updateCommands();
 }
 
@@ -146,16 +146,16 @@ void CVMainWindowController::showProblem(const CVEntryProblem& problem) {
 }
 
 void CVMainWindowController::removeTransaction() {
-    mTransactionsTab->removeTransaction();
+    mListController->removeTransaction();
 }
 
 void CVMainWindowController::detectDuplicates() {
     mWindow->tabs().setCurrentIndex(CVMainWindow::kTransactions);
-    mTransactionsTab->detectDuplicates();
+    mListController->detectDuplicates();
 }
 
 void CVMainWindowController::exportTransactions() {
-    mTransactionsTab->exportTransactions();
+    mListController->exportTransactions();
 }
 
 void CVMainWindowController::printTransactions(CVPrintWay way) {
@@ -167,7 +167,7 @@ void CVMainWindowController::printSummary(CVPrintWay way) {
 }
 
 void CVMainWindowController::printReport(CVPrintWay way) {
-    mPrintCommands.printReport(*mWindow, mReportsTab->reportTab(), way);
+    mPrintCommands.printReport(*mWindow, mReportsController->reportTab(), way);
 }
 
 void CVMainWindowController::printShownTab(CVPrintWay way) {
@@ -219,7 +219,7 @@ void CVMainWindowController::readViewState() {
     };
     mDisplayTab = indexForKey(CVDefaultsKeys::kDisplayTab, mWindow->tabs().count());
     mWindow->tabs().setCurrentIndex(mDisplayTab);
-    mReportsTab->restoreReportTab();
+    mReportsController->restoreReportTab();
     mContents.list().setTransactionPeriod(indexForKey(CVDefaultsKeys::kTransactionPeriod, kCVRangePresets));
     mWindow->transactionsTab().rangeControls().setPreset(mContents.list().transactionPeriod());
     mContents.reports().setReportPeriod(indexForKey(CVDefaultsKeys::kReportPeriod, kCVRangePresets));
@@ -262,19 +262,19 @@ void CVMainWindowController::connectWindow() {
 
 void CVMainWindowController::connectParts() {
     using Self = CVMainWindowController;
-    const CVTransactionsTabController* const list = mTransactionsTab.get();
-    connect(&mWindow->menu(), &CVMainMenu::sortRequested, list, &CVTransactionsTabController::sortByColumn);
-    connect(list, &CVTransactionsTabController::listChanged, this, &Self::reloadAllTables);
-    connect(list, &CVTransactionsTabController::presetPicked, this, &Self::presetPicked);
-    connect(list, &CVTransactionsTabController::transactionsRemoved, this, &Self::getStarted);
-    connect(list, &CVTransactionsTabController::remarked, &saveStatus(), &CVSaveStatus::remark);
-    connect(mSummaryTab.get(), &CVSummaryTabController::periodsChanged, this, &Self::reloadAllTables);
-    connect(mSummaryTab.get(), &CVSummaryTabController::cellOpened, this, [this](const auto& transactions) {
+    const CVTransactionsTabController* const controller = mListController.get();
+    connect(&mWindow->menu(), &CVMainMenu::sortRequested, controller, &CVTransactionsTabController::sortByColumn);
+    connect(controller, &CVTransactionsTabController::listChanged, this, &Self::reloadAllTables);
+    connect(controller, &CVTransactionsTabController::presetPicked, this, &Self::presetPicked);
+    connect(controller, &CVTransactionsTabController::transactionsRemoved, this, &Self::getStarted);
+    connect(controller, &CVTransactionsTabController::remarked, &saveStatus(), &CVSaveStatus::remark);
+    connect(mSummaryController.get(), &CVSummaryTabController::periodsChanged, this, &Self::reloadAllTables);
+    connect(mSummaryController.get(), &CVSummaryTabController::cellOpened, this, [this](const auto& transactions) {
         if (mDocumentWindows)
             mDocumentWindows->createTransactionController(transactions);
     });
-    connect(mReportsTab.get(), &CVReportsTabController::changed, this, &Self::reloadAllTables);
-    connect(mReportsTab.get(), &CVReportsTabController::presetPicked, this, &Self::presetPicked);
+    connect(mReportsController.get(), &CVReportsTabController::changed, this, &Self::reloadAllTables);
+    connect(mReportsController.get(), &CVReportsTabController::presetPicked, this, &Self::presetPicked);
     connect(mCommands.get(), &CVMainWindowCommands::applicationCommandChosen, this, &Self::applicationCommandChosen);
 }
 
@@ -297,7 +297,7 @@ void CVMainWindowController::observeNotifications() {
 
 void CVMainWindowController::mainSetup() {
     mContents.list().rebuild();
-    mSummaryTab->placePeriods();
+    mSummaryController->placePeriods();
 }
 
 /// Sets the ranges of list and reports from their presets and shows them.
@@ -360,7 +360,7 @@ void CVMainWindowController::showCategoryItems() {
 void CVMainWindowController::handleCategoryUpdate() {
     showCategoryItems();
     // The search text or the sort order may depend on the changed name.
-    if (!mTransactionsTab->keepsRows())
+    if (!mListController->keepsRows())
         mContents.list().refilter();
     reloadAllTables();
 }

@@ -118,8 +118,8 @@ private:
     /// True while the window is set up; signals of its controls are then not choices of the user.
     bool _cv_setting_up = false;
     std::unique_ptr<CVMainWindow> mWindow;
-    std::unique_ptr<CVTransactionsTabController> mTransactionsTab;
-    std::unique_ptr<CVSummaryTabController> mSummaryTab;
-    std::unique_ptr<CVReportsTabController> mReportsTab;
+    std::unique_ptr<CVTransactionsTabController> mListController;
+    std::unique_ptr<CVSummaryTabController> mSummaryController;
+    std::unique_ptr<CVReportsTabController> mReportsController;
     std::unique_ptr<CVMainWindowCommands> mCommands;
 };

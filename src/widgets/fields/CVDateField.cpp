@@ -30,10 +30,10 @@ CVDateField::CVDateField(QWidget* parent) : CVFormattedField(parent), mDate(QBDa
     open->setToolTip(tr("Show a calendar (Alt+Down)"));
     connect(open, &QAction::triggered, this, &CVDateField::showCalendar);
     // For a change by the user textEdited comes before textChanged, so checkTyped() still sees the former count in
-    // mStrangers.
+    // mForeignCharacters.
     connect(this, &QLineEdit::textEdited, this, &CVDateField::checkTyped);
     connect(this, &QLineEdit::textChanged, this,
-            [this](const QString& text) { mStrangers = mFormatter.countForeignCharacters(text); });
+            [this](const QString& text) { mForeignCharacters = mFormatter.countForeignCharacters(text); });
     showValue();
 }
 
@@ -138,8 +138,8 @@ void CVDateField::choose(const QBDate& date) {
 }
 
 void CVDateField::checkTyped(const QString& text) {
-    const auto strangers = mFormatter.countForeignCharacters(text);
-    if (strangers > mStrangers)
+    const auto foreign = mFormatter.countForeignCharacters(text);
+    if (foreign > mForeignCharacters)
         QApplication::beep();
-    showNote(strangers > 0 ? expectation() : QString());
+    showNote(foreign > 0 ? expectation() : QString());
 }

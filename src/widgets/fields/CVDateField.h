@@ -48,5 +48,5 @@ private:
     /// The day that was last set by the program or announced by `dateEntered`.
     QBDate mKnownDate;
     /// The number of characters in the text that no date can contain.
-    qsizetype mStrangers = 0;
+    qsizetype mForeignCharacters = 0;
 };

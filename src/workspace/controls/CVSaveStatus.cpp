@@ -56,7 +56,7 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
 
 void CVSaveStatus::setSaving() {
     mFailure.clear();
-    show(tr("Saving…"), Outcome::Open);
+    show(tr("Saving…"), Outcome::Saving);
 }
 
 void CVSaveStatus::setSaved() {
@@ -99,6 +99,6 @@ void CVSaveStatus::show(const QString& text, Outcome outcome) {
     }
     mIcon->setVisible(failed);
     // While the next attempt runs the button stays, and with it the focus.
-    if (outcome != Outcome::Open)
+    if (outcome != Outcome::Saving)
         mTryAgain->setVisible(failed);
 }

@@ -28,7 +28,7 @@ signals:
     void tryAgain();
 
 private:
-    enum class Outcome { Open, Fine, Failed };
+    enum class Outcome { Saving, Fine, Failed };
     void show(const QString& text, Outcome outcome);
     void showFailure();
 

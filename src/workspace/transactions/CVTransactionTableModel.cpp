@@ -90,7 +90,7 @@ QVariant CVTransactionTableModel::data(const QModelIndex& index, int role) const
         return value(transaction, index.column());
     case Qt::DecorationRole:
         if (index.column() == Tax && transaction.taxFlag())
-            return mSmallTax;
+            return mCheck;
         return {};
     case Qt::CheckStateRole:
         if (!isFlag(index.column()))

@@ -59,5 +59,5 @@ private:
     const CVTransactionList& mList;
     CVTransactions mRows;
     CVTransactionText mText;
-    QIcon mSmallTax = CVGlyph::icon(CVGlyph::Shape::SmallTax);
+    QIcon mCheck = CVGlyph::icon(CVGlyph::Shape::Check);
 };

@@ -4,7 +4,7 @@
 #include "model/CVTransaction.h"
 #include "widgets/CVCompactButton.h"
 #include "widgets/CVWrappingLayout.h"
-#include "widgets/fields/CVFigureField.h"
+#include "widgets/fields/CVCopyableField.h"
 #include "workspace/controls/CVMakePrintButton.h"
 #include "workspace/controls/CVRangeControls.h"
 #include "workspace/controls/CVSearchField.h"
@@ -99,16 +99,16 @@ CVWrappingLayout* CVTransactionsTab::makeFooter() {
     buttons->addWidget(print);
     buttons->addSpacing(fontMetrics().height());
     auto* const counts = new QHBoxLayout;
-    mNumberOfTransactionsField1 = CVFigureField::addTo(*counts, "mNumberOfTransactionsField1", tr("Transactions:"),
-                                                       tr("Transactions Shown"), this);
+    mNumberOfTransactionsField1 = CVCopyableField::addTo(*counts, "mNumberOfTransactionsField1", tr("Transactions:"),
+                                                         tr("Transactions Shown"), this);
     mTotalNumberOfTransactionsField1 =
-        CVFigureField::addTo(*counts, "mTotalNumberOfTransactionsField1", tr("of"), tr("Transactions Total"), this);
+        CVCopyableField::addTo(*counts, "mTotalNumberOfTransactionsField1", tr("of"), tr("Transactions Total"), this);
     auto* const sums = new QHBoxLayout;
     sums->addSpacing(fontMetrics().height());
     mTotalAmountShownField =
-        CVFigureField::addTo(*sums, "mTotalAmountShownField", tr("Shown:"), tr("Amount Shown"), this);
+        CVCopyableField::addTo(*sums, "mTotalAmountShownField", tr("Shown:"), tr("Amount Shown"), this);
     sums->addSpacing(fontMetrics().height());
-    mTotalAmountField = CVFigureField::addTo(*sums, "mTotalAmountField", tr("Total:"), tr("Amount Total"), this);
+    mTotalAmountField = CVCopyableField::addTo(*sums, "mTotalAmountField", tr("Total:"), tr("Amount Total"), this);
     auto* const footer = new CVWrappingLayout;
     for (QHBoxLayout* const part : {buttons, counts, sums})
         footer->addPart(part);

@@ -4,7 +4,7 @@
 
 #include <QWidget>
 
-class CVFigureField;
+class CVCopyableField;
 class CVRangeControls;
 class CVSearchField;
 class CVTransaction;
@@ -50,8 +50,8 @@ private:
     CVSearchField* mSearchField;
     CVTransactionTableView* mTransactionTable;
     QPushButton* mRemoveTransactionButton;
-    CVFigureField* mNumberOfTransactionsField1 = nullptr;
-    CVFigureField* mTotalNumberOfTransactionsField1 = nullptr;
-    CVFigureField* mTotalAmountShownField = nullptr;
-    CVFigureField* mTotalAmountField = nullptr;
+    CVCopyableField* mNumberOfTransactionsField1 = nullptr;
+    CVCopyableField* mTotalNumberOfTransactionsField1 = nullptr;
+    CVCopyableField* mTotalAmountShownField = nullptr;
+    CVCopyableField* mTotalAmountField = nullptr;
 };
