@@ -77,26 +77,17 @@ public:
     }
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        const qint64 palette = QGuiApplication::palette().cacheKey();
-        if (mPicture.size() == size && mMode == mode && mPalette == palette)
-            return mPicture;
-        mMode = mode;
-        mPalette = palette;
-        mPicture = QPixmap(size);
-        mPicture.fill(Qt::transparent);
-        QPainter painter(&mPicture);
+        QPixmap picture(size);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
         paint(&painter, QRect(QPoint(), size), mode, state);
-        return mPicture;
+        return picture;
     }
 
     [[nodiscard]] QIconEngine* clone() const override { return std::make_unique<GlyphEngine>(*this).release(); }
 
 private:
     CVGlyph::Shape mShape;
-    /// The last picture that was painted, kept because cells ask for the same picture again and again.
-    QPixmap mPicture;
-    QIcon::Mode mMode = QIcon::Normal;
-    qint64 mPalette = 0;
 };
 
 } // namespace

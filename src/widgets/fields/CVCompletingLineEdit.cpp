@@ -10,9 +10,8 @@
 
 namespace {
 
-/// Undoing a completion takes at most two steps: one for what was typed over it and one for the completion itself. The
-/// third step is a reserve.
-constexpr int kMostSteps = 3;
+/// A completion and the letters typed over it are at most two steps of the undo history.
+constexpr int kMostSteps = 2;
 
 bool isLetter(const QKeyEvent& event) {
     return !event.text().isEmpty() && event.text().front().isPrint() &&
