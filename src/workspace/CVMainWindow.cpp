@@ -1,8 +1,10 @@
 #include "workspace/CVMainWindow.h"
 
+#include "base/QBUserDefaults.h"
 #include "contents/CVBudgetContents.h"
 #include "widgets/CVScrollArea.h"
 #include "widgets/CVSetAccessibleName.h"
+#include "widgets/CVWindowFrame.h"
 #include "widgets/fields/CVFormattedField.h"
 #include "widgets/tables/CVCommitOpenEditor.h"
 #include "widgets/tables/CVTableView.h"
@@ -25,6 +27,12 @@ namespace {
 /// list little room.
 constexpr int kEdge = 9;
 constexpr int kGap = 6;
+
+constexpr const char* kFrameKey = "CVMainWindowController";
+constexpr const char* kColumnsKey = "CVMainWindowController Columns";
+constexpr const char* kReportColumnsKey = "CVMainWindowController Report Columns";
+constexpr int kFirstWidthInDigits = 135;
+constexpr int kFirstHeightInLines = 45;
 
 } // namespace
 
@@ -74,6 +82,21 @@ void CVMainWindow::closeEvent(QCloseEvent* event) {
     }
     emit closing();
     event->accept();
+}
+
+void CVMainWindow::restore(const QBUserDefaults& defaults) {
+    const QFontMetrics letters = fontMetrics();
+    CVWindowFrame::restore(
+        *this, defaults.dataForKey(kFrameKey),
+        {kFirstWidthInDigits * letters.horizontalAdvance('0'), kFirstHeightInLines * letters.height()});
+    mTransactionsTab->table().restoreColumns(defaults.dataForKey(kColumnsKey));
+    mReportsTab->restoreColumns(defaults.dataForKey(kReportColumnsKey));
+}
+
+void CVMainWindow::keep(QBUserDefaults& defaults) const {
+    defaults.setData(kFrameKey, saveGeometry());
+    defaults.setData(kColumnsKey, mTransactionsTab->table().saveColumns());
+    defaults.setData(kReportColumnsKey, mReportsTab->saveColumns());
 }
 
 void CVMainWindow::commitOpenEditor() {

@@ -14,6 +14,7 @@ class CVSaveStatus;
 class CVSetPicker;
 class CVSummaryTab;
 class CVTransactionsTab;
+class QBUserDefaults;
 class QTabWidget;
 
 /// Builds the main window from its parts. CVMainWindowController decides what the parts do.
@@ -38,6 +39,10 @@ public:
 
     /// Shows the names of the sets in the pop-up; fewer than two names hide the pop-up.
     void setTransactionSets(const QStringList& names, int current);
+
+    /// Restores the frame and the widths of the columns that `keep` stored, if any.
+    void restore(const QBUserDefaults& defaults);
+    void keep(QBUserDefaults& defaults) const;
 
     /// Commits what is being typed into a cell of a table.
     void commitOpenEditor();

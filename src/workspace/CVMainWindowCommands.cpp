@@ -4,6 +4,7 @@
 #include "workspace/CVMainWindow.h"
 #include "workspace/CVMainWindowController.h"
 #include "workspace/budgettabs/CVReportsTab.h"
+#include "workspace/budgettabs/CVSummaryTab.h"
 #include "workspace/budgettabs/CVSummaryTabController.h"
 #include "workspace/controls/CVSearchField.h"
 #include "workspace/transactions/CVTransactionsTab.h"
@@ -14,7 +15,13 @@ CVMainWindowCommands::CVMainWindowCommands(CVMainWindow& window, CVMainWindowCon
                                            CVSummaryTabController& summary)
     : mWindow(window)
     , mController(controller)
-    , mSummary(summary) {}
+    , mSummary(summary) {
+    connect(&mWindow.menu(), &CVMainMenu::chosen, this, &CVMainWindowCommands::choose);
+    const auto print = [this] { choose(CVCommand::Print); };
+    connect(&mWindow.transactionsTab(), &CVTransactionsTab::printRequested, this, print);
+    connect(&mWindow.summaryTab(), &CVSummaryTab::printRequested, this, print);
+    connect(&mWindow.reportsTab(), &CVReportsTab::printRequested, this, print);
+}
 
 void CVMainWindowCommands::choose(CVCommand command) {
     mWindow.commitOpenEditor();

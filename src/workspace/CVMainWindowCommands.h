@@ -7,8 +7,8 @@ class CVMainWindowController;
 class CVSummaryTabController;
 enum class CVCommand;
 
-/// Leads each command of the menus to the operation that carries it out. The arguments of the constructor outlive this
-/// object.
+/// Leads each command of the menus, and the Print buttons, to the operation that carries it out. The arguments of the
+/// constructor outlive this object.
 class CVMainWindowCommands final : public QObject {
     Q_OBJECT
 

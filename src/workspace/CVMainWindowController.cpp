@@ -6,12 +6,10 @@
 #include "base/QBUserDefaults.h"
 #include "budget/CVRangePresets.h"
 #include "contents/CVEntry.h"
-#include "model/CVCategory.h"
 #include "model/CVDocument.h"
 #include "model/CVTransactionSet.h"
-#include "widgets/CVAlerts.h"
-#include "widgets/CVWindowFrame.h"
 #include "workspace/CVDocumentWindows.h"
+#include "workspace/CVEntryController.h"
 #include "workspace/CVMainMenu.h"
 #include "workspace/CVMainWindow.h"
 #include "workspace/CVMainWindowCommands.h"
@@ -26,26 +24,15 @@
 #include "workspace/transactions/CVTransactionsTab.h"
 #include "workspace/transactions/CVTransactionsTabController.h"
 
-#include <QApplication>
 #include <QScopedValueRollback>
 #include <QTabWidget>
 
-namespace {
-
-constexpr const char* kFrameKey = "CVMainWindowController";
-constexpr const char* kColumnsKey = "CVMainWindowController Columns";
-constexpr const char* kReportColumnsKey = "CVMainWindowController Report Columns";
-constexpr int kFirstWidthInDigits = 135;
-constexpr int kFirstHeightInLines = 45;
-
-} // namespace
-
 CVMainWindowController::CVMainWindowController(CVDocument& document, CVAlerts& alerts, CVFilePanels& panels)
     : mDocument(document)
-    , mAlerts(alerts)
     , mContents(document, QBDate::date(), document.userDefaults().integerForKey(CVDefaultsKeys::kPeriodType))
     , mPrintCommands(mContents, alerts, document.userDefaults())
     , mWindow(std::make_unique<CVMainWindow>(mContents))
+    , mEntryController(std::make_unique<CVEntryController>(document, *mWindow, alerts))
     , mListController(std::make_unique<CVTransactionsTabController>(document, mContents.list(),
                                                                     mWindow->transactionsTab(), alerts, panels))
     , mSummaryController(std::make_unique<CVSummaryTabController>(document, mContents, mWindow->summaryTab()))
@@ -94,7 +81,7 @@ void CVMainWindowController::getStarted() {
     mContents.list().collectTransactions();
     setDateFieldsFromPopUp();
     mainSetup();
-    updatePaidToAutocomplete();
+    mEntryController->updatePaidToAutocomplete(mContents.list().transactions());
     reloadAllTables();
 }
 
@@ -116,33 +103,7 @@ void CVMainWindowController::changeTransactionSet(int index) {
 }
 
 void CVMainWindowController::record() {
-    mWindow->commitOpenEditor();
-    CVEntryStrip& strip = mWindow->entryStrip();
-    auto problem = strip.endEditing();
-    const CVEntry entry = strip.entry();
-    if (!problem)
-        problem = CVFirstProblemOfEntry(entry);
-    if (problem) {
-        showProblem(*problem);
-        return;
-    }
-    const auto transaction = CVInsertEntry(mDocument, entry);
-    if (mDocument.userDefaults().boolForKey(CVDefaultsKeys::kClearFields))
-        strip.clearFields();
-    mDocument.workbookSave();
-    strip.resetAmount();
-    getStarted();
-    const bool isListed = mWindow->transactionsTab().table().reveal(transaction.get());
-    strip.focusField(CVEntryField::Amount);
-    if (!isListed && mDisplayTab == CVMainWindow::kTransactions)
-        mWindow->transactionsTab().tellNotListed(*transaction);
-}
-
-void CVMainWindowController::showProblem(const CVEntryProblem& problem) {
-    if (problem.field == CVEntryField::Date)
-        QApplication::beep();
-    mAlerts.run(mWindow.get(), {problem.title, problem.message, tr("OK")});
-    mWindow->entryStrip().focusField(problem.field);
+    mEntryController->record();
 }
 
 void CVMainWindowController::removeTransaction() {
@@ -200,12 +161,12 @@ void CVMainWindowController::showPreferences() {
 
 void CVMainWindowController::windowDidLoad() {
     const QScopedValueRollback settingUp(_cv_setting_up, true);
-    restoreFrame();
+    mWindow->restore(mDocument.userDefaults());
     readViewState();
     observeNotifications();
     connectWindow();
     connectParts();
-    showCategoryItems();
+    mEntryController->showCategoryItems();
     mWindow->entryStrip().focusField(CVEntryField::Date);
     getStarted();
 }
@@ -226,36 +187,12 @@ void CVMainWindowController::readViewState() {
     mWindow->reportsTab().rangeControls().setPreset(mContents.reports().reportPeriod());
 }
 
-void CVMainWindowController::restoreFrame() {
-    const QBUserDefaults& defaults = mDocument.userDefaults();
-    const QFontMetrics letters = mWindow->fontMetrics();
-    CVWindowFrame::restore(
-        *mWindow, defaults.dataForKey(kFrameKey),
-        {kFirstWidthInDigits * letters.horizontalAdvance('0'), kFirstHeightInLines * letters.height()});
-    mWindow->transactionsTab().table().restoreColumns(defaults.dataForKey(kColumnsKey));
-    mWindow->reportsTab().restoreColumns(defaults.dataForKey(kReportColumnsKey));
-}
-
-void CVMainWindowController::saveFrame() const {
-    QBUserDefaults& defaults = mDocument.userDefaults();
-    defaults.setData(kFrameKey, mWindow->saveGeometry());
-    defaults.setData(kColumnsKey, mWindow->transactionsTab().table().saveColumns());
-    defaults.setData(kReportColumnsKey, mWindow->reportsTab().saveColumns());
-}
-
 void CVMainWindowController::connectWindow() {
     using Self = CVMainWindowController;
     connect(mWindow.get(), &CVMainWindow::transactionSetPicked, this, &Self::changeTransactionSet);
-    connect(mWindow.get(), &CVMainWindow::closing, this, &Self::saveFrame);
+    connect(mWindow.get(), &CVMainWindow::closing, this, [this] { mWindow->keep(mDocument.userDefaults()); });
     connect(mWindow.get(), &CVMainWindow::localeChanged, this, &Self::handleLocaleChange);
-    connect(&mWindow->entryStrip(), &CVEntryStrip::recordRequested, this, &Self::record);
-    connect(&mWindow->entryStrip(), &CVEntryStrip::dateRefused, this, &Self::showProblem);
     connect(&mWindow->tabs(), &QTabWidget::currentChanged, this, &Self::tabSelected);
-    connect(&mWindow->menu(), &CVMainMenu::chosen, mCommands.get(), &CVMainWindowCommands::choose);
-    const auto print = [this] { mCommands->choose(CVCommand::Print); };
-    connect(&mWindow->transactionsTab(), &CVTransactionsTab::printRequested, this, print);
-    connect(&mWindow->summaryTab(), &CVSummaryTab::printRequested, this, print);
-    connect(&mWindow->reportsTab(), &CVReportsTab::printRequested, this, print);
     connect(&mWindow->transactionsTab().table(), &CVTransactionTableView::selectedTransactionsChanged, this,
             &Self::updateCommands);
 }
@@ -263,6 +200,7 @@ void CVMainWindowController::connectWindow() {
 void CVMainWindowController::connectParts() {
     using Self = CVMainWindowController;
     const CVTransactionsTabController* const controller = mListController.get();
+    connect(mEntryController.get(), &CVEntryController::recorded, this, &Self::getStarted);
     connect(&mWindow->menu(), &CVMainMenu::sortRequested, controller, &CVTransactionsTabController::sortByColumn);
     connect(controller, &CVTransactionsTabController::listChanged, this, &Self::reloadAllTables);
     connect(controller, &CVTransactionsTabController::presetPicked, this, &Self::presetPicked);
@@ -320,13 +258,6 @@ void CVMainWindowController::showTransactionSets() {
     mWindow->setTransactionSets(names, static_cast<int>(mDocument.popupIndexOfCurrentTransactionSet()));
 }
 
-void CVMainWindowController::updatePaidToAutocomplete() {
-    mPaidToList.update(mContents.list().transactions(),
-                       mDocument.userDefaults().integerForKey(CVDefaultsKeys::kNumberOfItems));
-    mWindow->entryStrip().setPaidToItems(mPaidToList.payees());
-    mWindow->transactionsTab().table().setPaidToItems(mPaidToList.payees());
-}
-
 void CVMainWindowController::tabSelected(int index) {
     if (_cv_setting_up)
         return;
@@ -349,16 +280,8 @@ void CVMainWindowController::updateCommands() {
         menu.setEnabled(command, mPrintCommands.canPrint());
 }
 
-void CVMainWindowController::showCategoryItems() {
-    QStringList names;
-    for (const auto& category : mDocument.categories())
-        names.append(category->categoryName());
-    mWindow->entryStrip().setCategoryItems(names);
-    mWindow->transactionsTab().table().setCategoryItems(names);
-}
-
 void CVMainWindowController::handleCategoryUpdate() {
-    showCategoryItems();
+    mEntryController->showCategoryItems();
     // The search text or the sort order may depend on the changed name.
     if (!mListController->keepsRows())
         mContents.list().refilter();
@@ -376,9 +299,9 @@ void CVMainWindowController::transactionUpdated() {
 /// Reads the document again too, because clearing the data file also posts this notification.
 void CVMainWindowController::preferenceChanged() {
     mContents.list().collectTransactions();
-    showCategoryItems();
+    mEntryController->showCategoryItems();
     mainSetup();
-    updatePaidToAutocomplete();
+    mEntryController->updatePaidToAutocomplete(mContents.list().transactions());
     reloadAllTables();
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "contents/CVBudgetContents.h"
-#include "contents/CVPaidToList.h"
 #include "workspace/printing/CVPrintCommands.h"
 
 #include <QObject>
@@ -12,6 +11,7 @@
 class CVAlerts;
 class CVDocument;
 class CVDocumentWindows;
+class CVEntryController;
 class CVFilePanels;
 class CVMainWindow;
 class CVMainWindowCommands;
@@ -22,7 +22,6 @@ class CVSummaryTabController;
 class CVTransactionsTabController;
 class QMainWindow;
 enum class CVCommand;
-struct CVEntryProblem;
 
 /// Owns the main window and coordinates its parts: sets them up and reloads what is shown after a change. A part
 /// carries out the actions of each tab, the entry, printing and the commands. References the document, the alerts and
@@ -85,8 +84,6 @@ signals:
 private:
     void windowDidLoad();
     void readViewState();
-    void restoreFrame();
-    void saveFrame() const;
     void connectWindow();
     void connectParts();
     void observeNotifications();
@@ -95,12 +92,8 @@ private:
     void setDateFieldsFromPopUp();
     void presetPicked();
     void showTransactionSets();
-    void updatePaidToAutocomplete();
     void tabSelected(int index);
     void updateCommands();
-    void showProblem(const CVEntryProblem& problem);
-
-    void showCategoryItems();
     void handleCategoryUpdate();
     void transactionUpdated();
     void preferenceChanged();
@@ -108,16 +101,15 @@ private:
     void handleLocaleChange();
 
     CVDocument& mDocument;
-    CVAlerts& mAlerts;
     CVDocumentWindows* mDocumentWindows = nullptr;
     CVBudgetContents mContents;
-    CVPaidToList mPaidToList;
     CVPrintCommands mPrintCommands;
     /// The index of the visible tab, a CVMainWindow::Tab.
     int mDisplayTab = 0;
     /// True while the window is set up; signals of its controls are then not choices of the user.
     bool _cv_setting_up = false;
     std::unique_ptr<CVMainWindow> mWindow;
+    std::unique_ptr<CVEntryController> mEntryController;
     std::unique_ptr<CVTransactionsTabController> mListController;
     std::unique_ptr<CVSummaryTabController> mSummaryController;
     std::unique_ptr<CVReportsTabController> mReportsController;
