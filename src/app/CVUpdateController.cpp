@@ -16,7 +16,7 @@
 
 namespace {
 
-/// A shorter check ends before anybody could read the progress.
+/// A check that ends within this time shows no progress, because nobody could read it.
 constexpr std::chrono::milliseconds kBeforeProgress(kCVProgressDelay);
 
 const QString kName = QString::fromLatin1(CVBundle::kName);

@@ -152,7 +152,7 @@ int runOnlyWindow(CVRunningInstance& running, CVAlerts& alerts) {
     return status;
 }
 
-/// The program ends here when the named display does not answer.
+/// Ends the program when the named display does not answer.
 std::unique_ptr<QApplication> connectToDisplay(int& argc, char** argv, bool isRefused) {
     std::optional<CVRuntimeFolder> runtimeFolder(std::in_place);
     const CVDisplayRefusal refusal(isRefused ? QString()

@@ -9,8 +9,8 @@ class CVDocument;
 class CVMainWindow;
 struct CVEntryProblem;
 
-/// Records the entry strip's contents, and gives the strip and the list the payees and categories that they complete
-/// to. All references outlive this object.
+/// Records the contents of the entry strip. Gives the strip and the list the payees and categories for completion. All
+/// references outlive this object.
 class CVEntryController final : public QObject {
     Q_OBJECT
 

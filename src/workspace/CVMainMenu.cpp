@@ -45,7 +45,7 @@ struct Entry {
     const char* shortcut;
 };
 
-/// In the order of the commands, which is that of the menus.
+/// The commands in the order of CVCommand, which is also their order in the menus.
 constexpr std::array<Entry, kCVCommands> kEntries{
     {{CVCommand::Export, File, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Export Transactions…"), "Ctrl+E"},
      {CVCommand::Print, File, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "&Print…"), "Ctrl+P"},

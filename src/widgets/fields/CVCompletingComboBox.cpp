@@ -23,6 +23,7 @@ CVCompletingComboBox::CVCompletingComboBox(QWidget* parent) : CVWheelSafeComboBo
 }
 
 void CVCompletingComboBox::setItems(const QStringList& items) {
+    // Setting the text again would lose the cursor and the undo history.
     if (items == mItems)
         return;
     mItems = items;

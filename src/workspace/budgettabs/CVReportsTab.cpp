@@ -106,7 +106,7 @@ CVCategoryTable* CVReportsTab::addTable(CVReportTable table, const char* objectN
     connect(model.get(), &CVReportModel::targetEntered, this, &CVReportsTab::targetEntered);
     auto* const view = new CVCategoryTable(std::move(model), objectName, accessibleName, this);
     view->setItemDelegate(new CVReportCellDelegate(view));
-    // The tab has its own frame.
+    // The tab widget draws the frame around the table.
     view->setFrameShape(QFrame::NoFrame);
     view->setSelectionBehavior(QAbstractItemView::SelectRows);
     view->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
