@@ -3,24 +3,19 @@
 #include "budget/CVCategorySlots.h"
 #include "budget/CVTransactionRange.h"
 
-namespace {
-
-/// The most columns that any type of period takes.
-constexpr int kMostColumns = 7;
-
-} // namespace
+#include <numeric>
 
 CVGridContents::CVGridContents(const QBDate& today, int periodType, CVDisplayPeriods::Placement placement)
     : mPeriods(periodType, today, placement)
-    , mColumns(kMostColumns)
     , mGrid({}, {}, {}, {today, today}) {}
 
 void CVGridContents::reload(const CVTransactions& transactions, const CVCategories& rows) {
-    mColumns.configure(static_cast<std::size_t>(mPeriods.numberOfColumnsForDisplayPeriod()));
+    mColumns.resize(static_cast<std::size_t>(mPeriods.numberOfColumnsForDisplayPeriod()));
+    std::iota(mColumns.begin(), mColumns.end(), 1);
     mRows = rows;
     mTransactions = &transactions;
     std::vector<CVDayRange> ranges;
-    for (const int number : mColumns.shown())
+    for (const int number : mColumns)
         ranges.push_back(mPeriods.column(number));
     mGrid = CVBudgetGrid(transactions, CVIDsOfCategories(rows), ranges, mPeriods.displayRange());
 }

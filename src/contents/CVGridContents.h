@@ -2,7 +2,6 @@
 
 #include "budget/CVBudgetGrid.h"
 #include "budget/CVDisplayPeriods.h"
-#include "budget/CVGridColumns.h"
 
 /// The contents of the summary, on the screen or on paper: the periods and their columns, the categories in rows and
 /// the sums of the last reload. Rows and columns are counted from 0.
@@ -14,14 +13,13 @@ public:
     [[nodiscard]] CVDisplayPeriods& periods() { return mPeriods; }
     [[nodiscard]] const CVDisplayPeriods& periods() const { return mPeriods; }
 
-    /// Computes all sums anew, in one walk over the transactions. References the transactions until the next reload, so
-    /// they must outlive every question about them.
+    /// Computes all sums anew, in one walk over the transactions. `transactions` must exist until the next reload.
     void reload(const CVTransactions& transactions, const CVCategories& rows);
     void reload(CVTransactions&& transactions, const CVCategories& rows) = delete;
 
     [[nodiscard]] const CVCategories& rows() const { return mRows; }
-    /// The numbers, from 1 on, of the columns that are shown.
-    [[nodiscard]] const std::vector<int>& columns() const { return mColumns.shown(); }
+    /// The numbers of the columns, from 1 on.
+    [[nodiscard]] const std::vector<int>& columns() const { return mColumns; }
     [[nodiscard]] const CVBudgetGrid& grid() const { return mGrid; }
     /// Whether no cell and no total shows a number; without rows none does.
     [[nodiscard]] bool isEmpty() const;
@@ -38,7 +36,7 @@ private:
     [[nodiscard]] bool isInside(int row, int column) const;
 
     CVDisplayPeriods mPeriods;
-    CVGridColumns mColumns;
+    std::vector<int> mColumns;
     CVCategories mRows;
     CVBudgetGrid mGrid;
     /// The transactions of the last reload; null before the first one.
