@@ -11,8 +11,11 @@ std::vector<quint32> CVIDsOfCategories(const CVCategories& categories) {
 }
 
 CVCategorySlots::CVCategorySlots(std::span<const quint32> categoryIDs) {
-    for (const quint32 id : categoryIDs) {
-        if (mSlots.insert(id, mCount))
-            ++mCount;
-    }
+    for (const quint32 id : categoryIDs)
+        mSlots.emplace(id, mSlots.size());
+}
+
+std::size_t CVCategorySlots::slotOf(quint32 id) const {
+    const auto found = mSlots.find(id);
+    return found == mSlots.end() ? kNone : found->second;
 }

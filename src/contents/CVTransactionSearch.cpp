@@ -2,7 +2,6 @@
 
 #include "base/QBNumberText.h"
 #include "format/QBLocale.h"
-#include "model/CVIDMap.h"
 #include "model/CVTransaction.h"
 
 #include <QCoreApplication>
@@ -12,6 +11,7 @@
 #include <array>
 #include <cmath>
 #include <iterator>
+#include <unordered_map>
 
 namespace {
 
@@ -87,19 +87,15 @@ public:
     explicit CategoryMatcher(const QString& pattern) : mMatcher(pattern) {}
 
     [[nodiscard]] bool matches(const CVTransaction& transaction) {
-        const Answer known = mAnswers.find(transaction.categoryID());
-        if (known != Answer::Unknown)
-            return known == Answer::Yes;
-        const bool matches = mMatcher.matches(transaction.categoryName());
-        mAnswers.insert(transaction.categoryID(), matches ? Answer::Yes : Answer::No);
-        return matches;
+        const auto [answer, isNew] = mAnswers.try_emplace(transaction.categoryID(), false);
+        if (isNew)
+            answer->second = mMatcher.matches(transaction.categoryName());
+        return answer->second;
     }
 
 private:
-    enum class Answer : quint8 { Unknown, No, Yes };
-
     TextMatcher mMatcher;
-    CVIDMap<Answer> mAnswers{Answer::Unknown};
+    std::unordered_map<quint32, bool> mAnswers;
 };
 
 Rows searchAllTexts(const Rows& transactions, const QString& text) {

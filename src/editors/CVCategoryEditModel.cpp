@@ -30,9 +30,9 @@ CVCategoryEditModel::CVCategoryEditModel(const CVDocument& document, QObject* pa
 void CVCategoryEditModel::reload() {
     beginResetModel();
     mCategoryArray = mDocument.categories();
-    mUsed = CVIDMap<bool>(false);
+    mUsed.clear();
     for (const auto& transaction : mDocument.transactions())
-        mUsed.insert(transaction->categoryID(), true);
+        mUsed.insert(transaction->categoryID());
     endResetModel();
 }
 
@@ -60,7 +60,7 @@ int CVCategoryEditModel::rowOf(const CVCategory* category) const {
 }
 
 bool CVCategoryEditModel::isInUse(int row) const {
-    return mUsed.find(category(row)->uniqueID());
+    return mUsed.contains(category(row)->uniqueID());
 }
 
 int CVCategoryEditModel::rowCount(const QModelIndex& parent) const {

@@ -2,7 +2,8 @@
 
 #include "editors/CVEditorModel.h"
 #include "model/CVCollections.h"
-#include "model/CVIDMap.h"
+
+#include <unordered_set>
 
 class CVDocument;
 
@@ -36,6 +37,6 @@ protected:
 private:
     const CVDocument& mDocument;
     CVCategories mCategoryArray;
-    /// Whether a category is in use, by category ID.
-    CVIDMap<bool> mUsed{false};
+    /// The IDs of the categories in use.
+    std::unordered_set<quint32> mUsed;
 };

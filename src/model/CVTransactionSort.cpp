@@ -1,13 +1,12 @@
 #include "model/CVTransactionSort.h"
 
 #include "model/CVCategory.h"
-#include "model/CVCategoryLookup.h"
-#include "model/CVIDMap.h"
 #include "model/CVTextRanks.h"
 #include "model/CVTransaction.h"
 #include "model/CVTransactionColumns.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 namespace {
 
@@ -56,17 +55,17 @@ public:
             names.add(category->categoryName());
         names.rank();
         // The first of several categories with the same ID counts.
-        const CVCategoryLookup firsts(categories);
-        for (const auto& category : categories) {
-            if (firsts.find(category->uniqueID()) == category.get())
-                mRanks.insert(category->uniqueID(), names.rankOf(category->categoryName()));
-        }
+        for (const auto& category : categories)
+            mRanks.emplace(category->uniqueID(), names.rankOf(category->categoryName()));
     }
 
-    [[nodiscard]] int of(const CVTransaction& transaction) const { return mRanks.find(transaction.categoryID()); }
+    [[nodiscard]] int of(const CVTransaction& transaction) const {
+        const auto found = mRanks.find(transaction.categoryID());
+        return found == mRanks.end() ? CVTextRanks::kNoRank : found->second;
+    }
 
 private:
-    CVIDMap<int> mRanks{CVTextRanks::kNoRank};
+    std::unordered_map<quint32, int> mRanks;
 };
 
 template <typename Key, typename KeyOf>
