@@ -54,7 +54,7 @@ void showLastWeek(const CVDocument& document) {
     showGrid(document, columns, periods.displayRange());
 }
 
-/// The most work that as many columns can make: every transaction lies in one of them.
+/// Shows columns that hold all transactions, which is the most work for this number of columns.
 void showAllInColumns(const CVDocument& document) {
     const CVDayRange whole = wholeRange(document);
     std::vector<CVDayRange> columns;

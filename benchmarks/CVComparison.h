@@ -9,8 +9,8 @@ class State;
 }
 
 /// Runs a yardstick and the piece of the program that is measured by it in turn, once each per iteration of `state`;
-/// each tells its seconds. Reports the ratio of their medians as the counter "measured", and both as "yardstick" and
-/// "subject".
+/// both functions return the seconds that they took. Reports the ratio of their medians as the counter "measured", and
+/// both as "yardstick" and "subject".
 void CVCompareSeconds(benchmark::State& state, const std::function<double()>& yardstick,
                       const std::function<double()>& subject);
 

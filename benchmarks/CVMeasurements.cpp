@@ -11,7 +11,7 @@ using benchmark::State;
 constexpr std::size_t kMiddle = 100'000;
 constexpr std::size_t kLarge = 1'000'000;
 constexpr int kRounds = 20;
-/// A hundred thousand transactions are two thousand pages, which take many seconds.
+/// Few rounds, because the two thousand pages of 100,000 transactions take many seconds.
 constexpr int kRoundsOfPages = 5;
 
 constexpr const char* kWalk = "plain walk";
@@ -23,13 +23,13 @@ constexpr CVMeasurement measurement(const char* title, const char* unit, double 
     return {title, unit, {{{kMiddle, kRounds, limit}, {kLarge, kRounds, largeLimit}}}, measure};
 }
 
-/// One change, or another view of the budget.
+/// One small change, or another view of the budget.
 constexpr CVMeasurement step(const char* title, Measure measure) {
     return measurement(title, CVMeasurement::kMilliseconds, 50, 400, measure);
 }
 
-/// What moves or removes very many lines.
-constexpr CVMeasurement upheaval(const char* title, Measure measure) {
+/// A change that moves or removes very many lines.
+constexpr CVMeasurement largeStep(const char* title, Measure measure) {
     return measurement(title, CVMeasurement::kMilliseconds, 100, 1000, measure);
 }
 
@@ -67,12 +67,12 @@ constexpr auto kMeasurements = std::to_array<CVMeasurement>({
     step("Another period of the reports", CVMeasurePeriodOfReports),
     step("Edit a cell", CVMeasureCellEdit),
     step("Remove one", CVMeasureRemoveOne),
-    upheaval("Sort by date", measureSorting<CVTransactionColumns::Date>),
-    upheaval("Sort by amount", measureSorting<CVTransactionColumns::Amount>),
-    upheaval("Sort by payee", measureSorting<CVTransactionColumns::ToFrom>),
-    upheaval("Sort by what it was for", measureSorting<CVTransactionColumns::For>),
-    upheaval("Sort by category", measureSorting<CVTransactionColumns::Category>),
-    upheaval("Remove half of all", CVMeasureRemoveHalf),
+    largeStep("Sort by date", measureSorting<CVTransactionColumns::Date>),
+    largeStep("Sort by amount", measureSorting<CVTransactionColumns::Amount>),
+    largeStep("Sort by payee", measureSorting<CVTransactionColumns::ToFrom>),
+    largeStep("Sort by what it was for", measureSorting<CVTransactionColumns::For>),
+    largeStep("Sort by category", measureSorting<CVTransactionColumns::Category>),
+    largeStep("Remove half of all", CVMeasureRemoveHalf),
     measurement("From start to usable window", "CPU of an empty window and a bare SAX parse", 2.2, 1.8, CVMeasureStart),
     {"From start to usable window, empty budget",
      "CPU of an empty window",

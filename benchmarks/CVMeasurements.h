@@ -11,13 +11,13 @@ class State;
 /// A line of the table that the benchmarks end with.
 struct CVMeasurement {
     static constexpr double kNoLimit = 0;
-    /// The unit of measurements that are no multiples of a yardstick.
+    /// The unit of the measurements that are no multiples of a yardstick.
     static constexpr const char* kMilliseconds = "ms";
 
     struct Size {
-        /// Of the budget.
+        /// The number of transactions of the budget.
         std::size_t transactions;
-        /// How often the measurement is taken; 0: not at this size.
+        /// The number of measurements; with 0 the measurement is not measured at this size.
         int rounds;
         /// The highest value allowed, or `kNoLimit`.
         double limit;
@@ -28,7 +28,7 @@ struct CVMeasurement {
     const char* title;
     /// The yardstick of which the measurement is a multiple, or `kMilliseconds`.
     const char* unit;
-    /// By column of the table.
+    /// The two sizes of the table's columns, the smaller first.
     std::array<Size, 2> sizes;
     /// Measures once per iteration of `state` and reports the counter "measured".
     void (*measure)(benchmark::State& state, std::size_t transactions);
@@ -36,26 +36,26 @@ struct CVMeasurement {
     [[nodiscard]] bool isTime() const { return unit == kMilliseconds; }
 };
 
-/// In the order of the table.
+/// All measurements, in the order of the table.
 [[nodiscard]] std::span<const CVMeasurement> CVMeasurements();
 
-/// What a click or a key in the main window does.
+/// These measure a click or a key in the main window.
 void CVMeasureRecord(benchmark::State& state, std::size_t transactions);
 void CVMeasureCellEdit(benchmark::State& state, std::size_t transactions);
 void CVMeasureRemoveOne(benchmark::State& state, std::size_t transactions);
 void CVMeasureRemoveHalf(benchmark::State& state, std::size_t transactions);
-/// The key that adds the letter `letter` of a word, from 1 on.
+/// Types the key that adds the letter `letter` of a word, from 1 on.
 void CVMeasureSearchKey(benchmark::State& state, std::size_t transactions, int letter);
 void CVMeasureSearchCleared(benchmark::State& state, std::size_t transactions);
-/// By `CVMainWindow::Tab`.
+/// Shows the tab `tab`, a `CVMainWindow::Tab`.
 void CVMeasureTab(benchmark::State& state, std::size_t transactions, int tab);
 void CVMeasurePeriodOfList(benchmark::State& state, std::size_t transactions);
 void CVMeasurePeriodOfSummary(benchmark::State& state, std::size_t transactions);
 void CVMeasurePeriodOfReports(benchmark::State& state, std::size_t transactions);
-/// By `CVTransactionColumns::Column`.
+/// Sorts by the column `column`, a `CVTransactionColumns::Column`.
 void CVMeasureSorting(benchmark::State& state, std::size_t transactions, int column);
 
-/// What starting the program takes.
+/// These measure the start of the program.
 void CVMeasureStart(benchmark::State& state, std::size_t transactions);
 void CVMeasureEmptyStart(benchmark::State& state, std::size_t transactions);
 

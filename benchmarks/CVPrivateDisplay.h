@@ -14,9 +14,10 @@ public:
     CVPrivateDisplay(const CVPrivateDisplay&) = delete;
     CVPrivateDisplay& operator=(const CVPrivateDisplay&) = delete;
 
-    /// What DISPLAY is set to for a program.
+    /// The value of DISPLAY for a program that is to be shown there.
     [[nodiscard]] QString name() const { return mName; }
-    /// Waits until a window of that title is shown, from the last call on; false when none is within that time.
+    /// Waits until a window with that title is shown; false when none is shown within that time. Windows that an
+    /// earlier call has found do not count.
     [[nodiscard]] bool waitForWindow(const QByteArray& title, std::chrono::seconds patience);
 
 private:

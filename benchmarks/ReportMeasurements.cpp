@@ -25,7 +25,7 @@
 
 namespace {
 
-/// The most that a start of the program may take beyond twice the bare reading of its file is twice this.
+/// The part of the yardstick that stands for starting a process; the rest is a bare parse of the file.
 constexpr std::chrono::milliseconds kStart(30);
 constexpr int kDotsPerInch = 1200;
 

@@ -38,7 +38,7 @@ void CVMeasureSave(benchmark::State& state, std::size_t transactions) {
     bool saved = true;
     CVComparison comparison;
     comparison.clock = CVClock::Wall;
-    // What is still on its way to the disk would slow down whoever comes next.
+    // Finishes earlier writes to the disk, which would slow down the next one.
     comparison.reset = [] { ::sync(); };
     comparison.yardstick = [&] { saved = replaceBare(barePath, bytes) && saved; };
     comparison.subject = [&] { saved = CVWriteDocumentText(path, text).ok() && saved; };

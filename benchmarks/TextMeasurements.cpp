@@ -37,7 +37,7 @@ void CVMeasureText(benchmark::State& state, std::size_t transactions) {
     comparison.reset = [&] {
         copy = nullptr;
         made = QByteArray();
-        // What the last round freed is not fresh memory.
+        // Gives freed memory back to the system, so that both functions write to fresh memory.
         malloc_trim(0);
         const auto& all = fixture.document().transactions();
         touch(*all[all.size() / 2]);
