@@ -12,7 +12,7 @@ void CVPlainWalk(const CVTransactions& transactions) {
         amounts += transaction->amount();
         categories += transaction->categoryID();
         if (const auto& date = transaction->effectiveDate())
-            days += date->orderKey();
+            days += date->dayOfMonth();
     }
     benchmark::DoNotOptimize(amounts);
     benchmark::DoNotOptimize(categories);

@@ -66,7 +66,7 @@ void measureSort(benchmark::State& state, std::size_t transactions, const char* 
 
 void CVMeasureSortByDate(benchmark::State& state, std::size_t transactions) {
     measureSort(state, transactions, "date", [](const CVTransaction& transaction) {
-        return std::pair(transaction.dayKey(), transaction.categoryID());
+        return std::pair(transaction.effectiveDate(), transaction.categoryID());
     });
 }
 

@@ -3,7 +3,6 @@
 #include <QDateTime>
 
 #include <compare>
-#include <limits>
 #include <optional>
 #include <string_view>
 
@@ -45,17 +44,6 @@ public:
     /// The start of the day in the local time zone.
     [[nodiscard]] QDateTime nsCalendarDate() const;
 
-    /// A number that compares as the day does, for quick walks over very many days; a missing day has the smallest
-    /// number.
-    [[nodiscard]] constexpr qint64 orderKey() const { return _qb_fields; }
-    [[nodiscard]] static constexpr qint64 orderKey(const std::optional<QBDate>& day) {
-        return day ? day->_qb_fields : kNoDay;
-    }
-    /// The day of a key that `orderKey` gave.
-    [[nodiscard]] static constexpr std::optional<QBDate> withOrderKey(qint64 key) {
-        return key == kNoDay ? std::nullopt : std::optional(QBDate(key));
-    }
-
     /// Room for the longest file form, in bytes.
     static constexpr qsizetype kXMLBound = 24;
     /// Writes the file form (year/month/day as "%04ld/%02d/%02d") to `out` and returns the position after it.
@@ -69,8 +57,6 @@ private:
     static constexpr int kMonthBits = 4;
     static constexpr qint64 kLargestDay = (1 << kDayBits) - 1;
     static constexpr qint64 kLargestMonth = (1 << kMonthBits) - 1;
-
-    static constexpr qint64 kNoDay = std::numeric_limits<qint64>::min();
 
     constexpr explicit QBDate(qint64 fields) : _qb_fields(fields) {}
     constexpr QBDate(qint64 year, qint64 month, qint64 day)

@@ -9,15 +9,6 @@ namespace {
 
 constexpr double kShowsAsZero = 0.000001;
 
-/// A range of days as order keys, which compare quickly.
-struct Days {
-    qint64 first;
-    qint64 last;
-
-    explicit Days(const CVDayRange& range) : first(range.start.orderKey()), last(range.end.orderKey()) {}
-    [[nodiscard]] bool contain(qint64 day) const { return day >= first && day <= last; }
-};
-
 } // namespace
 
 CVBudgetGrid::CVBudgetGrid(const CVTransactions& transactions, std::span<const quint32> rowCategoryIDs,
@@ -27,15 +18,15 @@ CVBudgetGrid::CVBudgetGrid(const CVTransactions& transactions, std::span<const q
     , mSums((mSlots.count() + 1) * lineLength(), 0.0) {
     for (const quint32 id : rowCategoryIDs)
         mRowSlots.push_back(id == 0 ? allSlot() : mSlots.slotOf(id));
-    std::vector<Days> ranges(columns.begin(), columns.end());
-    ranges.emplace_back(total);
+    std::vector<CVDayRange> ranges(columns.begin(), columns.end());
+    ranges.push_back(total);
     double* const all = line(allSlot());
     for (const auto& transaction : transactions) {
-        const qint64 day = transaction->dayKey();
+        const auto day = transaction->effectiveDate();
         const std::size_t slot = mSlots.slotOf(transaction->categoryID());
         double* const own = slot == CVCategorySlots::kNone ? nullptr : line(slot);
         for (std::size_t column = 0; column < ranges.size(); ++column) {
-            if (!ranges[column].contain(day))
+            if (!ranges[column].contains(day))
                 continue;
             all[column] += transaction->amount();
             if (own)

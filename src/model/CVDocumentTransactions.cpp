@@ -81,13 +81,12 @@ void CVDocument::sortTransactionsByDate() {
 std::size_t CVDocument::indexInTransactionArrayOfDate(const std::optional<QBDate>& date) const {
     auto low = std::ptrdiff_t(0);
     auto high = static_cast<std::ptrdiff_t>(mTransactions.size()) - 1;
-    const qint64 day = QBDate::orderKey(date);
     while (low <= high) {
         const std::ptrdiff_t mid = (low + high) / 2;
-        const qint64 other = mTransactions[static_cast<std::size_t>(mid)]->dayKey();
-        if (day > other)
+        const auto& other = mTransactions[static_cast<std::size_t>(mid)]->effectiveDate();
+        if (date > other)
             high = mid - 1;
-        else if (day < other)
+        else if (date < other)
             low = mid + 1;
         else
             return static_cast<std::size_t>(mid);

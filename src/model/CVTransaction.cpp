@@ -25,7 +25,7 @@ char* put(char* out, std::string_view text) {
 } // namespace
 
 CVTransaction::CVTransaction()
-    : mEffectiveDate(QBDate::date().orderKey())
+    : mEffectiveDate(QBDate::date())
     , mPayToFrom(QLatin1String(""))
     , mFor(QLatin1String("")) {}
 
@@ -38,10 +38,9 @@ std::shared_ptr<CVTransaction[]> CVTransaction::initForFileRead(std::size_t coun
 }
 
 void CVTransaction::setEffectiveDate(const std::optional<QBDate>& date) {
-    const qint64 key = QBDate::orderKey(date);
-    if (mEffectiveDate == key)
+    if (mEffectiveDate == date)
         return;
-    mEffectiveDate = key;
+    mEffectiveDate = date;
     mXMLString = {};
 }
 
@@ -176,7 +175,7 @@ void CVTransaction::readAttributes(CVXMLAttributes attributes) {
 void CVTransaction::readData(CVXMLAttributes attributes) {
     for (; attributes && *attributes; attributes += 2) {
         if (CVIsNamed(*attributes, "date"))
-            mEffectiveDate = QBDate::orderKey(QBDate::optimizedDateWithCStringXMLFormat(attributes[1]));
+            mEffectiveDate = QBDate::optimizedDateWithCStringXMLFormat(attributes[1]);
         else if (CVIsNamed(*attributes, "amount"))
             mAmount = QBNumberText::leadingDouble(attributes[1]);
     }

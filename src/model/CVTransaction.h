@@ -28,9 +28,7 @@ public:
     [[nodiscard]] static std::shared_ptr<CVTransaction[]> initForFileRead(std::size_t count);
     explicit CVTransaction(FileRead /*passkey*/) {}
 
-    [[nodiscard]] std::optional<QBDate> effectiveDate() const { return QBDate::withOrderKey(mEffectiveDate); }
-    /// The order key of its date, for walks over all transactions; a missing date has the smallest key.
-    [[nodiscard]] qint64 dayKey() const { return mEffectiveDate; }
+    [[nodiscard]] const std::optional<QBDate>& effectiveDate() const { return mEffectiveDate; }
     [[nodiscard]] const QString& payTo() const { return mPayToFrom; }
     [[nodiscard]] const QString& xfor() const { return mFor; }
     [[nodiscard]] double amount() const { return mAmount; }
@@ -70,9 +68,7 @@ private:
     void readData(CVXMLAttributes attributes);
     [[nodiscard]] char* write(char* out) const;
 
-    /// An order key of QBDate. This field and the next are what walks over all transactions read, so they are side by
-    /// side.
-    qint64 mEffectiveDate = QBDate::orderKey(std::nullopt);
+    std::optional<QBDate> mEffectiveDate;
     double mAmount = 0;
     quint32 mCategoryID = 0;
     quint32 mTransactionSetID = 0;

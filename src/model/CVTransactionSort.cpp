@@ -30,7 +30,7 @@ struct RankKey {
 };
 
 struct DateKey {
-    qint64 day;
+    std::optional<QBDate> day;
     int categoryRank;
     quint32 index;
 
@@ -88,7 +88,7 @@ void sortBy(Transactions& transactions, bool descending, KeyOf keyOf) {
 void sortByDate(Transactions& transactions, bool descending, const CVCategories& categories) {
     sortBy<DateKey>(transactions, descending,
                     [ranks = CategoryRanks(categories)](const CVTransaction& transaction, quint32 index) -> DateKey {
-                        return {transaction.dayKey(), ranks.of(transaction), index};
+                        return {transaction.effectiveDate(), ranks.of(transaction), index};
                     });
 }
 
