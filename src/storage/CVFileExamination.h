@@ -28,8 +28,8 @@ public:
     /// libxml2 does not read UTF-32 and takes such a file for an empty one.
     [[nodiscard]] bool isUtf32() const { return mIsUtf32; }
     /// Whether a start tag has more than `kMostAttributes` attributes. Text that looks like a start tag does not count
-    /// within a comment or a marked section. From the first of these places on it counts there too, because libxml2 may
-    /// read it as an element:
+    /// within a comment or a marked section. After any of the following it counts there too, because libxml2 may read
+    /// it as an element:
     /// - a document type or another declaration (`<!` that opens neither a comment nor a section, even if it breaks
     ///   off): its quoted values may hold what looks like the start of a comment;
     /// - a processing instruction (`<?`, but not the declaration at the beginning of the file), for the same reason;
@@ -65,7 +65,6 @@ private:
     static const Skippable kSection;
 
     void read(QByteArrayView bytes);
-    void readPart(QByteArrayView bytes);
     [[nodiscard]] qsizetype nextOfInterest(QByteArrayView bytes, qsizetype at);
     void readByte(char byte);
     void forgetCharacter();
