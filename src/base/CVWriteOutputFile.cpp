@@ -12,6 +12,10 @@
 
 namespace {
 
+struct OutputFileText {
+    Q_DECLARE_TR_FUNCTIONS(CVWriteOutputFile)
+};
+
 std::optional<QString> failureIn(const CVFileResult& result) {
     return result.ok() ? std::nullopt : std::optional(result.error);
 }
@@ -30,7 +34,7 @@ std::optional<QString> writeThrough(const QString& path, const CVFileContent& wr
 std::optional<QString> refusal(const QString& path, const QStringList& spared) {
     for (const QString& file : spared) {
         if (CVIsSameFile(path, file))
-            return QCoreApplication::translate("CVWriteOutputFile", "it is the data file that holds a budget");
+            return OutputFileText::tr("it is the data file that holds a budget");
     }
     return std::nullopt;
 }

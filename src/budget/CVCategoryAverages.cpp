@@ -6,11 +6,17 @@
 #include "model/CVCategory.h"
 #include "model/CVExpenseFrequency.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <array>
 #include <limits>
 
 namespace {
+
+struct AveragesText {
+    Q_DECLARE_TR_FUNCTIONS(CVCategoryAverages)
+};
 
 using CVArithmetic::by;
 using CVArithmetic::x;
@@ -74,14 +80,14 @@ struct Pattern {
 
 /// The labels "2 Months" and "Yearly" differ from the names of their frequencies, deliberately.
 constexpr std::array<Pattern, 7> kPatterns{{
-    {11, QT_TRANSLATE_NOOP("CVCategory", "Weekly"), CVExpenseFrequency::kWeekly, kWeek},
-    {21, QT_TRANSLATE_NOOP("CVCategory", "Bi-Weekly"), CVExpenseFrequency::kBiWeekly, kTwoWeeks},
-    {44, QT_TRANSLATE_NOOP("CVCategory", "Monthly"), CVExpenseFrequency::kMonthly, kMonth},
-    {75, QT_TRANSLATE_NOOP("CVCategory", "2 Months"), CVExpenseFrequency::kBiMonthly, kMonth},
-    {125, QT_TRANSLATE_NOOP("CVCategory", "Quarterly"), CVExpenseFrequency::kQuarterly, kMonth},
-    {250, QT_TRANSLATE_NOOP("CVCategory", "Semi-Annually"), CVExpenseFrequency::kSemiAnnually, kMonth},
-    {std::numeric_limits<qint64>::max(), QT_TRANSLATE_NOOP("CVCategory", "Yearly"), CVExpenseFrequency::kAnnually,
-     kMonth},
+    {11, QT_TRANSLATE_NOOP("CVCategoryAverages", "Weekly"), CVExpenseFrequency::kWeekly, kWeek},
+    {21, QT_TRANSLATE_NOOP("CVCategoryAverages", "Bi-Weekly"), CVExpenseFrequency::kBiWeekly, kTwoWeeks},
+    {44, QT_TRANSLATE_NOOP("CVCategoryAverages", "Monthly"), CVExpenseFrequency::kMonthly, kMonth},
+    {75, QT_TRANSLATE_NOOP("CVCategoryAverages", "2 Months"), CVExpenseFrequency::kBiMonthly, kMonth},
+    {125, QT_TRANSLATE_NOOP("CVCategoryAverages", "Quarterly"), CVExpenseFrequency::kQuarterly, kMonth},
+    {250, QT_TRANSLATE_NOOP("CVCategoryAverages", "Semi-Annually"), CVExpenseFrequency::kSemiAnnually, kMonth},
+    {std::numeric_limits<qint64>::max(), QT_TRANSLATE_NOOP("CVCategoryAverages", "Yearly"),
+     CVExpenseFrequency::kAnnually, kMonth},
 }};
 
 /// Indexed by frequency code.
@@ -168,14 +174,14 @@ quint64 computeAverages(CVCategory& category, const CVSpendingOfRange& spendingO
     const auto* const pattern = std::find_if(kPatterns.begin(), kPatterns.end() - 1, [interval](const Pattern& known) {
         return interval <= known.longestInterval;
     });
-    category.setBillFrequency(CVCategory::tr(pattern->label));
+    category.setBillFrequency(AveragesText::tr(pattern->label));
     category.setBudgetExpenseFrequency(pattern->frequency);
     setAverages(category, pattern->period, range);
     return spending.count;
 }
 
 void setDefaultAmounts(CVCategory& category, double amount) {
-    category.setBillFrequency(CVCategory::tr("Monthly"));
+    category.setBillFrequency(AveragesText::tr("Monthly"));
     category.setTotal(amount);
     category.setMonthly(amount);
     category.setBiWeekly(amount * 12 / 26);

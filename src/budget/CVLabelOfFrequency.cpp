@@ -6,7 +6,9 @@
 
 namespace {
 
-constexpr const char* kContext = "CVLabelOfFrequency";
+struct FrequencyText {
+    Q_DECLARE_TR_FUNCTIONS(CVLabelOfFrequency)
+};
 
 constexpr std::array<const char*, kFrequencyLabels> kLabels{
     QT_TRANSLATE_NOOP("CVLabelOfFrequency", "Weekly"),        QT_TRANSLATE_NOOP("CVLabelOfFrequency", "Bi-Weekly"),
@@ -19,5 +21,5 @@ constexpr std::array<const char*, kFrequencyLabels> kLabels{
 QString CVLabelOfFrequency(qint64 code) {
     if (code < 0 || code >= kFrequencyLabels)
         return {};
-    return QCoreApplication::translate(kContext, kLabels[static_cast<std::size_t>(code)]);
+    return FrequencyText::tr(kLabels[static_cast<std::size_t>(code)]);
 }

@@ -5,6 +5,10 @@
 
 #include <span>
 
+struct CVOptionsText {
+    Q_DECLARE_TR_FUNCTIONS(CVOptions)
+};
+
 /// An option with a value: its name without dashes, and the function that puts the value into the request. `read`
 /// returns a sentence when it does not understand the value, else an empty text.
 template <typename Request>
@@ -27,7 +31,7 @@ template <typename Request>
     for (const auto& option : options) {
         const QStringList values = parser.values(QLatin1String(option.name));
         if (values.size() > 1)
-            return QCoreApplication::translate("CVOptions", "--%1 is given twice").arg(QLatin1String(option.name));
+            return CVOptionsText::tr("--%1 is given twice").arg(QLatin1String(option.name));
         if (values.isEmpty())
             continue;
         QString problem = option.read(values.constFirst(), request);

@@ -11,6 +11,14 @@
 
 namespace CVStandardStreams {
 
+namespace {
+
+struct StandardStreamsText {
+    Q_DECLARE_TR_FUNCTIONS(CVStandardStreams)
+};
+
+} // namespace
+
 void openClosedStreams() {
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         if (::fcntl(stream, F_GETFD) >= 0)
@@ -33,9 +41,7 @@ int write(const QByteArray& text, const QStringList& spared, QTextStream& errors
 int tellOutcome(const std::optional<QString>& failure, QTextStream& errors) {
     if (!failure)
         return 0;
-    CVWriteErrorLine(
-        errors,
-        QCoreApplication::translate("CVStandardStreams", "standard output could not be written: %1").arg(*failure));
+    CVWriteErrorLine(errors, StandardStreamsText::tr("standard output could not be written: %1").arg(*failure));
     return 1;
 }
 

@@ -8,11 +8,14 @@
 
 namespace {
 
+struct EntryText {
+    Q_DECLARE_TR_FUNCTIONS(CVEntry)
+};
+
 constexpr double kSmallestAmount = 0.01;
 
 CVEntryProblem problem(CVEntryField field, const char* message) {
-    return {field, QCoreApplication::translate("CVEntry", "Input Error"),
-            QCoreApplication::translate("CVEntry", message)};
+    return {field, EntryText::tr("Input Error"), EntryText::tr(message)};
 }
 
 } // namespace

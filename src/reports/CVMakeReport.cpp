@@ -5,16 +5,16 @@
 
 namespace {
 
-struct ReportSourceText {
-    Q_DECLARE_TR_FUNCTIONS(CVPrintCommands)
+struct MakeReportText {
+    Q_DECLARE_TR_FUNCTIONS(CVMakeReport)
 };
 
 /// Why a report would be empty; null when it is not.
 QString refusalOf(CVReportType type, const CVBudgetContents& contents) {
     const bool isListEmpty = contents.list().displayTransactions().empty();
     if (type == CVReportType::Transactions || type == CVReportType::Summary)
-        return isListEmpty ? ReportSourceText::tr("There are no transactions to print.") : QString();
-    return isListEmpty || contents.reports().rows().empty() ? ReportSourceText::tr("There is nothing to print.")
+        return isListEmpty ? MakeReportText::tr("There are no transactions to print.") : QString();
+    return isListEmpty || contents.reports().rows().empty() ? MakeReportText::tr("There is nothing to print.")
                                                             : QString();
 }
 

@@ -4,6 +4,10 @@
 
 namespace {
 
+struct PrintedColumnText {
+    Q_DECLARE_TR_FUNCTIONS(CVPrintedColumn)
+};
+
 using Column = CVPrintedColumn;
 using Part = CVPrintedColumn::Part;
 
@@ -81,5 +85,5 @@ QStringList CVHeadingsOfColumns(std::span<const CVPrintedColumn> columns) {
 }
 
 QString CVTranslatedHeading(const char* label) {
-    return QCoreApplication::translate("CVPrintedColumn", label);
+    return PrintedColumnText::tr(label);
 }

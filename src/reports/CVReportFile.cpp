@@ -6,7 +6,11 @@
 
 namespace {
 
-/// Lets `write` write the pages; the reason when that fails, else absent.
+struct ReportFileText {
+    Q_DECLARE_TR_FUNCTIONS(CVReportFile)
+};
+
+/// Writes the pages through `write`. Absent on success, else the reason.
 std::optional<QString> writePages(const std::function<std::optional<QString>(const CVFileContent&)>& write,
                                   const CVReportView& view, CVPageRange pages, const CVPaintProgress& progress) {
     auto result = CVPaintResult::Painted;
@@ -15,7 +19,7 @@ std::optional<QString> writePages(const std::function<std::optional<QString>(con
         return result == CVPaintResult::Painted;
     });
     if (!failure && result == CVPaintResult::Failed)
-        failure = QCoreApplication::translate("CVReportFile", "its pages could not be painted");
+        failure = ReportFileText::tr("its pages could not be painted");
     return failure;
 }
 

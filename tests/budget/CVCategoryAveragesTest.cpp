@@ -196,7 +196,7 @@ class LoudTranslator final : public QTranslator {
 public:
     [[nodiscard]] QString translate(const char* context, const char* sourceText, const char* /*disambiguation*/,
                                     int /*n*/) const override {
-        return qstrcmp(context, "CVCategory") == 0 ? QString::fromLatin1(sourceText).toUpper() : QString();
+        return qstrcmp(context, "CVCategoryAverages") == 0 ? QString::fromLatin1(sourceText).toUpper() : QString();
     }
     [[nodiscard]] bool isEmpty() const override { return false; }
 };
