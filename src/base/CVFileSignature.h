@@ -21,7 +21,7 @@ struct CVFileSignature {
 };
 
 /// Whether two paths name the same file, also through symbolic or hard links, or the same place for a file that does
-/// not exist yet. False for whatever is no file: a terminal, for instance, may be read and written.
+/// not exist yet. False for what is no file, because a terminal may be input and output at once.
 [[nodiscard]] bool CVIsSameFile(const QString& path, const QString& other);
 
 /// What a path leads to, links followed.

@@ -7,8 +7,7 @@
 inline constexpr double kQBNoCentsFrom = 0x1p45;
 
 /// `value` rounded to two decimal places, halves away from zero, never to a negative zero. Rounding again changes
-/// nothing. Infinities, NaN and magnitudes from 2^45 on come back as they are. Inline because inner loops call it:
-/// every sum that is shown is rounded, and so is every step of some sums.
+/// nothing. Infinities, NaN and magnitudes from 2^45 on come back as they are.
 [[nodiscard]] inline double RoundDoubleToTwoPlaces(double value) {
     if (!(value > -kQBNoCentsFrom && value < kQBNoCentsFrom))
         return value;

@@ -56,25 +56,25 @@ constexpr std::array<Command, 5> kCommands{
      {"export", parseRequest<CVExportRequest, Action::Export, &CVCommandLine::exportRequest>},
      {"report", parseRequest<CVReportRequest, Action::Report, &CVCommandLine::reportRequest>}}};
 
-struct Question {
-    QLatin1StringView option;
-    Action answer = Action::Refuse;
+struct LoneOption {
+    QLatin1StringView name;
+    Action action = Action::Refuse;
 };
 
 /// The options that are allowed only alone, on a command line without a command.
-constexpr std::array<Question, 4> kQuestions{{{QLatin1StringView("--version"), Action::ShowVersion},
-                                              {QLatin1StringView("-v"), Action::ShowVersion},
-                                              {QLatin1StringView("--help"), Action::ShowHelp},
-                                              {QLatin1StringView("-h"), Action::ShowHelp}}};
+constexpr std::array<LoneOption, 4> kLoneOptions{{{QLatin1StringView("--version"), Action::ShowVersion},
+                                                  {QLatin1StringView("-v"), Action::ShowVersion},
+                                                  {QLatin1StringView("--help"), Action::ShowHelp},
+                                                  {QLatin1StringView("-h"), Action::ShowHelp}}};
 
 /// Refuses an option that the toolkit does not know either, because the toolkit would look for a display first.
 CVCommandLine parseWindow(const QStringList& arguments) {
     const QStringList rest = CVToolkitOptions::take(arguments).rest;
-    for (const Question& question : kQuestions) {
-        if (rest == QStringList{question.option})
-            return {.action = question.answer};
-        if (rest.contains(question.option))
-            return {.action = Action::Refuse, .problem = CommandLineText::tr("%1 stands alone").arg(question.option)};
+    for (const LoneOption& option : kLoneOptions) {
+        if (rest == QStringList{option.name})
+            return {.action = option.action};
+        if (rest.contains(option.name))
+            return {.action = Action::Refuse, .problem = CommandLineText::tr("%1 stands alone").arg(option.name)};
     }
     for (const QString& argument : rest) {
         if (argument.startsWith(u'-'))

@@ -26,7 +26,7 @@ public:
     /// Sets the ranges of the list and of the reports from their presets; they take effect with the next rebuild or
     /// reload.
     void setRangesFromPresets();
-    /// Compute from all transactions of the list, whatever range or search it shows.
+    /// Both functions compute from all transactions of the set, also from those outside the list's range and search.
     void reloadGrid();
     void reloadReports();
 

@@ -6,8 +6,7 @@
 namespace {
 
 constexpr int kDigitsOfFullYear = 4;
-/// A month has as many.
-constexpr int kDigitsOfDay = 2;
+constexpr int kDigitsOfDayOrMonth = 2;
 constexpr int kYearsAhead = 20;
 constexpr int kYearsPerCentury = 100;
 /// The separators that people type in dates besides those of their locale.
@@ -142,7 +141,7 @@ QList<QBDateFormatter::Piece> QBDateFormatter::pieces(const QString& format) {
 /// Counts another letter of a field. Days and months get no more than two digits, because those that the format has as
 /// names are written as numbers.
 void QBDateFormatter::widen(Piece& piece) {
-    if (piece.field == Field::Year || piece.width < kDigitsOfDay)
+    if (piece.field == Field::Year || piece.width < kDigitsOfDayOrMonth)
         ++piece.width;
 }
 

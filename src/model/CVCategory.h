@@ -62,7 +62,7 @@ public:
     void setWeeklyPeriods(quint32 count) { mWeeklyPeriods = count; }
     void setNumberOfTransactions(quint64 count) { mNumberOfTransactions = count; }
 
-    /// Widens the bounds to include `date`. Inline for walks over all transactions.
+    /// Widens the bounds to include `date`.
     void widenBounds(const QBDate& date) {
         if (date.comesBefore(mEarliestTransaction))
             mEarliestTransaction = date;

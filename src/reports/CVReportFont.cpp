@@ -7,12 +7,12 @@
 
 namespace {
 
-struct Letters {
+struct Type {
     double points;
     bool isUnderlined;
 };
 
-constexpr std::array<Letters, kReportFonts> kLetters{{{13, false}, {12, true}, {10, false}}};
+constexpr std::array<Type, kReportFonts> kTypes{{{13, false}, {12, true}, {10, false}}};
 
 constexpr double kSpace = 2.0;
 /// Large enough that rounding to whole pixels does not matter.
@@ -21,11 +21,11 @@ constexpr int kMeasuredPixels = 1000;
 } // namespace
 
 QFont CVFontOf(CVReportFont font) {
-    const Letters& letters = kLetters[static_cast<std::size_t>(font)];
-    // Both have the letter widths of Helvetica.
+    const Type& type = kTypes[static_cast<std::size_t>(font)];
+    // Both families have the letter widths of Helvetica.
     QFont result(QStringList{QStringLiteral("Liberation Sans"), QStringLiteral("Helvetica")});
-    result.setPointSizeF(letters.points);
-    result.setUnderline(letters.isUnderlined);
+    result.setPointSizeF(type.points);
+    result.setUnderline(type.isUnderlined);
     result.setHintingPreference(QFont::PreferNoHinting);
     return result;
 }

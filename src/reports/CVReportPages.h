@@ -26,6 +26,6 @@ using CVPaintProgress = std::function<bool(int done)>;
                                          const CVPaintProgress& progress = {});
 
 /// Writes pages as a PDF with the report's name as its title and embedded fonts. Writes piece by piece, so that a long
-/// report takes no more memory. The caller asks `output` whether all of it was written.
+/// report takes no more memory than a short one. The caller asks `output` whether all of it was written.
 [[nodiscard]] CVPaintResult CVWritePDF(const CVReportView& view, QIODevice& output, CVPageRange pages,
                                        const CVPaintProgress& progress = {});

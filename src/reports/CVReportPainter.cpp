@@ -79,8 +79,8 @@ void CVReportPainter::paintLine(const CVReportPage& page, std::size_t line) {
              {isHeading ? CVReportFont::Header : CVReportFont::Main, columns[i].line.alignment, columns[i].fit});
     }
     if (content.isTaxed)
-        CVDrawSmallTax(mPainter, turnedOver({page.rect.left() + kTaxMarkX, rect.y() + kTaxMarkAboveLine, kTaxMarkSide,
-                                             kTaxMarkSide}));
+        CVDrawSmallTax(mPainter, toDevice({page.rect.left() + kTaxMarkX, rect.y() + kTaxMarkAboveLine, kTaxMarkSide,
+                                           kTaxMarkSide}));
 }
 
 QRectF CVReportPainter::rectOfColumn(std::size_t column, const QRectF& line,
@@ -100,7 +100,7 @@ void CVReportPainter::draw(const QString& text, const QRectF& rect, const Style&
         return;
     setFont(style.font);
     const QFontMetricsF& measure = metrics(style.font);
-    const QRectF place = turnedOver(rect);
+    const QRectF place = toDevice(rect);
     QString shown = text;
     double width = measure.horizontalAdvance(text);
     double squeeze = 1;
@@ -136,7 +136,7 @@ const QFontMetricsF& CVReportPainter::metrics(CVReportFont font) const {
     return mMetrics[static_cast<std::size_t>(font)];
 }
 
-QRectF CVReportPainter::turnedOver(const QRectF& rect) const {
+QRectF CVReportPainter::toDevice(const QRectF& rect) const {
     return {rect.left() * mScale, (mTopOfPage - (rect.y() + rect.height())) * mScale, rect.width() * mScale,
             rect.height() * mScale};
 }

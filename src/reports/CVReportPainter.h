@@ -38,7 +38,7 @@ private:
     void setFont(CVReportFont font);
     [[nodiscard]] const QFontMetricsF& metrics(CVReportFont font) const;
     /// Converts a rectangle from points with y upwards to the device's units with y downwards.
-    [[nodiscard]] QRectF turnedOver(const QRectF& rect) const;
+    [[nodiscard]] QRectF toDevice(const QRectF& rect) const;
 
     const CVReportView& mView;
     QPainter& mPainter;
