@@ -81,7 +81,7 @@ void CVTransactionList::doUserSort() {
     }
     const bool descending = defaults.integerForKey(CVDefaultsKeys::kTransactionSortOrder) == kDescending;
     mTransactionSortContext = {*column, descending};
-    CVSortTransactions(mDisplayTransactionArray, mTransactionSortContext, mDocument.categories());
+    CVSortTransactions(mDisplayTransactionArray, mTransactionSortContext);
 }
 
 void CVTransactionList::refilter() {

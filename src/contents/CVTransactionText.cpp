@@ -7,36 +7,49 @@
 
 namespace {
 
-constexpr std::array<const char*, CVTransactionColumns::ColumnCount> kTitles{
-    QT_TRANSLATE_NOOP("CVTransactionText", "Date"),         QT_TRANSLATE_NOOP("CVTransactionText", "Amount"),
-    QT_TRANSLATE_NOOP("CVTransactionText", "Paid To/From"), QT_TRANSLATE_NOOP("CVTransactionText", "For"),
-    QT_TRANSLATE_NOOP("CVTransactionText", "Category"),     QT_TRANSLATE_NOOP("CVTransactionText", "Tax"),
-    QT_TRANSLATE_NOOP("CVTransactionText", "Flag")};
+struct Formatters {
+    const QBDateFormatter& dates;
+    const QBMoneyFormatter& money;
+};
+
+struct ColumnText {
+    const char* title;
+    QString (*string)(const CVTransaction& transaction, const Formatters& formatters);
+};
+
+QString yesOrNo(bool flag) {
+    return flag ? CVTransactionText::tr("Yes") : CVTransactionText::tr("No");
+}
+
+/// In the order of `CVTransactionColumns::Column`.
+constexpr std::array<ColumnText, CVTransactionColumns::ColumnCount> kColumns{{
+    {QT_TRANSLATE_NOOP("CVTransactionText", "Date"),
+     [](const CVTransaction& transaction, const Formatters& formatters) {
+         const auto date = transaction.effectiveDate();
+         return date ? formatters.dates.string(*date) : QString();
+     }},
+    {QT_TRANSLATE_NOOP("CVTransactionText", "Amount"),
+     [](const CVTransaction& transaction, const Formatters& formatters) {
+         return formatters.money.string(transaction.amount());
+     }},
+    {QT_TRANSLATE_NOOP("CVTransactionText", "Paid To/From"),
+     [](const CVTransaction& transaction, const Formatters&) { return transaction.payTo(); }},
+    {QT_TRANSLATE_NOOP("CVTransactionText", "For"),
+     [](const CVTransaction& transaction, const Formatters&) { return transaction.xfor(); }},
+    {QT_TRANSLATE_NOOP("CVTransactionText", "Category"),
+     [](const CVTransaction& transaction, const Formatters&) { return transaction.categoryName(); }},
+    {QT_TRANSLATE_NOOP("CVTransactionText", "Tax"),
+     [](const CVTransaction& transaction, const Formatters&) { return yesOrNo(transaction.taxFlag()); }},
+    {QT_TRANSLATE_NOOP("CVTransactionText", "Flag"),
+     [](const CVTransaction& transaction, const Formatters&) { return yesOrNo(transaction.userFlag()); }},
+}};
 
 } // namespace
 
 QString CVTransactionText::title(int column) {
-    return tr(kTitles[static_cast<std::size_t>(column)]);
+    return tr(kColumns[static_cast<std::size_t>(column)].title);
 }
 
 QString CVTransactionText::string(const CVTransaction& transaction, int column) const {
-    const auto yesOrNo = [](bool flag) { return flag ? tr("Yes") : tr("No"); };
-    switch (column) {
-    case CVTransactionColumns::Date: {
-        const auto date = transaction.effectiveDate();
-        return date ? mDateFormatter.string(*date) : QString();
-    }
-    case CVTransactionColumns::Amount:
-        return mMoneyFormatter.string(transaction.amount());
-    case CVTransactionColumns::ToFrom:
-        return transaction.payTo();
-    case CVTransactionColumns::For:
-        return transaction.xfor();
-    case CVTransactionColumns::Category:
-        return transaction.categoryName();
-    case CVTransactionColumns::Tax:
-        return yesOrNo(transaction.taxFlag());
-    default:
-        return yesOrNo(transaction.userFlag());
-    }
+    return kColumns[static_cast<std::size_t>(column)].string(transaction, {mDateFormatter, mMoneyFormatter});
 }

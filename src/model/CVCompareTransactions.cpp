@@ -1,11 +1,8 @@
 #include "model/CVCompareTransactions.h"
 
-#include "model/CVTransaction.h"
 #include "model/CVTransactionColumns.h"
 
 namespace {
-
-using Comparison = int (*)(const CVTransaction&, const CVTransaction&);
 
 template <typename Value>
 int compareValues(const Value& a, const Value& b) {
@@ -14,51 +11,21 @@ int compareValues(const Value& a, const Value& b) {
     return a < b ? -1 : 0;
 }
 
-int compareCategories(const CVTransaction& a, const CVTransaction& b) {
-    return a.categoryID() == b.categoryID() ? 0 : CVCompareTexts(a.categoryName(), b.categoryName());
-}
-
-int compareDates(const CVTransaction& a, const CVTransaction& b) {
-    const int byDay = compareValues(a.effectiveDate(), b.effectiveDate());
-    return byDay != 0 ? byDay : compareCategories(a, b);
-}
-
-int compareAmounts(const CVTransaction& a, const CVTransaction& b) {
-    return compareValues(a.amount(), b.amount());
-}
-
-int comparePayees(const CVTransaction& a, const CVTransaction& b) {
-    return CVCompareTexts(a.payTo(), b.payTo());
-}
-
-int compareFors(const CVTransaction& a, const CVTransaction& b) {
-    return CVCompareTexts(a.xfor(), b.xfor());
-}
-
-Comparison comparisonOf(int column) {
-    switch (column) {
-    case CVTransactionColumns::Date:
-        return compareDates;
-    case CVTransactionColumns::Amount:
-        return compareAmounts;
-    case CVTransactionColumns::ToFrom:
-        return comparePayees;
-    case CVTransactionColumns::For:
-        return compareFors;
-    case CVTransactionColumns::Category:
-        return compareCategories;
-    default:
-        return nullptr;
-    }
+int compareKeys(const CVTransactionOrderKey& a, const CVTransactionOrderKey& b) {
+    if (const int byDay = compareValues(a.day, b.day); byDay != 0)
+        return byDay;
+    const int byAmount = compareValues(a.amount, b.amount);
+    return byAmount != 0 ? byAmount : CVCompareTexts(a.text, b.text);
 }
 
 } // namespace
 
 int CVCompareTransactions(const CVTransaction& a, const CVTransaction& b, const CVTransactionSortContext& context) {
-    const Comparison compare = comparisonOf(CVTransactionColumns::columnOfIdentifier(context.key));
-    if (!compare)
+    const int column = CVTransactionColumns::columnOfIdentifier(context.key);
+    if (column < 0)
         return 0;
-    return context.descending ? -compare(a, b) : compare(a, b);
+    const int order = compareKeys(CVTransactionColumns::orderKey(a, column), CVTransactionColumns::orderKey(b, column));
+    return context.descending ? -order : order;
 }
 
 int CVCompareTexts(const QString& a, const QString& b) {

@@ -13,10 +13,11 @@ struct CVTransactionSortContext {
     bool operator==(const CVTransactionSortContext&) const = default;
 };
 
-/// Compares two transactions: -1, 0 or 1. Dates are ordered by day, a missing date before all others, and within a day
-/// by category name. Names and texts are compared without regard to case; a missing one equals every other. With
-/// missing names or texts this is no strict weak order: sort only with an algorithm that stays in bounds nevertheless,
-/// such as std::stable_sort.
+/// Compares two transactions by the order key of a column: -1, 0 or 1. `CVSortTransactions` gives the same order
+/// without calling this function; tests compare the two. Dates are ordered by day, a missing date before all others,
+/// and within a day by category name. Names and texts are compared without regard to case; a missing one equals every
+/// other. With missing names or texts this is no strict weak order: sort only with an algorithm that stays in bounds
+/// nevertheless, such as std::stable_sort.
 [[nodiscard]] int CVCompareTransactions(const CVTransaction& a, const CVTransaction& b,
                                         const CVTransactionSortContext& context);
 

@@ -75,7 +75,7 @@ void CVDocument::removeTransactionsForSet(quint32 id) {
 }
 
 void CVDocument::sortTransactionsByDate() {
-    CVSortTransactions(mTransactions, {QStringLiteral("date"), true}, mCategories);
+    CVSortTransactions(mTransactions, {QStringLiteral("date"), true});
 }
 
 std::size_t CVDocument::indexInTransactionArrayOfDate(const std::optional<QBDate>& date) const {

@@ -8,15 +8,18 @@
 #include <vector>
 
 /// Ranks texts without regard to case, so that a sort compares numbers instead of texts; texts that compare as equal
-/// share a rank. Serves one sort: `add` all texts, call `rank` once, then `rankOf` for the texts that were added.
+/// share a rank. Serves one sort: `add` all texts, call `rank` once, then `rankOf`.
 class CVTextRanks final {
 public:
-    /// The rank of a null text, which has no place in the order.
+    /// The number and the rank of a null text, which has no place in the order.
     static constexpr int kNoRank = -1;
 
-    void add(const QString& text);
+    /// The number of a text, for `rankOf`.
+    [[nodiscard]] int add(const QString& text);
     void rank();
-    [[nodiscard]] int rankOf(const QString& text) const;
+    [[nodiscard]] int rankOf(int number) const {
+        return number == kNoRank ? kNoRank : mRanks[static_cast<std::size_t>(number)];
+    }
 
 private:
     /// Identifies a text by its memory, because most equal texts share theirs; equal texts in two places only cost one
@@ -32,8 +35,9 @@ private:
                    static_cast<std::size_t>(place.size);
         }
     };
-    [[nodiscard]] static Place placeOf(const QString& text) { return {text.constData(), text.size()}; }
 
-    std::unordered_map<Place, int, PlaceHash> mRanks;
+    std::unordered_map<Place, int, PlaceHash> mNumbers;
+    /// Both by the number of the text.
     std::vector<QString> mTexts;
+    std::vector<int> mRanks;
 };

@@ -1,21 +1,53 @@
 #include "model/CVTransactionColumns.h"
 
+#include "model/CVTransaction.h"
+
 #include <algorithm>
 #include <array>
 
 namespace {
 
-constexpr std::array<QLatin1StringView, CVTransactionColumns::ColumnCount> kIdentifiers{
-    QLatin1StringView("date"),     QLatin1StringView("amount"), QLatin1StringView("tofrom"),  QLatin1StringView("for"),
-    QLatin1StringView("category"), QLatin1StringView("tax"),    QLatin1StringView("userflag")};
+using Key = CVTransactionOrderKey;
+
+struct ColumnOfTransactions {
+    QLatin1StringView identifier;
+    Key (*orderKey)(const CVTransaction& transaction);
+};
+
+Key noOrder(const CVTransaction& /*transaction*/) {
+    return {};
+}
+
+/// In the order of `CVTransactionColumns::Column`.
+constexpr std::array<ColumnOfTransactions, CVTransactionColumns::ColumnCount> kColumns{{
+    {QLatin1StringView("date"),
+     [](const CVTransaction& transaction) -> Key {
+         return {.day = transaction.effectiveDate(), .text = transaction.categoryName()};
+     }},
+    {QLatin1StringView("amount"),
+     [](const CVTransaction& transaction) -> Key { return {.amount = transaction.amount()}; }},
+    {QLatin1StringView("tofrom"),
+     [](const CVTransaction& transaction) -> Key { return {.text = transaction.payTo()}; }},
+    {QLatin1StringView("for"), [](const CVTransaction& transaction) -> Key { return {.text = transaction.xfor()}; }},
+    {QLatin1StringView("category"),
+     [](const CVTransaction& transaction) -> Key { return {.text = transaction.categoryName()}; }},
+    {QLatin1StringView("tax"), noOrder},
+    {QLatin1StringView("userflag"), noOrder},
+}};
 
 } // namespace
 
 QLatin1StringView CVTransactionColumns::identifier(int column) {
-    return kIdentifiers[static_cast<std::size_t>(column)];
+    return kColumns[static_cast<std::size_t>(column)].identifier;
 }
 
 int CVTransactionColumns::columnOfIdentifier(const QString& identifier) {
-    const auto* const found = std::find(kIdentifiers.begin(), kIdentifiers.end(), identifier);
-    return found == kIdentifiers.end() ? -1 : static_cast<int>(found - kIdentifiers.begin());
+    const auto* const found = std::find_if(kColumns.begin(), kColumns.end(), [&identifier](const auto& column) {
+        return column.identifier == identifier;
+    });
+    return found == kColumns.end() ? -1 : static_cast<int>(found - kColumns.begin());
+}
+
+CVTransactionOrderKey CVTransactionColumns::orderKey(const CVTransaction& transaction, int column) {
+    return kColumns[static_cast<std::size_t>(column)].orderKey(transaction);
 }

@@ -1,9 +1,22 @@
 #pragma once
 
+#include "base/QBDate.h"
+
 #include <QLatin1StringView>
 #include <QString>
 
-/// The columns of a list of transactions, from left to right, and the names that settings and options have for them.
+class CVTransaction;
+
+/// The parts of a transaction by which a column orders: first the day, then the amount, then the text. A column leaves
+/// the parts empty that it does not use.
+struct CVTransactionOrderKey {
+    std::optional<QBDate> day = std::nullopt;
+    double amount = 0;
+    QString text = QString();
+};
+
+/// The columns of a list of transactions, from left to right, the names that settings and options have for them, and
+/// the order that each gives. `CVTransactionText` has their titles and texts.
 namespace CVTransactionColumns {
 
 enum Column { Date, Amount, ToFrom, For, Category, Tax, UserFlag, ColumnCount };
@@ -12,5 +25,7 @@ enum Column { Date, Amount, ToFrom, For, Category, Tax, UserFlag, ColumnCount };
 [[nodiscard]] QLatin1StringView identifier(int column);
 /// -1 for an unknown identifier.
 [[nodiscard]] int columnOfIdentifier(const QString& identifier);
+/// The same empty key for all transactions when the column gives no order, as the flags do.
+[[nodiscard]] CVTransactionOrderKey orderKey(const CVTransaction& transaction, int column);
 
 } // namespace CVTransactionColumns

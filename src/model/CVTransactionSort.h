@@ -3,8 +3,6 @@
 #include "model/CVCollections.h"
 #include "model/CVCompareTransactions.h"
 
-/// Sorts transactions by `CVCompareTransactions` and keeps the order of equal ones, as std::stable_sort does, but
-/// without looking up names for each comparison. `categories` are those to which the transactions refer. An unknown key
-/// leaves everything in place.
-void CVSortTransactions(CVTransactions& transactions, const CVTransactionSortContext& context,
-                        const CVCategories& categories);
+/// Sorts transactions by `CVCompareTransactions` and keeps the order of equal ones, as std::stable_sort does. An
+/// unknown key leaves everything in place.
+void CVSortTransactions(CVTransactions& transactions, const CVTransactionSortContext& context);
