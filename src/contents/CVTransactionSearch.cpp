@@ -10,8 +10,11 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
+#include <functional>
 #include <iterator>
 #include <unordered_map>
+#include <utility>
 
 namespace {
 
@@ -23,9 +26,9 @@ struct SearchText {
     Q_DECLARE_TR_FUNCTIONS(CVTransactionSearch)
 };
 
-/// Tells whether texts contain the pattern. Remembers the answers for recent texts by their place in memory, because
-/// most transactions share their texts with others. Searching every text takes 13 ms at each letter with 100,000
-/// transactions; this takes 1 ms.
+/// Tells whether texts contain the pattern. Remembers the answers by the place of a text in memory, because most
+/// transactions share their texts with others. Searching every text of 100,000 transactions takes 22 to 32 ms at each
+/// letter; this takes 6 ms.
 class TextMatcher {
 public:
     explicit TextMatcher(const QString& pattern) : mMatcher(pattern, Qt::CaseInsensitive) {}
@@ -33,43 +36,23 @@ public:
     [[nodiscard]] bool matches(const QString& text) {
         if (text.isNull())
             return true;
-        Answer& answer = answerFor(text.constData(), static_cast<quint32>(text.size()));
-        if (!answer.place)
-            answer = {text.constData(), static_cast<quint32>(text.size()), mMatcher.indexIn(text) >= 0};
-        return answer.matches;
+        const auto [answer, isNew] = mAnswers.try_emplace({text.constData(), text.size()}, false);
+        if (isNew)
+            answer->second = mMatcher.indexIn(text) >= 0;
+        return answer->second;
     }
 
 private:
-    struct Answer {
-        const QChar* place = nullptr;
-        quint32 size = 0;
-        bool matches = false;
-    };
-    static constexpr int kPlaceBits = 13;
-    static constexpr std::size_t kPlaces = std::size_t(1) << kPlaceBits;
-    static constexpr std::size_t kMostSteps = 4;
-
-    /// The answer for a text; an answer without a place when there is none yet.
-    [[nodiscard]] Answer& answerFor(const QChar* place, quint32 size) {
-        const std::size_t first = spread(place);
-        for (std::size_t step = 0; step < kMostSteps; ++step) {
-            Answer& answer = mAnswers[(first + step) % kPlaces];
-            if (!answer.place || (answer.place == place && answer.size == size))
-                return answer;
+    using Place = std::pair<const QChar*, qsizetype>;
+    struct PlaceHash {
+        std::size_t operator()(const Place& place) const {
+            return std::hash<const QChar*>()(place.first) / alignof(std::max_align_t) +
+                   static_cast<std::size_t>(place.second);
         }
-        // Other texts have all the places, so the answer in the first place is forgotten.
-        return mAnswers[first] = Answer();
-    }
-
-    /// Multiplies by the golden ratio, because texts are at regular distances in memory and a plain remainder would
-    /// give many of them the same place.
-    [[nodiscard]] static std::size_t spread(const QChar* place) {
-        constexpr quint64 kGoldenRatio = 0x9E3779B97F4A7C15;
-        return static_cast<std::size_t>((reinterpret_cast<quintptr>(place) * kGoldenRatio) >> (64 - kPlaceBits));
-    }
+    };
 
     QStringMatcher mMatcher;
-    std::array<Answer, kPlaces> mAnswers;
+    std::unordered_map<Place, bool, PlaceHash> mAnswers;
 };
 
 template <typename Matches>
@@ -103,11 +86,7 @@ Rows searchAllTexts(const Rows& transactions, const QString& text) {
     TextMatcher xfor(text);
     CategoryMatcher category(text);
     return filter(transactions, [&](const CVTransaction& transaction) {
-        // All three are asked, because branching on each answer is slower.
-        int places = payTo.matches(transaction.payTo()) ? 1 : 0;
-        places += xfor.matches(transaction.xfor()) ? 1 : 0;
-        places += category.matches(transaction) ? 1 : 0;
-        return places > 0;
+        return payTo.matches(transaction.payTo()) || xfor.matches(transaction.xfor()) || category.matches(transaction);
     });
 }
 
