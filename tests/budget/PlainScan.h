@@ -8,7 +8,7 @@
 class CVCategory;
 
 /// Computes the numbers of the budget in the plain way: one walk over all transactions for each category and each cell,
-/// and branches instead of tables. The fast code must agree with this slow code to the last bit.
+/// and branches instead of tables. Tests compare the program's numbers with these, to the last bit.
 namespace PlainScan {
 
 /// The computed fields of a category.
