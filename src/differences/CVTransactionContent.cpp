@@ -23,7 +23,7 @@ CVTransactionContent::CVTransactionContent(const CVTransaction& transaction, std
                                            std::optional<quint32> categoryAfter)
     : set(setAfter)
     , category(categoryAfter)
-    , day(transaction.dayKey())
+    , day(transaction.effectiveDate())
     , amount(amountInFile(transaction.amount()))
     , payTo(transaction.payTo())
     , xfor(transaction.xfor())
@@ -37,6 +37,6 @@ bool operator==(const CVTransactionContent& a, const CVTransactionContent& b) {
 }
 
 size_t qHash(const CVTransactionContent& content, size_t seed) {
-    return qHashMulti(seed, content.set.value_or(0), content.category.value_or(0), content.day, content.amount,
-                      content.payTo, content.xfor);
+    return qHashMulti(seed, content.set.value_or(0), content.category.value_or(0),
+                      content.day ? content.day->dayOfMonth() : 0, content.amount, content.payTo, content.xfor);
 }

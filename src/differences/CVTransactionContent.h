@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/QBDate.h"
+
 #include <QByteArray>
 #include <QHash>
 #include <QString>
@@ -16,8 +18,7 @@ struct CVTransactionContent {
 
     std::optional<quint32> set;
     std::optional<quint32> category;
-    /// The order key of the day; a missing day has one too.
-    qint64 day;
+    std::optional<QBDate> day;
     QByteArray amount;
     QString payTo;
     QString xfor;

@@ -31,8 +31,8 @@ CVTransactionContent keyOfAmount(CVTransactionContent content) {
     return content;
 }
 
-qint64 dayOf(const CVTransactionDifference& difference) {
-    return (difference.after ? difference.after : difference.before)->dayKey();
+std::optional<QBDate> dayOf(const CVTransactionDifference& difference) {
+    return (difference.after ? difference.after : difference.before)->effectiveDate();
 }
 
 class Comparison final {

@@ -12,10 +12,8 @@ int compareValues(const Value& a, const Value& b) {
 }
 
 int compareKeys(const CVTransactionOrderKey& a, const CVTransactionOrderKey& b) {
-    if (const int byDay = compareValues(a.day, b.day); byDay != 0)
-        return byDay;
-    const int byAmount = compareValues(a.amount, b.amount);
-    return byAmount != 0 ? byAmount : CVCompareTexts(a.text, b.text);
+    const int byNumber = compareValues(a.number, b.number);
+    return byNumber != 0 ? byNumber : CVCompareTexts(a.text, b.text);
 }
 
 } // namespace

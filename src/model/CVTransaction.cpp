@@ -38,9 +38,9 @@ std::shared_ptr<CVTransaction[]> CVTransaction::initForFileRead(std::size_t coun
 }
 
 void CVTransaction::setEffectiveDate(const std::optional<QBDate>& date) {
-    if (mEffectiveDate == date)
+    if (effectiveDate() == date)
         return;
-    mEffectiveDate = date;
+    mEffectiveDate = date.value_or(kNoDate);
     mXMLString = {};
 }
 
@@ -175,7 +175,7 @@ void CVTransaction::readAttributes(CVXMLAttributes attributes) {
 void CVTransaction::readData(CVXMLAttributes attributes) {
     for (; attributes && *attributes; attributes += 2) {
         if (CVIsNamed(*attributes, "date"))
-            mEffectiveDate = QBDate::optimizedDateWithCStringXMLFormat(attributes[1]);
+            mEffectiveDate = QBDate::optimizedDateWithCStringXMLFormat(attributes[1]).value_or(kNoDate);
         else if (CVIsNamed(*attributes, "amount"))
             mAmount = QBNumberText::leadingDouble(attributes[1]);
     }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 namespace {
 
@@ -14,6 +15,14 @@ struct ColumnOfTransactions {
     Key (*orderKey)(const CVTransaction& transaction);
 };
 
+double numberOfDay(const std::optional<QBDate>& day) {
+    constexpr qint64 kMonths = 16;
+    constexpr qint64 kDays = 32;
+    if (!day)
+        return -std::numeric_limits<double>::infinity();
+    return static_cast<double>((day->yearOfCommonEra() * kMonths + day->monthOfYear()) * kDays + day->dayOfMonth());
+}
+
 Key noOrder(const CVTransaction& /*transaction*/) {
     return {};
 }
@@ -22,10 +31,10 @@ Key noOrder(const CVTransaction& /*transaction*/) {
 constexpr std::array<ColumnOfTransactions, CVTransactionColumns::ColumnCount> kColumns{{
     {QLatin1StringView("date"),
      [](const CVTransaction& transaction) -> Key {
-         return {.day = transaction.effectiveDate(), .text = transaction.categoryName()};
+         return {.number = numberOfDay(transaction.effectiveDate()), .text = transaction.categoryName()};
      }},
     {QLatin1StringView("amount"),
-     [](const CVTransaction& transaction) -> Key { return {.amount = transaction.amount()}; }},
+     [](const CVTransaction& transaction) -> Key { return {.number = transaction.amount()}; }},
     {QLatin1StringView("tofrom"),
      [](const CVTransaction& transaction) -> Key { return {.text = transaction.payTo()}; }},
     {QLatin1StringView("for"), [](const CVTransaction& transaction) -> Key { return {.text = transaction.xfor()}; }},

@@ -1,17 +1,14 @@
 #pragma once
 
-#include "base/QBDate.h"
-
 #include <QLatin1StringView>
 #include <QString>
 
 class CVTransaction;
 
-/// The parts of a transaction by which a column orders: first the day, then the amount, then the text. A column leaves
-/// the parts empty that it does not use.
+/// What a column orders by: first the number, then the text. A column leaves empty what it does not use.
 struct CVTransactionOrderKey {
-    std::optional<QBDate> day = std::nullopt;
-    double amount = 0;
+    /// The amount, or a number that grows with the day; a missing day comes before all.
+    double number = 0;
     QString text = QString();
 };
 

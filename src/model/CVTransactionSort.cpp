@@ -10,8 +10,7 @@ namespace {
 /// The order key of a transaction, with the rank of its text in place of the text. Sorting 100,000 transactions with
 /// CVCompareTransactions takes 150 to 360 ms; this takes 13 to 22 ms.
 struct Row {
-    std::optional<QBDate> day;
-    double amount;
+    double number;
     int rank;
     /// 32 bits keep the row small; more transactions do not fit into memory.
     quint32 index;
@@ -19,10 +18,8 @@ struct Row {
 
 /// Whether `a` comes before `b` in ascending order. A missing text equals every other.
 bool isBefore(const Row& a, const Row& b) {
-    if (a.day != b.day)
-        return a.day < b.day;
-    if (a.amount < b.amount || b.amount < a.amount)
-        return a.amount < b.amount;
+    if (a.number < b.number || b.number < a.number)
+        return a.number < b.number;
     return a.rank < b.rank && a.rank != CVTextRanks::kNoRank && b.rank != CVTextRanks::kNoRank;
 }
 
@@ -32,7 +29,7 @@ std::vector<Row> rowsOf(const CVTransactions& transactions, int column) {
     CVTextRanks ranks;
     for (const auto& transaction : transactions) {
         const auto key = CVTransactionColumns::orderKey(*transaction, column);
-        rows.push_back({key.day, key.amount, ranks.add(key.text), static_cast<quint32>(rows.size())});
+        rows.push_back({key.number, ranks.add(key.text), static_cast<quint32>(rows.size())});
     }
     ranks.rank();
     for (Row& row : rows)

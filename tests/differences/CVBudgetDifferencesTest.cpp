@@ -64,7 +64,9 @@ QString lineOf(const CVTransaction& transaction, quint32 set, quint32 category) 
     const auto textOf = [](const QString& text) { return text.isNull() ? QStringLiteral("(null)") : '"' + text + '"'; };
     return QStringList{QString::number(set),
                        QString::number(category),
-                       QString::number(transaction.dayKey()),
+                       transaction.effectiveDate()
+                           ? QString::fromLatin1(transaction.effectiveDate()->corvellaXMLRepresentation())
+                           : QString(),
                        QString::number(transaction.amount(), 'f', 2),
                        textOf(transaction.payTo()),
                        textOf(transaction.xfor()),
