@@ -1,6 +1,10 @@
 #include "CVBareParse.h"
 
+#include <QFile>
+
+#include <fcntl.h>
 #include <libxml/parser.h>
+#include <unistd.h>
 
 namespace {
 
@@ -12,9 +16,7 @@ void ignoreEnd(void* /*context*/, const xmlChar* /*name*/) {}
 void ignoreCharacters(void* /*context*/, const xmlChar* /*bytes*/, int /*length*/) {}
 void ignoreError(void* /*context*/, const char* /*format*/, ...) {}
 
-} // namespace
-
-bool CVParseBare(const QByteArray& bytes) {
+xmlSAXHandler emptyHandler() {
     xmlSAXHandler handler{};
     handler.getEntity = predefinedEntity;
     handler.startElement = ignoreStart;
@@ -22,5 +24,28 @@ bool CVParseBare(const QByteArray& bytes) {
     handler.characters = ignoreCharacters;
     handler.error = ignoreError;
     handler.initialized = 1;
+    return handler;
+}
+
+int readFile(void* context, char* buffer, int size) {
+    return static_cast<int>(::read(*static_cast<int*>(context), buffer, static_cast<std::size_t>(size)));
+}
+
+} // namespace
+
+bool CVParseBare(const QByteArray& bytes) {
+    xmlSAXHandler handler = emptyHandler();
     return xmlSAXUserParseMemory(&handler, &handler, bytes.constData(), static_cast<int>(bytes.size())) == 0;
+}
+
+bool CVParseBareFile(const QString& path) {
+    int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    xmlSAXHandler handler = emptyHandler();
+    xmlParserCtxt* const context =
+        xmlCreateIOParserCtxt(&handler, &handler, readFile, nullptr, &file, XML_CHAR_ENCODING_NONE);
+    xmlParseDocument(context);
+    const bool isWhole = context->wellFormed != 0;
+    xmlFreeParserCtxt(context);
+    ::close(file);
+    return isWhole;
 }

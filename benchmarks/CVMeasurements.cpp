@@ -14,6 +14,10 @@ constexpr int kRounds = 20;
 /// Few rounds, because the two thousand pages of 100,000 transactions take many seconds.
 constexpr int kRoundsOfPages = 5;
 
+/// Few rounds, because the need of memory varies little.
+constexpr int kRoundsOfMemory = 3;
+
+constexpr const char* kFileSize = "size of the file";
 constexpr const char* kWalk = "plain walk";
 constexpr const char* kPlainSort = "stable sort of plain records";
 constexpr const char* kPage = "first page";
@@ -78,6 +82,15 @@ constexpr auto kMeasurements = std::to_array<CVMeasurement>({
      "CPU of an empty window",
      {{{0, kRounds, 2.5}, {0, 0, CVMeasurement::kNoLimit}}},
      CVMeasureEmptyStart},
+    measurement("Check a data file, from start to exit", "bare SAX read of the file", 2, 2, CVMeasureCheck),
+    {"Peak memory of a check",
+     kFileSize,
+     {{{kMiddle, kRoundsOfMemory, CVMeasurement::kNoLimit}, {kLarge, kRoundsOfMemory, 1}}},
+     CVMeasureMemoryOfCheck},
+    {"Peak memory of the window",
+     kFileSize,
+     {{{kMiddle, kRoundsOfMemory, CVMeasurement::kNoLimit}, {kLarge, kRoundsOfMemory, 1.3}}},
+     CVMeasureMemoryOfWindow},
     measurement("Safe save", "write, fsync, rename", 1.5, 1.5, CVMeasureSave),
     measurement("Text after one change", "memcpy into fresh memory", 2, 2, CVMeasureText),
     {"Report as a PDF", "QPdfWriter, same strings", {{{kMiddle, kRoundsOfPages, 2}, {kLarge, 1, 2}}}, CVMeasurePDF},

@@ -59,6 +59,11 @@ void CVMeasureSorting(benchmark::State& state, std::size_t transactions, int col
 void CVMeasureStart(benchmark::State& state, std::size_t transactions);
 void CVMeasureEmptyStart(benchmark::State& state, std::size_t transactions);
 
+/// These measure the reading of the data file.
+void CVMeasureCheck(benchmark::State& state, std::size_t transactions);
+void CVMeasureMemoryOfCheck(benchmark::State& state, std::size_t transactions);
+void CVMeasureMemoryOfWindow(benchmark::State& state, std::size_t transactions);
+
 void CVMeasureSave(benchmark::State& state, std::size_t transactions);
 void CVMeasureText(benchmark::State& state, std::size_t transactions);
 void CVMeasurePDF(benchmark::State& state, std::size_t transactions);

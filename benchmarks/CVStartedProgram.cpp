@@ -2,6 +2,7 @@
 
 #include "CVPrivateDisplay.h"
 
+#include <QFile>
 #include <QProcess>
 
 #include <time.h>
@@ -26,6 +27,19 @@ double secondsOf(pid_t process) {
     return static_cast<double>(taken.tv_sec) + static_cast<double>(taken.tv_nsec) * 1e-9;
 }
 
+/// The most memory that a process has had at once, in bytes, as the kernel counts it (VmHWM).
+double peakMemoryOf(pid_t process) {
+    constexpr double kKilobyte = 1024;
+    QFile status(QStringLiteral("/proc/%1/status").arg(process));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray& line : status.readAll().split('\n')) {
+        if (line.startsWith("VmHWM:"))
+            return line.simplified().split(' ').at(1).toDouble() * kKilobyte;
+    }
+    return 0;
+}
+
 double secondsUntilIdle(pid_t process) {
     double before = secondsOf(process);
     for (;;) {
@@ -39,8 +53,8 @@ double secondsUntilIdle(pid_t process) {
 
 } // namespace
 
-std::optional<double> CVSecondsToWindow(CVPrivateDisplay& display, const QString& program,
-                                        QProcessEnvironment environment, const QByteArray& title) {
+std::optional<CVStartedProgram> CVStartToWindow(CVPrivateDisplay& display, const QString& program,
+                                                QProcessEnvironment environment, const QByteArray& title) {
     environment.insert(QStringLiteral("DISPLAY"), display.name());
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
     QProcess process;
@@ -49,11 +63,14 @@ std::optional<double> CVSecondsToWindow(CVPrivateDisplay& display, const QString
     process.start(program, QStringList());
     if (!process.waitForStarted())
         return std::nullopt;
-    std::optional<double> seconds;
-    if (display.waitForWindow(title, kPatience))
-        seconds = secondsUntilIdle(static_cast<pid_t>(process.processId()));
+    std::optional<CVStartedProgram> started;
+    if (display.waitForWindow(title, kPatience)) {
+        const auto id = static_cast<pid_t>(process.processId());
+        const double seconds = secondsUntilIdle(id);
+        started = CVStartedProgram{seconds, peakMemoryOf(id)};
+    }
     process.terminate();
     if (!process.waitForFinished(kEndPatience))
         return std::nullopt;
-    return seconds;
+    return started;
 }

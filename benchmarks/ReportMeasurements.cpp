@@ -1,6 +1,7 @@
 #include "CVBareParse.h"
 #include "CVBudgetFixture.h"
 #include "CVComparison.h"
+#include "CVFinishedProgram.h"
 #include "CVMeasurements.h"
 #include "CVPlainWalk.h"
 #include "reports/CVReportPages.h"
@@ -14,12 +15,7 @@
 #include <QPdfWriter>
 
 #include <benchmark/benchmark.h>
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <array>
 #include <chrono>
 #include <thread>
 
@@ -28,23 +24,6 @@ namespace {
 /// The part of the yardstick that stands for starting a process; the rest is a bare parse of the file.
 constexpr std::chrono::milliseconds kStart(30);
 constexpr int kDotsPerInch = 1200;
-
-/// Runs the program, with its output going nowhere; whether it ended well.
-bool runSummary(const QByteArray& file) {
-    std::array<QByteArray, 6> words{CORVELLA_PROGRAM, "report", "summary", "--period=month", "--data", file};
-    std::array<char*, words.size() + 1> arguments{};
-    for (std::size_t i = 0; i < words.size(); ++i)
-        arguments[i] = words[i].data();
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    pid_t process = 0;
-    int status = -1;
-    const bool ran = posix_spawn(&process, arguments[0], &actions, nullptr, arguments.data(), environ) == 0 &&
-                     waitpid(process, &status, 0) == process;
-    posix_spawn_file_actions_destroy(&actions);
-    return ran && status == 0;
-}
 
 std::unique_ptr<const CVReport> reportOf(CVDocument& document) {
     return CVReport::initWithTransactions(document.transactions());
@@ -109,7 +88,11 @@ void CVMeasureSummaryReport(benchmark::State& state, std::size_t transactions) {
         complete = CVParseBare(bytes) && complete;
         std::this_thread::sleep_for(kStart);
     };
-    comparison.subject = [&] { complete = runSummary(file.toLocal8Bit()) && complete; };
+    comparison.subject = [&] {
+        complete = CVFinishedProgram::run(
+                       {CORVELLA_PROGRAM, "report", "summary", "--period=month", "--data", file.toLocal8Bit()}) &&
+                   complete;
+    };
     comparison.run(state);
     if (!complete)
         state.SkipWithError("the program did not write the report");

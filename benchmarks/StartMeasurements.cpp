@@ -17,9 +17,9 @@ void measureStart(benchmark::State& state, std::size_t transactions, Yardstick y
     CVPrivateDisplay display;
     bool complete = true;
     const auto start = [&](const char* program, const char* title) {
-        const auto seconds = CVSecondsToWindow(display, QLatin1String(program), home.environment(), title);
-        complete = complete && seconds;
-        return seconds.value_or(0);
+        const auto started = CVStartToWindow(display, QLatin1String(program), home.environment(), title);
+        complete = complete && started;
+        return started.value_or(CVStartedProgram()).seconds;
     };
     const auto parse = [&] { return CVSecondsOf(CVClock::Thread, [&] { complete = CVParseBare(text) && complete; }); };
     const auto yardstickSeconds = [&] {

@@ -117,7 +117,8 @@ void CVAppDelegate::handleSaveFinished(const CVSaveOutcome& outcome) {
 
 void CVAppDelegate::tellAboutReading(const CVLoadReport& report) {
     // A damaged file is replaced at once; only after that save is it known whether a copy could be kept.
-    const CVSaveOutcome outcome = mFile.saves().waitForFinished();
+    const CVSaveOutcome last = mFile.saves().waitForFinished();
+    const CVSaveOutcome outcome = last.path == report.path ? last : CVSaveOutcome();
     mToldCopies.insert(outcome.keptCopy);
     // The alert waits for the event loop, so that the window is shown behind it.
     QMetaObject::invokeMethod(
@@ -127,7 +128,10 @@ void CVAppDelegate::tellAboutReading(const CVLoadReport& report) {
 }
 
 bool CVAppDelegate::mayClose() {
-    if (!mEndsWithoutAsking && !mIsReopening && mMainWindow->returnToUnreadable())
+    // The budget that another one replaces was saved before.
+    if (mIsReopening)
+        return true;
+    if (!mEndsWithoutAsking && mMainWindow->returnToUnreadable())
         return false;
     std::optional<QTime> triedAgain;
     for (;;) {
@@ -217,16 +221,14 @@ QString CVAppDelegate::waitForSaves() {
     return outcome.saved ? QString() : outcome.message;
 }
 
-bool CVAppDelegate::reopenDocument() {
+std::optional<QString> CVAppDelegate::reopenDocument() {
     // From here on the former budget must not be saved, because it would be written over the other file.
     mDocument->setSaver(nullptr);
     auto document = std::make_unique<CVDocument>(mNotificationCenter, mUserDefaults);
     const CVLoadReport report = read(*document, {CVReadingPanel::Reading::OtherFile, mPreferences.get()});
     if (report.outcome == CVLoadReport::Outcome::Cancelled || report.outcome == CVLoadReport::Outcome::NotRead) {
         mDocument->setSaver(&mFile);
-        if (report.outcome == CVLoadReport::Outcome::NotRead)
-            mAlerts.run(mPreferences.get(), CVFileMessages::otherFileNotRead(report));
-        return false;
+        return report.outcome == CVLoadReport::Outcome::Cancelled ? QString() : report.reason;
     }
     // Without the locker the program would end when its last window closes.
     const QEventLoopLocker locker;
@@ -237,7 +239,7 @@ bool CVAppDelegate::reopenDocument() {
     showWhetherSaved(report);
     if (!report.reason.isEmpty())
         tellAboutReading(report);
-    return true;
+    return std::nullopt;
 }
 
 void CVAppDelegate::setDocument(std::unique_ptr<CVDocument> document) {

@@ -82,7 +82,7 @@ private:
     void keepPreferencesInFront();
     void showUpdatePreferences();
     [[nodiscard]] QString waitForSaves() override;
-    [[nodiscard]] bool reopenDocument() override;
+    [[nodiscard]] std::optional<QString> reopenDocument() override;
     [[nodiscard]] CVLoadReport read(CVDocument& document, CVReadingPanel panel);
     void handleSaveFinished(const CVSaveOutcome& outcome);
     void showWhetherSaved(const CVLoadReport& report) const;

@@ -57,16 +57,6 @@ CVAlert unreadable(const CVLoadReport& report, const CVSaveOutcome& outcome) {
             {}};
 }
 
-CVAlert otherFileNotRead(const CVLoadReport& report) {
-    return {FileMessagesText::tr("The other file could not be read"),
-            FileMessagesText::tr("“%1” could not be read: %2.\n\nThe file is untouched. Corvella keeps the budget that "
-                                 "is open.")
-                .arg(shown(report.path), report.reason),
-            FileMessagesText::tr("OK"),
-            {},
-            {}};
-}
-
 CVAlert keptCopy(const CVSaveOutcome& outcome) {
     return {FileMessagesText::tr("What stood in the place of your file was kept"),
             FileMessagesText::tr(

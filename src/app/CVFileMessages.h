@@ -12,8 +12,6 @@ struct CVSaveOutcome;
 /// The messages about reading and saving the data file: what happened, what it means for the data, what to do.
 namespace CVFileMessages {
 
-/// Says that the file that was chosen in place of the present one could not be read, so that the present one stays.
-[[nodiscard]] CVAlert otherFileNotRead(const CVLoadReport& report);
 /// Says at the start that the file could not be read. `outcome` is that of the save that replaced the file, if there
 /// was one.
 [[nodiscard]] CVAlert unreadable(const CVLoadReport& report, const CVSaveOutcome& outcome);

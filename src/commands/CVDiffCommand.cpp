@@ -52,7 +52,9 @@ int CVRunDiff(const CVDiffRequest& request, QTextStream& errors) {
     CVReadOnlyBudget after;
     if (!before.read(request.before, errors) || !after.read(request.after, errors))
         return kTrouble;
-    const auto differences = CVBudgetDifferences::between(before.document(), after.document(), &before.document());
+    const bool isLater = CVBudgetDifferences::isLaterState(before.document(), after.document());
+    const auto differences =
+        CVBudgetDifferences::between(before.document(), after.document(), isLater ? &before.document() : nullptr);
     QByteArray text;
     for (const QString& line : CVMakeDifferenceLines(differences))
         text += line.toUtf8() + '\n';

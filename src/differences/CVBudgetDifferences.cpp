@@ -4,6 +4,8 @@
 #include "model/CVDocument.h"
 #include "model/CVTransactionSet.h"
 
+#include <algorithm>
+
 namespace {
 
 const QString& nameOf(const CVCategory& category) {
@@ -74,6 +76,15 @@ CVRecordMatching matched(const std::vector<std::shared_ptr<Record>>& before,
 }
 
 } // namespace
+
+bool CVBudgetDifferences::isLaterState(const CVDocument& before, const CVDocument& after) {
+    const auto& categories = before.categories();
+    const auto common = std::count_if(categories.begin(), categories.end(), [&after](const auto& category) {
+        const auto same = after.getCategoryByUniqueID(category->uniqueID());
+        return same && same->categoryName() == category->categoryName();
+    });
+    return 2 * static_cast<std::size_t>(common) >= categories.size();
+}
 
 CVBudgetDifferences CVBudgetDifferences::between(const CVDocument& before, const CVDocument& after,
                                                  const CVDocument* common) {

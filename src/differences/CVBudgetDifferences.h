@@ -29,6 +29,9 @@ struct CVBudgetDifferences {
 
     [[nodiscard]] bool isEmpty() const { return sets.empty() && categories.empty() && transactions.empty(); }
 
+    /// Whether `after` seems to come from `before`: at least half of the categories of `before` are in `after` with ID
+    /// and name. In files of different origin, or after a budget was begun anew, an ID means something else.
+    [[nodiscard]] static bool isLaterState(const CVDocument& before, const CVDocument& after);
     /// What has to be done to `before` to get `after`. `common` is an earlier state of both, for instance `before`
     /// itself when `after` came from it; null when they have none in common, as two files of different origin. Of
     /// several categories or sets with one ID, only the first counts, as in the data file.

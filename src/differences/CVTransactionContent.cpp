@@ -7,9 +7,11 @@
 
 namespace {
 
+/// Nothing of an amount that rounds to zero is left but, in the file, its sign, which means nothing.
 QByteArray amountInFile(double amount) {
     std::array<char, QBNumberText::kMoneyBound> text{};
-    return QByteArray(text.data(), QBNumberText::writeMoney(text.data(), amount) - text.data());
+    const QByteArray written(text.data(), QBNumberText::writeMoney(text.data(), amount) - text.data());
+    return written == "-0.00" ? QByteArray("0.00") : written;
 }
 
 /// A null text and an empty one differ in the data file.
@@ -38,5 +40,6 @@ bool operator==(const CVTransactionContent& a, const CVTransactionContent& b) {
 
 size_t qHash(const CVTransactionContent& content, size_t seed) {
     return qHashMulti(seed, content.set.value_or(0), content.category.value_or(0),
+                      content.day ? content.day->yearOfCommonEra() : 0, content.day ? content.day->monthOfYear() : 0,
                       content.day ? content.day->dayOfMonth() : 0, content.amount, content.payTo, content.xfor);
 }

@@ -15,6 +15,13 @@ CVTransactionContent contentAfter(const CVTransaction& transaction) {
     return {transaction, transaction.transactionSetID(), transaction.categoryID()};
 }
 
+/// Day, payee, purpose and amount.
+CVTransactionContent keyOfTextsAndAmount(CVTransactionContent content) {
+    content.category = 0;
+    content.taxFlag = content.userFlag = false;
+    return content;
+}
+
 /// Day, payee and purpose.
 CVTransactionContent keyOfTexts(CVTransactionContent content) {
     content.category = 0;
@@ -77,6 +84,7 @@ Differences Comparison::find(const CVTransactions& before, const CVTransactions&
             mNew.push_back(transaction);
         }
     }
+    joinChanges(keyOfTextsAndAmount);
     joinChanges(keyOfTexts);
     joinChanges(keyOfAmount);
     for (const auto& transaction : mNew)

@@ -149,15 +149,26 @@ void CVDataFilePane::moveDocument(const QString& path) {
 void CVDataFilePane::useDocument(const QString& path) {
     if (leadToWaitingWindow())
         return;
-    const QString failure = mHost.waitForSaves();
-    if (!failure.isEmpty()) {
+    const QString unsaved = mHost.waitForSaves();
+    if (!unsaved.isEmpty()) {
         mAlerts.run(this, {tr("Your last changes are not saved"),
-                           failure + u' ' + tr("They would be lost, so the other file is not used yet."), tr("OK")});
+                           unsaved + u' ' + tr("They would be lost, so the other file is not used yet."), tr("OK")});
         return;
     }
     const auto former = store().defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
-    if (keepLocation(path, former) && !mHost.reopenDocument())
-        store().setDataFileLocation(former);
+    if (!keepLocation(path, former))
+        return;
+    const auto failure = mHost.reopenDocument();
+    if (!failure)
+        return;
+    store().setDataFileLocation(former);
+    if (failure->isEmpty())
+        return;
+    mAlerts.run(this,
+                {tr("The other file could not be read"),
+                 tr("“%1” could not be read: %2.\n\nThe file is untouched. Corvella keeps the budget that is open.")
+                     .arg(QDir::toNativeSeparators(path), *failure),
+                 tr("OK")});
 }
 
 /// Stores the new location; false after an alert when the settings cannot be saved. Without the stored location the

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <optional>
+
 class QWidget;
 
 /// The operations of the program that the preferences use.
@@ -12,9 +14,9 @@ public:
     virtual void checkForNewVersion(QWidget& asker) = 0;
     /// Blocks until nothing is being saved. Returns in one sentence why the last save failed; empty when it succeeded.
     [[nodiscard]] virtual QString waitForSaves() = 0;
-    /// Reads the file named in the user defaults into a new document, which replaces the present one. False, with the
-    /// present document in place, when the user cancelled the reading or was told that the file could not be read.
-    [[nodiscard]] virtual bool reopenDocument() = 0;
+    /// Reads the file named in the user defaults into a new document, which replaces the present one. Otherwise the
+    /// present one stays, and the answer is why the file could not be read, empty when the user cancelled the reading.
+    [[nodiscard]] virtual std::optional<QString> reopenDocument() = 0;
 
 protected:
     ~CVPreferenceHost() = default;

@@ -35,7 +35,11 @@ CVLoadReport CVDocumentFile::initWithStandardUserFile(CVDocument& document) {
         return report;
     if (document.uniqueID() == 0) {
         document.setCurrentTransactionSet(0);
-        document.addDefaults();
+        // A file that was not read gives no reason to write a setting of the user's.
+        if (report.outcome == CVLoadReport::Outcome::NotRead)
+            document.setInitialCategories();
+        else
+            document.addDefaults();
     }
     document.sortTransactionsByDate();
     document.updateDates();
@@ -65,12 +69,10 @@ CVLoadReport CVDocumentFile::readFromURL(CVDocument& document, const QString& pa
 }
 
 CVLoadReport CVDocumentFile::readFromOpenFile(CVDocument& document, QIODevice& file) {
+    // A file that is too large is not read at all.
+    if (file.size() > CVExaminedSource::kLargestFile)
+        return {CVLoadReport::Outcome::NotRead, {}, tr("the file is larger than 2 GiB")};
     CVLoadReport report{CVLoadReport::Outcome::Unreadable, {}, {}};
-    // A file that the parser would refuse is not read at all.
-    if (file.size() > CVExaminedSource::kLargestFile) {
-        report.reason = tr("the file is larger than 2 GiB");
-        return report;
-    }
     if (mReadingProgress && !mReadingProgress(0)) {
         report.outcome = CVLoadReport::Outcome::Cancelled;
         return report;
@@ -85,6 +87,7 @@ CVLoadReport CVDocumentFile::readFromOpenFile(CVDocument& document, QIODevice& f
         report.reason = mReason;
     } catch (const std::bad_alloc&) {
         report.reason = tr("there is not enough memory to read the file");
+        document.abandonParsingData();
     }
     if (mWasCancelled)
         report.outcome = CVLoadReport::Outcome::Cancelled;

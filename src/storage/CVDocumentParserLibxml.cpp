@@ -11,7 +11,6 @@
 #include <array>
 #include <cstdarg>
 #include <cstdio>
-#include <exception>
 
 /// The part of the parser that drives libxml2's SAX interface.
 
@@ -53,7 +52,7 @@ struct CVDocumentParserCallbacks {
             return;
         try {
             action(parser);
-        } catch (const std::exception&) {
+        } catch (...) {
             parser.mGaveUp = true;
         }
     }
@@ -114,7 +113,7 @@ struct CVDocumentParserCallbacks {
 };
 
 bool CVDocumentParserDelegate::parseDocumentData() {
-    if (!document)
+    if (!document || mWasBrokenOff)
         return false;
     if (!_co_decrypted_data && !_co_encrypted_data && !mSource) {
         document->reset_to_default_info();

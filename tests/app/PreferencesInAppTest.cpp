@@ -192,6 +192,19 @@ TEST_F(PreferencesInApp, AChosenFileThatCannotBeReadLeavesThePresentBudget) {
     expectPresentBudget(before, {});
 }
 
+TEST_F(PreferencesInApp, ADamagedChosenFileThatCannotBeReplacedAsksNothingAboutTheFormerBudget) {
+    open();
+    record(12, "Market", "Food");
+    // This file is no XML, and nothing can be written beside it.
+    ASSERT_TRUE(QFile::link("/proc/self/status", dataFileIn("other")));
+    changeTo("other", {CVAlert::kDefault});
+    ASSERT_TRUE(QTest::qWaitFor([this] { return mAlerts.shown().size() == 2; }));
+    EXPECT_EQ(mAlerts.shown()[1].title, "Your budget could not be read");
+    EXPECT_EQ(payees(), QStringList());
+    mAlerts.answer({CVAlert::kOther});
+    EXPECT_TRUE(window().close());
+}
+
 TEST_F(PreferencesInApp, ADamagedChosenFileIsKeptAndTold) {
     open();
     record(12, "Market", "Food");

@@ -53,6 +53,17 @@ TEST(CVBudgetDifferences, ARenamedCategoryLeavesItsTransactionsAlone) {
     EXPECT_EQ(CVBudgetDifferences::between(before.document(), after.document(), nullptr).transactions.size(), 1U);
 }
 
+TEST(CVBudgetDifferences, KnowALaterStateByHalfOfItsCategories) {
+    BudgetBuilder before;
+    before.category("Food", 1).category("Fuel", 2);
+    BudgetBuilder renamed;
+    renamed.category("Food", 1).category("Car", 2).category("Rent", 3);
+    EXPECT_TRUE(CVBudgetDifferences::isLaterState(before.document(), renamed.document()));
+    BudgetBuilder other;
+    other.category("Rent", 1).category("Food", 2);
+    EXPECT_FALSE(CVBudgetDifferences::isLaterState(before.document(), other.document()));
+}
+
 /// Every line of the budget as its data file holds it, in the order of the texts.
 QStringList sortedLines(const QStringList& lines) {
     QStringList sorted = lines;

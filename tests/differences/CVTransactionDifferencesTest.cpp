@@ -123,6 +123,24 @@ INSTANTIATE_TEST_SUITE_P(
             {kMarket},
             {changed(kMarket, [](Entry& e) { e.payTo = "Shop"; }), changed(kMarket, [](Entry& e) { e.amount = 1; })},
             {"~ 30.00 Market > 1.00 Market", "+ 30.00 Shop"}},
+        DifferencesRow{
+            "the same texts with the same amount first",
+            {changed(kMarket, [](Entry& e) { e.amount = 1; }), changed(kMarket, [](Entry& e) { e.amount = 2; })},
+            {changed(kMarket,
+                     [](Entry& e) {
+                         e.amount = 2;
+                         e.taxFlag = true;
+                     }),
+             changed(kMarket,
+                     [](Entry& e) {
+                         e.amount = 1;
+                         e.taxFlag = true;
+                     })},
+            {"~ 1.00 Market > 1.00 Market", "~ 2.00 Market > 2.00 Market"}},
+        DifferencesRow{"no sign of zero",
+                       {changed(kMarket, [](Entry& e) { e.amount = -0.001; })},
+                       {changed(kMarket, [](Entry& e) { e.amount = 0; })},
+                       {}},
         DifferencesRow{"a text that is there but empty",
                        {changed(kMarket, [](Entry& e) { e.payTo = QString(); })},
                        {changed(kMarket, [](Entry& e) { e.payTo = ""; })},

@@ -153,10 +153,17 @@ TEST_F(DataFilePane, UseChosenFileKeepsTheOldPlaceWhenTheFileIsNotOpened) {
     useOldFolder();
     makeFile(dataFileIn("new"));
     open();
-    mHost.canReopen = false;
+    mHost.notReopened = "";
     changeTo("new", {CVAlert::kDefault});
     EXPECT_EQ(mHost.reopened, 1);
     EXPECT_EQ(location(), dataFileIn("old"));
+    EXPECT_EQ(mAlerts.shown().size(), 1) << "nothing is told about what the user wanted";
+    mHost.notReopened = "Input/output error";
+    changeTo("new", {CVAlert::kDefault});
+    EXPECT_EQ(location(), dataFileIn("old"));
+    ASSERT_EQ(mAlerts.shown().size(), 3);
+    EXPECT_EQ(mAlerts.shown()[2].title, "The other file could not be read");
+    EXPECT_TRUE(mAlerts.shown()[2].message.contains("could not be read: Input/output error."));
     EXPECT_EQ(mSaver.count(), 0);
 }
 

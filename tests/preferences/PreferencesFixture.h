@@ -38,15 +38,16 @@ public:
         lastAsker = &asker;
     }
     [[nodiscard]] QString waitForSaves() override { return failure; }
-    [[nodiscard]] bool reopenDocument() override {
+    [[nodiscard]] std::optional<QString> reopenDocument() override {
         ++reopened;
-        return canReopen;
+        return notReopened;
     }
 
     int checks = 0;
     const QWidget* lastAsker = nullptr;
     int reopened = 0;
-    bool canReopen = true;
+    /// The answer of reopenDocument().
+    std::optional<QString> notReopened;
     /// The failure that waitForSaves() reports.
     QString failure;
 };

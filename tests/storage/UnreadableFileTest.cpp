@@ -147,7 +147,9 @@ TEST_F(UnreadableFile, thatCannotBeReadFromTheDiskIsReported) {
     // Every read through this link fails, and nothing can be written beside its target.
     mHome.userDefaults().setString(CVDefaultsKeys::kDataFileLocation, mHome.path(QStringLiteral("link")));
     makeLink(QStringLiteral("/proc/self/mem"), mHome.path(QStringLiteral("link")));
+    mHome.userDefaults().setInteger(CVDefaultsKeys::kNumberOfItems, 25);
     open();
+    EXPECT_EQ(mHome.userDefaults().integerForKey(CVDefaultsKeys::kNumberOfItems), 25);
     EXPECT_EQ(mReport.outcome, Outcome::NotRead);
     EXPECT_FALSE(mFile->saves().isSaving());
     EXPECT_EQ(mReport.path, mHome.path(QStringLiteral("link")));
@@ -164,7 +166,7 @@ TEST_F(UnreadableFile, ofMoreThan2GibibytesIsNotEvenRead) {
     constexpr qint64 kSize = qint64(3) << 30;
     ASSERT_TRUE(QFile::resize(mPath, kSize));
     open();
-    EXPECT_EQ(mReport.outcome, Outcome::Unreadable);
+    EXPECT_EQ(mReport.outcome, Outcome::NotRead);
     EXPECT_EQ(mReport.reason, "the file is larger than 2 GiB");
     EXPECT_TRUE(save().saved);
     EXPECT_EQ(QFileInfo(keptCopy()).size(), kSize);

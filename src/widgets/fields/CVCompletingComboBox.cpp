@@ -9,7 +9,7 @@
 namespace {
 
 constexpr int kVisibleItems = 16;
-constexpr int kShortestText = 5;
+constexpr int kShortestField = 5;
 
 } // namespace
 
@@ -19,7 +19,7 @@ CVCompletingComboBox::CVCompletingComboBox(QWidget* parent) : CVWheelSafeComboBo
     setCompleter(nullptr);
     setMaxVisibleItems(kVisibleItems);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
-    setMinimumContentsLength(kShortestText);
+    setMinimumContentsLength(kShortestField);
 }
 
 void CVCompletingComboBox::setItems(const QStringList& items) {

@@ -1,0 +1,36 @@
+#include "CVFinishedProgram.h"
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+double secondsOf(const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
+}
+
+} // namespace
+
+std::optional<CVFinishedProgram> CVFinishedProgram::run(std::vector<QByteArray> words) {
+    constexpr double kKilobyte = 1024;
+    std::vector<char*> arguments;
+    for (QByteArray& word : words)
+        arguments.push_back(word.data());
+    arguments.push_back(nullptr);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    pid_t process = 0;
+    int status = -1;
+    rusage usage{};
+    const bool ran = posix_spawn(&process, arguments[0], &actions, nullptr, arguments.data(), environ) == 0 &&
+                     wait4(process, &status, 0, &usage) == process;
+    posix_spawn_file_actions_destroy(&actions);
+    if (!ran || status != 0)
+        return std::nullopt;
+    return CVFinishedProgram{secondsOf(usage.ru_utime) + secondsOf(usage.ru_stime),
+                             static_cast<double>(usage.ru_maxrss) * kKilobyte};
+}
