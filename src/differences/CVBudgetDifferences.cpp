@@ -31,6 +31,7 @@ std::vector<std::shared_ptr<Record>> firstOfEachID(const std::vector<std::shared
 template <typename Record>
 std::vector<CVRecordMatching::Record> namesOf(const std::vector<std::shared_ptr<Record>>& records) {
     std::vector<CVRecordMatching::Record> names;
+    names.reserve(records.size());
     for (const auto& record : records)
         names.push_back({record->uniqueID(), nameOf(*record)});
     return names;

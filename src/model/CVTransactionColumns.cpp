@@ -12,7 +12,7 @@ using Key = CVTransactionOrderKey;
 
 struct ColumnOfTransactions {
     QLatin1StringView identifier;
-    Key (*orderKey)(const CVTransaction& transaction);
+    Key (*orderKey)(const CVTransaction& transaction) = nullptr;
 };
 
 double numberOfDay(const std::optional<QBDate>& day) {

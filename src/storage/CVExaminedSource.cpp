@@ -33,7 +33,7 @@ qsizetype CVExaminedSource::read(char* buffer, qsizetype size) {
 QByteArray CVExaminedSource::readAll() {
     while (!mIsAtEnd && mStop == Stop::None)
         readPiece();
-    const QByteArray rest = mPiece.sliced(mTaken);
+    QByteArray rest = mPiece.sliced(mTaken);
     mTaken = mPiece.size();
     return rest;
 }
