@@ -2,6 +2,7 @@
 
 #include "model/CVCategory.h"
 #include "model/CVDocument.h"
+#include "model/CVRecordIDs.h"
 #include "model/CVTransactionSet.h"
 
 #include <algorithm>
@@ -16,16 +17,10 @@ const QString& nameOf(const CVTransactionSet& set) {
     return set.transactionSetName();
 }
 
-/// The first record of each ID.
-template <typename Record>
-std::vector<std::shared_ptr<Record>> firstOfEachID(const std::vector<std::shared_ptr<Record>>& records) {
-    std::vector<std::shared_ptr<Record>> first;
-    std::unordered_set<quint32> ids;
-    for (const auto& record : records) {
-        if (ids.insert(record->uniqueID()).second)
-            first.push_back(record);
-    }
-    return first;
+template <typename Records>
+Records firstOfEachID(Records records) {
+    CVKeepFirstOfEachID(records);
+    return records;
 }
 
 template <typename Record>
@@ -35,14 +30,6 @@ std::vector<CVRecordMatching::Record> namesOf(const std::vector<std::shared_ptr<
     for (const auto& record : records)
         names.push_back({record->uniqueID(), nameOf(*record)});
     return names;
-}
-
-template <typename Record>
-std::unordered_set<quint32> idsOf(const std::vector<std::shared_ptr<Record>>& records) {
-    std::unordered_set<quint32> ids;
-    for (const auto& record : records)
-        ids.insert(record->uniqueID());
-    return ids;
 }
 
 bool areSame(const CVTransactionSet& a, const CVTransactionSet& b) {
@@ -73,7 +60,7 @@ template <typename Record>
 CVRecordMatching matched(const std::vector<std::shared_ptr<Record>>& before,
                          const std::vector<std::shared_ptr<Record>>& after,
                          const std::vector<std::shared_ptr<Record>>& common) {
-    return {namesOf(before), namesOf(after), idsOf(common)};
+    return {namesOf(before), namesOf(after), CVIDsOf(common)};
 }
 
 } // namespace

@@ -24,18 +24,14 @@ CVTransactionContent keyOfTextsAndAmount(CVTransactionContent content) {
 
 /// Day, payee and purpose.
 CVTransactionContent keyOfTexts(CVTransactionContent content) {
-    content.category = 0;
     content.amount.clear();
-    content.taxFlag = content.userFlag = false;
-    return content;
+    return keyOfTextsAndAmount(std::move(content));
 }
 
 /// Day and amount.
 CVTransactionContent keyOfAmount(CVTransactionContent content) {
-    content.category = 0;
     content.payTo = content.xfor = QString();
-    content.taxFlag = content.userFlag = false;
-    return content;
+    return keyOfTextsAndAmount(std::move(content));
 }
 
 std::optional<QBDate> dayOf(const CVTransactionDifference& difference) {

@@ -7,6 +7,7 @@
 #include "base/QBXMLText.h"
 #include "model/CVCategory.h"
 #include "model/CVDocumentSaver.h"
+#include "model/CVRecordIDs.h"
 #include "model/CVTransaction.h"
 #include "model/CVTransactionSet.h"
 
@@ -15,12 +16,6 @@
 namespace {
 
 constexpr int kInitialNumberOfItems = 10;
-
-template <typename Records>
-void keepFirstOfEachID(Records& records) {
-    std::unordered_set<quint32> seen;
-    std::erase_if(records, [&seen](const auto& record) { return !seen.insert(record->uniqueID()).second; });
-}
 
 /// Empties a collection. Its records forget the document, because a view may keep a record after the document is gone.
 template <typename Records>
@@ -33,14 +28,6 @@ void release(Records& records) {
 template <typename Records>
 auto findID(const Records& records, quint32 id) {
     return std::find_if(records.begin(), records.end(), [id](const auto& record) { return record->uniqueID() == id; });
-}
-
-template <typename Records>
-std::unordered_set<quint32> idsOf(const Records& records) {
-    std::unordered_set<quint32> ids;
-    for (const auto& record : records)
-        ids.insert(record->uniqueID());
-    return ids;
 }
 
 } // namespace
@@ -80,14 +67,14 @@ std::shared_ptr<CVTransactionSet> CVDocument::findTransactionSetFromID(quint32 i
 }
 
 quint32 CVDocument::getUniqueCategoryID() {
-    auto taken = idsOf(mCategories);
+    auto taken = CVIDsOf(mCategories);
     for (const auto& transaction : mTransactions)
         taken.insert(transaction->categoryID());
     return getUniqueIDBesides(taken);
 }
 
 quint32 CVDocument::getUniqueTransactionSetID() {
-    auto taken = idsOf(mTransactionSets);
+    auto taken = CVIDsOf(mTransactionSets);
     for (const auto& transaction : mTransactions)
         taken.insert(transaction->transactionSetID());
     return getUniqueIDBesides(taken);
@@ -115,8 +102,8 @@ void CVDocument::reset_to_default_info() {
 }
 
 void CVDocument::finishedParsingData() {
-    keepFirstOfEachID(mTransactionSets);
-    keepFirstOfEachID(mCategories);
+    CVKeepFirstOfEachID(mTransactionSets);
+    CVKeepFirstOfEachID(mCategories);
 }
 
 void CVDocument::abandonParsingData() {
@@ -137,7 +124,7 @@ void CVDocument::removeAllCategories() {
 
 void CVDocument::setInitialCategories() {
     const QBDate today = QBDate::date();
-    const auto taken = idsOf(mCategories);
+    const auto taken = CVIDsOf(mCategories);
     for (const QString& name : CVCategory::standardCategoryNames().value_or(QStringList())) {
         const auto category = std::make_shared<CVCategory>(today);
         category->setCategoryName(name);
