@@ -42,6 +42,7 @@ function(corvella_test)
     target_compile_definitions(${ARG_NAME} PRIVATE CORVELLA_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
     target_link_libraries(${ARG_NAME} PRIVATE ${ARG_DEPENDS} ${main} Corvella::TestKit GTest::gmock GTest::gtest)
     corvella_reuse_headers(${ARG_NAME} ${headers})
+    set_target_properties(${ARG_NAME} PROPERTIES CORVELLA_IS_TEST ON)
 
     add_test(NAME ${ARG_NAME} COMMAND ${ARG_NAME})
     # Each test gets its own home, so that a test that forgets to redirect the settings or the data file cannot touch
