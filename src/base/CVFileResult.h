@@ -10,6 +10,8 @@ struct CVFileResult {
     /// Whether the reason is that the disk has no room left.
     [[nodiscard]] bool diskIsFull() const;
 
+    /// Whether a call failed with this `errno` because the file system, the kernel or a sandbox does not know it.
+    [[nodiscard]] static bool isUnknownCall(int error);
     /// The failure of the last call of the C library, with the reason in `errno`.
     [[nodiscard]] static CVFileResult ofLastCall();
 };

@@ -23,6 +23,12 @@ std::optional<CVFileSignature> CVFileSignature::of(const QString& path) {
     return CVPathStatus::of(path).signature;
 }
 
+std::optional<CVFileSignature> CVFileSignature::ofEntry(const QString& path) {
+    struct stat facts {};
+    return ::lstat(QFile::encodeName(path).constData(), &facts) == 0 ? std::optional(signatureFrom(facts))
+                                                                     : std::nullopt;
+}
+
 std::optional<CVFileSignature> CVFileSignature::ofOpenFile(int descriptor) {
     struct stat facts {};
     return ::fstat(descriptor, &facts) == 0 ? std::optional(signatureFrom(facts)) : std::nullopt;

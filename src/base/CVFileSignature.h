@@ -14,6 +14,9 @@ struct CVFileSignature {
 
     /// The signature of the file at `path`, links followed; absent when there is none or it cannot be examined.
     [[nodiscard]] static std::optional<CVFileSignature> of(const QString& path);
+    /// The signature of a directory entry, a link's own and not that of what it leads to; absent when there is none or
+    /// it cannot be examined.
+    [[nodiscard]] static std::optional<CVFileSignature> ofEntry(const QString& path);
     /// The signature of an open file; absent when it cannot be examined.
     [[nodiscard]] static std::optional<CVFileSignature> ofOpenFile(int descriptor);
 

@@ -1,11 +1,11 @@
 #include "base/CVReplaceFile.h"
 
 #include "base/CVFileSink.h"
+#include "base/CVTemporaryFile.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -14,11 +14,13 @@
 #include <array>
 #include <cerrno>
 #include <climits>
+#include <cstdio>
 
 namespace {
 
 constexpr int kLongestChain = 40;
 constexpr unsigned kPrivate = 0600;
+constexpr unsigned kUsual = 0666;
 
 struct Target {
     QString path;
@@ -54,45 +56,59 @@ CVFileResult setMode(int descriptor, const CVPathStatus& old, CVNewFile access) 
     return CVFileResult::ofLastCall();
 }
 
-/// The toolkit loses the reason of some failed calls; `errno` still holds it. Of a file that may not be written the
-/// toolkit tells no reason but the path, which the callers' messages name already.
-CVFileResult failureOf(const QSaveFile& file) {
-    const bool dropped =
-        file.errorString() == QIODevice::tr("Unknown error") || file.errorString().contains(file.fileName());
-    return dropped ? CVFileResult::ofLastCall() : CVFileResult{file.errorString()};
+/// Puts a written file into its place; answers whether it is there and what became of the former one.
+using Placing = std::function<CVSwapResult(const QString& fresh, const QString& target)>;
+
+CVReplaceResult replaceFile(const QString& path, const CVFileContent& write, CVNewFile access, const Placing& place) {
+    const auto [target, error] = followLinks(path);
+    if (!error.isEmpty())
+        return {{error}};
+    const CVPathStatus old = CVPathStatus::of(target);
+    if (!old.error.isEmpty())
+        return {{old.error}};
+    CVTemporaryFile file(target, access == CVNewFile::Usual && !old.signature ? kUsual : kPrivate);
+    if (!file.opened().ok())
+        return {file.opened()};
+    CVFileResult result = setMode(file.descriptor(), old, access);
+    bool abandoned = false;
+    if (result.ok()) {
+        CVFileSink sink(file.descriptor());
+        abandoned = !write(sink);
+        result = sink.finish();
+    }
+    const auto written = CVFileSignature::ofOpenFile(file.descriptor());
+    if (result.ok() && !written)
+        result = CVFileResult::ofLastCall();
+    if (!result.ok() || abandoned)
+        return {result};
+    const CVSwapResult swap = place(file.path(), target);
+    if (!swap.isPlaced)
+        return {swap};
+    file.release();
+    return {CVSyncFolder(QFileInfo(target).absolutePath()), written, swap.former, swap.isExpected};
+}
+
+CVSwapResult placeByRenaming(const QString& fresh, const QString& target) {
+    if (::rename(QFile::encodeName(fresh).constData(), QFile::encodeName(target).constData()) == 0)
+        return {{}, true};
+    return {CVFileResult::ofLastCall()};
 }
 
 } // namespace
 
 CVReplaceResult CVReplaceFile(const QString& path, const CVFileContent& write, CVNewFile access) {
-    const auto [target, error] = followLinks(path);
-    if (!error.isEmpty())
-        return {{error}, {}};
-    const CVPathStatus old = CVPathStatus::of(target);
-    if (!old.error.isEmpty())
-        return {{old.error}, {}};
-    // QSaveFile names the temporary file and renames it. The bytes go through CVFileSink instead, because QSaveFile
-    // takes a partial write for a whole one.
-    QSaveFile file(target);
-    if (!file.open(QIODevice::WriteOnly))
-        return {failureOf(file), {}};
-    CVFileResult result = setMode(file.handle(), old, access);
-    bool abandoned = false;
-    if (result.ok()) {
-        CVFileSink sink(file.handle());
-        abandoned = !write(sink);
-        result = sink.finish();
-    }
-    const auto written = CVFileSignature::ofOpenFile(file.handle());
-    if (result.ok() && !written)
-        result = CVFileResult::ofLastCall();
-    if (!result.ok() || abandoned) {
-        file.cancelWriting();
-        return {result, {}};
-    }
-    if (!file.commit())
-        return {failureOf(file), {}};
-    return {CVSyncFolder(QFileInfo(target).absolutePath()), written};
+    return replaceFile(path, write, access, placeByRenaming);
+}
+
+CVReplaceResult CVReplaceExpectedFile(const QString& path, const CVFileContent& write,
+                                      const std::optional<CVFileSignature>& expected, CVFormerFile former) {
+    return replaceFile(path, write, CVNewFile::Private, [&](const QString& fresh, const QString& target) {
+        return CVSwapFile(fresh, target, expected, former);
+    });
+}
+
+QString CVFollowLinks(const QString& path) {
+    return followLinks(path).path;
 }
 
 CVFileResult CVSyncFolder(const QString& path) {

@@ -2,6 +2,7 @@
 
 #include "base/CVFileResult.h"
 #include "base/CVFileSignature.h"
+#include "base/CVSwapFile.h"
 
 #include <functional>
 
@@ -21,7 +22,11 @@ enum class CVNewFile {
 
 struct CVReplaceResult : CVFileResult {
     /// The signature of the new file; present once the file is in its place, even when a later step failed.
-    std::optional<CVFileSignature> written;
+    std::optional<CVFileSignature> written = {};
+    /// Where what stood there is now; empty when nothing of it was kept. A name of `CVTemporaryFile`.
+    QString former = {};
+    /// Whether what stood there is what the caller expected.
+    bool isExpected = true;
 };
 
 /// Replaces the file at `path` by what `write` writes. At every moment, whatever fails, either the old file or the new
@@ -30,6 +35,15 @@ struct CVReplaceResult : CVFileResult {
 /// replaced and only syncing its folder failed.
 [[nodiscard]] CVReplaceResult CVReplaceFile(const QString& path, const CVFileContent& write,
                                             CVNewFile access = CVNewFile::Private);
+
+/// Does the same and keeps what stood there as `CVSwapFile` does, so that no change by another program is lost. Only
+/// the owner can read a new file.
+[[nodiscard]] CVReplaceResult CVReplaceExpectedFile(const QString& path, const CVFileContent& write,
+                                                    const std::optional<CVFileSignature>& expected,
+                                                    CVFormerFile former);
+
+/// The file at which a chain of symbolic links ends, existing or not; empty when it cannot be followed.
+[[nodiscard]] QString CVFollowLinks(const QString& path);
 
 /// Syncs a folder's entries to the disk.
 [[nodiscard]] CVFileResult CVSyncFolder(const QString& path);

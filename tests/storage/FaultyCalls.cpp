@@ -12,6 +12,7 @@
 #include <atomic>
 #include <cerrno>
 #include <condition_variable>
+#include <csignal>
 #include <mutex>
 #include <utility>
 
@@ -51,6 +52,9 @@ int plannedError(const State& state, const std::string& name) {
     for (const Fault& fault : state.faults) {
         if (fault.at == number)
             return fault.error;
+        // A call that a signal interrupted is repeated until no signal comes.
+        if (fault.error == EINTR)
+            continue;
         const bool same = fault.at < number && calls[fault.at].name == name;
         if ((fault.repeat == Repeat::SameForEver && same) || (fault.repeat == Repeat::AllForEver && fault.at < number))
             // Only a write can be partial.
@@ -77,6 +81,8 @@ int errorFor(const char* name, const std::string& path, const char* from) {
             return function.error;
     }
     const int error = plannedError(state(), name);
+    if (error == kKilled)
+        ::kill(::getpid(), SIGKILL);
     state().record.calls.push_back({name, path, error != 0, from});
     return error;
 }
@@ -139,10 +145,10 @@ void Gate::waitForArrival() {
 
 const Reasons& whyWorkFails() {
     static const Reasons table{
-        {"open", {EACCES, EIO, ENOSPC, EMFILE}},
+        {"open", {EACCES, EIO, ENOSPC, EMFILE, EROFS, EINTR}},
         {"tmpfile", {EACCES, EIO, ENOSPC, EMFILE, EOPNOTSUPP}},
-        {"write", {ENOSPC, EDQUOT, EIO, kShort}},
-        {"read", {EIO}},
+        {"write", {ENOSPC, EDQUOT, EIO, EINTR, kShort}},
+        {"read", {EIO, EINTR}},
         {"sendfile", {EIO, ENOSPC}},
         {"ioctl", {EIO, ENOSPC}},
         {"close", {EIO}},
@@ -150,11 +156,11 @@ const Reasons& whyWorkFails() {
         {"fdatasync", {EIO, ENOSPC}},
         {"ftruncate", {EIO, EACCES}},
         {"rename", {EACCES, EIO, ENOSPC, EXDEV}},
-        {"renameat2", {EACCES, EIO, ENOSPC, EINVAL}},
+        {"renameat2", {EACCES, EIO, ENOSPC, EINVAL, EPERM, EROFS, EINTR, ENOENT, EEXIST}},
         {"link", {EPERM, EIO, ENOSPC, EACCES, EMLINK}},
-        {"unlink", {EACCES, EIO}},
+        {"unlink", {EACCES, EIO, EROFS}},
         {"chmod", {EPERM, EIO}},
-        {"mkdir", {EACCES, ENOSPC, EIO}},
+        {"mkdir", {EACCES, ENOSPC, EIO, EROFS}},
     };
     return table;
 }

@@ -32,6 +32,8 @@ enum class Repeat {
 
 /// The pseudo error of a write that writes and reports only half of its bytes.
 inline constexpr int kShort = -1;
+/// The pseudo error that kills the process before the call.
+inline constexpr int kKilled = -2;
 
 /// The errors with which calls may fail, by the name of the call.
 using Reasons = std::map<std::string, std::vector<int>>;
@@ -44,7 +46,7 @@ using Reasons = std::map<std::string, std::vector<int>>;
 struct Fault {
     /// The index of the call that fails, from 0.
     std::size_t at = 0;
-    /// An errno, or `kShort`.
+    /// An errno, `kShort` or `kKilled`.
     int error = 0;
     Repeat repeat = Repeat::Once;
 };

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "base/CVFileResult.h"
+
+/// Renames a file or folder in one step, so that the bytes always have a name. Never replaces anything.
+[[nodiscard]] CVFileResult CVMoveFile(const QString& from, const QString& to);
+
+/// Copies a file of any kind that can be read, with its permission bits. The copy gets the name `to` only when it is
+/// whole and on the disk. Never replaces anything.
+[[nodiscard]] CVFileResult CVCopyFile(const QString& from, const QString& to);
+
+/// Gives the same bytes a second name, or copies them where the file system has no hard links. Never replaces anything.
+[[nodiscard]] CVFileResult CVLinkOrCopyFile(const QString& from, const QString& to);
