@@ -66,11 +66,15 @@ void CVAppDelegate::setPrintPanels(CVPrintPanels* panels) {
 
 bool CVAppDelegate::applicationDidFinishLaunching() {
     mUpdates.checkAutomatically(mUserDefaults.integerForKey(CVDefaultsKeys::kCheckUpdatesAutomatically));
+    const CVFileResult recovered = mFile.recoverInterruptedSaves();
     const CVLoadReport report = read(*mDocument, {CVReadingPanel::Reading::AtStart, nullptr});
     if (report.outcome == CVLoadReport::Outcome::Cancelled)
         return false;
     makeWindowControllers();
     showWhetherSaved(report);
+    if (!recovered.ok())
+        mMainWindow->saveStatus().remark(
+            tr("What an interrupted save has left could not be put in order: %1").arg(recovered.error));
     if (mWantsUpdatePreferences)
         showUpdatePreferences();
     if (!report.reason.isEmpty())

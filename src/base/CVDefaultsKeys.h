@@ -27,6 +27,9 @@ inline constexpr const char* kPaper = "CVPaper";
 inline constexpr const char* kPaperLandscape = "CVPaperLandscape";
 inline constexpr const char* kPaperMargins = "CVPaperMargins";
 
+/// The megabytes that earlier versions may take: 1024 when absent or 0, none are kept when negative.
+inline constexpr const char* kVersionLimit = "CVEarlierVersionsLimit";
+
 /// The identifier of the preferences' tab that was shown last.
 inline constexpr const char* kPreferencesTab = "Prefs: Selected Tab";
 /// 0 never, 1 daily, 2 weekly, 3 monthly.

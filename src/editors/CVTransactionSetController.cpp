@@ -85,6 +85,7 @@ void CVTransactionSetController::removeTransactionSet() {
         return;
     mDocument.removeTransactionsForSet(set->uniqueID());
     std::erase(mDocument.transactionSets(), set);
+    mDocument.askForVersion(CVVersionReason::Deletion);
     reload();
     mTransactionSetTable->moveCursorTo(row);
     save();

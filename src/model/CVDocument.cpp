@@ -98,6 +98,7 @@ void CVDocument::reset_to_default_info() {
     release(mTransactions);
     setUniqueID(0);
     addDefaults();
+    askForVersion(CVVersionReason::Clearing);
     workbookSave();
 }
 
@@ -169,6 +170,7 @@ void CVDocument::removeCategory(const std::shared_ptr<CVCategory>& category) {
     if (const auto found = std::find(mCategories.begin(), mCategories.end(), category); found != mCategories.end()) {
         category->setDocument(nullptr);
         mCategories.erase(found);
+        askForVersion(CVVersionReason::Deletion);
     }
     announceCategories();
 }

@@ -2,6 +2,7 @@
 
 #include "base/QBDate.h"
 #include "model/CVCollections.h"
+#include "model/CVVersionReason.h"
 
 #include <QStringList>
 
@@ -9,6 +10,7 @@
 #include <optional>
 #include <span>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 class CVDocumentSaver;
@@ -29,6 +31,11 @@ public:
     void setSaver(CVDocumentSaver* saver) { mSaver = saver; }
     /// Begins to save the present state and returns true at once.
     bool workbookSave();
+    /// Asks for the state in the data file to be kept as an earlier version when the next save replaces it. The last
+    /// reason counts. Whatever removes records asks for it.
+    void askForVersion(CVVersionReason reason) { mAskedVersion = reason; }
+    /// What was asked for since the last call; the saver takes it.
+    [[nodiscard]] std::optional<CVVersionReason> takeAskedVersion() { return std::exchange(mAskedVersion, {}); }
     /// The paths at which a budget is or will be saved, which no output may take. Empty without a saver.
     [[nodiscard]] QStringList dataFiles() const;
 
@@ -141,4 +148,5 @@ private:
     QBNotificationCenter& mNotificationCenter;
     QBUserDefaults& mUserDefaults;
     CVDocumentSaver* mSaver = nullptr;
+    std::optional<CVVersionReason> mAskedVersion;
 };

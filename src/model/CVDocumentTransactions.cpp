@@ -51,6 +51,7 @@ void CVDocument::removeTransaction(const std::shared_ptr<CVTransaction>& transac
         if (found != mTransactions.end()) {
             transaction->setDocument(nullptr);
             mTransactions.erase(found);
+            askForVersion(CVVersionReason::Removal);
         }
         announceTransactions();
     }
@@ -62,6 +63,7 @@ void CVDocument::removeTransactions(std::span<const std::shared_ptr<CVTransactio
         return;
     const std::unordered_set<std::shared_ptr<CVTransaction>> removed(transactions.begin(), transactions.end());
     eraseLeaving(mTransactions, [&removed](const auto& transaction) { return removed.contains(transaction); });
+    askForVersion(CVVersionReason::Removal);
     announceTransactions();
     updateDates();
 }
@@ -70,6 +72,7 @@ void CVDocument::removeTransactionsForSet(quint32 id) {
     if (mTransactions.empty())
         return;
     eraseLeaving(mTransactions, [id](const auto& transaction) { return transaction->transactionSetID() == id; });
+    askForVersion(CVVersionReason::Removal);
     announceTransactions();
     updateDates();
 }

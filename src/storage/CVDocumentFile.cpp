@@ -4,6 +4,8 @@
 #include "storage/CVDocumentParserDelegate.h"
 #include "storage/CVDocumentXML.h"
 #include "storage/CVExaminedSource.h"
+#include "storage/CVRecoverInterruptedSaves.h"
+#include "versions/CVVersionLimit.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -122,6 +124,11 @@ std::optional<CVDocumentText> CVDocumentFile::dataOfType(const CVDocument& docum
     return isAccepted(type) ? std::optional(CVDocumentXMLRepresentation(document)) : std::nullopt;
 }
 
+CVFileResult CVDocumentFile::recoverInterruptedSaves() const {
+    const auto path = CVPathForSaving(mFolders, mDefaults);
+    return path ? CVRecoverInterruptedSaves(*path) : CVFileResult();
+}
+
 bool CVDocumentFile::workbookSave(CVDocument& document) {
     const auto path = CVStandardDataFileURL(CVLookForExisting::No, mFolders, mDefaults);
     if (!path) {
@@ -129,8 +136,9 @@ bool CVDocumentFile::workbookSave(CVDocument& document) {
                         .arg(mFolders.applicationSupport));
         return true;
     }
+    const CVVersionKeeping keeping{document.takeAskedVersion(), CVVersionLimit(mDefaults)};
     try {
-        mSaves.save(*path, CVDocumentXMLRepresentation(document));
+        mSaves.save(*path, CVDocumentXMLRepresentation(document), keeping);
     } catch (const std::bad_alloc&) {
         mSaves.fail(tr("The budget could not be saved: there is not enough memory."));
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/CVFileResult.h"
 #include "model/CVDocumentSaver.h"
 #include "storage/CVSaveQueue.h"
 #include "storage/CVStandardDataFile.h"
@@ -63,6 +64,8 @@ public:
     /// The document's text; absent for another type than the two above (an unknown file-write error, code 512).
     [[nodiscard]] static std::optional<CVDocumentText> dataOfType(const CVDocument& document, const QString& type);
 
+    /// Does `CVRecoverInterruptedSaves` for the user's data file, before it is first read.
+    [[nodiscard]] CVFileResult recoverInterruptedSaves() const;
     bool workbookSave(CVDocument& document) override;
     [[nodiscard]] QStringList dataFiles() const override { return CVOwnDataFiles(mFolders, mDefaults); }
     [[nodiscard]] CVSaveQueue& saves() { return mSaves; }

@@ -14,8 +14,7 @@ namespace {
 constexpr const char* kXML_UTF8_EncodingString = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
 
 QByteArray head(const CVDocument& document) {
-    QByteArray text(kXML_UTF8_EncodingString);
-    text += "<CorvellaDocument os=\"Mac OS X\" app=\"";
+    QByteArray text = CVBeginOfDocumentText();
     text += CVBundle::kIdentifier;
     text += '"';
     if (const QString version = CVBundle::versionText(); !version.isEmpty()) {
@@ -51,4 +50,8 @@ CVDocumentText CVDocumentXMLRepresentation(const CVDocument& document) {
         text.append(transaction->xmlRepresentation(arena));
     text.append(place(arena, tail(document)));
     return text;
+}
+
+QByteArray CVBeginOfDocumentText() {
+    return QByteArray(kXML_UTF8_EncodingString) + "<CorvellaDocument os=\"Mac OS X\" app=\"";
 }

@@ -1,13 +1,32 @@
 #include "storage/CVSaveQueue.h"
 
-#include "storage/CVKeptCopy.h"
 #include "storage/CVWriteDocumentText.h"
+#include "versions/CVDueVersion.h"
+#include "versions/CVKeptCopy.h"
+#include "versions/CVVersionFolder.h"
 
 #include <QDateTime>
 #include <QDir>
 
 #include <new>
 #include <utility>
+
+namespace {
+
+constexpr qint64 kNanosecondsPerMillisecond = 1'000'000;
+
+/// Why the file that this program read or wrote is to be kept as a version before it is replaced.
+std::optional<CVVersionReason> dueVersion(const QString& path, const CVVersionKeeping& keeping,
+                                          const CVFileSignature& present) {
+    if (keeping.limit <= 0)
+        return std::nullopt;
+    const QList<CVVersion> versions = CVVersionFolder(path).versions();
+    return CVDueVersion(keeping.asked, QDateTime::fromMSecsSinceEpoch(present.modified / kNanosecondsPerMillisecond),
+                        versions.isEmpty() ? std::nullopt : std::optional(versions.constFirst().name),
+                        QDateTime::currentDateTime());
+}
+
+} // namespace
 
 CVSaveQueue::CVSaveQueue() {
     connect(this, &CVSaveQueue::written, this, &CVSaveQueue::announceNext, Qt::QueuedConnection);
@@ -29,21 +48,24 @@ void CVSaveQueue::markAsRead(const QString& path, const std::optional<CVFileSign
         mKnownFiles[path] = *signature;
 }
 
-void CVSaveQueue::save(const QString& path, CVDocumentText text) {
-    enqueue({path, std::move(text), {}});
+void CVSaveQueue::save(const QString& path, CVDocumentText text, CVVersionKeeping keeping) {
+    enqueue({path, std::move(text), {}, keeping});
 }
 
 void CVSaveQueue::fail(const QString& message) {
-    enqueue({{}, {}, message});
+    enqueue({{}, {}, message, {}});
 }
 
 void CVSaveQueue::enqueue(Job job) {
     {
         const std::lock_guard lock(mMutex);
-        if (!mPending.empty() && mPending.back().path == job.path)
+        // What the waiting save writes is the state that a version is asked of.
+        if (!mPending.empty() && mPending.back().path == job.path && !job.keeping.asked) {
+            job.keeping.asked = mPending.back().keeping.asked;
             mPending.back() = std::move(job);
-        else
+        } else {
             mPending.push_back(std::move(job));
+        }
     }
     mChanged.notify_all();
     emit saveStarted();
@@ -116,12 +138,18 @@ void CVSaveQueue::write(const Job& job, CVSaveOutcome& outcome) {
             known = found->second;
     }
     const CVPathStatus present = CVPathStatus::of(job.path);
+    const bool isKnown = present.signature == known;
     CVKeptCopy kept{{}, {present.error}, false};
-    if (present.signature && present.signature != known)
+    if (present.signature && !isKnown)
         kept = keepUnreadFile(job.path, *present.signature);
-    CVReplaceResult replacing{kept.result, {}};
-    if (kept.result.ok())
-        replacing = CVWriteDocumentText(job.path, job.text);
+    // A file that was kept as another program's is no version of this program's.
+    const auto due =
+        present.signature && isKnown ? dueVersion(job.path, job.keeping, *present.signature) : std::nullopt;
+    CVReplaceResult replacing{kept.result};
+    if (kept.result.ok()) {
+        replacing = CVWriteDocumentText(job.path, job.text, kept.moved ? std::nullopt : present.signature,
+                                        due ? CVFormerFile::Kept : CVFormerFile::Dropped);
+    }
     if (replacing.written)
         markAsRead(job.path, replacing.written);
     else if (kept.moved && kept.putBack(job.path))
@@ -131,6 +159,32 @@ void CVSaveQueue::write(const Job& job, CVSaveOutcome& outcome) {
     if (!replacing.ok()) {
         outcome.message =
             tr("The budget could not be saved to “%1”: %2.").arg(QDir::toNativeSeparators(job.path), replacing.error);
+    }
+    if (!replacing.former.isEmpty())
+        keepFormer(job, replacing, due, outcome);
+}
+
+/// Gives what stood at the path a name of its own. Until then it bears the name of a temporary file, which the next
+/// start would recognise.
+void CVSaveQueue::keepFormer(const Job& job, const CVReplaceResult& replacing, std::optional<CVVersionReason> due,
+                             CVSaveOutcome& outcome) {
+    const QDateTime now = QDateTime::currentDateTime();
+    if (!replacing.isExpected) {
+        const CVKeptCopy kept = CVKeptCopy::keepFormer(replacing.former, job.path, now);
+        outcome.keptCopy = kept.path;
+        return;
+    }
+    const CVVersionFolder folder(job.path);
+    CVFileResult result = folder.keep(replacing.former, due.value_or(CVVersionReason::Hourly), now);
+    if (!result.ok()) {
+        outcome.versionTrouble = tr("An earlier version could not be kept in “%1”: %2.")
+                                     .arg(QDir::toNativeSeparators(folder.path()), result.error);
+        return;
+    }
+    result = folder.thin(now, job.keeping.limit);
+    if (!result.ok()) {
+        outcome.versionTrouble = tr("Superfluous earlier versions could not be removed from “%1”: %2.")
+                                     .arg(QDir::toNativeSeparators(folder.path()), result.error);
     }
 }
 

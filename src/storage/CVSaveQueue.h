@@ -2,6 +2,7 @@
 
 #include "base/CVFileSignature.h"
 #include "model/CVDocumentText.h"
+#include "model/CVVersionReason.h"
 
 #include <QObject>
 #include <QString>
@@ -14,6 +15,15 @@
 #include <thread>
 
 struct CVKeptCopy;
+struct CVReplaceResult;
+
+/// What a save keeps of the file that it replaces.
+struct CVVersionKeeping {
+    /// Why the change that is saved asks for a version; absent when it asks for none.
+    std::optional<CVVersionReason> asked;
+    /// The most bytes that all versions may take; 0 keeps none and thins none.
+    qint64 limit = 0;
+};
 
 /// The outcome of one save.
 struct CVSaveOutcome {
@@ -26,12 +36,16 @@ struct CVSaveOutcome {
     bool diskIsFull = false;
     /// Where a file that was there and that this program had not read is kept; empty when there was none.
     QString keptCopy;
+    /// Why an earlier version could not be kept or thinned, in a sentence for the user; empty when there was no
+    /// trouble.
+    QString versionTrouble;
 };
 
 /// Writes texts to files on one worker thread, strictly in order. Of successive requests for one file that arrive
-/// during a write, only the newest is carried out. Before it writes over a file whose signature differs from that of
-/// the file that this program last read or wrote there, it keeps that file beside it. Used from the main thread;
-/// destroying it waits for the pending saves.
+/// during a write, only the newest is carried out, unless it asks for a version of what an earlier one writes. Keeps a
+/// file whose signature differs from that of the file that this program last read or wrote there, even when it came at
+/// the last moment, and keeps earlier versions of its own. Used from the main thread; destroying it waits for the
+/// pending saves.
 class CVSaveQueue final : public QObject {
     Q_OBJECT
 
@@ -41,7 +55,7 @@ public:
 
     /// Allows the file at `path` to be written over, because it was read whole when it had that signature.
     void markAsRead(const QString& path, const std::optional<CVFileSignature>& signature);
-    void save(const QString& path, CVDocumentText text);
+    void save(const QString& path, CVDocumentText text, CVVersionKeeping keeping = {});
     /// Announces, in its turn, a save that failed before there was a path to write to.
     void fail(const QString& message);
 
@@ -63,6 +77,7 @@ private:
         CVDocumentText text;
         /// Why there is no path to write to; empty when there is one.
         QString failure;
+        CVVersionKeeping keeping;
     };
 
     void enqueue(Job job);
@@ -71,6 +86,8 @@ private:
     [[nodiscard]] CVSaveOutcome perform(const Job& job);
     void write(const Job& job, CVSaveOutcome& outcome);
     [[nodiscard]] CVKeptCopy keepUnreadFile(const QString& path, const CVFileSignature& signature);
+    static void keepFormer(const Job& job, const CVReplaceResult& replacing, std::optional<CVVersionReason> due,
+                           CVSaveOutcome& outcome);
 
     mutable std::mutex mMutex;
     std::condition_variable mChanged;

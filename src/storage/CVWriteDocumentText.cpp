@@ -4,10 +4,12 @@
 
 #include <QIODevice>
 
-CVReplaceResult CVWriteDocumentText(const QString& path, const CVDocumentText& text) {
-    return CVReplaceFile(path, [&text](QIODevice& output) {
+CVReplaceResult CVWriteDocumentText(const QString& path, const CVDocumentText& text,
+                                    const std::optional<CVFileSignature>& expected, CVFormerFile former) {
+    const auto write = [&text](QIODevice& output) {
         for (const CVTextSlice& piece : text.pieces())
             output.write(piece.bytes().data(), piece.length);
         return true;
-    });
+    };
+    return CVReplaceExpectedFile(path, write, expected, former);
 }

@@ -4,5 +4,6 @@
 
 class CVDocumentText;
 
-/// Replaces the file at `path` by the text of a document, as `CVReplaceFile` does; only its owner can read a new file.
-[[nodiscard]] CVReplaceResult CVWriteDocumentText(const QString& path, const CVDocumentText& text);
+/// Replaces the file at `path` by the text of a document, as `CVReplaceExpectedFile` does.
+[[nodiscard]] CVReplaceResult CVWriteDocumentText(const QString& path, const CVDocumentText& text,
+                                                  const std::optional<CVFileSignature>& expected, CVFormerFile former);

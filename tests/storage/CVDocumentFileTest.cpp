@@ -83,7 +83,7 @@ TEST_F(CVDocumentFileTest, readsTheFileAndSavesTheSameBytes) {
     EXPECT_EQ(launch.document.currentTransactionSet(), 27U);
     EXPECT_TRUE(launch.save().saved);
     EXPECT_EQ(readFile(mPath), sampleFile());
-    EXPECT_EQ(namesIn(mFolder), QStringList({"Corvella Data.corvella"}));
+    EXPECT_EQ(namesIn(mFolder), QStringList({"Corvella Data.corvella", "Earlier Versions"}));
 }
 
 TEST_F(CVDocumentFileTest, sortsWhatItReadAndComputesTheBounds) {

@@ -132,7 +132,7 @@ TEST_P(SaveFaults, areMetAtEveryCallThatMatters) {
     }
     for (const char* name : {"open", "write", "fsync", "close"})
         EXPECT_TRUE(names.contains(name)) << name;
-    EXPECT_TRUE(names.contains("rename") || names.contains("link"));
+    EXPECT_TRUE(names.contains("rename") || names.contains("renameat2"));
 }
 
 TEST_P(SaveFaults, ofOneCallThatWritesLoseNothingAndAreTold) {
@@ -166,6 +166,9 @@ TEST(SaveFaultsOfAFullDisk, AreToldAsSuchAndOthersWithTheirReason) {
     const auto calls = SaveScenario(Before::Good).save().calls;
     int tried = 0;
     for (std::size_t at = 0; at < calls.size(); ++at) {
+        // What follows concerns the version, no longer the budget.
+        if (calls[at].path.ends_with("Earlier Versions"))
+            break;
         if (calls[at].name != "write" && calls[at].name != "fsync")
             continue;
         for (const int error : {ENOSPC, EIO, EDQUOT}) {
@@ -181,19 +184,23 @@ TEST(SaveFaultsOfAFullDisk, AreToldAsSuchAndOthersWithTheirReason) {
     EXPECT_GE(tried, 6);
 }
 
-/// Simpler file systems: one without nameless files, and one without hard links either.
-const std::vector<FaultyCalls::Unsupported> kNoNameless{{"tmpfile", EOPNOTSUPP}};
-const std::vector<FaultyCalls::Unsupported> kNoLinks{{"tmpfile", EOPNOTSUPP}, {"link", EPERM}};
+/// Simpler file systems: shares that cannot exchange names, and sticks without hard links either.
+const std::vector<FaultyCalls::Unsupported> kNoExchange{{"renameat2", EINVAL}};
+const std::vector<FaultyCalls::Unsupported> kForbiddenExchange{{"renameat2", EPERM}};
+const std::vector<FaultyCalls::Unsupported> kNoLinks{{"renameat2", EINVAL}, {"link", EPERM}};
 
 const FaultRow kFaults[]{
     {"overAGoodFile", Before::Good},
-    {"overAGoodFileOnAPlainDisk", Before::Good, kNoNameless},
+    {"overAGoodFileOnAShare", Before::Good, kNoExchange},
+    {"overAGoodFileOnAStick", Before::Good, kNoLinks},
     {"overALinkedFile", Before::Linked},
+    {"overALinkedFileInASandbox", Before::Linked, kForbiddenExchange},
     {"overAnUnreadableFile", Before::Unreadable},
-    {"overAnUnreadableFileWithoutHardLinks", Before::Unreadable, kNoLinks},
+    {"overAnUnreadableFileOnAStick", Before::Unreadable, kNoLinks},
     {"overAFolder", Before::Folder},
+    {"overAFolderOnAShare", Before::Folder, kNoExchange},
     {"withoutAFile", Before::Absent},
-    {"withoutAFileOnAPlainDisk", Before::Absent, kNoLinks},
+    {"withoutAFileOnAStick", Before::Absent, kNoLinks},
 };
 
 INSTANTIATE_TEST_SUITE_P(all, SaveFaults, testing::ValuesIn(kFaults), nameOf);

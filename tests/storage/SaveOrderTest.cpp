@@ -2,11 +2,15 @@
 #include "storage/CVSaveQueue.h"
 #include "storage/FaultyCalls.h"
 #include "storage/ScratchFiles.h"
+#include "versions/CVVersionFolder.h"
 
 #include <QCoreApplication>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cerrno>
+#include <cstdio>
 #include <memory>
 
 namespace {
@@ -21,11 +25,11 @@ protected:
     ~SaveOrder() override { FaultyCalls::disarm(); }
 
     void save(const char* text) { mQueue.save(mPath, textOf(text)); }
-    /// "fsync" and "rename", each with "file" or "folder", in the order of the calls.
+    /// "fsync" and "renameat2", each with "file" or "folder", in the order of the calls.
     [[nodiscard]] QStringList steps() const {
         QStringList steps;
         for (const auto& call : FaultyCalls::disarm().calls) {
-            if (call.name == "fsync" || call.name == "rename")
+            if (call.name == "fsync" || call.name == "renameat2")
                 steps.append(QString::fromStdString(call.name) +
                              (call.path == mHome.path().toStdString() ? " folder" : " file"));
         }
@@ -70,7 +74,7 @@ TEST_F(SaveOrder, showsTheOldFileUntilTheNewOneIsWhole) {
 
 TEST_F(SaveOrder, goesOnWithTheNextRequestAfterAFailure) {
     FaultyCalls::disarm();
-    FaultyCalls::arm(mHome.path(), {}, {{"rename", EIO}});
+    FaultyCalls::arm(mHome.path(), {}, {{"renameat2", EIO}});
     auto gate = std::make_unique<FaultyCalls::Gate>("fsync");
     save("first");
     FaultyCalls::Gate::waitForArrival();
@@ -85,12 +89,52 @@ TEST_F(SaveOrder, goesOnWithTheNextRequestAfterAFailure) {
     EXPECT_EQ(readFile(mPath), "third");
 }
 
+TEST_F(SaveOrder, doesNotMergeARequestThatAsksForAVersionOfWhatWaits) {
+    constexpr qint64 kLimit = 1'000'000;
+    writeFile(mPath, "old");
+    mQueue.markAsRead(mPath, CVFileSignature::of(mPath));
+    auto gate = std::make_unique<FaultyCalls::Gate>("fsync");
+    mQueue.save(mPath, textOf("one"), {{}, kLimit});
+    FaultyCalls::Gate::waitForArrival();
+    mQueue.save(mPath, textOf("with twenty rows"), {{}, kLimit});
+    mQueue.save(mPath, textOf("without them"), {CVVersionReason::Removal, kLimit});
+    mQueue.save(mPath, textOf("with one more"), {{}, kLimit});
+    gate.reset();
+    EXPECT_TRUE(mQueue.waitForFinished().saved);
+    EXPECT_EQ(readFile(mPath), "with one more");
+    QByteArrayList kept;
+    for (const CVVersion& version : CVVersionFolder(mPath).versions())
+        kept.append(readFile(version.path));
+    EXPECT_THAT(kept, testing::UnorderedElementsAre("old", "with twenty rows"));
+}
+
+TEST_F(SaveOrder, keepsWhatAnotherProgramPutsThereAtTheLastMoment) {
+    for (const char* const unsupported : {"", "renameat2"}) {
+        FaultyCalls::disarm();
+        FaultyCalls::arm(mHome.path(), {}, {{unsupported, EINVAL}});
+        writeFile(mPath, "old");
+        mQueue.markAsRead(mPath, CVFileSignature::of(mPath));
+        auto gate = std::make_unique<FaultyCalls::Gate>("fsync");
+        save("ours");
+        FaultyCalls::Gate::waitForArrival();
+        writeFile(mHome.path(QStringLiteral("theirs")), "theirs");
+        ASSERT_EQ(std::rename(mHome.path(QStringLiteral("theirs")).toUtf8().constData(), mPath.toUtf8().constData()),
+                  0);
+        gate.reset();
+        const CVSaveOutcome outcome = mQueue.waitForFinished();
+        EXPECT_TRUE(outcome.saved);
+        EXPECT_EQ(readFile(mPath), "ours");
+        EXPECT_EQ(readFile(outcome.keptCopy), "theirs") << unsupported;
+        EXPECT_TRUE(outcome.keptCopy.contains(QLatin1String("(unreadable "))) << unsupported;
+    }
+}
+
 TEST_F(SaveOrder, syncsTheFileBeforeItTakesItsPlaceAndTheFolderAfterwards) {
     writeFile(mPath, "old");
     mQueue.markAsRead(mPath, CVFileSignature::of(mPath));
     save("text");
     EXPECT_TRUE(mQueue.waitForFinished().saved);
-    EXPECT_EQ(steps(), QStringList({"fsync file", "rename file", "fsync folder"}));
+    EXPECT_EQ(steps(), QStringList({"fsync file", "renameat2 file", "fsync folder"}));
 }
 
 } // namespace

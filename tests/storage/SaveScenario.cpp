@@ -3,6 +3,7 @@
 #include "storage/CVDocumentXML.h"
 #include "storage/SampleFile.h"
 #include "storage/ScratchFiles.h"
+#include "versions/CVVersionFolder.h"
 
 #include <QFileInfo>
 
@@ -52,11 +53,12 @@ const FaultyCalls::Record& SaveScenario::save(std::vector<FaultyCalls::Fault> fa
     mBudget.document().workbookSave();
     mOutcome = mFile.saves().waitForFinished();
     mRecord = FaultyCalls::disarm();
+    mHadVersionTrouble = mHadVersionTrouble || !mOutcome.versionTrouble.isEmpty();
     return mRecord;
 }
 
 QStringList SaveScenario::broken() const {
-    QStringList faults{brokenFile(), brokenWord(), brokenKeeping(), brokenLeftovers(), brokenModes()};
+    QStringList faults{brokenFile(), brokenWord(), brokenKeeping(), brokenVersion(), brokenLeftovers(), brokenModes()};
     faults.removeAll(QString());
     return faults;
 }
@@ -115,15 +117,18 @@ QString SaveScenario::brokenWord() const {
 bool SaveScenario::failedAfterReplacing() const {
     const auto& calls = mRecord.calls;
     const auto replaced = std::find_if(calls.rbegin(), calls.rend(), [this](const FaultyCalls::Call& call) {
-        return (call.name == "rename" || call.name == "link") && !call.failed && call.path == mPath.toStdString();
+        return call.name.starts_with("rename") && !call.failed && call.path == mPath.toStdString();
     });
     return replaced != calls.rend() &&
            std::any_of(calls.rbegin(), replaced, [](const auto& call) { return call.failed; });
 }
 
-/// A kept copy that cannot be synced can be made in another way.
+/// A kept copy that cannot be synced can be made in another way; a version that cannot is told by itself.
 bool SaveScenario::failedToSyncTheNewFile() const {
-    return std::any_of(mRecord.calls.begin(), mRecord.calls.end(), [](const FaultyCalls::Call& call) {
+    const auto keeping = std::find_if(mRecord.calls.begin(), mRecord.calls.end(), [](const FaultyCalls::Call& call) {
+        return call.path.find("Earlier Versions") != std::string::npos;
+    });
+    return std::any_of(mRecord.calls.begin(), keeping, [](const FaultyCalls::Call& call) {
         return call.failed && call.name == "fsync" && call.path.find("(unreadable ") == std::string::npos;
     });
 }
@@ -135,6 +140,9 @@ QString SaveScenario::brokenKeeping() const {
     bool found = readFile(mPath + inside) == mOld;
     bool whole = true;
     for (const QString& name : namesIn(mFolder).filter(QStringLiteral("(unreadable "))) {
+        // A temporary file that could not be removed.
+        if (name.startsWith(u'.'))
+            continue;
         const bool same = readFile(mFolder + u'/' + name + inside) == mOld;
         found = found || same;
         whole = whole && same;
@@ -148,12 +156,36 @@ QString SaveScenario::brokenKeeping() const {
     return {};
 }
 
+/// Once the new file is in place, the former one is a version; where something failed, it has another name, and the
+/// user is told.
+QString SaveScenario::brokenVersion() const {
+    if ((mBefore != Before::Good && mBefore != Before::Linked) || bytesOnDisk() == mOld)
+        return {};
+    bool isVersion = false;
+    for (const CVVersion& version : CVVersionFolder(mPath).versions()) {
+        const QByteArray bytes = readFile(version.path);
+        isVersion = isVersion || bytes == mOld;
+        if (bytes != mOld && bytes != mNew)
+            return QStringLiteral("a version is not whole");
+    }
+    if (!isVersion && mOutcome.versionTrouble.isEmpty())
+        return QStringLiteral("the former file is no version, and nothing was told");
+    bool isThere = isVersion;
+    for (const QString& name : namesIn(mFolder))
+        isThere = isThere || readFile(mFolder + u'/' + name) == mOld;
+    return isThere ? QString() : QStringLiteral("the former file is lost");
+}
+
 QString SaveScenario::brokenLeftovers() const {
     // A temporary file that cannot be removed stays.
     if (mRecord.failed("unlink"))
         return {};
     for (const QString& name : namesIn(mFolder)) {
-        if (mFolder + u'/' + name != mPath && !name.contains(QLatin1String("(unreadable ")))
+        const bool isKnown = mFolder + u'/' + name == mPath || name.contains(QLatin1String("(unreadable ")) ||
+                             name == QLatin1String("Earlier Versions");
+        // A former file that could not become a version stays until the next start.
+        const bool isFormer = mHadVersionTrouble && readFile(mFolder + u'/' + name) == mOld;
+        if (!isKnown && !isFormer)
             return QStringLiteral("a temporary file was left behind");
     }
     return {};

@@ -31,18 +31,23 @@ public:
                                     std::vector<FaultyCalls::Unsupported> unsupported = {});
     [[nodiscard]] bool wasSaved() const { return mOutcome.saved; }
     [[nodiscard]] const CVSaveOutcome& outcome() const { return mOutcome; }
+    /// Where the data file really is, what it holds before the save, null when there is nothing, and what it is to
+    /// hold.
+    [[nodiscard]] const QString& path() const { return mPath; }
+    [[nodiscard]] const QByteArray& oldBytes() const { return mOld; }
+    [[nodiscard]] QByteArray text();
     /// The broken conditions after the save, on the disk and in the messages; empty when all hold.
     [[nodiscard]] QStringList broken() const;
     /// Changes the document, saves again without faults and returns the broken conditions.
     [[nodiscard]] QStringList brokenAfterNextSave();
 
 private:
-    [[nodiscard]] QByteArray text();
     /// The bytes at the path of the data file; null when there is no file.
     [[nodiscard]] QByteArray bytesOnDisk() const;
     [[nodiscard]] QString brokenFile() const;
     [[nodiscard]] QString brokenWord() const;
     [[nodiscard]] QString brokenKeeping() const;
+    [[nodiscard]] QString brokenVersion() const;
     [[nodiscard]] QString brokenLeftovers() const;
     [[nodiscard]] QString brokenModes() const;
     [[nodiscard]] bool failedAfterReplacing() const;
@@ -60,5 +65,6 @@ private:
     BudgetBuilder mBudget;
     CVDocumentFile mFile;
     CVSaveOutcome mOutcome;
+    bool mHadVersionTrouble = false;
     FaultyCalls::Record mRecord;
 };

@@ -1,4 +1,4 @@
-#include "storage/CVKeptCopy.h"
+#include "versions/CVKeptCopy.h"
 
 #include "kit/ScratchHome.h"
 #include "storage/ScratchFiles.h"

@@ -1,0 +1,203 @@
+#include "versions/CVVersionFolder.h"
+
+#include "base/CVFileSignature.h"
+#include "base/CVMoveFile.h"
+#include "base/CVReplaceFile.h"
+#include "base/CVTemporaryFile.h"
+#include "versions/CVKeptCopy.h"
+#include "versions/CVSuperfluousVersions.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <tuple>
+
+namespace {
+
+const QString kFolder = QStringLiteral("Earlier Versions");
+constexpr int kMostVersionsPerSecond = 100;
+constexpr unsigned kOwnerOnly = 0700;
+constexpr unsigned kMayRead = 0444;
+constexpr unsigned kMayWrite = 0222;
+
+/// Who may read a file may enter its folder, and who may write it may keep versions there.
+unsigned modeOfFolder(unsigned modeOfFile) {
+    return kOwnerOnly | (modeOfFile & (kMayRead | kMayWrite)) | ((modeOfFile & kMayRead) >> 2);
+}
+
+bool hasFurtherNames(const QString& path) {
+    struct stat facts {};
+    return ::lstat(QFile::encodeName(path).constData(), &facts) == 0 && facts.st_nlink > 1;
+}
+
+CVFileResult remove(const QString& path) {
+    return ::unlink(QFile::encodeName(path).constData()) == 0 ? CVFileResult() : CVFileResult::ofLastCall();
+}
+
+bool isSameFolder(const QString& path, const QString& other) {
+    const auto a = CVFileSignature::of(path);
+    const auto b = CVFileSignature::of(other);
+    return a && b && a->device == b->device && a->inode == b->inode;
+}
+
+} // namespace
+
+CVVersionFolder::CVVersionFolder(const QString& dataFile) : mDataFile(CVFollowLinks(dataFile)) {
+    if (!mDataFile.isEmpty())
+        mPath = QFileInfo(mDataFile).absolutePath() + u'/' + kFolder;
+}
+
+QList<CVVersion> CVVersionFolder::versions() const {
+    QList<CVVersion> versions;
+    if (mPath.isEmpty())
+        return versions;
+    for (const QFileInfo& file : QDir(mPath).entryInfoList(QDir::Files | QDir::NoSymLinks)) {
+        if (const auto name = CVVersionName::parse(file.fileName(), QFileInfo(mDataFile).fileName()))
+            versions.append({file.absoluteFilePath(), *name, file.size()});
+    }
+    std::sort(versions.begin(), versions.end(), [](const CVVersion& a, const CVVersion& b) {
+        return std::tie(b.name.kept, b.name.number, b.path) < std::tie(a.name.kept, a.name.number, a.path);
+    });
+    return versions;
+}
+
+qint64 CVVersionFolder::size() const {
+    qint64 size = 0;
+    for (const CVVersion& version : versions())
+        size += version.size;
+    return size;
+}
+
+CVFileResult CVVersionFolder::make() const {
+    if (mPath.isEmpty())
+        return {qt_error_string(EIO)};
+    const CVPathStatus file = CVPathStatus::of(mDataFile);
+    const unsigned mode = file.signature ? modeOfFolder(file.mode) : kOwnerOnly;
+    const QByteArray path = QFile::encodeName(mPath);
+    if (::mkdir(path.constData(), kOwnerOnly) != 0)
+        return errno == EEXIST ? CVFileResult() : CVFileResult::ofLastCall();
+    // A file system without modes may refuse chmod even to the owner.
+    if (::chmod(path.constData(), mode) != 0 && errno != EPERM)
+        return CVFileResult::ofLastCall();
+    return CVSyncFolder(QFileInfo(mPath).absolutePath());
+}
+
+CVVersionFolder::Keeping CVVersionFolder::place(const QString& file, CVVersionName name, Placing placing) const {
+    Keeping keeping;
+    while (name.number <= kMostVersionsPerSecond) {
+        keeping.path = mPath + u'/' + name.fileName(QFileInfo(mDataFile).fileName());
+        // Another reason within the same second is another name, so the number counts for each.
+        if (CVFileSignature::ofEntry(keeping.path)) {
+            ++name.number;
+            continue;
+        }
+        keeping.error = placing(file, keeping.path).error;
+        return keeping;
+    }
+    return {{qt_error_string(EEXIST)}, {}};
+}
+
+CVVersionFolder::Keeping CVVersionFolder::keep(const QString& file, CVVersionReason reason,
+                                               const QDateTime& now) const {
+    const bool isShared = hasFurtherNames(file);
+    if (const CVFileResult made = make(); !made.ok())
+        return {made, {}};
+    Keeping keeping = place(file, {now, 1, reason}, isShared ? CVCopyFile : CVMoveFile);
+    if (keeping.ok())
+        keeping.error = CVSyncFolder(mPath).error;
+    if (keeping.ok() && isShared)
+        keeping.error = remove(file).error;
+    return keeping;
+}
+
+CVVersionFolder::Keeping CVVersionFolder::keepCopy(const QString& file, CVVersionReason reason,
+                                                   const QDateTime& now) const {
+    if (const CVFileResult made = make(); !made.ok())
+        return {made, {}};
+    Keeping keeping = place(file, {now, 1, reason}, CVCopyFile);
+    if (keeping.ok())
+        keeping.error = CVSyncFolder(mPath).error;
+    return keeping;
+}
+
+CVFileResult CVVersionFolder::thin(const QDateTime& now, qint64 limit) const {
+    return removeEach(CVSuperfluousVersions(versions(), now, limit));
+}
+
+CVFileResult CVVersionFolder::removeAll() const {
+    CVFileResult result = removeEach(versions());
+    // The folder stays where it holds something else.
+    ::rmdir(QFile::encodeName(mPath).constData());
+    return result;
+}
+
+/// Goes on after a failure, and answers the first one.
+CVFileResult CVVersionFolder::removeEach(const QList<CVVersion>& versions) const {
+    CVFileResult result;
+    for (const CVVersion& version : versions) {
+        const CVFileResult removed = remove(version.path);
+        if (result.ok())
+            result = removed;
+    }
+    return result;
+}
+
+CVFileResult CVVersionFolder::moveTo(const CVVersionFolder& other) const {
+    const QList<CVVersion> moving = versions();
+    if (moving.isEmpty() || isSameFolder(mPath, other.mPath))
+        return {};
+    CVFileResult result = other.make();
+    QStringList copies;
+    for (const CVVersion& version : moving) {
+        if (!result.ok())
+            break;
+        const Keeping copy = other.place(version.path, version.name, CVCopyFile);
+        result = copy;
+        if (copy.ok())
+            copies.append(copy.path);
+    }
+    if (result.ok())
+        result = CVSyncFolder(other.mPath);
+    if (result.ok())
+        return removeAll();
+    for (const QString& copy : copies)
+        ::unlink(QFile::encodeName(copy).constData());
+    return result;
+}
+
+CVFileResult CVVersionFolder::recover(const std::function<Leftover(const QString& file)>& judge,
+                                      const QDateTime& now) const {
+    CVFileResult result;
+    if (mPath.isEmpty())
+        return result;
+    const auto note = [&result](const CVFileResult& outcome) {
+        if (result.ok())
+            result = outcome;
+    };
+    const QString dataFileName = QFileInfo(mDataFile).fileName();
+    for (const auto& [path, madeFor] : CVTemporaryFile::leftIn(QFileInfo(mDataFile).absolutePath())) {
+        if (CVKeptCopy::isNameOfOne(madeFor, mDataFile)) {
+            // The file that was being copied is still there.
+            note(remove(path));
+        } else if (dataFileName.startsWith(madeFor)) {
+            // A second name of the data file or of a kept copy is no longer of use.
+            const Leftover leftover = hasFurtherNames(path) ? Leftover::Cut : judge(path);
+            if (leftover == Leftover::Whole)
+                note(keep(path, CVVersionReason::Interruption, now));
+            else if (leftover == Leftover::Cut)
+                note(remove(path));
+        }
+    }
+    // In the folder itself, files are only copied.
+    for (const auto& [path, madeFor] : CVTemporaryFile::leftIn(mPath)) {
+        if (CVVersionName::parse(madeFor, dataFileName))
+            note(remove(path));
+    }
+    return result;
+}

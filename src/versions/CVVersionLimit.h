@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QtGlobal>
+
+class QBUserDefaults;
+
+/// How many bytes the earlier versions may take; 0 when the user wants none to be kept.
+[[nodiscard]] qint64 CVVersionLimit(const QBUserDefaults& defaults);
+/// Stores that limit, in whole megabytes; 0 switches the keeping off.
+void CVSetVersionLimit(QBUserDefaults& defaults, int megabytes);
