@@ -1,6 +1,6 @@
 #pragma once
 
-#include "generator/CVDetachedDocument.h"
+#include "model/CVDetachedDocument.h"
 
 #include <QTemporaryDir>
 

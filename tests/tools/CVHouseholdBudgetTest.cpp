@@ -1,8 +1,8 @@
 #include "generator/CVHouseholdBudget.h"
 
-#include "generator/CVDetachedDocument.h"
 #include "kit/Day.h"
 #include "model/CVCategory.h"
+#include "model/CVDetachedDocument.h"
 #include "model/CVTransaction.h"
 #include "model/CVTransactionSet.h"
 

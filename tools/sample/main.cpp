@@ -1,6 +1,6 @@
 #include "CVSampleOptions.h"
-#include "generator/CVDetachedDocument.h"
 #include "generator/CVHouseholdBudget.h"
+#include "model/CVDetachedDocument.h"
 #include "storage/CVDocumentXML.h"
 #include "storage/CVWriteDocumentText.h"
 
@@ -29,7 +29,8 @@ CVReplaceResult make(const CVSampleOptions& options) {
     const QString folder = QFileInfo(options.output).absolutePath();
     if (!QDir().mkpath(folder))
         return {{CVSampleOptions::tr("the folder \"%1\" could not be made").arg(folder)}, {}};
-    return CVWriteDocumentText(options.output, CVDocumentXMLRepresentation(*document));
+    return CVWriteDocumentText(options.output, CVDocumentXMLRepresentation(*document),
+                               CVFileSignature::of(options.output), CVFormerFile::Dropped);
 }
 
 } // namespace

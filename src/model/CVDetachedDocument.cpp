@@ -1,4 +1,4 @@
-#include "generator/CVDetachedDocument.h"
+#include "model/CVDetachedDocument.h"
 
 #include <QSettings>
 
