@@ -29,6 +29,11 @@ inline constexpr const char* kPaperMargins = "CVPaperMargins";
 
 /// The megabytes that earlier versions may take: 1024 when absent or 0, none are kept when negative.
 inline constexpr const char* kVersionLimit = "CVEarlierVersionsLimit";
+/// The looks of the window with the earlier versions: its frame, its two tables, and the place of the bar between them.
+inline constexpr const char* kVersionWindow = "CVHistoryWindow";
+inline constexpr const char* kVersionColumns = "CVHistoryWindow Versions";
+inline constexpr const char* kVersionLineColumns = "CVHistoryWindow Lines";
+inline constexpr const char* kVersionSplitter = "CVHistoryWindow Splitter";
 
 /// The identifier of the preferences' tab that was shown last.
 inline constexpr const char* kPreferencesTab = "Prefs: Selected Tab";

@@ -15,8 +15,8 @@ public:
     /// were undone; a line is passed over when the budget has changed meanwhile and it fits no longer.
     virtual int bringBack(const CVDocument& version, const CVBudgetDifferences& lines) = 0;
     /// Replaces the budget by the version at `path`, after the present state was kept. The user has agreed before, and
-    /// is told in `asker` why it failed. The document may be replaced, and `CVHistoryWindow::setDocument` is then called
-    /// before this returns. Whether the budget is that version now.
+    /// is told in `asker` why it failed. The document may be replaced, and `CVHistoryWindow::setDocument` is then
+    /// called before this returns. Whether the budget is that version now.
     virtual bool returnTo(const QString& path, QWidget& asker) = 0;
     /// Asks for a place in `asker` and writes the version at `path` there, or the present budget when `path` is empty.
     /// The user is told why it failed. False also when the user cancelled.

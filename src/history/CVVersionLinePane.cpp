@@ -1,0 +1,175 @@
+#include "history/CVVersionLinePane.h"
+
+#include "base/CVDefaultsKeys.h"
+#include "base/QBUserDefaults.h"
+#include "differences/CVBudgetDifferences.h"
+#include "format/QBLocale.h"
+#include "history/CVVersionLineModel.h"
+#include "widgets/tables/CVCellDelegate.h"
+#include "widgets/tables/CVTableView.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QShortcut>
+
+#include <algorithm>
+
+namespace {
+
+/// The usual widths of the columns, in widths of a digit.
+constexpr std::array kLineWidths{18, 11, 13, 22, 18, 18, 16, 6, 6};
+
+} // namespace
+
+CVVersionLinePane::CVVersionLinePane(QWidget* parent)
+    : QWidget(parent)
+    , mModel(new CVVersionLineModel(this))
+    , mTable(new CVTableView(this)) {
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto* const row = new QHBoxLayout;
+    addSigns(*row);
+    addSearch(*row);
+    layout->addLayout(row);
+    addTable();
+    layout->addWidget(mTable, 1);
+    // In the order in which they stand.
+    setTabOrder(mSearch, mTable);
+    connect(mModel, &QAbstractItemModel::modelReset, this, [this] {
+        showMessage();
+        emit selectionChanged();
+    });
+    showCounts();
+}
+
+void CVVersionLinePane::addSigns(QHBoxLayout& row) {
+    constexpr std::array<const char*, kCVVersionSigns> kNames{"mRemovedBox", "mAddedBox", "mChangedBox"};
+    row.addWidget(new QLabel(tr("Since then:"), this));
+    for (std::size_t i = 0; i < mSigns.size(); ++i) {
+        mSigns[i] = new QCheckBox(this);
+        mSigns[i]->setObjectName(QLatin1String(kNames[i]));
+        mSigns[i]->setChecked(true);
+        row.addWidget(mSigns[i]);
+        connect(mSigns[i], &QCheckBox::toggled, this,
+                [this, i](bool isShown) { mModel->setShown(static_cast<CVVersionSign>(i), isShown); });
+    }
+    row.addStretch();
+}
+
+void CVVersionLinePane::addSearch(QHBoxLayout& row) {
+    mSearch = new QLineEdit(this);
+    mSearch->setObjectName(QStringLiteral("mSearchField"));
+    mSearch->setAccessibleName(tr("Search These Lines"));
+    mSearch->setPlaceholderText(tr("Search these lines"));
+    mSearch->setClearButtonEnabled(true);
+    row.addWidget(mSearch, 1);
+    connect(mSearch, &QLineEdit::textChanged, mModel, &CVVersionLineModel::setSearchText);
+    auto* const find = new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WindowShortcut);
+    connect(find, &QShortcut::activated, mSearch, [this] {
+        mSearch->setFocus(Qt::ShortcutFocusReason);
+        mSearch->selectAll();
+    });
+}
+
+void CVVersionLinePane::addTable() {
+    mTable->setObjectName(QStringLiteral("mLineTable"));
+    mTable->setAccessibleName(tr("What Was Removed, Added and Changed"));
+    mTable->setModel(mModel);
+    mTable->setItemDelegate(new CVCellDelegate(mTable));
+    mTable->setSelectionBehavior(QAbstractItemView::SelectRows);
+    mTable->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    mTable->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    const int digit = mTable->fontMetrics().horizontalAdvance('0');
+    int column = 0;
+    for (const int width : kLineWidths)
+        mTable->setColumnWidth(column++, width * digit);
+    QHeaderView* const header = mTable->horizontalHeader();
+    header->setSectionsMovable(true);
+    header->setSectionsClickable(true);
+    header->setSortIndicatorShown(true);
+    // A third click leads back to the order of the differences.
+    header->setSortIndicatorClearable(true);
+    header->setSortIndicator(-1, Qt::AscendingOrder);
+    connect(header, &QHeaderView::sortIndicatorChanged, mModel, &CVVersionLineModel::sort);
+    connect(mTable->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &CVVersionLinePane::selectionChanged);
+}
+
+void CVVersionLinePane::show(std::shared_ptr<const CVBudgetDifferences> differences) {
+    mDifferences = std::move(differences);
+    mModel->setLines(CVVersionLines(mDifferences));
+    showCounts();
+}
+
+void CVVersionLinePane::updateFormats() {
+    show(mDifferences);
+}
+
+void CVVersionLinePane::showCounts() {
+    const auto count = [this](CVVersionSign sign) {
+        return QBLocaleInForce().toString(static_cast<qulonglong>(mModel->lines().count(sign)));
+    };
+    const std::array texts{tr("&Removed (%1)").arg(count(CVVersionSign::Removed)),
+                           tr("&Added (%1)").arg(count(CVVersionSign::Added)),
+                           tr("Chan&ged (%1)").arg(count(CVVersionSign::Changed))};
+    for (std::size_t i = 0; i < mSigns.size(); ++i)
+        mSigns[i]->setText(texts[i]);
+}
+
+void CVVersionLinePane::setMessage(const QString& message) {
+    mMessage = message;
+    showMessage();
+}
+
+void CVVersionLinePane::showMessage() {
+    if (mModel->rowCount() > 0)
+        mTable->setMessage({});
+    else
+        mTable->setMessage(mModel->lines().size() > 0 ? tr("No line matches.") : mMessage);
+}
+
+std::vector<std::size_t> CVVersionLinePane::returnableLines() const {
+    std::vector<std::size_t> lines;
+    for (const QModelIndex& index : mTable->selectionModel()->selectedRows()) {
+        const std::size_t line = mModel->lineAt(index.row());
+        if (mModel->lines().at(line).sign != CVVersionSign::Added)
+            lines.push_back(line);
+    }
+    std::sort(lines.begin(), lines.end());
+    return lines;
+}
+
+std::size_t CVVersionLinePane::countReturnable() const {
+    return returnableLines().size();
+}
+
+CVBudgetDifferences CVVersionLinePane::returnable() const {
+    return mModel->lines().only(returnableLines());
+}
+
+void CVVersionLinePane::focusTable() {
+    mTable->setFocus();
+}
+
+bool CVVersionLinePane::clearFocusedSearch() {
+    if (!mSearch->hasFocus() || mSearch->text().isEmpty())
+        return false;
+    mSearch->clear();
+    return true;
+}
+
+void CVVersionLinePane::restoreColumns(const QBUserDefaults& defaults) {
+    QHeaderView& header = *mTable->horizontalHeader();
+    header.restoreState(defaults.dataForKey(CVDefaultsKeys::kVersionLineColumns));
+    // The restored state may forbid them.
+    header.setSectionsMovable(true);
+    header.setSectionsClickable(true);
+    mModel->sort(header.sortIndicatorSection(), header.sortIndicatorOrder());
+}
+
+void CVVersionLinePane::keepColumns(QBUserDefaults& defaults) const {
+    defaults.setData(CVDefaultsKeys::kVersionLineColumns, mTable->horizontalHeader()->saveState());
+}
