@@ -48,6 +48,7 @@ struct Entry {
 /// The commands in the order of CVCommand, which is also their order in the menus.
 constexpr std::array<Entry, kCVCommands> kEntries{
     {{CVCommand::Export, File, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Export Transactions…"), "Ctrl+E"},
+     {CVCommand::EarlierVersions, File, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "E&arlier Versions…"), ""},
      {CVCommand::Print, File, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "&Print…"), "Ctrl+P"},
      {CVCommand::PrintPreview, File, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "Print Pre&view…"), "Ctrl+Shift+P"},
      {CVCommand::PageSetup, File, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "Page Set&up…"), ""},

@@ -13,6 +13,7 @@ class QMenu;
 /// The commands of the main window's menus.
 enum class CVCommand {
     Export,
+    EarlierVersions,
     Print,
     PrintPreview,
     PageSetup,

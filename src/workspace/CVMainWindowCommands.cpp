@@ -66,6 +66,7 @@ void CVMainWindowCommands::choose(CVCommand command) {
         return mController.handleTransactionSets();
     case CVCommand::Preferences:
         return mController.showPreferences();
+    case CVCommand::EarlierVersions:
     case CVCommand::ShowHelp:
     case CVCommand::ContactSupport:
     case CVCommand::WebSite:

@@ -8,6 +8,7 @@
 #include "contents/CVEntry.h"
 #include "model/CVDocument.h"
 #include "model/CVTransactionSet.h"
+#include "versions/CVVersionLimit.h"
 #include "workspace/CVDocumentWindows.h"
 #include "workspace/CVEntryController.h"
 #include "workspace/CVMainMenu.h"
@@ -205,7 +206,12 @@ void CVMainWindowController::connectParts() {
     connect(controller, &CVTransactionsTabController::listChanged, this, &Self::reloadAllTables);
     connect(controller, &CVTransactionsTabController::presetPicked, this, &Self::presetPicked);
     connect(controller, &CVTransactionsTabController::transactionsRemoved, this, &Self::getStarted);
-    connect(controller, &CVTransactionsTabController::remarked, &saveStatus(), &CVSaveStatus::remark);
+    connect(controller, &CVTransactionsTabController::removalRemarked, this, [this](const QString& text) {
+        const bool isKept = CVVersionLimit(mDocument.userDefaults()) > 0;
+        saveStatus().remark(text, isKept ? CVSaveStatus::Offer::Versions : CVSaveStatus::Offer::Nothing);
+    });
+    connect(&saveStatus(), &CVSaveStatus::versionsRequested, this,
+            [this] { emit applicationCommandChosen(CVCommand::EarlierVersions); });
     connect(mSummaryController.get(), &CVSummaryTabController::periodsChanged, this, &Self::reloadAllTables);
     connect(mSummaryController.get(), &CVSummaryTabController::cellOpened, this, [this](const auto& transactions) {
         if (mDocumentWindows)

@@ -24,6 +24,7 @@ void announce(QLabel& label) {
 CVSaveStatus::CVSaveStatus(QWidget* parent)
     : QWidget(parent)
     , mRemark(new QLabel(this))
+    , mShowVersions(new QPushButton(tr("Sho&w…"), this))
     , mIcon(new QLabel(this))
     , mText(new QLabel(this))
     , mTryAgain(new QPushButton(tr("Tr&y Again"), this))
@@ -31,6 +32,10 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
     mRemark->setObjectName(QStringLiteral("mRemark"));
     mRemark->setTextFormat(Qt::PlainText);
     mRemark->hide();
+    mShowVersions->setObjectName(QStringLiteral("mShowVersionsButton"));
+    mShowVersions->setAccessibleName(tr("Show Earlier Versions"));
+    mShowVersions->setToolTip(tr("Show the earlier versions of your budget and bring back what is missing"));
+    mShowVersions->hide();
     mText->setObjectName(QStringLiteral("mSaveStatusText"));
     mText->setTextFormat(Qt::PlainText);
     mText->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -41,12 +46,14 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(mRemark);
+    layout->addWidget(mShowVersions);
     layout->addWidget(mIcon);
     layout->addWidget(mText, 1);
     layout->addWidget(mTryAgain);
     mAttempt.setSingleShot(true);
     mAttempt.setInterval(kAttemptShown);
     connect(&mAttempt, &QTimer::timeout, this, &CVSaveStatus::showFailure);
+    connect(mShowVersions, &QPushButton::clicked, this, &CVSaveStatus::versionsRequested);
     connect(mTryAgain, &QPushButton::clicked, this, [this] {
         mAttempt.start();
         emit tryAgain();
@@ -75,12 +82,14 @@ void CVSaveStatus::showFailure() {
         return;
     show(mFailure, Outcome::Failed);
     mRemark->hide();
+    mShowVersions->hide();
     announce(*mText);
 }
 
-void CVSaveStatus::remark(const QString& text) {
+void CVSaveStatus::remark(const QString& text, Offer offer) {
     mRemark->setText(text);
     mRemark->show();
+    mShowVersions->setVisible(offer == Offer::Versions);
     announce(*mRemark);
 }
 

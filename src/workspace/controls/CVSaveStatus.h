@@ -20,12 +20,16 @@ public:
     /// `reason` says in whole sentences what failed and what that means. After "Try Again", the failure is shown half a
     /// second later at the earliest, so that the user sees the attempt.
     void setFailed(const QString& reason);
+    /// What a remark leads to, by a button behind it.
+    enum class Offer : bool { Nothing, Versions };
     /// Shows a remark until the next remark or a failure, and announces it to screen readers at once.
-    void remark(const QString& text);
+    void remark(const QString& text, Offer offer = Offer::Nothing);
 
 signals:
     /// The user wants another attempt to save.
     void tryAgain();
+    /// The user wants to see the earlier versions.
+    void versionsRequested();
 
 private:
     enum class Outcome { Saving, Fine, Failed };
@@ -33,6 +37,7 @@ private:
     void showFailure();
 
     QLabel* mRemark;
+    QPushButton* mShowVersions;
     QLabel* mIcon;
     QLabel* mText;
     QPushButton* mTryAgain;

@@ -84,7 +84,8 @@ void CVTransactionsTabController::removeTransaction() {
     // The table gets the focus, because the Remove button is now disabled and the focus would go to the next control.
     table.setFocus();
     const int count = static_cast<int>(selected.size());
-    emit remarked(count == 1 ? tr("1 transaction removed")
+    emit removalRemarked(count == 1
+                             ? tr("1 transaction removed")
                              : tr("%1 transactions removed", nullptr, count).arg(QBLocaleInForce().toString(count)));
 }
 

@@ -39,8 +39,8 @@ signals:
     void presetPicked();
     /// Transactions have been removed from the document.
     void transactionsRemoved();
-    /// A command has done something that nothing else in the window shows.
-    void remarked(const QString& text);
+    /// What was removed, which nothing else in the window shows.
+    void removalRemarked(const QString& text);
 
 private:
     void connectTab();
