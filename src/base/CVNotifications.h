@@ -5,7 +5,8 @@ namespace CVNotifications {
 
 inline constexpr const char* kTransactionAddedRemoved = "CVTransactionAddedRemovedNotificaiton";
 inline constexpr const char* kCategoryAddedRemoved = "CVCategoryAddedRemovedNotificaiton";
-/// Its object is the set that was added or renamed; it has no object when a set was deleted.
+/// Its object is the set that was added or renamed; it has no object when a set was deleted or several may have
+/// changed.
 inline constexpr const char* kTransactionSet = "kCVTransactionSetNotification";
 /// The format of money has changed.
 inline constexpr const char* kMoneyFormatterChanged = "kQBNotif_MoneyFormatterChanged";

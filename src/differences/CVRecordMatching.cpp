@@ -17,9 +17,14 @@ CVRecordMatching::CVRecordMatching(std::vector<Record> before, std::vector<Recor
     }
 }
 
+std::optional<quint32> CVRecordMatching::counterpartOf(quint32 idBefore) const {
+    const auto counterpart = mCounterparts.find(idBefore);
+    return counterpart == mCounterparts.end() ? std::nullopt : std::optional(counterpart->second);
+}
+
 std::optional<quint32> CVRecordMatching::idAfter(quint32 idBefore) const {
-    if (const auto counterpart = mCounterparts.find(idBefore); counterpart != mCounterparts.end())
-        return counterpart->second;
+    if (const auto counterpart = counterpartOf(idBefore))
+        return counterpart;
     return mIDsAfter.contains(idBefore) ? std::nullopt : std::optional(idBefore);
 }
 

@@ -28,6 +28,8 @@ public:
 
     /// All records, each once: first those of `before` in their order, then those that were added.
     [[nodiscard]] const std::vector<Pair>& pairs() const { return mPairs; }
+    /// The ID of the same record in the later state; absent when the record is gone or never was.
+    [[nodiscard]] std::optional<quint32> counterpartOf(quint32 idBefore) const;
     /// The ID by which the later state refers to what the earlier one calls `idBefore`. An ID without a record stays as
     /// it is. Absent when the later state has nothing that could be meant: the record is gone, and its ID belongs to
     /// another one.

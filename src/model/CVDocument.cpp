@@ -157,6 +157,18 @@ void CVDocument::addCategory(const std::shared_ptr<CVCategory>& category) {
     announceCategories();
 }
 
+void CVDocument::appendCategory(std::shared_ptr<CVCategory> category) {
+    mCategories.push_back(std::move(category));
+}
+
+void CVDocument::finishChanges() {
+    sortCategories();
+    sortTransactionsByDate();
+    updateDates();
+    announceTransactions();
+    announceCategories();
+}
+
 void CVDocument::sortCategories() {
     std::stable_sort(mCategories.begin(), mCategories.end(), [](const auto& a, const auto& b) {
         return a->categoryName().compare(b->categoryName(), Qt::CaseInsensitive) < 0;

@@ -77,6 +77,9 @@ public:
     /// when the document has no transactions.
     void removeTransactionsForSet(quint32 id);
     void sortTransactionsByDate();
+    /// After many records were added or changed without a word: places all in order, computes the bounds, and announces
+    /// transactions and categories once each.
+    void finishChanges();
     /// The index for a new transaction of that day: before older ones, and among those of the same day where the binary
     /// search first meets one. A missing date is older than all.
     [[nodiscard]] std::size_t indexInTransactionArrayOfDate(const std::optional<QBDate>& date) const;
@@ -101,6 +104,8 @@ public:
     std::shared_ptr<CVCategory> insertCategoryName(const QString& name);
     /// Appends without sorting and announces it. Null is ignored.
     void addCategory(const std::shared_ptr<CVCategory>& category);
+    /// Appends without sorting or announcing; `finishChanges` follows.
+    void appendCategory(std::shared_ptr<CVCategory> category);
     void sortCategories();
     /// Removes this object and announces it; its transactions keep the ID, which then refers to nothing.
     void removeCategory(const std::shared_ptr<CVCategory>& category);
