@@ -3,6 +3,7 @@
 #include "app/CVAboutWindow.h"
 #include "app/CVEditorWindows.h"
 #include "app/CVFileMessages.h"
+#include "app/CVHistoryOperations.h"
 #include "app/CVReadingPanel.h"
 #include "app/CVSupportMail.h"
 #include "base/CVDefaultsKeys.h"
@@ -51,6 +52,7 @@ CVAppDelegate::CVAppDelegate(std::unique_ptr<QSettings> settings, CVStandardFold
     , mUserDefaults(std::move(settings))
     , mFile(std::move(folders), mUserDefaults)
     , mUpdates(mUserDefaults, mNotificationCenter, alerts, *this)
+    , mHistoryOperations(std::make_unique<CVHistoryOperations>(*this, mFile, alerts, panels))
     , mDocument(std::make_unique<CVDocument>(mNotificationCenter, mUserDefaults)) {
     connect(&mFile.saves(), &CVSaveQueue::saveFinished, this, &CVAppDelegate::handleSaveFinished);
     connect(&mUpdates, &CVUpdateController::preferencesRequested, this, &CVAppDelegate::showUpdatePreferences);
@@ -234,16 +236,20 @@ std::optional<QString> CVAppDelegate::reopenDocument() {
         mDocument->setSaver(&mFile);
         return report.outcome == CVLoadReport::Outcome::Cancelled ? QString() : report.reason;
     }
+    replaceDocument(std::move(document));
+    showWhetherSaved(report);
+    if (!report.reason.isEmpty())
+        tellAboutReading(report);
+    return std::nullopt;
+}
+
+void CVAppDelegate::replaceDocument(std::unique_ptr<CVDocument> document) {
     // Without the locker the program would end when its last window closes.
     const QEventLoopLocker locker;
     const QScopedValueRollback reopening(mIsReopening, true);
     // Closing the window stores its frame for the next one.
     mMainWindow->window()->close();
     setDocument(std::move(document));
-    showWhetherSaved(report);
-    if (!report.reason.isEmpty())
-        tellAboutReading(report);
-    return std::nullopt;
 }
 
 void CVAppDelegate::setDocument(std::unique_ptr<CVDocument> document) {

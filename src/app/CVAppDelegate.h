@@ -16,6 +16,7 @@ class CVDocument;
 class CVEditorWindows;
 class CVFilePanels;
 class CVHelpOpener;
+class CVHistoryOperations;
 class CVMainWindowController;
 class CVPreferenceWindowController;
 class CVPrintPanels;
@@ -67,6 +68,8 @@ public:
     void checkForNewVersion(QWidget& asker) override;
     /// Replaces the document, and its window by a new one.
     void setDocument(std::unique_ptr<CVDocument> document);
+    /// Does the same after it has closed the window without asking; the former document must not be needed any more.
+    void replaceDocument(std::unique_ptr<CVDocument> document);
 
     [[nodiscard]] CVDocument& document() { return *mDocument; }
     /// Null before the launch.
@@ -75,6 +78,7 @@ public:
     [[nodiscard]] CVPreferenceWindowController* preferences() { return mPreferences.get(); }
     [[nodiscard]] CVUpdateController& updates() { return mUpdates; }
     [[nodiscard]] CVSaveQueue& saves() { return mFile.saves(); }
+    [[nodiscard]] CVHistoryOperations& historyOperations() { return *mHistoryOperations; }
 
 private:
     void makeWindowControllers();
@@ -100,6 +104,7 @@ private:
     CVUpdateController mUpdates;
     CVHelpOpener* mHelp = nullptr;
     CVPrintPanels* mPrintPanels = nullptr;
+    std::unique_ptr<CVHistoryOperations> mHistoryOperations;
     std::unique_ptr<CVDocument> mDocument;
     std::unique_ptr<CVEditorWindows> mEditorWindows;
     std::unique_ptr<CVMainWindowController> mMainWindow;

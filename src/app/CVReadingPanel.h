@@ -13,7 +13,7 @@ class CVReadingPanel final {
 
 public:
     /// What is read decides what Cancel means.
-    enum class Reading { AtStart, OtherFile };
+    enum class Reading { AtStart, OtherFile, EarlierVersion };
 
     /// The panel appears in front of `window`, which may be null.
     CVReadingPanel(Reading reading, QWidget* window) : mReading(reading), mWindow(window) {}
@@ -22,6 +22,8 @@ public:
     [[nodiscard]] bool operator()(double part);
 
 private:
+    [[nodiscard]] QString whatCancelDoes() const;
+
     Reading mReading;
     QWidget* mWindow;
     /// Null before the reading begins.

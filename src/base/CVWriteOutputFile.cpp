@@ -41,12 +41,13 @@ std::optional<QString> refusal(const QString& path, const QStringList& spared) {
 
 } // namespace
 
-std::optional<QString> CVWriteOutputFile(const QString& path, const CVFileContent& write, const QStringList& spared) {
+std::optional<QString> CVWriteOutputFile(const QString& path, const CVFileContent& write, const QStringList& spared,
+                                         CVNewFile access) {
     if (auto reason = refusal(path, spared))
         return reason;
     if (const QFileInfo target(path); target.exists() && !target.isFile())
         return writeThrough(path, write);
-    return failureIn(CVReplaceFile(path, write, CVNewFile::Usual));
+    return failureIn(CVReplaceFile(path, write, access));
 }
 
 std::optional<QString> CVWriteOutput(int descriptor, const CVFileContent& write, const QStringList& spared) {

@@ -1,0 +1,193 @@
+#include "app/CVHistoryOperations.h"
+
+#include "app/CVAppDelegate.h"
+#include "app/CVReadingPanel.h"
+#include "base/CVWriteOutputFile.h"
+#include "differences/CVBringBack.h"
+#include "model/CVDocument.h"
+#include "storage/CVDocumentXML.h"
+#include "versions/CVKeptCopy.h"
+#include "versions/CVVersionFolder.h"
+#include "versions/CVVersionLimit.h"
+#include "widgets/CVAlerts.h"
+#include "widgets/CVFilePanels.h"
+#include "widgets/tables/CVCommitOpenEditor.h"
+#include "workspace/CVMainWindowController.h"
+#include "workspace/controls/CVSaveStatus.h"
+
+#include <QApplication>
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QMainWindow>
+
+namespace {
+
+constexpr qsizetype kCopiedAtOnce = 1024 * 1024;
+
+/// Copies a file through the safe writer. Absent on success.
+std::optional<QString> copyFile(const QString& path, const QString& target, const QStringList& spared) {
+    QFile source(path);
+    if (!source.open(QIODevice::ReadOnly))
+        return source.errorString();
+    QString unread;
+    const auto write = [&source, &unread](QIODevice& output) {
+        QByteArray bytes(kCopiedAtOnce, Qt::Uninitialized);
+        qint64 read = source.read(bytes.data(), bytes.size());
+        while (read > 0) {
+            output.write(bytes.constData(), read);
+            read = source.read(bytes.data(), bytes.size());
+        }
+        if (read < 0)
+            unread = source.errorString();
+        return read == 0;
+    };
+    const auto failure = CVWriteOutputFile(target, write, spared, CVNewFile::Private);
+    return unread.isEmpty() ? failure : unread;
+}
+
+std::optional<QString> writeBudget(const CVDocument& document, const QString& target, const QStringList& spared) {
+    const CVDocumentText text = CVDocumentXMLRepresentation(document);
+    const auto write = [&text](QIODevice& output) {
+        for (const CVTextSlice& piece : text.pieces())
+            output.write(piece.bytes().data(), piece.length);
+        return true;
+    };
+    return CVWriteOutputFile(target, write, spared, CVNewFile::Private);
+}
+
+/// Whether the path names a version or a kept copy of one of the data files.
+bool isVersion(const QString& path, const QStringList& dataFiles) {
+    for (const QString& dataFile : dataFiles) {
+        QStringList files = CVKeptCopy::beside(dataFile);
+        for (const CVVersion& version : CVVersionFolder(dataFile).versions())
+            files.append(version.path);
+        for (const QString& file : files) {
+            if (CVIsSameFile(path, file))
+                return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+int CVHistoryOperations::bringBack(const CVDocument& version, const CVBudgetDifferences& lines) {
+    CVCommitOpenEditor(mApp.mainWindow()->window()->focusWidget());
+    const int count = CVBringBack(mApp.document(), version, lines);
+    if (count > 0)
+        mApp.mainWindow()->getStarted();
+    return count;
+}
+
+bool CVHistoryOperations::returnTo(const QString& path, QWidget& asker) {
+    // A window that waits for an answer about the present budget must not lose it.
+    if (QWidget* const waiting = QApplication::activeModalWidget()) {
+        waiting->raise();
+        waiting->activateWindow();
+        return false;
+    }
+    if (const QString unsaved = writeEverything(); !unsaved.isEmpty()) {
+        mAlerts.run(&asker, {tr("Your last changes are not saved"),
+                             unsaved + u' ' + tr("They would be lost, so Corvella does not return to the version yet."),
+                             tr("OK")});
+        return false;
+    }
+    auto document = read(path, asker);
+    if (!document || !keepPresentState(asker))
+        return false;
+    document->askForVersion(CVVersionReason::Return);
+    document->setSaver(&mFile);
+    mApp.document().setSaver(nullptr);
+    mApp.replaceDocument(std::move(document));
+    mApp.document().workbookSave();
+    return true;
+}
+
+QString CVHistoryOperations::writeEverything() {
+    CVCommitOpenEditor(mApp.mainWindow()->window()->focusWidget());
+    const CVSaveOutcome outcome = mFile.saves().waitForFinished();
+    return outcome.saved ? QString() : outcome.message;
+}
+
+/// Null when the version was not read, which the user knows.
+std::unique_ptr<CVDocument> CVHistoryOperations::read(const QString& path, QWidget& asker) {
+    const CVDocument& present = mApp.document();
+    auto document = std::make_unique<CVDocument>(present.notificationCenter(), present.userDefaults());
+    mFile.setReadingProgress(CVReadingPanel(CVReadingPanel::Reading::EarlierVersion, &asker));
+    const CVLoadReport report = mFile.readFromURL(*document, path);
+    mFile.setReadingProgress({});
+    if (report.outcome == CVLoadReport::Outcome::Loaded) {
+        document->sortTransactionsByDate();
+        document->updateDates();
+        return document;
+    }
+    if (report.outcome != CVLoadReport::Outcome::Cancelled)
+        mAlerts.run(&asker, {tr("The earlier version could not be read"),
+                             tr("“%1” could not be read: %2.\n\nCorvella keeps your budget as it is.")
+                                 .arg(QDir::toNativeSeparators(path), report.reason),
+                             tr("OK")});
+    return nullptr;
+}
+
+bool CVHistoryOperations::keepPresentState(QWidget& asker) {
+    const QString dataFile = mFile.dataFiles().value(0);
+    if (CVVersionLimit(mApp.document().userDefaults()) > 0 || !QFileInfo::exists(dataFile))
+        return true;
+    const auto keeping =
+        CVVersionFolder(dataFile).keepCopy(dataFile, CVVersionReason::Return, QDateTime::currentDateTime());
+    if (!keeping.ok())
+        mAlerts.run(&asker, {tr("Your present budget could not be kept"),
+                             tr("It could not be kept as an earlier version: %1. Corvella keeps your budget as it is.")
+                                 .arg(keeping.error),
+                             tr("OK")});
+    return keeping.ok();
+}
+
+bool CVHistoryOperations::saveCopy(const QString& path, QWidget& asker) {
+    const auto target = mPanels.chooseSaveLocation(
+        asker, {tr("Save a Copy"), tr("Save"), proposedName(path), QStringLiteral("corvella"), tr("Corvella data")});
+    if (!target)
+        return false;
+    if (const auto failure = writeCopy(path, *target)) {
+        mAlerts.run(&asker, {tr("The copy was not saved"),
+                             tr("The file “%1” could not be written: %2. Your budget is not affected; choose another "
+                                "place and save the copy again.")
+                                 .arg(QDir::toNativeSeparators(*target), *failure),
+                             tr("OK")});
+        return false;
+    }
+    mApp.mainWindow()->saveStatus().remark(tr("A copy was saved as “%1”.").arg(QFileInfo(*target).fileName()));
+    return true;
+}
+
+QString CVHistoryOperations::proposedName(const QString& path) const {
+    if (!path.isEmpty())
+        return QFileInfo(path).completeBaseName();
+    return tr("%1 Copy").arg(QFileInfo(mFile.dataFiles().value(0)).completeBaseName());
+}
+
+std::optional<QString> CVHistoryOperations::writeCopy(const QString& path, const QString& target) {
+    const QStringList dataFiles = mFile.dataFiles();
+    if (isVersion(target, dataFiles))
+        return tr("it is an earlier version of your budget");
+    if (!path.isEmpty())
+        return copyFile(path, target, dataFiles);
+    CVCommitOpenEditor(mApp.mainWindow()->window()->focusWidget());
+    return writeBudget(mApp.document(), target, dataFiles);
+}
+
+QString CVHistoryOperations::moveVersions(const QString& from, const QString& to) {
+    mFile.saves().waitForFinished();
+    const CVVersionFolder target(to);
+    CVFileResult result;
+    if (QFileInfo(from).isFile() && CVVersionLimit(mApp.document().userDefaults()) > 0)
+        result = target.keepCopy(from, CVVersionReason::Move, QDateTime::currentDateTime());
+    if (result.ok())
+        result = CVVersionFolder(from).moveTo(target);
+    if (result.ok())
+        return {};
+    return tr("The earlier versions could not be moved to “%1”: %2.")
+        .arg(QDir::toNativeSeparators(target.path()), result.error);
+}
