@@ -243,6 +243,10 @@ std::optional<QString> CVAppDelegate::reopenDocument() {
     return std::nullopt;
 }
 
+QString CVAppDelegate::moveVersions(const QString& from, const QString& to) {
+    return mHistoryOperations->moveVersions(from, to);
+}
+
 void CVAppDelegate::replaceDocument(std::unique_ptr<CVDocument> document) {
     // Without the locker the program would end when its last window closes.
     const QEventLoopLocker locker;

@@ -87,6 +87,7 @@ private:
     void showUpdatePreferences();
     [[nodiscard]] QString waitForSaves() override;
     [[nodiscard]] std::optional<QString> reopenDocument() override;
+    [[nodiscard]] QString moveVersions(const QString& from, const QString& to) override;
     [[nodiscard]] CVLoadReport read(CVDocument& document, CVReadingPanel panel);
     void handleSaveFinished(const CVSaveOutcome& outcome);
     void showWhetherSaved(const CVLoadReport& report) const;

@@ -137,13 +137,23 @@ void CVDataFilePane::moveDocument(const QString& path) {
     mDocument->workbookSave();
     const QString failure = mHost.waitForSaves();
     if (failure.isEmpty())
-        return;
+        return moveVersions(former.value_or(QString()), path);
     store().setDataFileLocation(former);
     // The budget is saved again in its old place, so that the main window's save status is true for the file in use.
     if (former)
         mDocument->workbookSave();
     mAlerts.run(this, {tr("Your data file was not moved"),
                        failure + u' ' + tr("Corvella keeps your budget where it was."), tr("OK")});
+}
+
+void CVDataFilePane::moveVersions(const QString& from, const QString& to) {
+    const QString failure = from.isEmpty() ? QString() : mHost.moveVersions(from, to);
+    if (!failure.isEmpty())
+        mAlerts.run(this, {tr("Your earlier versions were not moved"),
+                           failure + u' ' +
+                               tr("They stay where they were, and your data file is in its new place. To see them "
+                                  "again, move the file back."),
+                           tr("OK")});
 }
 
 void CVDataFilePane::useDocument(const QString& path) {

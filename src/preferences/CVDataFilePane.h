@@ -41,6 +41,7 @@ private:
     void _cv_set_file_location_field();
     void _cv_change_document_path(const QString& path, Replace replace);
     void moveDocument(const QString& path);
+    void moveVersions(const QString& from, const QString& to);
     void useDocument(const QString& path);
     [[nodiscard]] bool keepLocation(const QString& path, const std::optional<QString>& former);
     [[nodiscard]] CVAlert::Answer askWhatToUse(const QString& folder);

@@ -50,6 +50,16 @@ protected:
         return texts;
     }
 
+    /// The version that was kept for that reason; several of one second have no order.
+    [[nodiscard]] QString keptFor(CVVersionReason reason) const {
+        for (const CVVersion& version : versions()) {
+            if (version.name.reason == reason)
+                return version.path;
+        }
+        return {};
+    }
+    [[nodiscard]] QByteArray bytesKept(CVVersionReason reason) const { return bytesOf(keptFor(reason)); }
+
     void expectUnchanged() {
         EXPECT_EQ(payees(), (QStringList{"Baker", "Market"}));
         EXPECT_EQ(versions().size(), 1);
@@ -91,9 +101,8 @@ TEST_F(CVHistoryOperationsTest, ReturningShowsAndSavesTheVersionAndKeepsThePrese
     EXPECT_EQ(dataFile(), place);
     EXPECT_FALSE(bytesOf(place).contains("Baker"));
     ASSERT_EQ(versions().size(), 2);
-    EXPECT_EQ(versions()[0].name.reason, CVVersionReason::Return);
-    EXPECT_EQ(bytesOf(versions()[0].path), present);
-    EXPECT_EQ(QFile::exists(mVersion), true);
+    EXPECT_EQ(bytesKept(CVVersionReason::Return), present);
+    EXPECT_TRUE(QFile::exists(mVersion));
     record(14, "Kiosk", "Food");
     quit();
     EXPECT_TRUE(bytesOf(place).contains("Kiosk")) << "what is shown is what is saved";
@@ -105,7 +114,7 @@ TEST_F(CVHistoryOperationsTest, ReturningAndReturningAgainGivesTheSameBytes) {
     const QByteArray present = bytesOf(dataFile());
     ASSERT_TRUE(operations().returnTo(mVersion, window()));
     saved();
-    ASSERT_TRUE(operations().returnTo(versions()[0].path, window()));
+    ASSERT_TRUE(operations().returnTo(keptFor(CVVersionReason::Return), window()));
     saved();
     EXPECT_EQ(bytesOf(dataFile()), present);
     EXPECT_EQ(payees(), (QStringList{"Baker", "Market"}));
@@ -118,7 +127,7 @@ TEST_F(CVHistoryOperationsTest, ReturningKeepsThePresentBudgetEvenWhenNoVersions
     ASSERT_TRUE(operations().returnTo(mVersion, window()));
     saved();
     ASSERT_EQ(versions().size(), 2);
-    EXPECT_TRUE(bytesOf(versions()[0].path).contains("Baker"));
+    EXPECT_TRUE(bytesKept(CVVersionReason::Return).contains("Baker"));
     quit();
 }
 
@@ -238,6 +247,40 @@ TEST_F(CVHistoryOperationsTest, ACopyThatFailsIsToldWithItsReasonAndACancelledOn
     EXPECT_FALSE(operations().saveCopy("/proc/self/mem", window()));
     EXPECT_TRUE(mAlerts.shown()[1].message.contains("Input/output error")) << mAlerts.shown()[1].message.toStdString();
     EXPECT_FALSE(QFile::exists(target)) << "no part of a copy is left";
+    quit();
+}
+
+TEST_F(CVHistoryOperationsTest, TheVersionsMoveWithTheDataFileAndTheFormerFileIsOneOfThem) {
+    startWithVersion();
+    const QByteArray present = bytesOf(dataFile());
+    const QByteArray version = bytesOf(mVersion);
+    const QString former = dataFile();
+    mDelegate->showPreferences();
+    ASSERT_TRUE(QDir().mkpath(mHome.path("new place")));
+    mPanels.answer(mHome.path("new place"));
+    preference<QAbstractButton>("Change Location")->click();
+    EXPECT_EQ(dataFile(), mHome.path("new place/Corvella Data.corvella"));
+    EXPECT_TRUE(mAlerts.shown().isEmpty());
+    ASSERT_EQ(versions().size(), 2);
+    EXPECT_EQ(bytesKept(CVVersionReason::Move), present);
+    EXPECT_EQ(bytesKept(CVVersionReason::Removal), version);
+    EXPECT_TRUE(CVVersionFolder(former).versions().isEmpty());
+    EXPECT_EQ(bytesOf(former), present) << "the former file stays";
+    quit();
+}
+
+TEST_F(CVHistoryOperationsTest, VersionsThatCannotMoveStayAndAreTold) {
+    startWithVersion();
+    const QString former = dataFile();
+    mDelegate->showPreferences();
+    ASSERT_TRUE(QDir().mkpath(mHome.path("new place")));
+    ASSERT_TRUE(QFile::link("/dev/null", mHome.path("new place/Earlier Versions")));
+    mPanels.answer(mHome.path("new place"));
+    preference<QAbstractButton>("Change Location")->click();
+    EXPECT_EQ(titles(), QStringList{"Your earlier versions were not moved"});
+    EXPECT_TRUE(mAlerts.shown()[0].message.contains("Not a directory")) << mAlerts.shown()[0].message.toStdString();
+    EXPECT_EQ(CVVersionFolder(former).versions().size(), 1);
+    EXPECT_TRUE(bytesOf(dataFile()).contains("Baker"));
     quit();
 }
 

@@ -190,6 +190,42 @@ TEST_F(DataFilePane, ReplaceChosenFileSavesTheBudgetThere) {
     EXPECT_EQ(mHost.reopened, 0);
 }
 
+TEST_F(DataFilePane, TheEarlierVersionsMoveWithTheFile) {
+    useOldFolder();
+    makeFile(dataFileIn("taken"));
+    open();
+    const QString old = dataFileIn("old");
+    changeTo("new");
+    EXPECT_EQ(mHost.moved, QStringList{old + " > " + dataFileIn("new")});
+    changeTo("taken", {CVAlert::kOther});
+    EXPECT_EQ(mHost.moved.size(), 2) << "also to a file that is replaced";
+    EXPECT_EQ(mAlerts.shown().size(), 1);
+    changeTo("old", {CVAlert::kDefault});
+    EXPECT_EQ(mHost.moved.size(), 2) << "the chosen file has versions of its own";
+}
+
+TEST_F(DataFilePane, EarlierVersionsThatCannotMoveAreTold) {
+    useOldFolder();
+    static_cast<void>(dataFileIn("new"));
+    open();
+    mHost.notMoved = "There is no room.";
+    mPanels.answer(mHome.path("new"));
+    click("Change Location");
+    EXPECT_EQ(location(), dataFileIn("new"));
+    ASSERT_EQ(mAlerts.shown().size(), 1);
+    EXPECT_EQ(mAlerts.shown()[0].title, "Your earlier versions were not moved");
+    EXPECT_TRUE(mAlerts.shown()[0].message.startsWith("There is no room. They stay where they were"));
+}
+
+TEST_F(DataFilePane, ADataFileThatIsNotMovedKeepsItsEarlierVersions) {
+    useOldFolder();
+    static_cast<void>(dataFileIn("new"));
+    open();
+    mHost.failure = "The disk is full.";
+    changeTo("new");
+    EXPECT_EQ(mHost.moved, QStringList());
+}
+
 TEST_F(DataFilePane, AFailedSaveLeavesTheLocationAsItWas) {
     for (const bool hadLocation : {false, true}) {
         if (hadLocation)

@@ -43,11 +43,19 @@ public:
         return notReopened;
     }
 
+    [[nodiscard]] QString moveVersions(const QString& from, const QString& to) override {
+        moved.append(from + " > " + to);
+        return notMoved;
+    }
+
     int checks = 0;
     const QWidget* lastAsker = nullptr;
     int reopened = 0;
     /// The answer of reopenDocument().
     std::optional<QString> notReopened;
+    /// The data files whose versions were to be moved, as "from > to", and the failure that is reported.
+    QStringList moved;
+    QString notMoved;
     /// The failure that waitForSaves() reports.
     QString failure;
 };
