@@ -9,8 +9,10 @@
 #include "base/CVDefaultsKeys.h"
 #include "base/CVSite.h"
 #include "editors/CVEditorWindow.h"
+#include "history/CVHistoryWindow.h"
 #include "model/CVDocument.h"
 #include "preferences/CVPreferenceWindowController.h"
+#include "versions/CVVersionLimit.h"
 #include "widgets/CVAlerts.h"
 #include "widgets/CVHelpOpener.h"
 #include "widgets/tables/CVCommitOpenEditor.h"
@@ -117,6 +119,8 @@ void CVAppDelegate::handleSaveFinished(const CVSaveOutcome& outcome) {
         status.setFailed(CVFileMessages::notSaved(outcome));
     else if (!mFile.saves().isSaving())
         status.setSaved();
+    if (mHistory)
+        mHistory->versionsChanged();
     if (!outcome.keptCopy.isEmpty() && mToldCopies.insert(outcome.keptCopy).second)
         mAlerts.run(mMainWindow->window(), CVFileMessages::keptCopy(outcome));
 }
@@ -154,6 +158,8 @@ bool CVAppDelegate::mayClose() {
 
 void CVAppDelegate::carryOut(CVCommand command) {
     switch (command) {
+    case CVCommand::EarlierVersions:
+        return showEarlierVersions();
     case CVCommand::ShowHelp:
         return showHelp();
     case CVCommand::ContactSupport:
@@ -173,16 +179,32 @@ void CVAppDelegate::carryOut(CVCommand command) {
 
 void CVAppDelegate::showPreferences() {
     CVPreferenceHost& host = *this;
-    if (!mPreferences)
+    if (!mPreferences) {
         mPreferences = std::make_unique<CVPreferenceWindowController>(*mDocument, host, mAlerts, mPanels, mHelp);
-    keepPreferencesInFront();
+        connect(mPreferences.get(), &CVPreferenceWindowController::cleared, this, &CVAppDelegate::remarkClearing);
+    }
+    keepInFront(*mPreferences);
     mPreferences->showWindow();
 }
 
-/// Keeps the preferences in front of the main window, which can be used meanwhile.
-void CVAppDelegate::keepPreferencesInFront() {
-    mPreferences->winId();
-    mPreferences->windowHandle()->setTransientParent(mMainWindow->window()->windowHandle());
+void CVAppDelegate::showEarlierVersions() {
+    if (!mHistory)
+        mHistory = std::make_unique<CVHistoryWindow>(*mDocument, *mHistoryOperations, mAlerts, mHelp);
+    keepInFront(*mHistory);
+    mHistory->showWindow();
+}
+
+/// Keeps a window in front of the main window, which can be used meanwhile.
+void CVAppDelegate::keepInFront(QWidget& window) {
+    window.winId();
+    window.windowHandle()->setTransientParent(mMainWindow->window()->windowHandle());
+}
+
+/// Versions keep what was cleared, which the user is to know.
+void CVAppDelegate::remarkClearing() {
+    if (CVVersionLimit(mUserDefaults) > 0)
+        mMainWindow->saveStatus().remark(tr("Your data was cleared; earlier versions are kept"),
+                                         CVSaveStatus::Offer::Versions);
 }
 
 void CVAppDelegate::showUpdatePreferences() {
@@ -261,13 +283,20 @@ void CVAppDelegate::setDocument(std::unique_ptr<CVDocument> document) {
     mEditorWindows.reset();
     mDocument = std::move(document);
     makeWindowControllers();
-    if (!mPreferences)
-        return;
-    mPreferences->setDocument(*mDocument);
-    // A window is placed in front of another one only when it is shown, so the preferences are shown anew.
-    if (mPreferences->isVisible()) {
-        mPreferences->hide();
-        showPreferences();
+    // A window is placed in front of another one only when it is shown, so both are shown anew.
+    if (mPreferences) {
+        mPreferences->setDocument(*mDocument);
+        if (mPreferences->isVisible()) {
+            mPreferences->hide();
+            showPreferences();
+        }
+    }
+    if (mHistory) {
+        mHistory->setDocument(*mDocument);
+        if (mHistory->isVisible()) {
+            mHistory->hide();
+            showEarlierVersions();
+        }
     }
 }
 

@@ -17,6 +17,7 @@ class CVEditorWindows;
 class CVFilePanels;
 class CVHelpOpener;
 class CVHistoryOperations;
+class CVHistoryWindow;
 class CVMainWindowController;
 class CVPreferenceWindowController;
 class CVPrintPanels;
@@ -62,6 +63,8 @@ public:
     void goToWebSite();
     void goToSupportForums();
     void showPreferences();
+    /// Shows the earlier versions beside the main window and returns at once.
+    void showEarlierVersions();
     /// Returns when the user has closed the window.
     void showAbout();
     /// Looks for a newer version and tells the user in `asker`; returns at once.
@@ -76,6 +79,8 @@ public:
     [[nodiscard]] CVMainWindowController* mainWindow() { return mMainWindow.get(); }
     /// Null until the preferences are first shown.
     [[nodiscard]] CVPreferenceWindowController* preferences() { return mPreferences.get(); }
+    /// Null until the earlier versions are first shown.
+    [[nodiscard]] CVHistoryWindow* earlierVersions() { return mHistory.get(); }
     [[nodiscard]] CVUpdateController& updates() { return mUpdates; }
     [[nodiscard]] CVSaveQueue& saves() { return mFile.saves(); }
     [[nodiscard]] CVHistoryOperations& historyOperations() { return *mHistoryOperations; }
@@ -83,7 +88,8 @@ public:
 private:
     void makeWindowControllers();
     void carryOut(CVCommand command);
-    void keepPreferencesInFront();
+    void keepInFront(QWidget& window);
+    void remarkClearing();
     void showUpdatePreferences();
     [[nodiscard]] QString waitForSaves() override;
     [[nodiscard]] std::optional<QString> reopenDocument() override;
@@ -110,6 +116,7 @@ private:
     std::unique_ptr<CVEditorWindows> mEditorWindows;
     std::unique_ptr<CVMainWindowController> mMainWindow;
     std::unique_ptr<CVPreferenceWindowController> mPreferences;
+    std::unique_ptr<CVHistoryWindow> mHistory;
     /// The paths of the kept copies that the user has been told about.
     std::set<QString> mToldCopies;
     /// Whether the user asked for the preferences of updates before there was a main window; they are shown once it

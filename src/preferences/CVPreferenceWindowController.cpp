@@ -60,6 +60,7 @@ CVPreferenceWindowController::CVPreferenceWindowController(CVDocument& document,
     connect(mTabView, &QTabWidget::currentChanged, this, &CVPreferenceWindowController::tabSelected);
     connect(mUpdatePane, &CVUpdatePane::checkRequested, this, [this, &host] { host.checkForNewVersion(*this); });
     connect(mDataFilePane, &CVDataFilePane::cleared, mEntryPane, &CVEntryPane::load);
+    connect(mDataFilePane, &CVDataFilePane::cleared, this, &CVPreferenceWindowController::cleared);
     connect(&mStore, &CVPreferenceStore::written, this, &CVPreferenceWindowController::showWhetherKept);
 }
 

@@ -43,6 +43,10 @@ public:
     /// Called for every way of closing the window.
     void done(int result) override;
 
+signals:
+    /// The user has cleared the data file.
+    void cleared();
+
 private:
     void addPane(CVPreferencePane& pane, const QString& title, const char* identifier);
     void addButtons(CVHelpOpener* help);
