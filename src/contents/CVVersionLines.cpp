@@ -102,7 +102,7 @@ void CVVersionLines::append(Kind kind, const std::vector<Difference>& difference
 QString CVVersionLines::title(int column) {
     if (const auto listed = listedColumn(column))
         return CVTransactionText::title(*listed);
-    return column == Set ? tr("Set") : tr("Since Then");
+    return column == Set ? tr("Set") : tr("Change");
 }
 
 CVVersionLines::Cell CVVersionLines::cell(std::size_t line, int column) const {

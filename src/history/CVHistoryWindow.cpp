@@ -8,7 +8,7 @@
 #include "format/QBLocale.h"
 #include "history/CVHistoryHost.h"
 #include "history/CVVersionLinePane.h"
-#include "history/CVVersionTableModel.h"
+#include "history/CVVersionTable.h"
 #include "history/CVVersionText.h"
 #include "model/CVDocument.h"
 #include "storage/CVDocumentXML.h"
@@ -18,15 +18,11 @@
 #include "widgets/CVHelpOpener.h"
 #include "widgets/CVQuietTextColour.h"
 #include "widgets/CVWindowFrame.h"
-#include "widgets/tables/CVCellDelegate.h"
-#include "widgets/tables/CVTableView.h"
 
 #include <QAccessible>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QScopedValueRollback>
 #include <QShortcut>
 #include <QSplitter>
 
@@ -39,11 +35,9 @@ constexpr std::chrono::milliseconds kChangesSettle(300);
 constexpr std::chrono::milliseconds kProgressDelay(500);
 constexpr int kWindowWidthInDigits = 128;
 constexpr int kWindowHeightInLines = 36;
-/// The usual widths of the columns, in widths of a digit.
-constexpr std::array kVersionWidths{20, 34, 14};
 
-QString counted(std::size_t count) {
-    return QBLocaleInForce().toString(static_cast<qulonglong>(count));
+QString counted(qsizetype count) {
+    return QBLocaleInForce().toString(count);
 }
 
 } // namespace
@@ -53,9 +47,8 @@ CVHistoryWindow::CVHistoryWindow(CVDocument& document, CVHistoryHost& host, CVAl
     , mDocument(&document)
     , mHost(host)
     , mAlerts(alerts)
-    , mVersions(new CVVersionTableModel(this))
     , mSplitter(new QSplitter(Qt::Vertical, this))
-    , mVersionTable(new CVTableView(mSplitter))
+    , mVersions(new CVVersionTable(mSplitter))
     , mLines(new CVVersionLinePane(mSplitter))
     , mRemark(new QLabel(this))
     , mProgress(new QLabel(this))
@@ -70,10 +63,12 @@ CVHistoryWindow::CVHistoryWindow(CVDocument& document, CVHistoryHost& host, CVAl
     mSplitter->setStretchFactor(0, 2);
     mSplitter->setStretchFactor(1, 3);
     mSplitter->setChildrenCollapsible(false);
-    addVersions();
-    connect(mLines, &CVVersionLinePane::selectionChanged, this, &CVHistoryWindow::updateButtons);
+    mVersions->setObjectName(QStringLiteral("mVersionTable"));
+    mVersions->setAccessibleName(tr("Earlier Versions"));
+    connect(mVersions, &CVVersionTable::picked, this, &CVHistoryWindow::versionPicked);
     addRemarks();
     addButtons(help);
+    connect(mLines, &CVVersionLinePane::selectionChanged, this, &CVHistoryWindow::showState);
     restoreLooks();
     observe();
     changeEvent(nullptr);
@@ -82,23 +77,6 @@ CVHistoryWindow::CVHistoryWindow(CVDocument& document, CVHistoryHost& host, CVAl
 CVHistoryWindow::~CVHistoryWindow() {
     if (isVisible())
         keepLooks();
-}
-
-void CVHistoryWindow::addVersions() {
-    mVersionTable->setObjectName(QStringLiteral("mVersionTable"));
-    mVersionTable->setAccessibleName(tr("Earlier Versions"));
-    mVersionTable->setSelectionMode(QAbstractItemView::SingleSelection);
-    mVersionTable->setModel(mVersions);
-    mVersionTable->setItemDelegate(new CVCellDelegate(mVersionTable));
-    mVersionTable->setSelectionBehavior(QAbstractItemView::SelectRows);
-    mVersionTable->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    const int digit = fontMetrics().horizontalAdvance('0');
-    int column = 0;
-    for (const int width : kVersionWidths)
-        mVersionTable->setColumnWidth(column++, width * digit);
-    mVersionTable->horizontalHeader()->setStretchLastSection(true);
-    connect(mVersionTable->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-            &CVHistoryWindow::versionPicked);
 }
 
 void CVHistoryWindow::addRemarks() {
@@ -147,7 +125,7 @@ QPushButton& CVHistoryWindow::addButton(QHBoxLayout& row, const QString& text, c
 
 void CVHistoryWindow::restoreLooks() {
     const QBUserDefaults& defaults = mDocument->userDefaults();
-    mVersionTable->horizontalHeader()->restoreState(defaults.dataForKey(CVDefaultsKeys::kVersionColumns));
+    mVersions->restoreColumns(defaults);
     mLines->restoreColumns(defaults);
     mSplitter->restoreState(defaults.dataForKey(CVDefaultsKeys::kVersionSplitter));
     const QSize first(kWindowWidthInDigits * fontMetrics().horizontalAdvance('0'),
@@ -157,7 +135,7 @@ void CVHistoryWindow::restoreLooks() {
 
 void CVHistoryWindow::keepLooks() {
     QBUserDefaults& defaults = mDocument->userDefaults();
-    defaults.setData(CVDefaultsKeys::kVersionColumns, mVersionTable->horizontalHeader()->saveState());
+    mVersions->keepColumns(defaults);
     mLines->keepColumns(defaults);
     defaults.setData(CVDefaultsKeys::kVersionSplitter, mSplitter->saveState());
     defaults.setData(CVDefaultsKeys::kVersionWindow, saveGeometry());
@@ -187,7 +165,7 @@ void CVHistoryWindow::setDocument(CVDocument& document) {
 }
 
 void CVHistoryWindow::showWindow() {
-    mWantsNewest = true;
+    mVersions->chooseNewest();
     if (!mReader) {
         mReader = std::make_unique<CVVersionReader>();
         connect(mReader.get(), &CVVersionReader::found, this, &CVHistoryWindow::take);
@@ -195,7 +173,7 @@ void CVHistoryWindow::showWindow() {
     setRemark({});
     refresh();
     if (!isVisible())
-        mVersionTable->setFocus();
+        mVersions->setFocus();
     show();
     raise();
     activateWindow();
@@ -224,52 +202,31 @@ void CVHistoryWindow::refresh() {
     if (!mReader)
         return;
     const QList<CVListedVersion> versions = CVListedVersion::of(mDocument->dataFiles().value(0));
-    const QString chosen = chosenPath();
-    {
-        const QScopedValueRollback refreshing(mIsRefreshing, true);
-        mVersions->setVersions(versions, mDocument->transactions().size());
-        const int newest = versions.isEmpty() ? 0 : 1;
-        chooseRow(mWantsNewest ? newest : mVersions->rowOf(chosen));
-    }
+    mVersions->setVersions(versions, mDocument->transactions().size());
     mAwaited.clear();
     for (const CVListedVersion& version : versions)
         mAwaited.append(version.path);
     mReader->read(CVDocumentXMLRepresentation(*mDocument), mAwaited);
+    mShowsProgress.start();
     versionPicked();
-    mProgress->clear();
-    if (!mAwaited.isEmpty())
-        mShowsProgress.start();
-}
-
-void CVHistoryWindow::chooseRow(int row) {
-    const QModelIndex cell = mVersions->index(row, std::max(0, mVersionTable->currentIndex().column()));
-    if (mVersionTable->currentIndex().row() != row || !mVersionTable->selectionModel()->isRowSelected(row, {}))
-        mVersionTable->selectionModel()->setCurrentIndex(cell, QItemSelectionModel::ClearAndSelect |
-                                                                   QItemSelectionModel::Rows);
 }
 
 void CVHistoryWindow::versionPicked() {
-    if (mIsRefreshing || !mReader)
+    if (!mReader)
         return;
-    const QString path = chosenPath();
-    const int newest = mVersions->rowCount() > 1 ? 1 : 0;
-    mWantsNewest = mWantsNewest && mVersionTable->currentIndex().row() == newest;
+    const QString path = mVersions->chosenPath();
     if (mShown.path != path)
         showLines({});
     mReader->choose(path);
-    updateButtons();
-    showMessage();
+    showState();
 }
 
 void CVHistoryWindow::take(const CVVersionFindings& findings) {
     mVersions->setFindings(findings);
     mAwaited.removeAll(findings.path);
-    if (findings.differences && findings.path == chosenPath())
+    if (findings.differences && findings.path == mVersions->chosenPath())
         showLines(findings);
-    if (!mShowsProgress.isActive() || mAwaited.isEmpty())
-        showProgress();
-    updateButtons();
-    showMessage();
+    showState();
 }
 
 void CVHistoryWindow::showLines(const CVVersionFindings& findings) {
@@ -277,55 +234,50 @@ void CVHistoryWindow::showLines(const CVVersionFindings& findings) {
     mLines->show(findings.differences);
 }
 
+void CVHistoryWindow::showState() {
+    showMessage();
+    updateButtons();
+    showProgress();
+}
+
+/// Says how far the reading is once it takes long, and then what to do.
 void CVHistoryWindow::showProgress() {
-    mShowsProgress.stop();
-    const int versions = mVersions->rowCount() - 1;
-    const auto read = static_cast<std::size_t>(versions - mAwaited.size());
-    mProgress->setText(
-        mAwaited.isEmpty()
-            ? QString()
-            : tr("%1 of %2 versions read…").arg(counted(read), counted(static_cast<std::size_t>(versions))));
+    QString text;
+    const int versions = mVersions->countVersions();
+    if (!mAwaited.isEmpty() && !mShowsProgress.isActive())
+        text = tr("%1 of %2 versions read…").arg(counted(versions - mAwaited.size()), counted(versions));
+    else if (mAwaited.isEmpty() && mLines->hasReturnable() && !mBringBack->isEnabled())
+        text = tr("Select the lines that are to come back.");
+    mProgress->setText(text);
 }
 
 /// Says why there are no lines.
 void CVHistoryWindow::showMessage() {
-    const int row = mVersionTable->currentIndex().row();
-    const auto findings = mVersions->findingsAt(row);
+    const auto findings = mVersions->chosenFindings();
     QString message;
-    if (mVersions->rowCount() <= 1 && CVVersionLimit(mDocument->userDefaults()) == 0)
+    if (mVersions->countVersions() == 0 && CVVersionLimit(mDocument->userDefaults()) == 0)
         message = tr("No earlier versions are kept. Preferences > Data File switches that on.");
-    else if (mVersions->rowCount() <= 1)
+    else if (mVersions->countVersions() == 0)
         message = tr("There are no earlier versions yet. Corvella keeps one before anything is removed and at the "
                      "first change of each day.");
-    else if (!mVersions->versionAt(row))
+    else if (!mVersions->chosen())
         message = tr("This is the budget as it is now. Choose a version above to see what differs.");
     else if (findings && !findings->problem.isEmpty())
         message = tr("This version cannot be read: %1").arg(findings->problem);
-    else if (mShown.path != chosenPath())
+    else if (mShown.path != mVersions->chosenPath())
         message = tr("Reading this version…");
     else
         message = tr("Nothing has changed since then.");
     mLines->setMessage(message);
 }
 
-QString CVHistoryWindow::chosenPath() const {
-    const CVListedVersion* const version = mVersions->versionAt(mVersionTable->currentIndex().row());
-    return version ? version->path : QString();
-}
-
-QString CVHistoryWindow::chosenMoment() const {
-    const CVListedVersion* const version = mVersions->versionAt(mVersionTable->currentIndex().row());
-    return version ? CVVersionText::moment(version->kept) : QString();
-}
-
 void CVHistoryWindow::updateButtons() {
-    const auto findings = mVersions->findingsAt(mVersionTable->currentIndex().row());
+    const auto findings = mVersions->chosenFindings();
     mReturn->setEnabled(findings && findings->problem.isEmpty());
-    const std::size_t count = mLines->countReturnable();
-    const QString text = count == 0 ? tr("&Bring Back Lines")
-                         : count == 1
-                             ? tr("&Bring Back 1 Line")
-                             : tr("&Bring Back %1 Lines", nullptr, static_cast<int>(count)).arg(counted(count));
+    const auto count = static_cast<int>(mLines->countReturnable());
+    const QString text = count == 0   ? tr("&Bring Back Lines")
+                         : count == 1 ? tr("&Bring Back 1 Line")
+                                      : tr("&Bring Back %1 Lines", nullptr, count).arg(counted(count));
     mBringBack->setText(text);
     mBringBack->setAccessibleName(QString(text).remove('&'));
     mBringBack->setEnabled(count > 0);
@@ -340,12 +292,14 @@ void CVHistoryWindow::setRemark(const QString& remark) {
 }
 
 void CVHistoryWindow::saveCopy() {
-    setRemark(mHost.saveCopy(chosenPath(), *this) ? tr("The copy was saved") : QString());
+    setRemark(mHost.saveCopy(mVersions->chosenPath(), *this) ? tr("The copy was saved") : QString());
 }
 
 void CVHistoryWindow::returnToVersion() {
-    const QString path = chosenPath();
-    const QString moment = chosenMoment();
+    if (!mVersions->chosen())
+        return;
+    const QString path = mVersions->chosen()->path;
+    const QString moment = CVVersionText::moment(mVersions->chosen()->kept);
     const auto answer =
         mAlerts.run(this, {tr("Return to the version “%1”?").arg(moment),
                            tr("The present budget is kept as a version first, so that you can return to it as well."),
@@ -361,10 +315,10 @@ void CVHistoryWindow::bringBack() {
     // Kept here, because the budget changes below and other lines may be shown meanwhile.
     const CVVersionFindings shown = mShown;
     const int back = mHost.bringBack(*shown.version, mLines->returnable());
-    const QString number = counted(static_cast<std::size_t>(back));
+    const QString number = counted(back);
     if (back < count)
         setRemark(tr("%1 of %2 lines brought back; the others no longer fit the present budget", nullptr, count)
-                      .arg(number, counted(static_cast<std::size_t>(count))));
+                      .arg(number, counted(count)));
     else
         setRemark(back == 1 ? tr("1 line brought back") : tr("%1 lines brought back", nullptr, back).arg(number));
     // The button is disabled now, and the focus would go to the next control.

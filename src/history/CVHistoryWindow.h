@@ -11,9 +11,8 @@ class CVAlerts;
 class CVDocument;
 class CVHelpOpener;
 class CVHistoryHost;
-class CVTableView;
 class CVVersionLinePane;
-class CVVersionTableModel;
+class CVVersionTable;
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
@@ -44,7 +43,6 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void addVersions();
     void addRemarks();
     void addButtons(CVHelpOpener* help);
     QPushButton& addButton(QHBoxLayout& row, const QString& text, const char* name);
@@ -58,14 +56,11 @@ private:
     void versionPicked();
     void take(const CVVersionFindings& findings);
     void showLines(const CVVersionFindings& findings);
+    void showState();
     void showProgress();
     void showMessage();
     void updateButtons();
     void setRemark(const QString& remark);
-    void chooseRow(int row);
-    /// Empty for the present budget.
-    [[nodiscard]] QString chosenPath() const;
-    [[nodiscard]] QString chosenMoment() const;
 
     void saveCopy();
     void returnToVersion();
@@ -74,9 +69,8 @@ private:
     CVDocument* mDocument;
     CVHistoryHost& mHost;
     CVAlerts& mAlerts;
-    CVVersionTableModel* mVersions;
     QSplitter* mSplitter;
-    CVTableView* mVersionTable;
+    CVVersionTable* mVersions;
     CVVersionLinePane* mLines;
     QLabel* mRemark;
     QLabel* mProgress;
@@ -91,9 +85,6 @@ private:
     QStringList mAwaited;
     /// What the lines are made of; its path is empty when there are none.
     CVVersionFindings mShown;
-    /// Whether the newest version is to be chosen, also when another one is kept: the user has chosen none yet.
-    bool mWantsNewest = true;
-    bool mIsRefreshing = false;
     /// Null while the window is closed.
     std::unique_ptr<CVVersionReader> mReader;
 };

@@ -20,7 +20,10 @@
 namespace {
 
 /// The usual widths of the columns, in widths of a digit.
-constexpr std::array kLineWidths{18, 11, 13, 22, 18, 18, 16, 6, 6};
+constexpr std::array kLineWidths{17, 11, 14, 20, 20, 17, 12, 5, 5};
+/// The minimum width of any column, in letters.
+constexpr int kShortestLineColumn = 6;
+constexpr int kSearchWidthInLetters = 30;
 
 } // namespace
 
@@ -65,6 +68,7 @@ void CVVersionLinePane::addSearch(QHBoxLayout& row) {
     mSearch->setAccessibleName(tr("Search These Lines"));
     mSearch->setPlaceholderText(tr("Search these lines"));
     mSearch->setClearButtonEnabled(true);
+    mSearch->setMaximumWidth(kSearchWidthInLetters * fontMetrics().averageCharWidth());
     row.addWidget(mSearch, 1);
     connect(mSearch, &QLineEdit::textChanged, mModel, &CVVersionLineModel::setSearchText);
     auto* const find = new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WindowShortcut);
@@ -87,6 +91,8 @@ void CVVersionLinePane::addTable() {
     for (const int width : kLineWidths)
         mTable->setColumnWidth(column++, width * digit);
     QHeaderView* const header = mTable->horizontalHeader();
+    header->setMinimumSectionSize(kShortestLineColumn * fontMetrics().averageCharWidth());
+    header->setSectionResizeMode(CVVersionLines::For, QHeaderView::Stretch);
     header->setSectionsMovable(true);
     header->setSectionsClickable(true);
     header->setSortIndicatorShown(true);
@@ -140,6 +146,11 @@ std::vector<std::size_t> CVVersionLinePane::returnableLines() const {
     }
     std::sort(lines.begin(), lines.end());
     return lines;
+}
+
+bool CVVersionLinePane::hasReturnable() const {
+    const CVVersionLines& lines = mModel->lines();
+    return lines.count(CVVersionSign::Removed) + lines.count(CVVersionSign::Changed) > 0;
 }
 
 std::size_t CVVersionLinePane::countReturnable() const {

@@ -28,6 +28,8 @@ public:
     void show(std::shared_ptr<const CVBudgetDifferences> differences);
     /// Says why there are no lines; a search that finds none says so itself.
     void setMessage(const QString& message);
+    /// Whether there are lines that can be brought back when they are selected.
+    [[nodiscard]] bool hasReturnable() const;
     /// The number of selected lines that can be brought back: those that were removed or changed.
     [[nodiscard]] std::size_t countReturnable() const;
     /// Those lines; not to be called when there are none.
