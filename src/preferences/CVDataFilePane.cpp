@@ -7,12 +7,14 @@
 #include "model/CVDocument.h"
 #include "preferences/CVPreferenceHost.h"
 #include "preferences/CVPreferenceStore.h"
+#include "preferences/CVVersionsPane.h"
 #include "widgets/CVFilePanels.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QFormLayout>
+#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
@@ -48,7 +50,8 @@ CVDataFilePane::CVDataFilePane(CVPreferenceStore& store, CVDocument& document, C
     , mHost(host)
     , mAlerts(alerts)
     , mPanels(panels)
-    , mDataFileLocation(new QLineEdit(this)) {
+    , mDataFileLocation(new QLineEdit(this))
+    , mVersions(new CVVersionsPane(store, host, alerts, this)) {
     mDataFileLocation->setObjectName(QStringLiteral("mDataFileLocation"));
     mDataFileLocation->setAccessibleName(tr("Data File Location"));
     mDataFileLocation->setReadOnly(true);
@@ -62,6 +65,10 @@ CVDataFilePane::CVDataFilePane(CVPreferenceStore& store, CVDocument& document, C
     QPushButton* const clear = addButton(tr("Clear &Data File…"), tr("Clear Data File"),
                                          tr("Removes all transactions and brings the default categories back."));
     connect(clear, &QPushButton::clicked, this, &CVDataFilePane::clearDataFile);
+    auto* const versions = new QGroupBox(tr("Earlier Versions"), this);
+    auto* const inside = new QVBoxLayout(versions);
+    inside->addWidget(mVersions);
+    form().addRow(versions);
 }
 
 QPushButton* CVDataFilePane::addButton(const QString& text, const QString& name, const QString& hint) {
@@ -80,6 +87,11 @@ QPushButton* CVDataFilePane::addButton(const QString& text, const QString& name,
 
 void CVDataFilePane::load() {
     _cv_set_file_location_field();
+    mVersions->load();
+}
+
+void CVDataFilePane::endEditing() {
+    mVersions->endEditing();
 }
 
 void CVDataFilePane::changeFileLocation() {
@@ -236,4 +248,5 @@ void CVDataFilePane::_cv_set_file_location_field() {
     mDataFileLocation->setText(isThere ? abbreviated(QFileInfo(*path).path()) : tr("Not set"));
     mDataFileLocation->setToolTip(isThere ? QDir::toNativeSeparators(*path) : QString());
     mDataFileLocation->setCursorPosition(0);
+    mVersions->showSize();
 }

@@ -8,6 +8,7 @@
 class CVDocument;
 class CVFilePanels;
 class CVPreferenceHost;
+class CVVersionsPane;
 class QLineEdit;
 class QPushButton;
 
@@ -21,6 +22,7 @@ public:
                    CVFilePanels& panels, QWidget* parent = nullptr);
 
     void load() override;
+    void endEditing() override;
     void setDocument(CVDocument& document) { mDocument = &document; }
 
     /// Lets the user choose a folder, then moves the budget there or opens the budget that is already there.
@@ -51,4 +53,5 @@ private:
     CVAlerts& mAlerts;
     CVFilePanels& mPanels;
     QLineEdit* mDataFileLocation;
+    CVVersionsPane* mVersions;
 };

@@ -4,6 +4,7 @@
 #include "base/CVNotifications.h"
 #include "base/QBNotificationCenter.h"
 #include "base/QBUserDefaults.h"
+#include "versions/CVVersionLimit.h"
 
 CVPreferenceStore::CVPreferenceStore(QBUserDefaults& defaults, QBNotificationCenter& notificationCenter)
     : mDefaults(defaults)
@@ -17,6 +18,11 @@ void CVPreferenceStore::setInteger(const char* key, int value, Change change) {
 void CVPreferenceStore::setBool(const char* key, bool value, Change change) {
     mDefaults.setBool(key, value);
     finish(change);
+}
+
+void CVPreferenceStore::setVersionLimit(int megabytes) {
+    CVSetVersionLimit(mDefaults, megabytes);
+    finish(Change::Silent);
 }
 
 bool CVPreferenceStore::setDataFileLocation(const std::optional<QString>& path) {

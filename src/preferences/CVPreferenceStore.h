@@ -27,6 +27,8 @@ public:
 
     void setInteger(const char* key, int value, Change change);
     void setBool(const char* key, bool value, Change change);
+    /// Stores how many megabytes earlier versions may take; 0 keeps none.
+    void setVersionLimit(int megabytes);
     /// Stores the location of the data file; an absent path removes the key. False when the setting could not be
     /// written to the disk and is lost when the program ends.
     bool setDataFileLocation(const std::optional<QString>& path);

@@ -5,13 +5,10 @@
 
 #include <QEvent>
 
-namespace {
-
-constexpr int kLargest = 999;
-
-} // namespace
-
-CVWholeNumberField::CVWholeNumberField(QWidget* parent) : CVFormattedField(parent) {
+CVWholeNumberField::CVWholeNumberField(QWidget* parent, int smallest, int largest)
+    : CVFormattedField(parent)
+    , mSmallest(smallest)
+    , mLargest(largest) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     CVAlignNumber(*this);
     showValue();
@@ -23,13 +20,13 @@ void CVWholeNumberField::setIntegerValue(int value) {
 }
 
 QString CVWholeNumberField::expectation() const {
-    return tr("Type a whole number from 0 to %1.").arg(kLargest);
+    return tr("Type a whole number from %1 to %2.").arg(mSmallest).arg(mLargest);
 }
 
 bool CVWholeNumberField::takeValue(const QString& text) {
     bool isNumber = false;
     const int value = QBLocaleInForce().toInt(text.trimmed(), &isNumber);
-    if (!isNumber || value < 0 || value > kLargest)
+    if (!isNumber || value < mSmallest || value > mLargest)
         return false;
     mValue = value;
     return true;
@@ -40,7 +37,7 @@ QString CVWholeNumberField::valueText() const {
 }
 
 QString CVWholeNumberField::usualText() const {
-    return QBLocaleInForce().toString(kLargest);
+    return QBLocaleInForce().toString(mLargest);
 }
 
 void CVWholeNumberField::changeEvent(QEvent* event) {

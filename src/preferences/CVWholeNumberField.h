@@ -2,12 +2,13 @@
 
 #include "widgets/fields/CVFormattedField.h"
 
-/// A field for a whole number from 0 to 999, in the digits of the locale.
+/// A field for a whole number of at least 0, in the digits of the locale.
 class CVWholeNumberField final : public CVFormattedField {
     Q_OBJECT
 
 public:
-    explicit CVWholeNumberField(QWidget* parent = nullptr);
+    /// `largest` has at most nine digits.
+    explicit CVWholeNumberField(QWidget* parent = nullptr, int smallest = 0, int largest = 999);
 
     [[nodiscard]] int integerValue() const { return mValue; }
     void setIntegerValue(int value);
@@ -27,5 +28,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    int mSmallest;
+    int mLargest;
     int mValue = 0;
 };
