@@ -54,6 +54,7 @@ CVAppDelegate::CVAppDelegate(std::unique_ptr<QSettings> settings, CVStandardFold
     , mUserDefaults(std::move(settings))
     , mFile(std::move(folders), mUserDefaults)
     , mUpdates(mUserDefaults, mNotificationCenter, alerts, *this)
+    , mSaveTeller(alerts)
     , mHistoryOperations(std::make_unique<CVHistoryOperations>(*this, mFile, alerts, panels))
     , mDocument(std::make_unique<CVDocument>(mNotificationCenter, mUserDefaults)) {
     connect(&mFile.saves(), &CVSaveQueue::saveFinished, this, &CVAppDelegate::handleSaveFinished);
@@ -104,6 +105,7 @@ void CVAppDelegate::makeWindowControllers() {
     CVSaveStatus& status = mMainWindow->saveStatus();
     connect(&mFile.saves(), &CVSaveQueue::saveStarted, &status, &CVSaveStatus::setSaving);
     connect(&status, &CVSaveStatus::tryAgain, this, [this] { mDocument->workbookSave(); });
+    connect(&status, &CVSaveStatus::makeRoom, this, &CVAppDelegate::showDataFilePreferences);
     mMainWindow->showWindow();
 }
 
@@ -114,22 +116,16 @@ void CVAppDelegate::showWhetherSaved(const CVLoadReport& report) const {
 }
 
 void CVAppDelegate::handleSaveFinished(const CVSaveOutcome& outcome) {
-    CVSaveStatus& status = mMainWindow->saveStatus();
-    if (!outcome.saved)
-        status.setFailed(CVFileMessages::notSaved(outcome));
-    else if (!mFile.saves().isSaving())
-        status.setSaved();
+    mSaveTeller.tell(outcome, *mMainWindow, mFile.saves().isSaving());
     if (mHistory)
         mHistory->versionsChanged();
-    if (!outcome.keptCopy.isEmpty() && mToldCopies.insert(outcome.keptCopy).second)
-        mAlerts.run(mMainWindow->window(), CVFileMessages::keptCopy(outcome));
 }
 
 void CVAppDelegate::tellAboutReading(const CVLoadReport& report) {
     // A damaged file is replaced at once; only after that save is it known whether a copy could be kept.
     const CVSaveOutcome last = mFile.saves().waitForFinished();
     const CVSaveOutcome outcome = last.path == report.path ? last : CVSaveOutcome();
-    mToldCopies.insert(outcome.keptCopy);
+    mSaveTeller.markAsTold(outcome.keptCopy);
     // The alert waits for the event loop, so that the window is shown behind it.
     QMetaObject::invokeMethod(
         this,
@@ -213,6 +209,11 @@ void CVAppDelegate::showUpdatePreferences() {
         return;
     showPreferences();
     mPreferences->displayUpdatePane();
+}
+
+void CVAppDelegate::showDataFilePreferences() {
+    showPreferences();
+    mPreferences->displayDataFilePane();
 }
 
 void CVAppDelegate::showHelp() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/CVSaveTeller.h"
 #include "app/CVUpdateController.h"
 #include "base/QBNotificationCenter.h"
 #include "base/QBUserDefaults.h"
@@ -9,7 +10,6 @@
 #include <QObject>
 
 #include <memory>
-#include <set>
 
 class CVAlerts;
 class CVDocument;
@@ -91,6 +91,7 @@ private:
     void keepInFront(QWidget& window);
     void remarkClearing();
     void showUpdatePreferences();
+    void showDataFilePreferences();
     [[nodiscard]] QString waitForSaves() override;
     [[nodiscard]] std::optional<QString> reopenDocument() override;
     [[nodiscard]] QString moveVersions(const QString& from, const QString& to) override;
@@ -111,14 +112,13 @@ private:
     CVUpdateController mUpdates;
     CVHelpOpener* mHelp = nullptr;
     CVPrintPanels* mPrintPanels = nullptr;
+    CVSaveTeller mSaveTeller;
     std::unique_ptr<CVHistoryOperations> mHistoryOperations;
     std::unique_ptr<CVDocument> mDocument;
     std::unique_ptr<CVEditorWindows> mEditorWindows;
     std::unique_ptr<CVMainWindowController> mMainWindow;
     std::unique_ptr<CVPreferenceWindowController> mPreferences;
     std::unique_ptr<CVHistoryWindow> mHistory;
-    /// The paths of the kept copies that the user has been told about.
-    std::set<QString> mToldCopies;
     /// Whether the user asked for the preferences of updates before there was a main window; they are shown once it
     /// exists.
     bool mWantsUpdatePreferences = false;

@@ -1,6 +1,8 @@
 #include "app/CVFileMessages.h"
 
 #include "storage/CVDocumentFile.h"
+#include "versions/CVKeptCopy.h"
+#include "versions/CVVersionFolder.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -38,9 +40,19 @@ QString whereabouts(const CVSaveOutcome& outcome, const QString& folder) {
 
 /// What failed, and what that means for the file; `fullDisk` replaces the reason when only the disk is full.
 QString failure(const CVSaveOutcome& outcome, const QString& fullDisk) {
-    const QString what = outcome.diskIsFull ? fullDisk : outcome.message;
-    return QFileInfo::exists(outcome.path) ? what + u' ' + FileMessagesText::tr("Your last saved file is whole.")
-                                           : what;
+    QString text = outcome.diskIsFull ? fullDisk : outcome.message;
+    if (QFileInfo::exists(outcome.path))
+        text += u' ' + FileMessagesText::tr("Your last saved file is whole.");
+    if (canMakeRoom(outcome))
+        text += u' ' + FileMessagesText::tr("Deleting earlier versions makes room.");
+    return text;
+}
+
+/// The alert at the end has no button left that leads there.
+QString whereToMakeRoom(const CVSaveOutcome& outcome) {
+    return canMakeRoom(outcome)
+               ? FileMessagesText::tr("To do that, choose Cancel, then Delete Earlier Versions… in the window.") + u' '
+               : QString();
 }
 
 } // namespace
@@ -68,6 +80,11 @@ CVAlert keptCopy(const CVSaveOutcome& outcome) {
             {}};
 }
 
+bool canMakeRoom(const CVSaveOutcome& outcome) {
+    return outcome.diskIsFull &&
+           (!CVVersionFolder(outcome.path).versions().isEmpty() || !CVKeptCopy::beside(outcome.path).isEmpty());
+}
+
 QString notSaved(const CVSaveOutcome& outcome) {
     // The window shows the text after "Not saved: ".
     return failure(outcome, FileMessagesText::tr("the disk is full."));
@@ -78,7 +95,7 @@ CVAlert quitUnsaved(const CVSaveOutcome& outcome, std::optional<QTime> triedAgai
                                              .arg(QLocale().toString(*triedAgain, QStringLiteral("H:mm:ss")))
                                        : QString();
     return {FileMessagesText::tr("Your last changes are not saved"),
-            attempt + failure(outcome, FileMessagesText::tr("The disk is full.")) + u' ' +
+            attempt + failure(outcome, FileMessagesText::tr("The disk is full.")) + u' ' + whereToMakeRoom(outcome) +
                 FileMessagesText::tr("If you quit now, what you changed since the last save is lost."),
             FileMessagesText::tr("Try Again"), FileMessagesText::tr("Cancel"),
             FileMessagesText::tr("Quit Without Saving")};

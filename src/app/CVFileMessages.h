@@ -17,6 +17,8 @@ namespace CVFileMessages {
 [[nodiscard]] CVAlert unreadable(const CVLoadReport& report, const CVSaveOutcome& outcome);
 /// Says that a file that this program had not read was kept before it was written over.
 [[nodiscard]] CVAlert keptCopy(const CVSaveOutcome& outcome);
+/// Whether deleting earlier versions makes room for a save that failed because the disk is full.
+[[nodiscard]] bool canMakeRoom(const CVSaveOutcome& outcome);
 /// The reason as one line for the window's status.
 [[nodiscard]] QString notSaved(const CVSaveOutcome& outcome);
 /// Asks whether to close the window although the last save failed: default tries again, alternate stays, other quits.

@@ -44,7 +44,7 @@ CVPreferenceWindowController::CVPreferenceWindowController(CVDocument& document,
     addPane(*new CVBudgetPane(mStore, mTabView), tr("Budget"), "BudgetID");
     addPane(*mEntryPane, tr("Entry"), "EntryID");
     addPane(*mUpdatePane, tr("Update"), kUpdatePane);
-    addPane(*mDataFilePane, tr("Data File"), "DataFileID");
+    addPane(*mDataFilePane, tr("Data File"), kDataFilePane);
     mRemark->setObjectName(QStringLiteral("mRemark"));
     mRemark->setTextFormat(Qt::PlainText);
     mRemark->setWordWrap(true);
@@ -85,6 +85,10 @@ void CVPreferenceWindowController::showWindow() {
 
 void CVPreferenceWindowController::displayUpdatePane() {
     selectTab(QLatin1String(kUpdatePane));
+}
+
+void CVPreferenceWindowController::displayDataFilePane() {
+    selectTab(QLatin1String(kDataFilePane));
 }
 
 void CVPreferenceWindowController::done(int result) {

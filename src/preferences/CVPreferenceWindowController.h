@@ -25,6 +25,7 @@ class CVPreferenceWindowController final : public QDialog {
 public:
     /// The identifier of the tab with the update check.
     static constexpr const char* kUpdatePane = "UpdateID";
+    static constexpr const char* kDataFilePane = "DataFileID";
 
     /// Without `help` there is no Help button.
     CVPreferenceWindowController(CVDocument& document, CVPreferenceHost& host, CVAlerts& alerts, CVFilePanels& panels,
@@ -37,6 +38,7 @@ public:
     /// Shows the window with the current settings, or brings it to the front.
     void showWindow();
     void displayUpdatePane();
+    void displayDataFilePane();
     /// Reads what the user is typing and remembers the frame.
     void keep();
 

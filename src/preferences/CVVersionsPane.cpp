@@ -40,6 +40,8 @@ CVVersionsPane::CVVersionsPane(CVPreferenceStore& store, CVPreferenceHost& host,
     , mLimit(new CVWholeNumberField(this, kSmallestLimit, kLargestLimit))
     , mSize(new QLineEdit(this))
     , mDelete(new QPushButton(tr("Delete &Earlier Versions…"), this)) {
+    // The frame around the pane has margins.
+    form().setContentsMargins(0, 0, 0, 0);
     mLimit->setObjectName(QStringLiteral("mVersionLimit"));
     mLimit->setAccessibleName(tr("Megabytes for Earlier Versions"));
     auto* const limit = new QHBoxLayout;

@@ -2,7 +2,10 @@
 
 #include "kit/Printers.h"
 #include "storage/CVSaveQueue.h"
+#include "versions/CVKeptCopy.h"
+#include "versions/CVVersionFolder.h"
 
+#include <QTemporaryDir>
 #include <QTemporaryFile>
 
 #include <gtest/gtest.h>
@@ -30,6 +33,26 @@ TEST(CVFileMessages, SayThatTheDiskIsFullAndWhatIsWhole) {
                     .message.startsWith("The disk is full. Your last saved file is whole. If you quit now"));
     EXPECT_TRUE(CVFileMessages::quitUnsaved(failedSave(file.fileName(), true), QTime(14, 2, 5))
                     .message.startsWith("Corvella tried again at 14:02:05, which failed too. The disk is full."));
+}
+
+TEST(CVFileMessages, OfferToDeleteEarlierVersionsOnlyWhereThatMakesRoom) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("Corvella Data.corvella");
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    const QString whole = "the disk is full. Your last saved file is whole.";
+    EXPECT_EQ(CVFileMessages::notSaved(failedSave(path, true)), whole);
+    EXPECT_FALSE(CVFileMessages::canMakeRoom(failedSave(path, true)));
+    ASSERT_TRUE(CVVersionFolder(path).keepCopy(path, CVVersionReason::Removal, QDateTime::currentDateTime()).ok());
+    EXPECT_EQ(CVFileMessages::notSaved(failedSave(path, true)), whole + " Deleting earlier versions makes room.");
+    EXPECT_TRUE(CVFileMessages::quitUnsaved(failedSave(path, true))
+                    .message.contains("is whole. Deleting earlier versions makes room. To do that, choose Cancel, then "
+                                      "Delete Earlier Versions… in the window. If you quit now"));
+    EXPECT_FALSE(CVFileMessages::canMakeRoom(failedSave(path, false)));
+    EXPECT_FALSE(CVFileMessages::quitUnsaved(failedSave(path, false)).message.contains("versions"));
+    ASSERT_TRUE(CVVersionFolder(path).removeAll().ok());
+    ASSERT_TRUE(CVKeptCopy::keepUnreadable(path, QDateTime::currentDateTime()).result.ok());
+    EXPECT_TRUE(CVFileMessages::canMakeRoom(failedSave(path, true))) << "kept copies take room too";
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "versions/CVKeptCopy.h"
 #include "versions/CVVersionFolder.h"
 #include "versions/CVVersionLimit.h"
+#include "workspace/controls/CVSaveStatus.h"
 
 #include <QDir>
 #include <QFile>
@@ -281,6 +282,42 @@ TEST_F(CVHistoryOperationsTest, VersionsThatCannotMoveStayAndAreTold) {
     EXPECT_TRUE(mAlerts.shown()[0].message.contains("Not a directory")) << mAlerts.shown()[0].message.toStdString();
     EXPECT_EQ(CVVersionFolder(former).versions().size(), 1);
     EXPECT_TRUE(bytesOf(dataFile()).contains("Baker"));
+    quit();
+}
+
+/// A save that failed because the disk is full.
+CVSaveOutcome fullDisk(const QString& path) {
+    CVSaveOutcome outcome;
+    outcome.saved = false;
+    outcome.path = path;
+    outcome.message = "The budget could not be saved.";
+    outcome.diskIsFull = true;
+    return outcome;
+}
+
+TEST_F(CVHistoryOperationsTest, AFullDiskOffersToDeleteTheVersionsAndLeadsThere) {
+    startWithVersion();
+    emit mDelegate->saves().saveFinished(fullDisk(dataFile()));
+    auto* const button = window().findChild<QAbstractButton*>("mMakeRoomButton");
+    ASSERT_TRUE(button->isVisible());
+    button->click();
+    ASSERT_TRUE(mDelegate->preferences()->isVisible());
+    EXPECT_TRUE(preference<QAbstractButton>("Delete Earlier Versions")->isVisible());
+    EXPECT_EQ(versions().size(), 1) << "nothing is deleted without a question";
+    document().workbookSave();
+    quit();
+}
+
+TEST_F(CVHistoryOperationsTest, TroubleWithVersionsIsRemarkedOnceAndAsksNothing) {
+    start();
+    CVSaveOutcome outcome;
+    outcome.versionTrouble = "An earlier version could not be kept.";
+    emit mDelegate->saves().saveFinished(outcome);
+    EXPECT_EQ(remark(), outcome.versionTrouble);
+    mDelegate->mainWindow()->saveStatus().remark("Something else.");
+    emit mDelegate->saves().saveFinished(outcome);
+    EXPECT_EQ(remark(), "Something else.");
+    EXPECT_TRUE(mAlerts.shown().isEmpty());
     quit();
 }
 

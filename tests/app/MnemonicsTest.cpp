@@ -124,7 +124,7 @@ protected:
 };
 
 TEST_F(MnemonicsTest, OfTheMainWindowWithEachTabAreUsedOnce) {
-    mDelegate->mainWindow()->saveStatus().setFailed("the disk is full");
+    mDelegate->mainWindow()->saveStatus().setFailed("the disk is full", CVSaveStatus::MakeRoom::Yes);
     checkTabs(window(), *window().findChild<QTabWidget*>("mMainTabView"), "main window");
     for (auto* const inner : window().findChildren<QTabWidget*>())
         checkTabs(window(), *inner, "main window");

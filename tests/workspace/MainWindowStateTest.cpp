@@ -168,6 +168,23 @@ TEST_F(MainWindowStateTest, TheStatusLineSaysWhatBecameOfSaving) {
     EXPECT_FALSE(button->isVisible());
 }
 
+TEST_F(MainWindowStateTest, AFailureOffersToMakeRoomWhereThatHelps) {
+    open();
+    CVSaveStatus& status = mController->saveStatus();
+    QSignalSpy makeRoom(&status, &CVSaveStatus::makeRoom);
+    auto* const button = find<QPushButton>("mMakeRoomButton");
+    status.setFailed("the folder is read-only.");
+    EXPECT_FALSE(button->isVisible());
+    status.setFailed("the disk is full.", CVSaveStatus::MakeRoom::Yes);
+    EXPECT_TRUE(button->isVisible());
+    QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_EQ(makeRoom.size(), 1);
+    status.setSaving();
+    EXPECT_TRUE(button->isVisible()) << "the focus stays during the attempt";
+    status.setSaved();
+    EXPECT_FALSE(button->isVisible());
+}
+
 TEST_F(MainWindowStateTest, AnAttemptThatSucceedsIsShownAtOnceAndAFormerFailureDoesNotComeBack) {
     open();
     CVSaveStatus& status = mController->saveStatus();

@@ -27,6 +27,7 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
     , mShowVersions(new QPushButton(tr("Sho&w…"), this))
     , mIcon(new QLabel(this))
     , mText(new QLabel(this))
+    , mMakeRoom(new QPushButton(tr("Delete Earlier Versions…"), this))
     , mTryAgain(new QPushButton(tr("Tr&y Again"), this))
     , mAttempt(this) {
     mRemark->setObjectName(QStringLiteral("mRemark"));
@@ -40,6 +41,8 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
     mText->setTextFormat(Qt::PlainText);
     mText->setTextInteractionFlags(Qt::TextSelectableByMouse);
     mText->setWordWrap(true);
+    mMakeRoom->setObjectName(QStringLiteral("mMakeRoomButton"));
+    mMakeRoom->setAccessibleName(tr("Delete Earlier Versions"));
     mTryAgain->setObjectName(QStringLiteral("mTryAgainButton"));
     mTryAgain->setAccessibleName(tr("Try Again"));
 
@@ -49,6 +52,7 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
     layout->addWidget(mShowVersions);
     layout->addWidget(mIcon);
     layout->addWidget(mText, 1);
+    layout->addWidget(mMakeRoom);
     layout->addWidget(mTryAgain);
     mAttempt.setSingleShot(true);
     mAttempt.setInterval(kAttemptShown);
@@ -58,6 +62,7 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
         mAttempt.start();
         emit tryAgain();
     });
+    connect(mMakeRoom, &QPushButton::clicked, this, &CVSaveStatus::makeRoom);
     show(QString(), Outcome::Fine);
 }
 
@@ -71,7 +76,8 @@ void CVSaveStatus::setSaved() {
     show(tr("All changes saved"), Outcome::Fine);
 }
 
-void CVSaveStatus::setFailed(const QString& reason) {
+void CVSaveStatus::setFailed(const QString& reason, MakeRoom makeRoom) {
+    mOffer = makeRoom;
     mFailure = tr("Not saved: %1").arg(reason);
     if (!mAttempt.isActive())
         showFailure();
@@ -107,7 +113,9 @@ void CVSaveStatus::show(const QString& text, Outcome outcome) {
         mIcon->setPixmap(warning.pixmap(QSize(side, side), devicePixelRatio()));
     }
     mIcon->setVisible(failed);
-    // While the next attempt runs the button stays, and with it the focus.
-    if (outcome != Outcome::Saving)
-        mTryAgain->setVisible(failed);
+    // While the next attempt runs the buttons stay, and with them the focus.
+    if (outcome == Outcome::Saving)
+        return;
+    mTryAgain->setVisible(failed);
+    mMakeRoom->setVisible(failed && mOffer == MakeRoom::Yes);
 }

@@ -17,9 +17,11 @@ public:
 
     void setSaving();
     void setSaved();
+    /// Whether deleting earlier versions would help, which is then offered.
+    enum class MakeRoom : bool { No, Yes };
     /// `reason` says in whole sentences what failed and what that means. After "Try Again", the failure is shown half a
     /// second later at the earliest, so that the user sees the attempt.
-    void setFailed(const QString& reason);
+    void setFailed(const QString& reason, MakeRoom makeRoom = MakeRoom::No);
     /// What a remark leads to, by a button behind it.
     enum class Offer : bool { Nothing, Versions };
     /// Shows a remark until the next remark or a failure, and announces it to screen readers at once.
@@ -30,6 +32,8 @@ signals:
     void tryAgain();
     /// The user wants to see the earlier versions.
     void versionsRequested();
+    /// The user wants to delete earlier versions.
+    void makeRoom();
 
 private:
     enum class Outcome { Saving, Fine, Failed };
@@ -40,9 +44,11 @@ private:
     QPushButton* mShowVersions;
     QLabel* mIcon;
     QLabel* mText;
+    QPushButton* mMakeRoom;
     QPushButton* mTryAgain;
     /// Runs while the attempt that the user asked for is shown whatever its outcome.
     QTimer mAttempt;
     /// The text of the last failure; empty once another save has begun.
     QString mFailure;
+    MakeRoom mOffer = MakeRoom::No;
 };

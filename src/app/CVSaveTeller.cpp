@@ -1,0 +1,23 @@
+#include "app/CVSaveTeller.h"
+
+#include "app/CVFileMessages.h"
+#include "storage/CVSaveQueue.h"
+#include "workspace/CVMainWindowController.h"
+#include "workspace/controls/CVSaveStatus.h"
+
+#include <QMainWindow>
+
+void CVSaveTeller::tell(const CVSaveOutcome& outcome, const CVMainWindowController& window, bool isSaving) {
+    CVSaveStatus& status = window.saveStatus();
+    if (!outcome.saved)
+        status.setFailed(CVFileMessages::notSaved(outcome), CVFileMessages::canMakeRoom(outcome)
+                                                                ? CVSaveStatus::MakeRoom::Yes
+                                                                : CVSaveStatus::MakeRoom::No);
+    else if (!isSaving)
+        status.setSaved();
+    // An alert for each save would keep the user from working.
+    if (!outcome.versionTrouble.isEmpty() && mToldTroubles.insert(outcome.versionTrouble).second)
+        status.remark(outcome.versionTrouble);
+    if (!outcome.keptCopy.isEmpty() && mToldCopies.insert(outcome.keptCopy).second)
+        mAlerts.run(window.window(), CVFileMessages::keptCopy(outcome));
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+#include <set>
+
+class CVAlerts;
+class CVMainWindowController;
+struct CVSaveOutcome;
+
+/// Tells the user how saves ended: in the status line of the main window, and in an alert what must not be missed, each
+/// thing once. References the alerts, which outlive it.
+class CVSaveTeller final {
+public:
+    explicit CVSaveTeller(CVAlerts& alerts) : mAlerts(alerts) {}
+
+    /// `isSaving` is whether another save is under way or waiting.
+    void tell(const CVSaveOutcome& outcome, const CVMainWindowController& window, bool isSaving);
+    /// The user has been told about this kept copy.
+    void markAsTold(const QString& keptCopy) { mToldCopies.insert(keptCopy); }
+
+private:
+    CVAlerts& mAlerts;
+    std::set<QString> mToldCopies;
+    std::set<QString> mToldTroubles;
+};
