@@ -33,7 +33,7 @@ namespace {
 
 constexpr std::chrono::milliseconds kChangesSettle(300);
 constexpr std::chrono::milliseconds kProgressDelay(500);
-constexpr int kWindowWidthInDigits = 128;
+constexpr int kWindowWidthInDigits = 136;
 constexpr int kWindowHeightInLines = 36;
 
 QString counted(qsizetype count) {

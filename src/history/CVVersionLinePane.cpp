@@ -20,7 +20,7 @@
 namespace {
 
 /// The usual widths of the columns, in widths of a digit.
-constexpr std::array kLineWidths{17, 11, 14, 20, 20, 17, 12, 5, 5};
+constexpr std::array kLineWidths{17, 11, 14, 20, 20, 22, 13, 5, 5};
 /// The minimum width of any column, in letters.
 constexpr int kShortestLineColumn = 6;
 constexpr int kSearchWidthInLetters = 30;
