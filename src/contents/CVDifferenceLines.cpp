@@ -2,12 +2,14 @@
 
 #include "differences/CVBudgetDifferences.h"
 #include "model/CVCategory.h"
+#include "model/CVCategoryLookup.h"
 #include "model/CVDocument.h"
 #include "model/CVExpenseFrequency.h"
 #include "model/CVTransaction.h"
 #include "model/CVTransactionSet.h"
 
-#include <algorithm>
+#include <unordered_map>
+#include <vector>
 
 namespace {
 
@@ -30,24 +32,36 @@ QStringList fieldsOf(const CVCategory& category) {
                 QString::fromLatin1(frequency.data(), static_cast<qsizetype>(frequency.size()))};
 }
 
-/// Empty for transactions without a set.
-QString nameOfSet(const CVTransaction& transaction) {
-    const auto& sets = transaction.document()->transactionSets();
-    const auto set = std::find_if(sets.begin(), sets.end(), [&transaction](const auto& candidate) {
-        return candidate->uniqueID() == transaction.transactionSetID();
-    });
-    return set == sets.end() ? QString() : (*set)->transactionSetName();
-}
+/// The names of a document's sets and categories, looked up once for many transactions.
+struct Names {
+    explicit Names(const CVDocument& document) : categories(document.categories()) {
+        for (const auto& set : document.transactionSets())
+            sets.emplace(set->uniqueID(), set->transactionSetName());
+    }
 
-QStringList fieldsOf(const CVTransaction& transaction) {
+    /// Empty for transactions without a set.
+    [[nodiscard]] QString set(const CVTransaction& transaction) const {
+        const auto found = sets.find(transaction.transactionSetID());
+        return found == sets.end() ? QString() : found->second;
+    }
+    [[nodiscard]] QString category(const CVTransaction& transaction) const {
+        const CVCategory* const category = categories.find(transaction.categoryID());
+        return category ? category->categoryName() : QString();
+    }
+
+    std::unordered_map<quint32, QString> sets;
+    CVCategoryLookup categories;
+};
+
+QStringList fieldsOf(const CVTransaction& transaction, const Names& names) {
     const auto date = transaction.effectiveDate();
     const QString day = date ? QString::fromLatin1(date->corvellaXMLRepresentation()).replace(u'/', u'-') : QString();
-    return {nameOfSet(transaction),
+    return {names.set(transaction),
             day,
             plain(transaction.amount()),
             transaction.payTo(),
             transaction.xfor(),
-            transaction.categoryName(),
+            names.category(transaction),
             transaction.taxFlag() ? kMark : QString(),
             transaction.userFlag() ? kMark : QString()};
 }
@@ -67,15 +81,15 @@ QStringList joined(const QStringList& before, const QStringList& after) {
     return fields;
 }
 
-template <typename Difference>
-void append(QStringList& lines, const QString& what, const std::vector<Difference>& differences) {
+template <typename Difference, typename FieldsOf>
+void append(QStringList& lines, const QString& what, const std::vector<Difference>& differences, FieldsOf fields) {
     for (const Difference& difference : differences) {
         if (!difference.before)
-            lines.append(line(u'+', what, fieldsOf(*difference.after)));
+            lines.append(line(u'+', what, fields(*difference.after)));
         else if (!difference.after)
-            lines.append(line(u'-', what, fieldsOf(*difference.before)));
+            lines.append(line(u'-', what, fields(*difference.before)));
         else
-            lines.append(line(u'~', what, joined(fieldsOf(*difference.before), fieldsOf(*difference.after))));
+            lines.append(line(u'~', what, joined(fields(*difference.before), fields(*difference.after))));
     }
 }
 
@@ -83,8 +97,14 @@ void append(QStringList& lines, const QString& what, const std::vector<Differenc
 
 QStringList CVMakeDifferenceLines(const CVBudgetDifferences& differences) {
     QStringList lines;
-    append(lines, QStringLiteral("set"), differences.sets);
-    append(lines, QStringLiteral("category"), differences.categories);
-    append(lines, QStringLiteral("transaction"), differences.transactions);
+    const auto fields = [](const auto& record) { return fieldsOf(record); };
+    append(lines, QStringLiteral("set"), differences.sets, fields);
+    append(lines, QStringLiteral("category"), differences.categories, fields);
+    // The transactions belong to two documents.
+    std::unordered_map<const CVDocument*, Names> names;
+    append(lines, QStringLiteral("transaction"), differences.transactions, [&names](const CVTransaction& transaction) {
+        const CVDocument* const document = transaction.document();
+        return fieldsOf(transaction, names.try_emplace(document, *document).first->second);
+    });
     return lines;
 }
