@@ -50,6 +50,8 @@ std::optional<CVDiffRequest> CVDiffRequest::parse(const QStringList& arguments, 
 int CVRunDiff(const CVDiffRequest& request, QTextStream& errors) {
     CVReadOnlyBudget before;
     CVReadOnlyBudget after;
+    before.needBudget();
+    after.needBudget();
     if (!before.read(request.before, errors) || !after.read(request.after, errors))
         return kTrouble;
     const bool isLater = CVBudgetDifferences::isLaterState(before.document(), after.document());

@@ -43,7 +43,8 @@ bool CVReadOnlyBudget::read(const std::optional<QString>& dataFile, QTextStream&
         return fail(errors, ReadOnlyBudgetText::tr("%1 is not a file").arg(shown));
     mPath = isInput ? QString::fromLatin1(CVStandardStreams::kInputPath) : *path;
     const CVLoadReport report = load(isInput ? QString() : *path);
-    if (report.outcome != CVLoadReport::Outcome::Loaded && report.outcome != CVLoadReport::Outcome::NoBudget)
+    const bool isEmpty = report.outcome == CVLoadReport::Outcome::NoBudget && !mNeedsBudget;
+    if (report.outcome != CVLoadReport::Outcome::Loaded && !isEmpty)
         return fail(errors, ReadOnlyBudgetText::tr("%1 could not be read: %2").arg(shown, report.reason));
     if (!report.reason.isEmpty())
         CVWriteErrorLine(errors, ReadOnlyBudgetText::tr("note: %1").arg(report.reason));

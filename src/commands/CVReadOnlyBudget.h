@@ -15,6 +15,8 @@ class CVReadOnlyBudget final {
 public:
     CVReadOnlyBudget();
 
+    /// From now on, a file that is XML without a budget cannot be read; otherwise it counts as an empty budget.
+    void needBudget() { mNeedsBudget = true; }
     /// Reads a data file (absent: the user's own; "-": standard input) into the document. False after one line on
     /// `errors` that says why it could not be read.
     [[nodiscard]] bool read(const std::optional<QString>& dataFile, QTextStream& errors);
@@ -34,4 +36,5 @@ private:
     CVStandardFolders mFolders;
     CVDocument mDocument;
     QString mPath;
+    bool mNeedsBudget = false;
 };

@@ -61,6 +61,22 @@ TEST_F(DiffProgram, ReadsOneFileFromStandardInput) {
     EXPECT_EQ(result.status, 0) << result.errors.toStdString();
 }
 
+TEST_F(DiffProgram, NamesTheSetAndTheCategoryOfEachStateByItsOwnIDs) {
+    const QString after = write("after", budget("<TransactionSet id=\"7\">Checking</TransactionSet>"
+                                                "<Transaction categoryID=\"9\" flag=\"0\" tax_flag=\"1\" "
+                                                "transaction_set_id=\"7\"><Data date=\"2014/03/08\" amount=\"1.00\" />"
+                                                "<PayToFrom>Kiosk</PayToFrom><For>bread</For></Transaction>"
+                                                "<Transaction categoryID=\"2\" flag=\"0\" tax_flag=\"1\" "
+                                                "transaction_set_id=\"1\"><Data date=\"2014/03/09\" amount=\"1.00\" />"
+                                                "<PayToFrom>Nowhere</PayToFrom><For>bread</For></Transaction>"
+                                                "<Category id=\"9\">Food<ExpenseEstimates frequency=\"Monthly\" "
+                                                "target=\"50.00\" /></Category>"));
+    EXPECT_EQ(run({"diff", mBefore, after}).output,
+              "+\ttransaction\t\t2014-03-09\t1.00\tNowhere\tbread\t\tX\t\n"
+              "+\ttransaction\tChecking\t2014-03-08\t1.00\tKiosk\tbread\tFood\tX\t\n"
+              "-\ttransaction\tChecking\t2014-03-07\t12.50\tMarket\tbread\tFood\tX\t\n");
+}
+
 TEST_F(DiffProgram, EndsWith2WhereItCannotCompare) {
     struct Row {
         QStringList arguments;
@@ -72,6 +88,8 @@ TEST_F(DiffProgram, EndsWith2WhereItCannotCompare) {
         {{"-", "-"}, "only one of the data files can be standard input"},
         {{mBefore, ""}, "the name of a data file is empty"},
         {{mBefore, "nowhere"}, "does not exist"},
+        {{mBefore, write("page", "<?xml version=\"1.0\"?>\n<html><body>Nothing but a page</body></html>\n")},
+         "could not be read: the file is XML but holds no Corvella budget"},
         {{mBefore, write("damaged", budget("<Transaction>"))}, "could not be read: the file is damaged"},
         {{"--data", mBefore}, "data"}};
     for (const Row& row : rows) {
@@ -79,6 +97,7 @@ TEST_F(DiffProgram, EndsWith2WhereItCannotCompare) {
         EXPECT_EQ(result.status, 2) << row.error.toStdString();
         EXPECT_EQ(result.output, "") << row.error.toStdString();
         EXPECT_TRUE(result.errors.contains(row.error)) << result.errors.toStdString();
+        EXPECT_FALSE(result.errors.contains("note:")) << row.error.toStdString();
     }
 }
 
