@@ -15,6 +15,7 @@
 #include "commands/CVStandardStreams.h"
 #include "commands/CVToolkitOptions.h"
 #include "commands/CVUsageText.h"
+#include "commands/CVVersionsCommand.h"
 #include "help/CVHelp.h"
 #include "storage/CVStandardDataFile.h"
 #include "widgets/CVAlertPanel.h"
@@ -77,6 +78,8 @@ int runWithoutWindow(const CVCommandLine& line) {
         return CVRunSets(line.dataFile, errors);
     case CVCommandLine::Action::Diff:
         return CVRunDiff(line.diffRequest, errors);
+    case CVCommandLine::Action::Versions:
+        return CVRunVersions(line.dataFile, errors);
     case CVCommandLine::Action::Export:
         return CVRunExport(line.exportRequest, errors);
     case CVCommandLine::Action::Report:

@@ -1,6 +1,7 @@
 #include "commands/CVCommandLine.h"
 
 #include "commands/CVDataOptions.h"
+#include "commands/CVStandardStreams.h"
 #include "commands/CVToolkitOptions.h"
 
 #include <QCoreApplication>
@@ -30,6 +31,15 @@ CVCommandLine parseDataFile(const QStringList& arguments) {
     return line;
 }
 
+CVCommandLine parseVersions(const QStringList& arguments) {
+    CVCommandLine line = parseDataFile<Action::Versions>(arguments);
+    if (line.action == Action::Versions && line.dataFile == QLatin1String(CVStandardStreams::kName)) {
+        line.action = Action::Refuse;
+        line.problem = CommandLineText::tr("standard input has no earlier versions; --data needs the name of a file");
+    }
+    return line;
+}
+
 /// Parses the arguments of a command that has its own type of request.
 template <typename Request, Action action, Request CVCommandLine::*member>
 CVCommandLine parseRequest(const QStringList& arguments) {
@@ -49,10 +59,11 @@ struct Command {
     CVCommandLine (*parse)(const QStringList& arguments);
 };
 
-constexpr std::array<Command, 5> kCommands{
+constexpr std::array<Command, 6> kCommands{
     {{"check", parseDataFile<Action::Check>},
      {"sets", parseDataFile<Action::Sets>},
      {"diff", parseRequest<CVDiffRequest, Action::Diff, &CVCommandLine::diffRequest>},
+     {"versions", parseVersions},
      {"export", parseRequest<CVExportRequest, Action::Export, &CVCommandLine::exportRequest>},
      {"report", parseRequest<CVReportRequest, Action::Report, &CVCommandLine::reportRequest>}}};
 

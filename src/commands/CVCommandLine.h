@@ -10,10 +10,11 @@
 
 /// The meaning of the program's command line.
 struct CVCommandLine {
-    enum class Action { OpenWindow, ShowVersion, ShowHelp, Check, Sets, Diff, Export, Report, Refuse };
+    enum class Action { OpenWindow, ShowVersion, ShowHelp, Check, Sets, Diff, Versions, Export, Report, Refuse };
 
     Action action = Action::OpenWindow;
-    /// The file that `check` and `sets` read; absent: the user's own; "-": standard input.
+    /// The file that `check` and `sets` read and whose versions `versions` lists; absent: the user's own; "-": standard
+    /// input.
     std::optional<QString> dataFile = std::nullopt;
     /// The name of the command, even when its arguments are refused; empty without one.
     QString command = {};

@@ -2,6 +2,7 @@
 
 #include "commands/CVReadOnlyBudget.h"
 #include "commands/CVStandardStreams.h"
+#include "commands/CVVersionsCommand.h"
 #include "contents/CVDifferenceLines.h"
 #include "differences/CVBudgetDifferences.h"
 
@@ -18,6 +19,10 @@ constexpr qsizetype kMostFiles = 2;
 struct DiffCommandText {
     Q_DECLARE_TR_FUNCTIONS(CVDiffCommand)
 };
+
+std::optional<QString> later(const CVDiffRequest& request) {
+    return request.after ? std::optional(CVFindVersionNamed(*request.after)) : std::nullopt;
+}
 
 } // namespace
 
@@ -52,7 +57,7 @@ int CVRunDiff(const CVDiffRequest& request, QTextStream& errors) {
     CVReadOnlyBudget after;
     before.needBudget();
     after.needBudget();
-    if (!before.read(request.before, errors) || !after.read(request.after, errors))
+    if (!before.read(CVFindVersionNamed(request.before), errors) || !after.read(later(request), errors))
         return kTrouble;
     const bool isLater = CVBudgetDifferences::isLaterState(before.document(), after.document());
     const auto differences =

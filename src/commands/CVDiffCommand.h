@@ -10,7 +10,7 @@ class QTextStream;
 struct CVDiffRequest {
     /// Whether the command's help is asked for; the files are then not read.
     bool help = false;
-    /// "-": standard input.
+    /// "-": standard input. The file name of an earlier version stands for it, here and in `after`.
     QString before = {};
     /// Absent: the user's own data file. "-": standard input.
     std::optional<QString> after = std::nullopt;

@@ -13,6 +13,7 @@ QString commands() {
                          "       corvella check [OPTION...]      say what a data file holds\n"
                          "       corvella sets [OPTION...]       list the transaction sets\n"
                          "       corvella diff A [B]             say what changed from one data file to a later one\n"
+                         "       corvella versions [OPTION...]   list the earlier versions of a data file\n"
                          "       corvella export [OPTION...]     write transactions as tab-separated text\n"
                          "       corvella report KIND [OPTION...]\n"
                          "                                       write a report as a PDF file or as text\n"
@@ -75,8 +76,10 @@ QString textOfDiff() {
         "Usage: corvella diff A [B]\n"
         "\n"
         "Writes what changed from the data file A to the later data file B, which is your own where it is not\n"
-        "named. One of them may be a pipe, and - is standard input. A line for each difference: + for what was\n"
-        "added, - for what was removed, ~ for what was changed; then, each after a tabulator,\n"
+        "named. One of them may be a pipe, and - is standard input; the file name of an earlier version, as\n"
+        "\"corvella versions\" lists it, stands for that version of your own data file. A line for each\n"
+        "difference: + for what was added, - for what was removed, ~ for what was changed; then, each after a\n"
+        "tabulator,\n"
         "\n"
         "  set          its name\n"
         "  category     its name, its plan\n"
@@ -87,6 +90,18 @@ QString textOfDiff() {
         "which one line on standard error tells, or the command line was not understood.\n"
         "\n"
         "  -h, --help   this help\n");
+}
+
+QString textOfVersions() {
+    return UsageText::tr(
+        "Usage: corvella versions [OPTION...]\n"
+        "\n"
+        "Lists the earlier versions of a data file and the copies that were kept because they could not be read,\n"
+        "newest first: when each ceased to be the present state (2026-11-22 14:02:07), why it was kept, its bytes\n"
+        "and its path, with a tabulator between them. The data file itself is not read.\n"
+        "\n"
+        "  --data FILE   the data file, which cannot be a pipe\n"
+        "  -h, --help    this help\n");
 }
 
 /// Joins the parts with an empty line between them.
@@ -110,6 +125,8 @@ QString CVUsageText(const QString& command) {
              optionsOfAll(), status()});
     if (command == QLatin1String("diff"))
         return textOfDiff();
+    if (command == QLatin1String("versions"))
+        return joined({textOfVersions(), status()});
     if (command == QLatin1String("export"))
         return joined(
             {UsageText::tr(

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "history/CVListedVersion.h"
+#include "versions/CVListedVersion.h"
 #include "history/CVVersionReader.h"
 #include "widgets/tables/CVTableView.h"
 

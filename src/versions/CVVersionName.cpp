@@ -25,12 +25,6 @@ constexpr std::array kReasonWords{ReasonWord{CVVersionReason::FirstOfDay, QLatin
                                   ReasonWord{CVVersionReason::TakingOver, QLatin1StringView("before taking over")},
                                   ReasonWord{CVVersionReason::Interruption, QLatin1StringView("interrupted save")}};
 
-QString wordFor(CVVersionReason reason) {
-    const auto* const found = std::find_if(kReasonWords.begin(), kReasonWords.end(),
-                                           [reason](const auto& row) { return row.reason == reason; });
-    return found->word;
-}
-
 /// What stands behind the words, with its dot.
 QString endOfName(const QString& dataFileName) {
     const QString suffix = QFileInfo(dataFileName).suffix();
@@ -38,6 +32,12 @@ QString endOfName(const QString& dataFileName) {
 }
 
 } // namespace
+
+QString CVWordsFor(CVVersionReason reason) {
+    const auto* const found = std::find_if(kReasonWords.begin(), kReasonWords.end(),
+                                           [reason](const auto& row) { return row.reason == reason; });
+    return found->word;
+}
 
 std::optional<CVVersionName> CVVersionName::parse(const QString& fileName, const QString& dataFileName) {
     const QString begin = QFileInfo(dataFileName).completeBaseName() + u' ';
@@ -65,6 +65,6 @@ std::optional<CVVersionName> CVVersionName::parse(const QString& fileName, const
 
 QString CVVersionName::fileName(const QString& dataFileName) const {
     return QFileInfo(dataFileName).completeBaseName() + u' ' + kept.toString(kTimeFormat) +
-           (number == 1 ? QString() : u' ' + QString::number(number)) + QStringLiteral(" (") + wordFor(reason) + u')' +
-           endOfName(dataFileName);
+           (number == 1 ? QString() : u' ' + QString::number(number)) + QStringLiteral(" (") + CVWordsFor(reason) +
+           u')' + endOfName(dataFileName);
 }

@@ -41,6 +41,11 @@ const QList<Row> kRows{
     {{"check", "--data", "x", "--data", "y"}, Action::Refuse},
     {{"check", "--help"}, Action::ShowHelp},
     {{"check", "-h"}, Action::ShowHelp},
+    {{"versions"}, Action::Versions},
+    {{"versions", "--data", "x"}, Action::Versions, "x"},
+    {{"versions", "--data", "-"}, Action::Refuse, "-"},
+    {{"versions", "x"}, Action::Refuse},
+    {{"versions", "-h"}, Action::ShowHelp},
     {{"sets"}, Action::Sets},
     {{"sets", "--data", "x"}, Action::Sets, "x"},
     {{"sets", "x"}, Action::Refuse},
@@ -89,6 +94,7 @@ TEST(CVCommandLine, UsageOfACommandNamesItsOptionsAndNoOthers) {
     };
     const QList<Usage> usages{
         {"check", {"corvella check", "--data"}, {"--range", "KIND"}},
+        {"versions", {"corvella versions", "--data"}, {"--range", "KIND"}},
         {"sets", {"corvella sets", "--data"}, {"--range", "KIND"}},
         {"export", {"corvella export", "--data", "--range", "--sort", "--search"}, {"--paper", "--period"}},
         {"report", {"corvella report KIND", "--data", "--range", "--paper", "--period"}, {"--sort", "--search"}},

@@ -77,6 +77,21 @@ TEST_F(DiffProgram, NamesTheSetAndTheCategoryOfEachStateByItsOwnIDs) {
               "-\ttransaction\tChecking\t2014-03-07\t12.50\tMarket\tbread\tFood\tX\t\n");
 }
 
+TEST_F(DiffProgram, FindsAVersionByItsName) {
+    const QString folder = "data/Quenby Labs/Corvella/";
+    const QString name = "Corvella Data 2026-11-22 140207 (before removing).corvella";
+    static_cast<void>(
+        write(folder + "Corvella Data.corvella", budget(kSetElement + kMarketElement + kBakerElement + kFoodElement)));
+    static_cast<void>(write(folder + "Earlier Versions/" + name, budget(kSetElement + kMarketElement + kFoodElement)));
+    const Result result = run({"diff", name});
+    EXPECT_EQ(result.output, "+\ttransaction\tChecking\t2014-03-06\t3.00\tBaker\tbread\tFood\tX\t\n")
+        << result.errors.toStdString();
+    EXPECT_EQ(run({"diff", mBefore, name}).status, 0);
+    EXPECT_EQ(run({"diff", "./" + name}).status, 2) << "a path is a path";
+    static_cast<void>(write(name, budget(kSetElement + kMarketElement + kBakerElement + kFoodElement)));
+    EXPECT_EQ(run({"diff", name}).status, 0) << "a file in the current folder comes first";
+}
+
 TEST_F(DiffProgram, EndsWith2WhereItCannotCompare) {
     struct Row {
         QStringList arguments;

@@ -1,4 +1,4 @@
-#include "history/CVListedVersion.h"
+#include "versions/CVListedVersion.h"
 
 #include "versions/CVKeptCopy.h"
 #include "versions/CVVersionFolder.h"
