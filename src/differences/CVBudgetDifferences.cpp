@@ -57,10 +57,10 @@ std::vector<CVRecordDifference<Record>> find(const std::vector<std::shared_ptr<R
 }
 
 template <typename Record>
-CVRecordMatching matched(const std::vector<std::shared_ptr<Record>>& before,
-                         const std::vector<std::shared_ptr<Record>>& after,
-                         const std::vector<std::shared_ptr<Record>>& common) {
-    return {namesOf(before), namesOf(after), CVIDsOf(common)};
+CVRecordMatching
+matched(const std::vector<std::shared_ptr<Record>>& before, const std::vector<std::shared_ptr<Record>>& after,
+        const std::vector<std::shared_ptr<Record>>& common, CVRecordMatching::WithoutRecord withoutRecord) {
+    return {namesOf(before), namesOf(after), CVIDsOf(common), withoutRecord};
 }
 
 } // namespace
@@ -81,9 +81,11 @@ CVBudgetDifferences CVBudgetDifferences::between(const CVDocument& before, const
     const auto categoriesBefore = firstOfEachID(before.categories());
     const auto categoriesAfter = firstOfEachID(after.categories());
     const CVRecordMatching sets =
-        matched(setsBefore, setsAfter, common ? common->transactionSets() : CVTransactionSets());
+        matched(setsBefore, setsAfter, common ? common->transactionSets() : CVTransactionSets(),
+                CVRecordMatching::WithoutRecord::MeansTheLaterOne);
     const CVRecordMatching categories =
-        matched(categoriesBefore, categoriesAfter, common ? common->categories() : CVCategories());
+        matched(categoriesBefore, categoriesAfter, common ? common->categories() : CVCategories(),
+                CVRecordMatching::WithoutRecord::MeansNoLaterOne);
     return {sets, categories, find(setsBefore, setsAfter, sets), find(categoriesBefore, categoriesAfter, categories),
             CVFindTransactionDifferences(before.transactions(), after.transactions(), sets, categories)};
 }

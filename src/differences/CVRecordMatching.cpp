@@ -1,12 +1,15 @@
 #include "differences/CVRecordMatching.h"
 
 CVRecordMatching::CVRecordMatching(std::vector<Record> before, std::vector<Record> after,
-                                   const std::unordered_set<quint32>& common)
+                                   const std::unordered_set<quint32>& common, WithoutRecord withoutRecord)
     : mBefore(std::move(before))
     , mAfter(std::move(after))
-    , mIsTaken(mAfter.size(), false) {
-    for (std::size_t i = 0; i < mBefore.size(); ++i)
+    , mIsTaken(mAfter.size(), false)
+    , mWithoutRecord(withoutRecord) {
+    for (std::size_t i = 0; i < mBefore.size(); ++i) {
         mPairs.push_back({i, std::nullopt});
+        mIDsBefore.insert(mBefore[i].id);
+    }
     match([](const Record& a, const Record& b) { return a.id == b.id && a.name == b.name; });
     match([&common](const Record& a, const Record& b) { return a.id == b.id && common.contains(a.id); });
     match([](const Record& a, const Record& b) { return a.name == b.name; });
@@ -25,6 +28,8 @@ std::optional<quint32> CVRecordMatching::counterpartOf(quint32 idBefore) const {
 std::optional<quint32> CVRecordMatching::idAfter(quint32 idBefore) const {
     if (const auto counterpart = counterpartOf(idBefore))
         return counterpart;
+    if (mWithoutRecord == WithoutRecord::MeansTheLaterOne && !mIDsBefore.contains(idBefore))
+        return idBefore;
     return mIDsAfter.contains(idBefore) ? std::nullopt : std::optional(idBefore);
 }
 

@@ -23,8 +23,13 @@ public:
         std::optional<std::size_t> after;
     };
 
+    /// What refers to an ID that only a later record has. A set may be made for transactions that had none; a category
+    /// that has an ID by chance is not meant.
+    enum class WithoutRecord { MeansNoLaterOne, MeansTheLaterOne };
+
     /// Each ID stands once in `before` and once in `after`. `common` holds the IDs of the common earlier state.
-    CVRecordMatching(std::vector<Record> before, std::vector<Record> after, const std::unordered_set<quint32>& common);
+    CVRecordMatching(std::vector<Record> before, std::vector<Record> after, const std::unordered_set<quint32>& common,
+                     WithoutRecord withoutRecord = WithoutRecord::MeansNoLaterOne);
 
     /// All records, each once: first those of `before` in their order, then those that were added.
     [[nodiscard]] const std::vector<Pair>& pairs() const { return mPairs; }
@@ -44,5 +49,7 @@ private:
     std::vector<Pair> mPairs;
     std::vector<bool> mIsTaken;
     std::unordered_map<quint32, quint32> mCounterparts;
+    std::unordered_set<quint32> mIDsBefore;
     std::unordered_set<quint32> mIDsAfter;
+    WithoutRecord mWithoutRecord;
 };

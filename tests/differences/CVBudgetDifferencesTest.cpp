@@ -53,6 +53,17 @@ TEST(CVBudgetDifferences, ARenamedCategoryLeavesItsTransactionsAlone) {
     EXPECT_EQ(CVBudgetDifferences::between(before.document(), after.document(), nullptr).transactions.size(), 1U);
 }
 
+TEST(CVBudgetDifferences, TransactionsWithoutASetStayInTheOneThatIsMadeForThem) {
+    BudgetBuilder before;
+    before.category("Food", 3).transaction({.date = day(2014, 3, 7), .amount = 5, .category = "Food"});
+    BudgetBuilder after;
+    after.set("Initial Transaction Set", 0).category("Food", 3);
+    after.transaction({.date = day(2014, 3, 7), .amount = 5, .category = "Food"});
+    const auto differences = CVBudgetDifferences::between(before.document(), after.document(), &before.document());
+    EXPECT_TRUE(differences.transactions.empty());
+    EXPECT_EQ(differences.sets.size(), 1U);
+}
+
 TEST(CVBudgetDifferences, KnowALaterStateByHalfOfItsCategories) {
     BudgetBuilder before;
     before.category("Food", 1).category("Fuel", 2);

@@ -71,6 +71,10 @@ TEST(CVRecordMatching, TellsWhatTheLaterStateCallsAnID) {
     EXPECT_EQ(matching.idAfter(4), 4U) << "nothing has the ID any more";
     EXPECT_EQ(matching.idAfter(70), 70U) << "nothing ever had it";
     EXPECT_EQ(matching.idAfter(9), std::nullopt) << "only the later state has it";
+    const CVRecordMatching sets({{1, "Checking"}, {3, "Gone"}}, {{1, "Checking"}, {0, "Initial"}, {3, "New"}}, {},
+                                CVRecordMatching::WithoutRecord::MeansTheLaterOne);
+    EXPECT_EQ(sets.idAfter(0), 0U) << "a set is made for what had none";
+    EXPECT_EQ(sets.idAfter(3), std::nullopt);
 }
 
 } // namespace
