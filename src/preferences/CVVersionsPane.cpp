@@ -48,14 +48,14 @@ CVVersionsPane::CVVersionsPane(CVPreferenceStore& store, CVPreferenceHost& host,
     limit->addWidget(mLimit);
     limit->addWidget(new QLabel(tr("MB"), this));
     limit->addStretch();
-    auto* const title = new QLabel(tr("They take at &most:"), this);
+    auto* const title = new QLabel(tr("At &most:"), this);
     title->setBuddy(mLimit);
     form().addRow(title, limit);
     mSize->setObjectName(QStringLiteral("mVersionSize"));
     mSize->setAccessibleName(tr("Size of Earlier Versions"));
     mSize->setReadOnly(true);
     mSize->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    form().addRow(tr("They take &now:"), mSize);
+    form().addRow(tr("&Now:"), mSize);
     addDeleteButton();
     connect(&mKeepVersions, &QCheckBox::clicked, this, &CVVersionsPane::keepVersions);
     connect(mLimit, &CVWholeNumberField::entered, this, &CVVersionsPane::setLimit);
