@@ -270,6 +270,11 @@ QString CVAppDelegate::moveVersions(const QString& from, const QString& to) {
     return mHistoryOperations->moveVersions(from, to);
 }
 
+void CVAppDelegate::versionsDeleted() {
+    if (mHistory)
+        mHistory->versionsChanged();
+}
+
 void CVAppDelegate::replaceDocument(std::unique_ptr<CVDocument> document) {
     // Without the locker the program would end when its last window closes.
     const QEventLoopLocker locker;

@@ -95,6 +95,7 @@ private:
     [[nodiscard]] QString waitForSaves() override;
     [[nodiscard]] std::optional<QString> reopenDocument() override;
     [[nodiscard]] QString moveVersions(const QString& from, const QString& to) override;
+    void versionsDeleted() override;
     [[nodiscard]] CVLoadReport read(CVDocument& document, CVReadingPanel panel);
     void handleSaveFinished(const CVSaveOutcome& outcome);
     void showWhetherSaved(const CVLoadReport& report) const;

@@ -20,6 +20,8 @@ public:
     /// Takes the earlier versions of the data file at `from` along to the one at `to`. Returns in one sentence why they
     /// could not be moved; empty when they were.
     [[nodiscard]] virtual QString moveVersions(const QString& from, const QString& to) = 0;
+    /// The earlier versions were deleted.
+    virtual void versionsDeleted() = 0;
 
 protected:
     ~CVPreferenceHost() = default;

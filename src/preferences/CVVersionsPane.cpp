@@ -152,6 +152,7 @@ void CVVersionsPane::deleteVersions() {
             result.error = file.errorString();
     }
     showSize();
+    mHost.versionsDeleted();
     if (!result.ok())
         mAlerts.run(this, {tr("Not all earlier versions were deleted"),
                            tr("%1. What is left takes %2.").arg(result.error, files().text()), tr("OK")});

@@ -48,7 +48,10 @@ public:
         return notMoved;
     }
 
+    void versionsDeleted() override { ++deletions; }
+
     int checks = 0;
+    int deletions = 0;
     const QWidget* lastAsker = nullptr;
     int reopened = 0;
     /// The answer of reopenDocument().

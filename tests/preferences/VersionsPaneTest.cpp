@@ -146,6 +146,7 @@ TEST_F(VersionsPane, DeletingAsksFirstAndKeepsUnlessTheUserSaysSo) {
     mAlerts.answer({CVAlert::kOther});
     click("Delete Earlier Versions");
     EXPECT_EQ(countOfVersions(), 1);
+    EXPECT_EQ(mHost.deletions, 0);
 
     mAlerts.answer({CVAlert::kAlternate});
     click("Delete Earlier Versions");
@@ -153,6 +154,7 @@ TEST_F(VersionsPane, DeletingAsksFirstAndKeepsUnlessTheUserSaysSo) {
     EXPECT_EQ(countOfVersions(), 0);
     EXPECT_TRUE(CVKeptCopy::beside(dataFile()).isEmpty());
     EXPECT_TRUE(QFile::exists(dataFile()));
+    EXPECT_EQ(mHost.deletions, 1);
     EXPECT_EQ(size(), "Nothing");
     EXPECT_FALSE(deleteButton()->isEnabled());
     EXPECT_TRUE(control<QCheckBox>("Keep Earlier Versions")->hasFocus()) << "the focus is not lost";
