@@ -7,6 +7,10 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace {
 
 class CVVersionReaderTest : public HistoryFixture {
@@ -118,9 +122,15 @@ TEST_F(CVVersionReaderTest, SaysWhyAVersionCannotBeRead) {
 TEST_F(CVVersionReaderTest, AReadingBegunAnewForgetsTheFormerOne) {
     const QString gone = keepWith(1, CVVersionReason::Removal, at(6, 10));
     const QString path = keepWith(2, CVVersionReason::Removal, at(5, 10));
-    read({gone, gone, gone});
+    const QByteArray pipe = mHome.path("pipe").toLocal8Bit();
+    ASSERT_EQ(mkfifo(pipe.constData(), S_IRUSR | S_IWUSR), 0);
+    read({gone, mHome.path("pipe")});
+    // Opens only once the thread opens the other end, when the first version was read.
+    const int writer = open(pipe.constData(), O_WRONLY);
+    ASSERT_GE(writer, 0);
     mBudget.document().removeTransaction(mBudget.transactionAt(0));
     read({path});
+    close(writer);
     wait(1);
     EXPECT_EQ(mFound[0].path, path);
     EXPECT_EQ(mFound[0].counts[static_cast<std::size_t>(CVVersionSign::Removed)], 3U);
