@@ -10,6 +10,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 
@@ -67,13 +68,22 @@ CVTemporaryFile::~CVTemporaryFile() {
         ::unlink(QFile::encodeName(mPath).constData());
 }
 
+QString CVTemporaryFile::shortened(const QString& fileName) {
+    // A letter has at most three bytes in UTF-8; of a pair that stands for one letter neither is cut off.
+    constexpr qsizetype kMostBytes = 3;
+    qsizetype length = std::min(
+        fileName.size(), QFile::encodeName(fileName).size() > kLongestName ? kLongestName / kMostBytes : kLongestName);
+    if (length > 0 && length < fileName.size() && fileName[length - 1].isHighSurrogate())
+        --length;
+    return fileName.left(length);
+}
+
 QString CVTemporaryFile::nameBeside(const QString& place) {
     const QFileInfo file(place);
     const QRegularExpressionMatch match = parse(file.fileName());
-    QByteArray name = QFile::encodeName(match.hasMatch() ? match.captured(1) : file.fileName());
-    name.truncate(kLongestName);
     return QStringLiteral("%1/.%2.saving-%3-%4-%5")
-        .arg(file.absolutePath(), QFile::decodeName(name), host(), QString::number(::getpid()), randomLetters());
+        .arg(file.absolutePath(), shortened(match.hasMatch() ? match.captured(1) : file.fileName()), host(),
+             QString::number(::getpid()), randomLetters());
 }
 
 QList<CVTemporaryFile::Leftover> CVTemporaryFile::leftIn(const QString& folder) {

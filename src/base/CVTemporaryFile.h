@@ -27,9 +27,12 @@ public:
     /// stands for the file that it was made for.
     [[nodiscard]] static QString nameBeside(const QString& place);
 
+    /// The part of a file's name that stands in the name of a temporary file: all but of very long ones.
+    [[nodiscard]] static QString shortened(const QString& fileName);
+
     struct Leftover {
         QString path;
-        /// The name of the file that it was made for, cut where that is very long.
+        /// The name of the file that it was made for, `shortened`.
         QString madeFor;
     };
     /// The files that killed processes of this machine have left in the folder, and those of this process. A number

@@ -46,6 +46,11 @@ bool CVDocument::workbookSave() {
     return !mSaver || mSaver->workbookSave(*this);
 }
 
+void CVDocument::askForVersion(CVVersionReason reason) {
+    if (reason != CVVersionReason::Removal || !mAskedVersion)
+        mAskedVersion = reason;
+}
+
 QStringList CVDocument::dataFiles() const {
     return mSaver ? mSaver->dataFiles() : QStringList();
 }

@@ -31,9 +31,9 @@ public:
     void setSaver(CVDocumentSaver* saver) { mSaver = saver; }
     /// Begins to save the present state and returns true at once.
     bool workbookSave();
-    /// Asks for the state in the data file to be kept as an earlier version when the next save replaces it. The last
-    /// reason counts. Whatever removes records asks for it.
-    void askForVersion(CVVersionReason reason) { mAskedVersion = reason; }
+    /// Asks for the state in the data file to be kept as an earlier version when the next save replaces it. Of several
+    /// reasons the last counts, but a removal behind every other. Whatever removes records asks for it.
+    void askForVersion(CVVersionReason reason);
     /// What was asked for since the last call; the saver takes it.
     [[nodiscard]] std::optional<CVVersionReason> takeAskedVersion() { return std::exchange(mAskedVersion, {}); }
     /// The paths at which a budget is or will be saved, which no output may take. Empty without a saver.

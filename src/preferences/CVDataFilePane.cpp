@@ -146,6 +146,8 @@ void CVDataFilePane::moveDocument(const QString& path) {
     const auto former = store().defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
     if (!keepLocation(path, former))
         return;
+    // The file at the new place may be one that this program knows and is about to replace.
+    mDocument->askForVersion(CVVersionReason::Move);
     mDocument->workbookSave();
     const QString failure = mHost.waitForSaves();
     if (failure.isEmpty())
@@ -161,10 +163,10 @@ void CVDataFilePane::moveDocument(const QString& path) {
 void CVDataFilePane::moveVersions(const QString& from, const QString& to) {
     const QString failure = from.isEmpty() ? QString() : mHost.moveVersions(from, to);
     if (!failure.isEmpty())
-        mAlerts.run(this, {tr("Your earlier versions were not moved"),
+        mAlerts.run(this, {tr("Earlier versions are still in the old place"),
                            failure + u' ' +
-                               tr("They stay where they were, and your data file is in its new place. To see them "
-                                  "again, move the file back."),
+                               tr("Your data file is in its new place. Nothing is lost: what could not be moved is in "
+                                  "the folder “Earlier Versions” where the file was."),
                            tr("OK")});
 }
 

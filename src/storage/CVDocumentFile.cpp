@@ -125,8 +125,13 @@ std::optional<CVDocumentText> CVDocumentFile::dataOfType(const CVDocument& docum
 }
 
 CVFileResult CVDocumentFile::recoverInterruptedSaves() const {
-    const auto path = CVPathForSaving(mFolders, mDefaults);
-    return path ? CVRecoverInterruptedSaves(*path) : CVFileResult();
+    CVFileResult result;
+    for (const QString& file : dataFiles()) {
+        const CVFileResult recovered = CVRecoverInterruptedSaves(file);
+        if (result.ok())
+            result = recovered;
+    }
+    return result;
 }
 
 bool CVDocumentFile::workbookSave(CVDocument& document) {
@@ -140,6 +145,8 @@ bool CVDocumentFile::workbookSave(CVDocument& document) {
     try {
         mSaves.save(*path, CVDocumentXMLRepresentation(document), keeping);
     } catch (const std::bad_alloc&) {
+        if (keeping.asked)
+            document.askForVersion(*keeping.asked);
         mSaves.fail(tr("The budget could not be saved: there is not enough memory."));
     }
     return true;

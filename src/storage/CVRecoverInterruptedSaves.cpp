@@ -1,26 +1,19 @@
 #include "storage/CVRecoverInterruptedSaves.h"
 
-#include "base/QBNotificationCenter.h"
-#include "base/QBUserDefaults.h"
-#include "model/CVDocument.h"
+#include "model/CVDetachedDocument.h"
 #include "storage/CVDocumentParserDelegate.h"
 #include "storage/CVDocumentXML.h"
+#include "storage/CVExaminedSource.h"
 #include "versions/CVVersionFolder.h"
 
 #include <QDateTime>
 #include <QFile>
-#include <QSettings>
+
+#include <new>
 
 namespace {
 
-bool isWholeBudget(QFile& file) {
-    QBNotificationCenter notificationCenter;
-    QBUserDefaults defaults(QBUserDefaults::standardStore(), QBUserDefaults::Changes::Forgotten);
-    CVDocument document(notificationCenter, defaults);
-    CVDocumentParserDelegate parser(&document);
-    return parser.prepareFromDevice(file) && !parser.isEncrypted() && parser.parseDocumentData() &&
-           parser.readWhole() && parser.foundRoot() && parser.errorMessage().isEmpty();
-}
+using Leftover = CVVersionFolder::Leftover;
 
 /// Whether the bytes are the beginning of what this program writes. Another program may write the same beginning, but
 /// then a cut file is no use either.
@@ -29,13 +22,22 @@ bool beginsAsWritten(QFile& file) {
     return file.seek(0) && begin.startsWith(file.read(begin.size()));
 }
 
-CVVersionFolder::Leftover judge(const QString& path) {
+/// What was not read to its end for another reason than its content is not judged.
+Leftover judge(const QString& path) {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return CVVersionFolder::Leftover::Unknown;
-    if (isWholeBudget(file))
-        return CVVersionFolder::Leftover::Whole;
-    return beginsAsWritten(file) ? CVVersionFolder::Leftover::Cut : CVVersionFolder::Leftover::Unknown;
+    if (!file.open(QIODevice::ReadOnly) || file.size() > CVExaminedSource::kLargestFile)
+        return Leftover::Unknown;
+    try {
+        CVDetachedDocument detached;
+        CVDocumentParserDelegate parser(&*detached);
+        const bool isWhole = parser.prepareFromDevice(file) && !parser.isEncrypted() && parser.parseDocumentData() &&
+                             parser.readWhole() && parser.foundRoot() && parser.errorMessage().isEmpty();
+        if (isWhole)
+            return Leftover::Whole;
+        return !parser.wasBrokenOff() && beginsAsWritten(file) ? Leftover::Cut : Leftover::Unknown;
+    } catch (const std::bad_alloc&) {
+        return Leftover::Unknown;
+    }
 }
 
 } // namespace

@@ -15,17 +15,6 @@ namespace {
 
 constexpr qint64 kNanosecondsPerMillisecond = 1'000'000;
 
-/// Why the file that this program read or wrote is to be kept as a version before it is replaced.
-std::optional<CVVersionReason> dueVersion(const QString& path, const CVVersionKeeping& keeping,
-                                          const CVFileSignature& present) {
-    if (keeping.limit <= 0)
-        return std::nullopt;
-    const QList<CVVersion> versions = CVVersionFolder(path).versions();
-    return CVDueVersion(keeping.asked, QDateTime::fromMSecsSinceEpoch(present.modified / kNanosecondsPerMillisecond),
-                        versions.isEmpty() ? std::nullopt : std::optional(versions.constFirst().name),
-                        QDateTime::currentDateTime());
-}
-
 } // namespace
 
 CVSaveQueue::CVSaveQueue() {
@@ -142,18 +131,21 @@ void CVSaveQueue::write(const Job& job, CVSaveOutcome& outcome) {
     CVKeptCopy kept{{}, {present.error}, false};
     if (present.signature && !isKnown)
         kept = keepUnreadFile(job.path, *present.signature);
+    if (job.keeping.asked)
+        mStillAsked[job.path] = *job.keeping.asked;
     // A file that was kept as another program's is no version of this program's.
-    const auto due =
-        present.signature && isKnown ? dueVersion(job.path, job.keeping, *present.signature) : std::nullopt;
+    const auto due = present.signature && isKnown ? dueVersion(job, *present.signature) : std::nullopt;
     CVReplaceResult replacing{kept.result};
     if (kept.result.ok()) {
         replacing = CVWriteDocumentText(job.path, job.text, kept.moved ? std::nullopt : present.signature,
                                         due ? CVFormerFile::Kept : CVFormerFile::Dropped);
     }
-    if (replacing.written)
+    if (replacing.written) {
         markAsRead(job.path, replacing.written);
-    else if (kept.moved && kept.putBack(job.path))
+        mStillAsked.erase(job.path);
+    } else if (kept.moved && kept.putBack(job.path)) {
         kept = {};
+    }
     outcome.keptCopy = kept.path;
     outcome.diskIsFull = replacing.diskIsFull();
     if (!replacing.ok()) {
@@ -161,12 +153,29 @@ void CVSaveQueue::write(const Job& job, CVSaveOutcome& outcome) {
             tr("The budget could not be saved to “%1”: %2.").arg(QDir::toNativeSeparators(job.path), replacing.error);
     }
     if (!replacing.former.isEmpty())
-        keepFormer(job, replacing, due, outcome);
+        keepFormer(job, replacing, due.value_or(CVVersionReason::Hourly), outcome);
+}
+
+std::optional<CVVersionReason> CVSaveQueue::dueVersion(const Job& job, const CVFileSignature& present) const {
+    if (job.keeping.limit <= 0)
+        return std::nullopt;
+    const QDateTime now = QDateTime::currentDateTime();
+    std::optional<CVVersionName> newest;
+    if (const auto notKept = mNotKept.find(job.path); notKept != mNotKept.end())
+        newest = notKept->second;
+    for (const CVVersion& version : CVVersionFolder(job.path).versions()) {
+        // A clock that was set back makes a version one of the future, which must not suspend the keeping.
+        if (version.name.kept <= now && (!newest || newest->kept < version.name.kept))
+            newest = version.name;
+    }
+    const auto asked = mStillAsked.find(job.path);
+    return CVDueVersion(asked == mStillAsked.end() ? std::nullopt : std::optional(asked->second),
+                        QDateTime::fromMSecsSinceEpoch(present.modified / kNanosecondsPerMillisecond), newest, now);
 }
 
 /// Gives what stood at the path a name of its own. Until then it bears the name of a temporary file, which the next
 /// start would recognise.
-void CVSaveQueue::keepFormer(const Job& job, const CVReplaceResult& replacing, std::optional<CVVersionReason> due,
+void CVSaveQueue::keepFormer(const Job& job, const CVReplaceResult& replacing, CVVersionReason due,
                              CVSaveOutcome& outcome) {
     const QDateTime now = QDateTime::currentDateTime();
     if (!replacing.isExpected) {
@@ -175,8 +184,10 @@ void CVSaveQueue::keepFormer(const Job& job, const CVReplaceResult& replacing, s
         return;
     }
     const CVVersionFolder folder(job.path);
-    CVFileResult result = folder.keep(replacing.former, due.value_or(CVVersionReason::Hourly), now);
+    CVFileResult result = folder.keep(replacing.former, due, now);
+    mNotKept.erase(job.path);
     if (!result.ok()) {
+        mNotKept[job.path] = {now, 1, due};
         outcome.versionTrouble = tr("An earlier version could not be kept in “%1”: %2.")
                                      .arg(QDir::toNativeSeparators(folder.path()), result.error);
         return;

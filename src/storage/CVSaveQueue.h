@@ -3,6 +3,7 @@
 #include "base/CVFileSignature.h"
 #include "model/CVDocumentText.h"
 #include "model/CVVersionReason.h"
+#include "versions/CVVersionName.h"
 
 #include <QObject>
 #include <QString>
@@ -86,8 +87,9 @@ private:
     [[nodiscard]] CVSaveOutcome perform(const Job& job);
     void write(const Job& job, CVSaveOutcome& outcome);
     [[nodiscard]] CVKeptCopy keepUnreadFile(const QString& path, const CVFileSignature& signature);
-    static void keepFormer(const Job& job, const CVReplaceResult& replacing, std::optional<CVVersionReason> due,
-                           CVSaveOutcome& outcome);
+    /// Why the file that this program read or wrote is to be kept as a version before it is replaced.
+    [[nodiscard]] std::optional<CVVersionReason> dueVersion(const Job& job, const CVFileSignature& present) const;
+    void keepFormer(const Job& job, const CVReplaceResult& replacing, CVVersionReason due, CVSaveOutcome& outcome);
 
     mutable std::mutex mMutex;
     std::condition_variable mChanged;
@@ -99,6 +101,11 @@ private:
     std::deque<CVSaveOutcome> mOutcomes;
     /// The files as this program last read, wrote or kept them, by path.
     std::map<QString, CVFileSignature> mKnownFiles;
+    /// What failed saves asked for, by path; the next save of that path asks for it. The worker's own.
+    std::map<QString, CVVersionReason> mStillAsked;
+    /// The last versions that could not be kept, by path: they count as kept, so that not every save leaves a file with
+    /// a temporary name. The worker's own.
+    std::map<QString, CVVersionName> mNotKept;
     /// Declared last, so that all other members exist as long as the worker runs.
     std::thread mWorker;
 };

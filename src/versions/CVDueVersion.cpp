@@ -1,7 +1,5 @@
 #include "versions/CVDueVersion.h"
 
-#include <cstdlib>
-
 namespace {
 
 constexpr qint64 kMinute = 60;
@@ -11,12 +9,14 @@ constexpr qint64 kHour = 60 * kMinute;
 
 std::optional<CVVersionReason> CVDueVersion(std::optional<CVVersionReason> asked, const QDateTime& written,
                                             const std::optional<CVVersionName>& newest, const QDateTime& now) {
-    // A clock that was set back makes the newest version one of the future, which must not suspend the keeping.
-    const qint64 age = newest ? std::abs(newest->kept.secsTo(now)) : 0;
+    const qint64 age = newest ? newest->kept.secsTo(now) : kHour;
     const bool isSameRemoval = asked == CVVersionReason::Removal && newest && newest->reason == *asked && age < kMinute;
     if (asked && !isSameRemoval)
         return asked;
-    if (!newest || (written.date() != now.date() && !isSameRemoval))
+    // The clock of a file server may be days off, so it alone does not tell that a day has begun.
+    const bool isKeptToday =
+        newest && newest->kept.date() == now.date() && newest->reason != CVVersionReason::Interruption;
+    if (!newest || (written.date() != now.date() && !isKeptToday && !isSameRemoval))
         return CVVersionReason::FirstOfDay;
     return age >= kHour ? std::optional(CVVersionReason::Hourly) : std::nullopt;
 }

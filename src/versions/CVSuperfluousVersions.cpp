@@ -1,5 +1,8 @@
 #include "versions/CVSuperfluousVersions.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
 // Days, because months that are counted back from the end of a long one do not always go forward.
@@ -30,18 +33,22 @@ bool areInOneSpan(const QDateTime& kept, const QDateTime& earlier, const QDateTi
 } // namespace
 
 QList<CVVersion> CVSuperfluousVersions(const QList<CVVersion>& versions, const QDateTime& now, qint64 limit) {
+    const auto isOfFuture = [&now](const CVVersion& version) { return version.name.kept > now; };
+    const auto newest = std::find_if_not(versions.begin(), versions.end(), isOfFuture);
     QList<CVVersion> staying;
     QList<CVVersion> superfluous;
     qint64 size = 0;
-    for (qsizetype i = 0; i < versions.size(); ++i) {
-        const bool goes =
-            i > 0 && i + 1 < versions.size() && areInOneSpan(versions[i].name.kept, versions[i + 1].name.kept, now);
-        (goes ? superfluous : staying).append(versions[i]);
-        size += goes ? 0 : versions[i].size;
+    for (auto version = versions.begin(); version != versions.end(); ++version) {
+        const bool goes = version != newest && std::next(version) != versions.end() &&
+                          areInOneSpan(version->name.kept, std::next(version)->name.kept, now);
+        (goes ? superfluous : staying).append(*version);
+        size += goes ? 0 : version->size;
     }
+    // Those of the future, which a wrong clock has made, go last.
     while (size > limit && staying.size() > 1) {
-        size -= staying.constLast().size;
-        superfluous.append(staying.takeLast());
+        const bool isNewestLast = newest != versions.end() && staying.constLast().path == newest->path;
+        superfluous.append(staying.takeAt(staying.size() - (isNewestLast ? 2 : 1)));
+        size -= superfluous.constLast().size;
     }
     return superfluous;
 }

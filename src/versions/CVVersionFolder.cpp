@@ -25,6 +25,7 @@ constexpr int kMostVersionsPerSecond = 100;
 constexpr unsigned kOwnerOnly = 0700;
 constexpr unsigned kMayRead = 0444;
 constexpr unsigned kMayWrite = 0222;
+constexpr unsigned kEveryone = 0777;
 
 /// Who may read a file may enter its folder, and who may write it may keep versions there.
 unsigned modeOfFolder(unsigned modeOfFile) {
@@ -81,18 +82,31 @@ CVFileResult CVVersionFolder::make() const {
     const unsigned mode = file.signature ? modeOfFolder(file.mode) : kOwnerOnly;
     const QByteArray path = QFile::encodeName(mPath);
     if (::mkdir(path.constData(), kOwnerOnly) != 0)
-        return errno == EEXIST ? CVFileResult() : CVFileResult::ofLastCall();
+        return errno == EEXIST ? tighten(mode) : CVFileResult::ofLastCall();
     // A file system without modes may refuse chmod even to the owner.
     if (::chmod(path.constData(), mode) != 0 && errno != EPERM)
         return CVFileResult::ofLastCall();
     return CVSyncFolder(QFileInfo(mPath).absolutePath());
 }
 
+/// Takes from a folder that is there what the data file does not allow by now.
+CVFileResult CVVersionFolder::tighten(unsigned mode) const {
+    const CVPathStatus folder = CVPathStatus::of(mPath);
+    if (!folder.signature || (folder.mode & ~mode & kEveryone) == 0)
+        return {folder.error};
+    const bool isTight = ::chmod(QFile::encodeName(mPath).constData(), folder.mode & (mode | ~kEveryone)) == 0;
+    return isTight || errno == EPERM ? CVFileResult() : CVFileResult::ofLastCall();
+}
+
 CVVersionFolder::Keeping CVVersionFolder::place(const QString& file, CVVersionName name, Placing placing) const {
     Keeping keeping;
+    // The number counts for all reasons, so that it tells the order within a second.
+    for (const CVVersion& version : versions()) {
+        if (version.name.kept.toSecsSinceEpoch() == name.kept.toSecsSinceEpoch())
+            name.number = std::max(name.number, version.name.number + 1);
+    }
     while (name.number <= kMostVersionsPerSecond) {
         keeping.path = mPath + u'/' + name.fileName(QFileInfo(mDataFile).fileName());
-        // Another reason within the same second is another name, so the number counts for each.
         if (CVFileSignature::ofEntry(keeping.path)) {
             ++name.number;
             continue;
@@ -150,6 +164,8 @@ CVFileResult CVVersionFolder::removeEach(const QList<CVVersion>& versions) const
 
 CVFileResult CVVersionFolder::moveTo(const CVVersionFolder& other) const {
     const QList<CVVersion> moving = versions();
+    if (moving.isEmpty() && QFileInfo(mPath).isDir() && !QDir(mPath).isReadable())
+        return {qt_error_string(EACCES)};
     if (moving.isEmpty() || isSameFolder(mPath, other.mPath))
         return {};
     CVFileResult result = other.make();
@@ -164,11 +180,21 @@ CVFileResult CVVersionFolder::moveTo(const CVVersionFolder& other) const {
     }
     if (result.ok())
         result = CVSyncFolder(other.mPath);
-    if (result.ok())
-        return removeAll();
+    if (result.ok()) {
+        result = removeEach(moving);
+        ::rmdir(QFile::encodeName(mPath).constData());
+        return result;
+    }
     for (const QString& copy : copies)
         ::unlink(QFile::encodeName(copy).constData());
     return result;
+}
+
+/// Whether an interrupted save has left a further name of the data file or of a kept copy, which is no longer of use.
+bool CVVersionFolder::isSecondName(const QString& path) const {
+    const QStringList kept = CVKeptCopy::beside(mDataFile);
+    return CVIsSameFile(path, mDataFile) ||
+           std::any_of(kept.begin(), kept.end(), [&path](const QString& copy) { return CVIsSameFile(path, copy); });
 }
 
 CVFileResult CVVersionFolder::recover(const std::function<Leftover(const QString& file)>& judge,
@@ -185,9 +211,8 @@ CVFileResult CVVersionFolder::recover(const std::function<Leftover(const QString
         if (CVKeptCopy::isNameOfOne(madeFor, mDataFile)) {
             // The file that was being copied is still there.
             note(remove(path));
-        } else if (dataFileName.startsWith(madeFor)) {
-            // A second name of the data file or of a kept copy is no longer of use.
-            const Leftover leftover = hasFurtherNames(path) ? Leftover::Cut : judge(path);
+        } else if (madeFor == CVTemporaryFile::shortened(dataFileName)) {
+            const Leftover leftover = isSecondName(path) ? Leftover::Cut : judge(path);
             if (leftover == Leftover::Whole)
                 note(keep(path, CVVersionReason::Interruption, now));
             else if (leftover == Leftover::Cut)

@@ -35,7 +35,8 @@ public:
     [[nodiscard]] CVFileResult thin(const QDateTime& now, qint64 limit) const;
     [[nodiscard]] CVFileResult removeAll() const;
     /// Copies all versions to the other folder, syncs them and then removes them here. Versions that are there already
-    /// stay; one of the same name there gets company with the next number. On failure all versions stay here.
+    /// stay; one of the same second there gets company with the next number. When copying fails, all versions stay
+    /// here; when removing fails, those that could not be removed are at both places.
     [[nodiscard]] CVFileResult moveTo(const CVVersionFolder& other) const;
     /// What an interrupted save has left beside the data file.
     enum class Leftover { Whole, Cut, Unknown };
@@ -47,6 +48,8 @@ public:
 private:
     /// Makes the folder with the access of the data file.
     [[nodiscard]] CVFileResult make() const;
+    [[nodiscard]] CVFileResult tighten(unsigned mode) const;
+    [[nodiscard]] bool isSecondName(const QString& path) const;
     [[nodiscard]] CVFileResult removeEach(const QList<CVVersion>& versions) const;
     /// Gives a file a version's name, the first that is free, by `placing`.
     using Placing = CVFileResult (*)(const QString& from, const QString& to);

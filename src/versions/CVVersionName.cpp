@@ -1,6 +1,7 @@
 #include "versions/CVVersionName.h"
 
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <array>
@@ -8,6 +9,8 @@
 namespace {
 
 const QString kTimeFormat = QStringLiteral("yyyy-MM-dd HHmmss");
+
+constexpr int kSkippedSeconds = 3600;
 
 struct ReasonWord {
     CVVersionReason reason;
@@ -41,26 +44,22 @@ QString CVWordsFor(CVVersionReason reason) {
 
 std::optional<CVVersionName> CVVersionName::parse(const QString& fileName, const QString& dataFileName) {
     const QString begin = QFileInfo(dataFileName).completeBaseName() + u' ';
-    const qsizetype timeEnd = begin.size() + kTimeFormat.size();
-    if (!fileName.startsWith(begin) || fileName.size() < timeEnd)
+    const QRegularExpression pattern(
+        QStringLiteral("\\A([0-9]{4}-[0-9]{2}-[0-9]{2}) ([0-9]{6})(?: ([2-9]|[1-9][0-9]+))? \\((.+)\\)%1\\z")
+            .arg(QRegularExpression::escape(endOfName(dataFileName))));
+    const QRegularExpressionMatch match =
+        pattern.match(fileName.startsWith(begin) ? fileName.sliced(begin.size()) : QString());
+    const auto* const row = std::find_if(kReasonWords.begin(), kReasonWords.end(),
+                                         [&match](const auto& each) { return each.word == match.captured(4); });
+    const QDate day = QDate::fromString(match.captured(1), QStringLiteral("yyyy-MM-dd"));
+    const QTime time = QTime::fromString(match.captured(2), QStringLiteral("HHmmss"));
+    if (row == kReasonWords.end() || !day.isValid() || !time.isValid())
         return std::nullopt;
-    CVVersionName name;
-    name.kept = QDateTime::fromString(fileName.sliced(begin.size(), kTimeFormat.size()), kTimeFormat);
-    const QString rest = fileName.sliced(timeEnd);
-    for (const ReasonWord& row : kReasonWords) {
-        const QString end = QStringLiteral(" (") + row.word + u')' + endOfName(dataFileName);
-        if (!rest.endsWith(end))
-            continue;
-        name.reason = row.reason;
-        const QString number = rest.chopped(end.size());
-        bool isNumber = number.isEmpty();
-        if (!isNumber && number.startsWith(u' '))
-            name.number = number.sliced(1).toInt(&isNumber);
-        return isNumber && name.number > 0 && name.kept.isValid() && name.fileName(dataFileName) == fileName
-                   ? std::optional(name)
-                   : std::nullopt;
-    }
-    return std::nullopt;
+    QDateTime kept(day, time);
+    // A time that was skipped here when the clocks changed, but not where the version was kept, becomes the next one.
+    if (!kept.isValid())
+        kept = QDateTime(day, time.addSecs(kSkippedSeconds));
+    return CVVersionName{kept, std::max(match.captured(3).toInt(), 1), row->reason};
 }
 
 QString CVVersionName::fileName(const QString& dataFileName) const {

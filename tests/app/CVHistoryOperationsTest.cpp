@@ -278,7 +278,7 @@ TEST_F(CVHistoryOperationsTest, VersionsThatCannotMoveStayAndAreTold) {
     ASSERT_TRUE(QFile::link("/dev/null", mHome.path("new place/Earlier Versions")));
     mPanels.answer(mHome.path("new place"));
     preference<QAbstractButton>("Change Location")->click();
-    EXPECT_EQ(titles(), QStringList{"Your earlier versions were not moved"});
+    EXPECT_EQ(titles(), QStringList{"Earlier versions are still in the old place"});
     EXPECT_TRUE(mAlerts.shown()[0].message.contains("Not a directory")) << mAlerts.shown()[0].message.toStdString();
     EXPECT_EQ(CVVersionFolder(former).versions().size(), 1);
     EXPECT_TRUE(bytesOf(dataFile()).contains("Baker"));

@@ -5,6 +5,7 @@
 #include "versions/CVVersionFolder.h"
 
 #include <QCoreApplication>
+#include <QFile>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -106,6 +107,42 @@ TEST_F(SaveOrder, doesNotMergeARequestThatAsksForAVersionOfWhatWaits) {
     for (const CVVersion& version : CVVersionFolder(mPath).versions())
         kept.append(readFile(version.path));
     EXPECT_THAT(kept, testing::UnorderedElementsAre("old", "with twenty rows"));
+}
+
+TEST_F(SaveOrder, keepsTheVersionThatAFailedSaveAskedFor) {
+    constexpr qint64 kLimit = 1'000'000;
+    writeFile(mPath, "with rows");
+    mQueue.markAsRead(mPath, CVFileSignature::of(mPath));
+    const CVVersionFolder versions(mPath);
+    EXPECT_TRUE(versions.keepCopy(mPath, CVVersionReason::Hourly, QDateTime::currentDateTime().addSecs(-1)).ok());
+    FaultyCalls::arm(mHome.path(), {}, {{"write", ENOSPC}});
+    mQueue.save(mPath, textOf("without rows"), {CVVersionReason::Removal, kLimit});
+    EXPECT_FALSE(mQueue.waitForFinished().saved);
+    FaultyCalls::arm(mHome.path(), {});
+    mQueue.save(mPath, textOf("without rows"), {{}, kLimit});
+    EXPECT_TRUE(mQueue.waitForFinished().saved);
+    ASSERT_EQ(versions.versions().size(), 2);
+    EXPECT_EQ(versions.versions().constFirst().name.reason, CVVersionReason::Removal);
+    mQueue.save(mPath, textOf("more"), {{}, kLimit});
+    EXPECT_TRUE(mQueue.waitForFinished().saved);
+    EXPECT_EQ(versions.versions().size(), 2) << "it is asked for once";
+}
+
+TEST_F(SaveOrder, leavesNotAFileForEverySaveWhereNoVersionCanBeKept) {
+    constexpr qint64 kLimit = 1'000'000;
+    writeFile(mPath, "old");
+    mQueue.markAsRead(mPath, CVFileSignature::of(mPath));
+    const QString obstacle = CVVersionFolder(mPath).path();
+    writeFile(obstacle, "a file in the way");
+    for (const char* const text : {"one", "two", "three"}) {
+        mQueue.save(mPath, textOf(text), {{}, kLimit});
+        EXPECT_TRUE(mQueue.waitForFinished().saved);
+    }
+    EXPECT_EQ(namesIn(mHome.path()).filter(QStringLiteral(".saving-")).size(), 1);
+    ASSERT_TRUE(QFile::remove(obstacle));
+    mQueue.save(mPath, textOf("four"), {CVVersionReason::Clearing, kLimit});
+    EXPECT_TRUE(mQueue.waitForFinished().saved);
+    EXPECT_EQ(readFile(CVVersionFolder(mPath).versions().constFirst().path), "three");
 }
 
 TEST_F(SaveOrder, keepsWhatAnotherProgramPutsThereAtTheLastMoment) {

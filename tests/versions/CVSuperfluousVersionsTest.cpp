@@ -81,6 +81,12 @@ TEST(CVSuperfluousVersions, areTheOldestAboveTheLimit) {
     EXPECT_EQ(staying(versions, 0).size(), 1);
 }
 
+TEST(CVSuperfluousVersions, spareTheNewestBehindThoseOfTheFuture) {
+    const QList<CVVersion> versions{version(kToday.addYears(1), 40), version(kToday.addYears(1).addSecs(-1), 40),
+                                    version(kToday.addSecs(-60), 30), version(kToday.addSecs(-120), 20)};
+    EXPECT_EQ(staying(versions, 30), QStringList({"26-11-22 13:59"}));
+}
+
 TEST(CVSuperfluousVersions, ofTheFutureStay) {
     EXPECT_EQ(staying(at({"2031-01-01 10:00", "2031-01-01 09:00", "2026-11-22 13:00"})).size(), 3);
 }

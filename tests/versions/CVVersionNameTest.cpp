@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ctime>
+
 namespace {
 
 const QString kDataFile = QStringLiteral("Corvella Data.corvella");
@@ -60,6 +62,19 @@ TEST(CVVersionName, isNoneOfAnotherKind) {
           "Copy of Corvella Data 2026-01-02 010203 (hourly).corvella", "Other 2026-01-02 010203 (hourly).corvella",
           ".Corvella Data 2026-01-02 010203 (hourly).corvella.saving-host-1-abcdef"})
         EXPECT_FALSE(CVVersionName::parse(QString::fromLatin1(name), kDataFile)) << name;
+}
+
+TEST(CVVersionName, isReadWhereItsTimeWasSkipped) {
+    const QByteArray zone = qgetenv("TZ");
+    qputenv("TZ", "Europe/Berlin");
+    ::tzset();
+    const auto read =
+        CVVersionName::parse(QStringLiteral("Corvella Data 2026-03-29 023000 (hourly).corvella"), kDataFile);
+    qputenv("TZ", zone);
+    ::tzset();
+    ASSERT_TRUE(read);
+    EXPECT_TRUE(read->kept.isValid());
+    EXPECT_EQ(read->kept.date(), QDate(2026, 3, 29));
 }
 
 TEST(CVVersionName, keepsAnOddNameOfTheDataFile) {
