@@ -1,7 +1,7 @@
 #pragma once
 
-#include "versions/CVListedVersion.h"
 #include "history/CVVersionReader.h"
+#include "versions/CVListedVersion.h"
 
 #include <QAbstractTableModel>
 
