@@ -4,6 +4,7 @@
 #include "app/CVReadingPanel.h"
 #include "base/CVWriteOutputFile.h"
 #include "differences/CVBringBack.h"
+#include "model/CVDetachedDocument.h"
 #include "model/CVDocument.h"
 #include "storage/CVDocumentXML.h"
 #include "versions/CVKeptCopy.h"
@@ -113,12 +114,15 @@ QString CVHistoryOperations::writeEverything() {
 
 /// Null when the version was not read, which the user knows.
 std::unique_ptr<CVDocument> CVHistoryOperations::read(const QString& path, QWidget& asker) {
-    const CVDocument& present = mApp.document();
-    auto document = std::make_unique<CVDocument>(present.notificationCenter(), present.userDefaults());
+    // Reading announces categories and, where it fails, sets defaults, neither of which concerns the present budget.
+    CVDetachedDocument version;
     mFile.setReadingProgress(CVReadingPanel(CVReadingPanel::Reading::EarlierVersion, &asker));
-    const CVLoadReport report = mFile.readFromURL(*document, path);
+    const CVLoadReport report = mFile.readFromURL(*version, path);
     mFile.setReadingProgress({});
     if (report.outcome == CVLoadReport::Outcome::Loaded) {
+        const CVDocument& present = mApp.document();
+        auto document = std::make_unique<CVDocument>(present.notificationCenter(), present.userDefaults());
+        document->takeRecords(*version);
         document->sortTransactionsByDate();
         document->updateDates();
         return document;

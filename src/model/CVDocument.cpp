@@ -17,6 +17,14 @@ namespace {
 
 constexpr int kInitialNumberOfItems = 10;
 
+/// Moves the records of a document to another one.
+template <typename Records>
+void hand(Records& records, Records& from, CVDocument& document) {
+    records = std::exchange(from, {});
+    for (const auto& record : records)
+        record->setDocument(&document);
+}
+
 /// Empties a collection. Its records forget the document, because a view may keep a record after the document is gone.
 template <typename Records>
 void release(Records& records) {
@@ -118,6 +126,15 @@ void CVDocument::abandonParsingData() {
     release(mTransactionSets);
     setUniqueID(0);
     setCurrentTransactionSet(0);
+}
+
+void CVDocument::takeRecords(CVDocument& other) {
+    hand(mTransactions, other.mTransactions, *this);
+    hand(mCategories, other.mCategories, *this);
+    hand(mTransactionSets, other.mTransactionSets, *this);
+    mCurrentTransactionSetID = other.mCurrentTransactionSetID;
+    _uniqueID = other._uniqueID;
+    other.abandonParsingData();
 }
 
 const std::shared_ptr<CVCategory>& CVDocument::objectInCategoriesAtIndex(std::size_t index) const {

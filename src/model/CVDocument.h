@@ -136,6 +136,9 @@ public:
     void finishedParsingData();
     /// Empties the document after a reading that broke off; announces and saves nothing.
     void abandonParsingData();
+    /// Gives this empty document everything that `other` has read, and leaves `other` empty. Announces and saves
+    /// nothing.
+    void takeRecords(CVDocument& other);
 
 private:
     void widenBounds(const QBDate& date);

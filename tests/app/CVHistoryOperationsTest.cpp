@@ -3,6 +3,7 @@
 #include "ShellFixture.h"
 #include "differences/CVBudgetDifferences.h"
 #include "kit/CancelledPanel.h"
+#include "kit/NotificationCounter.h"
 #include "kit/ProgressDelay.h"
 #include "model/CVTransactionSet.h"
 #include "versions/CVKeptCopy.h"
@@ -174,6 +175,23 @@ TEST_F(CVHistoryOperationsTest, AVersionThatCannotBeReadLeavesEverythingAndIsTol
     }
     EXPECT_EQ(mAlerts.shown().size(), 3);
     expectUnchanged();
+}
+
+TEST_F(CVHistoryOperationsTest, AVersionThatCannotBeReadTouchesNoSettingAndAnnouncesNothing) {
+    startWithVersion();
+    defaults().setInteger(CVDefaultsKeys::kNumberOfItems, 25);
+    const QString broken = mHome.path("broken.corvella");
+    QFile file(broken);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("<?xml version=\"1.0\"?>\n<CorvellaDocument><Category><CategoryName>Toys</CategoryName></Category>"
+               "<Transaction></CorvellaDocument>");
+    file.close();
+    const NotificationCounter announced(document().notificationCenter());
+    EXPECT_FALSE(operations().returnTo(broken, window()));
+    EXPECT_EQ(mAlerts.shown().size(), 1);
+    EXPECT_EQ(announced.total(), 0);
+    EXPECT_EQ(defaults().integerForKey(CVDefaultsKeys::kNumberOfItems), 25);
+    quit();
 }
 
 TEST_F(CVHistoryOperationsTest, UnsavedChangesAreNotLostByReturning) {

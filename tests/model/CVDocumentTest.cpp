@@ -260,4 +260,27 @@ TEST(CVDocumentEnd, LeavesRecordsThatWereRemovedWithoutADocument) {
     EXPECT_EQ(resetCategory->document(), nullptr);
 }
 
+TEST(CVDocument, TakesTheRecordsOfAnotherDocumentWithoutAWord) {
+    BudgetBuilder from;
+    from.set("Checking", 1).currentSet(1).category("Food", 3).lastID(20);
+    from.transaction({.date = day(2014, 3, 7), .amount = 30, .category = "Food", .set = "Checking"});
+    BudgetBuilder to;
+    RecordingSaver saver;
+    to.document().setSaver(&saver);
+    const NotificationCounter announced(to.notificationCenter());
+    CVDocument& taker = to.document();
+    taker.takeRecords(from.document());
+    ASSERT_EQ(taker.transactions().size(), 1U);
+    EXPECT_EQ(taker.transactions()[0]->categoryName(), "Food") << "it looks for its category in its new document";
+    EXPECT_EQ(taker.categories()[0]->document(), &taker);
+    EXPECT_EQ(taker.transactionSets()[0]->transactionSetName(), "Checking");
+    EXPECT_EQ(taker.currentTransactionSet(), 1U);
+    EXPECT_EQ(taker.uniqueID(), 20U);
+    EXPECT_EQ(announced.total(), 0);
+    EXPECT_TRUE(saver.saves().empty());
+    EXPECT_TRUE(from.document().transactions().empty());
+    EXPECT_TRUE(from.document().categories().empty());
+    EXPECT_TRUE(from.document().transactionSets().empty());
+}
+
 } // namespace
