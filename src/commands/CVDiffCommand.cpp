@@ -59,9 +59,7 @@ int CVRunDiff(const CVDiffRequest& request, QTextStream& errors) {
     after.needBudget();
     if (!before.read(CVFindVersionNamed(request.before), errors) || !after.read(later(request), errors))
         return kTrouble;
-    const bool isLater = CVBudgetDifferences::isLaterState(before.document(), after.document());
-    const auto differences =
-        CVBudgetDifferences::between(before.document(), after.document(), isLater ? &before.document() : nullptr);
+    const auto differences = CVBudgetDifferences::since(before.document(), after.document());
     QByteArray text;
     for (const QString& line : CVMakeDifferenceLines(differences))
         text += line.toUtf8() + '\n';

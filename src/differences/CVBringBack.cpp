@@ -31,8 +31,7 @@ public:
     BringingBack(CVDocument& present, const CVDocument& version)
         : mPresent(present)
         , mVersion(version)
-        , mDifferences(CVBudgetDifferences::between(
-              version, present, CVBudgetDifferences::isLaterState(version, present) ? &version : nullptr)) {}
+        , mDifferences(CVBudgetDifferences::since(version, present)) {}
 
     void undo(const std::vector<CVRecordDifference<CVTransactionSet>>& chosen);
     void undo(const std::vector<CVRecordDifference<CVCategory>>& chosen);

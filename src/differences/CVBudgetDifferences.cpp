@@ -89,3 +89,7 @@ CVBudgetDifferences CVBudgetDifferences::between(const CVDocument& before, const
     return {sets, categories, find(setsBefore, setsAfter, sets), find(categoriesBefore, categoriesAfter, categories),
             CVFindTransactionDifferences(before.transactions(), after.transactions(), sets, categories)};
 }
+
+CVBudgetDifferences CVBudgetDifferences::since(const CVDocument& before, const CVDocument& after) {
+    return between(before, after, isLaterState(before, after) ? &before : nullptr);
+}

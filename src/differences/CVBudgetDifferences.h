@@ -37,4 +37,6 @@ struct CVBudgetDifferences {
     /// several categories or sets with one ID, only the first counts, as in the data file.
     [[nodiscard]] static CVBudgetDifferences between(const CVDocument& before, const CVDocument& after,
                                                      const CVDocument* common);
+    /// The same, with `before` as the common state when `after` seems to come from it.
+    [[nodiscard]] static CVBudgetDifferences since(const CVDocument& before, const CVDocument& after);
 };

@@ -23,11 +23,6 @@ void count(std::array<std::size_t, kCVVersionSigns>& counts, const Differences& 
         ++counts[static_cast<std::size_t>(CVSignOf(difference))];
 }
 
-CVBudgetDifferences compare(CVDocument& version, CVDocument& present) {
-    const bool isLater = CVBudgetDifferences::isLaterState(version, present);
-    return CVBudgetDifferences::between(version, present, isLater ? &version : nullptr);
-}
-
 } // namespace
 
 CVVersionReader::CVVersionReader() {
@@ -135,8 +130,8 @@ CVVersionFindings CVVersionReader::examine(CVDocumentFile& file, const QString& 
                 report.reason.isEmpty() ? tr("it holds no budget that Corvella can read") : report.reason;
             return findings;
         }
-        const auto compared =
-            std::make_shared<ComparedBudgets>(ComparedBudgets{version, present, compare(**version, **present)});
+        const auto compared = std::make_shared<ComparedBudgets>(
+            ComparedBudgets{version, present, CVBudgetDifferences::since(**version, **present)});
         findings.transactions = (*version)->transactions().size();
         count(findings.counts, compared->differences.sets);
         count(findings.counts, compared->differences.categories);

@@ -24,8 +24,6 @@
 
 namespace {
 
-constexpr qint64 kMegabyte = 1024 * 1024;
-constexpr int kUsualLimit = 1024;
 constexpr int kSmallestLimit = 1;
 constexpr int kLargestLimit = 999'999;
 constexpr int kSizeDigits = 1;
@@ -79,7 +77,7 @@ void CVVersionsPane::addDeleteButton() {
 void CVVersionsPane::load() {
     const qint64 limit = CVVersionLimit(store().defaults());
     mKeepVersions.setChecked(limit > 0);
-    mLimit->setIntegerValue(limit > 0 ? static_cast<int>(limit / kMegabyte) : kUsualLimit);
+    mLimit->setIntegerValue(limit > 0 ? static_cast<int>(limit / kCVMegabyte) : kCVUsualVersionMegabytes);
     mLimit->setEnabled(limit > 0);
     showSize();
 }
@@ -102,7 +100,7 @@ void CVVersionsPane::keepVersions(bool isOn) {
 
 void CVVersionsPane::setLimit(int megabytes) {
     // The field also tells its number when the window closes, which switches nothing on.
-    if (mKeepVersions.isChecked() && megabytes * kMegabyte != CVVersionLimit(store().defaults()))
+    if (mKeepVersions.isChecked() && megabytes * kCVMegabyte != CVVersionLimit(store().defaults()))
         store().setVersionLimit(megabytes);
 }
 

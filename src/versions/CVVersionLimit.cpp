@@ -5,8 +5,6 @@
 
 namespace {
 
-constexpr qint64 kMegabyte = 1024 * 1024;
-constexpr int kUsualMegabytes = 1024;
 constexpr int kOff = -1;
 
 } // namespace
@@ -15,7 +13,7 @@ qint64 CVVersionLimit(const QBUserDefaults& defaults) {
     const int megabytes = defaults.integerForKey(CVDefaultsKeys::kVersionLimit);
     if (megabytes < 0)
         return 0;
-    return (megabytes == 0 ? kUsualMegabytes : megabytes) * kMegabyte;
+    return (megabytes == 0 ? kCVUsualVersionMegabytes : megabytes) * kCVMegabyte;
 }
 
 void CVSetVersionLimit(QBUserDefaults& defaults, int megabytes) {

@@ -19,10 +19,7 @@ namespace {
 using Entry = BudgetBuilder::Entry;
 
 CVBudgetDifferences differencesTo(BudgetBuilder& version, BudgetBuilder& present) {
-    const CVDocument& before = version.document();
-    const CVDocument& after = present.document();
-    return CVBudgetDifferences::between(before, after,
-                                        CVBudgetDifferences::isLaterState(before, after) ? &before : nullptr);
+    return CVBudgetDifferences::since(version.document(), present.document());
 }
 
 QString nameOfSet(const CVDocument& document, quint32 id) {
