@@ -28,6 +28,7 @@ void count(std::array<std::size_t, kCVVersionSigns>& counts, const Differences& 
 CVVersionReader::CVVersionReader() {
     // Read once and kept: a damaged version would otherwise read them on the thread, unguarded.
     (void)CVCategory::standardCategoryNames();
+    connect(this, &CVVersionReader::examined, this, &CVVersionReader::tellNext, Qt::QueuedConnection);
     mThread = std::thread(&CVVersionReader::work, this);
 }
 
@@ -100,7 +101,8 @@ void CVVersionReader::work() {
         }
         mWaiting.removeAll(path);
         mChosenIsWaiting = mChosenIsWaiting && !isChosen;
-        tell(std::move(findings), round);
+        mFound.push_back({std::move(findings), round});
+        emit examined();
     }
 }
 
@@ -146,13 +148,16 @@ CVVersionFindings CVVersionReader::examine(CVDocumentFile& file, const QString& 
     return findings;
 }
 
-/// Hands over to the event loop of the reader's thread, which is the main one.
-void CVVersionReader::tell(CVVersionFindings findings, quint64 round) {
-    QMetaObject::invokeMethod(
-        this,
-        [this, findings = std::move(findings), round] {
-            if (round == mRound)
-                emit found(findings);
-        },
-        Qt::QueuedConnection);
+/// Called once for each finding that the thread added.
+void CVVersionReader::tellNext() {
+    CVVersionFindings findings;
+    bool isWanted = false;
+    {
+        const std::lock_guard lock(mMutex);
+        isWanted = mFound.front().round == mRound;
+        findings = std::move(mFound.front().findings);
+        mFound.pop_front();
+    }
+    if (isWanted)
+        emit found(findings);
 }

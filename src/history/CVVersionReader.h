@@ -9,6 +9,7 @@
 #include <array>
 #include <atomic>
 #include <condition_variable>
+#include <deque>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -52,6 +53,8 @@ public:
 signals:
     /// Always emitted from the event loop.
     void found(const CVVersionFindings& findings);
+    /// Emitted by the thread when there is another finding.
+    void examined();
 
 private:
     using Budget = std::shared_ptr<CVDetachedDocument>;
@@ -62,12 +65,18 @@ private:
     [[nodiscard]] static Budget parse(CVDocumentFile& file, const CVDocumentText& text);
     [[nodiscard]] static CVVersionFindings examine(CVDocumentFile& file, const QString& path, const Budget& present,
                                                    bool isChosen);
-    void tell(CVVersionFindings findings, quint64 round);
+    void tellNext();
 
     std::mutex mMutex;
     std::condition_variable mWanted;
     CVDocumentText mPresent;
     QStringList mWaiting;
+    struct Finding {
+        CVVersionFindings findings;
+        quint64 round;
+    };
+    /// What is not told yet.
+    std::deque<Finding> mFound;
     QString mChosen;
     bool mChosenIsWaiting = false;
     bool mEnds = false;
