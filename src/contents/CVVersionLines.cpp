@@ -185,7 +185,7 @@ void CVVersionLines::sort(std::vector<std::size_t>& lines, int column, bool desc
 }
 
 CVBudgetDifferences CVVersionLines::only(const std::vector<std::size_t>& lines) const {
-    CVBudgetDifferences some{mDifferences->setMatching, mDifferences->categoryMatching, {}, {}, {}};
+    CVBudgetDifferences some{mDifferences->setMatching, mDifferences->categoryMatching, {}, {}, {}, {}};
     for (const std::size_t line : lines) {
         const Line& shown = mLines[line];
         switch (shown.kind) {

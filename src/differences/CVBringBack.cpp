@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 
 namespace {
 
@@ -41,6 +42,8 @@ public:
 
 private:
     void restore(const CVTransaction& before, CVTransaction* after);
+    void noteNamesakes(const CVRecordDifference<CVCategory>& renamed);
+    void joinNamesakes();
     [[nodiscard]] quint32 setFor(quint32 idBefore);
     [[nodiscard]] quint32 categoryFor(quint32 idBefore);
     [[nodiscard]] quint32 noCategoryFor(quint32 idBefore);
@@ -57,6 +60,8 @@ private:
     /// The present IDs of the version's sets and categories, as far as they were asked for.
     std::unordered_map<quint32, quint32> mSets;
     std::unordered_map<quint32, quint32> mCategories;
+    /// Categories that go, each with the ID of the one that their transactions join.
+    std::vector<std::pair<std::shared_ptr<CVCategory>, quint32>> mNamesakes;
     /// An ID that no category has; absent until one is needed.
     std::optional<quint32> mNoCategory;
     bool mHasChangedSets = false;
@@ -108,11 +113,35 @@ void BringingBack::undo(const std::vector<CVRecordDifference<CVCategory>>& chose
         const auto* const difference = differenceOf(mDifferences.categories, choice);
         if (!difference)
             continue;
-        if (difference->after)
+        if (difference->after) {
+            noteNamesakes(*difference);
             setNameAndPlan(*difference->after, *difference->before);
-        else
+        } else {
             mCategories[difference->before->uniqueID()] = make(*difference->before);
+        }
         ++mCount;
+    }
+}
+
+/// A category that was added since under the former name of a renamed one would stand there twice.
+void BringingBack::noteNamesakes(const CVRecordDifference<CVCategory>& renamed) {
+    const QString& name = renamed.before->categoryName();
+    if (renamed.after->categoryName() == name)
+        return;
+    for (const auto& [before, added] : mDifferences.categories) {
+        if (!before && added->categoryName() == name)
+            mNamesakes.emplace_back(added, renamed.after->uniqueID());
+    }
+}
+
+/// The transactions of the namesakes join the category that has its name again.
+void BringingBack::joinNamesakes() {
+    for (const auto& [namesake, id] : mNamesakes) {
+        for (const auto& transaction : mPresent.transactions()) {
+            if (transaction->categoryID() == namesake->uniqueID())
+                transaction->setCategoryID(id);
+        }
+        mPresent.dropCategory(namesake);
     }
 }
 
@@ -158,14 +187,18 @@ quint32 BringingBack::setFor(quint32 idBefore) {
     return entry->second;
 }
 
-/// By its name, because after clearing, an ID may mean another category.
+/// By its name, because after clearing, an ID may mean another category. Of several of that name, the counterpart.
 quint32 BringingBack::categoryFor(quint32 idBefore) {
     const auto [entry, isNew] = mCategories.emplace(idBefore, idBefore);
     if (!isNew)
         return entry->second;
     if (const auto category = recordWithID(mVersion.categories(), idBefore)) {
-        const auto same = mPresent.doesCategoryNameExist(category->categoryName());
-        entry->second = same ? same->uniqueID() : make(*category);
+        const auto counterpart = mDifferences.categoryMatching.counterpartOf(idBefore);
+        const auto same = counterpart ? mPresent.getCategoryByUniqueID(*counterpart) : nullptr;
+        const auto named = same && same->categoryName() == category->categoryName()
+                               ? same
+                               : mPresent.doesCategoryNameExist(category->categoryName());
+        entry->second = named ? named->uniqueID() : make(*category);
     } else {
         entry->second = noCategoryFor(idBefore);
     }
@@ -232,6 +265,7 @@ quint32 BringingBack::newID(quint32 (CVDocument::*issue)(), quint32 (CVTransacti
 int BringingBack::finish() {
     if (mCount == 0)
         return 0;
+    joinNamesakes();
     mPresent.finishChanges();
     if (mHasChangedSets)
         mPresent.notificationCenter().postNotification(QLatin1String(CVNotifications::kTransactionSet));

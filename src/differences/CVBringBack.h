@@ -9,6 +9,7 @@ struct CVBudgetDifferences;
 ///
 /// A transaction returns to its own set, which is made again where it is gone, and to the category of exactly that
 /// name, which is made again, with its plan, where there is none. A record that is made again keeps its ID unless
-/// another one has it by now. The shown set stays. Everything is announced once and saved once; when nothing is undone,
-/// nothing is announced or saved.
+/// another one has it by now. A renamed category that gets its name back takes in the transactions of one that was
+/// added under that name, which then goes. The shown set stays. Everything is announced once and saved once; when
+/// nothing is undone, nothing is announced or saved.
 [[nodiscard]] int CVBringBack(CVDocument& present, const CVDocument& version, const CVBudgetDifferences& chosen);

@@ -6,6 +6,7 @@
 #include "model/CVTransactionSet.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -86,8 +87,14 @@ CVBudgetDifferences CVBudgetDifferences::between(const CVDocument& before, const
     const CVRecordMatching categories =
         matched(categoriesBefore, categoriesAfter, common ? common->categories() : CVCategories(),
                 CVRecordMatching::WithoutRecord::MeansNoLaterOne);
-    return {sets, categories, find(setsBefore, setsAfter, sets), find(categoriesBefore, categoriesAfter, categories),
-            CVFindTransactionDifferences(before.transactions(), after.transactions(), sets, categories)};
+    auto [transactions, atNamesakes] =
+        CVFindTransactionDifferences(before.transactions(), after.transactions(), sets, categories);
+    return {sets,
+            categories,
+            find(setsBefore, setsAfter, sets),
+            find(categoriesBefore, categoriesAfter, categories),
+            std::move(transactions),
+            std::move(atNamesakes)};
 }
 
 CVBudgetDifferences CVBudgetDifferences::since(const CVDocument& before, const CVDocument& after) {

@@ -26,6 +26,8 @@ struct CVBudgetDifferences {
     /// Also those whose plan changed.
     std::vector<CVRecordDifference<CVCategory>> categories;
     std::vector<CVTransactionDifference> transactions;
+    /// No differences to a reader: `before` and `after` belong to two categories of the same name.
+    std::vector<CVTransactionDifference> transactionsAtNamesakes;
 
     [[nodiscard]] bool isEmpty() const { return sets.empty() && categories.empty() && transactions.empty(); }
 

@@ -1,5 +1,7 @@
 #include "differences/CVRecordMatching.h"
 
+#include <algorithm>
+
 CVRecordMatching::CVRecordMatching(std::vector<Record> before, std::vector<Record> after,
                                    const std::unordered_set<quint32>& common, WithoutRecord withoutRecord)
     : mBefore(std::move(before))
@@ -31,6 +33,24 @@ std::optional<quint32> CVRecordMatching::idAfter(quint32 idBefore) const {
     if (mWithoutRecord == WithoutRecord::MeansTheLaterOne && !mIDsBefore.contains(idBefore))
         return idBefore;
     return mIDsAfter.contains(idBefore) ? std::nullopt : std::optional(idBefore);
+}
+
+std::optional<quint32> CVRecordMatching::namesakeOfBefore(quint32 idBefore) const {
+    return namesake(mBefore, idBefore);
+}
+
+std::optional<quint32> CVRecordMatching::namesakeOfAfter(quint32 idAfter) const {
+    return namesake(mAfter, idAfter);
+}
+
+std::optional<quint32> CVRecordMatching::namesake(const std::vector<Record>& records, quint32 id) const {
+    const auto record =
+        std::find_if(records.begin(), records.end(), [id](const Record& candidate) { return candidate.id == id; });
+    if (record == records.end())
+        return std::nullopt;
+    const auto same = std::find_if(mAfter.begin(), mAfter.end(),
+                                   [&name = record->name](const Record& candidate) { return candidate.name == name; });
+    return same == mAfter.end() ? std::nullopt : std::optional(same->id);
 }
 
 /// Gives each record of the earlier state that has no counterpart yet the first free one that is the same. A budget has

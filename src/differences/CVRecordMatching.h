@@ -39,10 +39,15 @@ public:
     /// it is. Absent when the later state has nothing that could be meant: the record is gone, and its ID belongs to
     /// another one.
     [[nodiscard]] std::optional<quint32> idAfter(quint32 idBefore) const;
+    /// The first ID in the later state whose record is named exactly like this one of the earlier state, or of the
+    /// later one; absent when there is none.
+    [[nodiscard]] std::optional<quint32> namesakeOfBefore(quint32 idBefore) const;
+    [[nodiscard]] std::optional<quint32> namesakeOfAfter(quint32 idAfter) const;
 
 private:
     template <typename AreSame>
     void match(AreSame areSame);
+    [[nodiscard]] std::optional<quint32> namesake(const std::vector<Record>& records, quint32 id) const;
 
     std::vector<Record> mBefore;
     std::vector<Record> mAfter;

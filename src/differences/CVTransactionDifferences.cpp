@@ -5,6 +5,7 @@
 #include "model/CVTransaction.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -44,24 +45,41 @@ public:
         : mSets(sets)
         , mCategories(categories) {}
 
-    [[nodiscard]] Differences find(const CVTransactions& before, const CVTransactions& after);
+    [[nodiscard]] CVTransactionComparison find(const CVTransactions& before, const CVTransactions& after);
 
 private:
     using Key = CVTransactionContent (*)(CVTransactionContent content);
 
+    void compare(const CVTransactions& before, const CVTransactions& after);
     [[nodiscard]] CVTransactionContent contentBefore(const CVTransaction& transaction) const {
         return {transaction, mSets.idAfter(transaction.transactionSetID()),
                 mCategories.idAfter(transaction.categoryID())};
     }
+    void setNamesakesAside();
     void joinChanges(Key key);
+    template <typename KeyBefore, typename KeyAfter>
+    void join(KeyBefore keyBefore, KeyAfter keyAfter);
 
     const CVRecordMatching& mSets;
     const CVRecordMatching& mCategories;
     Differences mGone;
     CVTransactions mNew;
+    Differences mAtNamesakes;
 };
 
-Differences Comparison::find(const CVTransactions& before, const CVTransactions& after) {
+CVTransactionComparison Comparison::find(const CVTransactions& before, const CVTransactions& after) {
+    compare(before, after);
+    setNamesakesAside();
+    joinChanges(keyOfTextsAndAmount);
+    joinChanges(keyOfTexts);
+    joinChanges(keyOfAmount);
+    for (const auto& transaction : mNew)
+        mGone.push_back({nullptr, transaction});
+    std::stable_sort(mGone.begin(), mGone.end(), [](const auto& a, const auto& b) { return dayOf(a) > dayOf(b); });
+    return {std::move(mGone), std::move(mAtNamesakes)};
+}
+
+void Comparison::compare(const CVTransactions& before, const CVTransactions& after) {
     QHash<CVTransactionContent, int> counts;
     counts.reserve(static_cast<qsizetype>(after.size()));
     for (const auto& transaction : after)
@@ -80,25 +98,43 @@ Differences Comparison::find(const CVTransactions& before, const CVTransactions&
             mNew.push_back(transaction);
         }
     }
-    joinChanges(keyOfTextsAndAmount);
-    joinChanges(keyOfTexts);
-    joinChanges(keyOfAmount);
-    for (const auto& transaction : mNew)
-        mGone.push_back({nullptr, transaction});
-    std::stable_sort(mGone.begin(), mGone.end(), [](const auto& a, const auto& b) { return dayOf(a) > dayOf(b); });
-    return std::move(mGone);
+}
+
+/// A transaction whose category was renamed may come back to another category that has the former name.
+void Comparison::setNamesakesAside() {
+    join(
+        [this](const CVTransaction& before) {
+            CVTransactionContent content = contentBefore(before);
+            content.category = mCategories.namesakeOfBefore(before.categoryID());
+            return content;
+        },
+        [this](const CVTransaction& after) {
+            CVTransactionContent content = contentAfter(after);
+            content.category = mCategories.namesakeOfAfter(after.categoryID());
+            return content;
+        });
+    const auto aside = std::stable_partition(mGone.begin(), mGone.end(),
+                                             [](const CVTransactionDifference& gone) { return !gone.after; });
+    mAtNamesakes.assign(std::make_move_iterator(aside), std::make_move_iterator(mGone.end()));
+    mGone.erase(aside, mGone.end());
+}
+
+void Comparison::joinChanges(Key key) {
+    join([this, key](const CVTransaction& before) { return key(contentBefore(before)); },
+         [key](const CVTransaction& after) { return key(contentAfter(after)); });
 }
 
 /// Makes a change of each transaction that is gone and the first new one with the same key.
-void Comparison::joinChanges(Key key) {
+template <typename KeyBefore, typename KeyAfter>
+void Comparison::join(KeyBefore keyBefore, KeyAfter keyAfter) {
     // The places in mNew, the first last.
     QHash<CVTransactionContent, std::vector<std::size_t>> candidates;
     for (std::size_t place = mNew.size(); place-- > 0;)
-        candidates[key(contentAfter(*mNew[place]))].push_back(place);
+        candidates[keyAfter(*mNew[place])].push_back(place);
     for (CVTransactionDifference& difference : mGone) {
         if (difference.after)
             continue;
-        const auto found = candidates.find(key(contentBefore(*difference.before)));
+        const auto found = candidates.find(keyBefore(*difference.before));
         if (found == candidates.end() || found->empty())
             continue;
         difference.after = std::exchange(mNew[found->back()], nullptr);
@@ -109,9 +145,7 @@ void Comparison::joinChanges(Key key) {
 
 } // namespace
 
-std::vector<CVTransactionDifference> CVFindTransactionDifferences(const CVTransactions& before,
-                                                                  const CVTransactions& after,
-                                                                  const CVRecordMatching& sets,
-                                                                  const CVRecordMatching& categories) {
+CVTransactionComparison CVFindTransactionDifferences(const CVTransactions& before, const CVTransactions& after,
+                                                     const CVRecordMatching& sets, const CVRecordMatching& categories) {
     return Comparison(sets, categories).find(before, after);
 }

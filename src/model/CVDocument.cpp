@@ -197,15 +197,21 @@ void CVDocument::sortCategories() {
     });
 }
 
+bool CVDocument::dropCategory(const std::shared_ptr<CVCategory>& category) {
+    const auto found = std::find(mCategories.begin(), mCategories.end(), category);
+    if (found == mCategories.end())
+        return false;
+    // `category` may refer to the very element that is erased.
+    (*found)->setDocument(nullptr);
+    mCategories.erase(found);
+    askForVersion(CVVersionReason::Deletion);
+    return true;
+}
+
 void CVDocument::removeCategory(const std::shared_ptr<CVCategory>& category) {
     if (!category)
         return;
-    // `category` may refer to the very element that is erased.
-    if (const auto found = std::find(mCategories.begin(), mCategories.end(), category); found != mCategories.end()) {
-        category->setDocument(nullptr);
-        mCategories.erase(found);
-        askForVersion(CVVersionReason::Deletion);
-    }
+    dropCategory(category);
     announceCategories();
 }
 

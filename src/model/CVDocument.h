@@ -107,6 +107,8 @@ public:
     /// Appends without sorting or announcing; `finishChanges` follows.
     void appendCategory(std::shared_ptr<CVCategory> category);
     void sortCategories();
+    /// Removes this object without announcing it and returns whether the document held it; `finishChanges` follows.
+    bool dropCategory(const std::shared_ptr<CVCategory>& category);
     /// Removes this object and announces it; its transactions keep the ID, which then refers to nothing.
     void removeCategory(const std::shared_ptr<CVCategory>& category);
     /// The first category with that ID; null when there is none.

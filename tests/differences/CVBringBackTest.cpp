@@ -360,6 +360,62 @@ TEST_F(BringBackTest, RemovedSetsAndCategoriesReturnEmptyAndChangedOnesGetNameAn
     EXPECT_TRUE(mPresent.document().transactions().empty());
 }
 
+/// A transaction of the market is gone, and another one of the baker is in the category that was renamed.
+class BringBackBesideARenamedCategory : public testing::Test {
+protected:
+    void SetUp() override {
+        usual(mVersion);
+        mVersion.transaction(market()).transaction(baker("Food"));
+        usual(mPresent);
+        mPresent.categoryNamed("Food")->setCategoryName("Groceries");
+        mPresent.transaction(baker("Groceries"));
+        CVBudgetDifferences chosen = differences();
+        ASSERT_EQ(chosen.transactions.size(), 1U);
+        chosen.categories.clear();
+        ASSERT_EQ(CVBringBack(mPresent.document(), mVersion.document(), chosen), 1);
+    }
+    static Entry baker(const QString& category) {
+        return {.date = day(2014, 3, 9), .amount = 5, .payTo = "Baker", .category = category, .set = "Checking"};
+    }
+    [[nodiscard]] CVBudgetDifferences differences() { return differencesTo(mVersion, mPresent); }
+
+    BudgetBuilder mVersion;
+    BudgetBuilder mPresent;
+};
+
+TEST_F(BringBackBesideARenamedCategory, TheTransactionDiffersNoMore) {
+    EXPECT_EQ(entriesOf(mPresent.document()),
+              (QStringList{"Checking/Food Market 30.00", "Checking/Groceries Baker 5.00"}));
+    EXPECT_TRUE(differences().transactions.empty());
+}
+
+TEST_F(BringBackBesideARenamedCategory, TheFormerNameJoinsTheCategoryThatWasMadeForIt) {
+    mPresent.document().setSaver(nullptr);
+    NotificationCounter announced(mPresent.notificationCenter());
+    EXPECT_EQ(CVBringBack(mPresent.document(), mVersion.document(), differences()), 1);
+    EXPECT_EQ(categoriesOf(mPresent.document()), (QStringList{"3 Food 200", "4 Fuel 0", "5 Rent 0"}));
+    EXPECT_EQ(entriesOf(mPresent.document()), (QStringList{"Checking/Food Baker 5.00", "Checking/Food Market 30.00"}));
+    EXPECT_TRUE(differences().isEmpty());
+    EXPECT_EQ(announced.count(CVNotifications::kCategoryAddedRemoved), 1);
+}
+
+TEST_F(BringBackBesideARenamedCategory, AChangedTransactionReturnsTogetherWithTheFormerName) {
+    mPresent.transactionAt(0)->setAmount(31);
+    mPresent.transactionAt(1)->setAmount(32);
+    EXPECT_EQ(CVBringBack(mPresent.document(), mVersion.document(), differences()), 3);
+    EXPECT_TRUE(differences().isEmpty());
+}
+
+TEST(BringBackAmongCategoriesOfOneName, ATransactionReturnsToItsOwn) {
+    BudgetBuilder version;
+    version.set("Checking", 1).category("Food", 3).category("Food", 4);
+    version.transaction({.date = day(2014, 3, 7), .amount = 30, .payTo = "Market", .categoryID = 4, .setID = 1});
+    BudgetBuilder present;
+    present.set("Checking", 1).category("Food", 3).category("Food", 4);
+    EXPECT_EQ(CVBringBack(present.document(), version.document(), differencesTo(version, present)), 1);
+    EXPECT_EQ(present.transactionAt(0)->categoryID(), 4U);
+}
+
 TEST(BringBackUnderANewID, NothingElseOfTheVersionReturnsUnderIt) {
     BudgetBuilder version;
     version.set("Old", 9).category("X", 1).transaction(market("Old", "X"));

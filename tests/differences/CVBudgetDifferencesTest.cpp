@@ -53,6 +53,18 @@ TEST(CVBudgetDifferences, ARenamedCategoryLeavesItsTransactionsAlone) {
     EXPECT_EQ(CVBudgetDifferences::between(before.document(), after.document(), nullptr).transactions.size(), 1U);
 }
 
+TEST(CVBudgetDifferences, ATransactionAtAnotherCategoryOfTheSameNameIsTheSame) {
+    BudgetBuilder before;
+    before.category("Food", 3).transaction({.date = day(2014, 3, 7), .amount = 5, .category = "Food"});
+    BudgetBuilder after;
+    after.category("Groceries", 3).category("Food", 21);
+    after.transaction({.date = day(2014, 3, 7), .amount = 5, .category = "Food"});
+    const auto differences = CVBudgetDifferences::between(before.document(), after.document(), &before.document());
+    EXPECT_TRUE(differences.transactions.empty());
+    EXPECT_EQ(differences.transactionsAtNamesakes.size(), 1U);
+    EXPECT_EQ(differences.categories.size(), 2U);
+}
+
 TEST(CVBudgetDifferences, TransactionsWithoutASetStayInTheOneThatIsMadeForThem) {
     BudgetBuilder before;
     before.category("Food", 3).transaction({.date = day(2014, 3, 7), .amount = 5, .category = "Food"});
@@ -109,12 +121,14 @@ QStringList linesOf(const CVDocument& document) {
 QStringList applied(const CVBudgetDifferences& differences, const CVDocument& before) {
     std::unordered_set<const CVTransaction*> gone;
     QStringList lines;
-    for (const auto& difference : differences.transactions) {
-        if (difference.before)
-            gone.insert(difference.before.get());
-        if (difference.after)
-            lines.append(
-                lineOf(*difference.after, difference.after->transactionSetID(), difference.after->categoryID()));
+    for (const auto& changes : {differences.transactions, differences.transactionsAtNamesakes}) {
+        for (const auto& difference : changes) {
+            if (difference.before)
+                gone.insert(difference.before.get());
+            if (difference.after)
+                lines.append(
+                    lineOf(*difference.after, difference.after->transactionSetID(), difference.after->categoryID()));
+        }
     }
     for (const auto& transaction : before.transactions()) {
         if (gone.contains(transaction.get()))
@@ -148,6 +162,8 @@ TEST(CVBudgetDifferencesProperty, AppliedToOneBudgetGiveTheOther) {
         const auto differences =
             CVBudgetDifferences::between(before.document(), after.document(), isLater ? &before.document() : nullptr);
         ASSERT_EQ(applied(differences, before.document()), linesOf(after.document())) << seed;
+        for (const auto& [earlier, later] : differences.transactionsAtNamesakes)
+            ASSERT_EQ(earlier->categoryName(), later->categoryName()) << seed;
         for (const auto& difference : differences.transactions)
             ASSERT_TRUE(difference.before || difference.after) << seed;
     }

@@ -49,7 +49,7 @@ QStringList differencesOf(const CVTransactions& before, const CVTransactions& af
                                       {});
     const CVRecordMatching sets({{1, "Checking"}}, {{1, "Checking"}}, {});
     QStringList texts;
-    for (const auto& difference : CVFindTransactionDifferences(before, after, sets, categories))
+    for (const auto& difference : CVFindTransactionDifferences(before, after, sets, categories).differences)
         texts.append(described(difference));
     return texts;
 }
