@@ -1,5 +1,7 @@
 #include "workspace/controls/CVSaveStatus.h"
 
+#include "widgets/CVElidedLabel.h"
+
 #include <QAccessible>
 #include <QHBoxLayout>
 #include <QIcon>
@@ -23,7 +25,7 @@ void announce(QLabel& label) {
 
 CVSaveStatus::CVSaveStatus(QWidget* parent)
     : QWidget(parent)
-    , mRemark(new QLabel(this))
+    , mRemark(new CVElidedLabel(this))
     , mShowVersions(new QPushButton(tr("Sho&w…"), this))
     , mIcon(new QLabel(this))
     , mText(new QLabel(this))
@@ -31,7 +33,6 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
     , mTryAgain(new QPushButton(tr("Tr&y Again"), this))
     , mAttempt(this) {
     mRemark->setObjectName(QStringLiteral("mRemark"));
-    mRemark->setTextFormat(Qt::PlainText);
     mRemark->hide();
     mShowVersions->setObjectName(QStringLiteral("mShowVersionsButton"));
     mShowVersions->setAccessibleName(tr("Show Earlier Versions"));
@@ -40,7 +41,6 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
     mText->setObjectName(QStringLiteral("mSaveStatusText"));
     mText->setTextFormat(Qt::PlainText);
     mText->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    mText->setWordWrap(true);
     mMakeRoom->setObjectName(QStringLiteral("mMakeRoomButton"));
     mMakeRoom->setAccessibleName(tr("Delete Earlier Versions"));
     mTryAgain->setObjectName(QStringLiteral("mTryAgainButton"));
@@ -106,6 +106,8 @@ void CVSaveStatus::show(const QString& text, Outcome outcome) {
     mText->setFont(font);
     // The text of a failure begins next to its icon.
     mText->setAlignment((failed ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
+    // Only a failure has a long text; where there is little room, a remark gives way to a short one.
+    mText->setWordWrap(failed);
     mText->setText(text);
     if (failed) {
         const int side = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);

@@ -3,6 +3,7 @@
 #include <QTimer>
 #include <QWidget>
 
+class CVElidedLabel;
 class QLabel;
 class QPushButton;
 
@@ -40,7 +41,7 @@ private:
     void show(const QString& text, Outcome outcome);
     void showFailure();
 
-    QLabel* mRemark;
+    CVElidedLabel* mRemark;
     QPushButton* mShowVersions;
     QLabel* mIcon;
     QLabel* mText;
