@@ -9,9 +9,11 @@
 #include "base/CVDefaultsKeys.h"
 #include "base/CVSite.h"
 #include "editors/CVEditorWindow.h"
+#include "format/QBLocale.h"
 #include "history/CVHistoryWindow.h"
 #include "model/CVDocument.h"
 #include "preferences/CVPreferenceWindowController.h"
+#include "versions/CVListedVersion.h"
 #include "versions/CVVersionLimit.h"
 #include "widgets/CVAlerts.h"
 #include "widgets/CVHelpOpener.h"
@@ -97,8 +99,9 @@ CVLoadReport CVAppDelegate::read(CVDocument& document, CVReadingPanel panel) {
 void CVAppDelegate::makeWindowControllers() {
     mMainWindow = std::make_unique<CVMainWindowController>(*mDocument, mAlerts, mPanels);
     mMainWindow->setMayClose([this] { return mayClose(); });
-    mEditorWindows = std::make_unique<CVEditorWindows>(*mDocument, mAlerts, mHelp, *mMainWindow->window(),
-                                                       [this] { showPreferences(); });
+    mEditorWindows = std::make_unique<CVEditorWindows>(
+        *mDocument, mAlerts, mHelp, *mMainWindow->window(), [this] { showPreferences(); },
+        [this](int count) { mMainWindow->remarkRemoval(count); });
     mMainWindow->setDocumentWindows(mEditorWindows.get());
     mMainWindow->setPrintPanels(mPrintPanels);
     connect(mMainWindow.get(), &CVMainWindowController::applicationCommandChosen, this, &CVAppDelegate::carryOut);
@@ -196,11 +199,17 @@ void CVAppDelegate::keepInFront(QWidget& window) {
     window.windowHandle()->setTransientParent(mMainWindow->window()->windowHandle());
 }
 
-/// Versions keep what was cleared, which the user is to know.
-void CVAppDelegate::remarkClearing() {
-    if (CVVersionLimit(mUserDefaults) > 0)
-        mMainWindow->saveStatus().remark(tr("Your data was cleared; earlier versions are kept"),
+/// Versions keep what was cleared, which the user is to know, also when only former ones are left.
+void CVAppDelegate::remarkClearing(int transactions) {
+    const QString cleared = transactions == 1
+                                ? tr("Your data was cleared: 1 transaction removed")
+                                : tr("Your data was cleared: %1 transactions removed", nullptr, transactions)
+                                      .arg(QBLocaleInForce().toString(transactions));
+    if (CVVersionLimit(mUserDefaults) > 0 || !CVListedVersion::of(mFile.dataFiles().value(0)).isEmpty())
+        mMainWindow->saveStatus().remark(tr("%1; earlier versions are kept").arg(cleared),
                                          CVSaveStatus::Offer::Versions);
+    else
+        mMainWindow->saveStatus().remark(cleared);
 }
 
 void CVAppDelegate::showUpdatePreferences() {

@@ -89,7 +89,7 @@ private:
     void makeWindowControllers();
     void carryOut(CVCommand command);
     void keepInFront(QWidget& window);
-    void remarkClearing();
+    void remarkClearing(int transactions);
     void showUpdatePreferences();
     void showDataFilePreferences();
     [[nodiscard]] QString waitForSaves() override;

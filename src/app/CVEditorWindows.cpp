@@ -7,19 +7,22 @@
 #include <utility>
 
 CVEditorWindows::CVEditorWindows(CVDocument& document, CVAlerts& alerts, CVHelpOpener* help, QWidget& mainWindow,
-                                 std::function<void()> showPreferences)
+                                 std::function<void()> showPreferences, std::function<void(int count)> remarkRemoval)
     : mDocument(document)
     , mAlerts(alerts)
     , mHelp(help)
     , mMainWindow(mainWindow)
-    , mShowPreferences(std::move(showPreferences)) {}
+    , mShowPreferences(std::move(showPreferences))
+    , mRemarkRemoval(std::move(remarkRemoval)) {}
 
 void CVEditorWindows::createCategoryEditController() {
     CVCategoryEditController(mDocument, mAlerts, mHelp, &mMainWindow).exec();
 }
 
 void CVEditorWindows::createTransactionSetController() {
-    CVTransactionSetController(mDocument, mAlerts, mHelp, &mMainWindow).exec();
+    CVTransactionSetController editor(mDocument, mAlerts, mHelp, &mMainWindow);
+    QObject::connect(&editor, &CVTransactionSetController::transactionsRemoved, mRemarkRemoval);
+    editor.exec();
 }
 
 void CVEditorWindows::createTransactionController(const CVTransactions& transactions) {

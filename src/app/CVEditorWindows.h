@@ -9,13 +9,14 @@ class CVAlerts;
 class CVHelpOpener;
 class QWidget;
 
-/// Opens the editors as modal windows of the main window; the application opens the preferences. References the
+/// Opens the editors as modal windows of the main window; the application opens the preferences and
+/// remarks how many transactions an editor has removed. References the
 /// document, the alerts, the help and the main window, which exist whenever a window is opened.
 class CVEditorWindows final : public CVDocumentWindows {
 public:
     /// Without `help` the editors have no Help button.
     CVEditorWindows(CVDocument& document, CVAlerts& alerts, CVHelpOpener* help, QWidget& mainWindow,
-                    std::function<void()> showPreferences);
+                    std::function<void()> showPreferences, std::function<void(int count)> remarkRemoval);
 
     void createCategoryEditController() override;
     void createTransactionSetController() override;
@@ -28,4 +29,5 @@ private:
     CVHelpOpener* mHelp;
     QWidget& mMainWindow;
     std::function<void()> mShowPreferences;
+    std::function<void(int count)> mRemarkRemoval;
 };

@@ -81,7 +81,8 @@ void CVTransactionSetController::removeTransactionSet() {
     if (isCurrentSet(row))
         return refuseRemoval();
     const auto set = mModel->set(row);
-    if (!confirmRemoval(*set, mModel->count(row)))
+    const qsizetype count = mModel->count(row);
+    if (!confirmRemoval(*set, count))
         return;
     mDocument.removeTransactionsForSet(set->uniqueID());
     std::erase(mDocument.transactionSets(), set);
@@ -90,6 +91,8 @@ void CVTransactionSetController::removeTransactionSet() {
     mTransactionSetTable->moveCursorTo(row);
     save();
     announce(nullptr);
+    if (count > 0)
+        emit transactionsRemoved(static_cast<int>(count));
 }
 
 void CVTransactionSetController::keepEntries() {

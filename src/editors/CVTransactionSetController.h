@@ -31,6 +31,10 @@ public:
 
     void keepEntries() override;
 
+signals:
+    /// A set was deleted together with that many transactions, at least one.
+    void transactionsRemoved(int count);
+
 private:
     void makeInitialSet();
     void addControls(CVHelpOpener* help);

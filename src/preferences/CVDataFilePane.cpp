@@ -229,9 +229,10 @@ void CVDataFilePane::clearDataFile() {
     // The main window was usable during the alert and may have opened a modal window.
     if (mAlerts.run(this, second) != CVAlert::kDefault || leadToWaitingWindow())
         return;
+    const auto transactions = static_cast<int>(mDocument->transactions().size());
     mDocument->reset_to_default_info();
     store().announce();
-    emit cleared();
+    emit cleared(transactions);
     if (const QString failure = mHost.waitForSaves(); !failure.isEmpty()) {
         mAlerts.run(this, {tr("Corvella data not cleared in the file"),
                            failure + u' ' + tr("The file still holds your data until a save succeeds."), tr("OK")});

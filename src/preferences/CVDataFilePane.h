@@ -31,8 +31,8 @@ public:
     void clearDataFile();
 
 signals:
-    /// The budget was emptied and some settings were reset.
-    void cleared();
+    /// The budget, which held that many transactions, was emptied and some settings were reset.
+    void cleared(int transactions);
 
 private:
     enum class Replace : bool { No, Yes };

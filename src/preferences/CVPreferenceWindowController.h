@@ -46,8 +46,8 @@ public:
     void done(int result) override;
 
 signals:
-    /// The user has cleared the data file.
-    void cleared();
+    /// The user has cleared the data file, which held that many transactions.
+    void cleared(int transactions);
 
 private:
     void addPane(CVPreferencePane& pane, const QString& title, const char* identifier);

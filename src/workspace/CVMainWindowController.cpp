@@ -6,6 +6,7 @@
 #include "base/QBUserDefaults.h"
 #include "budget/CVRangePresets.h"
 #include "contents/CVEntry.h"
+#include "format/QBLocale.h"
 #include "model/CVDocument.h"
 #include "model/CVTransactionSet.h"
 #include "versions/CVVersionLimit.h"
@@ -107,6 +108,14 @@ void CVMainWindowController::record() {
     mEntryController->record();
 }
 
+void CVMainWindowController::remarkRemoval(int count) {
+    const bool isKept = CVVersionLimit(mDocument.userDefaults()) > 0;
+    saveStatus().remark(count == 1
+                            ? tr("1 transaction removed")
+                            : tr("%1 transactions removed", nullptr, count).arg(QBLocaleInForce().toString(count)),
+                        isKept ? CVSaveStatus::Offer::Versions : CVSaveStatus::Offer::Nothing);
+}
+
 void CVMainWindowController::removeTransaction() {
     mListController->removeTransaction();
 }
@@ -206,10 +215,7 @@ void CVMainWindowController::connectParts() {
     connect(controller, &CVTransactionsTabController::listChanged, this, &Self::reloadAllTables);
     connect(controller, &CVTransactionsTabController::presetPicked, this, &Self::presetPicked);
     connect(controller, &CVTransactionsTabController::transactionsRemoved, this, &Self::getStarted);
-    connect(controller, &CVTransactionsTabController::removalRemarked, this, [this](const QString& text) {
-        const bool isKept = CVVersionLimit(mDocument.userDefaults()) > 0;
-        saveStatus().remark(text, isKept ? CVSaveStatus::Offer::Versions : CVSaveStatus::Offer::Nothing);
-    });
+    connect(controller, &CVTransactionsTabController::removalRemarked, this, &Self::remarkRemoval);
     connect(&saveStatus(), &CVSaveStatus::versionsRequested, this,
             [this] { emit applicationCommandChosen(CVCommand::EarlierVersions); });
     connect(mSummaryController.get(), &CVSummaryTabController::periodsChanged, this, &Self::reloadAllTables);

@@ -59,6 +59,8 @@ public:
     void record();
     /// Removes the selected transactions once the user has confirmed it.
     void removeTransaction();
+    /// Says in the status line how many transactions went, and leads to the earlier versions where they are kept.
+    void remarkRemoval(int count);
     /// Shows the list and selects the transactions that were probably entered twice.
     void detectDuplicates();
     /// Writes the listed transactions to a file that the user chooses.

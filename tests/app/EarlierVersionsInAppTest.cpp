@@ -1,5 +1,6 @@
 #include "ShellFixture.h"
 #include "history/CVHistoryWindow.h"
+#include "versions/CVKeptCopy.h"
 #include "versions/CVVersionLimit.h"
 #include "widgets/tables/CVTableView.h"
 #include "workspace/controls/CVSaveStatus.h"
@@ -109,7 +110,7 @@ TEST_F(EarlierVersionsInApp, TheRemarkOnClearingSaysThatTheyAreKept) {
     mAlerts.answer({CVAlert::kAlternate, CVAlert::kDefault, CVAlert::kDefault});
     preference<QAbstractButton>("Clear Data File")->click();
     ASSERT_TRUE(document().transactions().empty());
-    EXPECT_EQ(remark(), "Your data was cleared; earlier versions are kept");
+    EXPECT_EQ(remark(), "Your data was cleared: 3 transactions removed; earlier versions are kept");
     EXPECT_TRUE(showButton().isVisible());
 }
 
@@ -122,8 +123,20 @@ TEST_F(EarlierVersionsInApp, WithoutKeptVersionsNoRemarkLeadsToThem) {
     mDelegate->showPreferences();
     mAlerts.answer({CVAlert::kAlternate, CVAlert::kDefault, CVAlert::kDefault});
     preference<QAbstractButton>("Clear Data File")->click();
-    EXPECT_EQ(remark(), "3 transactions removed");
+    EXPECT_EQ(remark(), "Your data was cleared: 0 transactions removed");
     EXPECT_TRUE(showButton().isHidden());
+}
+
+TEST_F(EarlierVersionsInApp, TheRemarkOnClearingLeadsToFormerOnesWhenNoneAreWantedAnyMore) {
+    startWithBudget();
+    const QString dataFile = *defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
+    ASSERT_FALSE(CVKeptCopy::keepUnreadable(dataFile, QDateTime::currentDateTime()).path.isEmpty());
+    CVSetVersionLimit(defaults(), 0);
+    mDelegate->showPreferences();
+    mAlerts.answer({CVAlert::kAlternate, CVAlert::kDefault, CVAlert::kDefault});
+    preference<QAbstractButton>("Clear Data File")->click();
+    EXPECT_EQ(remark(), "Your data was cleared: 3 transactions removed; earlier versions are kept");
+    EXPECT_TRUE(showButton().isVisible());
 }
 
 TEST_F(EarlierVersionsInApp, TheProgramEndsWhileTheyAreShown) {

@@ -1,5 +1,7 @@
 #include "app/EditorWindowsFixture.h"
 
+#include <QLabel>
+
 namespace {
 
 using EditorWindowsTest = EditorWindowsFixture;
@@ -105,6 +107,19 @@ TEST_F(EditorWindowsTest, TheSetPopUpComesAndGoesWithTheSecondSetWhileASearchIsA
         EXPECT_EQ(find<QLineEdit>("mTotalNumberOfTransactionsField1")->text(), "1");
     });
     EXPECT_EQ(document().transactions().size(), 1U);
+}
+
+TEST_F(EditorWindowsTest, TheStatusLineSaysHowManyTransactionsWentWithTheirSet) {
+    inSetEditor([](QTableView& table) { clickButton(table, "Add"); });
+    find<QComboBox>("mTransactionSet")->setFocus();
+    press(Qt::Key_Down);
+    mAlerts.answer({CVAlert::kDefault, CVAlert::kAlternate});
+    inSetEditor([](QTableView& table) {
+        clickRow(table, "Initial Transaction Set");
+        clickButton(table, "Delete");
+    });
+    EXPECT_EQ(find<QLabel>("mRemark")->text(), "3 transactions removed");
+    EXPECT_TRUE(find<QPushButton>("mShowVersionsButton")->isVisible());
 }
 
 TEST_F(EditorWindowsTest, TheReportsFollowSetsThatAreAddedAndDeleted) {

@@ -6,7 +6,6 @@
 #include "contents/CVDuplicates.h"
 #include "contents/CVTransactionExport.h"
 #include "contents/CVTransactionList.h"
-#include "format/QBLocale.h"
 #include "model/CVCategory.h"
 #include "model/CVDocument.h"
 #include "model/CVTransaction.h"
@@ -83,10 +82,7 @@ void CVTransactionsTabController::removeTransaction() {
     emit transactionsRemoved();
     // The table gets the focus, because the Remove button is now disabled and the focus would go to the next control.
     table.setFocus();
-    const int count = static_cast<int>(selected.size());
-    emit removalRemarked(count == 1
-                             ? tr("1 transaction removed")
-                             : tr("%1 transactions removed", nullptr, count).arg(QBLocaleInForce().toString(count)));
+    emit removalRemarked(static_cast<int>(selected.size()));
 }
 
 void CVTransactionsTabController::detectDuplicates() {

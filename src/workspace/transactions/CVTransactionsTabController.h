@@ -40,7 +40,7 @@ signals:
     /// Transactions have been removed from the document.
     void transactionsRemoved();
     /// What was removed, which nothing else in the window shows.
-    void removalRemarked(const QString& text);
+    void removalRemarked(int count);
 
 private:
     void connectTab();
