@@ -9,7 +9,8 @@ class CVMainWindowController;
 struct CVSaveOutcome;
 
 /// Tells the user how saves ended: in the status line of the main window, and in an alert what must not be missed, each
-/// thing once. References the alerts, which outlive it.
+/// thing once, and trouble with earlier versions once again after a save without it. References the alerts, which
+/// outlive it.
 class CVSaveTeller final {
 public:
     explicit CVSaveTeller(CVAlerts& alerts) : mAlerts(alerts) {}

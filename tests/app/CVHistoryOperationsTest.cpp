@@ -339,4 +339,16 @@ TEST_F(CVHistoryOperationsTest, TroubleWithVersionsIsRemarkedOnceAndAsksNothing)
     quit();
 }
 
+TEST_F(CVHistoryOperationsTest, TroubleWithVersionsIsRemarkedAgainAfterASaveWithoutIt) {
+    start();
+    CVSaveOutcome outcome;
+    outcome.versionTrouble = "An earlier version could not be kept.";
+    emit mDelegate->saves().saveFinished(outcome);
+    mDelegate->mainWindow()->saveStatus().remark("Something else.");
+    emit mDelegate->saves().saveFinished(CVSaveOutcome());
+    emit mDelegate->saves().saveFinished(outcome);
+    EXPECT_EQ(remark(), outcome.versionTrouble);
+    quit();
+}
+
 } // namespace
