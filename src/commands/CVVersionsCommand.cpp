@@ -17,7 +17,7 @@ namespace {
 constexpr int kDone = 0;
 constexpr int kFailed = 1;
 const QString kListedTime = QStringLiteral("yyyy-MM-dd HH:mm:ss");
-const QString kKeptCopyWords = QStringLiteral("unreadable");
+const QString kKeptCopyWords = QStringLiteral("kept copy");
 
 struct VersionsCommandText {
     Q_DECLARE_TR_FUNCTIONS(CVVersionsCommand)

@@ -144,13 +144,9 @@ QString CVVersionTableModel::text(int row, int column, Wording wording) const {
     }
 }
 
-/// A kept copy that can be read was kept because another program had written it.
+/// Nothing says whether a kept copy is damaged or of another program.
 QString CVVersionTableModel::keptText(const Row& row) {
-    if (row.version.reason)
-        return CVVersionText::reason(*row.version.reason);
-    if (!row.findings)
-        return tr("kept copy");
-    return row.findings->problem.isEmpty() ? tr("changed outside Corvella") : tr("unreadable");
+    return row.version.reason ? CVVersionText::reason(*row.version.reason) : tr("before it was written over");
 }
 
 QString CVVersionTableModel::differencesText(const Row& row, Wording wording) {

@@ -26,7 +26,7 @@ TEST_F(VersionsProgram, ListsVersionsAndKeptCopiesTheNewestFirst) {
     const QString versions = mHome.filePath(mVersions);
     EXPECT_EQ(result.output, "2026-11-23 09:15:00\tfirst change of the day\t3\t" + versions +
                                  "2026-11-23 091500 (first change of the day).corvella\n"
-                                 "2026-11-22 23:59:59\tunreadable\t2\t" +
+                                 "2026-11-22 23:59:59\tkept copy\t2\t" +
                                  folder +
                                  "Corvella Data (unreadable 2026-11-22 235959).corvella\n"
                                  "2026-11-22 14:02:07\tbefore removing\t4\t" +

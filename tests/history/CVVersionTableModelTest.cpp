@@ -58,14 +58,14 @@ TEST_F(CVVersionTableModelTest, SaysWhatDiffersInSignsAndInWords) {
     }
 }
 
-TEST_F(CVVersionTableModelTest, AKeptCopySaysWhetherItCanBeRead) {
+TEST_F(CVVersionTableModelTest, AKeptCopySaysOnlyWhatIsKnownOfIt) {
     mModel.setVersions({version("copy", std::nullopt)}, 10);
-    EXPECT_EQ(cell(1, VersionColumn::Kept), "kept copy");
+    EXPECT_EQ(cell(1, VersionColumn::Kept), "before it was written over");
     mModel.setFindings({.path = "copy", .transactions = 5});
-    EXPECT_EQ(cell(1, VersionColumn::Kept), "changed outside Corvella");
-    mModel.setFindings({.path = "copy", .problem = "line 3: no end"});
-    EXPECT_EQ(cell(1, VersionColumn::Kept), "unreadable");
-    EXPECT_EQ(cell(1, VersionColumn::Differences), "cannot be read: line 3: no end");
+    EXPECT_EQ(cell(1, VersionColumn::Kept), "before it was written over") << "a damaged file may be read in part";
+    mModel.setFindings({.path = "copy", .problem = "there is not enough memory"});
+    EXPECT_EQ(cell(1, VersionColumn::Kept), "before it was written over");
+    EXPECT_EQ(cell(1, VersionColumn::Differences), "cannot be read: there is not enough memory");
     EXPECT_EQ(cell(1, VersionColumn::Transactions), "");
 }
 
