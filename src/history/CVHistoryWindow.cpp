@@ -247,7 +247,8 @@ void CVHistoryWindow::showProgress() {
     if (!mAwaited.isEmpty() && !mShowsProgress.isActive())
         text = tr("%1 of %2 versions read…").arg(counted(versions - mAwaited.size()), counted(versions));
     else if (mAwaited.isEmpty() && mLines->hasReturnable() && !mBringBack->isEnabled())
-        text = tr("Select the lines that are to come back.");
+        text = mLines->hasSelection() ? tr("What was added since has nothing to bring back.")
+                                      : tr("Select the lines that are to come back.");
     mProgress->setText(text);
 }
 

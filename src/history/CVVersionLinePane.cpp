@@ -20,7 +20,7 @@
 namespace {
 
 /// The usual widths of the columns, in widths of a digit.
-constexpr std::array kLineWidths{17, 11, 14, 20, 20, 22, 13, 5, 5};
+constexpr std::array kLineWidths{17, 11, 20, 20, 20, 20, 13, 5, 5};
 /// The minimum width of any column, in letters.
 constexpr int kShortestLineColumn = 6;
 constexpr int kSearchWidthInLetters = 30;
@@ -151,6 +151,10 @@ std::vector<std::size_t> CVVersionLinePane::returnableLines() const {
 bool CVVersionLinePane::hasReturnable() const {
     const CVVersionLines& lines = mModel->lines();
     return lines.count(CVVersionSign::Removed) + lines.count(CVVersionSign::Changed) > 0;
+}
+
+bool CVVersionLinePane::hasSelection() const {
+    return mTable->selectionModel()->hasSelection();
 }
 
 std::size_t CVVersionLinePane::countReturnable() const {

@@ -30,6 +30,7 @@ public:
     void setMessage(const QString& message);
     /// Whether there are lines that can be brought back when they are selected.
     [[nodiscard]] bool hasReturnable() const;
+    [[nodiscard]] bool hasSelection() const;
     /// The number of selected lines that can be brought back: those that were removed or changed.
     [[nodiscard]] std::size_t countReturnable() const;
     /// Those lines; not to be called when there are none.
