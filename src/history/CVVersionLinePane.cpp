@@ -105,9 +105,40 @@ void CVVersionLinePane::addTable() {
 }
 
 void CVVersionLinePane::show(std::shared_ptr<const CVBudgetDifferences> differences) {
+    Counts selected;
+    for (const QModelIndex& index : mTable->selectionModel()->selectedRows())
+        ++selected[textOfRow(index.row())];
     mDifferences = std::move(differences);
     mModel->setLines(CVVersionLines(mDifferences));
     showCounts();
+    select(std::move(selected));
+}
+
+/// The records of another reading are other objects, so a line is known by what it says.
+QString CVVersionLinePane::textOfRow(int row) const {
+    QStringList cells;
+    for (int column = 0; column < CVVersionLines::ColumnCount; ++column)
+        cells.append(mModel->index(row, column).data().toString());
+    return cells.join(QChar(u'\n'));
+}
+
+/// Selects as many rows of each text as there were, as one range where they are neighbours.
+void CVVersionLinePane::select(Counts rows) {
+    if (rows.isEmpty())
+        return;
+    QItemSelection selection;
+    int first = 0;
+    for (int row = 0; row <= mModel->rowCount(); ++row) {
+        if (row < mModel->rowCount() && rows.value(textOfRow(row)) > 0) {
+            --rows[textOfRow(row)];
+            continue;
+        }
+        if (first < row)
+            selection.select(mModel->index(first, 0), mModel->index(row - 1, 0));
+        first = row + 1;
+    }
+    if (!selection.isEmpty())
+        mTable->selectionModel()->select(selection, QItemSelectionModel::Select | QItemSelectionModel::Rows);
 }
 
 void CVVersionLinePane::updateFormats() {

@@ -2,6 +2,7 @@
 
 #include "contents/CVVersionSign.h"
 
+#include <QHash>
 #include <QWidget>
 
 #include <array>
@@ -24,7 +25,7 @@ class CVVersionLinePane final : public QWidget {
 public:
     explicit CVVersionLinePane(QWidget* parent);
 
-    /// Null gives no lines.
+    /// Null gives no lines. Lines that were shown and selected before stay selected.
     void show(std::shared_ptr<const CVBudgetDifferences> differences);
     /// Says why there are no lines; a search that finds none says so itself.
     void setMessage(const QString& message);
@@ -54,6 +55,9 @@ private:
     void showCounts();
     void showMessage();
     [[nodiscard]] std::vector<std::size_t> returnableLines() const;
+    [[nodiscard]] QString textOfRow(int row) const;
+    using Counts = QHash<QString, int>;
+    void select(Counts rows);
 
     CVVersionLineModel* mModel;
     CVTableView* mTable;

@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QTest>
 
@@ -283,6 +284,25 @@ TEST_F(CVHistoryWindowTest, FollowsTheBudget) {
     mBudget.transactionAt(0)->setAmount(25);
     mWindow->versionsChanged();
     ASSERT_TRUE(QTest::qWaitFor([this] { return payees().size() == 2; }));
+}
+
+TEST_F(CVHistoryWindowTest, TheSelectionAndThePlaceStayWhenTheBudgetChanges) {
+    keepWith(60, CVVersionReason::Removal, at(7, 14));
+    open();
+    ASSERT_EQ(payees().size(), 60);
+    lines().selectRow(41);
+    QScrollBar& bar = *lines().verticalScrollBar();
+    bar.setValue(bar.maximum() / 2);
+    const int place = bar.value();
+    ASSERT_GT(place, 0);
+    const QString amount = cell(lines(), 41, CVVersionLinesColumn::Amount);
+    mBudget.document().removeTransaction(mBudget.transactionAt(0));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return payees().size() == 61; }));
+    const QModelIndexList selected = lines().selectionModel()->selectedRows();
+    ASSERT_EQ(selected.size(), 1);
+    EXPECT_EQ(cell(lines(), selected[0].row(), CVVersionLinesColumn::Amount), amount);
+    EXPECT_EQ(bar.value(), place);
+    EXPECT_TRUE(isEnabled("mBringBackButton"));
 }
 
 TEST_F(CVHistoryWindowTest, AVersionThatIsKeptMeanwhileIsChosenOnlyWhileTheUserHasChosenNone) {
