@@ -19,6 +19,7 @@ WINDOWS = (
     (("ctrl+shift+s",), "Transaction Sets"),
     (("ctrl+comma",), "Corvella Preferences"),
     (("alt+f", "u"), "Page Setup"),
+    (("alt+f", "a"), "Earlier Versions"),
     (("alt+h", "a"), "About Corvella"),
 )
 # These windows open only when there is something to write.
