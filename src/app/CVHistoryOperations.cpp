@@ -187,7 +187,7 @@ QString CVHistoryOperations::moveVersions(const QString& from, const QString& to
     const CVVersionFolder target(to);
     CVFileResult result;
     if (QFileInfo(from).isFile() && CVVersionLimit(mApp.document().userDefaults()) > 0)
-        result = target.keepCopy(from, CVVersionReason::Move, QDateTime::currentDateTime());
+        result.error = target.keepCopy(from, CVVersionReason::Move, QDateTime::currentDateTime()).error;
     if (result.ok())
         result = CVVersionFolder(from).moveTo(target);
     if (result.ok())

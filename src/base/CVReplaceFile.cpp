@@ -83,7 +83,7 @@ CVReplaceResult replaceFile(const QString& path, const CVFileContent& write, CVN
         return {result};
     const CVSwapResult swap = place(file.path(), target);
     if (!swap.isPlaced)
-        return {swap};
+        return {{swap.error}};
     file.release();
     return {CVSyncFolder(QFileInfo(target).absolutePath()), written, swap.former, swap.isExpected};
 }

@@ -112,8 +112,8 @@ CVVersionLines::Cell CVVersionLines::cell(std::size_t line, int column) const {
             tr(kWordsOfLines[static_cast<std::size_t>(shown.kind)].words[static_cast<std::size_t>(shown.sign)]);
         return {word, word};
     }
-    const Cell said{shown.sign == CVVersionSign::Added ? QString() : text(shown, column, false),
-                    shown.sign == CVVersionSign::Removed ? QString() : text(shown, column, true)};
+    Cell said{shown.sign == CVVersionSign::Added ? QString() : text(shown, column, false),
+              shown.sign == CVVersionSign::Removed ? QString() : text(shown, column, true)};
     if (shown.sign == CVVersionSign::Changed && said.isChanged())
         return said;
     const bool isNow = shown.sign != CVVersionSign::Removed;

@@ -73,7 +73,7 @@ private:
     QStringList mWaiting;
     struct Finding {
         CVVersionFindings findings;
-        quint64 round;
+        quint64 round = 0;
     };
     /// What is not told yet.
     std::deque<Finding> mFound;

@@ -184,7 +184,7 @@ void CVSaveQueue::keepFormer(const Job& job, const CVReplaceResult& replacing, C
         return;
     }
     const CVVersionFolder folder(job.path);
-    CVFileResult result = folder.keep(replacing.former, due, now);
+    CVFileResult result{folder.keep(replacing.former, due, now).error};
     mNotKept.erase(job.path);
     if (!result.ok()) {
         mNotKept[job.path] = {now, 1, due};

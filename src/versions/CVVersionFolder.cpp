@@ -174,7 +174,7 @@ CVFileResult CVVersionFolder::moveTo(const CVVersionFolder& other) const {
         if (!result.ok())
             break;
         const Keeping copy = other.place(version.path, version.name, CVCopyFile);
-        result = copy;
+        result.error = copy.error;
         if (copy.ok())
             copies.append(copy.path);
     }

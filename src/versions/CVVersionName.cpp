@@ -13,7 +13,7 @@ const QString kTimeFormat = QStringLiteral("yyyy-MM-dd HHmmss");
 constexpr int kSkippedSeconds = 3600;
 
 struct ReasonWord {
-    CVVersionReason reason;
+    CVVersionReason reason = CVVersionReason::Hourly;
     QLatin1StringView word;
 };
 

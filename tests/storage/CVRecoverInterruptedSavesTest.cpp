@@ -30,7 +30,7 @@ protected:
     [[nodiscard]] QString leftover(const QByteArray& bytes, const QString& host = QSysInfo::machineHostName(),
                                    int process = endedProcess(),
                                    const QString& name = QStringLiteral("Data.corvella")) const {
-        const QString path = QStringLiteral("%1/.%2.saving-%3-%4-abcdef").arg(mFolder, name, host).arg(process);
+        QString path = QStringLiteral("%1/.%2.saving-%3-%4-abcdef").arg(mFolder, name, host).arg(process);
         writeFile(path, bytes);
         return path;
     }

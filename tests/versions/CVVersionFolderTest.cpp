@@ -23,7 +23,7 @@ protected:
 
     /// What a save leaves of the former file.
     [[nodiscard]] QString former(const QByteArray& bytes) const {
-        const QString path = CVTemporaryFile::nameBeside(mPath);
+        QString path = CVTemporaryFile::nameBeside(mPath);
         writeFile(path, bytes);
         return path;
     }

@@ -164,7 +164,7 @@ const std::set<std::string> kAll{"present", "other present", "a", "b", "c", "for
 const std::vector<FaultyCalls::Unsupported> kSimpleDisk{{"renameat2", EINVAL}, {"link", EPERM}};
 
 CVFileResult keepOne(const Surroundings& surroundings) {
-    return surroundings.versions.keep(surroundings.former, CVVersionReason::Removal, kTime);
+    return {surroundings.versions.keep(surroundings.former, CVVersionReason::Removal, kTime).error};
 }
 
 CVFileResult moveAll(const Surroundings& surroundings) {
@@ -180,7 +180,7 @@ const OperationRow kOperations[]{
     {"keepingOnASimpleDisk", keepOne, kAll, 7, kSimpleDisk},
     {"keepingACopy",
      [](const Surroundings& surroundings) -> CVFileResult {
-         return surroundings.versions.keepCopy(surroundings.path, CVVersionReason::Move, kTime);
+         return {surroundings.versions.keepCopy(surroundings.path, CVVersionReason::Move, kTime).error};
      },
      kAll, 8},
     {"thinning",
