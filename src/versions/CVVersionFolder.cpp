@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -26,6 +27,7 @@ constexpr unsigned kOwnerOnly = 0700;
 constexpr unsigned kMayRead = 0444;
 constexpr unsigned kMayWrite = 0222;
 constexpr unsigned kEveryone = 0777;
+constexpr unsigned kAllBits = 07777;
 
 /// Who may read a file may enter its folder, and who may write it may keep versions there.
 unsigned modeOfFolder(unsigned modeOfFile) {
@@ -89,13 +91,19 @@ CVFileResult CVVersionFolder::make() const {
     return CVSyncFolder(QFileInfo(mPath).absolutePath());
 }
 
-/// Takes from a folder that is there what the data file does not allow by now.
+/// Takes from a folder that is there what the data file does not allow by now. What a link leads to is not this
+/// program's to change.
 CVFileResult CVVersionFolder::tighten(unsigned mode) const {
-    const CVPathStatus folder = CVPathStatus::of(mPath);
-    if (!folder.signature || (folder.mode & ~mode & kEveryone) == 0)
-        return {folder.error};
-    const bool isTight = ::chmod(QFile::encodeName(mPath).constData(), folder.mode & (mode | ~kEveryone)) == 0;
-    return isTight || errno == EPERM ? CVFileResult() : CVFileResult::ofLastCall();
+    const int folder = ::open(QFile::encodeName(mPath).constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    if (folder < 0)
+        return {};
+    struct stat facts {};
+    CVFileResult result;
+    if (::fstat(folder, &facts) == 0 && (facts.st_mode & ~mode & kEveryone) != 0 &&
+        ::fchmod(folder, facts.st_mode & ~(kEveryone & ~mode) & kAllBits) != 0 && errno != EPERM)
+        result = CVFileResult::ofLastCall();
+    ::close(folder);
+    return result;
 }
 
 CVVersionFolder::Keeping CVVersionFolder::place(const QString& file, CVVersionName name, Placing placing) const {

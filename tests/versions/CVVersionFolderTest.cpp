@@ -78,6 +78,25 @@ TEST_F(CVVersionFolderTest, hasTheAccessOfTheDataFile) {
     }
 }
 
+TEST_F(CVVersionFolderTest, losesTheAccessThatTheDataFileLost) {
+    setMode(mPath, 0644);
+    keep("old", CVVersionReason::Hourly, mNow);
+    setMode(mPath, 0600);
+    keep("newer", CVVersionReason::Hourly, mNow);
+    EXPECT_EQ(modeOf(mVersions.path()), 0700);
+}
+
+TEST_F(CVVersionFolderTest, leavesTheAccessOfWhatALinkLeadsTo) {
+    const QString elsewhere = mHome.path(QStringLiteral("Elsewhere"));
+    writeFile(elsewhere + "/other", "other");
+    setMode(elsewhere, 0755);
+    makeLink(elsewhere, mVersions.path());
+    setMode(mPath, 0600);
+    keep("old", CVVersionReason::Hourly, mNow);
+    EXPECT_EQ(modeOf(elsewhere), 0755);
+    EXPECT_EQ(mVersions.versions().size(), 1);
+}
+
 TEST_F(CVVersionFolderTest, numbersThoseOfOneSecond) {
     keep("a", CVVersionReason::Removal, mNow);
     keep("b", CVVersionReason::Removal, mNow);
