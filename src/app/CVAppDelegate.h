@@ -48,6 +48,8 @@ public:
     /// large data file was cancelled: nothing is open then, and nothing has changed.
     [[nodiscard]] bool applicationDidFinishLaunching();
 
+    /// Takes what is typed and waits for the saves, see CVPreferenceHost.
+    [[nodiscard]] QString waitForSaves() override;
     /// Shows the main window in front of others, even when it is minimised or hidden.
     void comeToFront();
     /// Saves everything that has been entered, also an entry that is still being typed, and waits for the save.
@@ -92,7 +94,6 @@ private:
     void remarkClearing(int transactions);
     void showUpdatePreferences();
     void showDataFilePreferences();
-    [[nodiscard]] QString waitForSaves() override;
     [[nodiscard]] std::optional<QString> reopenDocument() override;
     [[nodiscard]] QString moveVersions(const QString& from, const QString& to) override;
     void versionsDeleted() override;

@@ -2,21 +2,23 @@
 
 #include "app/CVAppDelegate.h"
 #include "app/CVReadingPanel.h"
+#include "base/CVMoveFile.h"
 #include "base/CVWriteOutputFile.h"
 #include "differences/CVBringBack.h"
 #include "model/CVDetachedDocument.h"
 #include "model/CVDocument.h"
 #include "storage/CVDocumentXML.h"
-#include "versions/CVKeptCopy.h"
+#include "storage/CVWriteDocumentText.h"
+#include "versions/CVListedVersion.h"
 #include "versions/CVVersionFolder.h"
 #include "versions/CVVersionLimit.h"
 #include "widgets/CVAlerts.h"
 #include "widgets/CVFilePanels.h"
+#include "widgets/CVLeadToWaitingWindow.h"
 #include "widgets/tables/CVCommitOpenEditor.h"
 #include "workspace/CVMainWindowController.h"
 #include "workspace/controls/CVSaveStatus.h"
 
-#include <QApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -25,47 +27,25 @@
 
 namespace {
 
-constexpr qsizetype kCopiedAtOnce = 1024 * 1024;
-
 /// Copies a file through the safe writer. Absent on success.
 std::optional<QString> copyFile(const QString& path, const QString& target, const QStringList& spared) {
     QFile source(path);
-    if (!source.open(QIODevice::ReadOnly))
+    if (!source.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return source.errorString();
-    QString unread;
-    const auto write = [&source, &unread](QIODevice& output) {
-        QByteArray bytes(kCopiedAtOnce, Qt::Uninitialized);
-        qint64 read = source.read(bytes.data(), bytes.size());
-        while (read > 0) {
-            output.write(bytes.constData(), read);
-            read = source.read(bytes.data(), bytes.size());
-        }
-        if (read < 0)
-            unread = source.errorString();
-        return read == 0;
+    CVFileResult copying;
+    const auto write = [&source, &copying](QIODevice& output) {
+        copying = CVCopyBytes(source.handle(), output);
+        return copying.ok();
     };
     const auto failure = CVWriteOutputFile(target, write, spared, CVNewFile::Private);
-    return unread.isEmpty() ? failure : unread;
-}
-
-std::optional<QString> writeBudget(const CVDocument& document, const QString& target, const QStringList& spared) {
-    const CVDocumentText text = CVDocumentXMLRepresentation(document);
-    const auto write = [&text](QIODevice& output) {
-        for (const CVTextSlice& piece : text.pieces())
-            output.write(piece.bytes().data(), piece.length);
-        return true;
-    };
-    return CVWriteOutputFile(target, write, spared, CVNewFile::Private);
+    return copying.ok() ? failure : copying.error;
 }
 
 /// Whether the path names a version or a kept copy of one of the data files.
 bool isVersion(const QString& path, const QStringList& dataFiles) {
     for (const QString& dataFile : dataFiles) {
-        QStringList files = CVKeptCopy::beside(dataFile);
-        for (const CVVersion& version : CVVersionFolder(dataFile).versions())
-            files.append(version.path);
-        for (const QString& file : files) {
-            if (CVIsSameFile(path, file))
+        for (const CVListedVersion& version : CVListedVersion::of(dataFile)) {
+            if (CVIsSameFile(path, version.path))
                 return true;
         }
     }
@@ -83,13 +63,9 @@ int CVHistoryOperations::bringBack(const CVDocument& version, const CVBudgetDiff
 }
 
 bool CVHistoryOperations::returnTo(const QString& path, QWidget& asker) {
-    // A window that waits for an answer about the present budget must not lose it.
-    if (QWidget* const waiting = QApplication::activeModalWidget()) {
-        waiting->raise();
-        waiting->activateWindow();
+    if (CVLeadToWaitingWindow())
         return false;
-    }
-    if (const QString unsaved = writeEverything(); !unsaved.isEmpty()) {
+    if (const QString unsaved = mApp.waitForSaves(); !unsaved.isEmpty()) {
         mAlerts.run(&asker, {tr("Your last changes are not saved"),
                              unsaved + u' ' + tr("They would be lost, so Corvella does not return to the version yet."),
                              tr("OK")});
@@ -104,12 +80,6 @@ bool CVHistoryOperations::returnTo(const QString& path, QWidget& asker) {
     mApp.replaceDocument(std::move(document));
     mApp.document().workbookSave();
     return true;
-}
-
-QString CVHistoryOperations::writeEverything() {
-    CVCommitOpenEditor(mApp.mainWindow()->window()->focusWidget());
-    const CVSaveOutcome outcome = mFile.saves().waitForFinished();
-    return outcome.saved ? QString() : outcome.message;
 }
 
 /// Null when the version was not read, which the user knows.
@@ -179,7 +149,8 @@ std::optional<QString> CVHistoryOperations::writeCopy(const QString& path, const
     if (!path.isEmpty())
         return copyFile(path, target, dataFiles);
     CVCommitOpenEditor(mApp.mainWindow()->window()->focusWidget());
-    return writeBudget(mApp.document(), target, dataFiles);
+    const CVDocumentText text = CVDocumentXMLRepresentation(mApp.document());
+    return CVWriteOutputFile(target, CVContentOfDocumentText(text), dataFiles, CVNewFile::Private);
 }
 
 QString CVHistoryOperations::moveVersions(const QString& from, const QString& to) {

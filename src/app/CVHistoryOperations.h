@@ -29,12 +29,11 @@ public:
     bool saveCopy(const QString& path, QWidget& asker) override;
 
     /// Moves the versions of the data file at `from` to the one at `to`, where the file that was left behind becomes
-    /// one too. Answers why not in one sentence, empty when they are there; on failure all of them stay where they are.
+    /// one too. Answers why not in one sentence, empty when they are there; what could not be moved is at the old
+    /// place.
     [[nodiscard]] QString moveVersions(const QString& from, const QString& to);
 
 private:
-    /// Takes what is typed and waits for the saves. Why the last one failed, in one sentence; empty when it did not.
-    [[nodiscard]] QString writeEverything();
     [[nodiscard]] std::unique_ptr<CVDocument> read(const QString& path, QWidget& asker);
     /// Keeps the present state when the user wants no versions, because then no save does it. Whether it is kept.
     [[nodiscard]] bool keepPresentState(QWidget& asker);

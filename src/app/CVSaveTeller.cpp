@@ -15,10 +15,10 @@ void CVSaveTeller::tell(const CVSaveOutcome& outcome, const CVMainWindowControll
                                                                 : CVSaveStatus::MakeRoom::No);
     else if (!isSaving)
         status.setSaved();
-    // An alert for each save would keep the user from working.
     // The remark is gone by the time that the same trouble begins anew.
     if (outcome.saved && outcome.versionTrouble.isEmpty())
         mToldTroubles.clear();
+    // An alert for each save would keep the user from working.
     if (!outcome.versionTrouble.isEmpty() && mToldTroubles.insert(outcome.versionTrouble).second)
         status.remark(outcome.versionTrouble);
     if (!outcome.keptCopy.isEmpty() && mToldCopies.insert(outcome.keptCopy).second)

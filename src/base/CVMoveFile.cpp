@@ -18,21 +18,6 @@ namespace {
 constexpr qsizetype kCopiedAtOnce = 1024 * 1024;
 constexpr unsigned kModeWhileCopying = 0600;
 
-/// Copies from the source's position to its end. QFile is not used because it takes a file of unknown size for an empty
-/// one.
-CVFileResult copyBytes(int source, QIODevice& target) {
-    QByteArray bytes(kCopiedAtOnce, Qt::Uninitialized);
-    for (;;) {
-        const ssize_t read = ::read(source, bytes.data(), static_cast<std::size_t>(bytes.size()));
-        if (read == 0)
-            return {};
-        if (read < 0 && errno != EINTR)
-            return CVFileResult::ofLastCall();
-        if (read > 0 && target.write(bytes.constData(), read) != read)
-            return {target.errorString()};
-    }
-}
-
 } // namespace
 
 /// QFile::rename is not used because it copies where it cannot rename.
@@ -51,6 +36,20 @@ CVFileResult CVMoveFile(const QString& from, const QString& to) {
     return std::rename(source.constData(), target.constData()) == 0 ? CVFileResult() : CVFileResult::ofLastCall();
 }
 
+/// QFile is not used because it takes a file of unknown size for an empty one.
+CVFileResult CVCopyBytes(int source, QIODevice& target) {
+    QByteArray bytes(kCopiedAtOnce, Qt::Uninitialized);
+    for (;;) {
+        const ssize_t read = ::read(source, bytes.data(), static_cast<std::size_t>(bytes.size()));
+        if (read == 0)
+            return {};
+        if (read < 0 && errno != EINTR)
+            return CVFileResult::ofLastCall();
+        if (read > 0 && target.write(bytes.constData(), read) != read)
+            return {target.errorString()};
+    }
+}
+
 CVFileResult CVCopyFile(const QString& from, const QString& to) {
     const CVPathStatus original = CVPathStatus::of(from);
     if (!original.signature)
@@ -62,7 +61,7 @@ CVFileResult CVCopyFile(const QString& from, const QString& to) {
     if (source < 0)
         return CVFileResult::ofLastCall();
     CVFileSink sink(copy.descriptor());
-    CVFileResult result = copyBytes(source, sink);
+    CVFileResult result = CVCopyBytes(source, sink);
     ::close(source);
     if (const CVFileResult finished = sink.finish(); !finished.ok())
         result = finished;

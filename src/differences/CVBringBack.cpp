@@ -22,10 +22,6 @@ struct BringBackText {
     Q_DECLARE_TR_FUNCTIONS(CVBringBack)
 };
 
-CVTransactionContent contentOf(const CVTransaction& transaction) {
-    return {transaction, transaction.transactionSetID(), transaction.categoryID()};
-}
-
 /// Undoes differences between a version and the present budget, and tells nobody before `finish`.
 class BringingBack final {
 public:
@@ -155,7 +151,7 @@ void BringingBack::undo(const std::vector<CVTransactionDifference>& chosen) {
             continue;
         // A transaction that is only now taken for the changed one is one that the user has not agreed to lose.
         CVTransaction* const after = choice.after ? found->second : nullptr;
-        if (after && !(contentOf(*after) == contentOf(*choice.after)))
+        if (after && !(CVTransactionContent(*after) == CVTransactionContent(*choice.after)))
             continue;
         restore(*choice.before, after);
         ++mCount;

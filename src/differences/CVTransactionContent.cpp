@@ -21,6 +21,9 @@ bool areEqualTexts(const QString& a, const QString& b) {
 
 } // namespace
 
+CVTransactionContent::CVTransactionContent(const CVTransaction& transaction)
+    : CVTransactionContent(transaction, transaction.transactionSetID(), transaction.categoryID()) {}
+
 CVTransactionContent::CVTransactionContent(const CVTransaction& transaction, std::optional<quint32> setAfter,
                                            std::optional<quint32> categoryAfter)
     : set(setAfter)

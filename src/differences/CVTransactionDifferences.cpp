@@ -12,10 +12,6 @@ namespace {
 
 using Differences = std::vector<CVTransactionDifference>;
 
-CVTransactionContent contentAfter(const CVTransaction& transaction) {
-    return {transaction, transaction.transactionSetID(), transaction.categoryID()};
-}
-
 /// Day, payee, purpose and amount.
 CVTransactionContent keyOfTextsAndAmount(CVTransactionContent content) {
     content.category = 0;
@@ -83,7 +79,7 @@ void Comparison::compare(const CVTransactions& before, const CVTransactions& aft
     QHash<CVTransactionContent, int> counts;
     counts.reserve(static_cast<qsizetype>(after.size()));
     for (const auto& transaction : after)
-        ++counts[contentAfter(*transaction)];
+        ++counts[CVTransactionContent(*transaction)];
     for (const auto& transaction : before) {
         const auto same = counts.find(contentBefore(*transaction));
         if (same != counts.end() && *same > 0)
@@ -92,7 +88,7 @@ void Comparison::compare(const CVTransactions& before, const CVTransactions& aft
             mGone.push_back({transaction, nullptr});
     }
     for (const auto& transaction : after) {
-        int& count = counts[contentAfter(*transaction)];
+        int& count = counts[CVTransactionContent(*transaction)];
         if (count > 0) {
             --count;
             mNew.push_back(transaction);
@@ -109,7 +105,7 @@ void Comparison::setNamesakesAside() {
             return content;
         },
         [this](const CVTransaction& after) {
-            CVTransactionContent content = contentAfter(after);
+            CVTransactionContent content(after);
             content.category = mCategories.namesakeOfAfter(after.categoryID());
             return content;
         });
@@ -121,7 +117,7 @@ void Comparison::setNamesakesAside() {
 
 void Comparison::joinChanges(Key key) {
     join([this, key](const CVTransaction& before) { return key(contentBefore(before)); },
-         [key](const CVTransaction& after) { return key(contentAfter(after)); });
+         [key](const CVTransaction& after) { return key(CVTransactionContent(after)); });
 }
 
 /// Makes a change of each transaction that is gone and the first new one with the same key.

@@ -9,8 +9,8 @@
 #include "preferences/CVPreferenceStore.h"
 #include "preferences/CVVersionsPane.h"
 #include "widgets/CVFilePanels.h"
+#include "widgets/CVLeadToWaitingWindow.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QFormLayout>
@@ -28,17 +28,6 @@ QString abbreviated(const QString& folder) {
     if (folder != home && !folder.startsWith(home + '/'))
         return QDir::toNativeSeparators(folder);
     return QDir::toNativeSeparators('~' + folder.sliced(home.size()));
-}
-
-/// Brings another modal window to the front that waits for an answer; false when there is none. The budget that such a
-/// window asks about must not be replaced meanwhile.
-bool leadToWaitingWindow() {
-    QWidget* const waiting = QApplication::activeModalWidget();
-    if (!waiting)
-        return false;
-    waiting->raise();
-    waiting->activateWindow();
-    return true;
 }
 
 } // namespace
@@ -95,7 +84,7 @@ void CVDataFilePane::endEditing() {
 }
 
 void CVDataFilePane::changeFileLocation() {
-    if (leadToWaitingWindow())
+    if (CVLeadToWaitingWindow())
         return;
     const auto path = choosePath();
     const auto present = store().defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
@@ -171,7 +160,7 @@ void CVDataFilePane::moveVersions(const QString& from, const QString& to) {
 }
 
 void CVDataFilePane::useDocument(const QString& path) {
-    if (leadToWaitingWindow())
+    if (CVLeadToWaitingWindow())
         return;
     const QString unsaved = mHost.waitForSaves();
     if (!unsaved.isEmpty()) {
@@ -210,7 +199,7 @@ bool CVDataFilePane::keepLocation(const QString& path, const std::optional<QStri
 }
 
 void CVDataFilePane::clearDataFile() {
-    if (leadToWaitingWindow())
+    if (CVLeadToWaitingWindow())
         return;
     CVAlert first{
         tr("Are you sure you want to clear your Corvella data file?"),
@@ -227,7 +216,7 @@ void CVDataFilePane::clearDataFile() {
                    tr("Yes, Continue"), tr("No, Stop!")};
     second.style = CVAlert::Style::Critical;
     // The main window was usable during the alert and may have opened a modal window.
-    if (mAlerts.run(this, second) != CVAlert::kDefault || leadToWaitingWindow())
+    if (mAlerts.run(this, second) != CVAlert::kDefault || CVLeadToWaitingWindow())
         return;
     const auto transactions = static_cast<int>(mDocument->transactions().size());
     mDocument->reset_to_default_info();

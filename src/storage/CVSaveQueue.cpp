@@ -152,8 +152,12 @@ void CVSaveQueue::write(const Job& job, CVSaveOutcome& outcome) {
         outcome.message =
             tr("The budget could not be saved to “%1”: %2.").arg(QDir::toNativeSeparators(job.path), replacing.error);
     }
-    if (!replacing.former.isEmpty())
-        keepFormer(job, replacing, due.value_or(CVVersionReason::Hourly), outcome);
+    // Until what stood there gets a name of its own, it bears that of a temporary file, which the next start
+    // recognises.
+    if (!replacing.isExpected && !replacing.former.isEmpty())
+        outcome.keptCopy = CVKeptCopy::keepFormer(replacing.former, job.path, QDateTime::currentDateTime()).path;
+    else if (due && !replacing.former.isEmpty())
+        keepVersion(job, replacing.former, *due, outcome);
 }
 
 std::optional<CVVersionReason> CVSaveQueue::dueVersion(const Job& job, const CVFileSignature& present) const {
@@ -173,21 +177,13 @@ std::optional<CVVersionReason> CVSaveQueue::dueVersion(const Job& job, const CVF
                         QDateTime::fromMSecsSinceEpoch(present.modified / kNanosecondsPerMillisecond), newest, now);
 }
 
-/// Gives what stood at the path a name of its own. Until then it bears the name of a temporary file, which the next
-/// start would recognise.
-void CVSaveQueue::keepFormer(const Job& job, const CVReplaceResult& replacing, CVVersionReason due,
-                             CVSaveOutcome& outcome) {
+void CVSaveQueue::keepVersion(const Job& job, const QString& former, CVVersionReason reason, CVSaveOutcome& outcome) {
     const QDateTime now = QDateTime::currentDateTime();
-    if (!replacing.isExpected) {
-        const CVKeptCopy kept = CVKeptCopy::keepFormer(replacing.former, job.path, now);
-        outcome.keptCopy = kept.path;
-        return;
-    }
     const CVVersionFolder folder(job.path);
-    CVFileResult result{folder.keep(replacing.former, due, now).error};
+    CVFileResult result{folder.keep(former, reason, now).error};
     mNotKept.erase(job.path);
     if (!result.ok()) {
-        mNotKept[job.path] = {now, 1, due};
+        mNotKept[job.path] = {now, 1, reason};
         outcome.versionTrouble = tr("An earlier version could not be kept in “%1”: %2.")
                                      .arg(QDir::toNativeSeparators(folder.path()), result.error);
         return;

@@ -16,7 +16,6 @@
 #include <thread>
 
 struct CVKeptCopy;
-struct CVReplaceResult;
 
 /// What a save keeps of the file that it replaces.
 struct CVVersionKeeping {
@@ -89,7 +88,7 @@ private:
     [[nodiscard]] CVKeptCopy keepUnreadFile(const QString& path, const CVFileSignature& signature);
     /// Why the file that this program read or wrote is to be kept as a version before it is replaced.
     [[nodiscard]] std::optional<CVVersionReason> dueVersion(const Job& job, const CVFileSignature& present) const;
-    void keepFormer(const Job& job, const CVReplaceResult& replacing, CVVersionReason due, CVSaveOutcome& outcome);
+    void keepVersion(const Job& job, const QString& former, CVVersionReason reason, CVSaveOutcome& outcome);
 
     mutable std::mutex mMutex;
     std::condition_variable mChanged;

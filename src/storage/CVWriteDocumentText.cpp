@@ -4,12 +4,15 @@
 
 #include <QIODevice>
 
-CVReplaceResult CVWriteDocumentText(const QString& path, const CVDocumentText& text,
-                                    const std::optional<CVFileSignature>& expected, CVFormerFile former) {
-    const auto write = [&text](QIODevice& output) {
+CVFileContent CVContentOfDocumentText(const CVDocumentText& text) {
+    return [&text](QIODevice& output) {
         for (const CVTextSlice& piece : text.pieces())
             output.write(piece.bytes().data(), piece.length);
         return true;
     };
-    return CVReplaceExpectedFile(path, write, expected, former);
+}
+
+CVReplaceResult CVWriteDocumentText(const QString& path, const CVDocumentText& text,
+                                    const std::optional<CVFileSignature>& expected, CVFormerFile former) {
+    return CVReplaceExpectedFile(path, CVContentOfDocumentText(text), expected, former);
 }

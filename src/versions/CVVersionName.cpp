@@ -44,11 +44,12 @@ QString CVWordsFor(CVVersionReason reason) {
 
 std::optional<CVVersionName> CVVersionName::parse(const QString& fileName, const QString& dataFileName) {
     const QString begin = QFileInfo(dataFileName).completeBaseName() + u' ';
-    const QRegularExpression pattern(
-        QStringLiteral("\\A([0-9]{4}-[0-9]{2}-[0-9]{2}) ([0-9]{6})(?: ([2-9]|[1-9][0-9]+))? \\((.+)\\)%1\\z")
-            .arg(QRegularExpression::escape(endOfName(dataFileName))));
-    const QRegularExpressionMatch match =
-        pattern.match(fileName.startsWith(begin) ? fileName.sliced(begin.size()) : QString());
+    const QString end = endOfName(dataFileName);
+    if (!fileName.startsWith(begin) || !fileName.endsWith(end) || fileName.size() < begin.size() + end.size())
+        return std::nullopt;
+    static const QRegularExpression pattern(
+        QStringLiteral("\\A([0-9]{4}-[0-9]{2}-[0-9]{2}) ([0-9]{6})(?: ([2-9]|[1-9][0-9]+))? \\((.+)\\)\\z"));
+    const QRegularExpressionMatch match = pattern.match(fileName.chopped(end.size()).sliced(begin.size()));
     const auto* const row = std::find_if(kReasonWords.begin(), kReasonWords.end(),
                                          [&match](const auto& each) { return each.word == match.captured(4); });
     const QDate day = QDate::fromString(match.captured(1), QStringLiteral("yyyy-MM-dd"));

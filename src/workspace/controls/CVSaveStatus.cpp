@@ -77,7 +77,7 @@ void CVSaveStatus::setSaved() {
 }
 
 void CVSaveStatus::setFailed(const QString& reason, MakeRoom makeRoom) {
-    mOffer = makeRoom;
+    mRoomHelps = makeRoom;
     mFailure = tr("Not saved: %1").arg(reason);
     if (!mAttempt.isActive())
         showFailure();
@@ -119,5 +119,5 @@ void CVSaveStatus::show(const QString& text, Outcome outcome) {
     if (outcome == Outcome::Saving)
         return;
     mTryAgain->setVisible(failed);
-    mMakeRoom->setVisible(failed && mOffer == MakeRoom::Yes);
+    mMakeRoom->setVisible(failed && mRoomHelps == MakeRoom::Yes);
 }

@@ -51,5 +51,5 @@ private:
     QTimer mAttempt;
     /// The text of the last failure; empty once another save has begun.
     QString mFailure;
-    MakeRoom mOffer = MakeRoom::No;
+    MakeRoom mRoomHelps = MakeRoom::No;
 };
