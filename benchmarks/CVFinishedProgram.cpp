@@ -1,5 +1,7 @@
 #include "CVFinishedProgram.h"
 
+#include <QProcess>
+
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/resource.h>
@@ -15,7 +17,6 @@ double secondsOf(const timeval& time) {
 } // namespace
 
 std::optional<CVFinishedProgram> CVFinishedProgram::run(std::vector<QByteArray> words) {
-    constexpr double kKilobyte = 1024;
     std::vector<char*> arguments;
     for (QByteArray& word : words)
         arguments.push_back(word.data());
@@ -31,6 +32,17 @@ std::optional<CVFinishedProgram> CVFinishedProgram::run(std::vector<QByteArray> 
     posix_spawn_file_actions_destroy(&actions);
     if (!ran || status != 0)
         return std::nullopt;
-    return CVFinishedProgram{secondsOf(usage.ru_utime) + secondsOf(usage.ru_stime),
-                             static_cast<double>(usage.ru_maxrss) * kKilobyte};
+    return CVFinishedProgram{secondsOf(usage.ru_utime) + secondsOf(usage.ru_stime)};
+}
+
+std::optional<double> CVPeakMemoryOf(const QStringList& words) {
+    constexpr double kKilobyte = 1024;
+    constexpr const char* kStarter = "import resource, subprocess, sys\n"
+                                     "subprocess.run(sys.argv[1:], stdout=subprocess.DEVNULL, check=True)\n"
+                                     "print(resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss)\n";
+    QProcess starter;
+    starter.start(QStringLiteral("python3"), QStringList{QStringLiteral("-c"), QLatin1String(kStarter)} + words);
+    if (!starter.waitForFinished(-1) || starter.exitStatus() != QProcess::NormalExit || starter.exitCode() != 0)
+        return std::nullopt;
+    return starter.readAllStandardOutput().trimmed().toDouble() * kKilobyte;
 }

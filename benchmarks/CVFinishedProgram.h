@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QStringList>
 
 #include <optional>
 #include <vector>
@@ -9,9 +10,11 @@
 struct CVFinishedProgram {
     /// Seconds of CPU, user and system.
     double seconds = 0;
-    /// Bytes.
-    double peakMemory = 0;
 
     /// Runs a program with its output going nowhere. The first word is its path. Absent when it did not end with 0.
     [[nodiscard]] static std::optional<CVFinishedProgram> run(std::vector<QByteArray> words);
 };
+
+/// The most memory, in bytes, that a program has from its start to its end; absent when it did not end with 0. A small
+/// program starts it, because a started program counts with what its starter has at that moment.
+[[nodiscard]] std::optional<double> CVPeakMemoryOf(const QStringList& words);

@@ -11,7 +11,9 @@
 CVScratchHome::CVScratchHome(std::size_t transactions) {
     QDir().mkpath(QFileInfo(dataFile()).path());
     CVBudgetFixture fixture(transactions);
-    if (!CVWriteDocumentText(dataFile(), CVDocumentXMLRepresentation(fixture.document())).ok())
+    if (!CVWriteDocumentText(dataFile(), CVDocumentXMLRepresentation(fixture.document()), std::nullopt,
+                             CVFormerFile::Dropped)
+             .ok())
         qFatal("The budget could not be written to %s", qUtf8Printable(dataFile()));
 }
 

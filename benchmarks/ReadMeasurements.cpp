@@ -50,7 +50,13 @@ void CVMeasureCheck(benchmark::State& state, std::size_t transactions) {
 
 void CVMeasureMemoryOfCheck(benchmark::State& state, std::size_t transactions) {
     const CVScratchHome home(transactions);
-    measureMemory(state, home.dataFile(), [&] { return check(home.dataFile(), state).peakMemory; });
+    measureMemory(state, home.dataFile(), [&] {
+        const auto memory =
+            CVPeakMemoryOf({CORVELLA_PROGRAM, QStringLiteral("check"), QStringLiteral("--data"), home.dataFile()});
+        if (!memory)
+            state.SkipWithError("the program could not read the budget");
+        return memory.value_or(0);
+    });
 }
 
 void CVMeasureMemoryOfWindow(benchmark::State& state, std::size_t transactions) {

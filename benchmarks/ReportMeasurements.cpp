@@ -77,7 +77,8 @@ void CVMeasureSummaryReport(benchmark::State& state, std::size_t transactions) {
     const CVScratchFolder folder;
     const QString file = folder.file("budget.corvella");
     CVBudgetFixture fixture(transactions);
-    if (!CVWriteDocumentText(file, CVDocumentXMLRepresentation(fixture.document())).ok())
+    if (!CVWriteDocumentText(file, CVDocumentXMLRepresentation(fixture.document()), std::nullopt, CVFormerFile::Dropped)
+             .ok())
         state.SkipWithError("the budget could not be written");
     const QByteArray bytes = fixture.text();
     bool complete = true;
