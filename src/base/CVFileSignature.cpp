@@ -13,8 +13,12 @@ namespace {
 constexpr qint64 kNanoseconds = 1'000'000'000;
 constexpr unsigned kPermissionBits = 07777;
 
+qint64 nanoseconds(const struct timespec& time) {
+    return time.tv_sec * kNanoseconds + time.tv_nsec;
+}
+
 CVFileSignature signatureFrom(const struct stat& facts) {
-    return {facts.st_dev, facts.st_ino, facts.st_size, facts.st_mtim.tv_sec * kNanoseconds + facts.st_mtim.tv_nsec};
+    return {facts.st_dev, facts.st_ino, facts.st_size, nanoseconds(facts.st_mtim)};
 }
 
 } // namespace
@@ -50,8 +54,8 @@ bool CVIsSameFile(const QString& path, const QString& other) {
 CVPathStatus CVPathStatus::of(const QString& path) {
     struct stat facts {};
     if (::stat(QFile::encodeName(path).constData(), &facts) == 0)
-        return {signatureFrom(facts), facts.st_mode & kPermissionBits, {}};
+        return {signatureFrom(facts), facts.st_mode & kPermissionBits, nanoseconds(facts.st_ctim), {}};
     if (errno == ENOENT || errno == ENOTDIR)
         return {};
-    return {std::nullopt, 0, qt_error_string(errno)};
+    return {std::nullopt, 0, 0, qt_error_string(errno)};
 }

@@ -33,6 +33,8 @@ struct CVPathStatus {
     std::optional<CVFileSignature> signature;
     /// The permission bits, as chmod takes them.
     unsigned mode = 0;
+    /// The time of the last change of the file or of what is known of it, such as its names, in nanoseconds since 1970.
+    qint64 changed = 0;
     /// Why the path cannot be examined; empty when it can.
     QString error;
 

@@ -33,6 +33,16 @@ void release(Records& records) {
     records.clear();
 }
 
+/// The text of every category and set, as the data file holds it.
+QByteArray textOfRecords(const CVDocument& document) {
+    QByteArray text = QByteArray::number(document.uniqueID());
+    for (const auto& category : document.categories())
+        text += '\n' + category->xmlRepresentation();
+    for (const auto& set : document.transactionSets())
+        text += '\n' + set->xmlRepresentation();
+    return text;
+}
+
 template <typename Records>
 auto findID(const Records& records, quint32 id) {
     return std::find_if(records.begin(), records.end(), [id](const auto& record) { return record->uniqueID() == id; });
@@ -135,6 +145,20 @@ void CVDocument::takeRecords(CVDocument& other) {
     mCurrentTransactionSetID = other.mCurrentTransactionSetID;
     _uniqueID = other._uniqueID;
     other.abandonParsingData();
+}
+
+bool CVDocument::takeOver(CVDocument& other) {
+    const QByteArray formerRecords = textOfRecords(*this);
+    const quint32 formerSet = mCurrentTransactionSetID;
+    const CVTransactions former = mTransactions;
+    removeAllCategories();
+    release(mTransactions);
+    release(mTransactionSets);
+    takeRecords(other);
+    const bool areSame = keepSameTransactions(former);
+    if (findID(mTransactionSets, formerSet) != mTransactionSets.end())
+        mCurrentTransactionSetID = formerSet;
+    return !areSame || textOfRecords(*this) != formerRecords;
 }
 
 const std::shared_ptr<CVCategory>& CVDocument::objectInCategoriesAtIndex(std::size_t index) const {

@@ -141,10 +141,15 @@ public:
     /// Gives this empty document everything that `other` has read, and leaves `other` empty. Announces and saves
     /// nothing.
     void takeRecords(CVDocument& other);
+    /// Makes this budget what `other` says, and leaves `other` empty. A transaction that says the same as one of
+    /// `other` stays the same object, so that whoever shows it finds it again. The shown set stays where `other` has
+    /// it. Announces nothing; `finishChanges` follows. Whether anything but the shown set was different.
+    bool takeOver(CVDocument& other);
 
 private:
     void widenBounds(const QBDate& date);
     [[nodiscard]] quint32 getUniqueIDBesides(const std::unordered_set<quint32>& taken);
+    [[nodiscard]] bool keepSameTransactions(const CVTransactions& former);
     void announceTransactions() const;
     void announceCategories() const;
 

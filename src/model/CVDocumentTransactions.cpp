@@ -6,6 +6,7 @@
 #include "model/CVTransactionSort.h"
 
 #include <algorithm>
+#include <unordered_map>
 #include <unordered_set>
 
 namespace {
@@ -21,12 +22,37 @@ void eraseLeaving(CVTransactions& transactions, Leaves leaves) {
     });
 }
 
+struct HashOfText {
+    std::size_t operator()(QByteArrayView text) const { return qHash(text); }
+};
+
 } // namespace
 
 /// The part of the document that keeps transactions in their order and the bounds of their dates.
 
 void CVDocument::addTransaction(std::shared_ptr<CVTransaction> transaction) {
     mTransactions.push_back(std::move(transaction));
+}
+
+/// Puts each former transaction in the place of one that says the same. Whether that was all.
+bool CVDocument::keepSameTransactions(const CVTransactions& former) {
+    CVTextArena arena;
+    std::unordered_multimap<QByteArrayView, const std::shared_ptr<CVTransaction>*, HashOfText> byText;
+    byText.reserve(former.size());
+    for (const auto& transaction : former)
+        byText.emplace(transaction->xmlRepresentation(arena).bytes(), &transaction);
+    bool areSame = former.size() == mTransactions.size();
+    for (auto& transaction : mTransactions) {
+        const auto same = byText.find(transaction->xmlRepresentation(arena).bytes());
+        areSame = areSame && same != byText.end();
+        if (same == byText.end())
+            continue;
+        transaction->setDocument(nullptr);
+        transaction = *same->second;
+        transaction->setDocument(this);
+        byText.erase(same);
+    }
+    return areSame;
 }
 
 void CVDocument::insertTransaction(const std::shared_ptr<CVTransaction>& transaction) {

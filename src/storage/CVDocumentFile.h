@@ -2,6 +2,7 @@
 
 #include "base/CVFileResult.h"
 #include "model/CVDocumentSaver.h"
+#include "storage/CVDocumentReader.h"
 #include "storage/CVSaveQueue.h"
 #include "storage/CVStandardDataFile.h"
 
@@ -11,46 +12,21 @@
 #include <optional>
 
 class CVDocument;
-class CVDocumentParserDelegate;
 class QBUserDefaults;
 class QIODevice;
-
-/// The outcome of reading the data file.
-struct CVLoadReport {
-    enum class Outcome {
-        NoFile,
-        Loaded,
-        /// The file is XML of another kind, which reads as an empty budget. It is kept before it is written over,
-        /// because it may matter to somebody.
-        NoBudget,
-        /// The file holds something that is no budget or a damaged one. A damaged file is kept beside and replaced.
-        Unreadable,
-        /// The file could not be opened, or not be read to its end, which says nothing about what it holds. The
-        /// document is empty; nothing was saved.
-        NotRead,
-        /// The user cancelled the reading; the document is empty.
-        Cancelled
-    };
-
-    Outcome outcome = Outcome::NoFile;
-    QString path;
-    /// Why the file could not be read; empty otherwise.
-    QString reason;
-};
 
 /// Finds, reads and saves the data file of a document. References the user defaults; owns the save queue.
 class CVDocumentFile final : public CVDocumentSaver {
     Q_DECLARE_TR_FUNCTIONS(CVDocumentFile)
 
 public:
-    static constexpr const char* kDocumentType = "com.quenbylabs.corvella.document";
-    static constexpr const char* kXMLDocumentType = "com.quenbylabs.corvella.xml";
+    static constexpr const char* kDocumentType = CVDocumentReader::kDocumentType;
+    static constexpr const char* kXMLDocumentType = CVDocumentReader::kXMLDocumentType;
 
     CVDocumentFile(CVStandardFolders folders, QBUserDefaults& defaults);
 
-    /// Sets a function that is called with 0 when the reading of a file begins, and then from time to time with the
-    /// part that has been read, up to 1. Answering false cancels the reading. There is no function at first.
-    void setReadingProgress(std::function<bool(double part)> progress) { mReadingProgress = std::move(progress); }
+    /// See `CVDocumentReader::setProgress`.
+    void setReadingProgress(std::function<bool(double part)> progress) { mReader.setProgress(std::move(progress)); }
 
     /// Fills a new document from the user's data file, or with the defaults when there is no readable file.
     CVLoadReport initWithStandardUserFile(CVDocument& document);
@@ -69,18 +45,16 @@ public:
     bool workbookSave(CVDocument& document) override;
     [[nodiscard]] QStringList dataFiles() const override { return CVOwnDataFiles(mFolders, mDefaults); }
     [[nodiscard]] CVSaveQueue& saves() { return mSaves; }
+    /// What the next saves do with another program's file that cannot be read.
+    [[nodiscard]] CVUnreadableFile unreadableFiles() const { return mUnreadableFiles; }
+    void setUnreadableFiles(CVUnreadableFile unreadable) { mUnreadableFiles = unreadable; }
 
 private:
     [[nodiscard]] CVLoadReport reportObstacle() const;
-    [[nodiscard]] bool parse(CVDocumentParserDelegate& parser, bool isPrepared);
 
     CVStandardFolders mFolders;
     QBUserDefaults& mDefaults;
-    /// Why the last read gave no budget; empty when it gave one.
-    QString mReason;
-    bool mReadWhole = false;
-    bool mWasCancelled = false;
-    bool mWasBrokenOff = false;
-    std::function<bool(double part)> mReadingProgress;
+    CVDocumentReader mReader;
+    CVUnreadableFile mUnreadableFiles = CVUnreadableFile::AwaitedIfWatched;
     CVSaveQueue mSaves;
 };

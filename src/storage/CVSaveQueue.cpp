@@ -1,19 +1,18 @@
 #include "storage/CVSaveQueue.h"
 
-#include "storage/CVWriteDocumentText.h"
-#include "versions/CVDueVersion.h"
-#include "versions/CVKeptCopy.h"
-#include "versions/CVVersionFolder.h"
+#include "base/CVFolderWatch.h"
+#include "model/CVCategory.h"
+#include "model/CVDetachedDocument.h"
+#include "storage/CVSavedFile.h"
 
-#include <QDateTime>
-#include <QDir>
+#include <QFileInfo>
 
 #include <new>
 #include <utility>
 
 namespace {
 
-constexpr qint64 kNanosecondsPerMillisecond = 1'000'000;
+constexpr std::chrono::seconds kBetweenLooks(1);
 
 } // namespace
 
@@ -34,22 +33,32 @@ CVSaveQueue::~CVSaveQueue() {
 void CVSaveQueue::markAsRead(const QString& path, const std::optional<CVFileSignature>& signature) {
     const std::lock_guard lock(mMutex);
     if (signature)
-        mKnownFiles[path] = *signature;
+        mRead[path] = *signature;
 }
 
-void CVSaveQueue::save(const QString& path, CVDocumentText text, CVVersionKeeping keeping) {
-    enqueue({path, std::move(text), {}, keeping});
+void CVSaveQueue::save(const QString& path, CVDocumentText text, CVVersionKeeping keeping,
+                       CVUnreadableFile unreadable) {
+    enqueue({.path = path, .text = std::move(text), .keeping = keeping, .unreadable = unreadable});
 }
 
 void CVSaveQueue::fail(const QString& message) {
-    enqueue({{}, {}, message, {}});
+    enqueue({.path = {}, .text = {}, .failure = message});
+}
+
+void CVSaveQueue::takeOver(const CVOutsideChange& change, CVDocumentText former, qint64 versionLimit) {
+    enqueue({.path = change.path,
+             .text = std::move(former),
+             .keeping = {.asked = std::nullopt, .limit = versionLimit},
+             .taken = change.signature});
 }
 
 void CVSaveQueue::enqueue(Job job) {
     {
         const std::lock_guard lock(mMutex);
+        const bool replacesWaiting =
+            !mPending.empty() && mPending.back().path == job.path && !mPending.back().taken && !job.taken;
         // What the waiting save writes is the state that a version is asked of.
-        if (!mPending.empty() && mPending.back().path == job.path && !job.keeping.asked) {
+        if (replacesWaiting && !job.keeping.asked) {
             job.keeping.asked = mPending.back().keeping.asked;
             mPending.back() = std::move(job);
         } else {
@@ -58,6 +67,27 @@ void CVSaveQueue::enqueue(Job job) {
     }
     mChanged.notify_all();
     emit saveStarted();
+}
+
+void CVSaveQueue::watch(const QString& path) {
+    // Read once and kept: a damaged file would otherwise read them on the worker, unguarded.
+    (void)CVCategory::standardCategoryNames();
+    if (!mFolderWatch) {
+        mFolderWatch = std::make_unique<CVFolderWatch>();
+        connect(mFolderWatch.get(), &CVFolderWatch::changed, this, [this] {
+            {
+                const std::lock_guard lock(mMutex);
+                mLooksSoon = true;
+            }
+            mChanged.notify_all();
+        });
+    }
+    {
+        const std::lock_guard lock(mMutex);
+        mWatched = path;
+        mLooksSoon = true;
+    }
+    mChanged.notify_all();
 }
 
 bool CVSaveQueue::isSaving() const {
@@ -71,136 +101,103 @@ CVSaveOutcome CVSaveQueue::waitForFinished() {
     return mLastOutcome;
 }
 
+std::optional<CVSaveOutcome> CVSaveQueue::waitForFinished(std::chrono::milliseconds patience) {
+    std::unique_lock lock(mMutex);
+    const bool isFinished = mChanged.wait_for(lock, patience, [this] { return !mWriting && mPending.empty(); });
+    return isFinished ? std::optional(mLastOutcome) : std::nullopt;
+}
+
 void CVSaveQueue::work() {
+    const auto hasWork = [this] { return mStopping || !mPending.empty(); };
     std::unique_lock lock(mMutex);
     for (;;) {
-        mChanged.wait(lock, [this] { return mStopping || !mPending.empty(); });
-        if (mPending.empty())
+        if (mWatched.isEmpty())
+            mChanged.wait(lock, [&] { return hasWork() || !mWatched.isEmpty(); });
+        else
+            mChanged.wait_for(lock, kBetweenLooks, [&] { return hasWork() || mLooksSoon; });
+        if (!mPending.empty())
+            carryOutNext(lock);
+        else if (mStopping)
             return;
-        mWriting = true;
-        {
-            const Job job = std::move(mPending.front());
-            mPending.pop_front();
-            lock.unlock();
-            const CVSaveOutcome outcome = perform(job);
-            lock.lock();
-            mLastOutcome = outcome;
-        }
-        mWriting = false;
-        mOutcomes.push_back(mLastOutcome);
-        emit written();
-        mChanged.notify_all();
+        else if (!mWatched.isEmpty())
+            look(lock);
     }
 }
 
-/// Called once for each outcome that the worker added.
+/// Called with the lock, and returns with it.
+void CVSaveQueue::carryOutNext(std::unique_lock<std::mutex>& lock) {
+    mWriting = true;
+    {
+        const Job job = std::move(mPending.front());
+        mPending.pop_front();
+        learnWhatWasRead(lock);
+        CVSaveOutcome outcome = perform(job);
+        lock.lock();
+        mLastOutcome = outcome;
+        mMessages.emplace_back(std::move(outcome));
+    }
+    mWriting = false;
+    emit written();
+    mChanged.notify_all();
+}
+
+/// Called with the lock, and returns with it.
+void CVSaveQueue::look(std::unique_lock<std::mutex>& lock) {
+    const QString path = mWatched;
+    mLooksSoon = false;
+    learnWhatWasRead(lock);
+    if (std::exchange(mFollowed, path) != path)
+        mFolderWatch->follow(QFileInfo(path).absolutePath());
+    std::optional<CVOutsideChange> change;
+    try {
+        change = fileAt(path).look();
+    } catch (const std::bad_alloc&) {
+        // The next look may have the memory.
+    }
+    lock.lock();
+    // Whoever watches another file by now does not care.
+    if (!change || mWatched != path)
+        return;
+    mMessages.emplace_back(std::move(*change));
+    emit written();
+}
+
+/// Called with the lock, and returns without it, because the disk may hang.
+void CVSaveQueue::learnWhatWasRead(std::unique_lock<std::mutex>& lock) {
+    const auto read = std::exchange(mRead, {});
+    lock.unlock();
+    for (const auto& [path, signature] : read)
+        fileAt(path).markAsRead(signature);
+}
+
+CVSavedFile& CVSaveQueue::fileAt(const QString& path) {
+    return mFiles.try_emplace(path, path).first->second;
+}
+
+/// Called once for each message that the worker added.
 void CVSaveQueue::announceNext() {
-    CVSaveOutcome outcome;
+    std::optional<Message> message;
     {
         const std::lock_guard lock(mMutex);
-        outcome = std::move(mOutcomes.front());
-        mOutcomes.pop_front();
+        message = std::move(mMessages.front());
+        mMessages.pop_front();
     }
-    emit saveFinished(outcome);
+    if (const auto* const outcome = std::get_if<CVSaveOutcome>(&*message))
+        emit saveFinished(*outcome);
+    else
+        emit changedOutside(std::get<CVOutsideChange>(*message));
 }
 
 CVSaveOutcome CVSaveQueue::perform(const Job& job) {
-    CVSaveOutcome outcome;
-    outcome.path = job.path;
-    outcome.message = job.failure;
+    CVSaveOutcome outcome{.path = job.path, .message = job.failure};
     try {
-        if (job.failure.isEmpty())
-            write(job, outcome);
+        if (job.taken)
+            outcome = fileAt(job.path).takeOver(*job.taken, job.text, job.keeping.limit);
+        else if (job.failure.isEmpty())
+            outcome = fileAt(job.path).save(job.text, job.keeping, job.unreadable);
     } catch (const std::bad_alloc&) {
         outcome.message = tr("The budget could not be saved: there is not enough memory.");
     }
     outcome.saved = outcome.message.isEmpty();
     return outcome;
-}
-
-void CVSaveQueue::write(const Job& job, CVSaveOutcome& outcome) {
-    std::optional<CVFileSignature> known;
-    {
-        const std::lock_guard lock(mMutex);
-        const auto found = mKnownFiles.find(job.path);
-        if (found != mKnownFiles.end())
-            known = found->second;
-    }
-    const CVPathStatus present = CVPathStatus::of(job.path);
-    const bool isKnown = present.signature == known;
-    CVKeptCopy kept{{}, {present.error}, false};
-    if (present.signature && !isKnown)
-        kept = keepUnreadFile(job.path, *present.signature);
-    if (job.keeping.asked)
-        mStillAsked[job.path] = *job.keeping.asked;
-    // A file that was kept as another program's is no version of this program's.
-    const auto due = present.signature && isKnown ? dueVersion(job, *present.signature) : std::nullopt;
-    CVReplaceResult replacing{kept.result};
-    if (kept.result.ok()) {
-        replacing = CVWriteDocumentText(job.path, job.text, kept.moved ? std::nullopt : present.signature,
-                                        due ? CVFormerFile::Kept : CVFormerFile::Dropped);
-    }
-    if (replacing.written) {
-        markAsRead(job.path, replacing.written);
-        mStillAsked.erase(job.path);
-    } else if (kept.moved && kept.putBack(job.path)) {
-        kept = {};
-    }
-    outcome.keptCopy = kept.path;
-    outcome.diskIsFull = replacing.diskIsFull();
-    if (!replacing.ok()) {
-        outcome.message =
-            tr("The budget could not be saved to “%1”: %2.").arg(QDir::toNativeSeparators(job.path), replacing.error);
-    }
-    // Until what stood there gets a name of its own, it bears that of a temporary file, which the next start
-    // recognises.
-    if (!replacing.isExpected && !replacing.former.isEmpty())
-        outcome.keptCopy = CVKeptCopy::keepFormer(replacing.former, job.path, QDateTime::currentDateTime()).path;
-    else if (due && !replacing.former.isEmpty())
-        keepVersion(job, replacing.former, *due, outcome);
-}
-
-std::optional<CVVersionReason> CVSaveQueue::dueVersion(const Job& job, const CVFileSignature& present) const {
-    if (job.keeping.limit <= 0)
-        return std::nullopt;
-    const QDateTime now = QDateTime::currentDateTime();
-    std::optional<CVVersionName> newest;
-    if (const auto notKept = mNotKept.find(job.path); notKept != mNotKept.end())
-        newest = notKept->second;
-    for (const CVVersion& version : CVVersionFolder(job.path).versions()) {
-        // A clock that was set back makes a version one of the future, which must not suspend the keeping.
-        if (version.name.kept <= now && (!newest || newest->kept < version.name.kept))
-            newest = version.name;
-    }
-    const auto asked = mStillAsked.find(job.path);
-    return CVDueVersion(asked == mStillAsked.end() ? std::nullopt : std::optional(asked->second),
-                        QDateTime::fromMSecsSinceEpoch(present.modified / kNanosecondsPerMillisecond), newest, now);
-}
-
-void CVSaveQueue::keepVersion(const Job& job, const QString& former, CVVersionReason reason, CVSaveOutcome& outcome) {
-    const QDateTime now = QDateTime::currentDateTime();
-    const CVVersionFolder folder(job.path);
-    CVFileResult result{folder.keep(former, reason, now).error};
-    mNotKept.erase(job.path);
-    if (!result.ok()) {
-        mNotKept[job.path] = {now, 1, reason};
-        outcome.versionTrouble = tr("An earlier version could not be kept in “%1”: %2.")
-                                     .arg(QDir::toNativeSeparators(folder.path()), result.error);
-        return;
-    }
-    result = folder.thin(now, job.keeping.limit);
-    if (!result.ok()) {
-        outcome.versionTrouble = tr("Superfluous earlier versions could not be removed from “%1”: %2.")
-                                     .arg(QDir::toNativeSeparators(folder.path()), result.error);
-    }
-}
-
-CVKeptCopy CVSaveQueue::keepUnreadFile(const QString& path, const CVFileSignature& signature) {
-    CVKeptCopy kept = CVKeptCopy::keepUnreadable(path, QDateTime::currentDateTime());
-    if (kept.path.isEmpty() && kept.result.ok())
-        kept.result.error = tr("what stands there could not be kept beside it");
-    // The bytes have a second name now, so another attempt need not keep them again.
-    if (!kept.path.isEmpty() && !kept.moved)
-        markAsRead(path, signature);
-    return kept;
 }

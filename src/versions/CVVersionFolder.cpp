@@ -2,7 +2,6 @@
 
 #include "base/CVFileSignature.h"
 #include "base/CVMoveFile.h"
-#include "base/CVReplaceFile.h"
 #include "base/CVTemporaryFile.h"
 #include "versions/CVKeptCopy.h"
 #include "versions/CVSuperfluousVersions.h"
@@ -145,6 +144,19 @@ CVVersionFolder::Keeping CVVersionFolder::keepCopy(const QString& file, CVVersio
     Keeping keeping = place(file, {now, 1, reason}, CVCopyFile);
     if (keeping.ok())
         keeping.error = CVSyncFolder(mPath).error;
+    return keeping;
+}
+
+CVVersionFolder::Keeping CVVersionFolder::keepContent(const CVFileContent& content, CVVersionReason reason,
+                                                      const QDateTime& now) const {
+    if (mDataFile.isEmpty())
+        return {{qt_error_string(EIO)}, {}};
+    const QString file = CVTemporaryFile::nameBeside(mDataFile);
+    if (const CVFileResult written = CVReplaceFile(file, content); !written.ok())
+        return {written, {}};
+    Keeping keeping = keep(file, reason, now);
+    if (!keeping.ok())
+        (void)remove(file);
     return keeping;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/CVFileResult.h"
+#include "base/CVReplaceFile.h"
 #include "versions/CVVersion.h"
 
 #include <QList>
@@ -31,6 +31,8 @@ public:
     [[nodiscard]] Keeping keep(const QString& file, CVVersionReason reason, const QDateTime& now) const;
     /// Makes a version of `file` and leaves it.
     [[nodiscard]] Keeping keepCopy(const QString& file, CVVersionReason reason, const QDateTime& now) const;
+    /// Makes a version of what `content` writes, which may be in no file by now.
+    [[nodiscard]] Keeping keepContent(const CVFileContent& content, CVVersionReason reason, const QDateTime& now) const;
     /// Removes what `CVSuperfluousVersions` names.
     [[nodiscard]] CVFileResult thin(const QDateTime& now, qint64 limit) const;
     [[nodiscard]] CVFileResult removeAll() const;

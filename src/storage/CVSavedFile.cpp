@@ -1,0 +1,247 @@
+#include "storage/CVSavedFile.h"
+
+#include "model/CVDetachedDocument.h"
+#include "storage/CVDocumentReader.h"
+#include "storage/CVWriteDocumentText.h"
+#include "versions/CVDueVersion.h"
+#include "versions/CVKeptCopy.h"
+#include "versions/CVVersionFolder.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+constexpr qint64 kNanosecondsPerMillisecond = 1'000'000;
+/// After a reading, the user looks at the budget first; the bytes are read again when nothing else is to be done.
+constexpr std::chrono::seconds kIdle(5);
+/// The time after which a file that did not change and could not be read is read again.
+constexpr std::chrono::seconds kBetweenReadings(30);
+
+QString folderOf(const QString& path) {
+    return QFileInfo(path).absolutePath();
+}
+
+bool isSame(const CVPathStatus& a, const CVPathStatus& b) {
+    return a.signature == b.signature && a.changed == b.changed;
+}
+
+} // namespace
+
+void CVSavedFile::markAsRead(const CVFileSignature& signature) {
+    mCommon.reset();
+    know(signature);
+}
+
+void CVSavedFile::know(const CVFileSignature& signature) {
+    mKnown = signature;
+    const CVPathStatus present = CVPathStatus::of(mPath);
+    mKnownChange = present.signature == signature ? present.changed : 0;
+    mKnownSince = Clock::now();
+    if (const auto folder = CVFileSignature::of(folderOf(mPath)))
+        mFolderDevice = folder->device;
+    mJudgedAt.reset();
+    mUntold.reset();
+    mTold.reset();
+}
+
+/// Whether the file holds what this program last read or wrote, or whether there is none as expected. The bytes decide
+/// where the file was touched, or was changed with its size and its times restored.
+bool CVSavedFile::isAsKnown(const CVPathStatus& present) {
+    if (!mKnown || !present.signature)
+        return !mKnown && !present.signature;
+    if (present.signature == mKnown && (present.changed == mKnownChange || !mCommon))
+        return true;
+    if (!mCommon || present.signature->size != mKnown->size || !mCommon->isIn(mPath))
+        return false;
+    mKnown = present.signature;
+    mKnownChange = present.changed;
+    return true;
+}
+
+/// Whether the folder is on another disk than before and has no such file: the mount point of the former disk.
+bool CVSavedFile::diskIsAway(const CVPathStatus& present) const {
+    const auto folder = CVFileSignature::of(folderOf(mPath));
+    return mKnown && !present.signature && folder && folder->device != mFolderDevice;
+}
+
+CVOutsideChange CVSavedFile::read() const {
+    const auto budget = std::make_shared<CVDetachedDocument>();
+    const CVLoadReport report = CVDocumentReader().readFromURL(**budget, mPath);
+    if (report.readWhole) {
+        (*budget)->sortTransactionsByDate();
+        (*budget)->updateDates();
+        return {CVOutsideChange::Kind::Changed, mPath, {}, budget, *report.readWhole};
+    }
+    const QString reason =
+        report.reason.isEmpty() ? tr("it holds something that Corvella does not understand") : report.reason;
+    return {CVOutsideChange::Kind::Unreadable, mPath, reason};
+}
+
+/// Empty when the budget can be written now.
+QString CVSavedFile::whyNotNow(const CVPathStatus& present, CVUnreadableFile unreadable) const {
+    if (diskIsAway(present))
+        return tr("the disk on which it was is not there");
+    if (!mIsWatched || !mKnown || !present.signature || unreadable == CVUnreadableFile::Replaced)
+        return {};
+    const CVOutsideChange change = read();
+    return change.kind == CVOutsideChange::Kind::Unreadable
+               ? tr("another program may still be writing it, because it cannot be read: %1").arg(change.reason)
+               : QString();
+}
+
+CVSaveOutcome CVSavedFile::save(const CVDocumentText& text, const CVVersionKeeping& keeping,
+                                CVUnreadableFile unreadable) {
+    CVSaveOutcome outcome{.path = mPath};
+    if (keeping.asked)
+        mStillAsked = keeping.asked;
+    const CVPathStatus present = CVPathStatus::of(mPath);
+    const bool isKnown = isAsKnown(present);
+    QString problem = isKnown ? QString() : whyNotNow(present, unreadable);
+    outcome.awaitsReadable = !problem.isEmpty() && present.signature;
+    if (problem.isEmpty())
+        problem = write(text, keeping, present, isKnown, outcome);
+    if (!problem.isEmpty())
+        outcome.message =
+            tr("The budget could not be saved to “%1”: %2.").arg(QDir::toNativeSeparators(mPath), problem);
+    return outcome;
+}
+
+/// Answers why the budget was not saved; empty when it was.
+QString CVSavedFile::write(const CVDocumentText& text, const CVVersionKeeping& keeping, const CVPathStatus& present,
+                           bool isKnown, CVSaveOutcome& outcome) {
+    CVKeptCopy kept{{}, {present.error}, false};
+    if (present.signature && !isKnown)
+        kept = keepUnreadFile(*present.signature);
+    // A file that was kept as another program's is no version of this program's.
+    const auto due = present.signature && isKnown ? dueVersion(*present.signature, keeping.limit) : std::nullopt;
+    CVReplaceResult replacing{kept.result};
+    if (kept.result.ok()) {
+        replacing = CVWriteDocumentText(mPath, text, kept.moved ? std::nullopt : present.signature,
+                                        due ? CVFormerFile::Kept : CVFormerFile::Dropped);
+    }
+    const auto former = mCommon;
+    const auto asked = mStillAsked;
+    if (replacing.written) {
+        mCommon.emplace(text);
+        know(*replacing.written);
+        mStillAsked.reset();
+    } else if (kept.moved && kept.putBack(mPath)) {
+        kept = {};
+    }
+    outcome.keptCopy = kept.path;
+    outcome.diskIsFull = replacing.diskIsFull();
+    // Until what stood there gets a name of its own, it bears that of a temporary file, which the next start
+    // recognises.
+    if (!replacing.isExpected && !replacing.former.isEmpty())
+        outcome.keptCopy = CVKeptCopy::keepFormer(replacing.former, mPath, QDateTime::currentDateTime()).path;
+    else if (due && !replacing.former.isEmpty())
+        keepVersion(replacing.former, *due, keeping.limit, outcome);
+    if (!outcome.keptCopy.isEmpty() && former) {
+        // What both had in common is in no file by now.
+        outcome.common = former->text();
+        keepText(*outcome.common, asked.value_or(CVVersionReason::TakingOver), keeping.limit, outcome);
+    }
+    return replacing.error;
+}
+
+std::optional<CVVersionReason> CVSavedFile::dueVersion(const CVFileSignature& present, qint64 limit) const {
+    if (limit <= 0)
+        return std::nullopt;
+    const QDateTime now = QDateTime::currentDateTime();
+    std::optional<CVVersionName> newest = mNotKept;
+    for (const CVVersion& version : CVVersionFolder(mPath).versions()) {
+        // A clock that was set back makes a version one of the future, which must not suspend the keeping.
+        if (version.name.kept <= now && (!newest || newest->kept < version.name.kept))
+            newest = version.name;
+    }
+    return CVDueVersion(mStillAsked, QDateTime::fromMSecsSinceEpoch(present.modified / kNanosecondsPerMillisecond),
+                        newest, now);
+}
+
+void CVSavedFile::keepVersion(const QString& former, CVVersionReason reason, qint64 limit, CVSaveOutcome& outcome) {
+    const QDateTime now = QDateTime::currentDateTime();
+    finishKeeping(CVVersionFolder(mPath).keep(former, reason, now), {now, 1, reason}, limit, outcome);
+}
+
+void CVSavedFile::keepText(const CVDocumentText& text, CVVersionReason reason, qint64 limit, CVSaveOutcome& outcome) {
+    if (limit <= 0)
+        return;
+    const QDateTime now = QDateTime::currentDateTime();
+    finishKeeping(CVVersionFolder(mPath).keepContent(CVContentOfDocumentText(text), reason, now), {now, 1, reason},
+                  limit, outcome);
+}
+
+void CVSavedFile::finishKeeping(const CVFileResult& kept, const CVVersionName& version, qint64 limit,
+                                CVSaveOutcome& outcome) {
+    const CVVersionFolder folder(mPath);
+    mNotKept.reset();
+    if (!kept.ok()) {
+        mNotKept = version;
+        outcome.versionTrouble = tr("An earlier version could not be kept in “%1”: %2.")
+                                     .arg(QDir::toNativeSeparators(folder.path()), kept.error);
+        return;
+    }
+    const CVFileResult thinned = folder.thin(version.kept, limit);
+    if (!thinned.ok()) {
+        outcome.versionTrouble = tr("Superfluous earlier versions could not be removed from “%1”: %2.")
+                                     .arg(QDir::toNativeSeparators(folder.path()), thinned.error);
+    }
+}
+
+CVKeptCopy CVSavedFile::keepUnreadFile(const CVFileSignature& signature) {
+    CVKeptCopy kept = CVKeptCopy::keepUnreadable(mPath, QDateTime::currentDateTime());
+    if (kept.path.isEmpty() && kept.result.ok())
+        kept.result.error = tr("what stands there could not be kept beside it");
+    // The bytes have a second name now, so another attempt need not keep them again.
+    if (!kept.path.isEmpty() && !kept.moved)
+        know(signature);
+    return kept;
+}
+
+std::optional<CVOutsideChange> CVSavedFile::look() {
+    mIsWatched = true;
+    if (!mKnown)
+        return std::nullopt;
+    if (!mCommon && Clock::now() - mKnownSince >= kIdle)
+        mCommon = CVCommonState::ofFile(mPath, *mKnown);
+    const CVPathStatus present = CVPathStatus::of(mPath);
+    const bool isJudged = mJudgedAt && isSame(present, mJudged);
+    if (isJudged && mUntold)
+        return tell(*std::exchange(mUntold, std::nullopt));
+    const bool isDueAgain = mTold == CVOutsideChange::Kind::Unreadable && Clock::now() - *mJudgedAt >= kBetweenReadings;
+    if (isJudged && !isDueAgain)
+        return std::nullopt;
+    mJudgedAt.reset();
+    mUntold.reset();
+    if (isAsKnown(present))
+        return tell({CVOutsideChange::Kind::AsKnown, mPath});
+    if (!present.signature)
+        return tell({CVOutsideChange::Kind::Gone, mPath, present.error});
+    mJudged = present;
+    mJudgedAt = Clock::now();
+    CVOutsideChange change = read();
+    if (change.kind == CVOutsideChange::Kind::Changed)
+        return tell(std::move(change));
+    // A file that is written in place cannot be read for a moment, which concerns nobody.
+    mUntold = std::move(change);
+    return std::nullopt;
+}
+
+/// Absent for what was told before.
+std::optional<CVOutsideChange> CVSavedFile::tell(CVOutsideChange change) {
+    using Kind = CVOutsideChange::Kind;
+    const std::optional<Kind> told = change.kind == Kind::AsKnown ? std::nullopt : std::optional(change.kind);
+    const bool isNew = change.kind == Kind::Changed || told != mTold;
+    mTold = told;
+    return isNew ? std::optional(std::move(change)) : std::nullopt;
+}
+
+CVSaveOutcome CVSavedFile::takeOver(const CVFileSignature& signature, const CVDocumentText& former,
+                                    qint64 versionLimit) {
+    CVSaveOutcome outcome{.path = mPath};
+    keepText(former, CVVersionReason::TakingOver, versionLimit, outcome);
+    mCommon = CVCommonState::ofFile(mPath, signature);
+    know(signature);
+    return outcome;
+}

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "base/CVFileSignature.h"
+#include "storage/CVCommonState.h"
+#include "storage/CVOutsideChange.h"
+#include "storage/CVSaveOutcome.h"
+#include "versions/CVVersionName.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+
+#include <chrono>
+#include <optional>
+
+struct CVKeptCopy;
+
+/// One data file as this program last read or wrote it. Replaces it, so that no change of another program and no state
+/// worth keeping is lost, and notices such changes. Used on one thread.
+class CVSavedFile final {
+    Q_DECLARE_TR_FUNCTIONS(CVSavedFile)
+
+public:
+    explicit CVSavedFile(QString path) : mPath(std::move(path)) {}
+
+    /// Allows the file to be written over, because it was read whole when it had that signature.
+    void markAsRead(const CVFileSignature& signature);
+    /// Replaces the file. One that this program neither read nor wrote is kept first.
+    [[nodiscard]] CVSaveOutcome save(const CVDocumentText& text, const CVVersionKeeping& keeping,
+                                     CVUnreadableFile unreadable);
+
+    /// Looks whether the file is still what this program last read or wrote, and tells it once when that has changed.
+    /// From the first look on, a save waits while the file cannot be read. Absent when there is nothing new, or when
+    /// this program has neither read nor written the file.
+    [[nodiscard]] std::optional<CVOutsideChange> look();
+    /// Takes the changed file of that signature for what this program last read, and keeps `former`, the text of the
+    /// budget until then, as a version. Only the version's trouble of the outcome counts.
+    [[nodiscard]] CVSaveOutcome takeOver(const CVFileSignature& signature, const CVDocumentText& former,
+                                         qint64 versionLimit);
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    void know(const CVFileSignature& signature);
+    [[nodiscard]] bool isAsKnown(const CVPathStatus& present);
+    [[nodiscard]] bool diskIsAway(const CVPathStatus& present) const;
+    [[nodiscard]] QString whyNotNow(const CVPathStatus& present, CVUnreadableFile unreadable) const;
+    [[nodiscard]] CVOutsideChange read() const;
+    [[nodiscard]] QString write(const CVDocumentText& text, const CVVersionKeeping& keeping,
+                                const CVPathStatus& present, bool isKnown, CVSaveOutcome& outcome);
+    [[nodiscard]] CVKeptCopy keepUnreadFile(const CVFileSignature& signature);
+    /// Why the file that this program read or wrote is to be kept as a version before it is replaced.
+    [[nodiscard]] std::optional<CVVersionReason> dueVersion(const CVFileSignature& present, qint64 limit) const;
+    void keepVersion(const QString& former, CVVersionReason reason, qint64 limit, CVSaveOutcome& outcome);
+    void keepText(const CVDocumentText& text, CVVersionReason reason, qint64 limit, CVSaveOutcome& outcome);
+    void finishKeeping(const CVFileResult& kept, const CVVersionName& version, qint64 limit, CVSaveOutcome& outcome);
+    [[nodiscard]] std::optional<CVOutsideChange> tell(CVOutsideChange change);
+
+    QString mPath;
+    /// The file as this program last read, wrote or kept it; absent before that.
+    std::optional<CVFileSignature> mKnown;
+    /// When the file of that signature was last found to be the known one, as its own time of change; it spares
+    /// comparing the bytes.
+    qint64 mKnownChange = 0;
+    /// What the known file holds; absent while nobody has had the time to read it.
+    std::optional<CVCommonState> mCommon;
+    Clock::time_point mKnownSince;
+    /// The disk on which the known file's folder is.
+    quint64 mFolderDevice = 0;
+    /// What the last save asked for, if it failed; the next save asks for it.
+    std::optional<CVVersionReason> mStillAsked;
+    /// The last version that could not be kept: it counts as kept, so that not every save leaves a file with a
+    /// temporary name.
+    std::optional<CVVersionName> mNotKept;
+    bool mIsWatched = false;
+    /// What was told last; absent while the file is as known.
+    std::optional<CVOutsideChange::Kind> mTold;
+    /// The file as it was when it was last found to be another's, and when that was; absent while it is as known.
+    CVPathStatus mJudged;
+    std::optional<Clock::time_point> mJudgedAt;
+    /// A file that could not be read at the last look; told when it is the same at the next one.
+    std::optional<CVOutsideChange> mUntold;
+};

@@ -1,0 +1,199 @@
+#include "storage/CVSavedFile.h"
+
+#include "kit/BudgetBuilder.h"
+#include "kit/ScratchHome.h"
+#include "model/CVDetachedDocument.h"
+#include "storage/CVDocumentXML.h"
+#include "storage/ScratchFiles.h"
+#include "versions/CVVersionFolder.h"
+
+#include <QFile>
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace {
+
+using Kind = CVOutsideChange::Kind;
+
+constexpr qint64 kLimit = 1'000'000;
+
+/// A budget of one transaction, as the program writes it.
+QByteArray budget(const QString& payee) {
+    BudgetBuilder builder;
+    builder.category("Food", 1).transaction({.date = day(2020, 1, 2), .amount = 5, .payTo = payee, .category = "Food"});
+    builder.lastID(1);
+    return CVDocumentXMLRepresentation(builder.document()).joined();
+}
+
+/// A file that this program has read, and another program that changes it.
+class CVSavedFileTest : public testing::Test {
+protected:
+    CVSavedFileTest() {
+        writeFile(mPath, mRead);
+        mFile.markAsRead(*CVFileSignature::of(mPath));
+    }
+
+    [[nodiscard]] std::optional<Kind> look() {
+        const auto change = mFile.look();
+        return change ? std::optional(change->kind) : std::nullopt;
+    }
+    CVSaveOutcome save(const QByteArray& bytes, CVVersionKeeping keeping = {},
+                       CVUnreadableFile unreadable = CVUnreadableFile::AwaitedIfWatched) {
+        return mFile.save(textOf(bytes), keeping, unreadable);
+    }
+    void setTimes(const struct timespec& modified) const {
+        const std::array<timespec, 2> times{modified, modified};
+        ASSERT_EQ(::utimensat(AT_FDCWD, QFile::encodeName(mPath).constData(), times.data(), 0), 0);
+    }
+    /// Replaces the file as a synchronizing program does: whole, under another inode.
+    void replace(const QByteArray& bytes) const {
+        writeFile(mPath + ".new", bytes);
+        ASSERT_EQ(std::rename(QFile::encodeName(mPath + ".new").constData(), QFile::encodeName(mPath).constData()), 0);
+    }
+    [[nodiscard]] QByteArrayList versions() const {
+        QByteArrayList kept;
+        for (const CVVersion& version : CVVersionFolder(mPath).versions())
+            kept.append(readFile(version.path));
+        return kept;
+    }
+
+    ScratchHome mHome;
+    QString mPath = mHome.path(QStringLiteral("Data.corvella"));
+    QByteArray mRead = budget("Baker");
+    CVSavedFile mFile{mPath};
+};
+
+TEST_F(CVSavedFileTest, tellsNothingOfAFileThatStaysAsItIs) {
+    EXPECT_EQ(look(), std::nullopt);
+    EXPECT_EQ(look(), std::nullopt);
+}
+
+TEST_F(CVSavedFileTest, tellsNothingOfAFileThatItHasNeitherReadNorWritten) {
+    CVSavedFile other(mPath);
+    EXPECT_FALSE(other.look());
+}
+
+TEST_F(CVSavedFileTest, tellsOnceWhatAChangedFileHolds) {
+    replace(budget("Grocer"));
+    const auto change = mFile.look();
+    ASSERT_TRUE(change);
+    EXPECT_EQ(change->kind, Kind::Changed);
+    ASSERT_EQ((*change->budget)->transactions().size(), 1U);
+    EXPECT_EQ((*change->budget)->transactions()[0]->payTo(), "Grocer");
+    EXPECT_EQ(look(), std::nullopt);
+    replace(budget("Butcher"));
+    EXPECT_EQ(look(), Kind::Changed);
+}
+
+TEST_F(CVSavedFileTest, noticesAChangeInPlaceOfTheSameSizeWhoseTimeWasRestored) {
+    EXPECT_TRUE(save(budget("Baker")).message.isEmpty());
+    struct stat before {};
+    ASSERT_EQ(::stat(QFile::encodeName(mPath).constData(), &before), 0);
+    writeFile(mPath, budget("Bakes"));
+    setTimes(before.st_mtim);
+    EXPECT_EQ(CVFileSignature::of(mPath)->size, before.st_size);
+    EXPECT_EQ(look(), Kind::Changed);
+}
+
+TEST_F(CVSavedFileTest, tellsNothingOfATouchNorOfTheSameBytesAgain) {
+    EXPECT_TRUE(save(mRead).message.isEmpty());
+    setTimes({.tv_sec = 1'000'000'000, .tv_nsec = 0});
+    EXPECT_EQ(look(), std::nullopt);
+    writeFile(mPath, mRead);
+    EXPECT_EQ(look(), std::nullopt);
+    replace(mRead);
+    EXPECT_EQ(look(), std::nullopt);
+    EXPECT_EQ(save(budget("Grocer")).keptCopy, QString());
+    EXPECT_THAT(namesIn(mHome.path()), testing::ElementsAre("Data.corvella"));
+}
+
+TEST_F(CVSavedFileTest, tellsOnTheSecondLookThatAFileCannotBeReadAndThenThatItCanAgain) {
+    EXPECT_EQ(look(), std::nullopt);
+    replace(mRead.first(mRead.size() / 2));
+    EXPECT_EQ(look(), std::nullopt);
+    EXPECT_EQ(look(), Kind::Unreadable);
+    EXPECT_EQ(look(), std::nullopt);
+    replace(budget("Grocer"));
+    EXPECT_EQ(look(), Kind::Changed);
+}
+
+TEST_F(CVSavedFileTest, tellsThatTheFileIsGoneAndThatItIsBack) {
+    QFile::rename(mPath, mPath + ".away");
+    EXPECT_EQ(look(), Kind::Gone);
+    EXPECT_EQ(look(), std::nullopt);
+    QFile::rename(mPath + ".away", mPath);
+    EXPECT_EQ(look(), Kind::AsKnown);
+    EXPECT_EQ(look(), std::nullopt);
+}
+
+TEST_F(CVSavedFileTest, waitsWithASaveWhileAWatchedFileCannotBeRead) {
+    EXPECT_EQ(look(), std::nullopt);
+    const QByteArray half = mRead.first(mRead.size() / 2);
+    replace(half);
+    const CVSaveOutcome outcome = save(budget("Mine"));
+    EXPECT_TRUE(outcome.awaitsReadable);
+    EXPECT_TRUE(outcome.message.contains("another program may still be writing it")) << outcome.message.toStdString();
+    EXPECT_EQ(readFile(mPath), half);
+    EXPECT_THAT(namesIn(mHome.path()), testing::ElementsAre("Data.corvella"));
+
+    replace(budget("Grocer"));
+    EXPECT_EQ(readFile(save(budget("Mine")).keptCopy), budget("Grocer"));
+    EXPECT_EQ(readFile(mPath), budget("Mine"));
+}
+
+TEST_F(CVSavedFileTest, keepsWhatCannotBeReadWhenNobodyCanWait) {
+    EXPECT_EQ(look(), std::nullopt);
+    replace("half");
+    const CVSaveOutcome outcome = save(budget("Mine"), {}, CVUnreadableFile::Replaced);
+    EXPECT_TRUE(outcome.message.isEmpty()) << outcome.message.toStdString();
+    EXPECT_EQ(readFile(outcome.keptCopy), "half");
+    EXPECT_EQ(readFile(mPath), budget("Mine"));
+}
+
+TEST_F(CVSavedFileTest, tellsWhatBothBudgetsHadInCommonAndKeepsItAsAVersion) {
+    EXPECT_TRUE(save(budget("Common")).message.isEmpty());
+    replace(budget("Theirs"));
+    const CVSaveOutcome outcome = save(budget("Ours"), {CVVersionReason::Removal, kLimit});
+    EXPECT_EQ(readFile(outcome.keptCopy), budget("Theirs"));
+    ASSERT_TRUE(outcome.common);
+    EXPECT_EQ(outcome.common->joined(), budget("Common"));
+    EXPECT_EQ(readFile(mPath), budget("Ours"));
+    EXPECT_THAT(versions(), testing::ElementsAre(budget("Common")));
+    EXPECT_EQ(CVVersionFolder(mPath).versions()[0].name.reason, CVVersionReason::Removal);
+    EXPECT_FALSE(save(budget("Ours again")).common);
+}
+
+TEST_F(CVSavedFileTest, takesAChangedFileOverAndKeepsTheFormerStateAsAVersion) {
+    replace(budget("Theirs"));
+    const auto change = mFile.look();
+    ASSERT_TRUE(change);
+    EXPECT_EQ(mFile.takeOver(change->signature, textOf(mRead), kLimit).versionTrouble, QString());
+    EXPECT_THAT(versions(), testing::ElementsAre(mRead));
+    EXPECT_EQ(CVVersionFolder(mPath).versions()[0].name.reason, CVVersionReason::TakingOver);
+    EXPECT_EQ(look(), std::nullopt);
+    EXPECT_EQ(save(budget("Ours")).keptCopy, QString());
+    replace(budget("Theirs again"));
+    EXPECT_EQ(save(budget("Ours again")).common->joined(), budget("Ours"));
+}
+
+TEST_F(CVSavedFileTest, keepsNoVersionWhereNoneIsWanted) {
+    replace(budget("Theirs"));
+    const auto change = mFile.look();
+    ASSERT_TRUE(change);
+    EXPECT_EQ(mFile.takeOver(change->signature, textOf(mRead), 0).versionTrouble, QString());
+    EXPECT_TRUE(versions().isEmpty());
+}
+
+TEST_F(CVSavedFileTest, noticesTheNextChangeAlthoughAnEarlierOneIsTakenOver) {
+    replace(budget("Theirs"));
+    const auto change = mFile.look();
+    ASSERT_TRUE(change);
+    replace(budget("Theirs, later"));
+    (void)mFile.takeOver(change->signature, textOf(mRead), 0);
+    EXPECT_EQ(look(), Kind::Changed);
+}
+
+} // namespace
