@@ -4,6 +4,7 @@
 #include "app/CVEditorWindows.h"
 #include "app/CVFileMessages.h"
 #include "app/CVHistoryOperations.h"
+#include "app/CVOutsideChanges.h"
 #include "app/CVReadingPanel.h"
 #include "app/CVSupportMail.h"
 #include "base/CVDefaultsKeys.h"
@@ -39,6 +40,10 @@
 namespace {
 
 constexpr std::chrono::milliseconds kBetweenWindows(20);
+/// A disk that takes longer to save does not answer. Whoever closes the window is asked then.
+constexpr std::chrono::seconds kPatience(2);
+/// Who cannot be asked waits longer.
+constexpr std::chrono::seconds kLastPatience(10);
 
 void showInFront(QWidget& window) {
     window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
@@ -58,6 +63,7 @@ CVAppDelegate::CVAppDelegate(std::unique_ptr<QSettings> settings, CVStandardFold
     , mUpdates(mUserDefaults, mNotificationCenter, alerts, *this)
     , mSaveTeller(alerts)
     , mHistoryOperations(std::make_unique<CVHistoryOperations>(*this, mFile, alerts, panels))
+    , mOutsideChanges(std::make_unique<CVOutsideChanges>(*this, mFile))
     , mDocument(std::make_unique<CVDocument>(mNotificationCenter, mUserDefaults)) {
     connect(&mFile.saves(), &CVSaveQueue::saveFinished, this, &CVAppDelegate::handleSaveFinished);
     connect(&mUpdates, &CVUpdateController::preferencesRequested, this, &CVAppDelegate::showUpdatePreferences);
@@ -78,6 +84,7 @@ bool CVAppDelegate::applicationDidFinishLaunching() {
     if (report.outcome == CVLoadReport::Outcome::Cancelled)
         return false;
     makeWindowControllers();
+    mOutsideChanges->watch(report.path);
     showWhetherSaved(report);
     if (!recovered.ok())
         mMainWindow->saveStatus().remark(
@@ -144,13 +151,24 @@ bool CVAppDelegate::mayClose() {
         return false;
     std::optional<QTime> triedAgain;
     for (;;) {
-        const CVSaveOutcome outcome = mFile.saves().waitForFinished();
-        if (outcome.saved || mEndsWithoutAsking)
+        const auto outcome = mFile.saves().waitForFinished(mEndsWithoutAsking ? kLastPatience : kPatience);
+        if (mEndsWithoutAsking || (outcome && outcome->saved))
             return true;
-        const int answer = mAlerts.run(mMainWindow->window(), CVFileMessages::quitUnsaved(outcome, triedAgain));
-        if (answer != CVAlert::kDefault)
+        // Whoever quits cannot wait until another program has finished writing.
+        if (outcome && outcome->awaitsReadable && mFile.unreadableFiles() != CVUnreadableFile::Replaced) {
+            mFile.setUnreadableFiles(CVUnreadableFile::Replaced);
+            mDocument->workbookSave();
+            continue;
+        }
+        const int answer =
+            mAlerts.run(mMainWindow->window(),
+                        outcome ? CVFileMessages::quitUnsaved(*outcome, triedAgain) : CVFileMessages::stillSaving());
+        if (answer != CVAlert::kDefault) {
+            mFile.setUnreadableFiles(CVUnreadableFile::AwaitedIfWatched);
             return answer == CVAlert::kOther;
-        mDocument->workbookSave();
+        }
+        if (outcome)
+            mDocument->workbookSave();
         triedAgain = QTime::currentTime();
     }
 }
@@ -255,8 +273,10 @@ void CVAppDelegate::checkForNewVersion(QWidget& asker) {
 
 QString CVAppDelegate::waitForSaves() {
     CVCommitOpenEditor(mMainWindow->window()->focusWidget());
-    const CVSaveOutcome outcome = mFile.saves().waitForFinished();
-    return outcome.saved ? QString() : outcome.message;
+    const auto outcome = mFile.saves().waitForFinished(kLastPatience);
+    if (!outcome)
+        return whatIsNotSaved();
+    return outcome->saved ? QString() : outcome->message;
 }
 
 std::optional<QString> CVAppDelegate::reopenDocument() {
@@ -269,6 +289,7 @@ std::optional<QString> CVAppDelegate::reopenDocument() {
         return report.outcome == CVLoadReport::Outcome::Cancelled ? QString() : report.reason;
     }
     replaceDocument(std::move(document));
+    mOutsideChanges->watch(report.path);
     showWhetherSaved(report);
     if (!report.reason.isEmpty())
         tellAboutReading(report);
@@ -337,10 +358,19 @@ void CVAppDelegate::keepEverything() {
 
 /// A failed save is tried once more, because the disk may have room again and the latest entries are in no file.
 bool CVAppDelegate::saveAtLast() {
-    if (mFile.saves().waitForFinished().saved)
-        return true;
+    const auto first = mFile.saves().waitForFinished(kLastPatience);
+    if (!first || first->saved)
+        return first.has_value();
+    mFile.setUnreadableFiles(CVUnreadableFile::Replaced);
     mDocument->workbookSave();
-    return mFile.saves().waitForFinished().saved;
+    const auto second = mFile.saves().waitForFinished(kLastPatience);
+    return second && second->saved;
+}
+
+QString CVAppDelegate::whatIsNotSaved() {
+    const auto outcome = mFile.saves().waitForFinished(std::chrono::milliseconds(0));
+    return outcome ? outcome->message
+                   : tr("Your last changes are not saved: the disk with your data file does not answer.");
 }
 
 void CVAppDelegate::endWithoutAsking() {

@@ -19,6 +19,7 @@ class CVHelpOpener;
 class CVHistoryOperations;
 class CVHistoryWindow;
 class CVMainWindowController;
+class CVOutsideChanges;
 class CVPreferenceWindowController;
 class CVPrintPanels;
 class CVReadingPanel;
@@ -54,6 +55,9 @@ public:
     void comeToFront();
     /// Saves everything that has been entered, also an entry that is still being typed, and waits for the save.
     void keepEverything();
+    /// What the user must know of the last save when the program ends: why it failed, or that the disk does not answer.
+    /// Empty when everything is saved.
+    [[nodiscard]] QString whatIsNotSaved();
     /// Closes all windows, waits for the last save and ends the event loop, with status 1 when that save has failed.
     /// Open windows and questions are closed as with Escape.
     void endWithoutAsking();
@@ -101,7 +105,7 @@ private:
     void handleSaveFinished(const CVSaveOutcome& outcome);
     void showWhetherSaved(const CVLoadReport& report) const;
     void tellAboutReading(const CVLoadReport& report);
-    /// Waits for the last save; whether everything that was entered is in the file.
+    /// Waits for the last save, but not for ever; whether everything that was entered is in the file.
     [[nodiscard]] bool saveAtLast();
     /// Whether the window may close: not while changes would be lost, unless the user agrees.
     [[nodiscard]] bool mayClose();
@@ -116,6 +120,7 @@ private:
     CVPrintPanels* mPrintPanels = nullptr;
     CVSaveTeller mSaveTeller;
     std::unique_ptr<CVHistoryOperations> mHistoryOperations;
+    std::unique_ptr<CVOutsideChanges> mOutsideChanges;
     std::unique_ptr<CVDocument> mDocument;
     std::unique_ptr<CVEditorWindows> mEditorWindows;
     std::unique_ptr<CVMainWindowController> mMainWindow;

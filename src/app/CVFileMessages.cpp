@@ -101,4 +101,13 @@ CVAlert quitUnsaved(const CVSaveOutcome& outcome, std::optional<QTime> triedAgai
             FileMessagesText::tr("Quit Without Saving")};
 }
 
+CVAlert stillSaving() {
+    return {
+        FileMessagesText::tr("Your last changes are still being saved"),
+        FileMessagesText::tr("The disk with your data file does not answer. If you quit now, what you changed since "
+                             "the last save may be lost."),
+        FileMessagesText::tr("Keep Waiting"), FileMessagesText::tr("Cancel"),
+        FileMessagesText::tr("Quit Without Saving")};
+}
+
 } // namespace CVFileMessages

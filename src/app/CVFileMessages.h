@@ -24,5 +24,7 @@ namespace CVFileMessages {
 /// Asks whether to close the window although the last save failed: default tries again, alternate stays, other quits.
 /// `triedAgain` is the time of the attempt that this alert led to; absent when it is asked for the first time.
 [[nodiscard]] CVAlert quitUnsaved(const CVSaveOutcome& outcome, std::optional<QTime> triedAgain = {});
+/// Asks the same while the last save is under way, because the disk does not answer: default waits.
+[[nodiscard]] CVAlert stillSaving();
 
 } // namespace CVFileMessages

@@ -34,6 +34,7 @@
 #include <QTextStream>
 
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <optional>
 
@@ -150,8 +151,11 @@ int runOnlyWindow(CVRunningInstance& running, CVAlerts& alerts) {
     help.close();
     if (status != 0) {
         QTextStream errors(stderr);
-        CVWriteErrorLine(errors, delegate.saves().waitForFinished().message);
+        CVWriteErrorLine(errors, delegate.whatIsNotSaved());
     }
+    // What is destroyed here would wait for a disk that does not answer.
+    if (delegate.saves().isSaving())
+        std::_Exit(status);
     return status;
 }
 

@@ -15,6 +15,8 @@ namespace {
 
 /// The minimum time for which an attempt is shown, because a user does not see a shorter one.
 constexpr std::chrono::milliseconds kAttemptShown(500);
+/// A disk that takes longer to save does not answer.
+constexpr std::chrono::seconds kUsualSave(10);
 
 void announce(QLabel& label) {
     QAccessibleEvent announcement(&label, QAccessible::Alert);
@@ -31,7 +33,8 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
     , mText(new QLabel(this))
     , mMakeRoom(new QPushButton(tr("Delete Earlier Versions…"), this))
     , mTryAgain(new QPushButton(tr("Tr&y Again"), this))
-    , mAttempt(this) {
+    , mAttempt(this)
+    , mSlow(this) {
     mRemark->setObjectName(QStringLiteral("mRemark"));
     mRemark->hide();
     mShowVersions->setObjectName(QStringLiteral("mShowVersionsButton"));
@@ -57,6 +60,12 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
     mAttempt.setSingleShot(true);
     mAttempt.setInterval(kAttemptShown);
     connect(&mAttempt, &QTimer::timeout, this, &CVSaveStatus::showFailure);
+    mSlow.setSingleShot(true);
+    mSlow.setInterval(kUsualSave);
+    connect(&mSlow, &QTimer::timeout, this, [this] {
+        show(tr("Still saving: the disk does not answer"), Outcome::Saving);
+        announce(*mText);
+    });
     connect(mShowVersions, &QPushButton::clicked, this, &CVSaveStatus::versionsRequested);
     connect(mTryAgain, &QPushButton::clicked, this, [this] {
         mAttempt.start();
@@ -68,15 +77,21 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
 
 void CVSaveStatus::setSaving() {
     mFailure.clear();
+    // A further request does not make the first one younger.
+    if (mSlow.isActive())
+        return;
+    mSlow.start();
     show(tr("Saving…"), Outcome::Saving);
 }
 
 void CVSaveStatus::setSaved() {
     mFailure.clear();
+    mSlow.stop();
     show(tr("All changes saved"), Outcome::Fine);
 }
 
 void CVSaveStatus::setFailed(const QString& reason, MakeRoom makeRoom) {
+    mSlow.stop();
     mRoomHelps = makeRoom;
     mFailure = tr("Not saved: %1").arg(reason);
     if (!mAttempt.isActive())

@@ -49,6 +49,8 @@ private:
     QPushButton* mTryAgain;
     /// Runs while the attempt that the user asked for is shown whatever its outcome.
     QTimer mAttempt;
+    /// Runs from the beginning of a save to its end.
+    QTimer mSlow;
     /// The text of the last failure; empty once another save has begun.
     QString mFailure;
     MakeRoom mRoomHelps = MakeRoom::No;
