@@ -152,9 +152,9 @@ CVVersionFolder::Keeping CVVersionFolder::keepContent(const CVFileContent& conte
     if (mDataFile.isEmpty())
         return {{qt_error_string(EIO)}, {}};
     const QString file = CVTemporaryFile::nameBeside(mDataFile);
-    if (const CVFileResult written = CVReplaceFile(file, content); !written.ok())
-        return {written, {}};
-    Keeping keeping = keep(file, reason, now);
+    Keeping keeping{{CVReplaceFile(file, content).error}, {}};
+    if (keeping.ok())
+        keeping = keep(file, reason, now);
     if (!keeping.ok())
         (void)remove(file);
     return keeping;

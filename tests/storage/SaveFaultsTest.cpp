@@ -197,6 +197,8 @@ const FaultRow kFaults[]{
     {"overALinkedFileInASandbox", Before::Linked, kForbiddenExchange},
     {"overAnUnreadableFile", Before::Unreadable},
     {"overAnUnreadableFileOnAStick", Before::Unreadable, kNoLinks},
+    {"overAnothersChange", Before::Changed},
+    {"overAnothersChangeOnAStick", Before::Changed, kNoLinks},
     {"overAFolder", Before::Folder},
     {"overAFolderOnAShare", Before::Folder, kNoExchange},
     {"withoutAFile", Before::Absent},

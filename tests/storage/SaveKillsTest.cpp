@@ -41,6 +41,7 @@ protected:
             writeFile(folder + "/path", scenario.path().toUtf8());
             writeFile(folder + "/old", scenario.oldBytes());
             writeFile(folder + "/new", scenario.text());
+            writeFile(folder + "/common", scenario.commonBytes());
             scenario.save({{at, FaultyCalls::kKilled}}, GetParam().unsupported);
             ::_exit(0);
         }
@@ -54,6 +55,7 @@ protected:
         const QString path = QString::fromUtf8(readFile(folder + "/path"));
         const QByteArray former = readFile(folder + "/old");
         const QByteArray fresh = readFile(folder + "/new");
+        const QByteArray common = readFile(folder + "/common");
         const bool isFolder = QFileInfo(path).isDir();
         const QByteArray present = readFile(path);
         const bool isUnreadable =
@@ -68,7 +70,7 @@ protected:
         for (const CVVersion& version : CVVersionFolder(path).versions()) {
             const QByteArray bytes = readFile(version.path);
             isThere = isThere || bytes == former;
-            if (bytes != former && bytes != fresh)
+            if (bytes != former && bytes != fresh && bytes != common)
                 return QStringLiteral("a version is not whole");
         }
         const QString inside =
@@ -104,6 +106,8 @@ const KillRow kKills[]{
     {"overALinkedFile", SaveScenario::Before::Linked},
     {"overAnUnreadableFile", SaveScenario::Before::Unreadable},
     {"overAnUnreadableFileOnAStick", SaveScenario::Before::Unreadable, kStick},
+    {"overAnothersChange", SaveScenario::Before::Changed},
+    {"overAnothersChangeOnAStick", SaveScenario::Before::Changed, kStick},
     {"overAFolder", SaveScenario::Before::Folder},
     {"withoutAFile", SaveScenario::Before::Absent},
 };

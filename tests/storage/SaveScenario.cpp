@@ -5,7 +5,9 @@
 #include "storage/ScratchFiles.h"
 #include "versions/CVVersionFolder.h"
 
+#include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -13,6 +15,7 @@ namespace {
 
 constexpr unsigned kModeOfOldFile = 0640;
 const QString kInside = QStringLiteral("/inside");
+const QRegularExpression kKeptName(QStringLiteral(" \\((unreadable|changed outside) "));
 
 /// Larger than Qt's buffers, so that there are several writes and several reads.
 QByteArray encryptedFile() {
@@ -33,7 +36,7 @@ SaveScenario::SaveScenario(Before before)
         writeFile(QFileInfo(place).path() + QStringLiteral("/other"), "");
         makeLink(mPath, place);
     }
-    if (mBefore == Before::Good || mBefore == Before::Linked)
+    if (mBefore == Before::Good || mBefore == Before::Linked || mBefore == Before::Changed)
         mOld = sampleFile();
     if (mBefore == Before::Unreadable || mBefore == Before::Folder)
         mOld = encryptedFile();
@@ -43,7 +46,20 @@ SaveScenario::SaveScenario(Before before)
         setMode(file, kModeOfOldFile);
     }
     mFile.initWithStandardUserFile(mBudget.document());
+    if (mBefore == Before::Changed)
+        changeOutside();
     mBudget.transaction({.payTo = QString(20'000, u'p'), .xfor = QString(20'000, u'f')});
+}
+
+/// Saves, so that the program knows what both have in common, and then writes another budget there.
+void SaveScenario::changeOutside() {
+    mBudget.document().workbookSave();
+    mFile.saves().waitForFinished();
+    mCommon = bytesOnDisk();
+    mOld = QByteArray(mCommon).replace("Transaction", "Transaction ");
+    QFile::remove(mPath);
+    writeFile(mPath, mOld);
+    setMode(mPath, kModeOfOldFile);
 }
 
 const FaultyCalls::Record& SaveScenario::save(std::vector<FaultyCalls::Fault> faults,
@@ -58,7 +74,7 @@ const FaultyCalls::Record& SaveScenario::save(std::vector<FaultyCalls::Fault> fa
 }
 
 QStringList SaveScenario::broken() const {
-    QStringList faults{brokenFile(), brokenWord(), brokenKeeping(), brokenVersion(), brokenLeftovers(), brokenModes()};
+    QStringList faults{brokenFile(), brokenWord(), brokenKeeping(), brokenVersion(), brokenCommonState(), brokenLeftovers(), brokenModes()};
     faults.removeAll(QString());
     return faults;
 }
@@ -125,21 +141,26 @@ bool SaveScenario::failedAfterReplacing() const {
 
 /// A kept copy that cannot be synced can be made in another way; a version that cannot is told by itself.
 bool SaveScenario::failedToSyncTheNewFile() const {
-    const auto keeping = std::find_if(mRecord.calls.begin(), mRecord.calls.end(), [](const FaultyCalls::Call& call) {
-        return call.path.find("Earlier Versions") != std::string::npos;
+    const auto& calls = mRecord.calls;
+    const auto replaced = std::find_if(calls.begin(), calls.end(), [this](const FaultyCalls::Call& call) {
+        return call.name.starts_with("rename") && !call.failed && call.path == mPath.toStdString();
     });
-    return std::any_of(mRecord.calls.begin(), keeping, [](const FaultyCalls::Call& call) {
-        return call.failed && call.name == "fsync" && call.path.find("(unreadable ") == std::string::npos;
+    const auto keeping = std::find_if(replaced, calls.end(), [](const FaultyCalls::Call& call) {
+        return call.path.find("Earlier Versions") != std::string::npos ||
+               (call.name == "open" && call.path.find(".saving-") != std::string::npos);
+    });
+    return std::any_of(calls.begin(), keeping, [](const FaultyCalls::Call& call) {
+        return call.failed && call.name == "fsync" && !QString::fromStdString(call.path).contains(kKeptName);
     });
 }
 
 QString SaveScenario::brokenKeeping() const {
-    if (mBefore != Before::Unreadable && mBefore != Before::Folder)
+    if (mBefore != Before::Unreadable && mBefore != Before::Folder && mBefore != Before::Changed)
         return {};
     const QString inside = mBefore == Before::Folder ? kInside : QString();
     bool found = readFile(mPath + inside) == mOld;
     bool whole = true;
-    for (const QString& name : namesIn(mFolder).filter(QStringLiteral("(unreadable "))) {
+    for (const QString& name : namesIn(mFolder).filter(kKeptName)) {
         // A temporary file that could not be removed.
         if (name.startsWith(u'.'))
             continue;
@@ -176,12 +197,24 @@ QString SaveScenario::brokenVersion() const {
     return isThere ? QString() : QStringLiteral("the former file is lost");
 }
 
+/// Once the new file is in place, what both budgets had in common is a version, or the user is told.
+QString SaveScenario::brokenCommonState() const {
+    if (mBefore != Before::Changed || bytesOnDisk() == mOld)
+        return {};
+    bool isVersion = false;
+    for (const CVVersion& version : CVVersionFolder(mPath).versions())
+        isVersion = isVersion || readFile(version.path) == mCommon;
+    return isVersion || !mOutcome.versionTrouble.isEmpty()
+               ? QString()
+               : QStringLiteral("the common state is no version, and nothing was told");
+}
+
 QString SaveScenario::brokenLeftovers() const {
     // A temporary file that cannot be removed stays.
     if (mRecord.failed("unlink"))
         return {};
     for (const QString& name : namesIn(mFolder)) {
-        const bool isKnown = mFolder + u'/' + name == mPath || name.contains(QLatin1String("(unreadable ")) ||
+        const bool isKnown = mFolder + u'/' + name == mPath || name.contains(kKeptName) ||
                              name == QLatin1String("Earlier Versions");
         // A former file that could not become a version stays until the next start.
         const bool isFormer = mHadVersionTrouble && readFile(mFolder + u'/' + name) == mOld;

@@ -18,6 +18,8 @@ public:
         Unreadable,
         /// A folder at the path of the file.
         Folder,
+        /// Another program's budget in the place of one that this program has saved; both must be kept.
+        Changed,
         /// Neither the file nor its folder.
         Absent
     };
@@ -35,6 +37,8 @@ public:
     /// hold.
     [[nodiscard]] const QString& path() const { return mPath; }
     [[nodiscard]] const QByteArray& oldBytes() const { return mOld; }
+    /// What both budgets had in common before another program changed the file; null unless one did.
+    [[nodiscard]] const QByteArray& commonBytes() const { return mCommon; }
     [[nodiscard]] QByteArray text();
     /// The broken conditions after the save, on the disk and in the messages; empty when all hold.
     [[nodiscard]] QStringList broken() const;
@@ -44,10 +48,12 @@ public:
 private:
     /// The bytes at the path of the data file; null when there is no file.
     [[nodiscard]] QByteArray bytesOnDisk() const;
+    void changeOutside();
     [[nodiscard]] QString brokenFile() const;
     [[nodiscard]] QString brokenWord() const;
     [[nodiscard]] QString brokenKeeping() const;
     [[nodiscard]] QString brokenVersion() const;
+    [[nodiscard]] QString brokenCommonState() const;
     [[nodiscard]] QString brokenLeftovers() const;
     [[nodiscard]] QString brokenModes() const;
     [[nodiscard]] bool failedAfterReplacing() const;
@@ -61,6 +67,7 @@ private:
     QString mPath;
     /// The content before the save; null when there is none.
     QByteArray mOld;
+    QByteArray mCommon;
     QByteArray mNew;
     BudgetBuilder mBudget;
     CVDocumentFile mFile;
