@@ -147,12 +147,15 @@ bool CVAppDelegate::mayClose() {
     // The budget that another one replaces was saved before.
     if (mIsReopening)
         return true;
-    if (!mEndsWithoutAsking && mMainWindow->returnToUnreadable())
+    // Whoever closes the window then waits for the save.
+    if (mEndsWithoutAsking)
+        return true;
+    if (mMainWindow->returnToUnreadable())
         return false;
     std::optional<QTime> triedAgain;
     for (;;) {
-        const auto outcome = mFile.saves().waitForFinished(mEndsWithoutAsking ? kLastPatience : kPatience);
-        if (mEndsWithoutAsking || (outcome && outcome->saved))
+        const auto outcome = mFile.saves().waitForFinished(kPatience);
+        if (outcome && outcome->saved)
             return true;
         // Whoever quits cannot wait until another program has finished writing.
         if (outcome && outcome->awaitsReadable && mFile.unreadableFiles() != CVUnreadableFile::Replaced) {
