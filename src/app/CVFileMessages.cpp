@@ -70,14 +70,34 @@ CVAlert unreadable(const CVLoadReport& report, const CVSaveOutcome& outcome) {
 }
 
 CVAlert keptCopy(const CVSaveOutcome& outcome) {
-    return {FileMessagesText::tr("What stood in the place of your file was kept"),
-            FileMessagesText::tr(
-                "Something that Corvella had not read, or not as a whole, stood where your budget is saved. It is kept "
-                "in “%1”.")
-                .arg(shown(outcome.keptCopy)),
-            FileMessagesText::tr("OK"),
-            {},
-            {}};
+    QString title;
+    QString message;
+    switch (outcome.keptReason) {
+    case CVKeptReason::Unreadable:
+        title = FileMessagesText::tr("The file that could not be read was kept");
+        message = FileMessagesText::tr("It stood where your budget is saved. Every byte of it is kept in “%1”.");
+        break;
+    case CVKeptReason::ChangedOutside:
+        title = FileMessagesText::tr("What was changed outside Corvella was kept");
+        message = FileMessagesText::tr(
+            "Another program or computer had written the file in which your budget is saved. What it wrote is kept "
+            "whole in “%1”. File > Earlier Versions… lists it.");
+        break;
+    case CVKeptReason::AsItWasRead:
+        title = FileMessagesText::tr("Your data file was kept as it was read");
+        message = FileMessagesText::tr("Corvella could read some of its values only in part. The file as it was is "
+                                       "kept whole in “%1”. File > Earlier Versions… lists it.");
+        break;
+    case CVKeptReason::ReplacedWhenMoved:
+        title = FileMessagesText::tr("The file that you replaced was kept");
+        message = FileMessagesText::tr(
+            "It stood at the new place of your budget and is kept whole in “%1”. File > Earlier Versions… lists it.");
+        break;
+    }
+    CVAlert alert{title, message.arg(shown(outcome.keptCopy)), FileMessagesText::tr("OK")};
+    if (outcome.keptReason == CVKeptReason::ReplacedWhenMoved)
+        alert.style = CVAlert::Style::Information;
+    return alert;
 }
 
 bool canMakeRoom(const CVSaveOutcome& outcome) {

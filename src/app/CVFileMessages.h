@@ -15,7 +15,7 @@ namespace CVFileMessages {
 /// Says at the start that the file could not be read. `outcome` is that of the save that replaced the file, if there
 /// was one.
 [[nodiscard]] CVAlert unreadable(const CVLoadReport& report, const CVSaveOutcome& outcome);
-/// Says that a file that this program had not read was kept before it was written over.
+/// Says which file was kept before it was written over, and why.
 [[nodiscard]] CVAlert keptCopy(const CVSaveOutcome& outcome);
 /// Whether deleting earlier versions makes room for a save that failed because the disk is full.
 [[nodiscard]] bool canMakeRoom(const CVSaveOutcome& outcome);

@@ -96,7 +96,7 @@ QString textOfVersions() {
     return UsageText::tr(
         "Usage: corvella versions [OPTION...]\n"
         "\n"
-        "Lists the earlier versions of a data file and the copies that were kept because they could not be read,\n"
+        "Lists the earlier versions of a data file and the copies that were kept before they were written over,\n"
         "newest first: when each ceased to be the present state (2026-11-22 14:02:07), why it was kept, its bytes\n"
         "and its path, with a tabulator between them. The data file itself is not read.\n"
         "\n"

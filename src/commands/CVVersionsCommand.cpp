@@ -4,6 +4,7 @@
 #include "commands/CVErrorLine.h"
 #include "commands/CVStandardStreams.h"
 #include "storage/CVStandardDataFile.h"
+#include "versions/CVKeptName.h"
 #include "versions/CVListedVersion.h"
 
 #include <QCoreApplication>
@@ -17,7 +18,6 @@ namespace {
 constexpr int kDone = 0;
 constexpr int kFailed = 1;
 const QString kListedTime = QStringLiteral("yyyy-MM-dd HH:mm:ss");
-const QString kKeptCopyWords = QStringLiteral("kept copy");
 
 struct VersionsCommandText {
     Q_DECLARE_TR_FUNCTIONS(CVVersionsCommand)
@@ -28,9 +28,15 @@ QStringList ownDataFiles() {
     return CVOwnDataFiles(CVStandardFolders::ofUser(), defaults);
 }
 
+/// Why it was kept, in the words of its file name.
+QString reasonOf(const CVListedVersion& version) {
+    if (version.reason)
+        return CVWordsFor(*version.reason);
+    return version.copyReason ? CVWordsFor(*version.copyReason) : QString();
+}
+
 QByteArray lineOf(const CVListedVersion& version) {
-    return QStringList{version.kept.toString(kListedTime),
-                       version.reason ? CVWordsFor(*version.reason) : kKeptCopyWords,
+    return QStringList{version.kept.toString(kListedTime), reasonOf(version),
                        QString::number(QFileInfo(version.path).size()), QDir::toNativeSeparators(version.path)}
                .join(u'\t')
                .toUtf8() +

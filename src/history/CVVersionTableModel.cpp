@@ -144,9 +144,11 @@ QString CVVersionTableModel::text(int row, int column, Wording wording) const {
     }
 }
 
-/// Nothing says whether a kept copy is damaged or of another program.
 QString CVVersionTableModel::keptText(const Row& row) {
-    return row.version.reason ? CVVersionText::reason(*row.version.reason) : tr("before it was written over");
+    const CVListedVersion& version = row.version;
+    if (version.reason)
+        return CVVersionText::reason(*version.reason);
+    return version.copyReason ? CVVersionText::reason(*version.copyReason) : QString();
 }
 
 QString CVVersionTableModel::differencesText(const Row& row, Wording wording) {

@@ -3,6 +3,7 @@
 #include "base/QBDate.h"
 #include "format/QBDateFormatter.h"
 #include "model/CVVersionReason.h"
+#include "versions/CVKeptReason.h"
 
 #include <QCoreApplication>
 
@@ -49,6 +50,20 @@ QString CVVersionText::reason(CVVersionReason reason) {
         return VersionText::tr("before taking over changes");
     case CVVersionReason::Interruption:
         return VersionText::tr("left by an interrupted save");
+    }
+    return {};
+}
+
+QString CVVersionText::reason(CVKeptReason reason) {
+    switch (reason) {
+    case CVKeptReason::Unreadable:
+        return VersionText::tr("could not be read");
+    case CVKeptReason::ChangedOutside:
+        return VersionText::tr("changed outside Corvella");
+    case CVKeptReason::AsItWasRead:
+        return VersionText::tr("as it was read");
+    case CVKeptReason::ReplacedWhenMoved:
+        return VersionText::tr("replaced when the data file moved");
     }
     return {};
 }

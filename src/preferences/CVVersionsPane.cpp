@@ -1,12 +1,14 @@
 #include "preferences/CVVersionsPane.h"
 
 #include "base/CVDefaultsKeys.h"
+#include "base/CVReplaceFile.h"
 #include "base/QBUserDefaults.h"
 #include "format/QBLocale.h"
 #include "preferences/CVPreferenceHost.h"
 #include "preferences/CVPreferenceStore.h"
 #include "preferences/CVWholeNumberField.h"
 #include "versions/CVKeptCopy.h"
+#include "versions/CVKeptName.h"
 #include "versions/CVVersionFolder.h"
 #include "versions/CVVersionLimit.h"
 #include "widgets/CVAlerts.h"
@@ -27,6 +29,17 @@ namespace {
 constexpr int kSmallestLimit = 1;
 constexpr int kLargestLimit = 999'999;
 constexpr int kSizeDigits = 1;
+
+/// What marks the names of the kept copies, each mark once.
+QString marksOf(const QStringList& keptCopies, const QString& dataFileName) {
+    QStringList marks;
+    for (const QString& path : keptCopies) {
+        if (const auto name = CVKeptName::parse(QFileInfo(path).fileName(), dataFileName))
+            marks.append(QStringLiteral("“(%1 …)”").arg(CVWordsFor(name->reason)));
+    }
+    marks.removeDuplicates();
+    return marks.join(QStringLiteral(", "));
+}
 
 } // namespace
 
@@ -162,8 +175,9 @@ bool CVVersionsPane::confirm(const Files& files) {
                           .arg(files.text());
     if (!files.keptCopies.isEmpty())
         message += QStringLiteral("\n\n") +
-                   tr("Among them are files that Corvella could not read or had not written, with “(unreadable …)” in "
-                      "their names.");
+                   tr("Among them are files that another program wrote or that Corvella could not read, with %1 in "
+                      "their names.")
+                       .arg(marksOf(files.keptCopies, QFileInfo(CVFollowLinks(*dataFile())).fileName()));
     CVAlert question{tr("Do you really want to delete all earlier versions?"),
                      message + QStringLiteral("\n\n") + tr("You can't undo this action."), tr("Keep"), tr("Delete")};
     question.escapeAnswer = CVAlert::kDefault;

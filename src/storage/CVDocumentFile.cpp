@@ -38,14 +38,18 @@ CVLoadReport CVDocumentFile::initWithStandardUserFile(CVDocument& document) {
 
 /// Reports whatever is at the file's place when no file was found, such as a folder, so that it is not ignored
 /// silently.
-CVLoadReport CVDocumentFile::reportObstacle() const {
+CVLoadReport CVDocumentFile::reportObstacle() {
     const auto path = CVPathForSaving(mFolders, mDefaults);
     if (!path || !QFileInfo::exists(*path))
         return {};
+    mSaves.markAsUnreadable(*path, CVFileSignature::of(*path));
     return {CVLoadReport::Outcome::Unreadable, *path, tr("what stands there is not a file")};
 }
 
 CVLoadReport CVDocumentFile::readFromURL(CVDocument& document, const QString& path) {
+    // Marked before the reading, because a damaged file is saved over while it is read. For a file that is known by
+    // then the mark means nothing.
+    mSaves.markAsUnreadable(path, CVFileSignature::of(path));
     CVLoadReport report = mReader.readFromURL(document, path);
     mSaves.markAsRead(path, report.readWhole);
     return report;

@@ -50,7 +50,7 @@ public:
     void setUnreadableFiles(CVUnreadableFile unreadable) { mUnreadableFiles = unreadable; }
 
 private:
-    [[nodiscard]] CVLoadReport reportObstacle() const;
+    [[nodiscard]] CVLoadReport reportObstacle();
 
     CVStandardFolders mFolders;
     QBUserDefaults& mDefaults;

@@ -2,6 +2,7 @@
 
 #include "model/CVDocumentText.h"
 #include "model/CVVersionReason.h"
+#include "versions/CVKeptReason.h"
 
 #include <QString>
 
@@ -36,6 +37,8 @@ struct CVSaveOutcome {
     bool awaitsReadable = false;
     /// Where a file that was there and that this program had not read is kept; empty when there was none.
     QString keptCopy = {};
+    /// Why it is kept; counts only with a kept copy.
+    CVKeptReason keptReason = CVKeptReason::ChangedOutside;
     /// What that file and the saved budget last had in common; absent when nothing is known of that.
     std::optional<CVDocumentText> common = {};
     /// Why an earlier version could not be kept or thinned, in a sentence for the user; empty when there was no

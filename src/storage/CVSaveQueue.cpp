@@ -36,6 +36,12 @@ void CVSaveQueue::markAsRead(const QString& path, const std::optional<CVFileSign
         mRead[path] = *signature;
 }
 
+void CVSaveQueue::markAsUnreadable(const QString& path, const std::optional<CVFileSignature>& signature) {
+    const std::lock_guard lock(mMutex);
+    if (signature)
+        mUnreadable[path] = *signature;
+}
+
 void CVSaveQueue::save(const QString& path, CVDocumentText text, CVVersionKeeping keeping,
                        CVUnreadableFile unreadable) {
     enqueue({.path = path, .text = std::move(text), .keeping = keeping, .unreadable = unreadable});
@@ -165,7 +171,10 @@ void CVSaveQueue::look(std::unique_lock<std::mutex>& lock) {
 /// Called with the lock, and returns without it, because the disk may hang.
 void CVSaveQueue::learnWhatWasRead(std::unique_lock<std::mutex>& lock) {
     const auto read = std::exchange(mRead, {});
+    const auto unreadable = std::exchange(mUnreadable, {});
     lock.unlock();
+    for (const auto& [path, signature] : unreadable)
+        fileAt(path).markAsUnreadable(signature);
     for (const auto& [path, signature] : read)
         fileAt(path).markAsRead(signature);
 }

@@ -33,6 +33,9 @@ public:
     /// Allows the file at `path` to be written over, because it was read whole when it had that signature; does nothing
     /// without a signature.
     void markAsRead(const QString& path, const std::optional<CVFileSignature>& signature);
+    /// Notes that what has that signature at `path` may not be readable, which is then why it is kept before it is
+    /// written over.
+    void markAsUnreadable(const QString& path, const std::optional<CVFileSignature>& signature);
     void save(const QString& path, CVDocumentText text, CVVersionKeeping keeping = {},
               CVUnreadableFile unreadable = CVUnreadableFile::AwaitedIfWatched);
     /// Announces, in its turn, a save that failed before there was a path to write to.
@@ -88,8 +91,9 @@ private:
     CVSaveOutcome mLastOutcome;
     /// What is not announced yet.
     std::deque<Message> mMessages;
-    /// The files that were read since the worker last asked.
+    /// What was read since the worker last asked: the files that were read whole, and those that were tried.
     std::map<QString, CVFileSignature> mRead;
+    std::map<QString, CVFileSignature> mUnreadable;
     QString mWatched;
     bool mLooksSoon = false;
     /// Null until a file is watched.

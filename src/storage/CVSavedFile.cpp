@@ -111,8 +111,10 @@ CVSaveOutcome CVSavedFile::save(const CVDocumentText& text, const CVVersionKeepi
 QString CVSavedFile::write(const CVDocumentText& text, const CVVersionKeeping& keeping, const CVPathStatus& present,
                            bool isKnown, CVSaveOutcome& outcome) {
     CVKeptCopy kept{{}, {present.error}, false};
-    if (present.signature && !isKnown)
-        kept = keepUnreadFile(*present.signature);
+    if (present.signature && !isKnown) {
+        outcome.keptReason = reasonToKeep(*present.signature);
+        kept = keepUnreadFile(*present.signature, outcome.keptReason);
+    }
     // A file that was kept as another program's is no version of this program's.
     const auto due = present.signature && isKnown ? dueVersion(*present.signature, keeping.limit) : std::nullopt;
     CVReplaceResult replacing{kept.result};
@@ -133,10 +135,13 @@ QString CVSavedFile::write(const CVDocumentText& text, const CVVersionKeeping& k
     outcome.diskIsFull = replacing.diskIsFull();
     // Until what stood there gets a name of its own, it bears that of a temporary file, which the next start
     // recognises.
-    if (!replacing.isExpected && !replacing.former.isEmpty())
-        outcome.keptCopy = CVKeptCopy::keepFormer(replacing.former, mPath, QDateTime::currentDateTime()).path;
-    else if (due && !replacing.former.isEmpty())
+    if (!replacing.isExpected && !replacing.former.isEmpty()) {
+        outcome.keptReason = CVKeptReason::ChangedOutside;
+        outcome.keptCopy =
+            CVKeptCopy::keepFormer(replacing.former, mPath, outcome.keptReason, QDateTime::currentDateTime()).path;
+    } else if (due && !replacing.former.isEmpty()) {
         keepVersion(replacing.former, *due, keeping.limit, outcome);
+    }
     if (!outcome.keptCopy.isEmpty() && former) {
         // What both had in common is in no file by now.
         outcome.common = former->text();
@@ -189,8 +194,15 @@ void CVSavedFile::finishKeeping(const CVFileResult& kept, const CVVersionName& v
     }
 }
 
-CVKeptCopy CVSavedFile::keepUnreadFile(const CVFileSignature& signature) {
-    CVKeptCopy kept = CVKeptCopy::keepUnreadable(mPath, QDateTime::currentDateTime());
+CVKeptReason CVSavedFile::reasonToKeep(const CVFileSignature& present) const {
+    // Whoever moves the data file to a place has agreed that what stands there is replaced.
+    if (mStillAsked == CVVersionReason::Move)
+        return CVKeptReason::ReplacedWhenMoved;
+    return mUnreadable == present ? CVKeptReason::Unreadable : CVKeptReason::ChangedOutside;
+}
+
+CVKeptCopy CVSavedFile::keepUnreadFile(const CVFileSignature& signature, CVKeptReason reason) {
+    CVKeptCopy kept = CVKeptCopy::keep(mPath, reason, QDateTime::currentDateTime());
     if (kept.path.isEmpty() && kept.result.ok())
         kept.result.error = tr("what stands there could not be kept beside it");
     // The bytes have a second name now, so another attempt need not keep them again.

@@ -24,6 +24,8 @@ public:
 
     /// Allows the file to be written over, because it was read whole when it had that signature.
     void markAsRead(const CVFileSignature& signature);
+    /// Notes that what has that signature could not be read, which is why it is kept before it is written over.
+    void markAsUnreadable(const CVFileSignature& signature) { mUnreadable = signature; }
     /// Replaces the file. One that this program neither read nor wrote is kept first.
     [[nodiscard]] CVSaveOutcome save(const CVDocumentText& text, const CVVersionKeeping& keeping,
                                      CVUnreadableFile unreadable);
@@ -47,7 +49,9 @@ private:
     [[nodiscard]] CVOutsideChange read() const;
     [[nodiscard]] QString write(const CVDocumentText& text, const CVVersionKeeping& keeping,
                                 const CVPathStatus& present, bool isKnown, CVSaveOutcome& outcome);
-    [[nodiscard]] CVKeptCopy keepUnreadFile(const CVFileSignature& signature);
+    /// Why a file that this program neither read nor wrote is to be kept before it is replaced.
+    [[nodiscard]] CVKeptReason reasonToKeep(const CVFileSignature& present) const;
+    [[nodiscard]] CVKeptCopy keepUnreadFile(const CVFileSignature& signature, CVKeptReason reason);
     /// Why the file that this program read or wrote is to be kept as a version before it is replaced.
     [[nodiscard]] std::optional<CVVersionReason> dueVersion(const CVFileSignature& present, qint64 limit) const;
     void keepVersion(const QString& former, CVVersionReason reason, qint64 limit, CVSaveOutcome& outcome);
@@ -58,6 +62,8 @@ private:
     QString mPath;
     /// The file as this program last read, wrote or kept it; absent before that.
     std::optional<CVFileSignature> mKnown;
+    /// What could not be read when that was last tried.
+    std::optional<CVFileSignature> mUnreadable;
     /// When the file of that signature was last found to be the known one, as its own time of change; it spares
     /// comparing the bytes.
     qint64 mKnownChange = 0;

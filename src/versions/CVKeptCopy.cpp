@@ -3,6 +3,7 @@
 #include "base/CVFileSignature.h"
 #include "base/CVMoveFile.h"
 #include "base/CVReplaceFile.h"
+#include "versions/CVKeptName.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -14,20 +15,9 @@ namespace {
 
 constexpr int kMostCopiesPerSecond = 100;
 
-/// The beginning of the name of each kept copy, before the time.
-QString beginOfName(const QFileInfo& file) {
-    return file.completeBaseName() + QStringLiteral(" (unreadable ");
-}
-
-QString suffixOf(const QFileInfo& file) {
-    return file.suffix().isEmpty() ? QString() : u'.' + file.suffix();
-}
-
-QString freeName(const QFileInfo& file, const QDateTime& now) {
-    const QString stamp = now.toString(QStringLiteral("yyyy-MM-dd HHmmss"));
+QString freeName(const QFileInfo& file, CVKeptReason reason, const QDateTime& now) {
     for (int copy = 1; copy <= kMostCopiesPerSecond; ++copy) {
-        const QString number = copy == 1 ? QString() : u' ' + QString::number(copy);
-        QString name = file.absolutePath() + u'/' + beginOfName(file) + stamp + number + u')' + suffixOf(file);
+        QString name = file.absolutePath() + u'/' + CVKeptName{reason, now, copy}.fileName(file.fileName());
         const QFileInfo candidate(name);
         if (!candidate.exists() && !candidate.isSymLink())
             return name;
@@ -39,21 +29,20 @@ QString freeName(const QFileInfo& file, const QDateTime& now) {
 CVKeptCopy refuse(const QString& path, const QString& real, const QString& reason) {
     const QString what =
         QFileInfo(path).absoluteFilePath() == real
-            ? QCoreApplication::translate("CVKeptCopy", "the unreadable file there could not be kept beside it: %1")
-                  .arg(reason)
-            : QCoreApplication::translate("CVKeptCopy", "the unreadable file “%1” could not be kept beside it: %2")
+            ? QCoreApplication::translate("CVKeptCopy", "what stands there could not be kept beside it: %1").arg(reason)
+            : QCoreApplication::translate("CVKeptCopy", "what stands at “%1” could not be kept beside it: %2")
                   .arg(real, reason);
     return {{}, {what}};
 }
 
 } // namespace
 
-CVKeptCopy CVKeptCopy::keepUnreadable(const QString& place, const QDateTime& now) {
+CVKeptCopy CVKeptCopy::keep(const QString& place, CVKeptReason reason, const QDateTime& now) {
     const QString real = QFileInfo(place).canonicalFilePath();
     if (real.isEmpty())
         return {};
     const QFileInfo file(real);
-    CVKeptCopy kept{freeName(file, now), {}, false};
+    CVKeptCopy kept{freeName(file, reason, now), {}, false};
     // A file that cannot be read is moved instead of linked, because the new file would inherit its mode.
     kept.moved = !file.isFile() || !file.isReadable();
     if (kept.path.isEmpty())
@@ -65,9 +54,10 @@ CVKeptCopy CVKeptCopy::keepUnreadable(const QString& place, const QDateTime& now
     return kept;
 }
 
-CVKeptCopy CVKeptCopy::keepFormer(const QString& former, const QString& place, const QDateTime& now) {
+CVKeptCopy CVKeptCopy::keepFormer(const QString& former, const QString& place, CVKeptReason reason,
+                                  const QDateTime& now) {
     const QFileInfo file(CVFollowLinks(place));
-    CVKeptCopy kept{freeName(file, now), {}, true};
+    CVKeptCopy kept{freeName(file, reason, now), {}, true};
     if (kept.path.isEmpty())
         return {former, {qt_error_string(EEXIST)}, true};
     const CVFileResult moving = CVMoveFile(former, kept.path);
@@ -85,13 +75,12 @@ QStringList CVKeptCopy::beside(const QString& dataFile) {
     const QFileInfo file(CVFollowLinks(dataFile));
     QStringList kept;
     for (const QFileInfo& entry : file.absoluteDir().entryInfoList(QDir::Files, QDir::Name | QDir::Reversed)) {
-        if (isNameOfOne(entry.fileName(), file.filePath()))
+        if (isNameOfOne(entry.fileName(), file.fileName()))
             kept.append(entry.absoluteFilePath());
     }
     return kept;
 }
 
 bool CVKeptCopy::isNameOfOne(const QString& fileName, const QString& dataFile) {
-    const QFileInfo file(dataFile);
-    return fileName.startsWith(beginOfName(file)) && fileName.endsWith(u')' + suffixOf(file));
+    return CVKeptName::parse(fileName, dataFile).has_value();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/CVFileResult.h"
+#include "versions/CVKeptReason.h"
 
 #include <QDateTime>
 #include <QStringList>
@@ -13,16 +14,17 @@ struct CVKeptCopy {
     /// Whether it was moved, so that nothing is left at its old place.
     bool moved = false;
 
-    /// Keeps the file or folder at `place` beside it as "NAME (unreadable YYYY-MM-DD HHMMSS).SUFFIX", without replacing
-    /// anything. A file that can be read also stays at `place`; anything else is moved.
-    [[nodiscard]] static CVKeptCopy keepUnreadable(const QString& place, const QDateTime& now);
-    /// Gives that name to `former`, a file or folder that stood at `place` until another one took the place.
-    [[nodiscard]] static CVKeptCopy keepFormer(const QString& former, const QString& place, const QDateTime& now);
+    /// Keeps the file or folder at `place` beside it under a `CVKeptName`, without replacing anything. A file that can
+    /// be read also stays at `place`; anything else is moved.
+    [[nodiscard]] static CVKeptCopy keep(const QString& place, CVKeptReason reason, const QDateTime& now);
+    /// Gives such a name to `former`, a file or folder that stood at `place` until another one took the place.
+    [[nodiscard]] static CVKeptCopy keepFormer(const QString& former, const QString& place, CVKeptReason reason,
+                                               const QDateTime& now);
     /// Moves the kept file or folder from `path` back to `place`, unless something else is there by now; false when
     /// that failed.
     bool putBack(const QString& place) const;
 
-    /// The files that were kept beside the data file, newest name first.
+    /// The files that were kept beside the data file, those of each reason newest name first.
     [[nodiscard]] static QStringList beside(const QString& dataFile);
     /// Whether a copy of the data file that is kept could have that name.
     [[nodiscard]] static bool isNameOfOne(const QString& fileName, const QString& dataFile);

@@ -1,17 +1,20 @@
 #pragma once
 
+#include "versions/CVKeptReason.h"
 #include "versions/CVVersionName.h"
 
 #include <QList>
 
-/// An earlier state of the budget that can be looked at: a version, or a copy that was kept because it was unreadable
-/// or another program had written it.
+/// An earlier state of the budget that can be looked at: a version, or a copy of a file that this program did not
+/// write.
 struct CVListedVersion {
     QString path;
     /// When it ceased to be the present state; invalid when its name does not say.
     QDateTime kept;
-    /// Why it was kept; absent for a kept copy.
+    /// Why the version was kept; absent for a kept copy.
     std::optional<CVVersionReason> reason;
+    /// Why the copy was kept; absent for a version.
+    std::optional<CVKeptReason> copyReason = {};
 
     friend bool operator==(const CVListedVersion&, const CVListedVersion&) = default;
 

@@ -51,8 +51,29 @@ TEST(CVFileMessages, OfferToDeleteEarlierVersionsOnlyWhereThatMakesRoom) {
     EXPECT_FALSE(CVFileMessages::canMakeRoom(failedSave(path, false)));
     EXPECT_FALSE(CVFileMessages::quitUnsaved(failedSave(path, false)).message.contains("versions"));
     ASSERT_TRUE(CVVersionFolder(path).removeAll().ok());
-    ASSERT_TRUE(CVKeptCopy::keepUnreadable(path, QDateTime::currentDateTime()).result.ok());
+    ASSERT_TRUE(CVKeptCopy::keep(path, CVKeptReason::Unreadable, QDateTime::currentDateTime()).result.ok());
     EXPECT_TRUE(CVFileMessages::canMakeRoom(failedSave(path, true))) << "kept copies take room too";
+}
+
+TEST(CVFileMessages, SayWhyACopyWasKeptAndWhere) {
+    struct Row {
+        CVKeptReason reason;
+        const char* title;
+    };
+    for (const auto& [reason, title] : {Row{CVKeptReason::Unreadable, "The file that could not be read was kept"},
+                                        Row{CVKeptReason::ChangedOutside, "What was changed outside Corvella was kept"},
+                                        Row{CVKeptReason::AsItWasRead, "Your data file was kept as it was read"},
+                                        Row{CVKeptReason::ReplacedWhenMoved, "The file that you replaced was kept"}}) {
+        CVSaveOutcome outcome;
+        outcome.keptCopy = "/folder/copy";
+        outcome.keptReason = reason;
+        const CVAlert alert = CVFileMessages::keptCopy(outcome);
+        EXPECT_EQ(alert.title, title);
+        EXPECT_TRUE(alert.message.contains("kept in “/folder/copy”") ||
+                    alert.message.contains("kept whole in “/folder/copy”"))
+            << alert.message.toStdString();
+        EXPECT_EQ(alert.alternateButton, "") << "there is nothing to decide";
+    }
 }
 
 } // namespace

@@ -234,7 +234,7 @@ TEST_F(CVHistoryOperationsTest, ACopyOfTheBudgetHoldsWhatIsShown) {
 
 TEST_F(CVHistoryOperationsTest, ACopyIsWrittenOverNoDataFileAndNoVersion) {
     startWithVersion();
-    const QString kept = CVKeptCopy::keepUnreadable(dataFile(), QDateTime::currentDateTime()).path;
+    const QString kept = CVKeptCopy::keep(dataFile(), CVKeptReason::Unreadable, QDateTime::currentDateTime()).path;
     ASSERT_FALSE(kept.isEmpty());
     const QByteArray version = bytesOf(mVersion);
     const QByteArray present = bytesOf(dataFile());

@@ -130,7 +130,7 @@ TEST_F(EarlierVersionsInApp, WithoutKeptVersionsNoRemarkLeadsToThem) {
 TEST_F(EarlierVersionsInApp, TheRemarkOnClearingLeadsToFormerOnesWhenNoneAreWantedAnyMore) {
     startWithBudget();
     const QString dataFile = *defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
-    ASSERT_FALSE(CVKeptCopy::keepUnreadable(dataFile, QDateTime::currentDateTime()).path.isEmpty());
+    ASSERT_FALSE(CVKeptCopy::keep(dataFile, CVKeptReason::Unreadable, QDateTime::currentDateTime()).path.isEmpty());
     CVSetVersionLimit(defaults(), 0);
     mDelegate->showPreferences();
     mAlerts.answer({CVAlert::kAlternate, CVAlert::kDefault, CVAlert::kDefault});

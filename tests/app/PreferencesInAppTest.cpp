@@ -220,16 +220,22 @@ TEST_F(PreferencesInApp, ADamagedChosenFileIsKeptAndTold) {
     quit();
 }
 
-TEST_F(PreferencesInApp, ReplaceChosenFileSavesThereAndKeepsWhatStoodThere) {
+TEST_F(PreferencesInApp, ReplaceChosenFileSavesThereAndSaysThatItKeptWhatStoodThere) {
     open();
     record(12, "Market", "Food");
     write(dataFileIn("other"), "somebody's bytes");
     changeTo("other", {CVAlert::kOther});
     EXPECT_TRUE(bytesOf(dataFileIn("other")).contains("Market"));
-    const QStringList kept = QDir(mHome.path("other")).entryList({"*(unreadable *"});
+    const QStringList kept = QDir(mHome.path("other")).entryList({"*(replaced when moved *"});
     ASSERT_EQ(kept.size(), 1);
     EXPECT_EQ(bytesOf(mHome.path("other/" + kept[0])), "somebody's bytes");
     EXPECT_EQ(payees(), QStringList{"Market"});
+    ASSERT_TRUE(QTest::qWaitFor([this] { return mAlerts.shown().size() == 2; }));
+    const CVAlert& told = mAlerts.shown()[1];
+    EXPECT_EQ(told.title, "The file that you replaced was kept");
+    EXPECT_EQ(told.style, CVAlert::Style::Information);
+    EXPECT_TRUE(told.message.contains(kept[0])) << told.message.toStdString();
+    EXPECT_FALSE(told.message.contains("not read")) << told.message.toStdString();
     quit();
 }
 

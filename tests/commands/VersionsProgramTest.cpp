@@ -13,6 +13,7 @@ protected:
         static_cast<void>(write(mVersions + "2026-11-22 140207 2 (before removing).corvella", "1234"));
         static_cast<void>(write(mVersions + "2026-11-23 091500 (first change of the day).corvella", "123"));
         static_cast<void>(write(mFolder + "Corvella Data (unreadable 2026-11-22 235959).corvella", "12"));
+        static_cast<void>(write(mFolder + "Corvella Data (replaced when moved 2026-11-21 120000).corvella", "1"));
         static_cast<void>(write(mVersions + "of mine.corvella", "nothing that is listed"));
     }
 };
@@ -26,14 +27,17 @@ TEST_F(VersionsProgram, ListsVersionsAndKeptCopiesTheNewestFirst) {
     const QString versions = mHome.filePath(mVersions);
     EXPECT_EQ(result.output, "2026-11-23 09:15:00\tfirst change of the day\t3\t" + versions +
                                  "2026-11-23 091500 (first change of the day).corvella\n"
-                                 "2026-11-22 23:59:59\tkept copy\t2\t" +
+                                 "2026-11-22 23:59:59\tunreadable\t2\t" +
                                  folder +
                                  "Corvella Data (unreadable 2026-11-22 235959).corvella\n"
                                  "2026-11-22 14:02:07\tbefore removing\t4\t" +
                                  versions +
                                  "2026-11-22 140207 2 (before removing).corvella\n"
                                  "2026-11-22 14:02:07\tbefore removing\t5\t" +
-                                 versions + "2026-11-22 140207 (before removing).corvella\n");
+                                 versions +
+                                 "2026-11-22 140207 (before removing).corvella\n"
+                                 "2026-11-21 12:00:00\treplaced when moved\t1\t" +
+                                 folder + "Corvella Data (replaced when moved 2026-11-21 120000).corvella\n");
     EXPECT_EQ(result.errors, "");
     EXPECT_EQ(everything(), before) << "nothing is written";
 }
@@ -42,7 +46,7 @@ TEST_F(VersionsProgram, ListsThoseOfAnotherFileEvenWhenThatIsLost) {
     makeVersions();
     const QString file = mHome.filePath(mFolder + "Corvella Data.corvella");
     const Result named = run({"versions", "--data", file});
-    EXPECT_EQ(named.output.count('\n'), 4);
+    EXPECT_EQ(named.output.count('\n'), 5);
     ASSERT_TRUE(QFile::remove(file));
     EXPECT_EQ(run({"versions", "--data", file}).output, named.output);
     EXPECT_EQ(run({"versions"}).output, named.output);

@@ -58,13 +58,21 @@ TEST_F(CVVersionTableModelTest, SaysWhatDiffersInSignsAndInWords) {
     }
 }
 
-TEST_F(CVVersionTableModelTest, AKeptCopySaysOnlyWhatIsKnownOfIt) {
-    mModel.setVersions({version("copy", std::nullopt)}, 10);
-    EXPECT_EQ(cell(1, VersionColumn::Kept), "before it was written over");
-    mModel.setFindings({.path = "copy", .transactions = 5});
-    EXPECT_EQ(cell(1, VersionColumn::Kept), "before it was written over") << "a damaged file may be read in part";
+TEST_F(CVVersionTableModelTest, AKeptCopySaysWhyItWasKept) {
+    struct Row {
+        CVKeptReason reason;
+        const char* text;
+    };
+    for (const auto& [reason, text] : {Row{CVKeptReason::Unreadable, "could not be read"},
+                                       Row{CVKeptReason::ChangedOutside, "changed outside Corvella"},
+                                       Row{CVKeptReason::AsItWasRead, "as it was read"},
+                                       Row{CVKeptReason::ReplacedWhenMoved, "replaced when the data file moved"}}) {
+        CVListedVersion copy = version("copy", std::nullopt);
+        copy.copyReason = reason;
+        mModel.setVersions({copy}, 10);
+        EXPECT_EQ(cell(1, VersionColumn::Kept), text);
+    }
     mModel.setFindings({.path = "copy", .problem = "there is not enough memory"});
-    EXPECT_EQ(cell(1, VersionColumn::Kept), "before it was written over");
     EXPECT_EQ(cell(1, VersionColumn::Differences), "cannot be read: there is not enough memory");
     EXPECT_EQ(cell(1, VersionColumn::Transactions), "");
 }

@@ -32,8 +32,8 @@ protected:
                         .ok());
     }
 
-    void keepUnreadable() const {
-        ASSERT_FALSE(CVKeptCopy::keepUnreadable(dataFile(), QDateTime::currentDateTime()).path.isEmpty());
+    void keepCopy(CVKeptReason reason = CVKeptReason::Unreadable) const {
+        ASSERT_FALSE(CVKeptCopy::keep(dataFile(), reason, QDateTime::currentDateTime()).path.isEmpty());
     }
 
     [[nodiscard]] qsizetype countOfVersions() const { return CVVersionFolder(dataFile()).versions().size(); }
@@ -58,7 +58,7 @@ TEST_F(VersionsPane, TheSizeOfVersionsAndKeptCopiesIsShown) {
     keepVersion(QByteArray(1024 * 1024 * 3 / 2, 'x'));
     open();
     EXPECT_EQ(size(), "1,5 MB in 1 file");
-    keepUnreadable();
+    keepCopy();
     open();
     EXPECT_EQ(size(), "3,0 MB in 2 files");
     EXPECT_TRUE(deleteButton()->isEnabled());
@@ -130,7 +130,7 @@ TEST_F(VersionsPane, KeepingCanBeSwitchedOffAndOn) {
 
 TEST_F(VersionsPane, DeletingAsksFirstAndKeepsUnlessTheUserSaysSo) {
     keepVersion(QByteArray(2048, 'x'));
-    keepUnreadable();
+    keepCopy();
     open();
     click("Delete Earlier Versions");
     ASSERT_EQ(mAlerts.shown().size(), 1);
@@ -160,6 +160,21 @@ TEST_F(VersionsPane, DeletingAsksFirstAndKeepsUnlessTheUserSaysSo) {
     EXPECT_TRUE(control<QCheckBox>("Keep Earlier Versions")->hasFocus()) << "the focus is not lost";
 }
 
+TEST_F(VersionsPane, TheQuestionNamesTheMarksOfTheCopiesThatGo) {
+    for (const CVKeptReason reason : {CVKeptReason::ReplacedWhenMoved, CVKeptReason::ChangedOutside,
+                                      CVKeptReason::ChangedOutside, CVKeptReason::AsItWasRead})
+        keepCopy(reason);
+    open();
+    EXPECT_EQ(size(), "4.0 kB in 4 files");
+    mAlerts.answer({CVAlert::kAlternate});
+    click("Delete Earlier Versions");
+    const QString message = mAlerts.shown()[0].message;
+    for (const char* const mark : {"“(changed outside …)”", "“(as it was read …)”", "“(replaced when moved …)”"})
+        EXPECT_EQ(message.count(mark), 1) << mark << " in " << message.toStdString();
+    EXPECT_FALSE(message.contains("unreadable"));
+    EXPECT_TRUE(CVKeptCopy::beside(dataFile()).isEmpty());
+}
+
 TEST_F(VersionsPane, OnlyVersionsAreNotSaidToBeUnreadable) {
     keepVersion(QByteArray(2048, 'x'));
     open();
@@ -170,7 +185,7 @@ TEST_F(VersionsPane, OnlyVersionsAreNotSaidToBeUnreadable) {
 TEST_F(VersionsPane, WhatCannotBeDeletedIsTold) {
     keepVersion(QByteArray(2048, 'x'));
     open();
-    keepUnreadable();
+    keepCopy();
     const QString kept = CVKeptCopy::beside(dataFile()).constFirst();
     // During the question, a folder that is not empty takes the place of the kept copy.
     class FolderInPlace final : public CVAlerts {

@@ -73,13 +73,53 @@ TEST_F(CVSaveQueueTest, isIdleBeforeAndAfter) {
     EXPECT_TRUE(mQueue.waitForFinished().saved);
 }
 
+TEST_F(CVSaveQueueTest, saysWhyItKeepsAFile) {
+    struct Row {
+        const char* behaviour;
+        /// Whether the file was found unreadable, and whether another one has taken its place since.
+        bool wasUnreadable;
+        bool isAnother;
+        std::optional<CVVersionReason> asked;
+        CVKeptReason reason;
+        const char* begin;
+    };
+    const Row rows[] = {
+        {"found unreadable", true, false, {}, CVKeptReason::Unreadable, "Data (unreadable "},
+        {"changed since it was found unreadable",
+         true,
+         true,
+         {},
+         CVKeptReason::ChangedOutside,
+         "Data (changed outside "},
+        {"never read", false, false, CVVersionReason::Removal, CVKeptReason::ChangedOutside, "Data (changed outside "},
+        {"in the place to which the data file moves", false, false, CVVersionReason::Move,
+         CVKeptReason::ReplacedWhenMoved, "Data (replaced when moved "},
+        {"found unreadable in that place", true, false, CVVersionReason::Move, CVKeptReason::ReplacedWhenMoved,
+         "Data (replaced when moved "}};
+    int number = 0;
+    for (const Row& row : rows) {
+        mPath = mHome.path(QStringLiteral("%1/Data.corvella").arg(++number));
+        writeFile(mPath, "somebody's");
+        if (row.wasUnreadable)
+            mQueue.markAsUnreadable(mPath, CVFileSignature::of(mPath));
+        if (row.isAnother)
+            writeFile(mPath, "of another length");
+        const QByteArray before = readFile(mPath);
+        mQueue.save(mPath, textOf("text"), {row.asked, 0});
+        const CVSaveOutcome outcome = mQueue.waitForFinished();
+        EXPECT_EQ(outcome.keptReason, row.reason) << row.behaviour;
+        EXPECT_TRUE(QFileInfo(outcome.keptCopy).fileName().startsWith(QLatin1String(row.begin))) << row.behaviour;
+        EXPECT_EQ(readFile(outcome.keptCopy), before) << row.behaviour;
+    }
+}
+
 TEST_F(CVSaveQueueTest, keepsAFileThatItDoesNotKnow) {
     writeFile(mPath, "somebody's");
     const CVSaveOutcome outcome = saveAndWait("text");
     EXPECT_TRUE(outcome.saved);
     EXPECT_EQ(readFile(mPath), "text");
     EXPECT_THAT(QFileInfo(outcome.keptCopy).fileName().toStdString(),
-                testing::MatchesRegex("Data \\(unreadable [0-9]{4}-[0-9]{2}-[0-9]{2} [0-9]{6}\\)\\.corvella"));
+                testing::MatchesRegex("Data \\(changed outside [0-9]{4}-[0-9]{2}-[0-9]{2} [0-9]{6}\\)\\.corvella"));
     EXPECT_EQ(readFile(outcome.keptCopy), "somebody's");
 }
 
@@ -163,7 +203,7 @@ TEST_F(CVSaveQueueTest, writesNothingOverWhatItCannotKeep) {
     EXPECT_FALSE(outcome.saved);
     EXPECT_EQ(outcome.keptCopy, QString());
     EXPECT_TRUE(outcome.message.startsWith(
-        QStringLiteral("The budget could not be saved to “/proc/self/comm”: the unreadable file")))
+        QStringLiteral("The budget could not be saved to “/proc/self/comm”: what stands at “/proc/")))
         << outcome.message.toStdString();
     EXPECT_EQ(readFile(mPath), before);
 }

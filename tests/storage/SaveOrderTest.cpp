@@ -162,7 +162,7 @@ TEST_F(SaveOrder, keepsWhatAnotherProgramPutsThereAtTheLastMoment) {
         EXPECT_TRUE(outcome.saved);
         EXPECT_EQ(readFile(mPath), "ours");
         EXPECT_EQ(readFile(outcome.keptCopy), "theirs") << unsupported;
-        EXPECT_TRUE(outcome.keptCopy.contains(QLatin1String("(unreadable "))) << unsupported;
+        EXPECT_TRUE(outcome.keptCopy.contains(QLatin1String("(changed outside "))) << unsupported;
     }
 }
 

@@ -15,7 +15,7 @@ const QDateTime kNow(QDate(2014, 3, 7), QTime(9, 5, 3));
 
 class CVKeptCopyTest : public testing::Test {
 protected:
-    [[nodiscard]] CVKeptCopy keep() const { return CVKeptCopy::keepUnreadable(mPath, kNow); }
+    [[nodiscard]] CVKeptCopy keep() const { return CVKeptCopy::keep(mPath, CVKeptReason::Unreadable, kNow); }
     [[nodiscard]] QString inFolder(const QString& name) const { return mFolder + u'/' + name; }
 
     ScratchHome mHome;
@@ -31,6 +31,36 @@ TEST_F(CVKeptCopyTest, liesBesideTheFileUnderANameWithTheTime) {
     EXPECT_EQ(kept.path, mCopy);
     EXPECT_EQ(readFile(mCopy), "unreadable");
     EXPECT_EQ(namesIn(mFolder).size(), 2);
+}
+
+TEST_F(CVKeptCopyTest, saysInItsNameWhyItIsKept) {
+    struct Row {
+        CVKeptReason reason;
+        const char* name;
+    };
+    QStringList kept;
+    for (const auto& [reason, name] :
+         {Row{CVKeptReason::Unreadable, "Corvella Data (unreadable 2014-03-07 090503).corvella"},
+          Row{CVKeptReason::ChangedOutside, "Corvella Data (changed outside 2014-03-07 090503).corvella"},
+          Row{CVKeptReason::AsItWasRead, "Corvella Data (as it was read 2014-03-07 090503).corvella"},
+          Row{CVKeptReason::ReplacedWhenMoved, "Corvella Data (replaced when moved 2014-03-07 090503).corvella"}}) {
+        writeFile(mPath, name);
+        const QString former = inFolder(QStringLiteral("former"));
+        writeFile(former, "former");
+        EXPECT_EQ(CVKeptCopy::keep(mPath, reason, kNow).path, inFolder(name));
+        // The file itself is linked, so that the next row replaces it instead of writing to both names.
+        ASSERT_TRUE(QFile::remove(mPath));
+        const QString second = inFolder(QString(name).replace(").", " 2)."));
+        EXPECT_EQ(CVKeptCopy::keepFormer(former, mPath, reason, kNow).path, second);
+        EXPECT_EQ(readFile(inFolder(name)), name);
+        EXPECT_EQ(readFile(second), "former");
+        EXPECT_TRUE(CVKeptCopy::isNameOfOne(name, mPath)) << name;
+        kept += {inFolder(name), second};
+    }
+    QStringList found = CVKeptCopy::beside(mPath);
+    found.sort();
+    kept.sort();
+    EXPECT_EQ(found, kept);
 }
 
 TEST_F(CVKeptCopyTest, leavesTheFileWhereItIs) {
@@ -99,12 +129,11 @@ TEST_F(CVKeptCopyTest, failsWhenAHundredNamesAreTaken) {
     const CVKeptCopy kept = keep();
     EXPECT_FALSE(kept.result.ok());
     EXPECT_TRUE(kept.path.isEmpty());
-    EXPECT_EQ(kept.result.error,
-              "the unreadable file there could not be kept beside it: too many are kept there already");
+    EXPECT_EQ(kept.result.error, "what stands there could not be kept beside it: too many are kept there already");
     const QString link = mHome.path(QStringLiteral("link"));
     makeLink(mPath, link);
-    const QString behindLink = CVKeptCopy::keepUnreadable(link, kNow).result.error;
-    EXPECT_TRUE(behindLink.startsWith("the unreadable file “" + mPath + "” could not")) << behindLink.toStdString();
+    const QString behindLink = CVKeptCopy::keep(link, CVKeptReason::Unreadable, kNow).result.error;
+    EXPECT_TRUE(behindLink.startsWith("what stands at “" + mPath + "” could not")) << behindLink.toStdString();
     EXPECT_EQ(readFile(mPath), "unreadable");
     EXPECT_EQ(namesIn(mFolder).size(), 101);
 }

@@ -20,9 +20,40 @@ TEST_F(CVListedVersionTest, VersionsAndKeptCopiesAreListedTogetherNewestFirst) {
     for (const auto& kept : {listed[1], listed[2]}) {
         EXPECT_EQ(kept.kept, at(6, 10, 15)) << kept.path.toStdString();
         EXPECT_EQ(kept.reason, std::nullopt);
+        EXPECT_EQ(kept.copyReason, CVKeptReason::Unreadable);
     }
     EXPECT_EQ((QStringList{listed[1].path, listed[2].path}), (QStringList{copy, secondCopy}));
     EXPECT_EQ(listed[3], (CVListedVersion{old, at(5, 9), CVVersionReason::FirstOfDay}));
+}
+
+TEST_F(CVListedVersionTest, AKeptCopySaysWhyItWasKept) {
+    struct Row {
+        const char* name;
+        std::optional<CVKeptReason> reason;
+    };
+    for (const auto& [name, reason] :
+         {Row{"Corvella Data (changed outside 2014-03-06 101500).corvella", CVKeptReason::ChangedOutside},
+          Row{"Corvella Data (as it was read 2014-03-06 101500 12).corvella", CVKeptReason::AsItWasRead},
+          Row{"Corvella Data (replaced when moved 2014-03-06 101500).corvella", CVKeptReason::ReplacedWhenMoved},
+          Row{"Corvella Data (changed outside by me).corvella", std::nullopt},
+          Row{"Corvella Data (as it was 2014-03-06 101500).corvella", std::nullopt},
+          Row{"Corvella Data (as it was read 2014-03-06 101500).txt", std::nullopt}}) {
+        write(mHome.path(name), "x");
+        const auto listed = CVListedVersion::of(mDataFile);
+        ASSERT_EQ(listed.size(), reason ? 1 : 0) << name;
+        if (reason) {
+            EXPECT_EQ(listed[0], (CVListedVersion{mHome.path(name), at(6, 10, 15), std::nullopt, reason})) << name;
+        }
+        ASSERT_TRUE(QFile::remove(mHome.path(name)));
+    }
+}
+
+TEST_F(CVListedVersionTest, ThoseOfALinkedDataFileLieBesideTheFileItself) {
+    const QString link = mHome.path("link");
+    ASSERT_TRUE(QFile::link(mDataFile, link));
+    write(mHome.path("Corvella Data (changed outside 2014-03-06 101500).corvella"), "x");
+    ASSERT_EQ(CVListedVersion::of(link).size(), 1);
+    EXPECT_EQ(CVListedVersion::of(link)[0].copyReason, CVKeptReason::ChangedOutside);
 }
 
 TEST_F(CVListedVersionTest, WithoutADataFileThereAreNone) {
