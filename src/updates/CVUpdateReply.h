@@ -13,5 +13,8 @@ using CVUpdateEntry = QVariantMap;
 /// one, else "Release". Absent when the bytes are no property list with such an entry.
 [[nodiscard]] std::optional<CVUpdateEntry> CVChooseUpdateEntry(const QByteArray& reply, const QString& version);
 
+/// The version that an entry names; absent unless it is a text or a number.
+[[nodiscard]] std::optional<QString> CVVersionOfEntry(const CVUpdateEntry& entry);
+
 /// The download page that an entry names; absent unless it is a web address (http or https).
 [[nodiscard]] std::optional<QUrl> CVDownloadAddressOfEntry(const CVUpdateEntry& entry);

@@ -9,7 +9,6 @@
 namespace {
 
 constexpr QStringView kTimeFormat = u"%m/%d/%y %H:%M %z";
-const QString kVersion = QStringLiteral("Version");
 const QString kCheckedVersion = QStringLiteral("AppCheckedVersion");
 
 } // namespace
@@ -40,7 +39,7 @@ bool CVUpdateStore::keepReply(const QByteArray& reply, const QDateTime& time) {
         return false;
     }
     mDefaults.setString(CVDefaultsKeys::kLastCheckForUpdatesTime, stringWithFixedFormat(kTimeFormat, time));
-    if (entry->contains(kVersion) && entry->value(kVersion).toString() != mVersion) {
+    if (const auto version = CVVersionOfEntry(*entry); version && *version != mVersion) {
         entry->insert(kCheckedVersion, mVersion);
         mDefaults.setDictionary(CVDefaultsKeys::kUpdatedAppInfo, *entry);
     }

@@ -67,6 +67,32 @@ TEST_F(CVUpdateStoreTest, AnEntryWithoutAVersionIsUsableAndOffersNothing) {
     EXPECT_TRUE(defaults().hasKey(CVDefaultsKeys::kLastCheckForUpdatesTime));
 }
 
+TEST_F(CVUpdateStoreTest, AVersionThatIsNoTextOrNumberIsNone) {
+    struct VersionRow {
+        const char* version;
+        /// Null where nothing is offered.
+        const char* offered;
+    };
+    for (const auto& [version, offered] :
+         {VersionRow{"<string>1.1</string>", "1.1"}, VersionRow{"<real>1.5</real>", "1.5"},
+          VersionRow{"<integer>2</integer>", "2"}, VersionRow{"<string>1.0</string>", nullptr},
+          VersionRow{"<integer>1</integer>", "1"}, VersionRow{"<date>2026-11-22T14:00:00Z</date>", nullptr},
+          VersionRow{"<data>MS4x</data>", nullptr},
+          VersionRow{"<dict><key>Number</key><string>1.1</string></dict>", nullptr}, VersionRow{"<dict/>", nullptr},
+          VersionRow{"<array><string>1.1</string></array>", nullptr}, VersionRow{"<array/>", nullptr},
+          VersionRow{"<true/>", nullptr}, VersionRow{"<false/>", nullptr}}) {
+        defaults().removeKey(CVDefaultsKeys::kUpdatedAppInfo);
+        defaults().removeKey(CVDefaultsKeys::kLastCheckForUpdatesTime);
+        EXPECT_TRUE(store().keepReply("<plist version=\"1.0\"><dict><key>Release</key><dict><key>Version</key>" +
+                                          QByteArray(version) + "</dict></dict></plist>",
+                                      mTime))
+            << version;
+        EXPECT_TRUE(defaults().hasKey(CVDefaultsKeys::kLastCheckForUpdatesTime)) << version;
+        EXPECT_EQ(store().currentOffer().has_value(), offered != nullptr) << version;
+        EXPECT_EQ(info().value("Version").toString(), offered) << version;
+    }
+}
+
 TEST_F(CVUpdateStoreTest, AnUnusableReplyIsNotedAndChangesNothingElse) {
     store().keepReply(updateReply("1.1"), mTime);
     for (const QByteArray& reply : {QByteArray(), QByteArray("garbage"), updateReply({}, "2.0b1")}) {
