@@ -100,6 +100,11 @@ CVAlert keptCopy(const CVSaveOutcome& outcome) {
     return alert;
 }
 
+QString openToOthers() {
+    return FileMessagesText::tr(
+        "Others who can use this disk can read your data file: the disk keeps no access rights.");
+}
+
 bool canMakeRoom(const CVSaveOutcome& outcome) {
     return outcome.diskIsFull &&
            (!CVVersionFolder(outcome.path).versions().isEmpty() || !CVKeptCopy::beside(outcome.path).isEmpty());

@@ -17,6 +17,8 @@ namespace CVFileMessages {
 [[nodiscard]] CVAlert unreadable(const CVLoadReport& report, const CVSaveOutcome& outcome);
 /// Says which file was kept before it was written over, and why.
 [[nodiscard]] CVAlert keptCopy(const CVSaveOutcome& outcome);
+/// Says of a new data file that its disk cannot keep it private.
+[[nodiscard]] QString openToOthers();
 /// Whether deleting earlier versions makes room for a save that failed because the disk is full.
 [[nodiscard]] bool canMakeRoom(const CVSaveOutcome& outcome);
 /// The reason as one line for the window's status.

@@ -1,5 +1,7 @@
 #include "app/CVRunningInstance.h"
 
+#include "base/CVMakePrivate.h"
+
 #include <QCryptographicHash>
 #include <QDeadlineTimer>
 #include <QDir>
@@ -20,7 +22,8 @@ constexpr const char* kAnswer = "shown\n";
 constexpr std::chrono::milliseconds kPause(50);
 
 QString makeFolder(const QString& folder) {
-    QDir().mkpath(folder);
+    // Where it cannot be made, the runtime folder serves.
+    (void)CVMakePrivateFolder(folder);
     return folder;
 }
 

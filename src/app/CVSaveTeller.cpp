@@ -21,6 +21,8 @@ void CVSaveTeller::tell(const CVSaveOutcome& outcome, const CVMainWindowControll
     // An alert for each save would keep the user from working.
     if (!outcome.versionTrouble.isEmpty() && mToldTroubles.insert(outcome.versionTrouble).second)
         status.remark(outcome.versionTrouble);
+    if (outcome.isOpenToOthers)
+        status.remark(CVFileMessages::openToOthers());
     if (!outcome.keptCopy.isEmpty() && mToldCopies.insert(outcome.keptCopy).second)
         mAlerts.run(window.window(), CVFileMessages::keptCopy(outcome));
 }

@@ -21,6 +21,7 @@ namespace {
 constexpr int kLongestChain = 40;
 constexpr unsigned kPrivate = 0600;
 constexpr unsigned kUsual = 0666;
+constexpr unsigned kOpenToOthers = 0077;
 
 struct Target {
     QString path;
@@ -56,6 +57,12 @@ CVFileResult setMode(int descriptor, const CVPathStatus& old, CVNewFile access) 
     return CVFileResult::ofLastCall();
 }
 
+/// Whether a file that was to be private is not.
+bool isOpenToOthers(int descriptor) {
+    struct stat facts {};
+    return ::fstat(descriptor, &facts) == 0 && (facts.st_mode & kOpenToOthers) != 0;
+}
+
 /// Puts a written file into its place; answers whether it is there and what became of the former one.
 using Placing = std::function<CVSwapResult(const QString& fresh, const QString& target)>;
 
@@ -81,11 +88,12 @@ CVReplaceResult replaceFile(const QString& path, const CVFileContent& write, CVN
         result = CVFileResult::ofLastCall();
     if (!result.ok() || abandoned)
         return {result};
+    const bool isOpen = !old.signature && access == CVNewFile::Private && isOpenToOthers(file.descriptor());
     const CVSwapResult swap = place(file.path(), target);
     if (!swap.isPlaced)
         return {{swap.error}};
     file.release();
-    return {CVSyncFolder(QFileInfo(target).absolutePath()), written, swap.former, swap.isExpected};
+    return {CVSyncFolder(QFileInfo(target).absolutePath()), written, swap.former, swap.isExpected, isOpen};
 }
 
 CVSwapResult placeByRenaming(const QString& fresh, const QString& target) {

@@ -27,6 +27,8 @@ struct CVReplaceResult : CVFileResult {
     QString former = {};
     /// Whether what stood there is what the caller expected.
     bool isExpected = true;
+    /// Whether others may read or write a new file that was to be private, because its file system keeps no modes.
+    bool isOpenToOthers = false;
 };
 
 /// Replaces the file at `path` by what `write` writes. At every moment, whatever fails, either the old file or the new

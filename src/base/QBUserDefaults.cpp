@@ -1,6 +1,7 @@
 #include "base/QBUserDefaults.h"
 
 #include "base/CVBundle.h"
+#include "base/CVMakePrivate.h"
 
 #include <QSettings>
 
@@ -88,9 +89,14 @@ QVariant QBUserDefaults::value(const char* key) const {
 
 void QBUserDefaults::setValue(const char* key, const QVariant& value) {
     const QLatin1String name(key);
-    if (mChanges == Changes::Forgotten)
+    if (mChanges == Changes::Forgotten) {
         mForgotten.insert(name, value);
-    else if (value.isValid())
+        return;
+    }
+    // QSettings makes a file that everybody can read, but keeps the mode of one that is there. What cannot be made here
+    // cannot be stored either, which `synchronize` tells.
+    (void)CVMakePrivateFile(mStore->fileName());
+    if (value.isValid())
         mStore->setValue(name, value);
     else
         mStore->remove(name);

@@ -9,7 +9,8 @@
 
 class QSettings;
 
-/// The user's settings: a flat store of named values that outlives the process. An absent or unreadable value reads as
+/// The user's settings: a flat store of named values that outlives the process and that only the user can read. An
+/// absent or unreadable value reads as
 /// 0, false or nothing. The setters report no failure: settings that cannot be stored last until the process ends.
 class QBUserDefaults final {
 public:

@@ -79,15 +79,18 @@ CVOutsideChange CVSavedFile::read() const {
 }
 
 /// Empty when the budget can be written now.
-QString CVSavedFile::whyNotNow(const CVPathStatus& present, CVUnreadableFile unreadable) const {
+QString CVSavedFile::whyNotNow(const CVPathStatus& present, CVUnreadableFile unreadable) {
     if (diskIsAway(present))
         return tr("the disk on which it was is not there");
-    if (!mIsWatched || !mKnown || !present.signature || unreadable == CVUnreadableFile::Replaced)
+    if (!mIsWatched || !mKnown || !present.signature)
         return {};
     const CVOutsideChange change = read();
-    return change.kind == CVOutsideChange::Kind::Unreadable
-               ? tr("another program may still be writing it, because it cannot be read: %1").arg(change.reason)
-               : QString();
+    if (change.kind != CVOutsideChange::Kind::Unreadable)
+        return {};
+    mUnreadable = present.signature;
+    if (unreadable == CVUnreadableFile::Replaced)
+        return {};
+    return tr("another program may still be writing it, because it cannot be read: %1").arg(change.reason);
 }
 
 CVSaveOutcome CVSavedFile::save(const CVDocumentText& text, const CVVersionKeeping& keeping,
@@ -133,6 +136,7 @@ QString CVSavedFile::write(const CVDocumentText& text, const CVVersionKeeping& k
     }
     outcome.keptCopy = kept.path;
     outcome.diskIsFull = replacing.diskIsFull();
+    outcome.isOpenToOthers = replacing.isOpenToOthers;
     // Until what stood there gets a name of its own, it bears that of a temporary file, which the next start
     // recognises.
     if (!replacing.isExpected && !replacing.former.isEmpty()) {

@@ -45,7 +45,7 @@ private:
     void know(const CVFileSignature& signature);
     [[nodiscard]] bool isAsKnown(const CVPathStatus& present);
     [[nodiscard]] bool diskIsAway(const CVPathStatus& present) const;
-    [[nodiscard]] QString whyNotNow(const CVPathStatus& present, CVUnreadableFile unreadable) const;
+    [[nodiscard]] QString whyNotNow(const CVPathStatus& present, CVUnreadableFile unreadable);
     [[nodiscard]] CVOutsideChange read() const;
     [[nodiscard]] QString write(const CVDocumentText& text, const CVVersionKeeping& keeping,
                                 const CVPathStatus& present, bool isKnown, CVSaveOutcome& outcome);

@@ -2,9 +2,9 @@
 
 #include "base/CVBundle.h"
 #include "base/CVDefaultsKeys.h"
+#include "base/CVMakePrivate.h"
 #include "base/QBUserDefaults.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
 
@@ -48,7 +48,7 @@ std::optional<QString> locateForSaving(const CVStandardFolders& folders, QBUserD
     auto path = CVPathForSaving(folders, defaults);
     if (!path || defaults.stringForKey(CVDefaultsKeys::kDataFileLocation))
         return path;
-    if (!QDir().mkpath(folders.applicationSupport + kFolder))
+    if (!CVMakePrivateFolder(folders.applicationSupport + kFolder).ok())
         return std::nullopt;
     store(defaults, *path);
     return path;

@@ -1,6 +1,7 @@
 #include "app/CVRunningInstance.h"
 
 #include "kit/ScratchHome.h"
+#include "storage/ScratchFiles.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -50,6 +51,20 @@ protected:
     /// Empty for no runtime folder.
     QString mRuntimeFolder;
 };
+
+TEST_F(CVRunningInstanceTest, TheFoldersThatItMakesAreTheUsersOwnWhateverTheUmask) {
+    for (const mode_t mask : {0000U, 0022U, 0077U}) {
+        const ScratchHome home;
+        const mode_t previous = ::umask(mask);
+        {
+            CVRunningInstance running(home.path("data/Quenby Labs/Corvella"), {});
+            EXPECT_EQ(running.claim(0s), Outcome::First);
+        }
+        ::umask(previous);
+        for (const char* const folder : {"data", "data/Quenby Labs", "data/Quenby Labs/Corvella"})
+            EXPECT_EQ(modeOf(home.path(folder)), 0700) << folder;
+    }
+}
 
 struct Obstacle {
     const char* name;

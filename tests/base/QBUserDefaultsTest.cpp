@@ -3,6 +3,7 @@
 #include "base/CVDefaultsKeys.h"
 #include "kit/Printers.h"
 #include "kit/ScratchHome.h"
+#include "storage/ScratchFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -10,6 +11,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <csignal>
 #include <limits>
@@ -139,6 +141,45 @@ TEST(QBUserDefaults, SaysWhetherTheDiskHasTheSettingsEachTime) {
     defaults.setInteger("number", 3);
     EXPECT_TRUE(defaults.synchronize()) << "the failure of before is over";
     EXPECT_EQ(reopened(home).integerForKey("number"), 3);
+}
+
+TEST(QBUserDefaults, OnlyTheUserCanReadThemWhateverTheUmask) {
+    for (const mode_t mask : {0000U, 0022U, 0077U}) {
+        const ScratchHome home;
+        const QString path = home.path("config/Quenby Labs/Corvella.conf");
+        const mode_t previous = ::umask(mask);
+        {
+            QBUserDefaults defaults(std::make_unique<QSettings>(path, QSettings::IniFormat));
+            for (const int number : {1, 2}) {
+                defaults.setInteger("number", number);
+                EXPECT_TRUE(defaults.synchronize());
+                EXPECT_EQ(modeOf(path), 0600) << number;
+            }
+            setMode(path, 0644);
+            defaults.setInteger("number", 3);
+            EXPECT_TRUE(defaults.synchronize());
+            EXPECT_EQ(modeOf(path), 0600) << "also where an earlier version of the program has made the file";
+            ASSERT_TRUE(QFile::remove(path));
+            defaults.setInteger("number", 4);
+        }
+        ::umask(previous);
+        EXPECT_EQ(modeOf(path), 0600) << "at the end of the program";
+        EXPECT_EQ(modeOf(home.path("config")), 0700);
+        EXPECT_EQ(modeOf(home.path("config/Quenby Labs")), 0700);
+        EXPECT_TRUE(readFile(path).contains("number=4"));
+    }
+}
+
+TEST(QBUserDefaults, ThatAreOnlyReadMakeNoFile) {
+    const ScratchHome home;
+    const QString path = home.path("config/Corvella.conf");
+    {
+        QBUserDefaults defaults(std::make_unique<QSettings>(path, QSettings::IniFormat),
+                                QBUserDefaults::Changes::Forgotten);
+        defaults.setInteger("number", 1);
+        defaults.synchronize();
+    }
+    EXPECT_FALSE(QFile::exists(home.path("config")));
 }
 
 /// Limits the size of files to a few bytes while this object lives, as on a full disk.

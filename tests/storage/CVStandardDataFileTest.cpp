@@ -10,6 +10,7 @@
 #include <QSettings>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -127,6 +128,26 @@ TEST_F(CVStandardDataFileTest, isFirstSavedToApplicationSupport) {
     EXPECT_TRUE(QFileInfo(QFileInfo(pathOf(Place::Support)).path()).isDir());
     EXPECT_FALSE(QFileInfo::exists(pathOf(Place::Support)));
     EXPECT_EQ(preference(), pathOf(Place::Support));
+}
+
+TEST_F(CVStandardDataFileTest, liesInFoldersThatAreTheUsersOwnWhateverTheUmask) {
+    for (const mode_t mask : {0000U, 0022U, 0077U}) {
+        ScratchHome other;
+        const mode_t previous = ::umask(mask);
+        const auto path = CVStandardDataFileURL(CVLookForExisting::No, other.folders(), other.userDefaults());
+        ::umask(previous);
+        ASSERT_TRUE(path);
+        for (QString folder = QFileInfo(*path).path(); folder != other.path(); folder = QFileInfo(folder).path())
+            EXPECT_EQ(modeOf(folder), 0700) << folder.toStdString();
+    }
+}
+
+TEST_F(CVStandardDataFileTest, leavesASharedFolderAsItIs) {
+    ASSERT_TRUE(QDir().mkpath(mFolders.applicationSupport + "/Quenby Labs"));
+    setMode(mFolders.applicationSupport + "/Quenby Labs", 0775);
+    EXPECT_TRUE(save());
+    EXPECT_EQ(modeOf(mFolders.applicationSupport + "/Quenby Labs"), 0775);
+    EXPECT_EQ(modeOf(mFolders.applicationSupport + "/Quenby Labs/Corvella"), 0700);
 }
 
 TEST_F(CVStandardDataFileTest, isSavedToAFolderThatExistsAlready) {

@@ -7,8 +7,11 @@
 #include <QCoreApplication>
 #include <QFile>
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
@@ -163,6 +166,28 @@ TEST_F(SaveOrder, keepsWhatAnotherProgramPutsThereAtTheLastMoment) {
         EXPECT_EQ(readFile(mPath), "ours");
         EXPECT_EQ(readFile(outcome.keptCopy), "theirs") << unsupported;
         EXPECT_TRUE(outcome.keptCopy.contains(QLatin1String("(changed outside "))) << unsupported;
+    }
+}
+
+TEST_F(SaveOrder, tellsThatAFirstFileIsOpenToOthersWhereTheDiskKeepsNoModes) {
+    for (const mode_t mode : {0644U, 0600U}) {
+        ASSERT_TRUE(!QFile::exists(mPath) || QFile::remove(mPath));
+        FaultyCalls::disarm();
+        FaultyCalls::arm(mHome.path(), {}, {{"chmod", EPERM}});
+        auto gate = std::make_unique<FaultyCalls::Gate>("chmod");
+        save("first");
+        FaultyCalls::Gate::waitForArrival();
+        const QStringList fresh = namesIn(mHome.path()).filter(QStringLiteral(".saving-"));
+        ASSERT_EQ(fresh.size(), 1);
+        // The disk decides on the mode; the call of the C library itself is replaced.
+        ASSERT_EQ(::syscall(SYS_fchmodat, AT_FDCWD, QFile::encodeName(mHome.path(fresh[0])).constData(), mode), 0);
+        gate.reset();
+        EXPECT_EQ(mQueue.waitForFinished().isOpenToOthers, mode != 0600U);
+        EXPECT_EQ(modeOf(mPath), static_cast<int>(mode));
+        FaultyCalls::disarm();
+        save("second");
+        EXPECT_TRUE(mQueue.waitForFinished().saved);
+        EXPECT_FALSE(mQueue.waitForFinished().isOpenToOthers) << "told once";
     }
 }
 
