@@ -92,8 +92,10 @@ int runWithoutWindow(const CVCommandLine& line) {
 
 QString ownDataFile() {
     const CVStandardFolders folders = CVStandardFolders::ofUser();
-    QBUserDefaults defaults(QBUserDefaults::standardStore(), QBUserDefaults::Changes::Forgotten);
-    auto own = CVStandardDataFileURL(CVLookForExisting::Yes, folders, defaults);
+    const QBUserDefaults defaults(QBUserDefaults::standardStore(), QBUserDefaults::Changes::Forgotten);
+    auto own = CVMissingDataFile(defaults);
+    if (!own)
+        own = CVFindDataFile(folders, defaults);
     if (!own)
         own = CVPathForSaving(folders, defaults);
     return own.value_or(QString());

@@ -31,6 +31,12 @@ CVReadOnlyBudget::CVReadOnlyBudget()
     , mDocument(mNotificationCenter, mUserDefaults) {}
 
 bool CVReadOnlyBudget::read(const std::optional<QString>& dataFile, QTextStream& errors) {
+    // The search would take another budget for the user's.
+    if (const auto missing = dataFile ? std::nullopt : CVMissingDataFile(mUserDefaults))
+        return fail(errors,
+                    ReadOnlyBudgetText::tr("your data file \"%1\" is not there; connect its disk or its share, or "
+                                           "name another file with --data FILE")
+                        .arg(QDir::toNativeSeparators(*missing)));
     const auto path = dataFile ? dataFile : CVStandardDataFileURL(CVLookForExisting::Yes, mFolders, mUserDefaults);
     if (!path)
         return fail(errors, ReadOnlyBudgetText::tr("there is no data file yet; name one with --data FILE"));

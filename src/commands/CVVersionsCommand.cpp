@@ -45,7 +45,9 @@ QByteArray lineOf(const CVListedVersion& version) {
 
 /// Why nothing is listed, where nothing may be meant.
 QString problemWith(const std::optional<QString>& dataFile, const QString& path) {
-    if (path.isEmpty() || (!dataFile && !QFileInfo::exists(path)))
+    const QBUserDefaults defaults(QBUserDefaults::standardStore(), QBUserDefaults::Changes::Forgotten);
+    const bool isNamed = dataFile || CVMissingDataFile(defaults);
+    if (path.isEmpty() || (!isNamed && !QFileInfo::exists(path)))
         return VersionsCommandText::tr("there is no data file yet; name one with --data FILE");
     return QFileInfo::exists(path)
                ? QString()

@@ -20,25 +20,8 @@ void store(QBUserDefaults& defaults, const QString& path) {
     defaults.synchronize();
 }
 
-std::optional<QString> findExisting(const CVStandardFolders& folders, const QBUserDefaults& defaults) {
-    auto preferred = defaults.stringForKey(CVDefaultsKeys::kDataFileLocation);
-    if (preferred && QFileInfo(*preferred).isFile())
-        return preferred;
-    struct Place {
-        const QString& base;
-        QLatin1StringView folder;
-    };
-    for (const Place& place : {Place{folders.documents, kFolder}, Place{folders.applicationSupport, kFolder},
-                               Place{folders.applicationSupport, kOlderFolder}}) {
-        const QString path = place.base + place.folder + '/' + kFile;
-        if (!place.base.isEmpty() && QFileInfo(path).isFile())
-            return path;
-    }
-    return std::nullopt;
-}
-
 std::optional<QString> locateExisting(const CVStandardFolders& folders, QBUserDefaults& defaults) {
-    auto path = findExisting(folders, defaults);
+    auto path = CVFindDataFile(folders, defaults);
     if (path && path != defaults.stringForKey(CVDefaultsKeys::kDataFileLocation))
         store(defaults, *path);
     return path;
@@ -69,9 +52,31 @@ std::optional<QString> CVPathForSaving(const CVStandardFolders& folders, const Q
     return folders.applicationSupport + kFolder + '/' + kFile;
 }
 
+std::optional<QString> CVMissingDataFile(const QBUserDefaults& defaults) {
+    auto stored = defaults.stringForKey(CVDefaultsKeys::kDataFileLocation);
+    return stored && !QFileInfo::exists(*stored) ? stored : std::nullopt;
+}
+
+std::optional<QString> CVFindDataFile(const CVStandardFolders& folders, const QBUserDefaults& defaults) {
+    auto preferred = defaults.stringForKey(CVDefaultsKeys::kDataFileLocation);
+    if (preferred && QFileInfo(*preferred).isFile())
+        return preferred;
+    struct Place {
+        const QString& base;
+        QLatin1StringView folder;
+    };
+    for (const Place& place : {Place{folders.documents, kFolder}, Place{folders.applicationSupport, kFolder},
+                               Place{folders.applicationSupport, kOlderFolder}}) {
+        const QString path = place.base + place.folder + '/' + kFile;
+        if (!place.base.isEmpty() && QFileInfo(path).isFile())
+            return path;
+    }
+    return std::nullopt;
+}
+
 QStringList CVOwnDataFiles(const CVStandardFolders& folders, const QBUserDefaults& defaults) {
     QStringList files;
-    for (const auto& file : {CVPathForSaving(folders, defaults), findExisting(folders, defaults)}) {
+    for (const auto& file : {CVPathForSaving(folders, defaults), CVFindDataFile(folders, defaults)}) {
         if (file && !files.contains(*file))
             files.append(*file);
     }

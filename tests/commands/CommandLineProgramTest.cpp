@@ -220,4 +220,30 @@ TEST_F(CommandLineProgram, KeepsTheRemarksOfTheToolkitToItself) {
     EXPECT_EQ(shell("LC_ALL=C \"$CORVELLA\" check --data missing").errors.count('\n'), 1);
 }
 
+TEST_F(CommandLineProgram, ADataFileThatIsAwayIsNamedAndNoOtherIsTakenForIt) {
+    const QString folder = "data/Quenby Labs/Corvella/";
+    const QString other = write(folder + "Corvella Data.corvella", kSmallBudget);
+    static_cast<void>(
+        write(folder + "Earlier Versions/Corvella Data 2026-11-22 140207 (hourly).corvella", kSmallBudget));
+    const QString away = mHome.filePath("stick/Corvella Data.corvella");
+    static_cast<void>(
+        write("config/Quenby Labs/Corvella.conf", "[General]\nData%20File%20Location=" + away.toUtf8() + '\n'));
+    const QStringList before = everything();
+    struct Row {
+        QStringList arguments;
+        int status;
+    };
+    for (const auto& [arguments, status] : {Row{{"check"}, 1}, Row{{"sets"}, 1}, Row{{"export"}, 1},
+                                            Row{{"report", "tax"}, 1}, Row{{"versions"}, 1}, Row{{"diff", other}, 2}}) {
+        const Result result = run(arguments);
+        EXPECT_EQ(result.status, status) << arguments.constFirst().toStdString();
+        EXPECT_EQ(result.output, "") << arguments.constFirst().toStdString();
+        EXPECT_TRUE(result.errors.contains('"' + away + '"')) << result.errors.toStdString();
+        EXPECT_EQ(result.errors.count('\n'), 1) << result.errors.toStdString();
+    }
+    EXPECT_EQ(run({"check", "--data", other}).status, 0);
+    EXPECT_EQ(run({"diff", other, other}).status, 0);
+    EXPECT_EQ(everything(), before) << "nothing is stored";
+}
+
 } // namespace
