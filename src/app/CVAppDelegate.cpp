@@ -5,6 +5,7 @@
 #include "app/CVFileMessages.h"
 #include "app/CVHistoryOperations.h"
 #include "app/CVOutsideChanges.h"
+#include "app/CVReadAtStart.h"
 #include "app/CVReadingPanel.h"
 #include "app/CVSupportMail.h"
 #include "base/CVDefaultsKeys.h"
@@ -79,20 +80,25 @@ void CVAppDelegate::setPrintPanels(CVPrintPanels* panels) {
 
 bool CVAppDelegate::applicationDidFinishLaunching() {
     mUpdates.checkAutomatically(mUserDefaults.integerForKey(CVDefaultsKeys::kCheckUpdatesAutomatically));
-    const CVFileResult recovered = mFile.recoverInterruptedSaves();
-    const CVLoadReport report = read(*mDocument, {CVReadingPanel::Reading::AtStart, nullptr});
-    if (report.outcome == CVLoadReport::Outcome::Cancelled)
+    CVFileResult recovered;
+    const auto report = CVReadAtStart(mFile.folders(), mUserDefaults, mAlerts, [this, &recovered] {
+        recovered = mFile.recoverInterruptedSaves();
+        mDocument = std::make_unique<CVDocument>(mNotificationCenter, mUserDefaults);
+        return read(*mDocument, {CVReadingPanel::Reading::AtStart, nullptr});
+    });
+    if (!report)
         return false;
     makeWindowControllers();
-    mOutsideChanges->watch(report.path);
-    showWhetherSaved(report);
+    mOutsideChanges->watch(report->path);
+    showWhetherSaved(*report);
     if (!recovered.ok())
         mMainWindow->saveStatus().remark(
             tr("What an interrupted save has left could not be put in order: %1").arg(recovered.error));
     if (mWantsUpdatePreferences)
         showUpdatePreferences();
-    if (!report.reason.isEmpty())
-        tellAboutReading(report);
+    // About a file that was not read the user has been asked.
+    if (!report->reason.isEmpty() && report->outcome != CVLoadReport::Outcome::NotRead)
+        tellAboutReading(*report);
     return true;
 }
 
@@ -283,6 +289,9 @@ QString CVAppDelegate::waitForSaves() {
 }
 
 std::optional<QString> CVAppDelegate::reopenDocument() {
+    // The search would pass over it and open another one.
+    if (CVMissingDataFile(mUserDefaults))
+        return tr("it is not there any more");
     // From here on the former budget must not be saved, because it would be written over the other file.
     mDocument->setSaver(nullptr);
     auto document = std::make_unique<CVDocument>(mNotificationCenter, mUserDefaults);

@@ -45,8 +45,9 @@ public:
     /// delegate.
     void setPrintPanels(CVPrintPanels* panels);
 
-    /// Looks for a newer version if one is due, opens the document and shows its window. False when the reading of a
-    /// large data file was cancelled: nothing is open then, and nothing has changed.
+    /// Looks for a newer version if one is due, opens the document and shows its window. Asks first when the data file
+    /// is missing or cannot be read. False when the user then quits or cancels the reading: nothing is open, and
+    /// nothing has changed.
     [[nodiscard]] bool applicationDidFinishLaunching();
 
     /// Takes what is typed and waits for the saves, see CVPreferenceHost.

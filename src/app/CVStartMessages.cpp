@@ -1,7 +1,11 @@
 #include "app/CVStartMessages.h"
 
+#include "app/CVMissingPlace.h"
+#include "storage/CVDocumentFile.h"
+
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 
 namespace CVStartMessages {
 
@@ -22,6 +26,11 @@ QString quoted(QStringList files) {
 QString waitingForOther() {
     return StartMessagesText::tr(
         "Waiting for the Corvella that is running already. Cancel leaves it alone and opens no second one.");
+}
+
+QString waitingForPlace(const QString& path) {
+    return StartMessagesText::tr("Waiting for the disk or share of “%1”. Cancel ends Corvella and changes nothing.")
+        .arg(QDir::toNativeSeparators(path));
 }
 
 CVAlert otherIsSilent() {
@@ -48,6 +57,33 @@ CVAlert notOpened(const QStringList& files, const QString& dataFile) {
         StartMessagesText::tr("OK")};
     alert.style = CVAlert::Style::Information;
     return alert;
+}
+
+CVAlert missingPlace(const CVMissingPlace& place) {
+    const QString what = StartMessagesText::tr("Corvella keeps your budget in “%1”, but nothing is there. If that is a "
+                                               "memory stick or a network share, connect it and choose Try Again.")
+                             .arg(QDir::toNativeSeparators(place.missing));
+    const QString instead =
+        place.other ? StartMessagesText::tr("The other one, “%1”, may be an older state of your budget. If you open "
+                                            "it, Corvella uses it from now on.")
+                          .arg(QDir::toNativeSeparators(*place.other))
+                    : StartMessagesText::tr(
+                          "A new one begins empty. When the missing file is back, the preferences lead to it.");
+    return {StartMessagesText::tr("Your data file is missing"), what + QStringLiteral("\n\n") + instead,
+            StartMessagesText::tr("Try Again"), StartMessagesText::tr("Quit"),
+            place.other ? StartMessagesText::tr("Open the Other One") : StartMessagesText::tr("Start a New One")};
+}
+
+CVAlert notRead(const CVLoadReport& report) {
+    const QFileInfo file(report.path);
+    return {
+        StartMessagesText::tr("Your budget could not be read"),
+        StartMessagesText::tr(
+            "“%1” could not be read: %2.\n\nIt is untouched. If you open an empty budget, it stays so until something "
+            "is saved; then Corvella keeps it beside the new file, with “(unreadable …)” in its name.\n\nThe folder "
+            "is “%3”.")
+            .arg(file.fileName(), report.reason, QDir::toNativeSeparators(file.path())),
+        StartMessagesText::tr("Try Again"), StartMessagesText::tr("Quit"), StartMessagesText::tr("Open Empty")};
 }
 
 } // namespace CVStartMessages

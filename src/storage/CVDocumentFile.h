@@ -48,6 +48,7 @@ public:
     /// What the next saves do with another program's file that cannot be read.
     [[nodiscard]] CVUnreadableFile unreadableFiles() const { return mUnreadableFiles; }
     void setUnreadableFiles(CVUnreadableFile unreadable) { mUnreadableFiles = unreadable; }
+    [[nodiscard]] const CVStandardFolders& folders() const { return mFolders; }
 
 private:
     [[nodiscard]] CVLoadReport reportObstacle();

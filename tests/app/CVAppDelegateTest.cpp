@@ -205,6 +205,21 @@ TEST_F(CVAppDelegateTest, AnEncryptedFileStaysUntouchedUntilTheFirstSaveAndIsKep
     quit(delegate);
 }
 
+TEST_F(CVAppDelegateTest, ADiskThatKeepsNoAccessRightsIsTold) {
+    auto delegate = start();
+    CVSaveTeller teller(mAlerts);
+    CVSaveOutcome outcome;
+    teller.tell(outcome, *delegate->mainWindow(), false);
+    auto* const remark = find<QLabel>(*delegate, "mRemark");
+    EXPECT_EQ(remark->text(), "");
+    outcome.isOpenToOthers = true;
+    teller.tell(outcome, *delegate->mainWindow(), false);
+    EXPECT_TRUE(remark->isVisible());
+    EXPECT_TRUE(remark->text().startsWith("Others who can use this disk")) << remark->text().toStdString();
+    EXPECT_TRUE(mAlerts.shown().isEmpty());
+    quit(delegate);
+}
+
 TEST_F(CVAppDelegateTest, AFailedSaveIsShownAndTheNextOneTriesAgain) {
     auto delegate = start();
     // A file with the name of the data file's folder makes it impossible to make that folder.
@@ -247,10 +262,7 @@ TEST_F(CVAppDelegateTest, NothingOpensWhenTheReadingIsCancelled) {
 
 TEST_F(CVAppDelegateTest, TheUserMayQuitWithoutSaving) {
     auto delegate = start();
-    mHome.userDefaults().setString("Data File Location", mHome.path("no such folder/file"));
-    mHome.userDefaults().synchronize();
-    delegate.reset();
-    delegate = start();
+    delegate->document().userDefaults().setString("Data File Location", mHome.path("no such folder/file"));
     record(*delegate, "1", "Somebody", "Other");
     mAlerts.answer({CVAlert::kDefault, CVAlert::kOther});
     EXPECT_TRUE(delegate->mainWindow()->window()->close());

@@ -35,9 +35,7 @@ protected:
     }
 
     void failToSaveIn(const QString& folder) {
-        mHome.userDefaults().setString("Data File Location", folder + "/file");
-        mHome.userDefaults().synchronize();
-        quitAndStartAgain();
+        document().userDefaults().setString("Data File Location", folder + "/file");
         document().workbookSave();
         ASSERT_FALSE(mDelegate->saves().waitForFinished().saved);
     }
