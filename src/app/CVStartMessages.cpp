@@ -29,7 +29,8 @@ QString waitingForOther() {
 }
 
 QString waitingForPlace(const QString& path) {
-    return StartMessagesText::tr("Waiting for the disk or share of “%1”. Cancel ends Corvella and changes nothing.")
+    return StartMessagesText::tr(
+               "Waiting for the disk or share of your data file:\n%1\nCancel ends Corvella and changes nothing.")
         .arg(QDir::toNativeSeparators(path));
 }
 

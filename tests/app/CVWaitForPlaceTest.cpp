@@ -34,7 +34,7 @@ TEST(CVWaitForPlace, NamesAPlaceThatHangsUntilItAnswers) {
     });
     timer.start(0);
     EXPECT_TRUE(CVWaitForPlace("/share/file", [&answer] { answer.get_future().wait(); }));
-    EXPECT_TRUE(shown.contains("“/share/file”")) << shown.toStdString();
+    EXPECT_TRUE(shown.contains("\n/share/file\n")) << shown.toStdString();
 }
 
 TEST(CVWaitForPlace, AnswersWhoeverCancelsAlthoughThePlaceHangs) {
