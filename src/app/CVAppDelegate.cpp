@@ -132,7 +132,7 @@ void CVAppDelegate::showWhetherSaved(const CVLoadReport& report) const {
 }
 
 void CVAppDelegate::handleSaveFinished(const CVSaveOutcome& outcome) {
-    mSaveTeller.tell(outcome, *mMainWindow, mFile.saves().isSaving());
+    mSaveTeller.tell(outcome, *mMainWindow, mFile.saves().isSaving(), mPreferences.get());
     if (mHistory)
         mHistory->versionsChanged();
 }

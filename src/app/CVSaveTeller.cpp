@@ -7,7 +7,8 @@
 
 #include <QMainWindow>
 
-void CVSaveTeller::tell(const CVSaveOutcome& outcome, const CVMainWindowController& window, bool isSaving) {
+void CVSaveTeller::tell(const CVSaveOutcome& outcome, const CVMainWindowController& window, bool isSaving,
+                        QWidget* mover) {
     CVSaveStatus& status = window.saveStatus();
     if (!outcome.saved)
         status.setFailed(CVFileMessages::notSaved(outcome), CVFileMessages::canMakeRoom(outcome)
@@ -23,6 +24,8 @@ void CVSaveTeller::tell(const CVSaveOutcome& outcome, const CVMainWindowControll
         status.remark(outcome.versionTrouble);
     if (outcome.isOpenToOthers)
         status.remark(CVFileMessages::openToOthers());
-    if (!outcome.keptCopy.isEmpty() && mToldCopies.insert(outcome.keptCopy).second)
-        mAlerts.run(window.window(), CVFileMessages::keptCopy(outcome));
+    if (!outcome.keptCopy.isEmpty() && mToldCopies.insert(outcome.keptCopy).second) {
+        const bool wasMoved = outcome.keptReason == CVKeptReason::ReplacedWhenMoved && mover && mover->isVisible();
+        mAlerts.run(wasMoved ? mover : window.window(), CVFileMessages::keptCopy(outcome));
+    }
 }

@@ -6,6 +6,7 @@
 
 class CVAlerts;
 class CVMainWindowController;
+class QWidget;
 struct CVSaveOutcome;
 
 /// Tells the user how saves ended: in the status line of the main window, and in an alert what must not be missed, each
@@ -15,8 +16,10 @@ class CVSaveTeller final {
 public:
     explicit CVSaveTeller(CVAlerts& alerts) : mAlerts(alerts) {}
 
-    /// `isSaving` is whether another save is under way or waiting.
-    void tell(const CVSaveOutcome& outcome, const CVMainWindowController& window, bool isSaving);
+    /// `isSaving` is whether another save is under way or waiting. `mover` is the window in which the data file is
+    /// moved; null when there is none.
+    void tell(const CVSaveOutcome& outcome, const CVMainWindowController& window, bool isSaving,
+              QWidget* mover = nullptr);
     /// The user has been told about this kept copy.
     void markAsTold(const QString& keptCopy) { mToldCopies.insert(keptCopy); }
 

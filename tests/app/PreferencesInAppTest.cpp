@@ -233,6 +233,7 @@ TEST_F(PreferencesInApp, ReplaceChosenFileSavesThereAndSaysThatItKeptWhatStoodTh
     ASSERT_TRUE(QTest::qWaitFor([this] { return mAlerts.shown().size() == 2; }));
     const CVAlert& told = mAlerts.shown()[1];
     EXPECT_EQ(told.title, "The file that you replaced was kept");
+    EXPECT_EQ(mAlerts.owners()[1], "Corvella Preferences") << "where the user is";
     EXPECT_EQ(told.style, CVAlert::Style::Information);
     EXPECT_TRUE(told.message.contains(kept[0])) << told.message.toStdString();
     EXPECT_FALSE(told.message.contains("not read")) << told.message.toStdString();
