@@ -160,6 +160,8 @@ const Reasons& whyWorkFails() {
         {"link", {EPERM, EIO, ENOSPC, EACCES, EMLINK}},
         {"unlink", {EACCES, EIO, EROFS}},
         {"chmod", {EPERM, EIO}},
+        {"flock", {ENOLCK, EWOULDBLOCK, EIO}},
+        {"futimens", {EPERM, EIO}},
         {"mkdir", {EACCES, ENOSPC, EIO, EROFS}},
     };
     return table;

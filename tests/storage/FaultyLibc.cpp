@@ -2,6 +2,7 @@
 
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/ioctl.h>
 #include <sys/sendfile.h>
 #include <sys/stat.h>
@@ -73,6 +74,26 @@ ssize_t write(int descriptor, const void* bytes, size_t size) {
     if (error == FaultyCalls::kShort)
         return real(descriptor, bytes, std::max<size_t>(size / 2, 1));
     return error ? fail(error) : real(descriptor, bytes, size);
+}
+
+ssize_t pwrite(int descriptor, const void* bytes, size_t size, off_t offset) {
+    CORVELLA_REAL(pwrite);
+    const int error = errorFor("write", descriptor);
+    if (error == FaultyCalls::kShort)
+        return real(descriptor, bytes, std::max<size_t>(size / 2, 1), offset);
+    return error ? fail(error) : real(descriptor, bytes, size, offset);
+}
+
+int futimens(int descriptor, const struct timespec times[2]) noexcept {
+    CORVELLA_REAL(futimens);
+    const int error = errorFor("futimens", descriptor);
+    return error ? fail(error) : real(descriptor, times);
+}
+
+int flock(int descriptor, int operation) noexcept {
+    CORVELLA_REAL(flock);
+    const int error = errorFor("flock", descriptor);
+    return error ? fail(error) : real(descriptor, operation);
 }
 
 ssize_t read(int descriptor, void* bytes, size_t size) {
