@@ -1,5 +1,6 @@
 #include "app/CVRunningInstance.h"
 
+#include "app/CVIncomingCall.h"
 #include "base/CVMakePrivate.h"
 
 #include <QCryptographicHash>
@@ -17,7 +18,8 @@ constexpr QLatin1StringView kSocket("/.running");
 constexpr QLatin1StringView kSpareName("/corvella-");
 constexpr QLatin1StringView kSpareLock(".lock");
 constexpr int kDigestLetters = 16;
-constexpr const char* kAnswer = "shown\n";
+/// The calls that are listened to at once; a further one ends the oldest.
+constexpr qsizetype kMostCalls = 16;
 /// The time between two attempts while the other program is starting or ending.
 constexpr std::chrono::milliseconds kPause(50);
 
@@ -106,10 +108,12 @@ void CVRunningInstance::listen() {
 
 void CVRunningInstance::answer() {
     while (QLocalSocket* const caller = mServer.nextPendingConnection()) {
-        connect(caller, &QLocalSocket::disconnected, caller, &QObject::deleteLater);
-        emit showRequested();
-        caller->write(kAnswer);
-        caller->flush();
+        mCalls.removeAll(nullptr);
+        if (mCalls.size() >= kMostCalls)
+            mCalls.takeFirst()->hangUp();
+        auto* const call = new CVIncomingCall(caller, mCallerPatience, this);
+        connect(call, &CVIncomingCall::showRequested, this, &CVRunningInstance::showRequested);
+        mCalls.append(call);
     }
 }
 
@@ -117,11 +121,14 @@ bool CVRunningInstance::askOther(const Waiting& waiting) const {
     for (const QString& place : mSockets) {
         QLocalSocket socket;
         socket.connectToServer(place);
-        while (!socket.waitForConnected(waiting.pause()) || !socket.waitForReadyRead(waiting.pause())) {
-            if (socket.state() == QLocalSocket::UnconnectedState || !waiting.goesOn())
-                break;
+        const auto goesOn = [&] { return socket.state() != QLocalSocket::UnconnectedState && waiting.goesOn(); };
+        while (!socket.waitForConnected(waiting.pause()) && goesOn()) {
         }
-        if (socket.isOpen() && socket.readAll() == kAnswer)
+        if (socket.state() == QLocalSocket::ConnectedState)
+            socket.write(CVIncomingCall::kShow);
+        while (!socket.waitForReadyRead(waiting.pause()) && goesOn()) {
+        }
+        if (socket.isOpen() && socket.readAll() == CVIncomingCall::kShown)
             return true;
     }
     return false;

@@ -3,11 +3,15 @@
 #include "app/CVFileLock.h"
 #include "base/CVRuntimeFolder.h"
 
+#include <QList>
 #include <QLocalServer>
 #include <QObject>
+#include <QPointer>
 
 #include <chrono>
 #include <functional>
+
+class CVIncomingCall;
 
 /// Makes sure that only one program works in a folder: the first one holds a lock in the folder and listens on a
 /// socket; a later one asks the first to show itself instead of opening the same data file. A lock or socket that a
@@ -34,6 +38,9 @@ public:
     /// Is told the part of the time that is over; false ends the waiting.
     using Progress = std::function<bool(double part)>;
 
+    /// The time that a caller has to say what it wants.
+    void setCallerPatience(std::chrono::milliseconds patience) { mCallerPatience = patience; }
+
     /// Waits for another program's answer, at most for `patience`, and tells the progress every 50 milliseconds.
     [[nodiscard]] Outcome claim(std::chrono::milliseconds patience, const Progress& progress = {});
 
@@ -55,4 +62,7 @@ private:
     /// Used when `mLock` is impossible.
     CVFileLock mSpareLock;
     QLocalServer mServer;
+    std::chrono::milliseconds mCallerPatience{2000};
+    /// Oldest first.
+    QList<QPointer<CVIncomingCall>> mCalls;
 };

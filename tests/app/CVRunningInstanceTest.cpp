@@ -6,13 +6,19 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QLocalSocket>
 #include <QSignalSpy>
 #include <QSysInfo>
 #include <QTest>
 
 #include <gtest/gtest.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <future>
@@ -42,6 +48,26 @@ protected:
     void obstruct(void (*place)(const QString& path)) const {
         ASSERT_TRUE(QDir().mkpath(mFolder));
         place(lockPath());
+    }
+
+    /// Connects to the first instance and says something; waits for the answer or until the other hangs up.
+    [[nodiscard]] QByteArray call(const QList<QByteArray>& pieces) const {
+        QLocalSocket socket;
+        socket.connectToServer(mFolder + "/.running");
+        EXPECT_TRUE(socket.waitForConnected());
+        for (const QByteArray& piece : pieces) {
+            socket.write(piece);
+            socket.flush();
+            QCoreApplication::processEvents();
+        }
+        QByteArray answer;
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] {
+                answer += socket.readAll();
+                return answer.endsWith('\n') || socket.state() == QLocalSocket::UnconnectedState;
+            },
+            10'000));
+        return answer;
     }
 
     [[nodiscard]] QString lockPath() const { return mFolder + "/.running.lock"; }
@@ -237,6 +263,90 @@ TEST_F(CVRunningInstanceTest, OfSeveralAtOnceOneAloneIsTheFirst) {
 TEST_F(CVRunningInstanceTest, WhereNothingCanBeLockedTheProgramStartsAllTheSame) {
     write("/a file", "");
     EXPECT_EQ(CVRunningInstance(mFolder + "/a file/below").claim(0s), Outcome::First);
+}
+
+struct CallRow {
+    const char* name;
+    QList<QByteArray> pieces;
+    bool isShown;
+};
+
+const std::array kCalls{
+    CallRow{"the request", {"show\n"}, true},           CallRow{"the request in pieces", {"s", "ho", "w\n"}, true},
+    CallRow{"another word", {"quit\n"}, false},         CallRow{"the request and more", {"show\nshow\n"}, false},
+    CallRow{"bytes", {QByteArray("\0\xff", 2)}, false}, CallRow{"much", {QByteArray(100'000, 's')}, false},
+};
+
+TEST_F(CVRunningInstanceTest, OneSmallMessageIsReadAndNothingElseIsAnswered) {
+    CVRunningInstance first(mFolder);
+    ASSERT_EQ(first.claim(0s), Outcome::First);
+    for (const CallRow& row : kCalls) {
+        const QSignalSpy shown(&first, &CVRunningInstance::showRequested);
+        EXPECT_EQ(call(row.pieces), row.isShown ? "shown\n" : "") << row.name;
+        EXPECT_EQ(shown.size(), row.isShown ? 1 : 0) << row.name;
+    }
+    EXPECT_EQ(startAgain(), Outcome::OtherShown);
+}
+
+TEST_F(CVRunningInstanceTest, WhoeverTakesTooLongIsHungUpOn) {
+    CVRunningInstance first(mFolder);
+    first.setCallerPatience(20ms);
+    ASSERT_EQ(first.claim(0s), Outcome::First);
+    const QSignalSpy shown(&first, &CVRunningInstance::showRequested);
+    EXPECT_EQ(call({}), "");
+    EXPECT_EQ(call({"sho"}), "");
+    EXPECT_EQ(shown.size(), 0);
+}
+
+TEST_F(CVRunningInstanceTest, ManyWhoSayNothingDoNotKeepOthersOutAndDoNotPileUp) {
+    CVRunningInstance first(mFolder);
+    first.setCallerPatience(1h);
+    ASSERT_EQ(first.claim(0s), Outcome::First);
+    std::vector<std::unique_ptr<QLocalSocket>> silent;
+    for (int i = 0; i < 60; ++i) {
+        silent.push_back(std::make_unique<QLocalSocket>());
+        silent.back()->connectToServer(mFolder + "/.running");
+        ASSERT_TRUE(silent.back()->waitForConnected());
+        QCoreApplication::processEvents();
+    }
+    EXPECT_EQ(call({"show\n"}), "shown\n");
+    const auto open = [&silent] {
+        return std::count_if(silent.begin(), silent.end(),
+                             [](const auto& socket) { return socket->state() == QLocalSocket::ConnectedState; });
+    };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return open() <= 16; }, 10'000)) << open();
+}
+
+TEST_F(CVRunningInstanceTest, AnotherUserIsHungUpOn) {
+    constexpr uid_t kNobody = 65534;
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "only root can become another user";
+    CVRunningInstance first(mFolder);
+    ASSERT_EQ(first.claim(0s), Outcome::First);
+    const QSignalSpy shown(&first, &CVRunningInstance::showRequested);
+    // The permissions of the socket would keep another user out before.
+    const QByteArray socketPath = QFile::encodeName(mFolder + "/.running");
+    for (QString path = mFolder + "/.running"; path.startsWith(mHome.path()); path = QFileInfo(path).path())
+        ::chmod(QFile::encodeName(path).constData(), 0777);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        if (::setuid(kNobody) != 0)
+            ::_exit(3);
+        const int file = ::socket(AF_UNIX, SOCK_STREAM, 0);
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        std::copy(socketPath.begin(), socketPath.end(), address.sun_path);
+        if (::connect(file, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
+            ::_exit(2);
+        std::array<char, 16> answer{};
+        (void)!::write(file, "show\n", 5);
+        ::_exit(::read(file, answer.data(), answer.size()) > 0 ? 1 : 0);
+    }
+    int status = -1;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ::waitpid(child, &status, WNOHANG) == child; }, 10'000));
+    EXPECT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+    EXPECT_EQ(shown.size(), 0);
 }
 
 } // namespace
