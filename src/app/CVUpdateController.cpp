@@ -85,6 +85,7 @@ bool CVUpdateController::CVOfferUpgrade() {
         emit preferencesRequested();
         break;
     case CVAlert::kOther:
+    case CVAlert::kFurther:
         break;
     }
     return true;

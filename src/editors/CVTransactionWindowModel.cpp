@@ -1,5 +1,6 @@
 #include "editors/CVTransactionWindowModel.h"
 
+#include "model/CVIsReadOnly.h"
 #include "model/CVTransaction.h"
 #include "model/CVTransactionColumns.h"
 #include "widgets/fields/CVCellAlignment.h"
@@ -34,6 +35,12 @@ void CVTransactionWindowModel::updateFormatters() {
 
 int CVTransactionWindowModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(mTransactions.size());
+}
+
+Qt::ItemFlags CVTransactionWindowModel::flags(const QModelIndex& index) const {
+    if (index.isValid() && CVIsReadOnly(*mTransactions[static_cast<std::size_t>(index.row())]))
+        return QAbstractTableModel::flags(index);
+    return CVEditorModel::flags(index);
 }
 
 QVariant CVTransactionWindowModel::cell(int row, int column, int role) const {

@@ -21,6 +21,7 @@ public:
     void updateFormatters();
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 protected:
     [[nodiscard]] QVariant cell(int row, int column, int role) const override;

@@ -246,6 +246,8 @@ void CVHistoryWindow::showProgress() {
     const int versions = mVersions->countVersions();
     if (!mAwaited.isEmpty() && !mShowsProgress.isActive())
         text = tr("%1 of %2 versions read…").arg(counted(versions - mAwaited.size()), counted(versions));
+    else if (mAwaited.isEmpty() && mDocument->isReadOnly())
+        text = tr("Read-only: nothing can be brought back.");
     else if (mAwaited.isEmpty() && mLines->hasReturnable() && !mBringBack->isEnabled())
         text = mLines->hasSelection() ? tr("What was added since has nothing to bring back.")
                                       : tr("Select the lines that are to come back.");
@@ -274,14 +276,15 @@ void CVHistoryWindow::showMessage() {
 
 void CVHistoryWindow::updateButtons() {
     const auto findings = mVersions->chosenFindings();
-    mReturn->setEnabled(findings && findings->problem.isEmpty());
+    const bool canEdit = !mDocument->isReadOnly();
+    mReturn->setEnabled(findings && findings->problem.isEmpty() && canEdit);
     const auto count = static_cast<int>(mLines->countReturnable());
     const QString text = count == 0   ? tr("&Bring Back Lines")
                          : count == 1 ? tr("&Bring Back 1 Line")
                                       : tr("&Bring Back %1 Lines", nullptr, count).arg(counted(count));
     mBringBack->setText(text);
     mBringBack->setAccessibleName(QString(text).remove('&'));
-    mBringBack->setEnabled(count > 0);
+    mBringBack->setEnabled(count > 0 && canEdit);
 }
 
 void CVHistoryWindow::setRemark(const QString& remark) {

@@ -73,6 +73,10 @@ QStringList CVDocument::dataFiles() const {
     return mSaver ? mSaver->dataFiles() : QStringList();
 }
 
+bool CVDocument::isReadOnly() const {
+    return mSaver && mSaver->isReadOnly();
+}
+
 const std::shared_ptr<CVTransactionSet>& CVDocument::objectInTransactionSetsAtIndex(std::size_t index) const {
     return mTransactionSets.at(index);
 }

@@ -38,6 +38,8 @@ public:
     [[nodiscard]] std::optional<CVVersionReason> takeAskedVersion() { return std::exchange(mAskedVersion, {}); }
     /// The paths at which a budget is or will be saved, which no output may take. Empty without a saver.
     [[nodiscard]] QStringList dataFiles() const;
+    /// Whether the budget is only looked at: what the windows show cannot be edited, and nothing is saved.
+    [[nodiscard]] bool isReadOnly() const;
 
     [[nodiscard]] QBNotificationCenter& notificationCenter() const { return mNotificationCenter; }
     [[nodiscard]] QBUserDefaults& userDefaults() const { return mUserDefaults; }

@@ -11,6 +11,8 @@ public:
     virtual bool workbookSave(CVDocument& document) = 0;
     /// The paths at which a budget is or will be saved, which no output may take.
     [[nodiscard]] virtual QStringList dataFiles() const = 0;
+    /// Whether the budget is only looked at: then nothing is saved, and nothing must be changed.
+    [[nodiscard]] virtual bool isReadOnly() const { return false; }
 
 protected:
     ~CVDocumentSaver() = default;

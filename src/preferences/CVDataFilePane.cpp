@@ -98,6 +98,7 @@ void CVDataFilePane::changeFileLocation() {
     case CVAlert::kOther:
         return _cv_change_document_path(*path, Replace::Yes);
     case CVAlert::kAlternate:
+    case CVAlert::kFurther:
         return;
     }
 }

@@ -69,6 +69,9 @@ std::optional<CVDocumentText> CVDocumentFile::dataOfType(const CVDocument& docum
 
 CVFileResult CVDocumentFile::recoverInterruptedSaves() const {
     CVFileResult result;
+    // They may be another program's that saves just now.
+    if (mIsReadOnly)
+        return result;
     for (const QString& file : dataFiles()) {
         const CVFileResult recovered = CVRecoverInterruptedSaves(file);
         if (result.ok())
@@ -78,6 +81,8 @@ CVFileResult CVDocumentFile::recoverInterruptedSaves() const {
 }
 
 bool CVDocumentFile::workbookSave(CVDocument& document) {
+    if (mIsReadOnly)
+        return true;
     const auto path = CVStandardDataFileURL(CVLookForExisting::No, mFolders, mDefaults);
     if (!path) {
         mSaves.fail(tr("The budget could not be saved: the folder for it could not be made in “%1”.")

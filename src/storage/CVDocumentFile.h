@@ -43,6 +43,9 @@ public:
     /// Does `CVRecoverInterruptedSaves` for the user's data file, before it is first read.
     [[nodiscard]] CVFileResult recoverInterruptedSaves() const;
     bool workbookSave(CVDocument& document) override;
+    /// Decides whether the budget is only looked at; then nothing is written.
+    void setReadOnly(bool isReadOnly) { mIsReadOnly = isReadOnly; }
+    [[nodiscard]] bool isReadOnly() const override { return mIsReadOnly; }
     [[nodiscard]] QStringList dataFiles() const override { return CVOwnDataFiles(mFolders, mDefaults); }
     [[nodiscard]] CVSaveQueue& saves() { return mSaves; }
     /// What the next saves do with another program's file that cannot be read.
@@ -57,5 +60,12 @@ private:
     QBUserDefaults& mDefaults;
     CVDocumentReader mReader;
     CVUnreadableFile mUnreadableFiles = CVUnreadableFile::AwaitedIfWatched;
+    /// Why the last read gave no budget; empty when it gave one.
+    QString mReason;
+    bool mReadWhole = false;
+    bool mWasCancelled = false;
+    bool mWasBrokenOff = false;
+    bool mIsReadOnly = false;
+    std::function<bool(double part)> mReadingProgress;
     CVSaveQueue mSaves;
 };

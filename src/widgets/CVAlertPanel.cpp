@@ -95,6 +95,7 @@ CVAlert::Answer CVAlertPanel::run(QWidget* window, const CVAlert& alert) {
     QPushButton* const defaultButton = addButton(panel, alert.defaultButton, QMessageBox::AcceptRole);
     QPushButton* const alternateButton = addButton(panel, alert.alternateButton, QMessageBox::RejectRole);
     QPushButton* const otherButton = addButton(panel, alert.otherButton, QMessageBox::ActionRole);
+    QPushButton* const furtherButton = addButton(panel, alert.furtherButton, QMessageBox::ActionRole);
     panel.setDefaultButton(defaultButton);
     const bool isDefaultSafe = !alternateButton || alert.escapeAnswer == CVAlert::kDefault;
     panel.setEscapeButton(isDefaultSafe                                          ? defaultButton
@@ -106,5 +107,7 @@ CVAlert::Answer CVAlertPanel::run(QWidget* window, const CVAlert& alert) {
     const QAbstractButton* const clicked = panel.clickedButton() ? panel.clickedButton() : panel.escapeButton();
     if (otherButton && clicked == otherButton)
         return CVAlert::kOther;
+    if (furtherButton && clicked == furtherButton)
+        return CVAlert::kFurther;
     return clicked == defaultButton ? CVAlert::kDefault : CVAlert::kAlternate;
 }

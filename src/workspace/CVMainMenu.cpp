@@ -149,13 +149,12 @@ void CVMainMenu::addTableCommands(CVTableView& table) {
     remove->setEnabled(false);
     auto* const edit = new QAction(tr("&Edit"), &table);
     connect(edit, &QAction::triggered, &table, &CVTableView::editCurrentCell);
-    auto* const copy = new QAction(tr("&Copy"), &table);
-    connect(copy, &QAction::triggered, &table, [&table] { CVEdit(CVEditCommand::Copy, &table); });
-    // Edit and Copy are enabled together with Remove, because they need selected rows too.
-    for (QAction* const action : {edit, copy}) {
-        action->setEnabled(false);
-        connect(remove, &QAction::enabledChanged, action, &QAction::setEnabled);
-    }
-    table.addActions({edit, copy, remove});
+    edit->setEnabled(false);
+    // Editing needs what Remove needs: selected rows of a budget that can be changed.
+    connect(remove, &QAction::enabledChanged, edit, &QAction::setEnabled);
+    mCopyRows = new QAction(tr("&Copy"), &table);
+    connect(mCopyRows, &QAction::triggered, &table, [&table] { CVEdit(CVEditCommand::Copy, &table); });
+    mCopyRows->setEnabled(false);
+    table.addActions({edit, mCopyRows, remove});
     table.setContextMenuPolicy(Qt::ActionsContextMenu);
 }

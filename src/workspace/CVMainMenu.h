@@ -1,12 +1,12 @@
 #pragma once
 
+#include <QAction>
 #include <QObject>
 #include <QString>
 
 #include <array>
 
 class CVTableView;
-class QAction;
 class QMainWindow;
 class QMenu;
 
@@ -53,6 +53,8 @@ public:
 
     /// A disabled command is greyed out, and its shortcut does nothing.
     void setEnabled(CVCommand command, bool enabled);
+    /// Does so for the Copy command of the table's own menu.
+    void setCopyRowsEnabled(bool enabled) { mCopyRows->setEnabled(enabled); }
 
 signals:
     void chosen(CVCommand command);
@@ -69,4 +71,5 @@ private:
 
     QMainWindow& mWindow;
     std::array<QAction*, kCVCommands> mActions{};
+    QAction* mCopyRows = nullptr;
 };

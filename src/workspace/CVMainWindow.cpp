@@ -12,6 +12,7 @@
 #include "workspace/budgettabs/CVReportsTab.h"
 #include "workspace/budgettabs/CVSummaryTab.h"
 #include "workspace/controls/CVEntryStrip.h"
+#include "workspace/controls/CVReadOnlyNotice.h"
 #include "workspace/controls/CVSaveStatus.h"
 #include "workspace/controls/CVSetPicker.h"
 #include "workspace/transactions/CVTransactionTableView.h"
@@ -38,6 +39,7 @@ constexpr int kFirstHeightInLines = 45;
 
 CVMainWindow::CVMainWindow(const CVBudgetContents& contents)
     : mEntryStrip(new CVEntryStrip(this))
+    , mReadOnlyNotice(new CVReadOnlyNotice(this))
     , mMainTabView(new QTabWidget(this))
     , mSetPicker(new CVSetPicker(*mMainTabView))
     , mTransactionsTab(new CVTransactionsTab(contents.list(), this))
@@ -64,6 +66,8 @@ CVMainWindow::CVMainWindow(const CVBudgetContents& contents)
     layout->setContentsMargins(kEdge, kGap, kEdge, kGap);
     layout->setSpacing(kGap);
     layout->addWidget(mEntryStrip);
+    layout->addWidget(mReadOnlyNotice);
+    mReadOnlyNotice->hide();
     layout->addWidget(mMainTabView, 1);
     layout->addWidget(mSaveStatus);
     setCentralWidget(new CVScrollArea(*content, this));
@@ -72,6 +76,16 @@ CVMainWindow::CVMainWindow(const CVBudgetContents& contents)
 
 void CVMainWindow::setTransactionSets(const QStringList& names, int current) {
     mSetPicker->setNames(names, current);
+}
+
+void CVMainWindow::showReadOnly(const QString& why) {
+    setWindowTitle(tr("Corvella Main Window (Read-Only)"));
+    mReadOnlyNotice->setText(why);
+    if (!mReadOnlyNotice->isHidden())
+        return;
+    mEntryStrip->hide();
+    mReadOnlyNotice->show();
+    mTransactionsTab->table().setFocus(Qt::OtherFocusReason);
 }
 
 void CVMainWindow::closeEvent(QCloseEvent* event) {

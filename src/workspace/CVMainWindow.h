@@ -9,6 +9,7 @@ class CVBudgetContents;
 class CVEntryStrip;
 class CVFormattedField;
 class CVMainMenu;
+class CVReadOnlyNotice;
 class CVReportsTab;
 class CVSaveStatus;
 class CVSetPicker;
@@ -30,6 +31,7 @@ public:
 
     [[nodiscard]] CVMainMenu& menu() const { return *mMenu; }
     [[nodiscard]] CVEntryStrip& entryStrip() const { return *mEntryStrip; }
+    [[nodiscard]] CVReadOnlyNotice& readOnlyNotice() const { return *mReadOnlyNotice; }
     [[nodiscard]] CVTransactionsTab& transactionsTab() const { return *mTransactionsTab; }
     [[nodiscard]] CVSummaryTab& summaryTab() const { return *mSummaryTab; }
     [[nodiscard]] CVReportsTab& reportsTab() const { return *mReportsTab; }
@@ -39,6 +41,9 @@ public:
 
     /// Shows the names of the sets in the pop-up; fewer than two names hide the pop-up.
     void setTransactionSets(const QStringList& names, int current);
+
+    /// Shows in place of the entry strip why nothing can be recorded.
+    void showReadOnly(const QString& why);
 
     /// Restores the frame and the widths of the columns that `keep` stored, if any.
     void restore(const QBUserDefaults& defaults);
@@ -68,6 +73,7 @@ protected:
 
 private:
     CVEntryStrip* mEntryStrip;
+    CVReadOnlyNotice* mReadOnlyNotice;
     /// Created before its pages, as the pop-up of sets is, so that the Tab key reaches both before the pages.
     QTabWidget* mMainTabView;
     CVSetPicker* mSetPicker;

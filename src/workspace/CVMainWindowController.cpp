@@ -21,6 +21,7 @@
 #include "workspace/budgettabs/CVSummaryTabController.h"
 #include "workspace/controls/CVEntryStrip.h"
 #include "workspace/controls/CVRangeControls.h"
+#include "workspace/controls/CVReadOnlyNotice.h"
 #include "workspace/controls/CVSaveStatus.h"
 #include "workspace/transactions/CVTransactionTableView.h"
 #include "workspace/transactions/CVTransactionsTab.h"
@@ -65,6 +66,10 @@ void CVMainWindowController::setMayClose(std::function<bool()> mayClose) {
 
 bool CVMainWindowController::returnToUnreadable() {
     return mWindow->returnToUnreadable();
+}
+
+void CVMainWindowController::showReadOnly(const QString& why) {
+    mWindow->showReadOnly(why);
 }
 
 void CVMainWindowController::setDocumentWindows(CVDocumentWindows* windows) {
@@ -177,7 +182,10 @@ void CVMainWindowController::windowDidLoad() {
     connectWindow();
     connectParts();
     mEntryController->showCategoryItems();
-    mWindow->entryStrip().focusField(CVEntryField::Date);
+    if (mDocument.isReadOnly())
+        showReadOnly(tr("Read-only: this budget cannot be changed here."));
+    else
+        mWindow->entryStrip().focusField(CVEntryField::Date);
     getStarted();
 }
 
@@ -218,6 +226,7 @@ void CVMainWindowController::connectParts() {
     connect(controller, &CVTransactionsTabController::removalRemarked, this, &Self::remarkRemoval);
     connect(&saveStatus(), &CVSaveStatus::versionsRequested, this,
             [this] { emit applicationCommandChosen(CVCommand::EarlierVersions); });
+    connect(&mWindow->readOnlyNotice(), &CVReadOnlyNotice::tryAgain, this, &Self::editingRequested);
     connect(mSummaryController.get(), &CVSummaryTabController::periodsChanged, this, &Self::reloadAllTables);
     connect(mSummaryController.get(), &CVSummaryTabController::cellOpened, this, [this](const auto& transactions) {
         if (mDocumentWindows)
@@ -278,16 +287,21 @@ void CVMainWindowController::tabSelected(int index) {
     reloadAllTables();
 }
 
-/// Disables the commands that have nothing to act on.
+/// Disables the commands that have nothing to act on, or would change a budget that is only looked at.
 void CVMainWindowController::updateCommands() {
     CVMainMenu& menu = mWindow->menu();
-    const bool hasSelection = !mWindow->transactionsTab().table().selectedTransactions().empty();
+    const bool canEdit = !mDocument.isReadOnly();
+    const bool hasSelection = mDisplayTab == CVMainWindow::kTransactions &&
+                              !mWindow->transactionsTab().table().selectedTransactions().empty();
     menu.setEnabled(CVCommand::Export, !mContents.list().displayTransactions().empty());
-    menu.setEnabled(CVCommand::Remove, mDisplayTab == CVMainWindow::kTransactions && hasSelection);
+    menu.setEnabled(CVCommand::Remove, hasSelection && canEdit);
+    menu.setCopyRowsEnabled(hasSelection);
+    menu.setEnabled(CVCommand::Record, canEdit);
     for (const CVCommand command : {CVCommand::PreviousPeriod, CVCommand::NextPeriod, CVCommand::Today})
         menu.setEnabled(command, mDisplayTab == CVMainWindow::kSummary);
-    for (const CVCommand command : {CVCommand::EditCategories, CVCommand::TransactionSets, CVCommand::Preferences})
-        menu.setEnabled(command, mDocumentWindows != nullptr);
+    menu.setEnabled(CVCommand::Preferences, mDocumentWindows != nullptr);
+    for (const CVCommand command : {CVCommand::EditCategories, CVCommand::TransactionSets})
+        menu.setEnabled(command, mDocumentWindows != nullptr && canEdit);
     for (const CVCommand command : {CVCommand::Print, CVCommand::PrintPreview, CVCommand::PageSetup})
         menu.setEnabled(command, mPrintCommands.canPrint());
 }

@@ -42,6 +42,9 @@ public:
     /// user was led to this text before.
     [[nodiscard]] bool returnToUnreadable();
 
+    /// Says why the budget of a read-only document cannot be changed.
+    void showReadOnly(const QString& why);
+
     /// Sets what opens the editors and the preferences; without it these commands are disabled. `windows` outlives the
     /// controller.
     void setDocumentWindows(CVDocumentWindows* windows);
@@ -82,6 +85,8 @@ public:
 signals:
     /// The user chose a command that concerns the application, not this window.
     void applicationCommandChosen(CVCommand command);
+    /// The user wants to change the budget that is only looked at.
+    void editingRequested();
 
 private:
     void windowDidLoad();

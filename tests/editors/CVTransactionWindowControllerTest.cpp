@@ -182,6 +182,17 @@ TEST_F(CVTransactionWindowControllerTest, NothingButTheFlagCanBeChanged) {
     EXPECT_EQ(mSaver.count(), 0);
 }
 
+TEST_F(CVTransactionWindowControllerTest, OfABudgetThatIsOnlyLookedAtTheFlagStays) {
+    mSaver.setReadOnly();
+    transaction(10);
+    open();
+    clickCell(0, CellColumn::UserFlag);
+    press(Qt::Key_Space);
+    EXPECT_FALSE(table().model()->setData(cell(0, CellColumn::UserFlag), Qt::Checked, Qt::CheckStateRole));
+    EXPECT_FALSE(isFlagged(0));
+    EXPECT_EQ(mSaver.count(), 0);
+}
+
 TEST_F(CVTransactionWindowControllerTest, DatesAndMoneyFollowAChangeOfTheLocale) {
     transaction(1234.5);
     open();

@@ -50,6 +50,16 @@ TEST(CVAlertPanel, AnswersWithTheButtonThatWasChosen) {
     EXPECT_EQ(CVAlert::kOther, -1);
 }
 
+TEST(CVAlertPanel, AFourthButtonHasAnAnswerOfItsOwn) {
+    CVAlert alert = kThreeButtons;
+    alert.furtherButton = "Otherwise";
+    EXPECT_EQ(click(alert, "Otherwise"), CVAlert::kFurther);
+    EXPECT_EQ(click(alert, "Later"), CVAlert::kOther);
+    EXPECT_EQ(press(alert, Qt::Key_Escape), CVAlert::kAlternate);
+    EXPECT_EQ(press(alert, Qt::Key_Return), CVAlert::kDefault);
+    EXPECT_EQ(CVAlert::kFurther, -2);
+}
+
 TEST(CVAlertPanel, ReturnAnswersWithTheDefaultButton) {
     EXPECT_EQ(press(kThreeButtons, Qt::Key_Return), CVAlert::kDefault);
     EXPECT_EQ(press(kOneButton, Qt::Key_Return), CVAlert::kDefault);

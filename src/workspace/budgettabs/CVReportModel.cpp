@@ -4,6 +4,7 @@
 #include "budget/CVLabelOfFrequency.h"
 #include "contents/CVReportContents.h"
 #include "model/CVCategory.h"
+#include "model/CVIsReadOnly.h"
 #include "widgets/CVAttentionColourOn.h"
 #include "widgets/fields/CVCellAlignment.h"
 #include "workspace/budgettabs/CVToolTipOfReportRow.h"
@@ -57,7 +58,7 @@ int CVReportModel::columnCount(const QModelIndex& parent) const {
 
 Qt::ItemFlags CVReportModel::flags(const QModelIndex& index) const {
     const Qt::ItemFlags flags = CVCategoryTableModel::flags(index);
-    if (!index.isValid())
+    if (!index.isValid() || CVIsReadOnly(*categoryOfRow(index.row())))
         return flags;
     const Kind kind = column(index.column()).kind;
     return kind == Kind::Frequency || kind == Kind::Target ? flags | Qt::ItemIsEditable : flags;
@@ -85,7 +86,7 @@ QVariant CVReportModel::data(const QModelIndex& index, int role) const {
 
 bool CVReportModel::setData(const QModelIndex& index, const QVariant& value, int role) {
     if (role != Qt::EditRole || !index.isValid() || !checkIndex(index) || !value.isValid() ||
-        value == this->value(index))
+        !flags(index).testFlag(Qt::ItemIsEditable) || value == this->value(index))
         return false;
     switch (column(index.column()).kind) {
     case Kind::Frequency:

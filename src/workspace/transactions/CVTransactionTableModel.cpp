@@ -1,6 +1,7 @@
 #include "workspace/transactions/CVTransactionTableModel.h"
 
 #include "contents/CVTransactionList.h"
+#include "model/CVIsReadOnly.h"
 #include "model/CVTransaction.h"
 #include "widgets/fields/CVCellAlignment.h"
 
@@ -138,7 +139,7 @@ QModelIndexList CVTransactionTableModel::match(const QModelIndex& start, int rol
 
 Qt::ItemFlags CVTransactionTableModel::flags(const QModelIndex& index) const {
     const Qt::ItemFlags usual = QAbstractTableModel::flags(index);
-    if (!index.isValid())
+    if (!index.isValid() || CVIsReadOnly(*mRows[static_cast<std::size_t>(index.row())]))
         return usual;
     return usual | (isFlag(index.column()) ? Qt::ItemIsUserCheckable : Qt::ItemIsEditable);
 }
@@ -146,7 +147,9 @@ Qt::ItemFlags CVTransactionTableModel::flags(const QModelIndex& index) const {
 bool CVTransactionTableModel::setData(const QModelIndex& index, const QVariant& value, int role) {
     if (!index.isValid() || !checkIndex(index))
         return false;
-    if (role != (isFlag(index.column()) ? Qt::CheckStateRole : Qt::EditRole))
+    const bool isBox = isFlag(index.column());
+    if (role != (isBox ? Qt::CheckStateRole : Qt::EditRole) ||
+        !flags(index).testFlag(isBox ? Qt::ItemIsUserCheckable : Qt::ItemIsEditable))
         return false;
     emit edited(index.row(), index.column(), value);
     return true;

@@ -1,6 +1,7 @@
 #include "workspace/transactions/CVTransactionsTab.h"
 
 #include "contents/CVTransactionList.h"
+#include "model/CVIsReadOnly.h"
 #include "model/CVTransaction.h"
 #include "widgets/CVCompactButton.h"
 #include "widgets/CVWrappingLayout.h"
@@ -116,5 +117,6 @@ CVWrappingLayout* CVTransactionsTab::makeFooter() {
 }
 
 void CVTransactionsTab::updateRemoveButton() {
-    mRemoveTransactionButton->setEnabled(!mTransactionTable->selectedTransactions().empty());
+    const CVTransactions& selected = mTransactionTable->selectedTransactions();
+    mRemoveTransactionButton->setEnabled(!selected.empty() && !CVIsReadOnly(*selected.front()));
 }
