@@ -4,6 +4,7 @@
 #include "app/CVEditorWindows.h"
 #include "app/CVFileMessages.h"
 #include "app/CVHistoryOperations.h"
+#include "app/CVLockOperations.h"
 #include "app/CVOutsideChanges.h"
 #include "app/CVReadAtStart.h"
 #include "app/CVReadingPanel.h"
@@ -66,6 +67,7 @@ CVAppDelegate::CVAppDelegate(std::unique_ptr<QSettings> settings, CVStandardFold
     , mHistoryOperations(std::make_unique<CVHistoryOperations>(*this, mFile, alerts, panels))
     , mOutsideChanges(std::make_unique<CVOutsideChanges>(*this, mFile))
     , mDocument(std::make_unique<CVDocument>(mNotificationCenter, mUserDefaults)) {
+    mLockOperations = std::make_unique<CVLockOperations>(*this, mFile, alerts);
     connect(&mFile.saves(), &CVSaveQueue::saveFinished, this, &CVAppDelegate::handleSaveFinished);
     connect(&mUpdates, &CVUpdateController::preferencesRequested, this, &CVAppDelegate::showUpdatePreferences);
 }
@@ -81,7 +83,13 @@ void CVAppDelegate::setPrintPanels(CVPrintPanels* panels) {
 bool CVAppDelegate::applicationDidFinishLaunching() {
     mUpdates.checkAutomatically(mUserDefaults.integerForKey(CVDefaultsKeys::kCheckUpdatesAutomatically));
     CVFileResult recovered;
-    const auto report = CVReadAtStart(mFile.folders(), mUserDefaults, mAlerts, [this, &recovered] {
+    const auto report = CVReadAtStart(mFile.folders(), mUserDefaults, mAlerts, [this, &recovered]() -> CVLoadReport {
+        const QStringList places = mFile.dataFiles();
+        // Of two places the file was found at the last one.
+        if (!mLockOperations->claim(places.isEmpty() ? QString() : places.constLast(), CVLockMessages::Asked::AtStart,
+                                    nullptr))
+            return {CVLoadReport::Outcome::Cancelled};
+        mLockOperations->adopt();
         recovered = mFile.recoverInterruptedSaves();
         mDocument = std::make_unique<CVDocument>(mNotificationCenter, mUserDefaults);
         return read(*mDocument, {CVReadingPanel::Reading::AtStart, nullptr});
@@ -122,16 +130,18 @@ void CVAppDelegate::makeWindowControllers() {
     connect(&mFile.saves(), &CVSaveQueue::saveStarted, &status, &CVSaveStatus::setSaving);
     connect(&status, &CVSaveStatus::tryAgain, this, [this] { mDocument->workbookSave(); });
     connect(&status, &CVSaveStatus::makeRoom, this, &CVAppDelegate::showDataFilePreferences);
+    mLockOperations->showIn(*mMainWindow);
     mMainWindow->showWindow();
 }
 
 /// Only a budget that was read from a file counts as saved.
 void CVAppDelegate::showWhetherSaved(const CVLoadReport& report) const {
-    if (report.outcome == CVLoadReport::Outcome::Loaded)
+    if (report.outcome == CVLoadReport::Outcome::Loaded && !isReadOnly())
         mMainWindow->saveStatus().setSaved();
 }
 
 void CVAppDelegate::handleSaveFinished(const CVSaveOutcome& outcome) {
+    mLockOperations->saveFinished();
     mSaveTeller.tell(outcome, *mMainWindow, mFile.saves().isSaving(), mPreferences.get());
     if (mHistory)
         mHistory->versionsChanged();
@@ -288,16 +298,32 @@ QString CVAppDelegate::waitForSaves() {
     return outcome->saved ? QString() : outcome->message;
 }
 
+bool CVAppDelegate::claimPlace(const QString& path, PlaceUse use, QWidget& asker) {
+    return mLockOperations->claim(
+        path, use == PlaceUse::Opened ? CVLockMessages::Asked::ForOtherFile : CVLockMessages::Asked::ForReplacing,
+        &asker);
+}
+
+void CVAppDelegate::settlePlace() {
+    mLockOperations->settle();
+}
+
+std::optional<QString> CVAppDelegate::readAgain() {
+    return reopenDocument();
+}
+
 std::optional<QString> CVAppDelegate::reopenDocument() {
     // The search would pass over it and open another one.
     if (CVMissingDataFile(mUserDefaults))
         return tr("it is not there any more");
+    mLockOperations->beginReading();
     // From here on the former budget must not be saved, because it would be written over the other file.
     mDocument->setSaver(nullptr);
     auto document = std::make_unique<CVDocument>(mNotificationCenter, mUserDefaults);
     const CVLoadReport report = read(*document, {CVReadingPanel::Reading::OtherFile, mPreferences.get()});
     if (report.outcome == CVLoadReport::Outcome::Cancelled || report.outcome == CVLoadReport::Outcome::NotRead) {
         mDocument->setSaver(&mFile);
+        mLockOperations->abandon();
         return report.outcome == CVLoadReport::Outcome::Cancelled ? QString() : report.reason;
     }
     replaceDocument(std::move(document));

@@ -18,6 +18,7 @@ class CVFilePanels;
 class CVHelpOpener;
 class CVHistoryOperations;
 class CVHistoryWindow;
+class CVLockOperations;
 class CVMainWindowController;
 class CVOutsideChanges;
 class CVPreferenceWindowController;
@@ -82,6 +83,10 @@ public:
     void replaceDocument(std::unique_ptr<CVDocument> document);
 
     [[nodiscard]] CVDocument& document() { return *mDocument; }
+    /// Whether the budget is only looked at, because another program has it open.
+    [[nodiscard]] bool isReadOnly() const { return mFile.isReadOnly(); }
+    /// Reads the data file into a new document, which replaces the present one; see `reopenDocument`.
+    [[nodiscard]] std::optional<QString> readAgain();
     /// Null before the launch.
     [[nodiscard]] CVMainWindowController* mainWindow() { return mMainWindow.get(); }
     /// Null until the preferences are first shown.
@@ -99,6 +104,8 @@ private:
     void remarkClearing(int transactions);
     void showUpdatePreferences();
     void showDataFilePreferences();
+    [[nodiscard]] bool claimPlace(const QString& path, PlaceUse use, QWidget& asker) override;
+    void settlePlace() override;
     [[nodiscard]] std::optional<QString> reopenDocument() override;
     [[nodiscard]] QString moveVersions(const QString& from, const QString& to) override;
     void versionsDeleted() override;
@@ -115,6 +122,8 @@ private:
     CVFilePanels& mPanels;
     QBNotificationCenter mNotificationCenter;
     QBUserDefaults mUserDefaults;
+    /// Declared before the file, so that the lock is let go after the last save.
+    std::unique_ptr<CVLockOperations> mLockOperations;
     CVDocumentFile mFile;
     CVUpdateController mUpdates;
     CVHelpOpener* mHelp = nullptr;

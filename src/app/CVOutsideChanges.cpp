@@ -112,7 +112,8 @@ void CVOutsideChanges::takeWhenIdle() {
 
 void CVOutsideChanges::take(const CVOutsideChange& change) {
     CVDocument& document = mApp.document();
-    const qint64 limit = CVVersionLimit(document.userDefaults());
+    // Whoever only looks at the budget keeps no versions of it.
+    const qint64 limit = mFile.isReadOnly() ? 0 : CVVersionLimit(document.userDefaults());
     mFile.saves().takeOver(change, CVDocumentXMLRepresentation(document), limit);
     const bool isDifferent = document.takeOver(**change.budget);
     document.finishChanges();

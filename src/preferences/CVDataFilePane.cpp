@@ -18,6 +18,7 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QVBoxLayout>
 
 namespace {
@@ -46,18 +47,19 @@ CVDataFilePane::CVDataFilePane(CVPreferenceStore& store, CVDocument& document, C
     mDataFileLocation->setReadOnly(true);
     mDataFileLocation->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     form().addRow(tr("Your data file is &in:"), mDataFileLocation);
-    QPushButton* const change = addButton(
+    mChange = addButton(
         tr("Change &Location…"), tr("Change Location"),
-        tr("The file at the old place stays there unchanged. If the one at the new place is missing when Corvella "
-           "starts, it asks before it opens any other."));
-    connect(change, &QPushButton::clicked, this, &CVDataFilePane::changeFileLocation);
-    QPushButton* const clear = addButton(tr("Clear &Data File…"), tr("Clear Data File"),
-                                         tr("Removes all transactions and brings the default categories back."));
-    connect(clear, &QPushButton::clicked, this, &CVDataFilePane::clearDataFile);
+        tr("The file at the old place stays there unchanged. Corvella may open it again if it does not find the one "
+           "at the new place."));
+    connect(mChange, &QPushButton::clicked, this, &CVDataFilePane::changeFileLocation);
+    mClear = addButton(tr("Clear &Data File…"), tr("Clear Data File"),
+                       tr("Removes all transactions and brings the default categories back."));
+    connect(mClear, &QPushButton::clicked, this, &CVDataFilePane::clearDataFile);
     auto* const versions = new QGroupBox(tr("Earlier Versions"), this);
     auto* const inside = new QVBoxLayout(versions);
     inside->addWidget(mVersions);
     form().addRow(versions);
+    updateButtons();
 }
 
 QPushButton* CVDataFilePane::addButton(const QString& text, const QString& name, const QString& hint) {
@@ -74,7 +76,20 @@ QPushButton* CVDataFilePane::addButton(const QString& text, const QString& name,
     return button;
 }
 
+void CVDataFilePane::setDocument(CVDocument& document) {
+    mDocument = &document;
+    updateButtons();
+}
+
+void CVDataFilePane::updateButtons() {
+    const bool canEdit = !mDocument->isReadOnly();
+    mChange->setEnabled(canEdit);
+    mClear->setEnabled(canEdit);
+    mVersions->setMayDelete(canEdit);
+}
+
 void CVDataFilePane::load() {
+    updateButtons();
     _cv_set_file_location_field();
     mVersions->load();
 }
@@ -133,6 +148,12 @@ void CVDataFilePane::_cv_change_document_path(const QString& path, Replace repla
 }
 
 void CVDataFilePane::moveDocument(const QString& path) {
+    if (!mHost.claimPlace(path, CVPreferenceHost::PlaceUse::Replaced, *this))
+        return;
+    const auto settle = qScopeGuard([this] { mHost.settlePlace(); });
+    // The main window was usable while the user was asked, and may have opened a modal window.
+    if (CVLeadToWaitingWindow())
+        return;
     const auto former = store().defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
     if (!keepLocation(path, former))
         return;
@@ -161,6 +182,10 @@ void CVDataFilePane::moveVersions(const QString& from, const QString& to) {
 }
 
 void CVDataFilePane::useDocument(const QString& path) {
+    if (CVLeadToWaitingWindow() || !mHost.claimPlace(path, CVPreferenceHost::PlaceUse::Opened, *this))
+        return;
+    const auto settle = qScopeGuard([this] { mHost.settlePlace(); });
+    // The main window was usable while the user was asked, and may have opened a modal window.
     if (CVLeadToWaitingWindow())
         return;
     const QString unsaved = mHost.waitForSaves();

@@ -23,7 +23,7 @@ public:
 
     void load() override;
     void endEditing() override;
-    void setDocument(CVDocument& document) { mDocument = &document; }
+    void setDocument(CVDocument& document);
 
     /// Lets the user choose a folder, then moves the budget there or opens the budget that is already there.
     void changeFileLocation();
@@ -39,6 +39,8 @@ private:
 
     QPushButton* addButton(const QString& text, const QString& name, const QString& hint);
     /// The new path of the budget; absent when the user cancelled.
+    /// Disables what would change the budget when it is only looked at.
+    void updateButtons();
     [[nodiscard]] std::optional<QString> choosePath();
     void _cv_set_file_location_field();
     void _cv_change_document_path(const QString& path, Replace replace);
@@ -53,5 +55,7 @@ private:
     CVAlerts& mAlerts;
     CVFilePanels& mPanels;
     QLineEdit* mDataFileLocation;
+    QPushButton* mChange = nullptr;
+    QPushButton* mClear = nullptr;
     CVVersionsPane* mVersions;
 };

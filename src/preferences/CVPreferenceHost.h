@@ -14,6 +14,13 @@ public:
     virtual void checkForNewVersion(QWidget& asker) = 0;
     /// Blocks until nothing is being saved. Returns in one sentence why the last save failed; empty when it succeeded.
     [[nodiscard]] virtual QString waitForSaves() = 0;
+    /// What becomes of the data file in a place that the user has chosen.
+    enum class PlaceUse { Opened, Replaced };
+    /// Makes sure that no other program has the data file at `path` open, or asks the user in `asker` what to do. False
+    /// when the place is not to be used. `settlePlace` follows.
+    [[nodiscard]] virtual bool claimPlace(const QString& path, PlaceUse use, QWidget& asker) = 0;
+    /// Lets those places go that the settings do not name.
+    virtual void settlePlace() = 0;
     /// Reads the file named in the user defaults into a new document, which replaces the present one. Otherwise the
     /// present one stays, and the answer is why the file could not be read, empty when the user cancelled the reading.
     [[nodiscard]] virtual std::optional<QString> reopenDocument() = 0;

@@ -117,12 +117,17 @@ void CVVersionsPane::setLimit(int megabytes) {
         store().setVersionLimit(megabytes);
 }
 
+void CVVersionsPane::setMayDelete(bool mayDelete) {
+    mMayDelete = mayDelete;
+    showSize();
+}
+
 void CVVersionsPane::showSize() {
     const Files present = files();
     mSize->setText(present.count() == 0 ? tr("Nothing") : present.text());
-    if (present.count() == 0 && mDelete->hasFocus())
+    if ((present.count() == 0 || !mMayDelete) && mDelete->hasFocus())
         mKeepVersions.setFocus();
-    mDelete->setEnabled(present.count() > 0);
+    mDelete->setEnabled(present.count() > 0 && mMayDelete);
 }
 
 std::optional<QString> CVVersionsPane::dataFile() const {

@@ -24,6 +24,8 @@ public:
     void load() override;
     void endEditing() override;
 
+    /// Whether versions may be deleted; they may at first.
+    void setMayDelete(bool mayDelete);
     /// Shows how much room the versions take.
     void showSize();
     /// Deletes the versions, and the copies of files that could not be read, once the user has confirmed it.
@@ -57,4 +59,5 @@ private:
     CVWholeNumberField* mLimit;
     QLineEdit* mSize;
     QPushButton* mDelete;
+    bool mMayDelete = true;
 };

@@ -60,12 +60,6 @@ private:
     QBUserDefaults& mDefaults;
     CVDocumentReader mReader;
     CVUnreadableFile mUnreadableFiles = CVUnreadableFile::AwaitedIfWatched;
-    /// Why the last read gave no budget; empty when it gave one.
-    QString mReason;
-    bool mReadWhole = false;
-    bool mWasCancelled = false;
-    bool mWasBrokenOff = false;
     bool mIsReadOnly = false;
-    std::function<bool(double part)> mReadingProgress;
     CVSaveQueue mSaves;
 };

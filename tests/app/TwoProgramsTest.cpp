@@ -1,11 +1,12 @@
 #include "app/CVAppDelegate.h"
 #include "base/CVDefaultsKeys.h"
-#include "kit/Day.h"
+#include "kit/BudgetBuilder.h"
 #include "kit/ScriptedAlerts.h"
 #include "kit/ScriptedPanels.h"
 #include "model/CVCategory.h"
 #include "model/CVDocument.h"
 #include "model/CVTransaction.h"
+#include "storage/CVDocumentXML.h"
 
 #include <QApplication>
 #include <QDir>
@@ -30,6 +31,13 @@ namespace {
 /// Each program is this test program again, with only the test `records`.
 class TwoPrograms : public testing::Test {
 protected:
+    void SetUp() override {
+        QFile file(path());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        for (const CVTextSlice& piece : CVDocumentXMLRepresentation(BudgetBuilder().lastID(1).document()).pieces())
+            file.write(piece.bytes().data(), piece.length);
+    }
+
     /// More rounds for whoever has the time.
     [[nodiscard]] static int rounds() {
         const int rounds = qEnvironmentVariableIntValue("CORVELLA_ROUNDS");

@@ -311,4 +311,40 @@ TEST_F(DataFilePane, EitherConfirmationStopsTheClearing) {
     EXPECT_EQ(announcements(), 0);
 }
 
+TEST_F(DataFilePane, APlaceIsClaimedBeforeItIsUsedAndSettledAfterwards) {
+    useOldFolder();
+    open();
+    static_cast<void>(dataFileIn("new"));
+    changeTo("new");
+    EXPECT_EQ(mHost.claimed, QStringList{dataFileIn("new") + " replaced"});
+    EXPECT_EQ(mHost.settled, 1);
+    makeFile(dataFileIn("third"));
+    changeTo("third", {CVAlert::kDefault});
+    EXPECT_EQ(mHost.claimed.value(1), dataFileIn("third") + " opened");
+    EXPECT_EQ(mHost.settled, 2);
+    EXPECT_EQ(mHost.reopened, 1);
+}
+
+TEST_F(DataFilePane, APlaceThatIsNotFreeIsLeftAlone) {
+    useOldFolder();
+    open();
+    mHost.isFree = false;
+    makeFile(dataFileIn("new"));
+    for (const CVAlert::Answer answer : {CVAlert::kDefault, CVAlert::kOther})
+        changeTo("new", {answer});
+    EXPECT_EQ(mHost.claimed.size(), 2);
+    EXPECT_EQ(location(), dataFileIn("old"));
+    EXPECT_EQ(mHost.reopened, 0);
+    EXPECT_EQ(mSaver.count(), 0);
+}
+
+TEST_F(DataFilePane, OfABudgetThatIsOnlyLookedAtTheFileStaysAsItIs) {
+    mSaver.setReadOnly();
+    useOldFolder();
+    open();
+    for (const char* const name : {"Change Location", "Clear Data File", "Delete Earlier Versions"})
+        EXPECT_FALSE(control<QAbstractButton>(name)->isEnabled()) << name;
+    EXPECT_TRUE(control<QAbstractButton>("Keep Earlier Versions")->isEnabled());
+}
+
 } // namespace

@@ -38,6 +38,11 @@ public:
         lastAsker = &asker;
     }
     [[nodiscard]] QString waitForSaves() override { return failure; }
+    [[nodiscard]] bool claimPlace(const QString& path, PlaceUse use, QWidget& /*asker*/) override {
+        claimed.append(path + (use == PlaceUse::Opened ? " opened" : " replaced"));
+        return isFree;
+    }
+    void settlePlace() override { ++settled; }
     [[nodiscard]] std::optional<QString> reopenDocument() override {
         ++reopened;
         return notReopened;
@@ -50,6 +55,10 @@ public:
 
     void versionsDeleted() override { ++deletions; }
 
+    /// The places that were claimed and for what, and how often that was settled; whether a place is free.
+    QStringList claimed;
+    int settled = 0;
+    bool isFree = true;
     int checks = 0;
     int deletions = 0;
     const QWidget* lastAsker = nullptr;

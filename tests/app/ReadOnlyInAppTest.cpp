@@ -1,0 +1,393 @@
+#include "ShellFixture.h"
+#include "history/CVHistoryWindow.h"
+#include "model/CVTransactionSet.h"
+#include "storage/CVBudgetLock.h"
+#include "versions/CVVersionFolder.h"
+#include "widgets/tables/CVTableView.h"
+#include "workspace/controls/CVSaveStatus.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QPushButton>
+#include <QSysInfo>
+
+#include <unistd.h>
+
+namespace {
+
+/// A budget that another program has open.
+class ReadOnlyInApp : public ShellFixture {
+protected:
+    /// Makes a budget of three transactions in two sets, and quits.
+    void makeBudget() {
+        start();
+        for (const char* const name : {"Checking", "Savings"}) {
+            const auto set = std::make_shared<CVTransactionSet>();
+            set->setDocument(&document());
+            set->setTransactionSetName(name);
+            set->setUniqueID(document().getUniqueTransactionSetID());
+            document().transactionSets().push_back(set);
+        }
+        document().setCurrentTransactionSet(document().transactionSets().front()->uniqueID());
+        for (const char* const payee : {"Market", "Baker", "Butcher"})
+            record(12, payee, "Food");
+        quit();
+    }
+
+    [[nodiscard]] QString dataFile() const {
+        return mHome.folders().applicationSupport + "/Quenby Labs/Corvella/Corvella Data.corvella";
+    }
+    [[nodiscard]] QString lockPath() const { return CVBudgetLock(dataFile()).path(); }
+
+    static QByteArray bytesOf(const QString& path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    static void write(const QString& path, const QByteArray& bytes) {
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    }
+
+    /// Anna opens the budget in that place on another computer.
+    static void annaOpens(const QString& place) {
+        write(CVBudgetLock(place).path(),
+              CVLockHolder{"desk", "anna", "another machine", "another start", 7, 7, "pid:[7]", "annas"}.render());
+    }
+    void annaQuits() const { ASSERT_TRUE(QFile::remove(lockPath())); }
+
+    void startReadOnly() {
+        makeBudget();
+        annaOpens(dataFile());
+        start();
+        ASSERT_TRUE(mDelegate->isReadOnly());
+    }
+
+    [[nodiscard]] bool isOwnLock(const QString& place) const {
+        const auto holder = CVLockHolder::parse(bytesOf(CVBudgetLock(place).path()));
+        return holder && holder->process == ::getpid();
+    }
+    [[nodiscard]] QString why() const { return window().findChild<QLabel*>("mReadOnlyText")->text(); }
+    [[nodiscard]] QPushButton& tryAgainButton() const { return *window().findChild<QPushButton*>("mEditAgainButton"); }
+    [[nodiscard]] CVTableView& list() const { return *window().findChild<CVTableView*>("mTransactionTable"); }
+    [[nodiscard]] QString remark() const { return window().findChild<QLabel*>("mRemark")->text(); }
+    [[nodiscard]] QStringList names() const {
+        return QDir(QFileInfo(dataFile()).path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
+    [[nodiscard]] QStringList enabledCommands() const {
+        QStringList enabled;
+        for (const QAction* const action : window().findChildren<QAction*>()) {
+            if (action->isEnabled() && !action->text().isEmpty())
+                enabled.append(action->text().remove('&'));
+        }
+        return enabled;
+    }
+};
+
+TEST_F(ReadOnlyInApp, WhoeverOpensASecondTimeIsToldWhoHasItAndSeesItReadOnly) {
+    startReadOnly();
+    EXPECT_EQ(titles(), QStringList{"The budget is open elsewhere"});
+    EXPECT_EQ(mAlerts.shown()[0].defaultButton, "Open Read-Only");
+    EXPECT_EQ(window().windowTitle(), "Corvella Main Window (Read-Only)");
+    EXPECT_TRUE(tryAgainButton().isVisible());
+    EXPECT_EQ(why(), "Read-only: anna has this budget open on “desk”.");
+    EXPECT_FALSE(window().findChild<QWidget*>("mExpenseDate")->isVisible());
+    EXPECT_EQ(list().model()->rowCount(), 3);
+    EXPECT_EQ(window().findChild<QLabel*>("mSaveStatusText")->text(), "") << "nothing here is to be saved";
+    quit();
+}
+
+TEST_F(ReadOnlyInApp, NothingCanBeEditedAndTheRestWorks) {
+    startReadOnly();
+    list().selectAll();
+    const QStringList enabled = enabledCommands();
+    for (const char* const command : {"Record", "Remove Transactions", "Edit Categories…", "Transaction Sets…"})
+        EXPECT_FALSE(enabled.contains(command)) << command;
+    for (const char* const command : {"Export Transactions…", "Earlier Versions…", "Find", "Detect Duplicates",
+                                      "Preferences…", "Plan vs Actual", "Quit"})
+        EXPECT_TRUE(enabled.contains(command)) << command;
+    for (const QAction* const action : list().actions())
+        EXPECT_EQ(action->isEnabled(), action->text() == "&Copy") << action->text().toStdString();
+    EXPECT_FALSE(window().findChild<QPushButton*>("mRemoveTransactionButton")->isEnabled());
+    for (int column = 0; column < list().model()->columnCount(); ++column) {
+        const QModelIndex cell = list().model()->index(0, column);
+        EXPECT_FALSE(cell.flags() & (Qt::ItemIsEditable | Qt::ItemIsUserCheckable)) << column;
+        list().setCurrentIndex(cell);
+        QTest::keyClick(&list(), Qt::Key_Return);
+        QTest::keyClick(&list(), Qt::Key_Space);
+        QTest::keyClick(&list(), Qt::Key_Delete);
+    }
+    EXPECT_EQ(mAlerts.shown().size(), 1);
+    EXPECT_EQ(document().transactions().size(), 3U);
+    EXPECT_FALSE(document().transactions().front()->taxFlag());
+    quit();
+}
+
+TEST_F(ReadOnlyInApp, TheSetsCanBeSwitchedAndNothingIsWritten) {
+    makeBudget();
+    annaOpens(dataFile());
+    const QByteArray before = bytesOf(dataFile());
+    // What another program's save has left half done is its own.
+    write(QFileInfo(dataFile()).path() + "/.Corvella Data.corvella.saving-" + QSysInfo::machineHostName() +
+              "-999999-abcdef",
+          "<?xml");
+    const QStringList names = this->names();
+    start();
+    auto& sets = *window().findChild<QComboBox*>("mTransactionSet");
+    sets.setCurrentIndex(1);
+    emit sets.activated(1);
+    EXPECT_EQ(document().currentTransactionSet(), document().transactionSets()[1]->uniqueID());
+    EXPECT_TRUE(document().workbookSave());
+    EXPECT_TRUE(mDelegate->saves().waitForFinished().saved);
+    quit();
+    EXPECT_EQ(bytesOf(dataFile()), before);
+    EXPECT_EQ(this->names(), names);
+}
+
+TEST_F(ReadOnlyInApp, ADamagedFileStaysWhereItIs) {
+    makeBudget();
+    const QByteArray half = bytesOf(dataFile()).first(300);
+    write(dataFile(), half);
+    annaOpens(dataFile());
+    const QStringList names = this->names();
+    start();
+    QCoreApplication::processEvents();
+    quit();
+    EXPECT_EQ(bytesOf(dataFile()), half);
+    EXPECT_EQ(this->names(), names);
+}
+
+TEST_F(ReadOnlyInApp, EarlierVersionsCanBeLookedAtButNotBroughtBack) {
+    makeBudget();
+    ASSERT_TRUE(CVVersionFolder(dataFile())
+                    .keepCopy(dataFile(), CVVersionReason::Removal, QDateTime::currentDateTime().addDays(-1))
+                    .ok());
+    start();
+    list().selectAll();
+    mDelegate->mainWindow()->removeTransaction();
+    quit();
+    annaOpens(dataFile());
+    start();
+    choose("Earlier Versions…");
+    CVHistoryWindow& history = *mDelegate->earlierVersions();
+    auto& versions = *history.findChild<CVTableView*>("mVersionTable");
+    auto& lines = *history.findChild<CVTableView*>("mLineTable");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return versions.model()->rowCount() > 1; }, kPatience));
+    versions.selectRow(versions.model()->rowCount() - 1);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return lines.model()->rowCount() >= 3; }, kPatience));
+    lines.selectAll();
+    EXPECT_FALSE(history.findChild<QPushButton*>("mBringBackButton")->isEnabled());
+    EXPECT_FALSE(history.findChild<QPushButton*>("mReturnButton")->isEnabled());
+    EXPECT_TRUE(history.findChild<QPushButton*>("mSaveCopyButton")->isEnabled());
+    const QString copy = mHome.path("copy.corvella");
+    mPanels.answer(copy);
+    QTest::mouseClick(history.findChild<QPushButton*>("mSaveCopyButton"), Qt::LeftButton);
+    EXPECT_TRUE(QFile::exists(copy));
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return history.findChild<QLabel*>("mProgress")->text() == "Read-only: nothing can be brought back."; },
+        kPatience));
+    quit();
+}
+
+TEST_F(ReadOnlyInApp, ThePreferencesOfTheProgramWorkAndThoseOfTheFileDoNot) {
+    startReadOnly();
+    mDelegate->showPreferences();
+    for (const char* const button : {"Change Location", "Clear Data File", "Delete Earlier Versions"})
+        EXPECT_FALSE(preference<QAbstractButton>(button)->isEnabled()) << button;
+    preference<QAbstractButton>("Show All Categories")->click();
+    EXPECT_TRUE(defaults().boolForKey(CVDefaultsKeys::kShowUnusedCategories));
+    quit();
+}
+
+TEST_F(ReadOnlyInApp, QuitOpensNothing) {
+    makeBudget();
+    annaOpens(dataFile());
+    mAlerts.answer({CVAlert::kAlternate});
+    mDelegate = std::make_unique<CVAppDelegate>(mHome.settingsStore(), mHome.folders(), mAlerts, mPanels);
+    EXPECT_FALSE(mDelegate->applicationDidFinishLaunching());
+    EXPECT_EQ(mDelegate->mainWindow(), nullptr);
+}
+
+TEST_F(ReadOnlyInApp, TryAgainOpensWhatIsFreeByNow) {
+    makeBudget();
+    annaOpens(dataFile());
+    mAlerts.answer({CVAlert::kOther, CVAlert::kOther});
+    mAlerts.meanwhile([this] {
+        if (mAlerts.shown().size() == 2)
+            annaQuits();
+    });
+    start();
+    EXPECT_EQ(mAlerts.shown().size(), 2);
+    EXPECT_TRUE(mAlerts.shown()[1].message.startsWith("Corvella tried again at "));
+    EXPECT_FALSE(mDelegate->isReadOnly());
+    EXPECT_TRUE(isOwnLock(dataFile()));
+    quit();
+    EXPECT_FALSE(QFile::exists(lockPath()));
+}
+
+TEST_F(ReadOnlyInApp, ALockThatCannotBeJudgedIsOverriddenAfterAQuestion) {
+    makeBudget();
+    write(lockPath(), "rubbish");
+    mAlerts.answer({CVAlert::kFurther, CVAlert::kAlternate, CVAlert::kFurther, CVAlert::kDefault});
+    start();
+    EXPECT_EQ(titles(),
+              (QStringList{"The budget may be open elsewhere", "Are you sure that the budget is open nowhere else?",
+                           "The budget may be open elsewhere", "Are you sure that the budget is open nowhere else?"}));
+    EXPECT_FALSE(mDelegate->isReadOnly());
+    EXPECT_TRUE(isOwnLock(dataFile()));
+    quit();
+}
+
+TEST_F(ReadOnlyInApp, OneThatADeadProgramHasLeftIsNothing) {
+    makeBudget();
+    CVLockHolder dead = CVLockHolder::ofThisProcess();
+    dead.started += 1;
+    write(lockPath(), dead.render());
+    start();
+    EXPECT_EQ(titles(), QStringList());
+    EXPECT_TRUE(isOwnLock(dataFile()));
+    quit();
+}
+
+TEST_F(ReadOnlyInApp, TryAgainInTheWindowReadsTheBudgetAgainAndLetsItBeChanged) {
+    startReadOnly();
+    QTest::mouseClick(&tryAgainButton(), Qt::LeftButton);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return why().contains("Still so at "); }, kPatience));
+    EXPECT_TRUE(mDelegate->isReadOnly());
+    write(dataFile(), bytesOf(dataFile()).replace("Baker", "Bakery"));
+    annaQuits();
+    QTest::mouseClick(&tryAgainButton(), Qt::LeftButton);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !mDelegate->isReadOnly(); }, kPatience));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window().windowTitle(), "Corvella Main Window");
+    EXPECT_FALSE(tryAgainButton().isVisible());
+    EXPECT_TRUE(window().findChild<QWidget*>("mExpenseDate")->isVisible());
+    EXPECT_EQ(remark(), "The budget was read again and can be changed now.");
+    EXPECT_TRUE(isOwnLock(dataFile()));
+    record(5, "Hall", "Food");
+    quit();
+    EXPECT_TRUE(bytesOf(dataFile()).contains("Bakery"));
+    EXPECT_TRUE(bytesOf(dataFile()).contains("Hall"));
+    EXPECT_EQ(mAlerts.shown().size(), 1) << "nothing was kept as another program's";
+}
+
+TEST_F(ReadOnlyInApp, WhatCannotBeReadAgainStaysReadOnlyAsItIs) {
+    startReadOnly();
+    annaQuits();
+    // A file of more than 2 GiB is not read.
+    QFile file(dataFile());
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize(3LL << 30));
+    file.close();
+    QTest::mouseClick(&tryAgainButton(), Qt::LeftButton);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return mAlerts.shown().size() == 2; }, kPatience));
+    EXPECT_EQ(mAlerts.shown()[1].title, "The budget could not be read again");
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(mDelegate->isReadOnly());
+    EXPECT_EQ(list().model()->rowCount(), 3);
+    EXPECT_FALSE(QFile::exists(lockPath())) << "who only looks at it has no lock";
+    quit();
+}
+
+TEST_F(ReadOnlyInApp, ABudgetThatIsRecordedForTheFirstTimeGetsItsLockThen) {
+    start();
+    EXPECT_FALSE(QFile::exists(lockPath()));
+    record(5, "Hall", "Food");
+    EXPECT_TRUE(mDelegate->saves().waitForFinished().saved);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return isOwnLock(dataFile()); }, kPatience));
+    EXPECT_TRUE(mAlerts.shown().isEmpty());
+    quit();
+    EXPECT_FALSE(QFile::exists(lockPath()));
+}
+
+TEST_F(ReadOnlyInApp, TheLockMovesWithTheDataFile) {
+    makeBudget();
+    start();
+    QDir().mkpath(mHome.path("new place"));
+    const QString moved = mHome.path("new place") + "/Corvella Data.corvella";
+    mDelegate->showPreferences();
+    mPanels.answer(mHome.path("new place"));
+    preference<QAbstractButton>("Change Location")->click();
+    EXPECT_TRUE(isOwnLock(moved));
+    EXPECT_FALSE(QFile::exists(lockPath()));
+    quit();
+    EXPECT_FALSE(QFile::exists(CVBudgetLock(moved).path()));
+}
+
+TEST_F(ReadOnlyInApp, AFileThatAnotherProgramHasOpenIsNotReplacedByMoving) {
+    makeBudget();
+    start();
+    const QString theirs = mHome.path("theirs") + "/Corvella Data.corvella";
+    write(theirs, "anna's");
+    annaOpens(theirs);
+    mDelegate->showPreferences();
+    mPanels.answer(mHome.path("theirs"));
+    // Replace Chosen File; then Try Again and Cancel.
+    mAlerts.answer({CVAlert::kOther, CVAlert::kDefault, CVAlert::kAlternate});
+    preference<QAbstractButton>("Change Location")->click();
+    EXPECT_EQ(titles(), (QStringList{"Corvella file already exists", "The budget is open elsewhere",
+                                     "The budget is open elsewhere"}));
+    EXPECT_EQ(bytesOf(theirs), "anna's");
+    EXPECT_EQ(*defaults().stringForKey(CVDefaultsKeys::kDataFileLocation), dataFile());
+    EXPECT_TRUE(isOwnLock(dataFile()));
+    EXPECT_FALSE(mDelegate->isReadOnly());
+    quit();
+}
+
+TEST_F(ReadOnlyInApp, UseChosenFileOpensReadOnlyWhatAnotherProgramHasOpen) {
+    makeBudget();
+    const QString theirs = mHome.path("theirs") + "/Corvella Data.corvella";
+    write(theirs, bytesOf(dataFile()).replace("Baker", "Bakery"));
+    start();
+    annaOpens(theirs);
+    mDelegate->showPreferences();
+    mPanels.answer(mHome.path("theirs"));
+    // Use Chosen File; then leave it alone.
+    mAlerts.answer({CVAlert::kDefault, CVAlert::kAlternate});
+    preference<QAbstractButton>("Change Location")->click();
+    EXPECT_FALSE(mDelegate->isReadOnly());
+    EXPECT_TRUE(isOwnLock(dataFile()));
+    mPanels.answer(mHome.path("theirs"));
+    mAlerts.answer({CVAlert::kDefault, CVAlert::kDefault});
+    preference<QAbstractButton>("Change Location")->click();
+    EXPECT_TRUE(mDelegate->isReadOnly());
+    EXPECT_EQ(why(), "Read-only: anna has this budget open on “desk”.");
+    EXPECT_FALSE(QFile::exists(lockPath()));
+    EXPECT_FALSE(preference<QAbstractButton>("Clear Data File")->isEnabled());
+    quit();
+}
+
+TEST_F(ReadOnlyInApp, AFileThatCannotBeUsedAfterAllLeavesTheLockWhereItWas) {
+    makeBudget();
+    const QString other = mHome.path("other") + "/Corvella Data.corvella";
+    QDir().mkpath(mHome.path("other"));
+    QFile file(other);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize(3LL << 30));
+    start();
+    mDelegate->showPreferences();
+    mPanels.answer(mHome.path("other"));
+    mAlerts.answer({CVAlert::kDefault});
+    preference<QAbstractButton>("Change Location")->click();
+    EXPECT_EQ(titles().value(1), "The other file could not be read");
+    EXPECT_TRUE(isOwnLock(dataFile()));
+    EXPECT_FALSE(QFile::exists(CVBudgetLock(other).path()));
+    quit();
+}
+
+TEST_F(ReadOnlyInApp, TwoProgramsWithTwoHomesOnOneFileDoNotBothChangeIt) {
+    makeBudget();
+    start();
+    ScratchHome anotherHome;
+    ScriptedAlerts alerts;
+    anotherHome.userDefaults().setString(CVDefaultsKeys::kDataFileLocation, dataFile());
+    anotherHome.userDefaults().synchronize();
+    CVAppDelegate second(anotherHome.settingsStore(), anotherHome.folders(), alerts, mPanels);
+    ASSERT_TRUE(second.applicationDidFinishLaunching());
+    EXPECT_TRUE(second.isReadOnly());
+    EXPECT_FALSE(mDelegate->isReadOnly());
+    EXPECT_TRUE(second.mainWindow()->window()->close());
+    quit();
+}
+
+} // namespace
