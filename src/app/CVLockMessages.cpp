@@ -91,12 +91,13 @@ bool offersReadOnly(Asked asked) {
     return asked == Asked::AtStart || asked == Asked::ForOtherFile;
 }
 
-CVAlert overridden() {
+CVAlert overridden(Asked asked) {
     return {LockMessagesText::tr("Are you sure that the budget is open nowhere else?"),
             LockMessagesText::tr(
                 "If another Corvella has it open, both change the same file. Nothing of either is thrown away, but you "
                 "may have to bring both together line by line."),
-            LockMessagesText::tr("It Is Open Nowhere Else"), LockMessagesText::tr("Cancel")};
+            asked == Asked::ForReplacing ? LockMessagesText::tr("Replace Anyway") : LockMessagesText::tr("Open Anyway"),
+            LockMessagesText::tr("Cancel")};
 }
 
 QString readOnly(const std::optional<CVLockHolder>& holder, std::optional<QTime> triedAgain) {

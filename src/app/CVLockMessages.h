@@ -23,7 +23,7 @@ enum class Asked { AtStart, ForOtherFile, ForReplacing, ToEdit };
 /// Whether the default button of `held` opens the budget read-only.
 [[nodiscard]] bool offersReadOnly(Asked asked);
 /// Asks once more before a lock that cannot be judged is overridden: default does it.
-[[nodiscard]] CVAlert overridden();
+[[nodiscard]] CVAlert overridden(Asked asked);
 /// Says in the read-only window why nothing can be changed. `triedAgain` is the time of the last attempt to edit.
 [[nodiscard]] QString readOnly(const std::optional<CVLockHolder>& holder, std::optional<QTime> triedAgain);
 /// Says in the status line that another program has taken the lock.

@@ -69,7 +69,7 @@ bool CVLockOperations::ask(CVBudgetLock& lock, CVBudgetLock::Attempt& attempt, c
             attempt = lock.take();
             break;
         case CVAlert::kFurther:
-            if (mAlerts.run(asker, CVLockMessages::overridden()) == CVAlert::kDefault)
+            if (mAlerts.run(asker, CVLockMessages::overridden(asked)) == CVAlert::kDefault)
                 attempt = lock.take(CVBudgetLock::Doubt::Overridden);
             break;
         case CVAlert::kAlternate:
@@ -114,7 +114,7 @@ void CVLockOperations::showIn(CVMainWindowController& window) {
 }
 
 void CVLockOperations::saveFinished() {
-    if (mPresent.keeper && !mPresent.keeper->isTaken())
+    if (mPresent.keeper)
         mPresent.keeper->giveSignNow();
 }
 

@@ -89,4 +89,10 @@ TEST(CVLockMessages, SayInTheWindowWhyNothingCanBeChanged) {
     EXPECT_EQ(CVLockMessages::lost(annaOnDesk()), "anna has opened this budget on “desk” too.");
 }
 
+TEST(CVLockMessages, AskOnceMoreBeforeALockIsOverridden) {
+    EXPECT_EQ(CVLockMessages::overridden(Asked::AtStart).defaultButton, "Open Anyway");
+    EXPECT_EQ(CVLockMessages::overridden(Asked::ForReplacing).defaultButton, "Replace Anyway");
+    EXPECT_EQ(CVLockMessages::overridden(Asked::AtStart).escapeAnswer, CVAlert::kAlternate);
+}
+
 } // namespace

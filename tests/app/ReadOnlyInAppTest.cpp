@@ -301,6 +301,19 @@ TEST_F(ReadOnlyInApp, ABudgetThatIsRecordedForTheFirstTimeGetsItsLockThen) {
     EXPECT_FALSE(QFile::exists(lockPath()));
 }
 
+TEST_F(ReadOnlyInApp, WhoeverTakesTheLockAwayIsNamedAtTheNextSaveAndTheBudgetCanStillBeChanged) {
+    makeBudget();
+    start();
+    annaOpens(dataFile());
+    record(5, "Hall", "Food");
+    EXPECT_TRUE(
+        QTest::qWaitFor([this] { return remark() == "anna has opened this budget on “desk” too."; }, kPatience));
+    EXPECT_FALSE(mDelegate->isReadOnly());
+    quit();
+    EXPECT_TRUE(bytesOf(dataFile()).contains("Hall"));
+    EXPECT_TRUE(QFile::exists(lockPath())) << "the other's";
+}
+
 TEST_F(ReadOnlyInApp, TheLockMovesWithTheDataFile) {
     makeBudget();
     start();

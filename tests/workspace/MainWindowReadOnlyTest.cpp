@@ -16,6 +16,7 @@ protected:
         mSaver.setReadOnly();
         mBudget.category("Food", 1).lastID(2);
         mBudget.transaction({.date = day(2014, 3, 6), .amount = 12, .payTo = "Market", .categoryID = 1});
+        mBudget.inOrder();
     }
 
     /// Every alert must have been given the window of its asker.
@@ -27,6 +28,7 @@ protected:
         mController = std::make_unique<CVMainWindowController>(document(), mAlerts, mPanels);
         mController->showWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+        ASSERT_EQ(table().model()->rowCount(), 1);
     }
 };
 
