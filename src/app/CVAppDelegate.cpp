@@ -88,7 +88,7 @@ bool CVAppDelegate::applicationDidFinishLaunching() {
         // Of two places the file was found at the last one.
         if (!mLockOperations->claim(places.isEmpty() ? QString() : places.constLast(), CVLockMessages::Asked::AtStart,
                                     nullptr))
-            return {CVLoadReport::Outcome::Cancelled};
+            return {CVLoadReport::Outcome::Cancelled, {}, {}};
         mLockOperations->adopt();
         recovered = mFile.recoverInterruptedSaves();
         mDocument = std::make_unique<CVDocument>(mNotificationCenter, mUserDefaults);

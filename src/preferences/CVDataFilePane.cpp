@@ -49,8 +49,8 @@ CVDataFilePane::CVDataFilePane(CVPreferenceStore& store, CVDocument& document, C
     form().addRow(tr("Your data file is &in:"), mDataFileLocation);
     mChange = addButton(
         tr("Change &Location…"), tr("Change Location"),
-        tr("The file at the old place stays there unchanged. Corvella may open it again if it does not find the one "
-           "at the new place."));
+        tr("The file at the old place stays there unchanged. If the one at the new place is missing when Corvella "
+           "starts, it asks before it opens any other."));
     connect(mChange, &QPushButton::clicked, this, &CVDataFilePane::changeFileLocation);
     mClear = addButton(tr("Clear &Data File…"), tr("Clear Data File"),
                        tr("Removes all transactions and brings the default categories back."));

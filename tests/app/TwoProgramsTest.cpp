@@ -34,8 +34,8 @@ protected:
     void SetUp() override {
         QFile file(path());
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        for (const CVTextSlice& piece : CVDocumentXMLRepresentation(BudgetBuilder().lastID(1).document()).pieces())
-            file.write(piece.bytes().data(), piece.length);
+        BudgetBuilder budget;
+        file.write(CVDocumentXMLRepresentation(budget.lastID(1).document()).joined());
     }
 
     /// More rounds for whoever has the time.
