@@ -6,6 +6,7 @@
 #include "workspace/controls/CVSaveStatus.h"
 
 #include <QMainWindow>
+#include <QStringList>
 
 void CVSaveTeller::tell(const CVSaveOutcome& outcome, const CVMainWindowController& window, bool isSaving,
                         QWidget* mover) {
@@ -20,10 +21,15 @@ void CVSaveTeller::tell(const CVSaveOutcome& outcome, const CVMainWindowControll
     if (outcome.saved && outcome.versionTrouble.isEmpty())
         mToldTroubles.clear();
     // An alert for each save would keep the user from working.
+    QStringList remarks;
     if (!outcome.versionTrouble.isEmpty() && mToldTroubles.insert(outcome.versionTrouble).second)
-        status.remark(outcome.versionTrouble);
+        remarks.append(outcome.versionTrouble);
     if (outcome.isOpenToOthers)
-        status.remark(CVFileMessages::openToOthers());
+        remarks.append(CVFileMessages::openToOthers());
+    if (!outcome.accessTrouble.isEmpty())
+        remarks.append(outcome.accessTrouble);
+    if (!remarks.isEmpty())
+        status.remark(remarks.join(u' '));
     if (!outcome.keptCopy.isEmpty() && mToldCopies.insert(outcome.keptCopy).second) {
         const bool wasMoved = outcome.keptReason == CVKeptReason::ReplacedWhenMoved && mover && mover->isVisible();
         mAlerts.run(wasMoved ? mover : window.window(), CVFileMessages::keptCopy(outcome));

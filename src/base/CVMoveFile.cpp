@@ -1,5 +1,6 @@
 #include "base/CVMoveFile.h"
 
+#include "base/CVFileAccess.h"
 #include "base/CVFileSignature.h"
 #include "base/CVFileSink.h"
 #include "base/CVTemporaryFile.h"
@@ -7,7 +8,6 @@
 #include <QFile>
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -51,9 +51,6 @@ CVFileResult CVCopyBytes(int source, QIODevice& target) {
 }
 
 CVFileResult CVCopyFile(const QString& from, const QString& to) {
-    const CVPathStatus original = CVPathStatus::of(from);
-    if (!original.signature)
-        return {original.error.isEmpty() ? qt_error_string(ENOENT) : original.error};
     CVTemporaryFile copy(to, kModeWhileCopying);
     if (!copy.opened().ok())
         return copy.opened();
@@ -63,11 +60,10 @@ CVFileResult CVCopyFile(const QString& from, const QString& to) {
     CVFileSink sink(copy.descriptor());
     CVFileResult result = CVCopyBytes(source, sink);
     ::close(source);
+    if (result.ok())
+        result = CVFileAccess::of(from).giveTo(copy.descriptor());
     if (const CVFileResult finished = sink.finish(); !finished.ok())
         result = finished;
-    // A file system without modes may refuse fchmod even to the owner.
-    if (result.ok() && ::fchmod(copy.descriptor(), original.mode) != 0 && errno != EPERM)
-        result = CVFileResult::ofLastCall();
     if (result.ok())
         result = CVMoveFile(copy.path(), to);
     if (result.ok())

@@ -1,5 +1,6 @@
 #include "base/CVReplaceFile.h"
 
+#include "base/CVFileAccess.h"
 #include "base/CVFileSink.h"
 #include "base/CVTemporaryFile.h"
 
@@ -8,7 +9,6 @@
 #include <QFileInfo>
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
@@ -47,14 +47,11 @@ Target followLinks(const QString& path) {
     return {{}, qt_error_string(ELOOP)};
 }
 
-/// Gives the new file the mode of the file that it replaces, or makes it private. A new file on a file system without
-/// modes, where even the owner is refused with EPERM, cannot be private; that is no failure.
-CVFileResult setMode(int descriptor, const CVPathStatus& old, CVNewFile access) {
-    if (!old.signature && access == CVNewFile::Usual)
-        return {};
-    if (::fchmod(descriptor, old.signature ? old.mode : kPrivate) == 0 || (!old.signature && errno == EPERM))
-        return {};
-    return CVFileResult::ofLastCall();
+/// The access that the new file is to have. Absent for one that the user's file mode mask decides on.
+std::optional<CVFileAccess> accessOf(const QString& target, const CVPathStatus& old, CVNewFile access) {
+    if (old.signature)
+        return CVFileAccess::of(target);
+    return access == CVNewFile::Usual ? std::nullopt : std::optional(CVFileAccess::ofNewFile());
 }
 
 /// Whether a file that was to be private is not.
@@ -76,13 +73,13 @@ CVReplaceResult replaceFile(const QString& path, const CVFileContent& write, CVN
     CVTemporaryFile file(target, access == CVNewFile::Usual && !old.signature ? kUsual : kPrivate);
     if (!file.opened().ok())
         return {file.opened()};
-    CVFileResult result = setMode(file.descriptor(), old, access);
-    bool abandoned = false;
-    if (result.ok()) {
-        CVFileSink sink(file.descriptor());
-        abandoned = !write(sink);
-        result = sink.finish();
-    }
+    CVFileSink sink(file.descriptor());
+    const bool abandoned = !write(sink);
+    // As late as possible, so that a change by another program is not lost, but before the sync.
+    CVAccessResult given;
+    if (const auto wanted = accessOf(target, old, access))
+        given = wanted->giveTo(file.descriptor());
+    CVFileResult result = given.ok() ? sink.finish() : given;
     const auto written = CVFileSignature::ofOpenFile(file.descriptor());
     if (result.ok() && !written)
         result = CVFileResult::ofLastCall();
@@ -93,7 +90,7 @@ CVReplaceResult replaceFile(const QString& path, const CVFileContent& write, CVN
     if (!swap.isPlaced)
         return {{swap.error}};
     file.release();
-    return {CVSyncFolder(QFileInfo(target).absolutePath()), written, swap.former, swap.isExpected, isOpen};
+    return {CVSyncFolder(QFileInfo(target).absolutePath()), written, swap.former, swap.isExpected, isOpen, given.lost};
 }
 
 CVSwapResult placeByRenaming(const QString& fresh, const QString& target) {

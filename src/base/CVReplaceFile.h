@@ -4,6 +4,8 @@
 #include "base/CVFileSignature.h"
 #include "base/CVSwapFile.h"
 
+#include <QStringList>
+
 #include <functional>
 
 class QIODevice;
@@ -29,12 +31,14 @@ struct CVReplaceResult : CVFileResult {
     bool isExpected = true;
     /// Whether others may read or write a new file that was to be private, because its file system keeps no modes.
     bool isOpenToOthers = false;
+    /// What of the former file's access could not be kept, as `CVAccessResult` says it.
+    QStringList lostAccess = {};
 };
 
 /// Replaces the file at `path` by what `write` writes. At every moment, whatever fails, either the old file or the new
-/// one is there whole. Follows symbolic links; an existing file keeps its mode. Returns when the new file and its
-/// folder entry are on the disk. On failure it answers the reason and leaves nothing behind, unless the file was
-/// replaced and only syncing its folder failed.
+/// one is there whole. Follows symbolic links; an existing file keeps its access as `CVFileAccess` does. Returns when
+/// the new file and its folder entry are on the disk. On failure it answers the reason and leaves nothing behind,
+/// unless the file was replaced and only syncing its folder failed.
 [[nodiscard]] CVReplaceResult CVReplaceFile(const QString& path, const CVFileContent& write,
                                             CVNewFile access = CVNewFile::Private);
 

@@ -46,4 +46,6 @@ struct CVSaveOutcome {
     /// Why an earlier version could not be kept or thinned, in a sentence for the user; empty when there was no
     /// trouble.
     QString versionTrouble = {};
+    /// What of the access to the replaced file could not be kept, in a sentence for the user; empty when all was.
+    QString accessTrouble = {};
 };

@@ -1,5 +1,6 @@
 #include "versions/CVVersionFolder.h"
 
+#include "base/CVFileAccess.h"
 #include "base/CVFileSignature.h"
 #include "base/CVMoveFile.h"
 #include "base/CVTemporaryFile.h"
@@ -23,15 +24,8 @@ namespace {
 const QString kFolder = QStringLiteral("Earlier Versions");
 constexpr int kMostVersionsPerSecond = 100;
 constexpr unsigned kOwnerOnly = 0700;
-constexpr unsigned kMayRead = 0444;
-constexpr unsigned kMayWrite = 0222;
 constexpr unsigned kEveryone = 0777;
 constexpr unsigned kAllBits = 07777;
-
-/// Who may read a file may enter its folder, and who may write it may keep versions there.
-unsigned modeOfFolder(unsigned modeOfFile) {
-    return kOwnerOnly | (modeOfFile & (kMayRead | kMayWrite)) | ((modeOfFile & kMayRead) >> 2);
-}
 
 bool hasFurtherNames(const QString& path) {
     struct stat facts {};
@@ -79,28 +73,32 @@ qint64 CVVersionFolder::size() const {
 CVFileResult CVVersionFolder::make() const {
     if (mPath.isEmpty())
         return {qt_error_string(EIO)};
-    const CVPathStatus file = CVPathStatus::of(mDataFile);
-    const unsigned mode = file.signature ? modeOfFolder(file.mode) : kOwnerOnly;
-    const QByteArray path = QFile::encodeName(mPath);
-    if (::mkdir(path.constData(), kOwnerOnly) != 0)
-        return errno == EEXIST ? tighten(mode) : CVFileResult::ofLastCall();
-    // A file system without modes may refuse chmod even to the owner.
-    if (::chmod(path.constData(), mode) != 0 && errno != EPERM)
+    const bool isNew = ::mkdir(QFile::encodeName(mPath).constData(), kOwnerOnly) == 0;
+    if (!isNew && errno != EEXIST)
         return CVFileResult::ofLastCall();
-    return CVSyncFolder(QFileInfo(mPath).absolutePath());
+    const CVFileResult given = giveAccess(isNew);
+    return given.ok() && isNew ? CVSyncFolder(QFileInfo(mPath).absolutePath()) : given;
 }
 
-/// Takes from a folder that is there what the data file does not allow by now. What a link leads to is not this
-/// program's to change.
-CVFileResult CVVersionFolder::tighten(unsigned mode) const {
+/// Who may read the data file may enter the folder. A folder that was there only loses what the data file does not
+/// allow by now. What a link leads to is not this program's to change.
+CVFileResult CVVersionFolder::giveAccess(bool isNew) const {
     const int folder = ::open(QFile::encodeName(mPath).constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
     if (folder < 0)
-        return {};
-    struct stat facts {};
+        return isNew ? CVFileResult::ofLastCall() : CVFileResult();
+    const CVFileAccess wanted =
+        (CVPathStatus::of(mDataFile).signature ? CVFileAccess::of(mDataFile) : CVFileAccess::ofNewFile()).ofFolder();
     CVFileResult result;
-    if (::fstat(folder, &facts) == 0 && (facts.st_mode & ~mode & kEveryone) != 0 &&
-        ::fchmod(folder, facts.st_mode & ~(kEveryone & ~mode) & kAllBits) != 0 && errno != EPERM)
-        result = CVFileResult::ofLastCall();
+    struct stat facts {};
+    if (isNew) {
+        result = wanted.giveTo(folder);
+    } else if (::fstat(folder, &facts) == 0) {
+        const unsigned mode = CVFileAccess::of(mPath).hasList() ? wanted.mode() : wanted.modeWithoutList();
+        const unsigned excess = facts.st_mode & ~mode & kEveryone;
+        // A file system without modes may refuse fchmod even to the owner.
+        if (excess != 0 && ::fchmod(folder, facts.st_mode & ~excess & kAllBits) != 0 && errno != EPERM)
+            result = CVFileResult::ofLastCall();
+    }
     ::close(folder);
     return result;
 }

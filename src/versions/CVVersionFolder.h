@@ -50,7 +50,7 @@ public:
 private:
     /// Makes the folder with the access of the data file.
     [[nodiscard]] CVFileResult make() const;
-    [[nodiscard]] CVFileResult tighten(unsigned mode) const;
+    [[nodiscard]] CVFileResult giveAccess(bool isNew) const;
     [[nodiscard]] bool isSecondName(const QString& path) const;
     [[nodiscard]] CVFileResult removeEach(const QList<CVVersion>& versions) const;
     /// Gives a file a version's name, the first that is free, by `placing`.

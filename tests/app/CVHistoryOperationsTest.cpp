@@ -339,6 +339,17 @@ TEST_F(CVHistoryOperationsTest, TroubleWithVersionsIsRemarkedOnceAndAsksNothing)
     quit();
 }
 
+TEST_F(CVHistoryOperationsTest, LostAccessIsRemarkedBesideTroubleWithVersions) {
+    start();
+    CVSaveOutcome outcome;
+    outcome.versionTrouble = "An earlier version could not be kept.";
+    outcome.accessTrouble = "“Data” was saved, but its group has no access any more.";
+    emit mDelegate->saves().saveFinished(outcome);
+    EXPECT_EQ(remark(), outcome.versionTrouble + ' ' + outcome.accessTrouble);
+    EXPECT_TRUE(mAlerts.shown().isEmpty());
+    quit();
+}
+
 TEST_F(CVHistoryOperationsTest, TroubleWithVersionsIsRemarkedAgainAfterASaveWithoutIt) {
     start();
     CVSaveOutcome outcome;

@@ -162,6 +162,9 @@ const Reasons& whyWorkFails() {
         {"chmod", {EPERM, EIO}},
         {"flock", {ENOLCK, EWOULDBLOCK, EIO}},
         {"futimens", {EPERM, EIO}},
+        {"chown", {EPERM, EIO}},
+        {"setxattr", {EPERM, ENOTSUP, ENOSPC, EIO}},
+        {"removexattr", {EPERM, ENOTSUP, EIO}},
         {"mkdir", {EACCES, ENOSPC, EIO, EROFS}},
     };
     return table;
@@ -175,6 +178,8 @@ const Reasons& whyLooksFail() {
         {"statx", {EACCES, EIO}},
         {"access", {EACCES, EIO}},
         {"readlink", {EACCES, EIO}},
+        {"getxattr", {EACCES, EIO}},
+        {"listxattr", {EACCES, ENOTSUP, EIO}},
         {"realpath", {EACCES, EIO, ENOMEM}},
     };
     return table;

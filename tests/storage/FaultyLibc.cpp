@@ -6,6 +6,7 @@
 #include <sys/ioctl.h>
 #include <sys/sendfile.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -183,6 +184,36 @@ int fchmod(int descriptor, mode_t mode) noexcept {
     CORVELLA_REAL(fchmod);
     const int error = errorFor("chmod", descriptor);
     return error ? fail(error) : real(descriptor, mode);
+}
+
+int fchown(int descriptor, uid_t owner, gid_t group) noexcept {
+    CORVELLA_REAL(fchown);
+    const int error = errorFor("chown", descriptor);
+    return error ? fail(error) : real(descriptor, owner, group);
+}
+
+int fsetxattr(int descriptor, const char* name, const void* value, size_t size, int flags) noexcept {
+    CORVELLA_REAL(fsetxattr);
+    const int error = errorFor("setxattr", descriptor);
+    return error ? fail(error) : real(descriptor, name, value, size, flags);
+}
+
+int fremovexattr(int descriptor, const char* name) noexcept {
+    CORVELLA_REAL(fremovexattr);
+    const int error = errorFor("removexattr", descriptor);
+    return error ? fail(error) : real(descriptor, name);
+}
+
+ssize_t getxattr(const char* path, const char* name, void* value, size_t size) noexcept {
+    CORVELLA_REAL(getxattr);
+    const int error = errorFor("getxattr", path);
+    return error ? fail(error) : real(path, name, value, size);
+}
+
+ssize_t listxattr(const char* path, char* names, size_t size) noexcept {
+    CORVELLA_REAL(listxattr);
+    const int error = errorFor("listxattr", path);
+    return error ? fail(error) : real(path, names, size);
 }
 
 int mkdir(const char* path, mode_t mode) noexcept {

@@ -242,7 +242,9 @@ QString SaveScenario::brokenModes() const {
         return {};
     if ((mRecord.modesWhileWriting & ~widest) != 0)
         return QStringLiteral("written to a file with the mode %1").arg(mRecord.modesWhileWriting, 0, 8);
-    if (bytesOnDisk() == mNew && modeOf(mPath) != static_cast<int>(mode))
-        return QStringLiteral("the new file has the mode %1").arg(modeOf(mPath), 0, 8);
+    const auto actual = static_cast<unsigned>(modeOf(mPath));
+    const bool isStricterAndTold = (actual & ~mode) == 0 && !mOutcome.accessTrouble.isEmpty();
+    if (bytesOnDisk() == mNew && actual != mode && !isStricterAndTold)
+        return QStringLiteral("the new file has the mode %1").arg(actual, 0, 8);
     return {};
 }

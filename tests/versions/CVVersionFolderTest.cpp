@@ -2,6 +2,7 @@
 
 #include "base/CVTemporaryFile.h"
 #include "kit/ScratchHome.h"
+#include "storage/ScratchAccess.h"
 #include "storage/ScratchFiles.h"
 
 #include <QDir>
@@ -84,6 +85,31 @@ TEST_F(CVVersionFolderTest, losesTheAccessThatTheDataFileLost) {
     setMode(mPath, 0600);
     keep("newer", CVVersionReason::Hourly, mNow);
     EXPECT_EQ(modeOf(mVersions.path()), 0700);
+}
+
+/// The mask of a list stands in the mode where the group's bits do.
+TEST_F(CVVersionFolderTest, isOpenToThoseOfAListAndNotToTheGroup) {
+    constexpr quint32 kSomebody = 5001;
+    setMode(mPath, 0600);
+    keep("old", CVVersionReason::Hourly, mNow);
+    if (!setList(mPath, {{ListEntry::kOwner, 6},
+                         {ListEntry::kUser, 6, kSomebody},
+                         {ListEntry::kOwningGroup, 0},
+                         {ListEntry::kMask, 6},
+                         {ListEntry::kOthers, 0}}))
+        GTEST_SKIP() << "the file system keeps no access control lists";
+    // The folder was made as another program might make it.
+    setMode(mVersions.path(), 0770);
+    keep("newer", CVVersionReason::Hourly, mNow);
+    EXPECT_EQ(modeOf(mVersions.path()), 0700);
+    EXPECT_TRUE(mVersions.removeAll().ok());
+    keep("newest", CVVersionReason::Hourly, mNow);
+    const AccessFacts folder = AccessFacts::of(mVersions.path());
+    EXPECT_EQ(folder.rightsOf({kSomebody, {}}), 7);
+    EXPECT_EQ(folder.rightsOf({kSomebody + 1, {folder.group}}), 0);
+    EXPECT_EQ(folder.rightsOf({kSomebody + 1, {}}), 0);
+    keep("last", CVVersionReason::Hourly, mNow);
+    EXPECT_EQ(AccessFacts::of(mVersions.path()).rightsOf({kSomebody, {}}), 7) << "what is right is left alone";
 }
 
 TEST_F(CVVersionFolderTest, leavesTheAccessOfWhatALinkLeadsTo) {
