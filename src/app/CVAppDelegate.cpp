@@ -105,7 +105,7 @@ bool CVAppDelegate::applicationDidFinishLaunching() {
     if (mWantsUpdatePreferences)
         showUpdatePreferences();
     // About a file that was not read the user has been asked.
-    if (!report->reason.isEmpty() && report->outcome != CVLoadReport::Outcome::NotRead)
+    if (report->outcome != CVLoadReport::Outcome::NotRead)
         tellAboutReading(*report);
     return true;
 }
@@ -148,15 +148,17 @@ void CVAppDelegate::handleSaveFinished(const CVSaveOutcome& outcome) {
 }
 
 void CVAppDelegate::tellAboutReading(const CVLoadReport& report) {
+    if (report.reason.isEmpty() && report.partly.count == 0)
+        return;
     // A damaged file is replaced at once; only after that save is it known whether a copy could be kept.
     const CVSaveOutcome last = mFile.saves().waitForFinished();
     const CVSaveOutcome outcome = last.path == report.path ? last : CVSaveOutcome();
     mSaveTeller.markAsTold(outcome.keptCopy);
+    const CVAlert alert =
+        report.reason.isEmpty() ? CVFileMessages::partlyRead(report) : CVFileMessages::unreadable(report, outcome);
     // The alert waits for the event loop, so that the window is shown behind it.
     QMetaObject::invokeMethod(
-        this,
-        [this, alert = CVFileMessages::unreadable(report, outcome)] { mAlerts.run(mMainWindow->window(), alert); },
-        Qt::QueuedConnection);
+        this, [this, alert] { mAlerts.run(mMainWindow->window(), alert); }, Qt::QueuedConnection);
 }
 
 bool CVAppDelegate::mayClose() {
@@ -329,8 +331,7 @@ std::optional<QString> CVAppDelegate::reopenDocument() {
     replaceDocument(std::move(document));
     mOutsideChanges->watch(report.path);
     showWhetherSaved(report);
-    if (!report.reason.isEmpty())
-        tellAboutReading(report);
+    tellAboutReading(report);
     return std::nullopt;
 }
 

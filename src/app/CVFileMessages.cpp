@@ -1,5 +1,6 @@
 #include "app/CVFileMessages.h"
 
+#include "format/QBLocale.h"
 #include "storage/CVDocumentFile.h"
 #include "versions/CVKeptCopy.h"
 #include "versions/CVVersionFolder.h"
@@ -69,6 +70,30 @@ CVAlert unreadable(const CVLoadReport& report, const CVSaveOutcome& outcome) {
             {}};
 }
 
+CVAlert partlyRead(const CVLoadReport& report) {
+    const QFileInfo file(report.path);
+    const qint64 count = report.partly.count;
+    const QString what =
+        (count == 1 ? FileMessagesText::tr("1 place in “%1” was not understood, or only in part:")
+                    : FileMessagesText::tr("%2 places in “%1” were not understood, or only in part:", nullptr,
+                                           static_cast<int>(count)))
+            .arg(file.fileName());
+    QStringList lines = report.partly.lines;
+    if (count > lines.size())
+        lines.append(FileMessagesText::tr("… and %1 more").arg(QBLocaleInForce().toString(count - lines.size())));
+    return {FileMessagesText::tr("Your data file was read only in part"),
+            what.arg(QBLocaleInForce().toString(count)) + QStringLiteral("\n\n") + lines.join(u'\n') +
+                QStringLiteral("\n\n") +
+                FileMessagesText::tr(
+                    "Everything else has been read. The next save leaves out what was not understood. Before it, "
+                    "Corvella keeps the file as it is beside the new one, with “(as it was read …)” in its "
+                    "name.\n\nThe folder is “%1”.")
+                    .arg(shown(file.path())),
+            FileMessagesText::tr("OK"),
+            {},
+            {}};
+}
+
 CVAlert keptCopy(const CVSaveOutcome& outcome) {
     QString title;
     QString message;
@@ -98,6 +123,11 @@ CVAlert keptCopy(const CVSaveOutcome& outcome) {
     if (outcome.keptReason == CVKeptReason::ReplacedWhenMoved)
         alert.style = CVAlert::Style::Information;
     return alert;
+}
+
+QString keptAsRead(const CVSaveOutcome& outcome) {
+    return FileMessagesText::tr("Your file is kept as it was read in “%1”.")
+        .arg(QFileInfo(outcome.keptCopy).fileName());
 }
 
 QString openToOthers() {

@@ -15,8 +15,12 @@ namespace CVFileMessages {
 /// Says at the start that the file could not be read. `outcome` is that of the save that replaced the file, if there
 /// was one.
 [[nodiscard]] CVAlert unreadable(const CVLoadReport& report, const CVSaveOutcome& outcome);
+/// Says at the start that the file was read, but not everything in it was understood.
+[[nodiscard]] CVAlert partlyRead(const CVLoadReport& report);
 /// Says which file was kept before it was written over, and why.
 [[nodiscard]] CVAlert keptCopy(const CVSaveOutcome& outcome);
+/// Says in one line where a file that was read only in part is kept.
+[[nodiscard]] QString keptAsRead(const CVSaveOutcome& outcome);
 /// Says of a new data file that its disk cannot keep it private.
 [[nodiscard]] QString openToOthers();
 /// Whether deleting earlier versions makes room for a save that failed because the disk is full.

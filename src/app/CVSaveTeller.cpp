@@ -28,9 +28,14 @@ void CVSaveTeller::tell(const CVSaveOutcome& outcome, const CVMainWindowControll
         remarks.append(CVFileMessages::openToOthers());
     if (!outcome.accessTrouble.isEmpty())
         remarks.append(outcome.accessTrouble);
+    const bool isNewCopy = !outcome.keptCopy.isEmpty() && mToldCopies.insert(outcome.keptCopy).second;
+    // What was not understood was told when the file was read.
+    const bool isExplained = outcome.keptReason == CVKeptReason::AsItWasRead;
+    if (isNewCopy && isExplained)
+        remarks.append(CVFileMessages::keptAsRead(outcome));
     if (!remarks.isEmpty())
         status.remark(remarks.join(u' '));
-    if (!outcome.keptCopy.isEmpty() && mToldCopies.insert(outcome.keptCopy).second) {
+    if (isNewCopy && !isExplained) {
         const bool wasMoved = outcome.keptReason == CVKeptReason::ReplacedWhenMoved && mover && mover->isVisible();
         mAlerts.run(wasMoved ? mover : window.window(), CVFileMessages::keptCopy(outcome));
     }

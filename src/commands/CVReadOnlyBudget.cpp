@@ -54,6 +54,7 @@ bool CVReadOnlyBudget::read(const std::optional<QString>& dataFile, QTextStream&
         return fail(errors, ReadOnlyBudgetText::tr("%1 could not be read: %2").arg(shown, report.reason));
     if (!report.reason.isEmpty())
         CVWriteErrorLine(errors, ReadOnlyBudgetText::tr("note: %1").arg(report.reason));
+    mPartly = report.partly;
     return true;
 }
 

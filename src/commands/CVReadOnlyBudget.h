@@ -25,6 +25,8 @@ public:
     /// The file that was read and the user's own, which no output may replace.
     [[nodiscard]] QStringList dataFiles() const;
 
+    /// What of the file was read only in part.
+    [[nodiscard]] const CVPartlyRead& partlyRead() const { return mPartly; }
     [[nodiscard]] CVDocument& document() { return mDocument; }
     [[nodiscard]] QBUserDefaults& userDefaults() { return mUserDefaults; }
 
@@ -36,5 +38,6 @@ private:
     CVStandardFolders mFolders;
     CVDocument mDocument;
     QString mPath;
+    CVPartlyRead mPartly;
     bool mNeedsBudget = false;
 };

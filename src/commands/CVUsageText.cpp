@@ -116,7 +116,8 @@ QString CVUsageText(const QString& command) {
         return joined(
             {UsageText::tr(
                  "Usage: corvella check [OPTION...]\n\nWrites how many transactions, categories and transaction "
-                 "sets a data file holds, and the ID of the current set.\n"),
+                 "sets a data file holds, and the ID of the current set. What was understood only in\npart is noted on "
+                 "standard error.\n"),
              optionsOfAll(), status()});
     if (command == QLatin1String("sets"))
         return joined(

@@ -5,6 +5,7 @@
 #include "base/QBNumberText.h"
 #include "base/QBPropertyList.h"
 #include "base/QBXMLText.h"
+#include "model/CVAttribute.h"
 #include "model/CVDocument.h"
 
 #include <QFile>
@@ -12,6 +13,7 @@
 #include <array>
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 namespace {
 
@@ -72,11 +74,13 @@ void CVCategory::parsingDelegateStartElement(CVParsingDelegate& delegate, const 
     if (CVIsNamed(name, "Category")) {
         for (; attributes && *attributes; attributes += 2) {
             if (CVIsNamed(*attributes, "id"))
-                mUniqueID = QBNumberText::leadingUnsigned(attributes[1]);
+                mUniqueID = CVAttribute::toUnsigned(delegate, attributes);
+            else
+                delegate.notePartly(CVPartly::UnknownAttribute, attributes[0], attributes[1]);
         }
         delegate.setStoringCharacters(true);
     } else if (CVIsNamed(name, "ExpenseEstimates")) {
-        readEstimates(attributes);
+        readEstimates(delegate, attributes);
     } else {
         delegate.setWorkingOnUnknownTag(true);
         delegate.setUnknownTag(name);
@@ -90,12 +94,20 @@ void CVCategory::parsingDelegateEndElement(CVParsingDelegate& delegate, const ch
     delegate.popParsingObjectForEndingElement(name);
 }
 
-void CVCategory::readEstimates(CVXMLAttributes attributes) {
+void CVCategory::readEstimates(CVParsingDelegate& delegate, CVXMLAttributes attributes) {
+    if (mExpenseFrequency != CVExpenseFrequency::kWeekly || mExpenseTarget != 0)
+        delegate.notePartly(CVPartly::Repeated, "ExpenseEstimates", nullptr);
+    bool hasFrequency = false;
     for (; attributes && *attributes; attributes += 2) {
         const std::string_view name = *attributes;
-        if (name.substr(0, kFrequencyPrefix.size()) == kFrequencyPrefix)
-            mExpenseFrequency = CVExpenseFrequency::codeOfName(attributes[1]);
+        const bool isFrequency = name.substr(0, kFrequencyPrefix.size()) == kFrequencyPrefix;
+        if (isFrequency && std::exchange(hasFrequency, true))
+            delegate.notePartly(CVPartly::Repeated, *attributes, nullptr);
+        if (isFrequency)
+            mExpenseFrequency = CVAttribute::toFrequency(delegate, attributes);
         else if (name == "target")
-            mExpenseTarget = QBNumberText::leadingDouble(attributes[1]);
+            mExpenseTarget = CVAttribute::toMoney(delegate, attributes);
+        else
+            delegate.notePartly(CVPartly::UnknownAttribute, attributes[0], attributes[1]);
     }
 }

@@ -78,7 +78,7 @@ public:
     void parsingDelegateEndElement(CVParsingDelegate& delegate, const char* name) override;
 
 private:
-    void readEstimates(CVXMLAttributes attributes);
+    void readEstimates(CVParsingDelegate& delegate, CVXMLAttributes attributes);
 
     QString mCategoryName;
     qint64 mExpenseFrequency = CVExpenseFrequency::kWeekly;

@@ -13,6 +13,31 @@
 /// Attributes of an element as alternating names and values, ended by a null name; null when there are none.
 using CVXMLAttributes = const char* const*;
 
+/// What a file holds and this program does not write again as it stands there.
+enum class CVPartly {
+    /// The value of an attribute, of which something else was understood than it says.
+    Value,
+    UnknownAttribute,
+    UnknownElement,
+    /// An element that replaces an earlier one.
+    Repeated,
+    /// A category or set with the ID of an earlier one.
+    RepeatedID,
+    /// Text that belongs to no field.
+    Text,
+    /// Text that went into another field than the one in which it stands.
+    MisplacedText,
+    /// Text with a character that cannot be saved.
+    Character,
+    Comment,
+    Instruction,
+    DocumentType,
+    /// What is no XML, but did not keep the file from being read.
+    Error,
+    /// A zero byte, at which the reading ends.
+    ZeroByte
+};
+
 /// The functions of the parser of a data file that the record being filled may call.
 class CVParsingDelegate {
 public:
@@ -25,6 +50,8 @@ public:
     [[nodiscard]] virtual QString tempParsingString() = 0;
     /// Tells the parser that the record is complete.
     virtual void popParsingObjectForEndingElement(const char* name) = 0;
+    /// Notes something of an element or attribute of that name that will not be written again. `value` may be null.
+    virtual void notePartly(CVPartly what, const char* name, const char* value) = 0;
 
 protected:
     ~CVParsingDelegate() = default;

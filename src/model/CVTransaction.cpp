@@ -2,6 +2,7 @@
 
 #include "base/QBNumberText.h"
 #include "base/QBXMLText.h"
+#include "model/CVAttribute.h"
 #include "model/CVCategory.h"
 #include "model/CVDocument.h"
 
@@ -138,10 +139,11 @@ char* CVTransaction::write(char* out) const {
 void CVTransaction::parsingDelegateStartElement(CVParsingDelegate& delegate, const char* name,
                                                 CVXMLAttributes attributes) {
     if (CVIsNamed(name, "Transaction")) {
-        readAttributes(attributes);
+        readAttributes(delegate, attributes);
     } else if (CVIsNamed(name, "Data")) {
-        readData(attributes);
+        readData(delegate, attributes);
     } else if (CVIsNamed(name, "PayToFrom") || CVIsNamed(name, "For")) {
+        CVAttribute::noteUnknown(delegate, attributes);
         delegate.setStoringCharacters(true);
     } else {
         delegate.setWorkingOnUnknownTag(true);
@@ -151,32 +153,43 @@ void CVTransaction::parsingDelegateStartElement(CVParsingDelegate& delegate, con
 
 void CVTransaction::parsingDelegateEndElement(CVParsingDelegate& delegate, const char* name) {
     if (CVIsNamed(name, "PayToFrom"))
-        mPayToFrom = delegate.tempParsingString();
+        readText(delegate, name, mPayToFrom);
     else if (CVIsNamed(name, "For"))
-        mFor = delegate.tempParsingString();
+        readText(delegate, name, mFor);
     else if (CVIsNamed(name, "Transaction"))
         delegate.popParsingObjectForEndingElement(name);
 }
 
-void CVTransaction::readAttributes(CVXMLAttributes attributes) {
+void CVTransaction::readAttributes(CVParsingDelegate& delegate, CVXMLAttributes attributes) {
     for (; attributes && *attributes; attributes += 2) {
-        const char* const value = attributes[1];
         if (CVIsNamed(*attributes, "categoryID"))
-            mCategoryID = QBNumberText::leadingUnsigned(value);
+            mCategoryID = CVAttribute::toUnsigned(delegate, attributes);
         else if (CVIsNamed(*attributes, "flag"))
-            mUserFlag = *value == '1';
+            mUserFlag = CVAttribute::toFlag(delegate, attributes);
         else if (CVIsNamed(*attributes, "tax_flag"))
-            mTaxFlag = *value == '1';
+            mTaxFlag = CVAttribute::toFlag(delegate, attributes);
         else if (CVIsNamed(*attributes, "transaction_set_id"))
-            mTransactionSetID = QBNumberText::leadingUnsigned(value);
+            mTransactionSetID = CVAttribute::toUnsigned(delegate, attributes);
+        else
+            delegate.notePartly(CVPartly::UnknownAttribute, attributes[0], attributes[1]);
     }
 }
 
-void CVTransaction::readData(CVXMLAttributes attributes) {
+void CVTransaction::readData(CVParsingDelegate& delegate, CVXMLAttributes attributes) {
+    if (mEffectiveDate != kNoDate || mAmount != 0)
+        delegate.notePartly(CVPartly::Repeated, "Data", nullptr);
     for (; attributes && *attributes; attributes += 2) {
         if (CVIsNamed(*attributes, "date"))
-            mEffectiveDate = QBDate::optimizedDateWithCStringXMLFormat(attributes[1]).value_or(kNoDate);
+            mEffectiveDate = CVAttribute::toDate(delegate, attributes).value_or(kNoDate);
         else if (CVIsNamed(*attributes, "amount"))
-            mAmount = QBNumberText::leadingDouble(attributes[1]);
+            mAmount = CVAttribute::toMoney(delegate, attributes);
+        else
+            delegate.notePartly(CVPartly::UnknownAttribute, attributes[0], attributes[1]);
     }
+}
+
+void CVTransaction::readText(CVParsingDelegate& delegate, const char* name, QString& text) {
+    if (!text.isEmpty())
+        delegate.notePartly(CVPartly::Repeated, name, nullptr);
+    text = delegate.tempParsingString();
 }

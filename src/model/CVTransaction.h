@@ -66,8 +66,9 @@ public:
     void parsingDelegateEndElement(CVParsingDelegate& delegate, const char* name) override;
 
 private:
-    void readAttributes(CVXMLAttributes attributes);
-    void readData(CVXMLAttributes attributes);
+    void readAttributes(CVParsingDelegate& delegate, CVXMLAttributes attributes);
+    void readData(CVParsingDelegate& delegate, CVXMLAttributes attributes);
+    static void readText(CVParsingDelegate& delegate, const char* name, QString& text);
     [[nodiscard]] char* write(char* out) const;
 
     /// A day that no record has. A std::optional takes 8 bytes more, which are 8 MB of 1,000,000 transactions.

@@ -1,7 +1,7 @@
 #include "model/CVTransactionSet.h"
 
-#include "base/QBNumberText.h"
 #include "base/QBXMLText.h"
+#include "model/CVAttribute.h"
 
 void CVTransactionSet::setTransactionSetName(const QString& name) {
     mName = xml_storableText(name);
@@ -22,7 +22,9 @@ void CVTransactionSet::parsingDelegateStartElement(CVParsingDelegate& delegate, 
     }
     for (; attributes && *attributes; attributes += 2) {
         if (CVIsNamed(*attributes, "id"))
-            mUniqueID = QBNumberText::leadingUnsigned(attributes[1]);
+            mUniqueID = CVAttribute::toUnsigned(delegate, attributes);
+        else
+            delegate.notePartly(CVPartly::UnknownAttribute, attributes[0], attributes[1]);
     }
     delegate.setStoringCharacters(true);
 }

@@ -3,6 +3,7 @@
 #include "base/QBDate.h"
 #include "model/CVParsing.h"
 #include "model/CVTransactionBlocks.h"
+#include "storage/CVPartlyNotes.h"
 #include "storage/CVTextPool.h"
 
 #include <QByteArray>
@@ -13,6 +14,8 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <unordered_set>
 #include <vector>
 
 class CVDocument;
@@ -72,6 +75,8 @@ public:
     /// Whether every byte was understood: libxml2 met no error, not even one from which it recovered, and no NUL, at
     /// which it stops silently. A file that was not read whole must not be written over before it is kept.
     [[nodiscard]] bool readWhole() const { return mErrorCount == 0 && !mHoldsNul; }
+    /// What of the file will not be written again.
+    [[nodiscard]] const CVPartlyRead& partlyRead() const { return mPartly.read(); }
     /// Whether the file had the root element of a budget; without it nothing was read.
     [[nodiscard]] bool foundRoot() const { return mFoundRoot; }
 
@@ -81,7 +86,7 @@ public:
     [[nodiscard]] CVParsingObject* currentParsingObject() const;
 
     [[nodiscard]] bool isStoringCharacters() const { return _co_storing_characters; }
-    void setStoringCharacters(bool storing) override { _co_storing_characters = storing; }
+    void setStoringCharacters(bool storing) override;
     void appendCharacters(const char* bytes, qsizetype length);
     [[nodiscard]] QString tempParsingString() override;
     /// The collected characters as a number (leading-number conversion), which are then forgotten.
@@ -90,7 +95,8 @@ public:
     [[nodiscard]] bool isWorkingOnUnknownTag() const { return _co_is_parsing_unknown; }
     void setWorkingOnUnknownTag(bool unknown) override { _co_is_parsing_unknown = unknown; }
     [[nodiscard]] const QByteArray& unknownTag() const { return _co_unknown_tag; }
-    void setUnknownTag(const char* name) override { _co_unknown_tag = name; }
+    void setUnknownTag(const char* name) override;
+    void notePartly(CVPartly what, const char* name, const char* value) override;
 
     /// The root's xmlns value; absent when it has none.
     [[nodiscard]] const std::optional<QString>& file_version() const { return _co_file_version; }
@@ -113,6 +119,11 @@ private:
     template <typename Record>
     void begin(Record& record, const char* name, CVXMLAttributes attributes);
     void readMiscInfo(CVXMLAttributes attributes);
+    template <typename Record>
+    void noteRepeatedID(const Record& record, const char* name, std::unordered_set<quint32>& known);
+    void noteText(std::string_view text);
+    /// The line of the file that is being read.
+    [[nodiscard]] int line() const;
     friend struct CVDocumentParserCallbacks;
     void noteError(const char* message, int line);
 
@@ -136,7 +147,15 @@ private:
     CVTransactionBlocks mTransactions;
     /// Read once, because the clock looks up the time zone each time.
     QBDate mToday = QBDate::date();
+    CVPartlyNotes mPartly;
+    /// libxml2's parser while it runs; null otherwise.
+    void* mContext = nullptr;
     bool mFoundRoot = false;
+    bool mFoundMiscInfo = false;
+    /// Whether text between the present tags has been noted, which comes in pieces.
+    bool mHasNotedText = false;
+    std::unordered_set<quint32> mSetIDs;
+    std::unordered_set<quint32> mCategoryIDs;
     bool mHoldsNul = false;
     bool mIsUtf32 = false;
     /// A callback ran out of memory, or the source stopped: the document is incomplete.

@@ -89,6 +89,15 @@ struct CVDocumentParserCallbacks {
         run(context, [=](auto& parser) { parser.appendCharacters(text(bytes), length); });
     }
 
+    static void processingInstruction(void* context, const xmlChar* target, const xmlChar* /*data*/) {
+        run(context, [=](auto& parser) { parser.notePartly(CVPartly::Instruction, text(target), nullptr); });
+    }
+
+    static void internalSubset(void* context, const xmlChar* name, const xmlChar* /*externalID*/,
+                               const xmlChar* /*systemID*/) {
+        run(context, [=](auto& parser) { parser.notePartly(CVPartly::DocumentType, text(name), nullptr); });
+    }
+
     static void error(void* context, const char* format, ...) {
         std::array<char, 1024> message{};
         std::va_list arguments;
@@ -105,6 +114,9 @@ struct CVDocumentParserCallbacks {
         handler.startElement = startElement;
         handler.endElement = endElement;
         handler.characters = characters;
+        // Not the entry for comments, with which libxml2 would refuse a comment of more than ten million bytes.
+        handler.processingInstruction = processingInstruction;
+        handler.internalSubset = internalSubset;
         handler.error = error;
         // Not XML_SAX2_MAGIC, with which libxml2 would silently ignore these SAX 1 element callbacks.
         handler.initialized = 1;
@@ -163,19 +175,30 @@ int CVDocumentParserDelegate::parse(CVExaminedSource& source) {
         mGaveUp = true;
         return XML_ERR_NO_MEMORY;
     }
+    mContext = context;
     xmlParseDocument(context);
+    mContext = nullptr;
     const int error = context->errNo != XML_ERR_OK ? context->errNo : kNoDocument;
     const int result = context->wellFormed ? 0 : error;
     xmlFreeDoc(context->myDoc);
     xmlFreeParserCtxt(context);
     CVDocumentParserCallbacks::run(this, [&source](auto& /*parser*/) { source.examineRest(); });
     mHoldsNul = source.examination().holdsNul();
+    if (mHoldsNul)
+        notePartly(CVPartly::ZeroByte, "", nullptr);
+    for (qint64 comment = 0; comment < source.examination().comments(); ++comment)
+        notePartly(CVPartly::Comment, "", source.examination().firstComments().value(comment).toUtf8().constData());
     mIsUtf32 = source.examination().isUtf32();
     if (source.stop() != CVExaminedSource::Stop::AbsurdElement)
         return result;
     mFirstError = tr("an element has more than %1 attributes").arg(CVFileExamination::kMostAttributes);
     mErrorLine = 0;
     return XML_ERR_INTERNAL_ERROR;
+}
+
+int CVDocumentParserDelegate::line() const {
+    const auto* const context = static_cast<xmlParserCtxtPtr>(mContext);
+    return context && context->input ? context->input->line : 0;
 }
 
 QString CVDocumentParserDelegate::malformedMessage() const {
@@ -195,6 +218,7 @@ void CVDocumentParserDelegate::noteError(const char* message, int line) {
         mErrorLine = line;
         mFirstError = text;
     }
+    mPartly.add(CVPartly::Error, line, {}, message);
     if (mErrorCount <= kLoggedErrors)
         qCWarning(lcStorage, "%s", qUtf8Printable(text));
 }

@@ -21,8 +21,8 @@ CVLoadReport CVDocumentReader::readFromURL(CVDocument& document, const QString& 
         return {CVLoadReport::Outcome::NotRead, path, file.errorString()};
     CVLoadReport report = readFromOpenFile(document, file);
     report.path = path;
-    if (report.outcome == CVLoadReport::Outcome::Loaded && mReadWhole)
-        report.readWhole = signature;
+    if (report.outcome == CVLoadReport::Outcome::Loaded)
+        report.signature = signature;
     return report;
 }
 
@@ -53,6 +53,8 @@ CVLoadReport CVDocumentReader::readFromOpenFile(CVDocument& document, QIODevice&
         report.outcome = CVLoadReport::Outcome::NotRead;
     else if (read)
         report.outcome = mReason.isEmpty() ? CVLoadReport::Outcome::Loaded : CVLoadReport::Outcome::NoBudget;
+    if (report.outcome == CVLoadReport::Outcome::Loaded)
+        report.partly = mPartly;
     return report;
 }
 
@@ -68,7 +70,7 @@ bool CVDocumentReader::readFromData(CVDocument& document, QByteArray bytes, cons
 bool CVDocumentReader::parse(CVDocumentParserDelegate& parser, bool isPrepared) {
     const bool read = isPrepared && !parser.isEncrypted() && parser.parseDocumentData();
     mReason = parser.errorMessage();
-    mReadWhole = parser.readWhole();
+    mPartly = parser.partlyRead();
     mWasCancelled = parser.wasCancelled();
     mWasBrokenOff = parser.wasBrokenOff();
     if (read && !parser.foundRoot())

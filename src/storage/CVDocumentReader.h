@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/CVFileSignature.h"
+#include "storage/CVPartlyRead.h"
 
 #include <QCoreApplication>
 #include <QString>
@@ -33,9 +34,12 @@ struct CVLoadReport {
     QString path;
     /// Why the file could not be read; empty otherwise.
     QString reason;
-    /// What the file was when its reading began; absent unless every byte was understood, because only such a file may
-    /// be written over without being kept.
-    std::optional<CVFileSignature> readWhole = {};
+    /// What of a loaded file the next save does not write again.
+    CVPartlyRead partly = {};
+    /// What a loaded file was when its reading began; absent for any other outcome and for a file without a path.
+    std::optional<CVFileSignature> signature = {};
+
+    [[nodiscard]] CVReadAs readAs() const { return partly.count > 0 ? CVReadAs::Partly : CVReadAs::Whole; }
 };
 
 /// Reads data files into new documents, on any thread. A damaged file leaves the document with its defaults, which it
@@ -65,7 +69,7 @@ private:
 
     /// Why the last read gave no budget; empty when it gave one.
     QString mReason;
-    bool mReadWhole = false;
+    CVPartlyRead mPartly;
     bool mWasCancelled = false;
     bool mWasBrokenOff = false;
     std::function<bool(double part)> mProgress;

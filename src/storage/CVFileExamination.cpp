@@ -17,6 +17,9 @@ constexpr std::size_t kFromOneByte = 16;
 constexpr qsizetype kShortestAbsurdElement = qsizetype(5) * CVFileExamination::kMostAttributes;
 /// In UTF-16 units. libxml2 breaks off within a section of more than ten million bytes.
 constexpr qsizetype kLongestSkipped = 3'000'000;
+/// How many comments are collected, and how many characters of each.
+constexpr qsizetype kMostComments = 5;
+constexpr qsizetype kLongestComment = 100;
 /// This many end marks and a greater-than sign end a comment or a marked section.
 constexpr qsizetype kEndMarks = 2;
 
@@ -144,7 +147,7 @@ void CVFileExamination::readOpening(char16_t c) {
         if (c != mSkippable->start[mMatched])
             stopSkipping();
         else if (++mMatched == mSkippable->start.size())
-            mState = State::Skipped;
+            beginSkipping();
     } else if (c == u'>') {
         mState = State::Text;
     }
@@ -194,12 +197,29 @@ void CVFileExamination::readInTag(char16_t c) {
     }
 }
 
+void CVFileExamination::beginSkipping() {
+    mState = State::Skipped;
+    if (mSkippable == &kComment && mComments++ < kMostComments)
+        mFirstComments.append(QString());
+}
+
 void CVFileExamination::readSkipped(char16_t c) {
+    if (mSkippable == &kComment && mComments == mFirstComments.size())
+        collectComment(c);
     if (isForbidden(c) || ++mSkipped > kLongestSkipped)
         return stopSkipping();
     if (c == u'>' && mMarks >= kEndMarks)
         mState = State::Text;
     mMarks = c == mSkippable->endMark ? mMarks + 1 : 0;
+}
+
+/// Collects the end marks too, until the greater-than sign comes.
+void CVFileExamination::collectComment(char16_t c) {
+    QString& comment = mFirstComments.last();
+    if (c == u'>' && mMarks >= kEndMarks && comment.size() < kLongestComment)
+        comment.chop(kEndMarks);
+    else if (comment.size() < kLongestComment)
+        comment += QChar(c);
 }
 
 /// The first character of the start has been read already.

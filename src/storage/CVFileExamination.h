@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QStringDecoder>
+#include <QStringList>
 #include <QStringView>
 
 #include <optional>
@@ -39,6 +40,12 @@ public:
     /// - more than 3,000,000 UTF-16 units in a comment or a section: libxml2 leaves it at ten million bytes.
     [[nodiscard]] bool hasAbsurdElement() const { return mHasAbsurdElement; }
 
+    /// The comments that were found, which the parser passes over. Behind anything of which `hasAbsurdElement` speaks
+    /// they are not found any more.
+    [[nodiscard]] qint64 comments() const { return mComments; }
+    /// The beginnings of the first of them.
+    [[nodiscard]] const QStringList& firstComments() const { return mFirstComments; }
+
 private:
     enum class State {
         Text,
@@ -72,7 +79,9 @@ private:
     void readOpening(char16_t c);
     void open(char16_t c);
     void readInTag(char16_t c);
+    void beginSkipping();
     void readSkipped(char16_t c);
+    void collectComment(char16_t c);
     void expect(const Skippable& skippable);
     void stopSkipping();
 
@@ -98,6 +107,8 @@ private:
     qsizetype mMatched = 0;
     qsizetype mMarks = 0;
     qsizetype mSkipped = 0;
+    qint64 mComments = 0;
+    QStringList mFirstComments;
     /// False after anything that could contain a false start of a comment or end one early. Nothing is skipped from
     /// there on, because an absurd element could hide in what is skipped.
     bool mMaySkip = true;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/CVFileSignature.h"
+#include "storage/CVPartlyRead.h"
 
 #include <QString>
 
@@ -29,4 +30,5 @@ struct CVOutsideChange {
     std::shared_ptr<CVDetachedDocument> budget = nullptr;
     /// Of the changed file when its reading began.
     CVFileSignature signature = {};
+    CVReadAs readAs = CVReadAs::Whole;
 };

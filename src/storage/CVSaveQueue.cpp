@@ -30,10 +30,10 @@ CVSaveQueue::~CVSaveQueue() {
     mWorker.join();
 }
 
-void CVSaveQueue::markAsRead(const QString& path, const std::optional<CVFileSignature>& signature) {
+void CVSaveQueue::markAsRead(const QString& path, const std::optional<CVFileSignature>& signature, CVReadAs readAs) {
     const std::lock_guard lock(mMutex);
     if (signature)
-        mRead[path] = *signature;
+        mRead[path] = {*signature, readAs};
 }
 
 void CVSaveQueue::markAsUnreadable(const QString& path, const std::optional<CVFileSignature>& signature) {
@@ -55,7 +55,8 @@ void CVSaveQueue::takeOver(const CVOutsideChange& change, CVDocumentText former,
     enqueue({.path = change.path,
              .text = std::move(former),
              .keeping = {.asked = std::nullopt, .limit = versionLimit},
-             .taken = change.signature});
+             .taken = change.signature,
+             .takenAs = change.readAs});
 }
 
 void CVSaveQueue::enqueue(Job job) {
@@ -175,8 +176,8 @@ void CVSaveQueue::learnWhatWasRead(std::unique_lock<std::mutex>& lock) {
     lock.unlock();
     for (const auto& [path, signature] : unreadable)
         fileAt(path).markAsUnreadable(signature);
-    for (const auto& [path, signature] : read)
-        fileAt(path).markAsRead(signature);
+    for (const auto& [path, file] : read)
+        fileAt(path).markAsRead(file.signature, file.readAs);
 }
 
 CVSavedFile& CVSaveQueue::fileAt(const QString& path) {
@@ -201,7 +202,7 @@ CVSaveOutcome CVSaveQueue::perform(const Job& job) {
     CVSaveOutcome outcome{.path = job.path, .message = job.failure};
     try {
         if (job.taken)
-            outcome = fileAt(job.path).takeOver(*job.taken, job.text, job.keeping.limit);
+            outcome = fileAt(job.path).takeOver(*job.taken, job.takenAs, job.text, job.keeping.limit);
         else if (job.failure.isEmpty())
             outcome = fileAt(job.path).save(job.text, job.keeping, job.unreadable);
     } catch (const std::bad_alloc&) {

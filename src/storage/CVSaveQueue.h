@@ -30,9 +30,10 @@ public:
     CVSaveQueue();
     ~CVSaveQueue() override;
 
-    /// Allows the file at `path` to be written over, because it was read whole when it had that signature; does nothing
-    /// without a signature.
-    void markAsRead(const QString& path, const std::optional<CVFileSignature>& signature);
+    /// Allows the file at `path` to be written over, because it was read when it had that signature; does nothing
+    /// without a signature. One that was read only in part is kept first.
+    void markAsRead(const QString& path, const std::optional<CVFileSignature>& signature,
+                    CVReadAs readAs = CVReadAs::Whole);
     /// Notes that what has that signature at `path` may not be readable, which is then why it is kept before it is
     /// written over.
     void markAsUnreadable(const QString& path, const std::optional<CVFileSignature>& signature);
@@ -71,6 +72,7 @@ private:
         CVUnreadableFile unreadable = CVUnreadableFile::AwaitedIfWatched;
         /// The file to be taken over, of which `text` is the former state; absent when `text` is to be written.
         std::optional<CVFileSignature> taken = {};
+        CVReadAs takenAs = CVReadAs::Whole;
     };
     using Message = std::variant<CVSaveOutcome, CVOutsideChange>;
 
@@ -91,8 +93,12 @@ private:
     CVSaveOutcome mLastOutcome;
     /// What is not announced yet.
     std::deque<Message> mMessages;
-    /// What was read since the worker last asked: the files that were read whole, and those that were tried.
-    std::map<QString, CVFileSignature> mRead;
+    struct ReadFile {
+        CVFileSignature signature;
+        CVReadAs readAs;
+    };
+    /// What was read since the worker last asked: the files that were read, and those that were tried.
+    std::map<QString, ReadFile> mRead;
     std::map<QString, CVFileSignature> mUnreadable;
     QString mWatched;
     bool mLooksSoon = false;

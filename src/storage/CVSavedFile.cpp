@@ -28,13 +28,14 @@ bool isSame(const CVPathStatus& a, const CVPathStatus& b) {
 
 } // namespace
 
-void CVSavedFile::markAsRead(const CVFileSignature& signature) {
+void CVSavedFile::markAsRead(const CVFileSignature& signature, CVReadAs readAs) {
     mCommon.reset();
-    know(signature);
+    know(signature, readAs);
 }
 
-void CVSavedFile::know(const CVFileSignature& signature) {
+void CVSavedFile::know(const CVFileSignature& signature, CVReadAs readAs) {
     mKnown = signature;
+    mKnownAs = readAs;
     const CVPathStatus present = CVPathStatus::of(mPath);
     mKnownChange = present.signature == signature ? present.changed : 0;
     mKnownSince = Clock::now();
@@ -68,10 +69,10 @@ bool CVSavedFile::diskIsAway(const CVPathStatus& present) const {
 CVOutsideChange CVSavedFile::read() const {
     const auto budget = std::make_shared<CVDetachedDocument>();
     const CVLoadReport report = CVDocumentReader().readFromURL(**budget, mPath);
-    if (report.readWhole) {
+    if (report.signature) {
         (*budget)->sortTransactionsByDate();
         (*budget)->updateDates();
-        return {CVOutsideChange::Kind::Changed, mPath, {}, budget, *report.readWhole};
+        return {CVOutsideChange::Kind::Changed, mPath, {}, budget, *report.signature, report.readAs()};
     }
     const QString reason =
         report.reason.isEmpty() ? tr("it holds something that Corvella does not understand") : report.reason;
@@ -114,12 +115,13 @@ CVSaveOutcome CVSavedFile::save(const CVDocumentText& text, const CVVersionKeepi
 QString CVSavedFile::write(const CVDocumentText& text, const CVVersionKeeping& keeping, const CVPathStatus& present,
                            bool isKnown, CVSaveOutcome& outcome) {
     CVKeptCopy kept{{}, {present.error}, false};
-    if (present.signature && !isKnown) {
-        outcome.keptReason = reasonToKeep(*present.signature);
+    const bool isUnderstood = isKnown && mKnownAs == CVReadAs::Whole;
+    if (present.signature && !isUnderstood) {
+        outcome.keptReason = reasonToKeep(*present.signature, isKnown);
         kept = keepUnreadFile(*present.signature, outcome.keptReason);
     }
     // A file that was kept as another program's is no version of this program's.
-    const auto due = present.signature && isKnown ? dueVersion(*present.signature, keeping.limit) : std::nullopt;
+    const auto due = present.signature && isUnderstood ? dueVersion(*present.signature, keeping.limit) : std::nullopt;
     CVReplaceResult replacing{kept.result};
     if (kept.result.ok()) {
         replacing = CVWriteDocumentText(mPath, text, kept.moved ? std::nullopt : present.signature,
@@ -150,7 +152,7 @@ QString CVSavedFile::write(const CVDocumentText& text, const CVVersionKeeping& k
     } else if (due && !replacing.former.isEmpty()) {
         keepVersion(replacing.former, *due, keeping.limit, outcome);
     }
-    if (!outcome.keptCopy.isEmpty() && former) {
+    if (!outcome.keptCopy.isEmpty() && outcome.keptReason != CVKeptReason::AsItWasRead && former) {
         // What both had in common is in no file by now.
         outcome.common = former->text();
         keepText(*outcome.common, asked.value_or(CVVersionReason::TakingOver), keeping.limit, outcome);
@@ -202,7 +204,9 @@ void CVSavedFile::finishKeeping(const CVFileResult& kept, const CVVersionName& v
     }
 }
 
-CVKeptReason CVSavedFile::reasonToKeep(const CVFileSignature& present) const {
+CVKeptReason CVSavedFile::reasonToKeep(const CVFileSignature& present, bool isKnown) const {
+    if (isKnown)
+        return CVKeptReason::AsItWasRead;
     // Whoever moves the data file to a place has agreed that what stands there is replaced.
     if (mStillAsked == CVVersionReason::Move)
         return CVKeptReason::ReplacedWhenMoved;
@@ -257,11 +261,11 @@ std::optional<CVOutsideChange> CVSavedFile::tell(CVOutsideChange change) {
     return isNew ? std::optional(std::move(change)) : std::nullopt;
 }
 
-CVSaveOutcome CVSavedFile::takeOver(const CVFileSignature& signature, const CVDocumentText& former,
+CVSaveOutcome CVSavedFile::takeOver(const CVFileSignature& signature, CVReadAs readAs, const CVDocumentText& former,
                                     qint64 versionLimit) {
     CVSaveOutcome outcome{.path = mPath};
     keepText(former, CVVersionReason::TakingOver, versionLimit, outcome);
     mCommon = CVCommonState::ofFile(mPath, signature);
-    know(signature);
+    know(signature, readAs);
     return outcome;
 }

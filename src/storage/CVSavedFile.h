@@ -22,8 +22,9 @@ class CVSavedFile final {
 public:
     explicit CVSavedFile(QString path) : mPath(std::move(path)) {}
 
-    /// Allows the file to be written over, because it was read whole when it had that signature.
-    void markAsRead(const CVFileSignature& signature);
+    /// Allows the file to be written over, because it was read when it had that signature. One that was read only in
+    /// part is kept first.
+    void markAsRead(const CVFileSignature& signature, CVReadAs readAs = CVReadAs::Whole);
     /// Notes that what has that signature could not be read, which is why it is kept before it is written over.
     void markAsUnreadable(const CVFileSignature& signature) { mUnreadable = signature; }
     /// Replaces the file. One that this program neither read nor wrote is kept first.
@@ -36,13 +37,13 @@ public:
     [[nodiscard]] std::optional<CVOutsideChange> look();
     /// Takes the changed file of that signature for what this program last read, and keeps `former`, the text of the
     /// budget until then, as a version. Only the version's trouble of the outcome counts.
-    [[nodiscard]] CVSaveOutcome takeOver(const CVFileSignature& signature, const CVDocumentText& former,
+    [[nodiscard]] CVSaveOutcome takeOver(const CVFileSignature& signature, CVReadAs readAs, const CVDocumentText& former,
                                          qint64 versionLimit);
 
 private:
     using Clock = std::chrono::steady_clock;
 
-    void know(const CVFileSignature& signature);
+    void know(const CVFileSignature& signature, CVReadAs readAs = CVReadAs::Whole);
     [[nodiscard]] bool isAsKnown(const CVPathStatus& present);
     [[nodiscard]] bool diskIsAway(const CVPathStatus& present) const;
     [[nodiscard]] QString whyNotNow(const CVPathStatus& present, CVUnreadableFile unreadable);
@@ -50,7 +51,7 @@ private:
     [[nodiscard]] QString write(const CVDocumentText& text, const CVVersionKeeping& keeping,
                                 const CVPathStatus& present, bool isKnown, CVSaveOutcome& outcome);
     /// Why a file that this program neither read nor wrote is to be kept before it is replaced.
-    [[nodiscard]] CVKeptReason reasonToKeep(const CVFileSignature& present) const;
+    [[nodiscard]] CVKeptReason reasonToKeep(const CVFileSignature& present, bool isKnown) const;
     [[nodiscard]] CVKeptCopy keepUnreadFile(const CVFileSignature& signature, CVKeptReason reason);
     /// Why the file that this program read or wrote is to be kept as a version before it is replaced.
     [[nodiscard]] std::optional<CVVersionReason> dueVersion(const CVFileSignature& present, qint64 limit) const;
@@ -62,6 +63,7 @@ private:
     QString mPath;
     /// The file as this program last read, wrote or kept it; absent before that.
     std::optional<CVFileSignature> mKnown;
+    CVReadAs mKnownAs = CVReadAs::Whole;
     /// What could not be read when that was last tried.
     std::optional<CVFileSignature> mUnreadable;
     /// When the file of that signature was last found to be the known one, as its own time of change; it spares

@@ -11,8 +11,13 @@
 /// and 11 MB more when 100,000 transactions are read, which takes 190 ms.
 class CVTextPool final {
 public:
-    /// The text of these bytes; empty for no bytes, null when they are not valid UTF-8.
-    [[nodiscard]] QString text(std::string_view utf8);
+    struct Text {
+        QString text;
+        /// Whether the text can be saved as it stands in the file.
+        bool isWhole = true;
+    };
+    /// The text of these bytes, as long as the pool lives; empty for no bytes, null when they are not valid UTF-8.
+    [[nodiscard]] const Text& text(std::string_view utf8);
 
 private:
     /// Looks up a view without making a string of it.
@@ -20,5 +25,6 @@ private:
         using is_transparent = void;
     };
 
-    std::unordered_map<std::string, QString, Hash, std::equal_to<>> mTexts;
+    Text mEmpty{QLatin1String("")};
+    std::unordered_map<std::string, Text, Hash, std::equal_to<>> mTexts;
 };

@@ -220,6 +220,26 @@ TEST_F(CVAppDelegateTest, ADiskThatKeepsNoAccessRightsIsTold) {
     quit(delegate);
 }
 
+TEST_F(CVAppDelegateTest, WhatWasNotUnderstoodIsToldAtTheStart) {
+    QByteArray file = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<CorvellaDocument><MiscInfo id=\"1\"/>\n";
+    for (int i = 1; i <= 7; ++i)
+        file += "<Transaction><Data date=\"2014/03/07\" amount=\"" + QByteArray::number(i) + ",50\"/></Transaction>\n";
+    writeDataFile(file + "</CorvellaDocument>\n");
+    auto delegate = start();
+    ASSERT_EQ(mAlerts.shown().size(), 1);
+    EXPECT_EQ(mAlerts.owners(), QStringList{"Corvella Main Window"});
+    EXPECT_EQ(mAlerts.shown().constFirst().title, "Your data file was read only in part");
+    const QString message = mAlerts.shown().constFirst().message;
+    EXPECT_TRUE(message.startsWith("7 places in “Corvella Data.corvella” were not understood, or only in part:\n\n"
+                                   "Line 3: of amount=\"1,50\" Corvella understood only a part or nothing.\n"))
+        << message.toStdString();
+    EXPECT_TRUE(message.contains("\n… and 2 more\n")) << message.toStdString();
+    EXPECT_TRUE(message.contains(QFileInfo(dataFile()).path())) << message.toStdString();
+    EXPECT_EQ(find<QLabel>(*delegate, "mSaveStatusText")->text(), "All changes saved");
+    quit(delegate);
+    EXPECT_EQ(bytesOf(dataFile()), file + "</CorvellaDocument>\n") << "nothing was written";
+}
+
 TEST_F(CVAppDelegateTest, AFailedSaveIsShownAndTheNextOneTriesAgain) {
     auto delegate = start();
     // A file with the name of the data file's folder makes it impossible to make that folder.

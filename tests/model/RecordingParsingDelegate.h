@@ -17,9 +17,22 @@ public:
         mCalls.emplace_back("take");
         return std::exchange(mCharacters, QString(QLatin1String("")));
     }
+    void notePartly(CVPartly what, const char* name, const char* value) override {
+        mPartly.push_back({what, name, value ? value : ""});
+    }
     void popParsingObjectForEndingElement(const char* name) override {
         mCalls.emplace_back(std::string("pop ") + name);
     }
+
+    struct Noted {
+        CVPartly what = CVPartly::Value;
+        std::string name;
+        std::string value;
+
+        friend bool operator==(const Noted&, const Noted&) = default;
+    };
+    /// What was noted since the last takePartly().
+    [[nodiscard]] std::vector<Noted> takePartly() { return std::exchange(mPartly, {}); }
 
     /// Sets the result of the next `tempParsingString`.
     void setCharacters(const QString& characters) { mCharacters = characters; }
@@ -41,4 +54,5 @@ public:
 private:
     QString mCharacters = QLatin1String("");
     std::vector<std::string> mCalls;
+    std::vector<Noted> mPartly;
 };

@@ -226,6 +226,27 @@ TEST(FileExaminationOfLongSections, LooksBehindThreeMillionUnits) {
     }
 }
 
+TEST(FileExaminationOfComments, CountsThemAndCollectsTheFirstWhateverThePieces) {
+    QByteArray bytes = QByteArray(70, ' ') + "<a><!-- one --><!----><b c='d'/><!--two-\n-x--><![CDATA[<!-- no -->]]>";
+    for (qsizetype cut = 0; cut < bytes.size(); ++cut) {
+        for (const bool isUtf16 : {false, true}) {
+            const QByteArray all = isUtf16 ? inUtf16(bytes) : bytes;
+            CVFileExamination examination;
+            examination.add(all.first(cut));
+            examination.add(all.sliced(cut));
+            EXPECT_EQ(examination.comments(), 3) << cut;
+            EXPECT_EQ(examination.firstComments(), QStringList({" one ", "", "two-\n-x"})) << cut;
+        }
+    }
+    for (int i = 0; i < 10; ++i)
+        bytes += "<!--" + QByteArray(1000, 'x') + "-->";
+    CVFileExamination examination;
+    examination.add(bytes);
+    EXPECT_EQ(examination.comments(), 13);
+    EXPECT_EQ(examination.firstComments().size(), 5);
+    EXPECT_EQ(examination.firstComments().constLast(), QString(100, u'x'));
+}
+
 TEST(FileExaminationOfABudget, InUtf16IsReadWhole) {
     ParsedBudget budget(inUtf16(inRoot("<Category id=\"1\">a</Category>")));
     EXPECT_TRUE(budget.read()) << budget.message().toStdString();

@@ -170,7 +170,7 @@ TEST_F(CVSavedFileTest, takesAChangedFileOverAndKeepsTheFormerStateAsAVersion) {
     replace(budget("Theirs"));
     const auto change = mFile.look();
     ASSERT_TRUE(change);
-    EXPECT_EQ(mFile.takeOver(change->signature, textOf(mRead), kLimit).versionTrouble, QString());
+    EXPECT_EQ(mFile.takeOver(change->signature, change->readAs, textOf(mRead), kLimit).versionTrouble, QString());
     EXPECT_THAT(versions(), testing::ElementsAre(mRead));
     EXPECT_EQ(CVVersionFolder(mPath).versions()[0].name.reason, CVVersionReason::TakingOver);
     EXPECT_EQ(look(), std::nullopt);
@@ -183,7 +183,7 @@ TEST_F(CVSavedFileTest, keepsNoVersionWhereNoneIsWanted) {
     replace(budget("Theirs"));
     const auto change = mFile.look();
     ASSERT_TRUE(change);
-    EXPECT_EQ(mFile.takeOver(change->signature, textOf(mRead), 0).versionTrouble, QString());
+    EXPECT_EQ(mFile.takeOver(change->signature, change->readAs, textOf(mRead), 0).versionTrouble, QString());
     EXPECT_TRUE(versions().isEmpty());
 }
 
@@ -192,7 +192,7 @@ TEST_F(CVSavedFileTest, noticesTheNextChangeAlthoughAnEarlierOneIsTakenOver) {
     const auto change = mFile.look();
     ASSERT_TRUE(change);
     replace(budget("Theirs, later"));
-    (void)mFile.takeOver(change->signature, textOf(mRead), 0);
+    (void)mFile.takeOver(change->signature, change->readAs, textOf(mRead), 0);
     EXPECT_EQ(look(), Kind::Changed);
 }
 

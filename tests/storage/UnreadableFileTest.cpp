@@ -9,6 +9,7 @@
 #include "storage/ParsedBudget.h"
 #include "storage/SampleFile.h"
 #include "storage/ScratchFiles.h"
+#include "versions/CVVersionFolder.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -185,6 +186,40 @@ TEST_F(UnreadableFile, behindALinkIsKeptWhereItLies) {
     EXPECT_EQ(readFile(outcome.keptCopy), kEncrypted);
     EXPECT_EQ(readFile(real), text());
     EXPECT_TRUE(QFileInfo(mPath).isSymLink());
+}
+
+TEST_F(UnreadableFile, ofWhichAPartIsReadIsKeptWholeBeforeTheFirstSave) {
+    const QByteArray bytes = sampleFile().replace("\n <MiscInfo", "\n<!-- mine -->\n <MiscInfo");
+    writeFile(mPath, bytes);
+    setMode(mPath, 0640);
+    open();
+    EXPECT_EQ(mReport.outcome, Outcome::Loaded);
+    EXPECT_EQ(mReport.partly.count, 1);
+    EXPECT_EQ(mReport.partly.lines, QStringList{"The comment “mine” is left out."});
+    EXPECT_EQ(readFile(mPath), bytes);
+    EXPECT_EQ(namesIn(mFolder), QStringList({"Corvella Data.corvella"}));
+
+    mDocument->insertCategoryName(QStringLiteral("New"));
+    const CVSaveOutcome outcome = save();
+    EXPECT_TRUE(outcome.saved) << outcome.message.toStdString();
+    EXPECT_EQ(readFile(mPath), text());
+    EXPECT_EQ(readFile(outcome.keptCopy), bytes);
+    EXPECT_EQ(modeOf(outcome.keptCopy), 0640);
+    EXPECT_TRUE(CVVersionFolder(mPath).versions().isEmpty()) << "it is kept once";
+
+    mDocument->insertCategoryName(QStringLiteral("Newer"));
+    EXPECT_EQ(save().keptCopy, QString());
+    open();
+    EXPECT_EQ(mReport.partly.count, 0);
+}
+
+TEST_F(UnreadableFile, thatEndsAtAZeroByteIsToldAndKept) {
+    const QByteArray bytes = sampleFile() + QByteArray("\0 more", 6);
+    writeFile(mPath, bytes);
+    open();
+    EXPECT_EQ(mReport.outcome, Outcome::Loaded);
+    EXPECT_EQ(mReport.partly.count, 1);
+    EXPECT_EQ(readFile(save().keptCopy), bytes);
 }
 
 TEST_F(UnreadableFile, whoseSetsWereReadKeepsThemInTheNewFile) {
