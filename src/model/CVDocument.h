@@ -75,6 +75,8 @@ public:
     /// Removes all of these objects in one walk, with one announcement; does nothing for an empty list. The list must
     /// not be the document's own.
     void removeTransactions(std::span<const std::shared_ptr<CVTransaction>> transactions);
+    /// Does the same without announcing it; `finishChanges` follows.
+    void dropTransactions(std::span<const std::shared_ptr<CVTransaction>> transactions);
     /// Removes every transaction of that set in one walk and announces it once, even when none matched; does nothing
     /// when the document has no transactions.
     void removeTransactionsForSet(quint32 id);

@@ -87,11 +87,17 @@ void CVDocument::removeTransaction(const std::shared_ptr<CVTransaction>& transac
 void CVDocument::removeTransactions(std::span<const std::shared_ptr<CVTransaction>> transactions) {
     if (transactions.empty())
         return;
+    dropTransactions(transactions);
+    announceTransactions();
+    updateDates();
+}
+
+void CVDocument::dropTransactions(std::span<const std::shared_ptr<CVTransaction>> transactions) {
+    if (transactions.empty())
+        return;
     const std::unordered_set<std::shared_ptr<CVTransaction>> removed(transactions.begin(), transactions.end());
     eraseLeaving(mTransactions, [&removed](const auto& transaction) { return removed.contains(transaction); });
     askForVersion(CVVersionReason::Removal);
-    announceTransactions();
-    updateDates();
 }
 
 void CVDocument::removeTransactionsForSet(quint32 id) {

@@ -1,0 +1,20 @@
+#include "differences/CVBringIn.h"
+
+#include "differences/CVTakeDifferences.h"
+#include "model/CVDocument.h"
+
+#include <algorithm>
+
+CVBroughtIn CVBringIn(CVDocument& present, const CVDocument& merged, const CVDocument& ours,
+                      const CVBudgetDifferences& chosen) {
+    CVTakeDifferences taking(present, merged, CVBudgetDifferences::between(merged, present, &ours),
+                             CVRenamedCategory::IsTheSame);
+    taking.removeTransactions(chosen);
+    taking.take(chosen);
+    taking.removeRecords(chosen);
+    if (taking.count() == 0)
+        return {};
+    present.setUniqueID(std::max(present.uniqueID(), merged.uniqueID()));
+    present.askForVersion(CVVersionReason::TakingOver);
+    return {taking.finish(), taking.moved()};
+}
