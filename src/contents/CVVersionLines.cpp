@@ -19,6 +19,7 @@ struct WordOfLine {
     std::array<const char*, kCVVersionSigns> words;
 };
 
+/// Since a version.
 constexpr std::array<WordOfLine, 3> kWordsOfLines{
     {{CVVersionLines::Kind::Set,
       {QT_TRANSLATE_NOOP("CVVersionLines", "Set removed"), QT_TRANSLATE_NOOP("CVVersionLines", "Set added"),
@@ -29,6 +30,19 @@ constexpr std::array<WordOfLine, 3> kWordsOfLines{
      {CVVersionLines::Kind::Transaction,
       {QT_TRANSLATE_NOOP("CVVersionLines", "Removed"), QT_TRANSLATE_NOOP("CVVersionLines", "Added"),
        QT_TRANSLATE_NOOP("CVVersionLines", "Changed")}}}};
+
+/// In another file.
+constexpr std::array<WordOfLine, 3> kWordsOfOtherLines{
+    {{CVVersionLines::Kind::Set,
+      {QT_TRANSLATE_NOOP("CVVersionLines", "Set removed there"), QT_TRANSLATE_NOOP("CVVersionLines", "Set added there"),
+       QT_TRANSLATE_NOOP("CVVersionLines", "Set renamed there")}},
+     {CVVersionLines::Kind::Category,
+      {QT_TRANSLATE_NOOP("CVVersionLines", "Category removed there"),
+       QT_TRANSLATE_NOOP("CVVersionLines", "Category added there"),
+       QT_TRANSLATE_NOOP("CVVersionLines", "Category changed there")}},
+     {CVVersionLines::Kind::Transaction,
+      {QT_TRANSLATE_NOOP("CVVersionLines", "Removed there"), QT_TRANSLATE_NOOP("CVVersionLines", "Added there"),
+       QT_TRANSLATE_NOOP("CVVersionLines", "Changed there")}}}};
 
 /// The column of the list that shows the same; absent for a column of this table alone.
 std::optional<int> listedColumn(int column) {
@@ -61,9 +75,11 @@ QString setNameOf(const CVTransaction& transaction) {
     return set == sets.end() ? QString() : (*set)->transactionSetName();
 }
 
-template <typename Difference>
-const auto& recordOf(const Difference& difference, bool isNow) {
-    return isNow ? difference.after : difference.before;
+/// What is only in the other file was added there, and not removed.
+CVVersionSign signOf(CVVersionSign sign, CVComparedWith with) {
+    if (with == CVComparedWith::Version || sign == CVVersionSign::Changed)
+        return sign;
+    return sign == CVVersionSign::Added ? CVVersionSign::Removed : CVVersionSign::Added;
 }
 
 /// What a line is sorted by.
@@ -82,8 +98,11 @@ struct LineKey {
 
 } // namespace
 
-CVVersionLines::CVVersionLines(std::shared_ptr<const CVBudgetDifferences> differences)
-    : mDifferences(std::move(differences)) {
+CVVersionLines::CVVersionLines(std::shared_ptr<const CVBudgetDifferences> differences, CVComparedWith with,
+                               ChangedTwice changedTwice)
+    : mDifferences(std::move(differences))
+    , mWith(with)
+    , mChangedTwice(std::move(changedTwice)) {
     if (!mDifferences)
         return;
     append(Kind::Set, mDifferences->sets);
@@ -94,7 +113,7 @@ CVVersionLines::CVVersionLines(std::shared_ptr<const CVBudgetDifferences> differ
 template <typename Difference>
 void CVVersionLines::append(Kind kind, const std::vector<Difference>& differences) {
     for (std::size_t place = 0; place < differences.size(); ++place) {
-        mLines.push_back({CVSignOf(differences[place]), kind, place});
+        mLines.push_back({signOf(CVSignOf(differences[place]), mWith), kind, place});
         ++mCounts[static_cast<std::size_t>(mLines.back().sign)];
     }
 }
@@ -107,34 +126,47 @@ QString CVVersionLines::title(int column) {
 
 CVVersionLines::Cell CVVersionLines::cell(std::size_t line, int column) const {
     const Line& shown = mLines[line];
-    if (column == What) {
-        const QString word =
-            tr(kWordsOfLines[static_cast<std::size_t>(shown.kind)].words[static_cast<std::size_t>(shown.sign)]);
-        return {word, word};
-    }
+    if (column == What)
+        return {word(shown), word(shown)};
     Cell said{shown.sign == CVVersionSign::Added ? QString() : text(shown, column, false),
               shown.sign == CVVersionSign::Removed ? QString() : text(shown, column, true)};
-    if (shown.sign == CVVersionSign::Changed && said.isChanged())
+    const CVTransaction* const here = ours(shown);
+    if (here)
+        said.before = text(*here, column);
+    if ((shown.sign == CVVersionSign::Changed || here) && said.isChanged())
         return said;
-    const bool isNow = shown.sign != CVVersionSign::Removed;
-    const QString only = isClearFlag(shown, column, isNow) ? QString() : isNow ? said.after : said.before;
+    const bool isLater = shown.sign != CVVersionSign::Removed;
+    const QString only = isClearFlag(shown, column, isLater) ? QString() : isLater ? said.after : said.before;
     return {only, only};
 }
 
+QString CVVersionLines::word(const Line& line) const {
+    if (ours(line))
+        return tr("Changed on both sides");
+    const auto& words = mWith == CVComparedWith::Version ? kWordsOfLines : kWordsOfOtherLines;
+    return tr(words[static_cast<std::size_t>(line.kind)].words[static_cast<std::size_t>(line.sign)]);
+}
+
+const CVTransaction* CVVersionLines::ours(const Line& line) const {
+    if (mChangedTwice.isEmpty() || line.kind != Kind::Transaction || line.sign != CVVersionSign::Added)
+        return nullptr;
+    return mChangedTwice.value(recordOf(mDifferences->transactions[line.place], true).get()).get();
+}
+
 /// A column of flags would hide the few that are set.
-bool CVVersionLines::isClearFlag(const Line& line, int column, bool isNow) const {
+bool CVVersionLines::isClearFlag(const Line& line, int column, bool isLater) const {
     if (line.kind != Kind::Transaction || (column != Tax && column != UserFlag))
         return false;
-    const CVTransaction& transaction = *recordOf(mDifferences->transactions[line.place], isNow);
+    const CVTransaction& transaction = *recordOf(mDifferences->transactions[line.place], isLater);
     return !(column == Tax ? transaction.taxFlag() : transaction.userFlag());
 }
 
-QString CVVersionLines::text(const Line& line, int column, bool isNow) const {
+QString CVVersionLines::text(const Line& line, int column, bool isLater) const {
     switch (line.kind) {
     case Kind::Set:
-        return column == Set ? recordOf(mDifferences->sets[line.place], isNow)->transactionSetName() : QString();
+        return column == Set ? recordOf(mDifferences->sets[line.place], isLater)->transactionSetName() : QString();
     case Kind::Category: {
-        const CVCategory& category = *recordOf(mDifferences->categories[line.place], isNow);
+        const CVCategory& category = *recordOf(mDifferences->categories[line.place], isLater);
         if (column == Amount)
             return mMoney.string(category.expenseTarget());
         if (column == For)
@@ -144,7 +176,10 @@ QString CVVersionLines::text(const Line& line, int column, bool isNow) const {
     case Kind::Transaction:
         break;
     }
-    const CVTransaction& transaction = *recordOf(mDifferences->transactions[line.place], isNow);
+    return text(*recordOf(mDifferences->transactions[line.place], isLater), column);
+}
+
+QString CVVersionLines::text(const CVTransaction& transaction, int column) const {
     const auto listed = listedColumn(column);
     return listed ? mText.string(transaction, *listed) : setNameOf(transaction);
 }
@@ -162,15 +197,15 @@ void CVVersionLines::sort(std::vector<std::size_t>& lines, int column, bool desc
     std::vector<LineKey> keys(mLines.size());
     for (const std::size_t line : lines) {
         const Line& shown = mLines[line];
-        const bool isNow = shown.sign != CVVersionSign::Removed;
+        const bool isLater = shown.sign != CVVersionSign::Removed;
         LineKey& key = keys[line];
         if (shown.kind == Kind::Transaction && (column == Date || column == Amount)) {
-            const CVTransaction& transaction = *recordOf(mDifferences->transactions[shown.place], isNow);
+            const CVTransaction& transaction = *recordOf(mDifferences->transactions[shown.place], isLater);
             key.day = column == Date ? transaction.effectiveDate() : std::nullopt;
             key.number = column == Amount ? transaction.amount() : 0;
             key.isMissing = column == Date && !key.day;
         } else if (shown.kind == Kind::Category && column == Amount) {
-            key.number = recordOf(mDifferences->categories[shown.place], isNow)->expenseTarget();
+            key.number = recordOf(mDifferences->categories[shown.place], isLater)->expenseTarget();
             key.isMissing = false;
         } else {
             key.text = cell(line, column).after.toCaseFolded();

@@ -3,6 +3,8 @@
 #include "contents/CVTransactionText.h"
 #include "contents/CVVersionSign.h"
 
+#include <QHash>
+
 #include <array>
 #include <cstddef>
 #include <memory>
@@ -10,9 +12,13 @@
 
 struct CVBudgetDifferences;
 
-/// What is not the same in an earlier version of the budget and in the present one, as lines of a table: sets and
-/// categories first, then transactions, newest day first. Dates and amounts are in the locale that was in force when
-/// the object was made.
+/// What the present budget is compared with: what it was, or what it is to become once the changes of another file are
+/// brought in.
+enum class CVComparedWith : bool { Version, Other };
+
+/// What is not the same in an earlier version of the budget, or in another file, and in the present one, as lines of a
+/// table: sets and categories first, then transactions, newest day first. Dates and amounts are in the locale that was
+/// in force when the object was made.
 class CVVersionLines final {
     Q_DECLARE_TR_FUNCTIONS(CVVersionLines)
 
@@ -25,17 +31,21 @@ public:
         /// The place among the differences of that kind.
         std::size_t place;
     };
-    /// What a cell said in the version and what it says now; the same text twice where nothing changed, and where there
-    /// is only one of them.
+    /// What a cell said in the version and what it says now, or what it says now and in the other file; the same text
+    /// twice where nothing changed, and where there is only one of them.
     struct Cell {
         QString before;
         QString after;
         [[nodiscard]] bool isChanged() const { return before != after; }
     };
 
-    /// `differences` are between the version and the present budget; their records keep their documents alive. Null
-    /// gives no lines.
-    explicit CVVersionLines(std::shared_ptr<const CVBudgetDifferences> differences);
+    /// Transactions of the other file that were changed here too, each with ours.
+    using ChangedTwice = QHash<const CVTransaction*, std::shared_ptr<CVTransaction>>;
+
+    /// `differences` are between the version, or the other file, and the present budget; their records keep their
+    /// documents alive. Null gives no lines.
+    explicit CVVersionLines(std::shared_ptr<const CVBudgetDifferences> differences,
+                            CVComparedWith with = CVComparedWith::Version, ChangedTwice changedTwice = {});
 
     [[nodiscard]] static QString title(int column);
     [[nodiscard]] std::size_t size() const { return mLines.size(); }
@@ -55,12 +65,22 @@ public:
 private:
     template <typename Difference>
     void append(Kind kind, const std::vector<Difference>& differences);
-    /// What the line's record says; `isNow` asks for the present one. Empty for a record that is not there.
-    [[nodiscard]] QString text(const Line& line, int column, bool isNow) const;
-
-    [[nodiscard]] bool isClearFlag(const Line& line, int column, bool isNow) const;
+    /// What the line's record says; `isLater` asks for the later one. Empty for a record that is not there.
+    [[nodiscard]] QString text(const Line& line, int column, bool isLater) const;
+    [[nodiscard]] QString text(const CVTransaction& transaction, int column) const;
+    [[nodiscard]] QString word(const Line& line) const;
+    /// Null unless the line was changed on both sides.
+    [[nodiscard]] const CVTransaction* ours(const Line& line) const;
+    [[nodiscard]] bool isClearFlag(const Line& line, int column, bool isLater) const;
+    /// The earlier or the later record of a difference.
+    template <typename Difference>
+    [[nodiscard]] const auto& recordOf(const Difference& difference, bool isLater) const {
+        return isLater == (mWith == CVComparedWith::Version) ? difference.after : difference.before;
+    }
 
     std::shared_ptr<const CVBudgetDifferences> mDifferences;
+    CVComparedWith mWith;
+    ChangedTwice mChangedTwice;
     std::vector<Line> mLines;
     std::array<std::size_t, kCVVersionSigns> mCounts{};
     CVTransactionText mText;

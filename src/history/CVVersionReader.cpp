@@ -1,9 +1,8 @@
 #include "history/CVVersionReader.h"
 
+#include "comparing/CVReadBudget.h"
 #include "differences/CVBudgetDifferences.h"
-#include "model/CVCategory.h"
-#include "model/CVDetachedDocument.h"
-#include "storage/CVDocumentFile.h"
+#include "model/CVDocument.h"
 
 #include <new>
 #include <utility>
@@ -25,43 +24,18 @@ void count(std::array<std::size_t, kCVVersionSigns>& counts, const Differences& 
 
 } // namespace
 
-CVVersionReader::CVVersionReader() {
-    // Read once and kept: a damaged version would otherwise read them on the thread, unguarded.
-    (void)CVCategory::standardCategoryNames();
-    connect(this, &CVVersionReader::examined, this, &CVVersionReader::tellNext, Qt::QueuedConnection);
-    mThread = std::thread(&CVVersionReader::work, this);
-}
-
-CVVersionReader::~CVVersionReader() {
-    {
-        const std::lock_guard lock(mMutex);
-        mEnds = true;
-        ++mWishes;
-    }
-    mWanted.notify_all();
-    mThread.join();
-}
-
 void CVVersionReader::read(CVDocumentText present, const QStringList& paths) {
-    {
-        const std::lock_guard lock(mMutex);
-        mPresent = std::move(present);
-        mWaiting = paths;
-        mChosenIsWaiting = !mChosen.isEmpty();
-        ++mRound;
-        ++mWishes;
-    }
-    mWanted.notify_all();
+    mText = std::move(present);
+    mWaiting = paths;
+    mChosenIsWaiting = !mChosen.isEmpty();
+    ++mRound;
+    readNext();
 }
 
 void CVVersionReader::choose(const QString& path) {
-    {
-        const std::lock_guard lock(mMutex);
-        mChosen = path;
-        mChosenIsWaiting = !path.isEmpty();
-        ++mWishes;
-    }
-    mWanted.notify_all();
+    mChosen = path;
+    mChosenIsWaiting = !path.isEmpty();
+    readNext();
 }
 
 std::optional<QString> CVVersionReader::next() const {
@@ -72,68 +46,36 @@ std::optional<QString> CVVersionReader::next() const {
     return mWaiting.isEmpty() ? std::nullopt : std::optional(mWaiting.constFirst());
 }
 
-void CVVersionReader::work() {
-    // Made here, because they are used on this thread alone.
-    CVDetachedDocument settings;
-    CVDocumentFile file({}, settings.userDefaults());
-    Budget present;
-    quint64 presentRound = 0;
-    std::unique_lock lock(mMutex);
-    for (;;) {
-        mWanted.wait(lock, [this] { return mEnds || next(); });
-        if (mEnds)
-            return;
-        const QString path = *next();
-        const bool isChosen = mChosenIsWaiting;
-        const quint64 round = mRound;
-        const quint64 wishes = mWishes;
-        const CVDocumentText text = mPresent;
-        lock.unlock();
-        file.setReadingProgress([this, wishes](double) { return mWishes == wishes; });
-        if (std::exchange(presentRound, round) != round)
-            present = parse(file, text);
-        CVVersionFindings findings = examine(file, path, present, isChosen);
-        lock.lock();
-        if (mWishes != wishes) {
-            // The reading of either may have been cancelled.
-            presentRound = present ? presentRound : 0;
-            continue;
-        }
-        mWaiting.removeAll(path);
-        mChosenIsWaiting = mChosenIsWaiting && !isChosen;
-        mFound.push_back({std::move(findings), round});
-        emit examined();
-    }
+void CVVersionReader::readNext() {
+    const auto path = next();
+    if (!path)
+        return mThread.cancel();
+    mThread.start([this, path = *path, isChosen = mChosenIsWaiting, text = mText, round = mRound,
+                   present = mPresent](CVDocumentFile& file) {
+        if (std::exchange(present->round, round) != round)
+            present->budget = CVReadBudget::of(file, text).budget;
+        const CVVersionFindings findings = examine(file, path, *present, isChosen);
+        // Its reading may have been cancelled.
+        if (!present->budget)
+            present->round = 0;
+        return [this, findings, isChosen] { take(findings, isChosen); };
+    });
 }
 
-/// Null when the reading was cancelled or there is not enough memory.
-CVVersionReader::Budget CVVersionReader::parse(CVDocumentFile& file, const CVDocumentText& text) {
-    try {
-        auto budget = std::make_shared<CVDetachedDocument>();
-        if (file.readFromData(**budget, text.joined(), QLatin1String(CVDocumentFile::kXMLDocumentType)))
-            return budget;
-    } catch (const std::bad_alloc&) {
-    }
-    return nullptr;
-}
-
-CVVersionFindings CVVersionReader::examine(CVDocumentFile& file, const QString& path, const Budget& present,
+CVVersionFindings CVVersionReader::examine(CVDocumentFile& file, const QString& path, const Present& present,
                                            bool isChosen) {
     CVVersionFindings findings{path};
-    if (!present) {
-        findings.problem = tr("there is not enough memory");
+    if (!present.budget) {
+        findings.problem = CVReadBudget::tooLittleMemory();
         return findings;
     }
+    const auto [version, problem] = CVReadBudget::of(file, path);
+    findings.problem = problem;
+    if (!version)
+        return findings;
     try {
-        const auto version = std::make_shared<CVDetachedDocument>();
-        const CVLoadReport report = file.readFromURL(**version, path);
-        if (report.outcome != CVLoadReport::Outcome::Loaded) {
-            findings.problem =
-                report.reason.isEmpty() ? tr("it holds no budget that Corvella can read") : report.reason;
-            return findings;
-        }
         const auto compared = std::make_shared<ComparedBudgets>(
-            ComparedBudgets{version, present, CVBudgetDifferences::since(**version, **present)});
+            ComparedBudgets{version, present.budget, CVBudgetDifferences::since(**version, **present.budget)});
         findings.transactions = (*version)->transactions().size();
         count(findings.counts, compared->differences.sets);
         count(findings.counts, compared->differences.categories);
@@ -143,21 +85,14 @@ CVVersionFindings CVVersionReader::examine(CVDocumentFile& file, const QString& 
             findings.differences = {compared, &compared->differences};
         }
     } catch (const std::bad_alloc&) {
-        findings.problem = tr("there is not enough memory");
+        findings.problem = CVReadBudget::tooLittleMemory();
     }
     return findings;
 }
 
-/// Called once for each finding that the thread added.
-void CVVersionReader::tellNext() {
-    CVVersionFindings findings;
-    bool isWanted = false;
-    {
-        const std::lock_guard lock(mMutex);
-        isWanted = mFound.front().round == mRound;
-        findings = std::move(mFound.front().findings);
-        mFound.pop_front();
-    }
-    if (isWanted)
-        emit found(findings);
+void CVVersionReader::take(const CVVersionFindings& findings, bool wasChosen) {
+    mWaiting.removeAll(findings.path);
+    mChosenIsWaiting = mChosenIsWaiting && !wasChosen;
+    readNext();
+    emit found(findings);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "comparing/CVReadingThread.h"
 #include "contents/CVVersionSign.h"
 #include "model/CVDocumentText.h"
 
@@ -7,13 +8,8 @@
 #include <QStringList>
 
 #include <array>
-#include <atomic>
-#include <condition_variable>
-#include <deque>
 #include <memory>
-#include <mutex>
 #include <optional>
-#include <thread>
 
 class CVDetachedDocument;
 class CVDocument;
@@ -35,16 +31,12 @@ struct CVVersionFindings {
     std::shared_ptr<const CVBudgetDifferences> differences = nullptr;
 };
 
-/// Reads earlier versions on a thread of its own and compares each with the present budget, of which it gets the text:
-/// the thread touches no document of the program. Used from the main thread. Destroying the reader stops the thread: a
-/// reading is cancelled, and only one that is just being compared is awaited.
+/// Reads earlier versions one after the other on a thread of its own and compares each with the present budget, of
+/// which it gets the text. Used from the main thread.
 class CVVersionReader final : public QObject {
     Q_OBJECT
 
 public:
-    CVVersionReader();
-    ~CVVersionReader() override;
-
     /// Begins anew, in this order, with another present state. What was found before this call is no longer told.
     void read(CVDocumentText present, const QStringList& paths);
     /// Reads that version next and tells its differences; an empty path chooses none.
@@ -53,37 +45,27 @@ public:
 signals:
     /// Always emitted from the event loop.
     void found(const CVVersionFindings& findings);
-    /// Emitted by the thread when there is another finding.
-    void examined();
 
 private:
-    using Budget = std::shared_ptr<CVDetachedDocument>;
-
-    void work();
-    /// The version to read next; absent when there is none.
-    [[nodiscard]] std::optional<QString> next() const;
-    [[nodiscard]] static Budget parse(CVDocumentFile& file, const CVDocumentText& text);
-    [[nodiscard]] static CVVersionFindings examine(CVDocumentFile& file, const QString& path, const Budget& present,
-                                                   bool isChosen);
-    void tellNext();
-
-    std::mutex mMutex;
-    std::condition_variable mWanted;
-    CVDocumentText mPresent;
-    QStringList mWaiting;
-    struct Finding {
-        CVVersionFindings findings;
+    /// The present budget as the thread has read it; only the thread touches it.
+    struct Present {
+        std::shared_ptr<CVDetachedDocument> budget;
         quint64 round = 0;
     };
-    /// What is not told yet.
-    std::deque<Finding> mFound;
+
+    /// The version to read next; absent when there is none.
+    [[nodiscard]] std::optional<QString> next() const;
+    void readNext();
+    [[nodiscard]] static CVVersionFindings examine(CVDocumentFile& file, const QString& path, const Present& present,
+                                                   bool isChosen);
+    void take(const CVVersionFindings& findings, bool wasChosen);
+
+    CVDocumentText mText;
+    QStringList mWaiting;
     QString mChosen;
     bool mChosenIsWaiting = false;
-    bool mEnds = false;
     /// Counts the calls of `read`.
     quint64 mRound = 0;
-    /// Counts what makes the present reading useless; that reading is then cancelled.
-    std::atomic<quint64> mWishes = 0;
-    /// Declared last, so that all other members exist as long as the thread runs.
-    std::thread mThread;
+    std::shared_ptr<Present> mPresent = std::make_shared<Present>();
+    CVReadingThread mThread;
 };

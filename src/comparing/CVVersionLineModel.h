@@ -4,8 +4,8 @@
 
 #include <QAbstractTableModel>
 
-/// The rows of the table of what is not the same in a version and in the present budget: the lines that the search and
-/// the three signs let through, in the order of the chosen column.
+/// The rows of the table of what is not the same in a version, or in another file, and in the present budget: the lines
+/// that the search and the three signs let through, in the order of the chosen column.
 class CVVersionLineModel final : public QAbstractTableModel {
     Q_OBJECT
 

@@ -1,4 +1,4 @@
-#include "history/CVVersionLineModel.h"
+#include "comparing/CVVersionLineModel.h"
 
 #include "widgets/fields/CVCellAlignment.h"
 

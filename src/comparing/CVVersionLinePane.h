@@ -1,6 +1,6 @@
 #pragma once
 
-#include "contents/CVVersionSign.h"
+#include "contents/CVVersionLines.h"
 
 #include <QHash>
 #include <QWidget>
@@ -15,27 +15,30 @@ class QBUserDefaults;
 class QCheckBox;
 class QHBoxLayout;
 class QLineEdit;
-struct CVBudgetDifferences;
 
-/// The lower half of the window with the earlier versions: what was removed, added and changed since the chosen one, as
-/// a table that can be searched and sorted, with a check box for each of the three.
+/// What was removed, added and changed since an earlier version, or in another file, as a table that can be searched
+/// and sorted, with a check box for each of the three.
 class CVVersionLinePane final : public QWidget {
     Q_OBJECT
 
 public:
-    explicit CVVersionLinePane(QWidget* parent);
+    /// The columns are remembered under `columnsKey`.
+    CVVersionLinePane(CVComparedWith with, const char* columnsKey, QWidget* parent);
 
     /// Null gives no lines. Lines that were shown and selected before stay selected.
-    void show(std::shared_ptr<const CVBudgetDifferences> differences);
+    void show(std::shared_ptr<const CVBudgetDifferences> differences, CVVersionLines::ChangedTwice changedTwice = {});
     /// Says why there are no lines; a search that finds none says so itself.
     void setMessage(const QString& message);
-    /// Whether there are lines that can be brought back when they are selected.
-    [[nodiscard]] bool hasReturnable() const;
+    /// Whether there are lines that can be taken over when they are selected: all of another file, and those that were
+    /// removed or changed since a version.
+    [[nodiscard]] bool hasTakeable() const;
     [[nodiscard]] bool hasSelection() const;
-    /// The number of selected lines that can be brought back: those that were removed or changed.
-    [[nodiscard]] std::size_t countReturnable() const;
+    /// The number of all lines, whether the search lets them through or not.
+    [[nodiscard]] std::size_t countAll() const;
+    /// The number of selected lines that can be taken over.
+    [[nodiscard]] std::size_t countTakeable() const;
     /// Those lines; not to be called when there are none.
-    [[nodiscard]] CVBudgetDifferences returnable() const;
+    [[nodiscard]] CVBudgetDifferences takeable() const;
 
     void focusTable();
     /// Whether there was a search with the focus, which is cleared.
@@ -54,16 +57,19 @@ private:
     void addTable();
     void showCounts();
     void showMessage();
-    [[nodiscard]] std::vector<std::size_t> returnableLines() const;
+    [[nodiscard]] std::vector<std::size_t> takeableLines() const;
     [[nodiscard]] QString textOfRow(int row) const;
     using Counts = QHash<QString, int>;
     void select(Counts rows);
 
+    CVComparedWith mWith;
+    const char* mColumnsKey;
     CVVersionLineModel* mModel;
     CVTableView* mTable;
     /// In the order of `CVVersionSign`.
     std::array<QCheckBox*, kCVVersionSigns> mSigns{};
     QLineEdit* mSearch = nullptr;
     std::shared_ptr<const CVBudgetDifferences> mDifferences;
+    CVVersionLines::ChangedTwice mChangedTwice;
     QString mMessage;
 };

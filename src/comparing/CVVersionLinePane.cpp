@@ -1,10 +1,9 @@
-#include "history/CVVersionLinePane.h"
+#include "comparing/CVVersionLinePane.h"
 
-#include "base/CVDefaultsKeys.h"
 #include "base/QBUserDefaults.h"
+#include "comparing/CVVersionLineModel.h"
 #include "differences/CVBudgetDifferences.h"
 #include "format/QBLocale.h"
-#include "history/CVVersionLineModel.h"
 #include "widgets/tables/CVCellDelegate.h"
 #include "widgets/tables/CVTableView.h"
 
@@ -21,14 +20,18 @@ namespace {
 
 /// The usual widths of the columns, in widths of a digit.
 constexpr std::array kLineWidths{17, 11, 20, 20, 20, 20, 13, 5, 5};
+/// What happened in another file takes more words.
+constexpr int kOtherWhatWidth = 23;
 /// The minimum width of any column, in letters.
 constexpr int kShortestLineColumn = 6;
 constexpr int kSearchWidthInLetters = 30;
 
 } // namespace
 
-CVVersionLinePane::CVVersionLinePane(QWidget* parent)
+CVVersionLinePane::CVVersionLinePane(CVComparedWith with, const char* columnsKey, QWidget* parent)
     : QWidget(parent)
+    , mWith(with)
+    , mColumnsKey(columnsKey)
     , mModel(new CVVersionLineModel(this))
     , mTable(new CVTableView(this)) {
     auto* const layout = new QVBoxLayout(this);
@@ -50,7 +53,7 @@ CVVersionLinePane::CVVersionLinePane(QWidget* parent)
 
 void CVVersionLinePane::addSigns(QHBoxLayout& row) {
     constexpr std::array<const char*, kCVVersionSigns> kNames{"mRemovedBox", "mAddedBox", "mChangedBox"};
-    row.addWidget(new QLabel(tr("Since then:"), this));
+    row.addWidget(new QLabel(mWith == CVComparedWith::Version ? tr("Since then:") : tr("There:"), this));
     for (std::size_t i = 0; i < mSigns.size(); ++i) {
         mSigns[i] = new QCheckBox(this);
         mSigns[i]->setObjectName(QLatin1String(kNames[i]));
@@ -80,7 +83,8 @@ void CVVersionLinePane::addSearch(QHBoxLayout& row) {
 
 void CVVersionLinePane::addTable() {
     mTable->setObjectName(QStringLiteral("mLineTable"));
-    mTable->setAccessibleName(tr("What Was Removed, Added and Changed"));
+    mTable->setAccessibleName(mWith == CVComparedWith::Version ? tr("What Was Removed, Added and Changed")
+                                                               : tr("What Was Removed, Added and Changed There"));
     mTable->setModel(mModel);
     mTable->setItemDelegate(new CVCellDelegate(mTable));
     mTable->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -90,6 +94,8 @@ void CVVersionLinePane::addTable() {
     int column = 0;
     for (const int width : kLineWidths)
         mTable->setColumnWidth(column++, width * digit);
+    if (mWith == CVComparedWith::Other)
+        mTable->setColumnWidth(CVVersionLines::What, kOtherWhatWidth * digit);
     QHeaderView* const header = mTable->horizontalHeader();
     header->setMinimumSectionSize(kShortestLineColumn * fontMetrics().averageCharWidth());
     header->setSectionResizeMode(CVVersionLines::For, QHeaderView::Stretch);
@@ -104,12 +110,14 @@ void CVVersionLinePane::addTable() {
             &CVVersionLinePane::selectionChanged);
 }
 
-void CVVersionLinePane::show(std::shared_ptr<const CVBudgetDifferences> differences) {
+void CVVersionLinePane::show(std::shared_ptr<const CVBudgetDifferences> differences,
+                             CVVersionLines::ChangedTwice changedTwice) {
     Counts selected;
     for (const QModelIndex& index : mTable->selectionModel()->selectedRows())
         ++selected[textOfRow(index.row())];
     mDifferences = std::move(differences);
-    mModel->setLines(CVVersionLines(mDifferences));
+    mChangedTwice = std::move(changedTwice);
+    mModel->setLines(CVVersionLines(mDifferences, mWith, mChangedTwice));
     showCounts();
     select(std::move(selected));
 }
@@ -142,7 +150,7 @@ void CVVersionLinePane::select(Counts rows) {
 }
 
 void CVVersionLinePane::updateFormats() {
-    show(mDifferences);
+    show(mDifferences, mChangedTwice);
 }
 
 void CVVersionLinePane::showCounts() {
@@ -168,32 +176,36 @@ void CVVersionLinePane::showMessage() {
         mTable->setMessage(mModel->lines().size() > 0 ? tr("No line matches.") : mMessage);
 }
 
-std::vector<std::size_t> CVVersionLinePane::returnableLines() const {
+std::vector<std::size_t> CVVersionLinePane::takeableLines() const {
     std::vector<std::size_t> lines;
     for (const QModelIndex& index : mTable->selectionModel()->selectedRows()) {
         const std::size_t line = mModel->lineAt(index.row());
-        if (mModel->lines().at(line).sign != CVVersionSign::Added)
+        if (mWith == CVComparedWith::Other || mModel->lines().at(line).sign != CVVersionSign::Added)
             lines.push_back(line);
     }
     std::sort(lines.begin(), lines.end());
     return lines;
 }
 
-bool CVVersionLinePane::hasReturnable() const {
+bool CVVersionLinePane::hasTakeable() const {
     const CVVersionLines& lines = mModel->lines();
-    return lines.count(CVVersionSign::Removed) + lines.count(CVVersionSign::Changed) > 0;
+    return lines.size() > (mWith == CVComparedWith::Other ? 0 : lines.count(CVVersionSign::Added));
 }
 
 bool CVVersionLinePane::hasSelection() const {
     return mTable->selectionModel()->hasSelection();
 }
 
-std::size_t CVVersionLinePane::countReturnable() const {
-    return returnableLines().size();
+std::size_t CVVersionLinePane::countAll() const {
+    return mModel->lines().size();
 }
 
-CVBudgetDifferences CVVersionLinePane::returnable() const {
-    return mModel->lines().only(returnableLines());
+std::size_t CVVersionLinePane::countTakeable() const {
+    return takeableLines().size();
+}
+
+CVBudgetDifferences CVVersionLinePane::takeable() const {
+    return mModel->lines().only(takeableLines());
 }
 
 void CVVersionLinePane::focusTable() {
@@ -209,7 +221,7 @@ bool CVVersionLinePane::clearFocusedSearch() {
 
 void CVVersionLinePane::restoreColumns(const QBUserDefaults& defaults) {
     QHeaderView& header = *mTable->horizontalHeader();
-    header.restoreState(defaults.dataForKey(CVDefaultsKeys::kVersionLineColumns));
+    header.restoreState(defaults.dataForKey(mColumnsKey));
     // The restored state may forbid them.
     header.setSectionsMovable(true);
     header.setSectionsClickable(true);
@@ -217,5 +229,5 @@ void CVVersionLinePane::restoreColumns(const QBUserDefaults& defaults) {
 }
 
 void CVVersionLinePane::keepColumns(QBUserDefaults& defaults) const {
-    defaults.setData(CVDefaultsKeys::kVersionLineColumns, mTable->horizontalHeader()->saveState());
+    defaults.setData(mColumnsKey, mTable->horizontalHeader()->saveState());
 }
