@@ -35,6 +35,12 @@ inline constexpr const char* kVersionColumns = "CVHistoryWindow Versions";
 inline constexpr const char* kVersionLineColumns = "CVHistoryWindow Lines";
 inline constexpr const char* kVersionSplitter = "CVHistoryWindow Splitter";
 
+/// The looks of the window with the changes of other files: its frame and its table.
+inline constexpr const char* kMergeWindow = "CVMergeWindow";
+inline constexpr const char* kMergeLineColumns = "CVMergeWindow Lines";
+/// The copies of synchronizers that the user has been told about, each path with the size and the time of the file.
+inline constexpr const char* kToldConflictCopies = "CVToldConflictCopies";
+
 /// The identifier of the preferences' tab that was shown last.
 inline constexpr const char* kPreferencesTab = "Prefs: Selected Tab";
 /// 0 never, 1 daily, 2 weekly, 3 monthly.

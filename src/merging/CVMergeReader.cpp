@@ -1,0 +1,55 @@
+#include "merging/CVMergeReader.h"
+
+#include "comparing/CVReadBudget.h"
+
+#include <new>
+#include <utility>
+
+namespace {
+
+/// What `merge` makes of our copy of the budget. `findings` name the file.
+template <typename Merge>
+CVMergeFindings comparison(CVMergeFindings findings, CVDocumentFile& file, const CVDocumentText& present, Merge merge) {
+    const auto ours = CVReadBudget::of(file, present).budget;
+    findings.problem = ours ? QString() : CVReadBudget::tooLittleMemory();
+    if (!ours)
+        return findings;
+    try {
+        CVMergedBudget merged = merge(**ours);
+        CVBudgetDifferences differences = CVBudgetDifferences::between(**merged.budget, **ours, &**ours);
+        findings.comparison =
+            std::make_shared<CVMergeComparison>(CVMergeComparison{ours, std::move(merged), std::move(differences)});
+    } catch (const std::bad_alloc&) {
+        findings.problem = CVReadBudget::tooLittleMemory();
+    }
+    return findings;
+}
+
+} // namespace
+
+void CVMergeReader::read(CVDocumentText present, CVMergeSource source) {
+    start([present = std::move(present), source = std::move(source)](CVDocumentFile& file) -> CVMergeFindings {
+        const auto [theirs, problem] = CVReadBudget::of(file, source.path);
+        if (!theirs)
+            return {source.path, problem};
+        const auto common = source.common ? CVReadBudget::of(file, *source.common).budget : nullptr;
+        return comparison({source.path}, file, present, [&common, &budget = **theirs](const CVDocument& ours) {
+            return CVMergeBudgets(common ? &**common : nullptr, ours, budget);
+        });
+    });
+}
+
+void CVMergeReader::readRest(CVDocumentText present, const CVMergeFindings& former, CVMovedContents taken) {
+    start([present = std::move(present), former, taken = std::move(taken)](CVDocumentFile& file) {
+        return comparison({former.path}, file, present, [&former, &taken](const CVDocument& ours) {
+            return CVMergeRest(**former.comparison->ours, ours, **former.comparison->merged.budget, taken);
+        });
+    });
+}
+
+template <typename Compare>
+void CVMergeReader::start(Compare compare) {
+    mThread.start([this, compare = std::move(compare)](CVDocumentFile& file) {
+        return [this, findings = compare(file)] { emit found(findings); };
+    });
+}

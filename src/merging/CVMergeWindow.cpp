@@ -1,0 +1,307 @@
+#include "merging/CVMergeWindow.h"
+
+#include "base/CVDefaultsKeys.h"
+#include "base/QBUserDefaults.h"
+#include "comparing/CVVersionLinePane.h"
+#include "differences/CVBringIn.h"
+#include "format/QBLocale.h"
+#include "merging/CVBothSidesText.h"
+#include "merging/CVMergeHost.h"
+#include "model/CVDocument.h"
+#include "storage/CVDocumentXML.h"
+#include "versions/CVConflictCopies.h"
+#include "widgets/CVElidedLabel.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kMergeWidthInDigits = 136;
+constexpr int kMergeHeightInLines = 30;
+
+QString numberOfLines(int count) {
+    return QBLocaleInForce().toString(count);
+}
+
+} // namespace
+
+CVMergeWindow::CVMergeWindow(CVDocument& document, CVMergeHost& host, CVHelpOpener* help)
+    : CVLineWindow(document)
+    , mHost(host)
+    , mHeadline(new QLabel(this))
+    , mPlace(new CVElidedLabel(this))
+    , mSourcesLabel(new QLabel(tr("&File:"), this))
+    , mSources(new QComboBox(this))
+    , mBothSides(new QLabel(this)) {
+    setWindowTitle(tr("Changes from Elsewhere"));
+    addHeadline();
+    makeLines(CVComparedWith::Other, CVDefaultsKeys::kMergeLineColumns, this);
+    contents().addWidget(&lines(), 1);
+    contents().addWidget(mBothSides);
+    addRemarks();
+    addButtons(help);
+    connect(&lines(), &CVVersionLinePane::selectionChanged, this, &CVMergeWindow::showState);
+    lines().restoreColumns(document.userDefaults());
+    restoreFrame(CVDefaultsKeys::kMergeWindow, kMergeWidthInDigits, kMergeHeightInLines);
+}
+
+CVMergeWindow::~CVMergeWindow() {
+    if (isVisible())
+        CVMergeWindow::keepLooks();
+}
+
+void CVMergeWindow::addHeadline() {
+    QFont bold = mHeadline->font();
+    bold.setBold(true);
+    mHeadline->setFont(bold);
+    mHeadline->setObjectName(QStringLiteral("mHeadline"));
+    mBothSides->setObjectName(QStringLiteral("mBothSides"));
+    for (QLabel* const label : {mHeadline, mBothSides}) {
+        label->setTextFormat(Qt::PlainText);
+        label->setWordWrap(true);
+    }
+    mPlace->setObjectName(QStringLiteral("mPlace"));
+    mSources->setObjectName(QStringLiteral("mSourceBox"));
+    mSources->setAccessibleName(tr("File"));
+    mSourcesLabel->setBuddy(mSources);
+    auto* const row = new QHBoxLayout;
+    row->addWidget(mSourcesLabel);
+    row->addWidget(mSources);
+    row->addStretch();
+    contents().addWidget(mHeadline);
+    contents().addWidget(mPlace);
+    contents().addLayout(row);
+    connect(mSources, &QComboBox::activated, this, &CVMergeWindow::sourcePicked);
+}
+
+void CVMergeWindow::addButtons(CVHelpOpener* help) {
+    QHBoxLayout& row = addButtonRow();
+    mBringIn = &addButton(row, tr("Bring &In Lines"), "mBringInButton");
+    mBringInAll = &addButton(row, tr("Bring In A&ll"), "mBringInAllButton");
+    addHelpAndClose(row, help, QStringLiteral("TwoHands.html"));
+    connect(mBringIn, &QPushButton::clicked, this,
+            [this] { bringIn(lines().takeable(), static_cast<int>(lines().countTakeable())); });
+    connect(mBringInAll, &QPushButton::clicked, this,
+            [this] { bringIn(mShown.comparison->differences, static_cast<int>(lines().countAll())); });
+}
+
+void CVMergeWindow::keepLooks() {
+    lines().keepColumns(document().userDefaults());
+    document().userDefaults().setData(CVDefaultsKeys::kMergeWindow, saveGeometry());
+}
+
+void CVMergeWindow::updateFormats() {
+    lines().updateFormats();
+    showHeadline();
+}
+
+void CVMergeWindow::offer(const CVMergeSource& source) {
+    const auto same = std::find_if(mOffered.begin(), mOffered.end(),
+                                   [&source](const Offered& offered) { return offered.source.path == source.path; });
+    const bool isAnother = same == mOffered.end();
+    if (isAnother)
+        mOffered.push_back({source});
+    else
+        *same = {source};
+    const int place = isAnother ? static_cast<int>(mOffered.size()) - 1 : static_cast<int>(same - mOffered.begin());
+    const bool isBusy = isVisible() && chosen() && !chosen()->isIn && mSources->currentIndex() != place;
+    const int current = isBusy ? mSources->currentIndex() : place;
+    listSources();
+    mSources->setCurrentIndex(current);
+    if (isBusy)
+        setRemark(tr("There is another file with changes: “%1”").arg(QFileInfo(source.path).fileName()));
+    else if (isVisible())
+        sourcePicked();
+}
+
+void CVMergeWindow::listSources() {
+    mSources->clear();
+    for (const Offered& offered : mOffered)
+        mSources->addItem(nameOf(offered.source), QDir::toNativeSeparators(offered.source.path));
+    mSourcesLabel->setVisible(mOffered.size() > 1);
+    mSources->setVisible(mOffered.size() > 1);
+}
+
+QString CVMergeWindow::nameOf(const CVMergeSource& source) const {
+    return QFileInfo(source.path).fileName();
+}
+
+CVMergeWindow::Offered* CVMergeWindow::chosen() {
+    const int place = mSources->currentIndex();
+    return place < 0 || mOffered.empty() ? nullptr : &mOffered[static_cast<std::size_t>(place)];
+}
+
+void CVMergeWindow::showWindow() {
+    if (!mReader) {
+        mReader = std::make_unique<CVMergeReader>();
+        connect(mReader.get(), &CVMergeReader::found, this, &CVMergeWindow::take);
+    }
+    if (!isVisible()) {
+        lines().focusTable();
+        sourcePicked();
+    }
+    show();
+    raise();
+    activateWindow();
+}
+
+void CVMergeWindow::forgetSources() {
+    if (isVisible())
+        reject();
+    mOffered.clear();
+    listSources();
+}
+
+/// Files that are wholly in the budget are not offered again.
+void CVMergeWindow::done(int result) {
+    CVLineWindow::done(result);
+    std::erase_if(mOffered, [](const Offered& offered) { return offered.isIn; });
+    listSources();
+}
+
+void CVMergeWindow::stopReading() {
+    mReader.reset();
+    mShown = {};
+    mIsCurrent = false;
+}
+
+void CVMergeWindow::sourcePicked() {
+    setRemark({});
+    mShown = {};
+    showLines();
+    refresh();
+}
+
+void CVMergeWindow::refresh() {
+    const Offered* const offered = chosen();
+    if (!mReader || !offered)
+        return;
+    mIsCurrent = false;
+    if (offered->first.comparison)
+        mReader->readRest(CVDocumentXMLRepresentation(document()), offered->first, offered->taken);
+    else
+        mReader->read(CVDocumentXMLRepresentation(document()), offered->source);
+    readingBegan();
+    showState();
+}
+
+void CVMergeWindow::take(const CVMergeFindings& findings) {
+    Offered* const offered = chosen();
+    if (!offered || offered->source.path != findings.path)
+        return;
+    if (!offered->first.comparison)
+        offered->first = findings;
+    mShown = findings;
+    mIsCurrent = true;
+    offered->isIn = findings.comparison && findings.comparison->differences.isEmpty();
+    showLines();
+}
+
+void CVMergeWindow::showLines() {
+    std::shared_ptr<const CVBudgetDifferences> differences;
+    if (mShown.comparison)
+        differences = {mShown.comparison, &mShown.comparison->differences};
+    lines().show(differences, linesChangedTwice());
+    showHeadline();
+    showState();
+}
+
+/// The records of each comparison are other objects, so a line is known by what it says.
+CVVersionLines::ChangedTwice CVMergeWindow::linesChangedTwice() {
+    CVVersionLines::ChangedTwice lines;
+    const Offered* const offered = chosen();
+    if (!mShown.comparison || !offered || !offered->first.comparison)
+        return lines;
+    QHash<CVTransactionContent, std::shared_ptr<CVTransaction>> ours;
+    for (const auto& [here, there] : offered->first.comparison->merged.transactions)
+        ours.insert(CVTransactionContent(*there), here);
+    for (const auto& [there, here] : mShown.comparison->differences.transactions) {
+        if (!ours.isEmpty() && there && !here && ours.contains(CVTransactionContent(*there)))
+            lines.insert(there.get(), ours.value(CVTransactionContent(*there)));
+    }
+    return lines;
+}
+
+void CVMergeWindow::showHeadline() {
+    const Offered* const offered = chosen();
+    const QString path = offered ? offered->source.path : QString();
+    const bool isCopy = CVConflictCopies::isNameOfOne(QFileInfo(path).fileName(), document().dataFiles().value(0));
+    mHeadline->setText(isCopy ? tr("A synchronizer has left a copy of your data file, because it was changed at two "
+                                   "places. Both are whole.")
+                              : tr("Another program has changed your data file while you were changing your budget. "
+                                   "Both are kept whole."));
+    mPlace->setText(tr("The other file: %1").arg(QDir::toNativeSeparators(path)));
+    const QString bothSides =
+        offered && offered->first.comparison
+            ? CVBothSidesText(offered->first.comparison->merged,
+                              offered->source.common ? CVCommonState::Known : CVCommonState::Unknown)
+            : QString();
+    mBothSides->setText(bothSides);
+    mBothSides->setVisible(!bothSides.isEmpty());
+}
+
+void CVMergeWindow::showState() {
+    showMessage();
+    updateButtons();
+    showProgress();
+}
+
+QString CVMergeWindow::progress(bool isLate) const {
+    if (!mIsCurrent)
+        return isLate ? tr("Comparing with your budget…") : QString();
+    return lines().hasTakeable() && !lines().hasSelection() ? tr("Select the lines that are to come in.") : QString();
+}
+
+/// Says why there are no lines.
+void CVMergeWindow::showMessage() {
+    const Offered* const offered = chosen();
+    QString message;
+    if (!mShown.problem.isEmpty())
+        message = tr("This file cannot be read: %1").arg(mShown.problem);
+    else if (!mShown.comparison)
+        message = tr("Reading the other file…");
+    else if (offered && !offered->taken.empty())
+        message = tr("Everything of that file is in your budget now.");
+    else
+        message = tr("Your budget already holds everything of that file.");
+    lines().setMessage(message);
+}
+
+void CVMergeWindow::updateButtons() {
+    const auto count = mIsCurrent ? static_cast<int>(lines().countTakeable()) : 0;
+    const auto all = mIsCurrent ? static_cast<int>(lines().countAll()) : 0;
+    setTextOfButton(*mBringIn, count == 0   ? tr("Bring &In Lines")
+                               : count == 1 ? tr("Bring &In 1 Line")
+                                            : tr("Bring &In %1 Lines", nullptr, count).arg(numberOfLines(count)));
+    setTextOfButton(*mBringInAll,
+                    all < 2 ? tr("Bring In A&ll") : tr("Bring In A&ll %1 Lines", nullptr, all).arg(numberOfLines(all)));
+    mBringIn->setEnabled(count > 0);
+    mBringInAll->setEnabled(all > 0);
+}
+
+void CVMergeWindow::bringIn(const CVBudgetDifferences& chosenLines, int count) {
+    // Kept here, because the budget changes below and other lines may be shown meanwhile.
+    const auto comparison = mShown.comparison;
+    const CVBudgetDifferences some = chosenLines;
+    Offered* const offered = chosen();
+    const CVBroughtIn in = mHost.bringIn(**comparison->merged.budget, **comparison->ours, some);
+    offered->taken.insert(offered->taken.end(), in.moved.begin(), in.moved.end());
+    mIsCurrent = in.lines == 0;
+    const QString number = numberOfLines(in.lines);
+    if (in.lines < count)
+        setRemark(tr("%1 of %2 lines brought in; the others do not fit your budget as it is now", nullptr, count)
+                      .arg(number, numberOfLines(count)));
+    else
+        setRemark(in.lines == 1 ? tr("1 line brought in") : tr("%1 lines brought in", nullptr, in.lines).arg(number));
+    compareSoon();
+    showState();
+    // The button is disabled now, and the focus would go to the next control.
+    lines().focusTable();
+}
