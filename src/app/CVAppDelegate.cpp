@@ -1,10 +1,12 @@
 #include "app/CVAppDelegate.h"
 
 #include "app/CVAboutWindow.h"
+#include "app/CVConflictTeller.h"
 #include "app/CVEditorWindows.h"
 #include "app/CVFileMessages.h"
 #include "app/CVHistoryOperations.h"
 #include "app/CVLockOperations.h"
+#include "app/CVMergeOperations.h"
 #include "app/CVOutsideChanges.h"
 #include "app/CVReadAtStart.h"
 #include "app/CVReadingPanel.h"
@@ -66,13 +68,20 @@ CVAppDelegate::CVAppDelegate(std::unique_ptr<QSettings> settings, CVStandardFold
     , mSaveTeller(alerts)
     , mHistoryOperations(std::make_unique<CVHistoryOperations>(*this, mFile, alerts, panels))
     , mOutsideChanges(std::make_unique<CVOutsideChanges>(*this, mFile))
-    , mDocument(std::make_unique<CVDocument>(mNotificationCenter, mUserDefaults)) {
+    , mDocument(std::make_unique<CVDocument>(mNotificationCenter, mUserDefaults))
+    , mMergeOperations(std::make_unique<CVMergeOperations>(*this))
+    , mConflictTeller(std::make_unique<CVConflictTeller>(*this)) {
     mLockOperations = std::make_unique<CVLockOperations>(*this, mFile, alerts);
     connect(&mFile.saves(), &CVSaveQueue::saveFinished, this, &CVAppDelegate::handleSaveFinished);
     connect(&mUpdates, &CVUpdateController::preferencesRequested, this, &CVAppDelegate::showUpdatePreferences);
 }
 
 CVAppDelegate::~CVAppDelegate() = default;
+
+void CVAppDelegate::setHelp(CVHelpOpener* help) {
+    mHelp = help;
+    mMergeOperations->setHelp(help);
+}
 
 void CVAppDelegate::setPrintPanels(CVPrintPanels* panels) {
     mPrintPanels = panels;
@@ -132,6 +141,7 @@ void CVAppDelegate::makeWindowControllers() {
     connect(&status, &CVSaveStatus::makeRoom, this, &CVAppDelegate::showDataFilePreferences);
     mLockOperations->showIn(*mMainWindow);
     mMainWindow->showWindow();
+    mConflictTeller->start();
 }
 
 /// Only a budget that was read from a file counts as saved.
@@ -232,7 +242,6 @@ void CVAppDelegate::showEarlierVersions() {
     mHistory->showWindow();
 }
 
-/// Keeps a window in front of the main window, which can be used meanwhile.
 void CVAppDelegate::keepInFront(QWidget& window) {
     window.winId();
     window.windowHandle()->setTransientParent(mMainWindow->window()->windowHandle());
@@ -373,6 +382,7 @@ void CVAppDelegate::setDocument(std::unique_ptr<CVDocument> document) {
             showEarlierVersions();
         }
     }
+    mMergeOperations->setDocument(*mDocument);
 }
 
 void CVAppDelegate::comeToFront() {

@@ -12,6 +12,7 @@
 #include <memory>
 
 class CVAlerts;
+class CVConflictTeller;
 class CVDocument;
 class CVEditorWindows;
 class CVFilePanels;
@@ -21,6 +22,7 @@ class CVHistoryWindow;
 class CVLockOperations;
 class CVMainWindowController;
 class CVOutsideChanges;
+class CVMergeOperations;
 class CVPreferenceWindowController;
 class CVPrintPanels;
 class CVReadingPanel;
@@ -41,7 +43,7 @@ public:
     /// Sets what opens addresses; without it none is opened. The opener outlives the delegate.
     void setURLOpener(CVURLOpener* opener) { mUpdates.setURLOpener(opener); }
     /// Sets what shows help; without it there are no Help buttons. The help outlives the delegate.
-    void setHelp(CVHelpOpener* help) { mHelp = help; }
+    void setHelp(CVHelpOpener* help);
     /// Sets the panels through which everything is printed; without them nothing is printed. The panels outlive the
     /// delegate.
     void setPrintPanels(CVPrintPanels* panels);
@@ -96,11 +98,14 @@ public:
     [[nodiscard]] CVUpdateController& updates() { return mUpdates; }
     [[nodiscard]] CVSaveQueue& saves() { return mFile.saves(); }
     [[nodiscard]] CVHistoryOperations& historyOperations() { return *mHistoryOperations; }
+    [[nodiscard]] CVMergeOperations& mergeOperations() { return *mMergeOperations; }
+    [[nodiscard]] CVConflictTeller& conflictTeller() { return *mConflictTeller; }
+    /// Keeps a window in front of the main window, which can be used meanwhile.
+    void keepInFront(QWidget& window);
 
 private:
     void makeWindowControllers();
     void carryOut(CVCommand command);
-    void keepInFront(QWidget& window);
     void remarkClearing(int transactions);
     void showUpdatePreferences();
     void showDataFilePreferences();
@@ -136,6 +141,8 @@ private:
     std::unique_ptr<CVMainWindowController> mMainWindow;
     std::unique_ptr<CVPreferenceWindowController> mPreferences;
     std::unique_ptr<CVHistoryWindow> mHistory;
+    std::unique_ptr<CVMergeOperations> mMergeOperations;
+    std::unique_ptr<CVConflictTeller> mConflictTeller;
     /// Whether the user asked for the preferences of updates before there was a main window; they are shown once it
     /// exists.
     bool mWantsUpdatePreferences = false;

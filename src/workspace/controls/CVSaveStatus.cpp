@@ -29,6 +29,7 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
     : QWidget(parent)
     , mRemark(new CVElidedLabel(this))
     , mShowVersions(new QPushButton(tr("Sho&w…"), this))
+    , mShowOtherFile(new QPushButton(tr("Sho&w…"), this))
     , mIcon(new QLabel(this))
     , mText(new QLabel(this))
     , mMakeRoom(new QPushButton(tr("Delete Earlier Versions…"), this))
@@ -40,7 +41,10 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
     mShowVersions->setObjectName(QStringLiteral("mShowVersionsButton"));
     mShowVersions->setAccessibleName(tr("Show Earlier Versions"));
     mShowVersions->setToolTip(tr("Show the earlier versions of your budget and bring back what is missing"));
-    mShowVersions->hide();
+    mShowOtherFile->setObjectName(QStringLiteral("mShowOtherFileButton"));
+    mShowOtherFile->setAccessibleName(tr("Show Changes from Elsewhere"));
+    mShowOtherFile->setToolTip(tr("Show what the other file says, and bring into your budget what is missing"));
+    show(Offer::Nothing);
     mText->setObjectName(QStringLiteral("mSaveStatusText"));
     mText->setTextFormat(Qt::PlainText);
     mText->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -53,6 +57,7 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(mRemark);
     layout->addWidget(mShowVersions);
+    layout->addWidget(mShowOtherFile);
     layout->addWidget(mIcon);
     layout->addWidget(mText, 1);
     layout->addWidget(mMakeRoom);
@@ -67,6 +72,7 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
         announce(*mText);
     });
     connect(mShowVersions, &QPushButton::clicked, this, &CVSaveStatus::versionsRequested);
+    connect(mShowOtherFile, &QPushButton::clicked, this, &CVSaveStatus::otherFileRequested);
     connect(mTryAgain, &QPushButton::clicked, this, [this] {
         mAttempt.start();
         emit tryAgain();
@@ -103,14 +109,19 @@ void CVSaveStatus::showFailure() {
         return;
     show(mFailure, Outcome::Failed);
     mRemark->hide();
-    mShowVersions->hide();
+    show(Offer::Nothing);
     announce(*mText);
+}
+
+void CVSaveStatus::show(Offer offer) {
+    mShowVersions->setVisible(offer == Offer::Versions);
+    mShowOtherFile->setVisible(offer == Offer::OtherFile);
 }
 
 void CVSaveStatus::remark(const QString& text, Offer offer) {
     mRemark->setText(text);
     mRemark->show();
-    mShowVersions->setVisible(offer == Offer::Versions);
+    show(offer);
     announce(*mRemark);
 }
 

@@ -24,7 +24,7 @@ public:
     /// second later at the earliest, so that the user sees the attempt.
     void setFailed(const QString& reason, MakeRoom makeRoom = MakeRoom::No);
     /// What a remark leads to, by a button behind it.
-    enum class Offer : bool { Nothing, Versions };
+    enum class Offer { Nothing, Versions, OtherFile };
     /// Shows a remark until the next remark or a failure, and announces it to screen readers at once.
     void remark(const QString& text, Offer offer = Offer::Nothing);
 
@@ -33,6 +33,8 @@ signals:
     void tryAgain();
     /// The user wants to see the earlier versions.
     void versionsRequested();
+    /// The user wants to see what another file has that the budget lacks.
+    void otherFileRequested();
     /// The user wants to delete earlier versions.
     void makeRoom();
 
@@ -40,9 +42,11 @@ private:
     enum class Outcome { Saving, Fine, Failed };
     void show(const QString& text, Outcome outcome);
     void showFailure();
+    void show(Offer offer);
 
     CVElidedLabel* mRemark;
     QPushButton* mShowVersions;
+    QPushButton* mShowOtherFile;
     QLabel* mIcon;
     QLabel* mText;
     QPushButton* mMakeRoom;

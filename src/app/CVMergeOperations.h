@@ -1,0 +1,41 @@
+#pragma once
+
+#include "merging/CVMergeHost.h"
+#include "merging/CVMergeSource.h"
+
+#include <memory>
+
+class CVAppDelegate;
+class CVDocument;
+class CVHelpOpener;
+class CVMergeWindow;
+
+/// What the program does with the changes of other files: offers them in a window and brings them in. Owns the window;
+/// references the application, which outlives it.
+class CVMergeOperations final : public CVMergeHost {
+public:
+    explicit CVMergeOperations(CVAppDelegate& app);
+    ~CVMergeOperations();
+
+    /// Without it the window has no Help button. The help outlives the object.
+    void setHelp(CVHelpOpener* help) { mHelp = help; }
+    /// Shows another file's changes, or adds it to those of which the open window lets the user choose one. Called once
+    /// there is a main window.
+    void offer(const CVMergeSource& source);
+    /// The budget of another data file, or the same read anew, took the place of the former document.
+    void setDocument(CVDocument& document);
+
+    CVBroughtIn bringIn(const CVDocument& merged, const CVDocument& ours, const CVBudgetDifferences& lines) override;
+
+    /// Null until something is first offered.
+    [[nodiscard]] CVMergeWindow* window() { return mWindow.get(); }
+
+private:
+    void showInFront();
+
+    CVAppDelegate& mApp;
+    CVHelpOpener* mHelp = nullptr;
+    /// The data file whose budget the offered files are compared with.
+    QString mDataFile;
+    std::unique_ptr<CVMergeWindow> mWindow;
+};
