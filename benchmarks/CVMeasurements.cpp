@@ -107,6 +107,7 @@ constexpr auto kMeasurements = std::to_array<CVMeasurement>({
     withoutLimit("Order by payee", kPlainSort, CVMeasureSortByPayee),
     withoutLimit("Order by what it was for", kPlainSort, CVMeasureSortByFor),
     withoutLimit("Order by category", kPlainSort, CVMeasureSortByCategory),
+    withoutLimit("Merge with another file", "comparison of both", CVMeasureMerge),
 });
 
 } // namespace

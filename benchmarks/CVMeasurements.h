@@ -82,3 +82,5 @@ void CVMeasureSortByAmount(benchmark::State& state, std::size_t transactions);
 void CVMeasureSortByPayee(benchmark::State& state, std::size_t transactions);
 void CVMeasureSortByFor(benchmark::State& state, std::size_t transactions);
 void CVMeasureSortByCategory(benchmark::State& state, std::size_t transactions);
+
+void CVMeasureMerge(benchmark::State& state, std::size_t transactions);

@@ -2,6 +2,7 @@
 
 #include "differences/CVBudgetDifferences.h"
 #include "differences/CVMatchRecords.h"
+#include "differences/CVMergedCount.h"
 #include "differences/CVShowFirstSet.h"
 #include "model/CVCategory.h"
 #include "model/CVDetachedDocument.h"
@@ -10,7 +11,6 @@
 #include "model/CVTransactionSet.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <utility>
 
 namespace {
@@ -21,14 +21,6 @@ struct Counts {
     int theirs = 0;
     /// How many of the merged budget are still to be placed.
     int left = 0;
-
-    [[nodiscard]] int merged() const {
-        const int byUs = ours - common;
-        const int byThem = theirs - common;
-        if ((byUs > 0 && byThem > 0) || (byUs < 0 && byThem < 0))
-            return common + (std::abs(byUs) > std::abs(byThem) ? byUs : byThem);
-        return std::max(0, ours + theirs - common);
-    }
 };
 
 struct ThreeBudgets {
@@ -205,7 +197,7 @@ void Merging::count(const CVMovedContents& taken) {
     for (Counts& counts : mCounts) {
         if (!mBudgets.common)
             counts.common = std::min(counts.ours, counts.theirs);
-        counts.left = counts.merged();
+        counts.left = CVMergedCount(counts.common, counts.ours, counts.theirs);
     }
 }
 

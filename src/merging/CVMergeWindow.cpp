@@ -115,22 +115,19 @@ void CVMergeWindow::offer(const CVMergeSource& source) {
     const int current = isBusy ? mSources->currentIndex() : place;
     listSources();
     mSources->setCurrentIndex(current);
-    if (isBusy)
+    // Several that are offered at once need no remark: the user sees the list with the first lines.
+    if (isBusy && !mShown.path.isEmpty())
         setRemark(tr("There is another file with changes: “%1”").arg(QFileInfo(source.path).fileName()));
-    else if (isVisible())
+    else if (isVisible() && !isBusy)
         sourcePicked();
 }
 
 void CVMergeWindow::listSources() {
     mSources->clear();
     for (const Offered& offered : mOffered)
-        mSources->addItem(nameOf(offered.source), QDir::toNativeSeparators(offered.source.path));
+        mSources->addItem(QFileInfo(offered.source.path).fileName());
     mSourcesLabel->setVisible(mOffered.size() > 1);
     mSources->setVisible(mOffered.size() > 1);
-}
-
-QString CVMergeWindow::nameOf(const CVMergeSource& source) const {
-    return QFileInfo(source.path).fileName();
 }
 
 CVMergeWindow::Offered* CVMergeWindow::chosen() {

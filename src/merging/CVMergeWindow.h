@@ -53,7 +53,6 @@ private:
     void keepLooks() override;
     [[nodiscard]] QString progress(bool isLate) const override;
     void listSources();
-    [[nodiscard]] QString nameOf(const CVMergeSource& source) const;
     /// Null when there is none.
     [[nodiscard]] Offered* chosen();
     void sourcePicked();

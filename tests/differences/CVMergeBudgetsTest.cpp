@@ -210,7 +210,7 @@ TEST(CVMergeBudgetsProperty, GivesWhatThePlainDefinitionGives) {
 }
 
 TEST(CVMergeBudgetsProperty, IDsStayOursAndTheCounterIsTheGreatestOne) {
-    for (quint32 seed = 0; seed < 1000; ++seed) {
+    for (quint32 seed = 0; seed < 400; ++seed) {
         ThreeStates states(seed);
         const auto merged = states.merged();
         const CVDocument& budget = **merged.budget;
@@ -230,7 +230,7 @@ TEST(CVMergeBudgetsProperty, IDsStayOursAndTheCounterIsTheGreatestOne) {
 }
 
 TEST(CVMergeBudgetsProperty, WithoutChangesOnOneSideItIsTheOther) {
-    for (quint32 seed = 0; seed < 1000; ++seed) {
+    for (quint32 seed = 0; seed < 400; ++seed) {
         ThreeStates states(seed);
         const CVDocument& common = states.common.document();
         const auto ours = CVMergeBudgets(&common, states.ours.document(), common);
@@ -253,7 +253,7 @@ std::multiset<QString> sayings(const CVDocument& document) {
 }
 
 TEST(CVMergeBudgetsProperty, NothingIsLostWithoutACommonState) {
-    for (quint32 seed = 0; seed < 1000; ++seed) {
+    for (quint32 seed = 0; seed < 400; ++seed) {
         ThreeStates states(seed);
         const auto merged = CVMergeBudgets(nullptr, states.ours.document(), states.theirs.document());
         const auto here = sayings(states.ours.document());
