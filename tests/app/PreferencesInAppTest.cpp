@@ -192,6 +192,38 @@ TEST_F(PreferencesInApp, AChosenFileThatCannotBeReadLeavesThePresentBudget) {
     expectPresentBudget(before, {});
 }
 
+TEST_F(PreferencesInApp, AChosenFileThatGoesAwayMeanwhileLeavesThePresentBudget) {
+    makeOtherBudget("other");
+    open();
+    record(12, "Market", "Food");
+    const QString before = *defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
+    quit();
+    /// Pulls the stick while the question is shown.
+    class PulledStick final : public CVAlerts {
+    public:
+        explicit PulledStick(QString file) : mFile(std::move(file)) {}
+        CVAlert::Answer run(QWidget* /*window*/, const CVAlert& alert) override {
+            messages.append(alert.message);
+            QFile::remove(mFile);
+            return CVAlert::kDefault;
+        }
+        QStringList messages;
+
+    private:
+        QString mFile;
+    } alerts(dataFileIn("other"));
+    mDelegate = std::make_unique<CVAppDelegate>(mHome.settingsStore(), mHome.folders(), alerts, mPanels);
+    ASSERT_TRUE(mDelegate->applicationDidFinishLaunching());
+    mDelegate->showPreferences();
+    changeTo("other");
+    ASSERT_EQ(alerts.messages.size(), 2);
+    EXPECT_TRUE(alerts.messages[1].contains("could not be read: it is not there any more."))
+        << alerts.messages[1].toStdString();
+    EXPECT_EQ(defaults().stringForKey(CVDefaultsKeys::kDataFileLocation), before);
+    EXPECT_EQ(payees(), QStringList{"Market"});
+    quit();
+}
+
 TEST_F(PreferencesInApp, ADamagedChosenFileThatCannotBeReplacedAsksNothingAboutTheFormerBudget) {
     open();
     record(12, "Market", "Food");
