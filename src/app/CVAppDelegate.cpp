@@ -152,6 +152,10 @@ void CVAppDelegate::showWhetherSaved(const CVLoadReport& report) const {
 
 void CVAppDelegate::handleSaveFinished(const CVSaveOutcome& outcome) {
     mLockOperations->saveFinished();
+    if (outcome.keptIsBudget) {
+        mSaveTeller.markAsTold(outcome.keptCopy);
+        mMergeOperations->offer({outcome.keptCopy, outcome.common});
+    }
     mSaveTeller.tell(outcome, *mMainWindow, mFile.saves().isSaving(), mPreferences.get());
     if (mHistory)
         mHistory->versionsChanged();

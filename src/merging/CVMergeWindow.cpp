@@ -279,8 +279,9 @@ void CVMergeWindow::updateButtons() {
                                             : tr("Bring &In %1 Lines", nullptr, count).arg(numberOfLines(count)));
     setTextOfButton(*mBringInAll,
                     all < 2 ? tr("Bring In A&ll") : tr("Bring In A&ll %1 Lines", nullptr, all).arg(numberOfLines(all)));
-    mBringIn->setEnabled(count > 0);
-    mBringInAll->setEnabled(all > 0);
+    const bool canEdit = !document().isReadOnly();
+    mBringIn->setEnabled(count > 0 && canEdit);
+    mBringInAll->setEnabled(all > 0 && canEdit);
 }
 
 void CVMergeWindow::bringIn(const CVBudgetDifferences& chosenLines, int count) {

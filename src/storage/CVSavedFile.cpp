@@ -66,17 +66,17 @@ bool CVSavedFile::diskIsAway(const CVPathStatus& present) const {
     return mKnown && !present.signature && folder && folder->device != mFolderDevice;
 }
 
-CVOutsideChange CVSavedFile::read() const {
+CVOutsideChange CVSavedFile::read(const QString& path) {
     const auto budget = std::make_shared<CVDetachedDocument>();
-    const CVLoadReport report = CVDocumentReader().readFromURL(**budget, mPath);
+    const CVLoadReport report = CVDocumentReader().readFromURL(**budget, path);
     if (report.signature) {
         (*budget)->sortTransactionsByDate();
         (*budget)->updateDates();
-        return {CVOutsideChange::Kind::Changed, mPath, {}, budget, *report.signature, report.readAs()};
+        return {CVOutsideChange::Kind::Changed, path, {}, budget, *report.signature, report.readAs()};
     }
     const QString reason =
         report.reason.isEmpty() ? tr("it holds something that Corvella does not understand") : report.reason;
-    return {CVOutsideChange::Kind::Unreadable, mPath, reason};
+    return {CVOutsideChange::Kind::Unreadable, path, reason};
 }
 
 /// Empty when the budget can be written now.
@@ -85,7 +85,7 @@ QString CVSavedFile::whyNotNow(const CVPathStatus& present, CVUnreadableFile unr
         return tr("the disk on which it was is not there");
     if (!mIsWatched || !mKnown || !present.signature)
         return {};
-    const CVOutsideChange change = read();
+    const CVOutsideChange change = read(mPath);
     if (change.kind != CVOutsideChange::Kind::Unreadable)
         return {};
     mUnreadable = present.signature;
@@ -152,6 +152,8 @@ QString CVSavedFile::write(const CVDocumentText& text, const CVVersionKeeping& k
     } else if (due && !replacing.former.isEmpty()) {
         keepVersion(replacing.former, *due, keeping.limit, outcome);
     }
+    if (!outcome.keptCopy.isEmpty() && outcome.keptReason == CVKeptReason::ChangedOutside)
+        outcome.keptIsBudget = read(outcome.keptCopy).kind == CVOutsideChange::Kind::Changed;
     if (!outcome.keptCopy.isEmpty() && outcome.keptReason != CVKeptReason::AsItWasRead && former) {
         // What both had in common is in no file by now.
         outcome.common = former->text();
@@ -244,7 +246,7 @@ std::optional<CVOutsideChange> CVSavedFile::look() {
         return tell({CVOutsideChange::Kind::Gone, mPath, present.error});
     mJudged = present;
     mJudgedAt = Clock::now();
-    CVOutsideChange change = read();
+    CVOutsideChange change = read(mPath);
     if (change.kind == CVOutsideChange::Kind::Changed)
         return tell(std::move(change));
     // A file that is written in place cannot be read for a moment, which concerns nobody.

@@ -47,7 +47,7 @@ private:
     [[nodiscard]] bool isAsKnown(const CVPathStatus& present);
     [[nodiscard]] bool diskIsAway(const CVPathStatus& present) const;
     [[nodiscard]] QString whyNotNow(const CVPathStatus& present, CVUnreadableFile unreadable);
-    [[nodiscard]] CVOutsideChange read() const;
+    [[nodiscard]] static CVOutsideChange read(const QString& path);
     [[nodiscard]] QString write(const CVDocumentText& text, const CVVersionKeeping& keeping,
                                 const CVPathStatus& present, bool isKnown, CVSaveOutcome& outcome);
     /// Why a file that this program neither read nor wrote is to be kept before it is replaced.

@@ -6,6 +6,7 @@
 #include "model/CVCategory.h"
 #include "model/CVDocument.h"
 #include "model/CVTransaction.h"
+#include "storage/CVBudgetLock.h"
 #include "storage/CVDocumentXML.h"
 
 #include <QApplication>
@@ -34,6 +35,8 @@ protected:
     void SetUp() override {
         QFile file(path());
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        // A lock cannot be made here, as in a folder of which another system holds the rights.
+        ASSERT_TRUE(QDir().mkpath(CVBudgetLock(path()).path() + "/taken"));
         BudgetBuilder budget;
         file.write(CVDocumentXMLRepresentation(budget.lastID(1).document()).joined());
     }
@@ -152,6 +155,8 @@ TEST(Recorder, DISABLED_records) {
     auto settings = std::make_unique<QSettings>(home + "/settings.ini", QSettings::IniFormat);
     settings->setValue(CVDefaultsKeys::kDataFileLocation, qEnvironmentVariable("CORVELLA_RECORDER_FILE"));
     ScriptedAlerts alerts;
+    // Whoever cannot judge the lock opens the budget all the same.
+    alerts.answer({CVAlert::kFurther, CVAlert::kDefault});
     ScriptedPanels panels;
     CVAppDelegate delegate(std::move(settings), {home + "/data", home + "/documents"}, alerts, panels);
     ASSERT_TRUE(delegate.applicationDidFinishLaunching());
