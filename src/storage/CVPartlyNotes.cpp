@@ -33,7 +33,7 @@ void CVPartlyNotes::add(CVPartly what, int line, std::string_view name, std::str
 QString CVPartlyNotes::sentence(CVPartly what, const QString& line, const QString& name, const QString& value) {
     switch (what) {
     case CVPartly::Value:
-        return tr("Line %1: of %2=\"%3\" Corvella understood only a part or nothing.").arg(line, name, value);
+        return tr("Line %1: %2=\"%3\" was not understood as a whole.").arg(line, name, value);
     case CVPartly::UnknownAttribute:
         return tr("Line %1: %2=\"%3\" is unknown.").arg(line, name, value);
     case CVPartly::UnknownElement:

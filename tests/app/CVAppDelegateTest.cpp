@@ -231,7 +231,7 @@ TEST_F(CVAppDelegateTest, WhatWasNotUnderstoodIsToldAtTheStart) {
     EXPECT_EQ(mAlerts.shown().constFirst().title, "Your data file was read only in part");
     const QString message = mAlerts.shown().constFirst().message;
     EXPECT_TRUE(message.startsWith("7 places in “Corvella Data.corvella” were not understood, or only in part:\n\n"
-                                   "Line 3: of amount=\"1,50\" Corvella understood only a part or nothing.\n"))
+                                   "Line 3: amount=\"1,50\" was not understood as a whole.\n"))
         << message.toStdString();
     EXPECT_TRUE(message.contains("\n… and 2 more\n")) << message.toStdString();
     EXPECT_TRUE(message.contains(QFileInfo(dataFile()).path())) << message.toStdString();

@@ -85,13 +85,13 @@ TEST_F(CheckProgram, NotesWhatWasNotUnderstoodAndStillSucceeds) {
     const Result one = run({"check", "--data", write("one", QByteArray(kBudget).replace("45.10", "45,10"))});
     EXPECT_EQ(one.status, 0);
     EXPECT_TRUE(one.output.startsWith("transactions: 1\n")) << one.output.toStdString();
-    EXPECT_EQ(one.errors, "corvella: note: 1 place was not understood, or only in part: Line 4: of amount=\"45,10\" "
-                          "Corvella understood only a part or nothing.\n");
+    EXPECT_EQ(one.errors, "corvella: note: 1 place was not understood, or only in part: Line 4: amount=\"45,10\" was "
+                          "not understood as a whole.\n");
     const Result two =
         run({"check", "--data", write("two", QByteArray(kBudget).replace("45.10", "45,10").replace("2014/", "2014-"))});
     EXPECT_EQ(two.status, 0);
-    EXPECT_EQ(two.errors, "corvella: note: 2 places were not understood, or only in part; the first: Line 4: of "
-                          "date=\"2014-03/07\" Corvella understood only a part or nothing.\n");
+    EXPECT_EQ(two.errors, "corvella: note: 2 places were not understood, or only in part; the first: Line 4: "
+                          "date=\"2014-03/07\" was not understood as a whole.\n");
 }
 
 TEST_F(CheckProgram, AnswersVersionAndHelpWithoutADisplay) {

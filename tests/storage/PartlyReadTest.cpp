@@ -32,28 +32,26 @@ struct PartRow {
 TEST(PartlyRead, namesEachValueOfWhichOnlyAPartWasUnderstood) {
     for (const auto& [elements, line] : {
              PartRow{R"(<Transaction><Data date="2020-01-02"/></Transaction>)",
-                     "Line 2: of date=\"2020-01-02\" Corvella understood only a part or nothing."},
+                     "Line 2: date=\"2020-01-02\" was not understood as a whole."},
              {R"(<Transaction><Data date="2014/02/29"/></Transaction>)",
-              "Line 2: of date=\"2014/02/29\" Corvella understood only a part or nothing."},
+              "Line 2: date=\"2014/02/29\" was not understood as a whole."},
              {R"(<Transaction><Data date="2014/03/07 "/></Transaction>)",
-              "Line 2: of date=\"2014/03/07\" Corvella understood only a part or nothing."},
+              "Line 2: date=\"2014/03/07\" was not understood as a whole."},
              {R"(<Transaction><Data amount="12,50"/></Transaction>)",
-              "Line 2: of amount=\"12,50\" Corvella understood only a part or nothing."},
+              "Line 2: amount=\"12,50\" was not understood as a whole."},
              {R"(<Transaction><Data amount="12.345"/></Transaction>)",
-              "Line 2: of amount=\"12.345\" Corvella understood only a part or nothing."},
+              "Line 2: amount=\"12.345\" was not understood as a whole."},
              {R"(<Transaction><Data amount="nan"/></Transaction>)",
-              "Line 2: of amount=\"nan\" Corvella understood only a part or nothing."},
+              "Line 2: amount=\"nan\" was not understood as a whole."},
              {R"(<Transaction><Data amount="1e400"/></Transaction>)",
-              "Line 2: of amount=\"1e400\" Corvella understood only a part or nothing."},
+              "Line 2: amount=\"1e400\" was not understood as a whole."},
              {R"(<Transaction><Data amount="$5"/></Transaction>)",
-              "Line 2: of amount=\"$5\" Corvella understood only a part or nothing."},
-             {R"(<Transaction flag="true"/>)", "Line 2: of flag=\"true\" Corvella understood only a part or nothing."},
-             {R"(<Transaction tax_flag="1x"/>)",
-              "Line 2: of tax_flag=\"1x\" Corvella understood only a part or nothing."},
-             {R"(<Transaction categoryID="-5"/>)",
-              "Line 2: of categoryID=\"-5\" Corvella understood only a part or nothing."},
+              "Line 2: amount=\"$5\" was not understood as a whole."},
+             {R"(<Transaction flag="true"/>)", "Line 2: flag=\"true\" was not understood as a whole."},
+             {R"(<Transaction tax_flag="1x"/>)", "Line 2: tax_flag=\"1x\" was not understood as a whole."},
+             {R"(<Transaction categoryID="-5"/>)", "Line 2: categoryID=\"-5\" was not understood as a whole."},
              {R"(<Transaction transaction_set_id="4294967296"/>)",
-              "Line 2: of transaction_set_id=\"4294967296\" Corvella understood only a part or nothing."},
+              "Line 2: transaction_set_id=\"4294967296\" was not understood as a whole."},
              {R"(<Transaction colour="red"/>)", "Line 2: colour=\"red\" is unknown."},
              {R"(<Transaction><Note>x</Note></Transaction>)", "Line 2: <Note> is unknown."},
              {R"(<Transaction><Category id="1"/></Transaction>)", "Line 2: <Category> is unknown."},
@@ -69,11 +67,11 @@ TEST(PartlyRead, namesEachValueOfWhichOnlyAPartWasUnderstood) {
              {R"(<Transaction><For>a&#13;b</For></Transaction>)",
               "Line 2: a character of the text “a b” cannot be saved."},
              {R"(<Category id="1">a<ExpenseEstimates frequency="monthly"/></Category>)",
-              "Line 2: of frequency=\"monthly\" Corvella understood only a part or nothing."},
+              "Line 2: frequency=\"monthly\" was not understood as a whole."},
              {R"(<Category id="1">a<ExpenseEstimates freqA="Monthly" freqB="Weekly"/></Category>)",
               "Line 2: another “freqB” replaces what stood before it."},
              {R"(<Category id="1">a<ExpenseEstimates target="1.005"/></Category>)",
-              "Line 2: of target=\"1.005\" Corvella understood only a part or nothing."},
+              "Line 2: target=\"1.005\" was not understood as a whole."},
              {R"(<Category id="1">a<ExpenseEstimates target="1"/>b</Category>)",
               "Line 2: the text “b” belongs to no field."},
              {R"(<Category id="1" parent="2">a</Category>)", "Line 2: parent=\"2\" is unknown."},
@@ -118,13 +116,12 @@ TEST(PartlyRead, countsNothingThatIsWrittenAgainWithTheSameMeaning) {
 }
 
 TEST(PartlyRead, looksAtTheRootAndTheCountersToo) {
-    EXPECT_EQ(
-        partlyOf("<CorvellaDocument os=\"x\" app=\"y\" app_version=\"z\" xmlns=\"urn:1\" other=\"o\">"
-                 "<MiscInfo id=\"12x\" next=\"1\"/><MiscInfo id=\"1\"/></CorvellaDocument>")
-            .lines,
-        QStringList({"Line 1: xmlns=\"urn:1\" is unknown.", "Line 1: other=\"o\" is unknown.",
-                     "Line 1: of id=\"12x\" Corvella understood only a part or nothing.",
-                     "Line 1: next=\"1\" is unknown.", "Line 1: another “MiscInfo” replaces what stood before it."}));
+    EXPECT_EQ(partlyOf("<CorvellaDocument os=\"x\" app=\"y\" app_version=\"z\" xmlns=\"urn:1\" other=\"o\">"
+                       "<MiscInfo id=\"12x\" next=\"1\"/><MiscInfo id=\"1\"/></CorvellaDocument>")
+                  .lines,
+              QStringList({"Line 1: xmlns=\"urn:1\" is unknown.", "Line 1: other=\"o\" is unknown.",
+                           "Line 1: id=\"12x\" was not understood as a whole.", "Line 1: next=\"1\" is unknown.",
+                           "Line 1: another “MiscInfo” replaces what stood before it."}));
     EXPECT_EQ(partlyOf("<!DOCTYPE CorvellaDocument>\n" + inRoot("").mid(inRoot("").indexOf('\n') + 1)).lines.value(0),
               "Line 1: the document type “CorvellaDocument” is left out.");
 }
@@ -145,15 +142,14 @@ TEST(PartlyRead, givesTheNumberOfAllAndTheFirstLines) {
     const CVPartlyRead partly = partlyOf(inRoot(elements));
     EXPECT_EQ(partly.count, 1000);
     ASSERT_EQ(partly.lines.size(), 5);
-    EXPECT_TRUE(partly.lines[4].startsWith("Line 6: of amount=\"5,5\" ")) << partly.lines[4].toStdString();
+    EXPECT_TRUE(partly.lines[4].startsWith("Line 6: amount=\"5,5\" ")) << partly.lines[4].toStdString();
 }
 
 TEST(PartlyRead, showsWhatStoodThereInOneShortLine) {
     const QString line = partlyOf(withData("amount=\"%2 " + QByteArray(500, 'x') + "\"")).lines.value(0);
-    EXPECT_EQ(line, "Line 2: of amount=\"%2 " + QString(37, 'x') + "…\" Corvella understood only a part or nothing.");
-    EXPECT_EQ(
-        partlyOf(withData("amount=\"a&#10;&#9;b\xe2\x80\xae\xf0\x9f\x98\x80\"")).lines.value(0),
-        QString::fromUtf8("Line 2: of amount=\"a b \xf0\x9f\x98\x80\" Corvella understood only a part or nothing."));
+    EXPECT_EQ(line, "Line 2: amount=\"%2 " + QString(37, 'x') + "…\" was not understood as a whole.");
+    EXPECT_EQ(partlyOf(withData("amount=\"a&#10;&#9;b\xe2\x80\xae\xf0\x9f\x98\x80\"")).lines.value(0),
+              QString::fromUtf8("Line 2: amount=\"a b \xf0\x9f\x98\x80\" was not understood as a whole."));
 }
 
 TEST(PartlyRead, countsNothingThatThisProgramWrites) {
