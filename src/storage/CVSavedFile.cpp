@@ -140,8 +140,8 @@ QString CVSavedFile::write(const CVDocumentText& text, const CVVersionKeeping& k
     outcome.diskIsFull = replacing.diskIsFull();
     outcome.isOpenToOthers = replacing.isOpenToOthers;
     if (replacing.written && !replacing.lostAccess.isEmpty()) {
-        outcome.accessTrouble = tr("“%1” was saved, but %2.")
-                                    .arg(QDir::toNativeSeparators(mPath), replacing.lostAccess.join(tr(" and ")));
+        outcome.accessTrouble =
+            tr("“%1” was saved, but %2.").arg(QFileInfo(mPath).fileName(), replacing.lostAccess.join(tr(" and ")));
     }
     // Until what stood there gets a name of its own, it bears that of a temporary file, which the next start
     // recognises.

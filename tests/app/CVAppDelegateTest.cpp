@@ -240,6 +240,23 @@ TEST_F(CVAppDelegateTest, WhatWasNotUnderstoodIsToldAtTheStart) {
     EXPECT_EQ(bytesOf(dataFile()), file + "</CorvellaDocument>\n") << "nothing was written";
 }
 
+TEST_F(CVAppDelegateTest, AFileThatWasReadInPartIsKeptAtTheFirstSaveWithoutAnotherAlert) {
+    const QByteArray file = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<CorvellaDocument><MiscInfo id=\"1\"/>\n"
+                            "<!-- mine --><Category id=\"1\">Food</Category></CorvellaDocument>\n";
+    writeDataFile(file);
+    auto delegate = start();
+    EXPECT_EQ(mAlerts.shown().size(), 1);
+    record(*delegate, "1", "Somebody", "Food");
+    const auto* const remark = find<QLabel>(*delegate, "mRemark");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return remark->text().startsWith("Your file is kept as it was read in “"); }))
+        << remark->text().toStdString();
+    EXPECT_EQ(mAlerts.shown().size(), 1);
+    const QString name = remark->text().section(u'“', 1).section(u'”', 0, 0);
+    EXPECT_TRUE(name.startsWith("Corvella Data (as it was read ")) << name.toStdString();
+    EXPECT_EQ(bytesOf(QFileInfo(dataFile()).path() + '/' + name), file);
+    quit(delegate);
+}
+
 TEST_F(CVAppDelegateTest, AFailedSaveIsShownAndTheNextOneTriesAgain) {
     auto delegate = start();
     // A file with the name of the data file's folder makes it impossible to make that folder.
