@@ -14,6 +14,7 @@
 
 #include <functional>
 #include <ostream>
+#include <thread>
 
 namespace {
 
@@ -178,6 +179,32 @@ const AccessList kTeam{{Entry::kOwner, 6},
                        {Entry::kOwningGroup, 0},
                        {Entry::kMask, 6},
                        {Entry::kOthers, 0}};
+/// The mode of a file with a list shows what the list gives, which a file without a list would give to its group.
+TEST(AccessOfTwoFiles, isNotMixedWhenOneTakesThePlaceOfTheOther) {
+    const ScratchHome home;
+    const QString path = home.path(QStringLiteral("A Folder/Data.corvella"));
+    const QString other = home.path(QStringLiteral("A Folder/other"));
+    writeFile(path, "old");
+    writeFile(other, "other");
+    setMode(other, 0600);
+    if (!setList(path, kTeam))
+        GTEST_SKIP() << "the file system keeps no access control lists";
+    FaultyCalls::arm(home.path(), {});
+    std::thread saving;
+    {
+        const FaultyCalls::Gate gate("getxattr");
+        saving = std::thread(
+            [&path] { (void)CVReplaceFile(path, [](QIODevice& output) { return output.write("new") == 3; }); });
+        FaultyCalls::Gate::waitForArrival();
+        EXPECT_EQ(::rename(QFile::encodeName(other).constData(), QFile::encodeName(path).constData()), 0);
+    }
+    saving.join();
+    (void)FaultyCalls::disarm();
+    EXPECT_EQ(readFile(path), "new");
+    EXPECT_EQ(listOf(path), AccessList());
+    EXPECT_EQ(modeOf(path), 0600);
+}
+
 const AccessList kReaders{{Entry::kOwner, 6},       {Entry::kUser, 0, kNamedUser},
                           {Entry::kOwningGroup, 4}, {Entry::kGroup, 6, kNamedGroup},
                           {Entry::kMask, 4},        {Entry::kOthers, 4}};
