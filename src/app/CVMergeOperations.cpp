@@ -40,11 +40,10 @@ void CVMergeOperations::setDocument(CVDocument& document) {
     }
 }
 
-CVBroughtIn CVMergeOperations::bringIn(const CVDocument& merged, const CVDocument& ours,
-                                       const CVBudgetDifferences& lines) {
+int CVMergeOperations::bringIn(const CVDocument& merged, const CVDocument& ours, const CVBudgetDifferences& lines) {
     CVCommitOpenEditor(mApp.mainWindow()->window()->focusWidget());
-    CVBroughtIn in = CVBringIn(mApp.document(), merged, ours, lines);
-    if (in.lines > 0)
+    const int count = CVBringIn(mApp.document(), merged, ours, lines);
+    if (count > 0)
         mApp.mainWindow()->getStarted();
-    return in;
+    return count;
 }

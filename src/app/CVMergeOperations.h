@@ -25,7 +25,7 @@ public:
     /// The budget of another data file, or the same read anew, took the place of the former document.
     void setDocument(CVDocument& document);
 
-    CVBroughtIn bringIn(const CVDocument& merged, const CVDocument& ours, const CVBudgetDifferences& lines) override;
+    int bringIn(const CVDocument& merged, const CVDocument& ours, const CVBudgetDifferences& lines) override;
 
     /// Null until something is first offered.
     [[nodiscard]] CVMergeWindow* window() { return mWindow.get(); }

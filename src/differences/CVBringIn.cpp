@@ -5,16 +5,16 @@
 
 #include <algorithm>
 
-CVBroughtIn CVBringIn(CVDocument& present, const CVDocument& merged, const CVDocument& ours,
-                      const CVBudgetDifferences& chosen) {
+int CVBringIn(CVDocument& present, const CVDocument& merged, const CVDocument& ours,
+              const CVBudgetDifferences& chosen) {
     CVTakeDifferences taking(present, merged, CVBudgetDifferences::between(merged, present, &ours),
                              CVRenamedCategory::IsTheSame);
     taking.removeTransactions(chosen);
     taking.take(chosen);
     taking.removeRecords(chosen);
     if (taking.count() == 0)
-        return {};
+        return 0;
     present.setUniqueID(std::max(present.uniqueID(), merged.uniqueID()));
     present.askForVersion(CVVersionReason::TakingOver);
-    return {taking.finish(), taking.moved()};
+    return taking.finish();
 }

@@ -98,15 +98,14 @@ public:
         , mCategories(mergedRecords<CVCategory>(budgets, categoriesOf, CVMatchCategories,
                                                 namedWithoutCategory(budgets.ours), mIDs)) {}
 
-    [[nodiscard]] CVMergedBudget merge(const CVMovedContents& taken);
+    [[nodiscard]] CVMergedBudget merge();
 
 private:
     /// Contents name sets and categories by their IDs in the merged budget.
     [[nodiscard]] CVTransactionContent ofOurs(const CVTransaction& transaction) const;
     [[nodiscard]] CVTransactionContent ofTheirs(const CVTransaction& transaction) const;
     [[nodiscard]] CVTransactionContent ofCommon(const CVTransaction& transaction) const;
-    [[nodiscard]] CVTransactionContent ofTaken(const CVMovedContent& moved) const;
-    void count(const CVMovedContents& taken);
+    void count();
     void findLinesChangedTwice();
     void placeTransactions();
     void place(const CVTransaction& transaction, const CVTransactionContent& content);
@@ -133,8 +132,8 @@ private:
     CVMergedBudget mMerged{std::make_shared<CVDetachedDocument>(), {}, {}, {}};
 };
 
-CVMergedBudget Merging::merge(const CVMovedContents& taken) {
-    count(taken);
+CVMergedBudget Merging::merge() {
+    count();
     findLinesChangedTwice();
     placeTransactions();
     placeRecords();
@@ -168,20 +167,7 @@ CVTransactionContent Merging::ofCommon(const CVTransaction& transaction) const {
             mCategories.ofCommon(transaction.categoryID()).value_or(mNoCategory)};
 }
 
-/// What was taken over may be gone by now.
-CVTransactionContent Merging::ofTaken(const CVMovedContent& moved) const {
-    const auto idOf = [](const auto& records, quint32 id) {
-        const auto ours = records.ofOurs(id);
-        return ours ? ours : records.ofCommon(id);
-    };
-    CVTransactionContent content = moved.content;
-    content.set = idOf(mSets, *content.set).value_or(*content.set);
-    content.category =
-        moved.hasCategory ? idOf(mCategories, *content.category).value_or(*content.category) : mNoCategory;
-    return content;
-}
-
-void Merging::count(const CVMovedContents& taken) {
+void Merging::count() {
     mCounts.reserve(
         static_cast<qsizetype>(std::max(mBudgets.ours.transactions().size(), mBudgets.theirs.transactions().size())));
     for (const auto& transaction : mBudgets.ours.transactions())
@@ -191,8 +177,6 @@ void Merging::count(const CVMovedContents& taken) {
     if (mBudgets.common) {
         for (const auto& transaction : mBudgets.common->transactions())
             ++mCounts[ofCommon(*transaction)].common;
-        for (const CVMovedContent& moved : taken)
-            mCounts[ofTaken(moved)].common += moved.by;
     }
     for (Counts& counts : mCounts) {
         if (!mBudgets.common)
@@ -289,10 +273,9 @@ void Merging::findLinesChangedTwice() {
 } // namespace
 
 CVMergedBudget CVMergeBudgets(const CVDocument* common, const CVDocument& ours, const CVDocument& theirs) {
-    return Merging({common, ours, theirs, false}).merge({});
+    return Merging({common, ours, theirs, false}).merge();
 }
 
-CVMergedBudget CVMergeRest(const CVDocument& oursThen, const CVDocument& ours, const CVDocument& merged,
-                           const CVMovedContents& taken) {
-    return Merging({&oursThen, ours, merged, true}).merge(taken);
+CVMergedBudget CVMergeRest(const CVDocument& oursThen, const CVDocument& ours, const CVDocument& merged) {
+    return Merging({&oursThen, ours, merged, true}).merge();
 }

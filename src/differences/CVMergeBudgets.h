@@ -31,7 +31,6 @@ struct CVMergedBudget {
 ///
 [[nodiscard]] CVMergedBudget CVMergeBudgets(const CVDocument* common, const CVDocument& ours, const CVDocument& theirs);
 
-/// The rest of a merge of which our side has taken over a part: `merged` is its result, `oursThen` what our side was,
-/// `taken` what of the result it has taken over since. All three and `ours` have our IDs.
-[[nodiscard]] CVMergedBudget CVMergeRest(const CVDocument& oursThen, const CVDocument& ours, const CVDocument& merged,
-                                         const CVMovedContents& taken);
+/// The rest of a merge of which our side may have taken over a part since: `merged` is its result, `oursThen` what our
+/// side was. All three have our IDs.
+[[nodiscard]] CVMergedBudget CVMergeRest(const CVDocument& oursThen, const CVDocument& ours, const CVDocument& merged);

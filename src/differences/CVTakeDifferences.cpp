@@ -2,6 +2,7 @@
 
 #include "base/CVNotifications.h"
 #include "base/QBNotificationCenter.h"
+#include "differences/CVTransactionContent.h"
 #include "model/CVCategory.h"
 #include "model/CVDocument.h"
 #include "model/CVTransaction.h"
@@ -126,18 +127,10 @@ void CVTakeDifferences::restore(const CVTransaction& before, CVTransaction* afte
     restored.setTransactionSetID(mRecords.setFor(before.transactionSetID()));
     restored.setCategoryID(mRecords.categoryFor(before.categoryID()));
     restored.setDocument(&mPresent);
-    noteMove(restored, 1);
-    if (after) {
-        noteMove(*after, -1);
+    if (after)
         *after = restored;
-    } else {
+    else
         mPresent.addTransaction(std::make_shared<CVTransaction>(restored));
-    }
-}
-
-void CVTakeDifferences::noteMove(const CVTransaction& transaction, int by) {
-    const bool hasCategory = mPresent.getCategoryByUniqueID(transaction.categoryID()) != nullptr;
-    mMoved.push_back({CVTransactionContent(transaction), hasCategory, by});
 }
 
 void CVTakeDifferences::removeRecords(const CVBudgetDifferences& chosen) {
@@ -159,7 +152,6 @@ void CVTakeDifferences::removeTransactions(const CVBudgetDifferences& chosen) {
         const auto found = present.find(CVTransactionContent(*after));
         if (found == present.end() || found->empty())
             continue;
-        noteMove(*found->back(), -1);
         removed.push_back(found->back());
         found->pop_back();
     }

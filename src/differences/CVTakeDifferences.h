@@ -2,7 +2,6 @@
 
 #include "differences/CVBudgetDifferences.h"
 #include "differences/CVTakenRecords.h"
-#include "differences/CVTransactionContent.h"
 
 #include <unordered_set>
 #include <utility>
@@ -29,15 +28,12 @@ public:
     [[nodiscard]] int finish();
     /// How many lines were changed up to now.
     [[nodiscard]] int count() const { return mCount; }
-    /// What was changed among the transactions, in the IDs of the present budget.
-    [[nodiscard]] const CVMovedContents& moved() const { return mMoved; }
 
 private:
     void take(const std::vector<CVRecordDifference<CVTransactionSet>>& chosen);
     void take(const std::vector<CVRecordDifference<CVCategory>>& chosen);
     void take(const std::vector<CVTransactionDifference>& chosen);
     void restore(const CVTransaction& before, CVTransaction* after);
-    void noteMove(const CVTransaction& transaction, int by);
     void noteNamesakes(const CVRecordDifference<CVCategory>& renamed);
     void joinNamesakes();
     void remove(const std::vector<CVRecordDifference<CVTransactionSet>>& chosen);
@@ -50,7 +46,6 @@ private:
     CVTakenRecords mRecords;
     /// Categories that go, each with the ID of the one that their transactions join.
     std::vector<std::pair<std::shared_ptr<CVCategory>, quint32>> mNamesakes;
-    CVMovedContents mMoved;
     bool mHasChangedSets = false;
     int mCount = 0;
 };

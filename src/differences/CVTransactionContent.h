@@ -7,7 +7,6 @@
 #include <QString>
 
 #include <optional>
-#include <vector>
 
 class CVTransaction;
 
@@ -33,12 +32,3 @@ struct CVTransactionContent {
 };
 
 [[nodiscard]] size_t qHash(const CVTransactionContent& content, size_t seed = 0);
-
-/// A content of which there are more now, or with a minus sign fewer.
-struct CVMovedContent {
-    CVTransactionContent content;
-    /// Whether a category had the ID that the content names.
-    bool hasCategory;
-    int by;
-};
-using CVMovedContents = std::vector<CVMovedContent>;

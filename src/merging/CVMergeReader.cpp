@@ -39,10 +39,10 @@ void CVMergeReader::read(CVDocumentText present, CVMergeSource source) {
     });
 }
 
-void CVMergeReader::readRest(CVDocumentText present, const CVMergeFindings& former, CVMovedContents taken) {
-    start([present = std::move(present), former, taken = std::move(taken)](CVDocumentFile& file) {
-        return comparison({former.path}, file, present, [&former, &taken](const CVDocument& ours) {
-            return CVMergeRest(**former.comparison->ours, ours, **former.comparison->merged.budget, taken);
+void CVMergeReader::readRest(CVDocumentText present, const CVMergeFindings& former) {
+    start([present = std::move(present), former](CVDocumentFile& file) {
+        return comparison({former.path}, file, present, [&former](const CVDocument& ours) {
+            return CVMergeRest(**former.comparison->ours, ours, **former.comparison->merged.budget);
         });
     });
 }

@@ -32,8 +32,8 @@ class CVMergeReader final : public QObject {
 public:
     /// Begins anew: reads the file and merges it.
     void read(CVDocumentText present, CVMergeSource source);
-    /// Begins anew: merges the rest of a former comparison of which the present budget has taken over a part.
-    void readRest(CVDocumentText present, const CVMergeFindings& former, CVMovedContents taken);
+    /// Begins anew: merges the rest of a former comparison of which the present budget may have taken over a part.
+    void readRest(CVDocumentText present, const CVMergeFindings& former);
 
 signals:
     /// Always emitted from the event loop.

@@ -3,7 +3,6 @@
 #include "base/CVDefaultsKeys.h"
 #include "base/QBUserDefaults.h"
 #include "comparing/CVVersionLinePane.h"
-#include "differences/CVBringIn.h"
 #include "format/QBLocale.h"
 #include "merging/CVBothSidesText.h"
 #include "merging/CVMergeHost.h"
@@ -182,7 +181,7 @@ void CVMergeWindow::refresh() {
         return;
     mIsCurrent = false;
     if (offered->first.comparison)
-        mReader->readRest(CVDocumentXMLRepresentation(document()), offered->first, offered->taken);
+        mReader->readRest(CVDocumentXMLRepresentation(document()), offered->first);
     else
         mReader->read(CVDocumentXMLRepresentation(document()), offered->source);
     readingBegan();
@@ -264,7 +263,7 @@ void CVMergeWindow::showMessage() {
         message = tr("This file cannot be read: %1").arg(mShown.problem);
     else if (!mShown.comparison)
         message = tr("Reading the other file…");
-    else if (offered && !offered->taken.empty())
+    else if (offered && offered->wasTaken)
         message = tr("Everything of that file is in your budget now.");
     else
         message = tr("Your budget already holds everything of that file.");
@@ -289,15 +288,15 @@ void CVMergeWindow::bringIn(const CVBudgetDifferences& chosenLines, int count) {
     const auto comparison = mShown.comparison;
     const CVBudgetDifferences some = chosenLines;
     Offered* const offered = chosen();
-    const CVBroughtIn in = mHost.bringIn(**comparison->merged.budget, **comparison->ours, some);
-    offered->taken.insert(offered->taken.end(), in.moved.begin(), in.moved.end());
-    mIsCurrent = in.lines == 0;
-    const QString number = numberOfLines(in.lines);
-    if (in.lines < count)
+    const int in = mHost.bringIn(**comparison->merged.budget, **comparison->ours, some);
+    offered->wasTaken = offered->wasTaken || in > 0;
+    mIsCurrent = in == 0;
+    const QString number = numberOfLines(in);
+    if (in < count)
         setRemark(tr("%1 of %2 lines brought in; the others do not fit your budget as it is now", nullptr, count)
                       .arg(number, numberOfLines(count)));
     else
-        setRemark(in.lines == 1 ? tr("1 line brought in") : tr("%1 lines brought in", nullptr, in.lines).arg(number));
+        setRemark(in == 1 ? tr("1 line brought in") : tr("%1 lines brought in", nullptr, in).arg(number));
     compareSoon();
     showState();
     // The button is disabled now, and the focus would go to the next control.

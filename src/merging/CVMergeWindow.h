@@ -38,8 +38,8 @@ private:
         CVMergeSource source;
         /// What was found when it was read; later on, only the rest of that is compared.
         CVMergeFindings first = {};
-        /// What the budget has taken over since.
-        CVMovedContents taken = {};
+        /// Whether lines of it were brought in.
+        bool wasTaken = false;
         /// Whether the budget holds all of it.
         bool isIn = false;
     };

@@ -27,7 +27,7 @@ using MergeColumn = CVVersionLines::Column;
 class BringingHost final : public CVMergeHost {
 public:
     explicit BringingHost(CVDocument& document) : mDocument(document) {}
-    CVBroughtIn bringIn(const CVDocument& merged, const CVDocument& ours, const CVBudgetDifferences& lines) override {
+    int bringIn(const CVDocument& merged, const CVDocument& ours, const CVBudgetDifferences& lines) override {
         return CVBringIn(mDocument, merged, ours, lines);
     }
 
