@@ -103,8 +103,10 @@ void CVLineWindow::setTextOfButton(QPushButton& button, const QString& text) {
 void CVLineWindow::addHelpAndClose(QHBoxLayout& row, CVHelpOpener* help, const QString& page) {
     row.addStretch();
     if (help) {
-        connect(&addButton(row, tr("&Help"), "mHelpButton"), &QPushButton::clicked, this,
-                [this, help, page] { help->showHelpPage(page, *this); });
+        QPushButton& button = addButton(row, tr("&Help"), "mHelpButton");
+        connect(&button, &QPushButton::clicked, this, [this, help, page] { help->showHelpPage(page, *this); });
+        auto* const key = new QShortcut(QKeySequence::HelpContents, this);
+        connect(key, &QShortcut::activated, &button, &QPushButton::click);
     }
     connect(&addButton(row, tr("&Close"), "mCloseButton"), &QPushButton::clicked, this, &QDialog::reject);
 }

@@ -157,4 +157,25 @@ TEST_F(CVVersionLinesTest, AreNoneWithoutDifferences) {
     EXPECT_EQ(none.count(CVVersionSign::Removed), 0U);
 }
 
+TEST_F(CVVersionLinesTest, OfAnotherFileSayWhatItWouldDoToTheBudget) {
+    // The other file is what the budget is to become, and the present budget is the later of the two lists.
+    const auto differences = std::make_shared<CVBudgetDifferences>(
+        CVBudgetDifferences::between(mVersion.document(), mPresent.document(), &mPresent.document()));
+    CVVersionLines::ChangedTwice changedTwice;
+    changedTwice.insert(mVersion.transactionAt(0).get(), mPresent.transactionAt(0));
+    const CVVersionLines shownLines(differences, CVComparedWith::Other, changedTwice);
+    QStringList texts;
+    for (std::size_t line = 0; line < shownLines.size(); ++line)
+        texts.append(shown(shownLines, line));
+    EXPECT_EQ(texts, (QStringList{"Set renamed there|Giro>Checking", "Set added there|Old",
+                                  "Category changed there|$60.00>$50.00|Plan, Weekly>Plan, Monthly|Food",
+                                  "Category added there|$0.00|Plan, Weekly|Gone",
+                                  "Category removed there|$0.00|Plan, Weekly|Fuel",
+                                  "Changed there|3/7/14|$21.00>$12.00|Baker|Food|Giro>Checking",
+                                  "Changed on both sides|3/7/14>3/6/14|$21.00>$30.00|Baker>Market|Food|Giro>Checking",
+                                  "Removed there|3/5/14|$1,234.50|Station|Fuel|Giro|Yes"}));
+    EXPECT_EQ(shownLines.count(CVVersionSign::Added), 3U);
+    EXPECT_EQ(shownLines.count(CVVersionSign::Removed), 2U);
+}
+
 } // namespace
