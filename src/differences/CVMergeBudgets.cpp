@@ -28,12 +28,16 @@ struct ThreeBudgets {
     const CVDocument* common;
     const CVDocument& ours;
     const CVDocument& theirs;
-    /// Whether one ID means one record in all of them.
-    bool haveSameIDs;
+    /// Whether theirs was made of the common state, with its IDs.
+    bool isMadeOfCommon;
 
-    /// The common state where it tells that a record of this side was renamed.
-    [[nodiscard]] const CVDocument* descent(const CVDocument& side) const {
-        return common && (haveSameIDs || CVBudgetDifferences::isLaterState(*common, side)) ? common : nullptr;
+    /// The common state where it tells that a record of that side was renamed. A budget that was begun anew has other
+    /// records with the same IDs.
+    [[nodiscard]] const CVDocument* descentOfOurs() const {
+        return common && CVBudgetDifferences::isLaterState(*common, ours) ? common : nullptr;
+    }
+    [[nodiscard]] const CVDocument* descentOfTheirs() const {
+        return common && (isMadeOfCommon || CVBudgetDifferences::isLaterState(*common, theirs)) ? common : nullptr;
     }
 };
 
@@ -45,8 +49,8 @@ CVMergedRecords<Record> mergedRecords(const ThreeBudgets& budgets, RecordsOf rec
     const typename CVMergedRecords<Record>::Sides sides{
         budgets.common ? CVFirstOfEachID(recordsOf(*budgets.common)) : Records(),
         CVFirstOfEachID(recordsOf(budgets.ours)), CVFirstOfEachID(recordsOf(budgets.theirs))};
-    const CVDocument* const ofUs = budgets.descent(budgets.ours);
-    const CVDocument* const ofThem = budgets.descent(budgets.theirs);
+    const CVDocument* const ofUs = budgets.descentOfOurs();
+    const CVDocument* const ofThem = budgets.descentOfTheirs();
     return {sides,
             {match(sides.theirs, sides.ours, ofUs ? ofThem : nullptr), match(sides.common, sides.ours, ofUs),
              match(sides.common, sides.theirs, ofThem)},

@@ -592,6 +592,16 @@ TEST_F(CVBringInTest, ALineOfARenamedCategoryJoinsItUnderOurName) {
     EXPECT_EQ(mPresent.document().countOfCategories(), 3U);
 }
 
+TEST_F(CVBringInTest, AfterOursWasBegunAnewTheSameIDsMeanOtherCategories) {
+    mTheirs.categoryNamed("Food")->setExpenseTarget(250);
+    mergeAndOpen();
+    BudgetBuilder anew;
+    anew.category("Auto", 3).category("Books", 4).category("Clothes", 5).lastID(5);
+    const auto rest = CVMergeRest(mOurs.document(), anew.document(), **mMerged.budget);
+    EXPECT_EQ((*rest.budget)->getCategoryByUniqueID(3)->categoryName(), "Auto");
+    EXPECT_EQ((*rest.budget)->getCategoryByUniqueID(3)->expenseTarget(), 0) << "the plan was that for food";
+}
+
 TEST_F(CVBringInTest, TheFirstSetsOfTheOtherSideKeepOurLinesShown) {
     BudgetBuilder common;
     common.category("Food", 3).transaction({.payTo = "Kiosk", .categoryID = 3});
