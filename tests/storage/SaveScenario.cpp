@@ -74,7 +74,8 @@ const FaultyCalls::Record& SaveScenario::save(std::vector<FaultyCalls::Fault> fa
 }
 
 QStringList SaveScenario::broken() const {
-    QStringList faults{brokenFile(), brokenWord(), brokenKeeping(), brokenVersion(), brokenCommonState(), brokenLeftovers(), brokenModes()};
+    QStringList faults{brokenFile(),        brokenWord(),      brokenKeeping(), brokenVersion(),
+                       brokenCommonState(), brokenLeftovers(), brokenModes()};
     faults.removeAll(QString());
     return faults;
 }
@@ -214,8 +215,8 @@ QString SaveScenario::brokenLeftovers() const {
     if (mRecord.failed("unlink"))
         return {};
     for (const QString& name : namesIn(mFolder)) {
-        const bool isKnown = mFolder + u'/' + name == mPath || name.contains(kKeptName) ||
-                             name == QLatin1String("Earlier Versions");
+        const bool isKnown =
+            mFolder + u'/' + name == mPath || name.contains(kKeptName) || name == QLatin1String("Earlier Versions");
         // A former file that could not become a version stays until the next start.
         const bool isFormer = mHadVersionTrouble && readFile(mFolder + u'/' + name) == mOld;
         if (!isKnown && !isFormer)
