@@ -39,7 +39,8 @@ struct CVSaveOutcome {
     QString keptCopy = {};
     /// Why it is kept; counts only with a kept copy.
     CVKeptReason keptReason = CVKeptReason::ChangedOutside;
-    /// Whether the kept file holds a budget, whose lines can be brought in; known only for one that was changed outside.
+    /// Whether the kept file holds a budget, whose lines can be brought in; known only for one that was changed
+    /// outside.
     bool keptIsBudget = false;
     /// Whether the file is new and others may read or write it, because its disk keeps no access rights.
     bool isOpenToOthers = false;

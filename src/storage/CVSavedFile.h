@@ -37,8 +37,8 @@ public:
     [[nodiscard]] std::optional<CVOutsideChange> look();
     /// Takes the changed file of that signature for what this program last read, and keeps `former`, the text of the
     /// budget until then, as a version. Only the version's trouble of the outcome counts.
-    [[nodiscard]] CVSaveOutcome takeOver(const CVFileSignature& signature, CVReadAs readAs, const CVDocumentText& former,
-                                         qint64 versionLimit);
+    [[nodiscard]] CVSaveOutcome takeOver(const CVFileSignature& signature, CVReadAs readAs,
+                                         const CVDocumentText& former, qint64 versionLimit);
 
 private:
     using Clock = std::chrono::steady_clock;
