@@ -80,7 +80,7 @@ void CVOutsideChanges::handle(const CVOutsideChange& change) {
         return status.remark(
             tr("Your data file “%1” is not there any more. Your budget is still open here.").arg(file));
     case CVOutsideChange::Kind::AsKnown:
-        status.remark(tr("Your data file “%1” is there again.").arg(file));
+        status.remark(tr("Your data file “%1” is again as Corvella last read or saved it.").arg(file));
         if (mLastSaveFailed)
             mApp.document().workbookSave();
     }
