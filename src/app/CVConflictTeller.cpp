@@ -3,7 +3,7 @@
 #include "app/CVAppDelegate.h"
 #include "app/CVMergeOperations.h"
 #include "base/CVDefaultsKeys.h"
-#include "base/CVReplaceFile.h"
+#include "files/CVReplaceFile.h"
 #include "format/QBLocale.h"
 #include "model/CVDocument.h"
 #include "versions/CVConflictCopies.h"

@@ -2,9 +2,9 @@
 
 #include "app/CVAppDelegate.h"
 #include "app/CVReadingPanel.h"
-#include "base/CVMoveFile.h"
-#include "base/CVWriteOutputFile.h"
 #include "differences/CVBringBack.h"
+#include "files/CVMoveFile.h"
+#include "files/CVWriteOutputFile.h"
 #include "model/CVDetachedDocument.h"
 #include "model/CVDocument.h"
 #include "storage/CVDocumentXML.h"

@@ -1,7 +1,7 @@
 #include "base/QBUserDefaults.h"
 
 #include "base/CVBundle.h"
-#include "base/CVMakePrivate.h"
+#include "files/CVMakePrivate.h"
 
 #include <QSettings>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/CVRuntimeFolder.h"
+#include "files/CVRuntimeFolder.h"
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 #include "commands/CVStandardStreams.h"
 
-#include "base/CVWriteOutputFile.h"
 #include "commands/CVErrorLine.h"
+#include "files/CVWriteOutputFile.h"
 
 #include <QCoreApplication>
 #include <QIODevice>

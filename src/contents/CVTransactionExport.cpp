@@ -1,7 +1,7 @@
 #include "contents/CVTransactionExport.h"
 
-#include "base/CVWriteOutputFile.h"
 #include "contents/CVTransactionText.h"
+#include "files/CVWriteOutputFile.h"
 #include "model/CVTransaction.h"
 #include "model/CVTransactionColumns.h"
 

@@ -2,8 +2,8 @@
 
 #include "base/CVBundle.h"
 #include "base/CVDefaultsKeys.h"
-#include "base/CVFileSignature.h"
 #include "base/QBUserDefaults.h"
+#include "files/CVFileSignature.h"
 #include "model/CVDocument.h"
 #include "preferences/CVPreferenceHost.h"
 #include "preferences/CVPreferenceStore.h"

@@ -1,8 +1,8 @@
 #include "preferences/CVVersionsPane.h"
 
 #include "base/CVDefaultsKeys.h"
-#include "base/CVReplaceFile.h"
 #include "base/QBUserDefaults.h"
+#include "files/CVReplaceFile.h"
 #include "format/QBLocale.h"
 #include "preferences/CVPreferenceHost.h"
 #include "preferences/CVPreferenceStore.h"

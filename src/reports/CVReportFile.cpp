@@ -1,6 +1,6 @@
 #include "reports/CVReportFile.h"
 
-#include "base/CVWriteOutputFile.h"
+#include "files/CVWriteOutputFile.h"
 
 #include <QCoreApplication>
 

@@ -1,8 +1,8 @@
 #include "storage/CVBudgetLock.h"
 
-#include "base/CVFileSink.h"
-#include "base/CVReplaceFile.h"
-#include "base/CVTemporaryFile.h"
+#include "files/CVFileSink.h"
+#include "files/CVReplaceFile.h"
+#include "files/CVTemporaryFile.h"
 
 #include <QFile>
 #include <QFileInfo>

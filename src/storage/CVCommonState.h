@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/CVFileSignature.h"
+#include "files/CVFileSignature.h"
 #include "model/CVDocumentText.h"
 
 #include <QByteArray>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/CVFileResult.h"
+#include "files/CVFileResult.h"
 #include "model/CVDocumentSaver.h"
 #include "storage/CVDocumentReader.h"
 #include "storage/CVSaveQueue.h"

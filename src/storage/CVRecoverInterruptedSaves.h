@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/CVFileResult.h"
+#include "files/CVFileResult.h"
 
 /// Looks for what saves of killed programs have left beside the data file: a whole budget becomes an earlier version,
 /// one that was cut goes, anything else stays. Only for the one program that holds the data file, before its first

@@ -1,6 +1,6 @@
 #include "storage/CVSaveQueue.h"
 
-#include "base/CVFolderWatch.h"
+#include "files/CVFolderWatch.h"
 #include "model/CVCategory.h"
 #include "model/CVDetachedDocument.h"
 #include "storage/CVSavedFile.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/CVFileSignature.h"
+#include "files/CVFileSignature.h"
 #include "storage/CVCommonState.h"
 #include "storage/CVOutsideChange.h"
 #include "storage/CVSaveOutcome.h"

@@ -2,8 +2,8 @@
 
 #include "base/CVBundle.h"
 #include "base/CVDefaultsKeys.h"
-#include "base/CVMakePrivate.h"
 #include "base/QBUserDefaults.h"
+#include "files/CVMakePrivate.h"
 
 #include <QFileInfo>
 #include <QStandardPaths>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/CVReplaceFile.h"
+#include "files/CVReplaceFile.h"
 
 class CVDocumentText;
 

@@ -1,7 +1,7 @@
 #include "versions/CVConflictCopies.h"
 
-#include "base/CVFileSignature.h"
-#include "base/CVReplaceFile.h"
+#include "files/CVFileSignature.h"
+#include "files/CVReplaceFile.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,8 +1,8 @@
 #include "versions/CVKeptCopy.h"
 
-#include "base/CVFileSignature.h"
-#include "base/CVMoveFile.h"
-#include "base/CVReplaceFile.h"
+#include "files/CVFileSignature.h"
+#include "files/CVMoveFile.h"
+#include "files/CVReplaceFile.h"
 #include "versions/CVKeptName.h"
 
 #include <QCoreApplication>

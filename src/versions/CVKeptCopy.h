@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/CVFileResult.h"
+#include "files/CVFileResult.h"
 #include "versions/CVKeptReason.h"
 
 #include <QDateTime>

@@ -1,6 +1,6 @@
 #include "versions/CVListedVersion.h"
 
-#include "base/CVReplaceFile.h"
+#include "files/CVReplaceFile.h"
 #include "versions/CVKeptCopy.h"
 #include "versions/CVKeptName.h"
 #include "versions/CVVersionFolder.h"

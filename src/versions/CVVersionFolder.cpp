@@ -1,9 +1,9 @@
 #include "versions/CVVersionFolder.h"
 
-#include "base/CVFileAccess.h"
-#include "base/CVFileSignature.h"
-#include "base/CVMoveFile.h"
-#include "base/CVTemporaryFile.h"
+#include "files/CVFileAccess.h"
+#include "files/CVFileSignature.h"
+#include "files/CVMoveFile.h"
+#include "files/CVTemporaryFile.h"
 #include "versions/CVKeptCopy.h"
 #include "versions/CVSuperfluousVersions.h"
 

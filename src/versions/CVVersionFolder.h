@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/CVReplaceFile.h"
+#include "files/CVReplaceFile.h"
 #include "versions/CVVersion.h"
 
 #include <QList>

@@ -1,5 +1,5 @@
 #include "EditorWindowsFixture.h"
-#include "app/CVTerminationSignals.h"
+#include "start/CVTerminationSignals.h"
 #include "widgets/CVAlertPanel.h"
 #include "widgets/fields/CVMoneyField.h"
 #include "workspace/transactions/CVTransactionTableView.h"

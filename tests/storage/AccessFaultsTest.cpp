@@ -1,5 +1,5 @@
-#include "base/CVMoveFile.h"
-#include "base/CVReplaceFile.h"
+#include "files/CVMoveFile.h"
+#include "files/CVReplaceFile.h"
 #include "kit/ScratchHome.h"
 #include "storage/FaultyCalls.h"
 #include "storage/ScratchAccess.h"

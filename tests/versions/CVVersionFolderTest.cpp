@@ -1,6 +1,6 @@
 #include "versions/CVVersionFolder.h"
 
-#include "base/CVTemporaryFile.h"
+#include "files/CVTemporaryFile.h"
 #include "kit/ScratchHome.h"
 #include "storage/ScratchAccess.h"
 #include "storage/ScratchFiles.h"

@@ -1,4 +1,4 @@
-#include "base/CVTemporaryFile.h"
+#include "files/CVTemporaryFile.h"
 #include "kit/ScratchHome.h"
 #include "storage/FaultyCalls.h"
 #include "storage/ScratchFiles.h"
