@@ -15,6 +15,7 @@
 #include "editors/CVEditorWindow.h"
 #include "format/QBLocale.h"
 #include "history/CVHistoryWindow.h"
+#include "model/CVDetachedDocument.h"
 #include "model/CVDocument.h"
 #include "preferences/CVPreferenceWindowController.h"
 #include "start/CVReadAtStart.h"
@@ -152,10 +153,9 @@ void CVAppDelegate::showWhetherSaved(const CVLoadReport& report) const {
 
 void CVAppDelegate::handleSaveFinished(const CVSaveOutcome& outcome) {
     mLockOperations->saveFinished();
-    if (outcome.keptIsBudget) {
-        mSaveTeller.markAsTold(outcome.keptCopy);
-        mMergeOperations->offer({outcome.keptCopy, outcome.common});
-    }
+    // Another program's file beside a former place has nothing to do with this budget.
+    if (outcome.keptIsBudget && outcome.path == mFile.placeForSaving() && mSaveTeller.markAsTold(outcome.keptCopy))
+        mMergeOperations->offer({outcome.keptCopy, outcome.common}, CVMergeWindow::Asked::ByItself);
     mSaveTeller.tell(outcome, *mMainWindow, mFile.saves().isSaving(), mPreferences.get());
     if (mHistory)
         mHistory->versionsChanged();
@@ -165,9 +165,9 @@ void CVAppDelegate::tellAboutReading(const CVLoadReport& report) {
     if (report.reason.isEmpty() && report.partly.count == 0)
         return;
     // A damaged file is replaced at once; only after that save is it known whether a copy could be kept.
-    const CVSaveOutcome last = mFile.saves().waitForFinished();
-    const CVSaveOutcome outcome = last.path == report.path ? last : CVSaveOutcome();
-    mSaveTeller.markAsTold(outcome.keptCopy);
+    const auto last = mFile.saves().waitForFinished(kLastPatience);
+    const CVSaveOutcome outcome = last && last->path == report.path ? *last : CVSaveOutcome();
+    (void)mSaveTeller.markAsTold(outcome.keptCopy);
     const CVAlert alert =
         report.reason.isEmpty() ? CVFileMessages::partlyRead(report) : CVFileMessages::unreadable(report, outcome);
     // The alert waits for the event loop, so that the window is shown behind it.
@@ -187,8 +187,12 @@ bool CVAppDelegate::mayClose() {
     std::optional<QTime> triedAgain;
     for (;;) {
         const auto outcome = mFile.saves().waitForFinished(kPatience);
-        if (outcome && outcome->saved)
+        if (outcome && outcome->saved) {
+            // Nobody will be there to see what the last save has kept.
+            if (!outcome->keptCopy.isEmpty() && mSaveTeller.markAsTold(outcome->keptCopy))
+                mAlerts.run(mMainWindow->window(), CVFileMessages::keptCopy(*outcome));
             return true;
+        }
         // Whoever quits cannot wait until another program has finished writing.
         if (outcome && outcome->awaitsReadable && mFile.unreadableFiles() != CVUnreadableFile::Replaced) {
             mFile.setUnreadableFiles(CVUnreadableFile::Replaced);
@@ -327,10 +331,24 @@ std::optional<QString> CVAppDelegate::readAgain() {
     return reopenDocument();
 }
 
+/// Why the file holds no budget that can be read; empty when it can. The document that is open is left alone.
+QString CVAppDelegate::whyUnreadable(const QString& path) const {
+    CVDetachedDocument tried;
+    CVDocumentReader reader;
+    reader.setProgress(CVReadingPanel(CVReadingPanel::Reading::OtherFile, mPreferences.get()));
+    const CVLoadReport report = reader.readFromURL(*tried, path);
+    return report.outcome == CVLoadReport::Outcome::Unreadable ? report.reason : QString();
+}
+
 std::optional<QString> CVAppDelegate::reopenDocument() {
     // The search would pass over it and open another one.
     if (CVMissingDataFile(mUserDefaults))
         return tr("it is not there any more");
+    // Only at the start does a damaged file leave an empty budget.
+    if (const QString damage = whyUnreadable(mFile.placeForSaving()); !damage.isEmpty()) {
+        mLockOperations->abandon();
+        return damage;
+    }
     mLockOperations->beginReading();
     // From here on the former budget must not be saved, because it would be written over the other file.
     mDocument->setSaver(nullptr);
@@ -417,6 +435,7 @@ bool CVAppDelegate::saveAtLast() {
     mFile.setUnreadableFiles(CVUnreadableFile::Replaced);
     mDocument->workbookSave();
     const auto second = mFile.saves().waitForFinished(kLastPatience);
+    mFile.setUnreadableFiles(CVUnreadableFile::AwaitedIfWatched);
     return second && second->saved;
 }
 

@@ -62,6 +62,8 @@ public:
     /// What the user must know of the last save when the program ends: why it failed, or that the disk does not answer.
     /// Empty when everything is saved.
     [[nodiscard]] QString whatIsNotSaved();
+    /// Tells the user why a file could not be read, or what of it was not understood; nothing else.
+    void tellAboutReading(const CVLoadReport& report);
     /// Closes all windows, waits for the last save and ends the event loop, with status 1 when that save has failed.
     /// Open windows and questions are closed as with Escape.
     void endWithoutAsking();
@@ -116,8 +118,8 @@ private:
     void versionsDeleted() override;
     [[nodiscard]] CVLoadReport read(CVDocument& document, CVReadingPanel panel);
     void handleSaveFinished(const CVSaveOutcome& outcome);
+    [[nodiscard]] QString whyUnreadable(const QString& path) const;
     void showWhetherSaved(const CVLoadReport& report) const;
-    void tellAboutReading(const CVLoadReport& report);
     /// Waits for the last save, but not for ever; whether everything that was entered is in the file.
     [[nodiscard]] bool saveAtLast();
     /// Whether the window may close: not while changes would be lost, unless the user agrees.

@@ -14,6 +14,7 @@
 #include <QFileInfo>
 
 #include <chrono>
+#include <utility>
 
 namespace {
 
@@ -48,10 +49,11 @@ void CVConflictTeller::start() {
 }
 
 void CVConflictTeller::look() {
-    const QStringList copies = takeUntold();
+    // Nothing can be brought into a budget that is only looked at; the copies are told when it can be changed.
+    const QStringList copies = mApp.isReadOnly() ? QStringList() : takeUntold();
     if (copies.isEmpty())
         return;
-    mTold = copies;
+    mTold += copies;
     const auto count = static_cast<int>(copies.size());
     const QString remark =
         count == 1
@@ -80,6 +82,6 @@ QStringList CVConflictTeller::takeUntold() {
 }
 
 void CVConflictTeller::offer() {
-    for (const QString& path : std::as_const(mTold))
+    for (const QString& path : std::exchange(mTold, {}))
         mApp.mergeOperations().offer({path, std::nullopt});
 }

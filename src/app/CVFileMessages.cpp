@@ -74,16 +74,15 @@ CVAlert partlyRead(const CVLoadReport& report) {
     const QFileInfo file(report.path);
     const qint64 count = report.partly.count;
     const QString what =
-        (count == 1 ? FileMessagesText::tr("1 place in “%1” was not understood, or only in part:")
-                    : FileMessagesText::tr("%2 places in “%1” were not understood, or only in part:", nullptr,
-                                           static_cast<int>(count)))
-            .arg(file.fileName());
+        count == 1 ? FileMessagesText::tr("1 place in “%1” was not understood, or only in part:").arg(file.fileName())
+                   : FileMessagesText::tr("%2 places in “%1” were not understood, or only in part:", nullptr,
+                                          static_cast<int>(count))
+                         .arg(file.fileName(), QBLocaleInForce().toString(count));
     QStringList lines = report.partly.lines;
     if (count > lines.size())
         lines.append(FileMessagesText::tr("… and %1 more").arg(QBLocaleInForce().toString(count - lines.size())));
     return {FileMessagesText::tr("Your data file was read only in part"),
-            what.arg(QBLocaleInForce().toString(count)) + QStringLiteral("\n\n") + lines.join(u'\n') +
-                QStringLiteral("\n\n") +
+            what + QStringLiteral("\n\n") + lines.join(u'\n') + QStringLiteral("\n\n") +
                 FileMessagesText::tr(
                     "Everything else has been read. The next save leaves out what was not understood. Before it, "
                     "Corvella keeps the file as it is beside the new one, with “(as it was read …)” in its "

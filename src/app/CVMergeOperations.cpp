@@ -13,17 +13,17 @@ CVMergeOperations::CVMergeOperations(CVAppDelegate& app) : mApp(app) {}
 
 CVMergeOperations::~CVMergeOperations() = default;
 
-void CVMergeOperations::offer(const CVMergeSource& source) {
+void CVMergeOperations::offer(const CVMergeSource& source, CVMergeWindow::Asked asked) {
     mDataFile = mApp.document().dataFiles().value(0);
     if (!mWindow)
         mWindow = std::make_unique<CVMergeWindow>(mApp.document(), *this, mHelp);
     mWindow->offer(source);
-    showInFront();
+    showInFront(asked);
 }
 
-void CVMergeOperations::showInFront() {
+void CVMergeOperations::showInFront(CVMergeWindow::Asked asked) {
     mApp.keepInFront(*mWindow);
-    mWindow->showWindow();
+    mWindow->showWindow(asked);
 }
 
 void CVMergeOperations::setDocument(CVDocument& document) {
@@ -36,7 +36,7 @@ void CVMergeOperations::setDocument(CVDocument& document) {
     // A window is placed in front of another one only when it is shown.
     if (wasVisible && mWindow->countSources() > 0) {
         mWindow->hide();
-        showInFront();
+        showInFront(CVMergeWindow::Asked::ByItself);
     }
 }
 

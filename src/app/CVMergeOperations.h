@@ -2,13 +2,13 @@
 
 #include "merging/CVMergeHost.h"
 #include "merging/CVMergeSource.h"
+#include "merging/CVMergeWindow.h"
 
 #include <memory>
 
 class CVAppDelegate;
 class CVDocument;
 class CVHelpOpener;
-class CVMergeWindow;
 
 /// What the program does with the changes of other files: offers them in a window and brings them in. Owns the window;
 /// references the application, which outlives it.
@@ -21,7 +21,7 @@ public:
     void setHelp(CVHelpOpener* help) { mHelp = help; }
     /// Shows another file's changes, or adds it to those of which the open window lets the user choose one. Called once
     /// there is a main window.
-    void offer(const CVMergeSource& source);
+    void offer(const CVMergeSource& source, CVMergeWindow::Asked asked = CVMergeWindow::Asked::ByUser);
     /// The budget of another data file, or the same read anew, took the place of the former document.
     void setDocument(CVDocument& document);
 
@@ -31,7 +31,7 @@ public:
     [[nodiscard]] CVMergeWindow* window() { return mWindow.get(); }
 
 private:
-    void showInFront();
+    void showInFront(CVMergeWindow::Asked asked);
 
     CVAppDelegate& mApp;
     CVHelpOpener* mHelp = nullptr;

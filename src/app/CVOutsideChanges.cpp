@@ -1,6 +1,7 @@
 #include "app/CVOutsideChanges.h"
 
 #include "app/CVAppDelegate.h"
+#include "app/CVMergeOperations.h"
 #include "base/CVNotifications.h"
 #include "model/CVDetachedDocument.h"
 #include "model/CVTransactionSet.h"
@@ -20,6 +21,8 @@
 namespace {
 
 constexpr std::chrono::milliseconds kUntilAskedAgain(200);
+/// The disk may have room again.
+constexpr std::chrono::seconds kUntilKeptAgain(30);
 
 /// Whether a cell's editor has the focus.
 bool isCellBeingEdited() {
@@ -39,16 +42,20 @@ bool isUserBusy() {
 
 CVOutsideChanges::CVOutsideChanges(CVAppDelegate& app, CVDocumentFile& file) : mApp(app), mFile(file) {
     mAgain.setSingleShot(true);
-    mAgain.setInterval(kUntilAskedAgain);
     connect(&mAgain, &QTimer::timeout, this, &CVOutsideChanges::takeWhenIdle);
     connect(&mFile.saves(), &CVSaveQueue::changedOutside, this, &CVOutsideChanges::handle);
-    connect(&mFile.saves(), &CVSaveQueue::saveStarted, this, [this] { mSavedNames = namesOfSets(); });
+    connect(&mFile.saves(), &CVSaveQueue::saveStarted, this, [this] {
+        mSavedNames = namesOfSets();
+        mIsKept = mIsBeingKept = false;
+    });
+    connect(&mFile.saves(), &CVSaveQueue::stateKept, this, &CVOutsideChanges::handleKept);
     connect(&mFile.saves(), &CVSaveQueue::saveFinished, this, &CVOutsideChanges::handleSave);
 }
 
 void CVOutsideChanges::watch(const QString& path) {
     mWaiting.reset();
     mLastSaveFailed = false;
+    mIsKept = mIsBeingKept = false;
     mWatched = path;
     mSavedNames = namesOfSets();
     mFile.saves().watch(path);
@@ -88,33 +95,61 @@ void CVOutsideChanges::handle(const CVOutsideChange& change) {
 
 /// A save has found the change by itself, and told it.
 void CVOutsideChanges::handleSave(const CVSaveOutcome& outcome) {
+    // That of a former place says nothing of the present one.
+    if (!outcome.path.isEmpty() && outcome.path != mFile.placeForSaving())
+        return;
     mLastSaveFailed = !outcome.saved;
     if (!outcome.saved)
         return;
+    // The data file was moved away from the change, which stays at the old place.
+    if (mWaiting && outcome.path != mWatched)
+        mApp.mergeOperations().offer({mWaiting->path, std::nullopt}, CVMergeWindow::Asked::ByItself);
     mWaiting.reset();
     if (outcome.path != mWatched)
         watch(outcome.path);
 }
 
 void CVOutsideChanges::takeWhenIdle() {
-    if (!mWaiting)
+    if (!mWaiting || mIsBeingKept)
         return;
-    if (isUserBusy() || mFile.saves().isSaving())
-        return mAgain.start();
+    if (isUserBusy() || !mFile.saves().isSettled())
+        return mAgain.start(kUntilAskedAgain);
     // Changes on both sides: the save keeps the other's file.
     if (mLastSaveFailed || mSavedNames != namesOfSets()) {
         mWaiting.reset();
         mApp.document().workbookSave();
         return;
     }
-    take(*std::exchange(mWaiting, std::nullopt));
+    if (mIsKept || !mustKeepOurs())
+        return take(*std::exchange(mWaiting, std::nullopt));
+    mIsBeingKept = true;
+    mFile.saves().keepState(mWaiting->path, CVDocumentXMLRepresentation(mApp.document()),
+                            CVVersionLimit(mApp.document().userDefaults()));
+}
+
+/// Whoever only looks at the budget keeps nothing of it. Whoever wants no versions loses no line all the same.
+bool CVOutsideChanges::mustKeepOurs() const {
+    if (mFile.isReadOnly())
+        return false;
+    return CVVersionLimit(mApp.document().userDefaults()) > 0 || mApp.document().saysMoreThan(**mWaiting->budget);
+}
+
+void CVOutsideChanges::handleKept(const CVSaveOutcome& outcome) {
+    // A save that was begun meanwhile has another state.
+    const bool isOfOurs = std::exchange(mIsBeingKept, false);
+    mIsKept = isOfOurs && outcome.versionTrouble.isEmpty();
+    if (!isOfOurs || !mWaiting || mIsKept)
+        return takeWhenIdle();
+    mApp.mainWindow()->saveStatus().remark(
+        tr("Another program has changed your data file. Its state is shown once yours can be kept: %1")
+            .arg(outcome.versionTrouble));
+    mAgain.start(kUntilKeptAgain);
 }
 
 void CVOutsideChanges::take(const CVOutsideChange& change) {
     CVDocument& document = mApp.document();
-    // Whoever only looks at the budget keeps no versions of it.
-    const qint64 limit = mFile.isReadOnly() ? 0 : CVVersionLimit(document.userDefaults());
-    mFile.saves().takeOver(change, CVDocumentXMLRepresentation(document), limit);
+    const bool isKept = std::exchange(mIsKept, false);
+    mFile.saves().accept(change);
     const bool isDifferent = document.takeOver(**change.budget);
     document.finishChanges();
     document.notificationCenter().postNotification(QLatin1String(CVNotifications::kTransactionSet));
@@ -122,6 +157,12 @@ void CVOutsideChanges::take(const CVOutsideChange& change) {
     mSavedNames = namesOfSets();
     if (isDifferent)
         mApp.mainWindow()->saveStatus().remark(tr("Another program has changed your data file; its state is shown"),
-                                               limit > 0 ? CVSaveStatus::Offer::Versions
-                                                         : CVSaveStatus::Offer::Nothing);
+                                               isKept ? CVSaveStatus::Offer::Versions : CVSaveStatus::Offer::Nothing);
+    tell(change);
+}
+
+/// What was not understood goes with the next save.
+void CVOutsideChanges::tell(const CVOutsideChange& change) {
+    if (change.partly.count > 0)
+        mApp.tellAboutReading({CVLoadReport::Outcome::Loaded, change.path, {}, change.partly});
 }

@@ -29,7 +29,10 @@ private:
     void handle(const CVOutsideChange& change);
     void handleSave(const CVSaveOutcome& outcome);
     void takeWhenIdle();
+    [[nodiscard]] bool mustKeepOurs() const;
+    void handleKept(const CVSaveOutcome& outcome);
     void take(const CVOutsideChange& change);
+    void tell(const CVOutsideChange& change);
     [[nodiscard]] QStringList namesOfSets() const;
 
     CVAppDelegate& mApp;
@@ -42,4 +45,7 @@ private:
     /// Asks again while the user is in the middle of something.
     QTimer mAgain;
     bool mLastSaveFailed = false;
+    /// Whether what the window shows is kept, so that another state may take its place; being kept, and kept.
+    bool mIsBeingKept = false;
+    bool mIsKept = false;
 };

@@ -20,8 +20,8 @@ public:
     /// moved; null when there is none.
     void tell(const CVSaveOutcome& outcome, const CVMainWindowController& window, bool isSaving,
               QWidget* mover = nullptr);
-    /// The user has been told about this kept copy.
-    void markAsTold(const QString& keptCopy) { mToldCopies.insert(keptCopy); }
+    /// The user has been told about this kept copy; false when that was so before.
+    [[nodiscard]] bool markAsTold(const QString& keptCopy) { return mToldCopies.insert(keptCopy).second; }
 
 private:
     CVAlerts& mAlerts;

@@ -13,6 +13,7 @@
 #include "commands/CVVersionsCommand.h"
 #include "files/CVRuntimeFolder.h"
 #include "help/CVHelp.h"
+#include "model/CVDocument.h"
 #include "start/CVClaimInstance.h"
 #include "start/CVRunningInstance.h"
 #include "start/CVStartMessages.h"
@@ -156,8 +157,10 @@ int runOnlyWindow(CVRunningInstance& running, CVAlerts& alerts) {
         CVWriteErrorLine(errors, delegate.whatIsNotSaved());
     }
     // What is destroyed here would wait for a disk that does not answer.
-    if (delegate.saves().isSaving())
+    if (!delegate.saves().waitUntilIdle(kPatience)) {
+        delegate.document().userDefaults().synchronize();
         std::_Exit(status);
+    }
     return status;
 }
 

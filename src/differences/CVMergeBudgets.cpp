@@ -146,7 +146,8 @@ CVMergedBudget Merging::merge() {
     budget().sortTransactionsByDate();
     budget().updateDates();
     for (const auto& [here, there] : mChangedTwice)
-        mMerged.transactions.push_back({mFirst[here], mFirst[there]});
+        if (mFirst[here] && mFirst[there])
+            mMerged.transactions.push_back({mFirst[here], mFirst[there]});
     mMerged.sets = mSets.changedTwice();
     mMerged.categories = mCategories.changedTwice();
     return std::move(mMerged);

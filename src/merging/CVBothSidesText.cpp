@@ -71,17 +71,17 @@ QStringList namesOf(const std::vector<CVTwoChanges<Record>>& changes) {
 
 } // namespace
 
-QString CVBothSidesText(const CVMergedBudget& merged, CVCommonState common) {
+QString CVBothSidesText(const CVMergedBudget& merged, CVCommonKnown common) {
     QStringList sentences;
     if (const QStringList lines = namesOf(merged.transactions); !lines.isEmpty())
         sentences.append(
             BothSidesText::tr("Changed on both sides, so bringing in leaves both lines: %1.").arg(some(lines)));
     const QStringList records = namesOf(merged.sets) + namesOf(merged.categories);
-    if (common == CVCommonState::Unknown)
+    if (common == CVCommonKnown::Unknown)
         sentences.append(BothSidesText::tr("Which side has changed a line is not known, so nothing of yours is removed "
                                            "or replaced."));
     if (!records.isEmpty())
-        sentences.append((common == CVCommonState::Known
+        sentences.append((common == CVCommonKnown::Known
                               ? BothSidesText::tr("Changed on both sides, and yours stays: %1.")
                               : BothSidesText::tr("Not the same there, and yours stays: %1."))
                              .arg(some(records)));

@@ -5,8 +5,8 @@
 struct CVMergedBudget;
 
 /// Whether it is known what both sides had in common, and so which side has changed what.
-enum class CVCommonState : bool { Unknown, Known };
+enum class CVCommonKnown : bool { Unknown, Known };
 
 /// Names what was changed differently on both sides, the first few of them, and says what becomes of it; empty when
 /// there is nothing of that kind. Says too what an unknown common state means.
-[[nodiscard]] QString CVBothSidesText(const CVMergedBudget& merged, CVCommonState common);
+[[nodiscard]] QString CVBothSidesText(const CVMergedBudget& merged, CVCommonKnown common);

@@ -134,16 +134,21 @@ CVMergeWindow::Offered* CVMergeWindow::chosen() {
     return place < 0 || mOffered.empty() ? nullptr : &mOffered[static_cast<std::size_t>(place)];
 }
 
-void CVMergeWindow::showWindow() {
+void CVMergeWindow::showWindow(Asked asked) {
     if (!mReader) {
         mReader = std::make_unique<CVMergeReader>();
         connect(mReader.get(), &CVMergeReader::found, this, &CVMergeWindow::take);
     }
-    if (!isVisible()) {
+    const bool isNew = !isVisible();
+    if (isNew) {
         lines().focusTable();
         sourcePicked();
     }
+    // Keys that are typed for another window stay there.
+    setAttribute(Qt::WA_ShowWithoutActivating, asked == Asked::ByItself);
     show();
+    if (asked == Asked::ByItself)
+        return;
     raise();
     activateWindow();
 }
@@ -237,7 +242,7 @@ void CVMergeWindow::showHeadline() {
     const QString bothSides =
         offered && offered->first.comparison
             ? CVBothSidesText(offered->first.comparison->merged,
-                              offered->source.common ? CVCommonState::Known : CVCommonState::Unknown)
+                              offered->source.common ? CVCommonKnown::Known : CVCommonKnown::Unknown)
             : QString();
     mBothSides->setText(bothSides);
     mBothSides->setVisible(!bothSides.isEmpty());
@@ -252,6 +257,8 @@ void CVMergeWindow::showState() {
 QString CVMergeWindow::progress(bool isLate) const {
     if (!mIsCurrent)
         return isLate ? tr("Comparing with your budget…") : QString();
+    if (document().isReadOnly())
+        return tr("Read-only: nothing can be brought in.");
     return lines().hasTakeable() && !lines().hasSelection() ? tr("Select the lines that are to come in.") : QString();
 }
 
@@ -287,9 +294,9 @@ void CVMergeWindow::bringIn(const CVBudgetDifferences& chosenLines, int count) {
     // Kept here, because the budget changes below and other lines may be shown meanwhile.
     const auto comparison = mShown.comparison;
     const CVBudgetDifferences some = chosenLines;
-    Offered* const offered = chosen();
     const int in = mHost.bringIn(**comparison->merged.budget, **comparison->ours, some);
-    offered->wasTaken = offered->wasTaken || in > 0;
+    if (Offered* const offered = chosen())
+        offered->wasTaken = offered->wasTaken || in > 0;
     mIsCurrent = in == 0;
     const QString number = numberOfLines(in);
     if (in < count)

@@ -25,8 +25,10 @@ public:
     /// Adds a file to those that can be chosen; one of the same path takes the place of the former. Chooses it unless
     /// the user is looking at another.
     void offer(const CVMergeSource& source);
+    /// Who wants to see the window. One that comes by itself takes no key that is typed elsewhere.
+    enum class Asked : bool { ByItself, ByUser };
     /// Shows the window, or brings it to the front.
-    void showWindow();
+    void showWindow(Asked asked = Asked::ByUser);
     [[nodiscard]] std::size_t countSources() const { return mOffered.size(); }
     /// Closes the window and forgets all files, because the budget is another one.
     void forgetSources();

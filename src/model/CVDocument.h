@@ -149,6 +149,8 @@ public:
     /// `other` stays the same object, so that whoever shows it finds it again. The shown set stays where `other` has
     /// it. Announces nothing; `finishChanges` follows. Whether anything but the shown set was different.
     bool takeOver(CVDocument& other);
+    /// Whether a transaction says what none of `other` says, or is there more often.
+    [[nodiscard]] bool saysMoreThan(const CVDocument& other) const;
 
 private:
     void widenBounds(const QBDate& date);

@@ -55,6 +55,21 @@ bool CVDocument::keepSameTransactions(const CVTransactions& former) {
     return areSame;
 }
 
+bool CVDocument::saysMoreThan(const CVDocument& other) const {
+    CVTextArena arena;
+    std::unordered_multiset<QByteArrayView, HashOfText> texts;
+    texts.reserve(other.mTransactions.size());
+    for (const auto& transaction : other.mTransactions)
+        texts.insert(transaction->xmlRepresentation(arena).bytes());
+    return std::any_of(mTransactions.begin(), mTransactions.end(), [&](const auto& transaction) {
+        const auto same = texts.find(transaction->xmlRepresentation(arena).bytes());
+        if (same == texts.end())
+            return true;
+        texts.erase(same);
+        return false;
+    });
+}
+
 void CVDocument::insertTransaction(const std::shared_ptr<CVTransaction>& transaction) {
     if (!transaction)
         return;

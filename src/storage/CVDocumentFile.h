@@ -51,6 +51,8 @@ public:
     /// What the next saves do with another program's file that cannot be read.
     [[nodiscard]] CVUnreadableFile unreadableFiles() const { return mUnreadableFiles; }
     void setUnreadableFiles(CVUnreadableFile unreadable) { mUnreadableFiles = unreadable; }
+    /// Where the next save writes, without looking at the disk; empty when there is no such place.
+    [[nodiscard]] QString placeForSaving() const { return CVPathForSaving(mFolders, mDefaults).value_or(QString()); }
     [[nodiscard]] const CVStandardFolders& folders() const { return mFolders; }
 
 private:

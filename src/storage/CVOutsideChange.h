@@ -30,5 +30,8 @@ struct CVOutsideChange {
     std::shared_ptr<CVDetachedDocument> budget = nullptr;
     /// Of the changed file when its reading began.
     CVFileSignature signature = {};
-    CVReadAs readAs = CVReadAs::Whole;
+    /// What of the changed file the next save does not write again.
+    CVPartlyRead partly = {};
+
+    [[nodiscard]] CVReadAs readAs() const { return partly.count > 0 ? CVReadAs::Partly : CVReadAs::Whole; }
 };

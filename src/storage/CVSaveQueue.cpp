@@ -45,25 +45,34 @@ void CVSaveQueue::markAsUnreadable(const QString& path, const std::optional<CVFi
 void CVSaveQueue::save(const QString& path, CVDocumentText text, CVVersionKeeping keeping,
                        CVUnreadableFile unreadable) {
     enqueue({.path = path, .text = std::move(text), .keeping = keeping, .unreadable = unreadable});
+    emit saveStarted();
 }
 
 void CVSaveQueue::fail(const QString& message) {
     enqueue({.path = {}, .text = {}, .failure = message});
+    emit saveStarted();
 }
 
-void CVSaveQueue::takeOver(const CVOutsideChange& change, CVDocumentText former, qint64 versionLimit) {
-    enqueue({.path = change.path,
-             .text = std::move(former),
-             .keeping = {.asked = std::nullopt, .limit = versionLimit},
-             .taken = change.signature,
-             .takenAs = change.readAs});
+void CVSaveQueue::keepState(const QString& path, CVDocumentText text, qint64 versionLimit) {
+    enqueue({.task = Task::KeepState,
+             .path = path,
+             .text = std::move(text),
+             .keeping = {.asked = std::nullopt, .limit = versionLimit}});
+}
+
+void CVSaveQueue::accept(const CVOutsideChange& change) {
+    enqueue({.task = Task::Accept,
+             .path = change.path,
+             .text = {},
+             .accepted = change.signature,
+             .acceptedAs = change.readAs()});
 }
 
 void CVSaveQueue::enqueue(Job job) {
     {
         const std::lock_guard lock(mMutex);
-        const bool replacesWaiting =
-            !mPending.empty() && mPending.back().path == job.path && !mPending.back().taken && !job.taken;
+        const bool replacesWaiting = !mPending.empty() && mPending.back().path == job.path &&
+                                     mPending.back().task == Task::Save && job.task == Task::Save;
         // What the waiting save writes is the state that a version is asked of.
         if (replacesWaiting && !job.keeping.asked) {
             job.keeping.asked = mPending.back().keeping.asked;
@@ -73,7 +82,6 @@ void CVSaveQueue::enqueue(Job job) {
         }
     }
     mChanged.notify_all();
-    emit saveStarted();
 }
 
 void CVSaveQueue::watch(const QString& path) {
@@ -100,6 +108,16 @@ void CVSaveQueue::watch(const QString& path) {
 bool CVSaveQueue::isSaving() const {
     const std::lock_guard lock(mMutex);
     return mWriting || !mPending.empty();
+}
+
+bool CVSaveQueue::isSettled() const {
+    const std::lock_guard lock(mMutex);
+    return !mWriting && mPending.empty() && mMessages.empty();
+}
+
+bool CVSaveQueue::waitUntilIdle(std::chrono::milliseconds patience) {
+    std::unique_lock lock(mMutex);
+    return mChanged.wait_for(lock, patience, [this] { return !mWriting && mPending.empty() && !mLooking; });
 }
 
 CVSaveOutcome CVSaveQueue::waitForFinished() {
@@ -140,18 +158,30 @@ void CVSaveQueue::carryOutNext(std::unique_lock<std::mutex>& lock) {
         learnWhatWasRead(lock);
         CVSaveOutcome outcome = perform(job);
         lock.lock();
+        note(job, std::move(outcome));
+    }
+    mWriting = false;
+    mChanged.notify_all();
+}
+
+/// Only what was to be saved decides whether everything is saved.
+void CVSaveQueue::note(const Job& job, CVSaveOutcome outcome) {
+    if (job.task == Task::Accept)
+        return;
+    if (job.task == Task::KeepState) {
+        mMessages.emplace_back(KeptState{std::move(outcome)});
+    } else {
         mLastOutcome = outcome;
         mMessages.emplace_back(std::move(outcome));
     }
-    mWriting = false;
     emit written();
-    mChanged.notify_all();
 }
 
 /// Called with the lock, and returns with it.
 void CVSaveQueue::look(std::unique_lock<std::mutex>& lock) {
     const QString path = mWatched;
     mLooksSoon = false;
+    mLooking = true;
     learnWhatWasRead(lock);
     if (std::exchange(mFollowed, path) != path)
         mFolderWatch->follow(QFileInfo(path).absolutePath());
@@ -162,6 +192,8 @@ void CVSaveQueue::look(std::unique_lock<std::mutex>& lock) {
         // The next look may have the memory.
     }
     lock.lock();
+    mLooking = false;
+    mChanged.notify_all();
     // Whoever watches another file by now does not care.
     if (!change || mWatched != path)
         return;
@@ -194,6 +226,8 @@ void CVSaveQueue::announceNext() {
     }
     if (const auto* const outcome = std::get_if<CVSaveOutcome>(&*message))
         emit saveFinished(*outcome);
+    else if (const auto* const kept = std::get_if<KeptState>(&*message))
+        emit stateKept(kept->outcome);
     else
         emit changedOutside(std::get<CVOutsideChange>(*message));
 }
@@ -201,8 +235,10 @@ void CVSaveQueue::announceNext() {
 CVSaveOutcome CVSaveQueue::perform(const Job& job) {
     CVSaveOutcome outcome{.path = job.path, .message = job.failure};
     try {
-        if (job.taken)
-            outcome = fileAt(job.path).takeOver(*job.taken, job.takenAs, job.text, job.keeping.limit);
+        if (job.task == Task::Accept)
+            fileAt(job.path).accept(job.accepted, job.acceptedAs);
+        else if (job.task == Task::KeepState)
+            outcome = fileAt(job.path).keepState(job.text, job.keeping.limit);
         else if (job.failure.isEmpty())
             outcome = fileAt(job.path).save(job.text, job.keeping, job.unreadable);
     } catch (const std::bad_alloc&) {

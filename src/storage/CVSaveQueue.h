@@ -44,11 +44,18 @@ public:
 
     /// Watches one file from now on, or none when `path` is empty.
     void watch(const QString& path);
-    /// Takes a changed file for what this program last read, see `CVSavedFile::takeOver`. Announced like a save.
-    void takeOver(const CVOutsideChange& change, CVDocumentText former, qint64 versionLimit);
+    /// Keeps a text as a version before another program's state takes its place; announced by `stateKept`. Versions
+    /// are thinned to that many bytes; 0 thins none.
+    void keepState(const QString& path, CVDocumentText text, qint64 versionLimit);
+    /// Takes a changed file for what this program last read.
+    void accept(const CVOutsideChange& change);
 
     /// Whether a save is under way or waiting.
     [[nodiscard]] bool isSaving() const;
+    /// Whether nothing is under way, waiting or not yet announced.
+    [[nodiscard]] bool isSettled() const;
+    /// Waits until the worker does nothing, not even look, but no longer than that; whether it does nothing.
+    [[nodiscard]] bool waitUntilIdle(std::chrono::milliseconds patience);
     /// Blocks until nothing is under way or waiting, and returns the outcome of the last save.
     CVSaveOutcome waitForFinished();
     /// Does the same, but gives up after that time; then absent.
@@ -56,29 +63,37 @@ public:
 
 signals:
     void saveStarted();
-    /// These two are always emitted from the event loop of the queue's thread.
+    /// These three are always emitted from the event loop of the queue's thread.
     void saveFinished(const CVSaveOutcome& outcome);
+    /// Only the version's trouble of the outcome counts.
+    void stateKept(const CVSaveOutcome& outcome);
     void changedOutside(const CVOutsideChange& change);
     /// Emitted by the worker thread when there is another message.
     void written();
 
 private:
+    enum class Task { Save, KeepState, Accept };
     struct Job {
+        Task task = Task::Save;
         QString path;
         CVDocumentText text;
         /// Why there is no path to write to; empty when there is one.
         QString failure = {};
         CVVersionKeeping keeping = {};
         CVUnreadableFile unreadable = CVUnreadableFile::AwaitedIfWatched;
-        /// The file to be taken over, of which `text` is the former state; absent when `text` is to be written.
-        std::optional<CVFileSignature> taken = {};
-        CVReadAs takenAs = CVReadAs::Whole;
+        /// The file to be accepted, and how much of it was read.
+        CVFileSignature accepted = {};
+        CVReadAs acceptedAs = CVReadAs::Whole;
     };
-    using Message = std::variant<CVSaveOutcome, CVOutsideChange>;
+    struct KeptState {
+        CVSaveOutcome outcome;
+    };
+    using Message = std::variant<CVSaveOutcome, KeptState, CVOutsideChange>;
 
     void enqueue(Job job);
     void work();
     void announceNext();
+    void note(const Job& job, CVSaveOutcome outcome);
     void carryOutNext(std::unique_lock<std::mutex>& lock);
     void look(std::unique_lock<std::mutex>& lock);
     [[nodiscard]] CVSaveOutcome perform(const Job& job);
@@ -89,6 +104,7 @@ private:
     std::condition_variable mChanged;
     std::deque<Job> mPending;
     bool mWriting = false;
+    bool mLooking = false;
     bool mStopping = false;
     CVSaveOutcome mLastOutcome;
     /// What is not announced yet.

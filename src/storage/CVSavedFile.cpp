@@ -1,5 +1,6 @@
 #include "storage/CVSavedFile.h"
 
+#include "files/CVReplaceFile.h"
 #include "model/CVDetachedDocument.h"
 #include "storage/CVDocumentReader.h"
 #include "storage/CVWriteDocumentText.h"
@@ -19,7 +20,7 @@ constexpr std::chrono::seconds kIdle(5);
 constexpr std::chrono::seconds kBetweenReadings(30);
 
 QString folderOf(const QString& path) {
-    return QFileInfo(path).absolutePath();
+    return QFileInfo(CVFollowLinks(path)).absolutePath();
 }
 
 bool isSame(const CVPathStatus& a, const CVPathStatus& b) {
@@ -39,11 +40,15 @@ void CVSavedFile::know(const CVFileSignature& signature, CVReadAs readAs) {
     const CVPathStatus present = CVPathStatus::of(mPath);
     mKnownChange = present.signature == signature ? present.changed : 0;
     mKnownSince = Clock::now();
-    if (const auto folder = CVFileSignature::of(folderOf(mPath)))
-        mFolderDevice = folder->device;
+    noteDisk();
     mJudgedAt.reset();
     mUntold.reset();
     mTold.reset();
+}
+
+void CVSavedFile::noteDisk() {
+    if (const auto folder = CVFileSignature::of(folderOf(mPath)))
+        mFolderDevice = folder->device;
 }
 
 /// Whether the file holds what this program last read or wrote, or whether there is none as expected. The bytes decide
@@ -57,6 +62,7 @@ bool CVSavedFile::isAsKnown(const CVPathStatus& present) {
         return false;
     mKnown = present.signature;
     mKnownChange = present.changed;
+    noteDisk();
     return true;
 }
 
@@ -72,7 +78,7 @@ CVOutsideChange CVSavedFile::read(const QString& path) {
     if (report.signature) {
         (*budget)->sortTransactionsByDate();
         (*budget)->updateDates();
-        return {CVOutsideChange::Kind::Changed, path, {}, budget, *report.signature, report.readAs()};
+        return {CVOutsideChange::Kind::Changed, path, {}, budget, *report.signature, report.partly};
     }
     const QString reason =
         report.reason.isEmpty() ? tr("it holds something that Corvella does not understand") : report.reason;
@@ -83,7 +89,7 @@ CVOutsideChange CVSavedFile::read(const QString& path) {
 QString CVSavedFile::whyNotNow(const CVPathStatus& present, CVUnreadableFile unreadable) {
     if (diskIsAway(present))
         return tr("the disk on which it was is not there");
-    if (!mIsWatched || !mKnown || !present.signature)
+    if (!mIsWatched || !mKnown || !present.signature || mStillAsked == CVVersionReason::Move)
         return {};
     const CVOutsideChange change = read(mPath);
     if (change.kind != CVOutsideChange::Kind::Unreadable)
@@ -91,7 +97,7 @@ QString CVSavedFile::whyNotNow(const CVPathStatus& present, CVUnreadableFile unr
     mUnreadable = present.signature;
     if (unreadable == CVUnreadableFile::Replaced)
         return {};
-    return tr("another program may still be writing it, because it cannot be read: %1").arg(change.reason);
+    return tr("it cannot be read, perhaps because another program is still writing it: %1").arg(change.reason);
 }
 
 CVSaveOutcome CVSavedFile::save(const CVDocumentText& text, const CVVersionKeeping& keeping,
@@ -100,9 +106,13 @@ CVSaveOutcome CVSavedFile::save(const CVDocumentText& text, const CVVersionKeepi
     if (keeping.asked)
         mStillAsked = keeping.asked;
     const CVPathStatus present = CVPathStatus::of(mPath);
-    const bool isKnown = isAsKnown(present);
+    // What stands at a place to which the user moves the data file is not this budget, even if it once was.
+    const bool isKnown = keeping.asked != CVVersionReason::Move && isAsKnown(present);
     QString problem = isKnown ? QString() : whyNotNow(present, unreadable);
     outcome.awaitsReadable = !problem.isEmpty() && present.signature;
+    // The next look then tells that the file can be read again.
+    if (outcome.awaitsReadable)
+        mTold = CVOutsideChange::Kind::Unreadable;
     if (problem.isEmpty())
         problem = write(text, keeping, present, isKnown, outcome);
     if (!problem.isEmpty())
@@ -154,10 +164,13 @@ QString CVSavedFile::write(const CVDocumentText& text, const CVVersionKeeping& k
     }
     if (!outcome.keptCopy.isEmpty() && outcome.keptReason == CVKeptReason::ChangedOutside)
         outcome.keptIsBudget = read(outcome.keptCopy).kind == CVOutsideChange::Kind::Changed;
-    if (!outcome.keptCopy.isEmpty() && outcome.keptReason != CVKeptReason::AsItWasRead && former) {
+    const bool isAnothers =
+        outcome.keptReason == CVKeptReason::ChangedOutside || outcome.keptReason == CVKeptReason::Unreadable;
+    if (!outcome.keptCopy.isEmpty() && isAnothers && former) {
         // What both had in common is in no file by now.
         outcome.common = former->text();
-        keepText(*outcome.common, asked.value_or(CVVersionReason::TakingOver), keeping.limit, outcome);
+        if (keeping.limit > 0)
+            keepText(*outcome.common, asked.value_or(CVVersionReason::TakingOver), keeping.limit, outcome);
     }
     return replacing.error;
 }
@@ -182,8 +195,6 @@ void CVSavedFile::keepVersion(const QString& former, CVVersionReason reason, qin
 }
 
 void CVSavedFile::keepText(const CVDocumentText& text, CVVersionReason reason, qint64 limit, CVSaveOutcome& outcome) {
-    if (limit <= 0)
-        return;
     const QDateTime now = QDateTime::currentDateTime();
     finishKeeping(CVVersionFolder(mPath).keepContent(CVContentOfDocumentText(text), reason, now), {now, 1, reason},
                   limit, outcome);
@@ -199,7 +210,7 @@ void CVSavedFile::finishKeeping(const CVFileResult& kept, const CVVersionName& v
                                      .arg(QDir::toNativeSeparators(folder.path()), kept.error);
         return;
     }
-    const CVFileResult thinned = folder.thin(version.kept, limit);
+    const CVFileResult thinned = limit > 0 ? folder.thin(version.kept, limit) : CVFileResult();
     if (!thinned.ok()) {
         outcome.versionTrouble = tr("Superfluous earlier versions could not be removed from “%1”: %2.")
                                      .arg(QDir::toNativeSeparators(folder.path()), thinned.error);
@@ -235,7 +246,8 @@ std::optional<CVOutsideChange> CVSavedFile::look() {
     const bool isJudged = mJudgedAt && isSame(present, mJudged);
     if (isJudged && mUntold)
         return tell(*std::exchange(mUntold, std::nullopt));
-    const bool isDueAgain = mTold == CVOutsideChange::Kind::Unreadable && Clock::now() - *mJudgedAt >= kBetweenReadings;
+    const bool isDueAgain =
+        mJudgedAt && mTold == CVOutsideChange::Kind::Unreadable && Clock::now() - *mJudgedAt >= kBetweenReadings;
     if (isJudged && !isDueAgain)
         return std::nullopt;
     mJudgedAt.reset();
@@ -263,11 +275,13 @@ std::optional<CVOutsideChange> CVSavedFile::tell(CVOutsideChange change) {
     return isNew ? std::optional(std::move(change)) : std::nullopt;
 }
 
-CVSaveOutcome CVSavedFile::takeOver(const CVFileSignature& signature, CVReadAs readAs, const CVDocumentText& former,
-                                    qint64 versionLimit) {
+CVSaveOutcome CVSavedFile::keepState(const CVDocumentText& text, qint64 versionLimit) {
     CVSaveOutcome outcome{.path = mPath};
-    keepText(former, CVVersionReason::TakingOver, versionLimit, outcome);
+    keepText(text, CVVersionReason::TakingOver, versionLimit, outcome);
+    return outcome;
+}
+
+void CVSavedFile::accept(const CVFileSignature& signature, CVReadAs readAs) {
     mCommon = CVCommonState::ofFile(mPath, signature);
     know(signature, readAs);
-    return outcome;
 }

@@ -35,15 +35,17 @@ public:
     /// From the first look on, a save waits while the file cannot be read. Absent when there is nothing new, or when
     /// this program has neither read nor written the file.
     [[nodiscard]] std::optional<CVOutsideChange> look();
-    /// Takes the changed file of that signature for what this program last read, and keeps `former`, the text of the
-    /// budget until then, as a version. Only the version's trouble of the outcome counts.
-    [[nodiscard]] CVSaveOutcome takeOver(const CVFileSignature& signature, CVReadAs readAs,
-                                         const CVDocumentText& former, qint64 versionLimit);
+    /// Keeps a text as a version before another program's state takes its place. Only the version's trouble of the
+    /// outcome counts. Thins the versions to `versionLimit` bytes; 0 thins none.
+    [[nodiscard]] CVSaveOutcome keepState(const CVDocumentText& text, qint64 versionLimit);
+    /// Takes the changed file of that signature for what this program last read.
+    void accept(const CVFileSignature& signature, CVReadAs readAs);
 
 private:
     using Clock = std::chrono::steady_clock;
 
     void know(const CVFileSignature& signature, CVReadAs readAs = CVReadAs::Whole);
+    void noteDisk();
     [[nodiscard]] bool isAsKnown(const CVPathStatus& present);
     [[nodiscard]] bool diskIsAway(const CVPathStatus& present) const;
     [[nodiscard]] QString whyNotNow(const CVPathStatus& present, CVUnreadableFile unreadable);

@@ -224,31 +224,19 @@ TEST_F(PreferencesInApp, AChosenFileThatGoesAwayMeanwhileLeavesThePresentBudget)
     quit();
 }
 
-TEST_F(PreferencesInApp, ADamagedChosenFileThatCannotBeReplacedAsksNothingAboutTheFormerBudget) {
+TEST_F(PreferencesInApp, ADamagedChosenFileLeavesBothFilesAsTheyAre) {
     open();
     record(12, "Market", "Food");
-    // This file is no XML, and nothing can be written beside it.
-    ASSERT_TRUE(QFile::link("/proc/self/status", dataFileIn("other")));
-    changeTo("other", {CVAlert::kDefault});
-    ASSERT_TRUE(QTest::qWaitFor([this] { return mAlerts.shown().size() == 2; }));
-    EXPECT_EQ(mAlerts.shown()[1].title, "Your budget could not be read");
-    EXPECT_EQ(payees(), QStringList());
-    mAlerts.answer({CVAlert::kOther});
-    EXPECT_TRUE(window().close());
-}
-
-TEST_F(PreferencesInApp, ADamagedChosenFileIsKeptAndTold) {
-    open();
-    record(12, "Market", "Food");
+    const auto before = defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
     const QByteArray damaged = "<?xml version=\"1.0\"?>\n<CorvellaDocument><Transaction></CorvellaDocument>";
     write(dataFileIn("other"), damaged);
     changeTo("other", {CVAlert::kDefault});
     ASSERT_TRUE(QTest::qWaitFor([this] { return mAlerts.shown().size() == 2; }));
-    EXPECT_EQ(mAlerts.shown()[1].title, "Your budget could not be read");
-    EXPECT_EQ(payees(), QStringList());
-    const QStringList kept = QDir(mHome.path("other")).entryList({"*(unreadable *"});
-    ASSERT_EQ(kept.size(), 1);
-    EXPECT_EQ(bytesOf(mHome.path("other/" + kept[0])), damaged);
+    EXPECT_EQ(mAlerts.shown()[1].title, "The other file could not be read");
+    EXPECT_EQ(payees(), QStringList{"Market"});
+    EXPECT_EQ(defaults().stringForKey(CVDefaultsKeys::kDataFileLocation), before);
+    EXPECT_EQ(bytesOf(dataFileIn("other")), damaged);
+    EXPECT_EQ(QDir(mHome.path("other")).entryList({"*.corvella"}, QDir::Files).size(), 1);
     quit();
 }
 

@@ -19,6 +19,8 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <gtest/gtest.h>
+
 namespace {
 
 using MergeColumn = CVVersionLines::Column;

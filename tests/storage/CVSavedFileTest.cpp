@@ -135,7 +135,8 @@ TEST_F(CVSavedFileTest, waitsWithASaveWhileAWatchedFileCannotBeRead) {
     replace(half);
     const CVSaveOutcome outcome = save(budget("Mine"));
     EXPECT_TRUE(outcome.awaitsReadable);
-    EXPECT_TRUE(outcome.message.contains("another program may still be writing it")) << outcome.message.toStdString();
+    EXPECT_TRUE(outcome.message.contains("perhaps because another program is still writing it"))
+        << outcome.message.toStdString();
     EXPECT_EQ(readFile(mPath), half);
     EXPECT_THAT(namesIn(mHome.path()), testing::ElementsAre("Data.corvella"));
 
@@ -170,7 +171,8 @@ TEST_F(CVSavedFileTest, takesAChangedFileOverAndKeepsTheFormerStateAsAVersion) {
     replace(budget("Theirs"));
     const auto change = mFile.look();
     ASSERT_TRUE(change);
-    EXPECT_EQ(mFile.takeOver(change->signature, change->readAs, textOf(mRead), kLimit).versionTrouble, QString());
+    EXPECT_EQ(mFile.keepState(textOf(mRead), kLimit).versionTrouble, QString());
+    mFile.accept(change->signature, change->readAs());
     EXPECT_THAT(versions(), testing::ElementsAre(mRead));
     EXPECT_EQ(CVVersionFolder(mPath).versions()[0].name.reason, CVVersionReason::TakingOver);
     EXPECT_EQ(look(), std::nullopt);
@@ -179,12 +181,26 @@ TEST_F(CVSavedFileTest, takesAChangedFileOverAndKeepsTheFormerStateAsAVersion) {
     EXPECT_EQ(save(budget("Ours again")).common->joined(), budget("Ours"));
 }
 
-TEST_F(CVSavedFileTest, keepsNoVersionWhereNoneIsWanted) {
-    replace(budget("Theirs"));
-    const auto change = mFile.look();
-    ASSERT_TRUE(change);
-    EXPECT_EQ(mFile.takeOver(change->signature, change->readAs, textOf(mRead), 0).versionTrouble, QString());
-    EXPECT_TRUE(versions().isEmpty());
+TEST_F(CVSavedFileTest, keepsAStateAlsoWhereNoOtherVersionsAreKept) {
+    EXPECT_EQ(mFile.keepState(textOf(mRead), 0).versionTrouble, QString());
+    EXPECT_THAT(versions(), testing::ElementsAre(mRead));
+}
+
+TEST_F(CVSavedFileTest, keepsWhatStandsWhereTheUserMovesTheFileToAlsoWhenItWasReadBefore) {
+    const CVSaveOutcome outcome = save(budget("Moved here"), {CVVersionReason::Move, 0});
+    EXPECT_TRUE(outcome.message.isEmpty()) << outcome.message.toStdString();
+    EXPECT_EQ(outcome.keptReason, CVKeptReason::ReplacedWhenMoved);
+    EXPECT_EQ(readFile(outcome.keptCopy), mRead);
+    EXPECT_EQ(readFile(mPath), budget("Moved here"));
+}
+
+TEST_F(CVSavedFileTest, tellsThatASaveWhichWaitedCanBeTriedAgain) {
+    EXPECT_EQ(look(), std::nullopt);
+    replace("half");
+    EXPECT_TRUE(save(budget("Mine")).awaitsReadable);
+    replace(mRead);
+    const auto change = look();
+    EXPECT_TRUE(change == Kind::AsKnown || change == Kind::Changed);
 }
 
 TEST_F(CVSavedFileTest, noticesTheNextChangeAlthoughAnEarlierOneIsTakenOver) {
@@ -192,7 +208,7 @@ TEST_F(CVSavedFileTest, noticesTheNextChangeAlthoughAnEarlierOneIsTakenOver) {
     const auto change = mFile.look();
     ASSERT_TRUE(change);
     replace(budget("Theirs, later"));
-    (void)mFile.takeOver(change->signature, change->readAs, textOf(mRead), 0);
+    mFile.accept(change->signature, change->readAs());
     EXPECT_EQ(look(), Kind::Changed);
 }
 
