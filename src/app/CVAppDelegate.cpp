@@ -216,6 +216,8 @@ void CVAppDelegate::carryOut(CVCommand command) {
     switch (command) {
     case CVCommand::EarlierVersions:
         return showEarlierVersions();
+    case CVCommand::ChangesFromElsewhere:
+        return mMergeOperations->showAll();
     case CVCommand::ShowHelp:
         return showHelp();
     case CVCommand::ContactSupport:

@@ -2,12 +2,20 @@
 
 #include "app/CVAppDelegate.h"
 #include "differences/CVBringIn.h"
+#include "files/CVReplaceFile.h"
 #include "merging/CVMergeWindow.h"
 #include "model/CVDocument.h"
+#include "versions/CVConflictCopies.h"
+#include "versions/CVKeptCopy.h"
+#include "versions/CVKeptName.h"
 #include "widgets/tables/CVCommitOpenEditor.h"
 #include "workspace/CVMainWindowController.h"
+#include "workspace/controls/CVSaveStatus.h"
 
+#include <QFileInfo>
 #include <QMainWindow>
+
+#include <utility>
 
 CVMergeOperations::CVMergeOperations(CVAppDelegate& app) : mApp(app) {}
 
@@ -19,6 +27,27 @@ void CVMergeOperations::offer(const CVMergeSource& source, CVMergeWindow::Asked 
         mWindow = std::make_unique<CVMergeWindow>(mApp.document(), *this, mHelp);
     mWindow->offer(source);
     showInFront(asked);
+}
+
+void CVMergeOperations::showAll() {
+    const QString dataFile = mApp.document().dataFiles().value(0);
+    QStringList files = CVConflictCopies::beside(dataFile);
+    const QString name = QFileInfo(CVFollowLinks(dataFile)).fileName();
+    for (const QString& copy : CVKeptCopy::beside(dataFile)) {
+        const auto kept = CVKeptName::parse(QFileInfo(copy).fileName(), name);
+        if (kept && kept->reason == CVKeptReason::ChangedOutside)
+            files.append(copy);
+    }
+    for (const QString& file : std::as_const(files)) {
+        // What the file had in common with the budget is known only of one that was offered before.
+        if (!mWindow || !mWindow->hasSource(file))
+            offer({file, std::nullopt});
+    }
+    if (mWindow && mWindow->countSources() > 0)
+        showInFront(CVMergeWindow::Asked::ByUser);
+    else
+        mApp.mainWindow()->saveStatus().remark(
+            tr("Beside your data file there is no file with changes from elsewhere."));
 }
 
 void CVMergeOperations::showInFront(CVMergeWindow::Asked asked) {

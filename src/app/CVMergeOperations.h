@@ -4,6 +4,8 @@
 #include "merging/CVMergeSource.h"
 #include "merging/CVMergeWindow.h"
 
+#include <QCoreApplication>
+
 #include <memory>
 
 class CVAppDelegate;
@@ -13,6 +15,8 @@ class CVHelpOpener;
 /// What the program does with the changes of other files: offers them in a window and brings them in. Owns the window;
 /// references the application, which outlives it.
 class CVMergeOperations final : public CVMergeHost {
+    Q_DECLARE_TR_FUNCTIONS(CVMergeOperations)
+
 public:
     explicit CVMergeOperations(CVAppDelegate& app);
     ~CVMergeOperations();
@@ -22,6 +26,8 @@ public:
     /// Shows another file's changes, or adds it to those of which the open window lets the user choose one. Called once
     /// there is a main window.
     void offer(const CVMergeSource& source, CVMergeWindow::Asked asked = CVMergeWindow::Asked::ByUser);
+    /// Shows the changes of all files beside the data file that may have some, or says that there is none.
+    void showAll();
     /// The budget of another data file, or the same read anew, took the place of the former document.
     void setDocument(CVDocument& document);
 

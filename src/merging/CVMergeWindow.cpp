@@ -121,6 +121,11 @@ void CVMergeWindow::offer(const CVMergeSource& source) {
         sourcePicked();
 }
 
+bool CVMergeWindow::hasSource(const QString& path) const {
+    return std::any_of(mOffered.begin(), mOffered.end(),
+                       [&path](const Offered& offered) { return offered.source.path == path; });
+}
+
 void CVMergeWindow::listSources() {
     mSources->clear();
     for (const Offered& offered : mOffered)

@@ -29,6 +29,7 @@ public:
     enum class Asked : bool { ByItself, ByUser };
     /// Shows the window, or brings it to the front.
     void showWindow(Asked asked = Asked::ByUser);
+    [[nodiscard]] bool hasSource(const QString& path) const;
     [[nodiscard]] std::size_t countSources() const { return mOffered.size(); }
     /// Closes the window and forgets all files, because the budget is another one.
     void forgetSources();

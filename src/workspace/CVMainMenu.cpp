@@ -49,6 +49,8 @@ struct Entry {
 constexpr std::array<Entry, kCVCommands> kEntries{
     {{CVCommand::Export, File, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Export Transactions…"), "Ctrl+E"},
      {CVCommand::EarlierVersions, File, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "E&arlier Versions…"), ""},
+     {CVCommand::ChangesFromElsewhere, File, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "Changes from Else&where…"),
+      ""},
      {CVCommand::Print, File, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "&Print…"), "Ctrl+P"},
      {CVCommand::PrintPreview, File, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "Print Pre&view…"), "Ctrl+Shift+P"},
      {CVCommand::PageSetup, File, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "Page Set&up…"), ""},

@@ -14,6 +14,7 @@ class QMenu;
 enum class CVCommand {
     Export,
     EarlierVersions,
+    ChangesFromElsewhere,
     Print,
     PrintPreview,
     PageSetup,

@@ -67,6 +67,7 @@ void CVMainWindowCommands::choose(CVCommand command) {
     case CVCommand::Preferences:
         return mController.showPreferences();
     case CVCommand::EarlierVersions:
+    case CVCommand::ChangesFromElsewhere:
     case CVCommand::ShowHelp:
     case CVCommand::ContactSupport:
     case CVCommand::WebSite:

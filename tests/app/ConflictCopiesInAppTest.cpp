@@ -112,6 +112,20 @@ TEST_F(ConflictCopiesInApp, ACopyThatAppearsWhileTheProgramRunsIsToldByItself) {
     EXPECT_EQ(merging().countSources(), 2U);
 }
 
+TEST_F(ConflictCopiesInApp, TheMenuLeadsToThemAgain) {
+    startWithBudget();
+    choose("Changes from Elsewhere…");
+    EXPECT_TRUE(remark().contains("there is no file with changes from elsewhere")) << remark().toStdString();
+    EXPECT_EQ(mDelegate->mergeOperations().window(), nullptr);
+    writeCopy(" (conflicted copy 2014-03-07)", "Baker");
+    for (int time = 0; time < 2; ++time) {
+        choose("Changes from Elsewhere…");
+        ASSERT_NE(mDelegate->mergeOperations().window(), nullptr);
+        EXPECT_TRUE(merging().isVisible());
+        EXPECT_EQ(merging().countSources(), 1U);
+    }
+}
+
 TEST_F(ConflictCopiesInApp, WhatIsOfferedIsMergedWithItsCommonState) {
     startWithBudget();
     const CVDocumentText common = CVDocumentXMLRepresentation(document());
