@@ -22,6 +22,13 @@ void eraseLeaving(CVTransactions& transactions, Leaves leaves) {
     });
 }
 
+/// Lets each transaction keep its text. Only then may a view of one be held, because a block moves while it grows.
+void render(const CVTransactions& transactions) {
+    CVTextArena arena;
+    for (const auto& transaction : transactions)
+        (void)transaction->xmlRepresentation(arena);
+}
+
 struct HashOfText {
     std::size_t operator()(QByteArrayView text) const { return qHash(text); }
 };
@@ -36,14 +43,15 @@ void CVDocument::addTransaction(std::shared_ptr<CVTransaction> transaction) {
 
 /// Puts each former transaction in the place of one that says the same. Whether that was all.
 bool CVDocument::keepSameTransactions(const CVTransactions& former) {
-    CVTextArena arena;
+    render(former);
+    render(mTransactions);
     std::unordered_multimap<QByteArrayView, const std::shared_ptr<CVTransaction>*, HashOfText> byText;
     byText.reserve(former.size());
     for (const auto& transaction : former)
-        byText.emplace(transaction->xmlRepresentation(arena).bytes(), &transaction);
+        byText.emplace(transaction->xmlRepresentation(), &transaction);
     bool areSame = former.size() == mTransactions.size();
     for (auto& transaction : mTransactions) {
-        const auto same = byText.find(transaction->xmlRepresentation(arena).bytes());
+        const auto same = byText.find(transaction->xmlRepresentation());
         areSame = areSame && same != byText.end();
         if (same == byText.end())
             continue;
@@ -56,13 +64,14 @@ bool CVDocument::keepSameTransactions(const CVTransactions& former) {
 }
 
 bool CVDocument::saysMoreThan(const CVDocument& other) const {
-    CVTextArena arena;
+    render(mTransactions);
+    render(other.mTransactions);
     std::unordered_multiset<QByteArrayView, HashOfText> texts;
     texts.reserve(other.mTransactions.size());
     for (const auto& transaction : other.mTransactions)
-        texts.insert(transaction->xmlRepresentation(arena).bytes());
-    return std::any_of(mTransactions.begin(), mTransactions.end(), [&](const auto& transaction) {
-        const auto same = texts.find(transaction->xmlRepresentation(arena).bytes());
+        texts.insert(transaction->xmlRepresentation());
+    return std::any_of(mTransactions.begin(), mTransactions.end(), [&texts](const auto& transaction) {
+        const auto same = texts.find(transaction->xmlRepresentation());
         if (same == texts.end())
             return true;
         texts.erase(same);
