@@ -153,12 +153,20 @@ void CVAppDelegate::showWhetherSaved(const CVLoadReport& report) const {
 
 void CVAppDelegate::handleSaveFinished(const CVSaveOutcome& outcome) {
     mLockOperations->saveFinished();
+    if (mIsEnding)
+        return;
     // Another program's file beside a former place has nothing to do with this budget.
     if (outcome.keptIsBudget && outcome.path == mFile.placeForSaving() && mSaveTeller.markAsTold(outcome.keptCopy))
-        mMergeOperations->offer({outcome.keptCopy, outcome.common}, CVMergeWindow::Asked::ByItself);
+        offer(outcome);
     mSaveTeller.tell(outcome, *mMainWindow, mFile.saves().isSaving(), mPreferences.get());
     if (mHistory)
         mHistory->versionsChanged();
+}
+
+void CVAppDelegate::offer(const CVSaveOutcome& outcome) {
+    mMainWindow->saveStatus().remark(
+        tr("Another program has changed your data file too. Both states are kept, and you choose what comes in."));
+    mMergeOperations->offer({outcome.keptCopy, outcome.common}, CVMergeWindow::Asked::ByItself);
 }
 
 void CVAppDelegate::tellAboutReading(const CVLoadReport& report) {
@@ -184,6 +192,13 @@ bool CVAppDelegate::mayClose() {
         return true;
     if (mMainWindow->returnToUnreadable())
         return false;
+    mIsEnding = isEverythingSaved();
+    return mIsEnding;
+}
+
+/// Asks the user while it is not; true also when the user gives it up.
+bool CVAppDelegate::isEverythingSaved() {
+    saveWhatIsLost();
     std::optional<QTime> triedAgain;
     for (;;) {
         const auto outcome = mFile.saves().waitForFinished(kPatience);
@@ -429,8 +444,17 @@ void CVAppDelegate::keepEverything() {
     (void)saveAtLast();
 }
 
+/// What is in no file any more would end with this window.
+void CVAppDelegate::saveWhatIsLost() {
+    if (!mOutsideChanges->isFileLost() || isReadOnly())
+        return;
+    mFile.setUnreadableFiles(CVUnreadableFile::Replaced);
+    mDocument->workbookSave();
+}
+
 /// A failed save is tried once more, because the disk may have room again and the latest entries are in no file.
 bool CVAppDelegate::saveAtLast() {
+    saveWhatIsLost();
     const auto first = mFile.saves().waitForFinished(kLastPatience);
     if (!first || first->saved)
         return first.has_value();

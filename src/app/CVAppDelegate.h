@@ -118,12 +118,15 @@ private:
     void versionsDeleted() override;
     [[nodiscard]] CVLoadReport read(CVDocument& document, CVReadingPanel panel);
     void handleSaveFinished(const CVSaveOutcome& outcome);
+    void offer(const CVSaveOutcome& outcome);
+    void saveWhatIsLost();
     [[nodiscard]] QString whyUnreadable(const QString& path) const;
     void showWhetherSaved(const CVLoadReport& report) const;
     /// Waits for the last save, but not for ever; whether everything that was entered is in the file.
     [[nodiscard]] bool saveAtLast();
     /// Whether the window may close: not while changes would be lost, unless the user agrees.
     [[nodiscard]] bool mayClose();
+    [[nodiscard]] bool isEverythingSaved();
 
     CVAlerts& mAlerts;
     CVFilePanels& mPanels;
@@ -150,4 +153,7 @@ private:
     bool mWantsUpdatePreferences = false;
     bool mEndsWithoutAsking = false;
     bool mIsReopening = false;
+    /// The main window closes for good: a window that is shown now would keep the program alive, and nobody would see
+    /// it.
+    bool mIsEnding = false;
 };

@@ -42,7 +42,7 @@ QString whereabouts(const CVSaveOutcome& outcome, const QString& folder) {
 /// What failed, and what that means for the file; `fullDisk` replaces the reason when only the disk is full.
 QString failure(const CVSaveOutcome& outcome, const QString& fullDisk) {
     QString text = outcome.diskIsFull ? fullDisk : outcome.message;
-    if (QFileInfo::exists(outcome.path))
+    if (!outcome.awaitsReadable && QFileInfo::exists(outcome.path))
         text += u' ' + FileMessagesText::tr("Your last saved file is whole.");
     if (canMakeRoom(outcome))
         text += u' ' + FileMessagesText::tr("Deleting earlier versions makes room.");

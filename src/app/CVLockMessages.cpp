@@ -42,8 +42,8 @@ QString whoHasIt(const CVBudgetLock::Attempt& attempt, const QString& file) {
 QString whoMayHaveIt(const CVBudgetLock::Attempt& attempt, const QString& file, const QString& folder) {
     if (attempt.holder)
         return LockMessagesText::tr(
-                   "%1 has had “%2” open on “%3”. Corvella cannot tell whether that is still so, because "
-                   "it cannot ask the clock of the folder “%4”.")
+                   "%1 has had “%2” open on “%3”. Corvella cannot tell whether that is still so from the "
+                   "times in the folder “%4”.")
             .arg(attempt.holder->user, file, attempt.holder->host, folder);
     return LockMessagesText::tr("In the folder “%1” lies a lock of “%2” that Corvella cannot read.").arg(folder, file);
 }

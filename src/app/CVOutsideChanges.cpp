@@ -55,7 +55,7 @@ CVOutsideChanges::CVOutsideChanges(CVAppDelegate& app, CVDocumentFile& file) : m
 
 void CVOutsideChanges::watch(const QString& path) {
     mWaiting.reset();
-    mLastSaveFailed = false;
+    mLastSaveFailed = mIsFileLost = false;
     mIsKept = mIsBeingKept = false;
     mWatched = path;
     mSavedNames = namesOfSets();
@@ -74,6 +74,10 @@ void CVOutsideChanges::handle(const CVOutsideChange& change) {
     if (change.path != mWatched)
         return;
     CVSaveStatus& status = mApp.mainWindow()->saveStatus();
+    using Kind = CVOutsideChange::Kind;
+    mIsFileLost = change.kind == Kind::Unreadable || (change.kind == Kind::Gone && !change.diskIsAway);
+    if (change.kind == Kind::Unreadable || change.kind == Kind::Gone)
+        status.setUnknown();
     const QString file = QDir::toNativeSeparators(change.path);
     switch (change.kind) {
     case CVOutsideChange::Kind::Changed:
@@ -88,6 +92,8 @@ void CVOutsideChanges::handle(const CVOutsideChange& change) {
         return status.remark(
             tr("Your data file “%1” is not there any more. Your budget is still open here.").arg(file));
     case CVOutsideChange::Kind::AsKnown:
+        if (!mLastSaveFailed && !mFile.isReadOnly())
+            status.setSaved();
         status.remark(tr("Your data file “%1” is again as Corvella last read or saved it.").arg(file));
         if (mLastSaveFailed)
             mApp.document().workbookSave();
@@ -102,6 +108,7 @@ void CVOutsideChanges::handleSave(const CVSaveOutcome& outcome) {
     mLastSaveFailed = !outcome.saved;
     if (!outcome.saved)
         return;
+    mIsFileLost = false;
     // The data file was moved away from the change, which stays at the old place.
     if (mWaiting && outcome.path != mWatched)
         mApp.mergeOperations().offer({mWaiting->path, std::nullopt}, CVMergeWindow::Asked::ByItself);

@@ -21,6 +21,8 @@ class CVOutsideChanges final : public QObject {
 public:
     CVOutsideChanges(CVAppDelegate& app, CVDocumentFile& file);
 
+    /// Whether the data file was seen to be removed or damaged, so that the budget is in this window alone.
+    [[nodiscard]] bool isFileLost() const { return mIsFileLost; }
     /// Watches that file, in which the budget that is open now was read or will be saved, and no other. A later save to
     /// another place is followed by itself.
     void watch(const QString& path);
@@ -45,6 +47,7 @@ private:
     /// Asks again while the user is in the middle of something.
     QTimer mAgain;
     bool mLastSaveFailed = false;
+    bool mIsFileLost = false;
     /// Whether what the window shows is kept, so that another state may take its place; being kept, and kept.
     bool mIsBeingKept = false;
     bool mIsKept = false;

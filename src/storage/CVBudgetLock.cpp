@@ -82,11 +82,12 @@ CVBudgetLock::CVBudgetLock(const QString& dataFile, CVLockHolder self)
     , mSelf(std::move(self)) {}
 
 CVBudgetLock::Attempt CVBudgetLock::take(Doubt doubt) {
+    const bool isHere = isOnTheSameDisk();
     for (int round = 0; round < kMostRounds; ++round) {
         Found found = look();
         Step step = Step::Done;
         if (!found.isThere) {
-            step = make();
+            step = isHere ? make() : Step::Impossible;
         } else {
             const CVLockState state = judge(found);
             if (state == CVLockState::Alive)
@@ -103,6 +104,13 @@ CVBudgetLock::Attempt CVBudgetLock::take(Doubt doubt) {
         QThread::msleep(kPause);
     }
     return {Outcome::Doubtful};
+}
+
+bool CVBudgetLock::isOnTheSameDisk() {
+    const auto folder = CVFileSignature::of(QFileInfo(mPath).absolutePath());
+    if (!mDisk && folder)
+        mDisk = folder->device;
+    return !folder || folder->device == mDisk;
 }
 
 void CVBudgetLock::release() {

@@ -64,6 +64,10 @@ private:
     [[nodiscard]] bool guard(const Found& found) const;
     void giveSign(const Found& found) const;
 
+    [[nodiscard]] bool isOnTheSameDisk();
+
     QString mPath;
+    /// The disk with the folder when the lock was first asked for; an empty mount point is on another one.
+    std::optional<quint64> mDisk;
     CVLockHolder mSelf;
 };

@@ -26,6 +26,8 @@ struct CVOutsideChange {
     QString path = {};
     /// Why it cannot be read; empty otherwise.
     QString reason = {};
+    /// Whether a file that is not there went with its disk.
+    bool diskIsAway = false;
     /// What a changed file holds, in order of date; null otherwise.
     std::shared_ptr<CVDetachedDocument> budget = nullptr;
     /// Of the changed file when its reading began.

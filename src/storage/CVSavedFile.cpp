@@ -14,8 +14,8 @@
 namespace {
 
 constexpr qint64 kNanosecondsPerMillisecond = 1'000'000;
-/// After a reading, the user looks at the budget first; the bytes are read again when nothing else is to be done.
-constexpr std::chrono::seconds kIdle(5);
+/// After a reading, the user looks at the budget first; then the bytes are read again.
+constexpr std::chrono::seconds kIdle(1);
 /// The time after which a file that did not change and could not be read is read again.
 constexpr std::chrono::seconds kBetweenReadings(30);
 
@@ -78,11 +78,15 @@ CVOutsideChange CVSavedFile::read(const QString& path) {
     if (report.signature) {
         (*budget)->sortTransactionsByDate();
         (*budget)->updateDates();
-        return {CVOutsideChange::Kind::Changed, path, {}, budget, *report.signature, report.partly};
+        return {.kind = CVOutsideChange::Kind::Changed,
+                .path = path,
+                .budget = budget,
+                .signature = *report.signature,
+                .partly = report.partly};
     }
     const QString reason =
         report.reason.isEmpty() ? tr("it holds something that Corvella does not understand") : report.reason;
-    return {CVOutsideChange::Kind::Unreadable, path, reason};
+    return {.kind = CVOutsideChange::Kind::Unreadable, .path = path, .reason = reason};
 }
 
 /// Empty when the budget can be written now.
@@ -253,9 +257,13 @@ std::optional<CVOutsideChange> CVSavedFile::look() {
     mJudgedAt.reset();
     mUntold.reset();
     if (isAsKnown(present))
-        return tell({CVOutsideChange::Kind::AsKnown, mPath});
-    if (!present.signature)
-        return tell({CVOutsideChange::Kind::Gone, mPath, present.error});
+        return tell({.kind = CVOutsideChange::Kind::AsKnown, .path = mPath});
+    if (!present.signature) {
+        return tell({.kind = CVOutsideChange::Kind::Gone,
+                     .path = mPath,
+                     .reason = present.error,
+                     .diskIsAway = diskIsAway(present)});
+    }
     mJudged = present;
     mJudgedAt = Clock::now();
     CVOutsideChange change = read(mPath);

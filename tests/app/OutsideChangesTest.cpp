@@ -142,6 +142,21 @@ TEST_F(OutsideChanges, ThatCannotBeReadAreKeptWhenTheProgramEnds) {
     EXPECT_EQ(keptCopies().size(), 1);
 }
 
+TEST_F(OutsideChanges, ThatDamageOrRemoveTheFileLoseNothingThatWasSavedWhenTheProgramEnds) {
+    for (const bool isRemoved : {false, true}) {
+        if (isRemoved)
+            ASSERT_TRUE(QFile::remove(path()));
+        else
+            replace(bytes().first(bytes().size() / 2));
+        ASSERT_TRUE(waitForRemark(isRemoved ? "is not there any more" : "cannot be read"));
+        EXPECT_EQ(find<QLabel>("mSaveStatusText")->text(), "");
+        quitAndStartAgain();
+        EXPECT_EQ(payees(), QStringList({"Market", "Baker", "Station"}));
+        EXPECT_FALSE(QApplication::activeModalWidget());
+    }
+    EXPECT_EQ(keptCopies().size(), 1);
+}
+
 TEST_F(OutsideChanges, DoNotUndoARenamedSetThatIsNotSavedYet) {
     inSetEditor([](QTableView& table) {
         clickButton(table, "Add");

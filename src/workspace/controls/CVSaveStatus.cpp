@@ -96,6 +96,12 @@ void CVSaveStatus::setSaved() {
     show(tr("All changes saved"), Outcome::Fine);
 }
 
+void CVSaveStatus::setUnknown() {
+    // A failure that is shown stays true.
+    if (mFailure.isEmpty() && !mSlow.isActive())
+        show(QString(), Outcome::Fine);
+}
+
 void CVSaveStatus::setFailed(const QString& reason, MakeRoom makeRoom) {
     mSlow.stop();
     mRoomHelps = makeRoom;

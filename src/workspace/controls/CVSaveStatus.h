@@ -18,6 +18,8 @@ public:
 
     void setSaving();
     void setSaved();
+    /// Says nothing of whether everything is saved.
+    void setUnknown();
     /// Whether deleting earlier versions would help, which is then offered.
     enum class MakeRoom : bool { No, Yes };
     /// `reason` says in whole sentences what failed and what that means. After "Try Again", the failure is shown half a
