@@ -113,7 +113,7 @@ void CVLockOperations::showIn(CVMainWindowController& window) {
         window.showReadOnly(CVLockMessages::readOnly(claim.holder, {}));
 }
 
-void CVLockOperations::saveFinished() {
+void CVLockOperations::saveFinished() const {
     if (mPresent.keeper)
         mPresent.keeper->giveSignNow();
 }

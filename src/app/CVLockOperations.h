@@ -40,7 +40,7 @@ public:
     /// Says in a new window why nothing can be changed, if that is so.
     void showIn(CVMainWindowController& window);
     /// A save has ended: a folder that was made for it can hold a lock, and a lock that is lost is to be noticed now.
-    void saveFinished();
+    void saveFinished() const;
     /// Takes the lock if it is free by now, reads the budget again and lets it be changed.
     void tryToEdit();
 

@@ -57,7 +57,7 @@ quint32 CVTakenRecords::categoryFor(quint32 idThere) {
 /// that name, the counterpart.
 std::shared_ptr<CVCategory> CVTakenRecords::presentCategory(const CVCategory& there) const {
     const auto counterpart = mDifferences.categoryMatching.counterpartOf(there.uniqueID());
-    const auto same = counterpart ? mPresent.getCategoryByUniqueID(*counterpart) : nullptr;
+    auto same = counterpart ? mPresent.getCategoryByUniqueID(*counterpart) : nullptr;
     if (mRenamed == CVRenamedCategory::IsTheSame || (same && same->categoryName() == there.categoryName()))
         return same;
     return mPresent.doesCategoryNameExist(there.categoryName());

@@ -38,9 +38,10 @@ int CVTransactionWindowModel::rowCount(const QModelIndex& parent) const {
 }
 
 Qt::ItemFlags CVTransactionWindowModel::flags(const QModelIndex& index) const {
-    if (index.isValid() && CVIsReadOnly(*mTransactions[static_cast<std::size_t>(index.row())]))
-        return QAbstractTableModel::flags(index);
-    return CVEditorModel::flags(index);
+    const bool isReadOnly = index.isValid() && CVIsReadOnly(*mTransactions[static_cast<std::size_t>(index.row())]);
+    // A table without editing, neither of texts nor of boxes.
+    return isReadOnly ? Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren
+                      : CVEditorModel::flags(index);
 }
 
 QVariant CVTransactionWindowModel::cell(int row, int column, int role) const {

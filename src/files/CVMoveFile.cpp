@@ -61,7 +61,7 @@ CVFileResult CVCopyFile(const QString& from, const QString& to) {
     CVFileResult result = CVCopyBytes(source, sink);
     ::close(source);
     if (result.ok())
-        result = CVFileAccess::of(from).giveTo(copy.descriptor());
+        result.error = CVFileAccess::of(from).giveTo(copy.descriptor()).error;
     if (const CVFileResult finished = sink.finish(); !finished.ok())
         result = finished;
     if (result.ok())

@@ -79,7 +79,9 @@ CVReplaceResult replaceFile(const QString& path, const CVFileContent& write, CVN
     CVAccessResult given;
     if (const auto wanted = accessOf(target, old, access))
         given = wanted->giveTo(file.descriptor());
-    CVFileResult result = given.ok() ? sink.finish() : given;
+    CVFileResult result{given.error};
+    if (result.ok())
+        result = sink.finish();
     const auto written = CVFileSignature::ofOpenFile(file.descriptor());
     if (result.ok() && !written)
         result = CVFileResult::ofLastCall();

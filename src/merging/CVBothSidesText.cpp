@@ -23,7 +23,7 @@ constexpr qsizetype kMostNamed = 3;
 
 /// The first few names, and how many there are beside them.
 QString some(const QStringList& names) {
-    const QString named = names.mid(0, kMostNamed).join(BothSidesText::tr("; "));
+    QString named = names.mid(0, kMostNamed).join(BothSidesText::tr("; "));
     const auto others = static_cast<int>(names.size() - kMostNamed);
     if (others <= 0)
         return named;

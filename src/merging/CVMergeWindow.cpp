@@ -298,8 +298,7 @@ void CVMergeWindow::updateButtons() {
 void CVMergeWindow::bringIn(const CVBudgetDifferences& chosenLines, int count) {
     // Kept here, because the budget changes below and other lines may be shown meanwhile.
     const auto comparison = mShown.comparison;
-    const CVBudgetDifferences some = chosenLines;
-    const int in = mHost.bringIn(**comparison->merged.budget, **comparison->ours, some);
+    const int in = mHost.bringIn(**comparison->merged.budget, **comparison->ours, chosenLines);
     if (Offered* const offered = chosen())
         offered->wasTaken = offered->wasTaken || in > 0;
     mIsCurrent = in == 0;

@@ -110,8 +110,8 @@ private:
     /// What is not announced yet.
     std::deque<Message> mMessages;
     struct ReadFile {
-        CVFileSignature signature;
-        CVReadAs readAs;
+        CVFileSignature signature = {};
+        CVReadAs readAs = CVReadAs::Whole;
     };
     /// What was read since the worker last asked: the files that were read, and those that were tried.
     std::map<QString, ReadFile> mRead;

@@ -91,7 +91,7 @@ CVFileResult CVVersionFolder::giveAccess(bool isNew) const {
     CVFileResult result;
     struct stat facts {};
     if (isNew) {
-        result = wanted.giveTo(folder);
+        result.error = wanted.giveTo(folder).error;
     } else if (::fstat(folder, &facts) == 0) {
         const unsigned mode = CVFileAccess::of(mPath).hasList() ? wanted.mode() : wanted.modeWithoutList();
         const unsigned excess = facts.st_mode & ~mode & kEveryone;
