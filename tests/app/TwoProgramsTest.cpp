@@ -56,6 +56,9 @@ protected:
         environment.insert("CORVELLA_ROUNDS", QString::number(rounds()));
         process->setProcessEnvironment(environment);
         process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        // With a modifier the toolkit forks. A vfork shares the memory, and the checker of threads takes the parent for
+        // the child from then on.
+        process->setChildProcessModifier([] {});
         process->start(QCoreApplication::applicationFilePath(),
                        {"--gtest_filter=Recorder.DISABLED_records", "--gtest_also_run_disabled_tests"});
         return process;

@@ -22,9 +22,14 @@ CommaLocale::CommaLocale() : mPrevious(std::setlocale(LC_NUMERIC, nullptr)), mIn
         return;
     // localedef warns about its own definitions, so its exit status is useless; setlocale() shows whether the locale
     // works.
-    QProcess::execute(QStringLiteral("localedef"),
-                      {QStringLiteral("--quiet"), QStringLiteral("-i"), QStringLiteral("de_DE"), QStringLiteral("-f"),
-                       QStringLiteral("UTF-8"), mFolder.filePath(QStringLiteral("de_DE.UTF-8"))});
+    QProcess process;
+    // With a modifier the toolkit forks. A vfork shares the memory, and the checker of threads takes the parent for the
+    // child from then on.
+    process.setChildProcessModifier([] {});
+    process.start(QStringLiteral("localedef"),
+                  {QStringLiteral("--quiet"), QStringLiteral("-i"), QStringLiteral("de_DE"), QStringLiteral("-f"),
+                   QStringLiteral("UTF-8"), mFolder.filePath(QStringLiteral("de_DE.UTF-8"))});
+    process.waitForFinished();
     qputenv("LOCPATH", mFolder.path().toLocal8Bit());
     mInForce = setCommaLocale();
     qunsetenv("LOCPATH");
