@@ -344,10 +344,6 @@ void CVAppDelegate::settlePlace() {
     mLockOperations->settle();
 }
 
-std::optional<QString> CVAppDelegate::readAgain() {
-    return reopenDocument();
-}
-
 /// Why the file holds no budget that can be read; empty when it can. The document that is open is left alone.
 QString CVAppDelegate::whyUnreadable(const QString& path) const {
     CVDetachedDocument tried;

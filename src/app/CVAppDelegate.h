@@ -89,8 +89,8 @@ public:
     [[nodiscard]] CVDocument& document() { return *mDocument; }
     /// Whether the budget is only looked at, because another program has it open.
     [[nodiscard]] bool isReadOnly() const { return mFile.isReadOnly(); }
-    /// Reads the data file into a new document, which replaces the present one; see `reopenDocument`.
-    [[nodiscard]] std::optional<QString> readAgain();
+    /// Reads the data file into a new document, which replaces the present one, see CVPreferenceHost.
+    [[nodiscard]] std::optional<QString> reopenDocument() override;
     /// Null before the launch.
     [[nodiscard]] CVMainWindowController* mainWindow() { return mMainWindow.get(); }
     /// Null until the preferences are first shown.
@@ -113,7 +113,6 @@ private:
     void showDataFilePreferences();
     [[nodiscard]] bool claimPlace(const QString& path, PlaceUse use, QWidget& asker) override;
     void settlePlace() override;
-    [[nodiscard]] std::optional<QString> reopenDocument() override;
     [[nodiscard]] QString moveVersions(const QString& from, const QString& to) override;
     void versionsDeleted() override;
     [[nodiscard]] CVLoadReport read(CVDocument& document, CVReadingPanel panel);

@@ -136,7 +136,7 @@ void CVLockOperations::tryToEdit() {
         return;
     }
     prepare(std::move(lock), attempt, mPresent.dataFile);
-    const auto failure = mApp.readAgain();
+    const auto failure = mApp.reopenDocument();
     if (!failure) {
         adopt();
         mApp.mainWindow()->saveStatus().remark(tr("The budget was read again and can be changed now."));

@@ -9,10 +9,10 @@
 #include "storage/CVDocumentFile.h"
 #include "storage/CVDocumentXML.h"
 #include "versions/CVVersionLimit.h"
+#include "widgets/tables/CVCommitOpenEditor.h"
 #include "workspace/CVMainWindowController.h"
 #include "workspace/controls/CVSaveStatus.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QDir>
 
@@ -25,18 +25,9 @@ constexpr std::chrono::milliseconds kUntilAskedAgain(200);
 /// The disk may have room again.
 constexpr std::chrono::seconds kUntilKeptAgain(30);
 
-/// Whether a cell's editor has the focus.
-bool isCellBeingEdited() {
-    QWidget* const focused = QApplication::focusWidget();
-    for (QWidget* above = focused ? focused->parentWidget() : nullptr; above; above = above->parentWidget()) {
-        if (qobject_cast<QAbstractItemView*>(above))
-            return true;
-    }
-    return false;
-}
-
 bool isUserBusy() {
-    return QApplication::activeModalWidget() || QApplication::activePopupWidget() || isCellBeingEdited();
+    return QApplication::activeModalWidget() || QApplication::activePopupWidget() ||
+           CVTableOfOpenEditor(QApplication::focusWidget());
 }
 
 } // namespace
@@ -80,18 +71,18 @@ void CVOutsideChanges::handle(const CVOutsideChange& change) {
         status.setUnknown();
     const QString file = QDir::toNativeSeparators(change.path);
     switch (change.kind) {
-    case CVOutsideChange::Kind::Changed:
+    case Kind::Changed:
         mWaiting = change;
         return takeWhenIdle();
-    case CVOutsideChange::Kind::Unreadable:
+    case Kind::Unreadable:
         return status.remark(
             tr("What another program has put at “%1” cannot be read: %2. Your budget stays as it is, and Corvella "
                "tries again when the file changes.")
                 .arg(file, change.reason));
-    case CVOutsideChange::Kind::Gone:
+    case Kind::Gone:
         return status.remark(
             tr("Your data file “%1” is not there any more. Your budget is still open here.").arg(file));
-    case CVOutsideChange::Kind::AsKnown:
+    case Kind::AsKnown:
         if (!mLastSaveFailed && !mFile.isReadOnly())
             status.setSaved();
         status.remark(tr("Your data file “%1” is again as Corvella last read or saved it.").arg(file));

@@ -1,14 +1,14 @@
 #include "comparing/CVReadBudget.h"
 
 #include "model/CVDocumentText.h"
-#include "storage/CVDocumentFile.h"
+#include "storage/CVDocumentReader.h"
 
 #include <new>
 
-CVReadBudget CVReadBudget::of(CVDocumentFile& file, const CVDocumentText& text) {
+CVReadBudget CVReadBudget::of(CVDocumentReader& reader, const CVDocumentText& text) {
     try {
         const auto budget = std::make_shared<CVDetachedDocument>();
-        if (file.readFromData(**budget, text.joined(), QLatin1String(CVDocumentFile::kXMLDocumentType)))
+        if (reader.readFromData(**budget, text.joined(), QLatin1String(CVDocumentReader::kXMLDocumentType)))
             return {budget, {}};
     } catch (const std::bad_alloc&) {
         return {nullptr, tooLittleMemory()};
@@ -16,10 +16,10 @@ CVReadBudget CVReadBudget::of(CVDocumentFile& file, const CVDocumentText& text) 
     return {nullptr, tr("it holds no budget that Corvella can read")};
 }
 
-CVReadBudget CVReadBudget::of(CVDocumentFile& file, const QString& path) {
+CVReadBudget CVReadBudget::of(CVDocumentReader& reader, const QString& path) {
     try {
         const auto budget = std::make_shared<CVDetachedDocument>();
-        const CVLoadReport report = file.readFromURL(**budget, path);
+        const CVLoadReport report = reader.readFromURL(**budget, path);
         if (report.outcome == CVLoadReport::Outcome::Loaded)
             return {budget, {}};
         return {nullptr, report.reason.isEmpty() ? tr("it holds no budget that Corvella can read") : report.reason};

@@ -6,7 +6,7 @@
 
 #include <memory>
 
-class CVDocumentFile;
+class CVDocumentReader;
 class CVDocumentText;
 
 /// A budget that was read beside the one that is shown, on any thread.
@@ -19,7 +19,7 @@ public:
     /// Why it cannot be read.
     QString problem;
 
-    [[nodiscard]] static CVReadBudget of(CVDocumentFile& file, const CVDocumentText& text);
-    [[nodiscard]] static CVReadBudget of(CVDocumentFile& file, const QString& path);
+    [[nodiscard]] static CVReadBudget of(CVDocumentReader& reader, const CVDocumentText& text);
+    [[nodiscard]] static CVReadBudget of(CVDocumentReader& reader, const QString& path);
     [[nodiscard]] static QString tooLittleMemory() { return tr("there is not enough memory"); }
 };

@@ -1,8 +1,7 @@
 #include "comparing/CVReadingThread.h"
 
 #include "model/CVCategory.h"
-#include "model/CVDetachedDocument.h"
-#include "storage/CVDocumentFile.h"
+#include "storage/CVDocumentReader.h"
 
 #include <utility>
 
@@ -34,9 +33,8 @@ void CVReadingThread::start(Work work) {
 }
 
 void CVReadingThread::work() {
-    // Made here, because they are used on this thread alone.
-    CVDetachedDocument settings;
-    CVDocumentFile file({}, settings.userDefaults());
+    // Made here, because it is used on this thread alone.
+    CVDocumentReader reader;
     std::unique_lock lock(mMutex);
     for (;;) {
         mWanted.wait(lock, [this] { return mEnds || mWork; });
@@ -45,8 +43,8 @@ void CVReadingThread::work() {
         const Work work = std::exchange(mWork, {});
         const quint64 number = mNumber;
         lock.unlock();
-        file.setReadingProgress([this, number](double) { return mNumber == number; });
-        Told told = work(file);
+        reader.setProgress([this, number](double) { return mNumber == number; });
+        Told told = work(reader);
         lock.lock();
         if (mNumber != number)
             continue;

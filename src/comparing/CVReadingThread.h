@@ -8,7 +8,7 @@
 #include <mutex>
 #include <thread>
 
-class CVDocumentFile;
+class CVDocumentReader;
 
 /// Reads and compares on a thread of its own, one piece of work at a time. Used from the main thread; the work touches
 /// no document of the program. Destroying the object stops the thread: a reading is cancelled, and only one that is
@@ -20,7 +20,7 @@ public:
     /// Called on the main thread, from the event loop, with what the work has found.
     using Told = std::function<void()>;
     /// Called on the thread; `file` reads budgets, which fails once the work is cancelled.
-    using Work = std::function<Told(CVDocumentFile& file)>;
+    using Work = std::function<Told(CVDocumentReader& reader)>;
 
     CVReadingThread();
     ~CVReadingThread() override;

@@ -51,10 +51,10 @@ void CVVersionReader::readNext() {
     if (!path)
         return mThread.cancel();
     mThread.start([this, path = *path, isChosen = mChosenIsWaiting, text = mText, round = mRound,
-                   present = mPresent](CVDocumentFile& file) {
+                   present = mPresent](CVDocumentReader& reader) {
         if (std::exchange(present->round, round) != round)
-            present->budget = CVReadBudget::of(file, text).budget;
-        const CVVersionFindings findings = examine(file, path, *present, isChosen);
+            present->budget = CVReadBudget::of(reader, text).budget;
+        const CVVersionFindings findings = examine(reader, path, *present, isChosen);
         // Its reading may have been cancelled.
         if (!present->budget)
             present->round = 0;
@@ -62,14 +62,14 @@ void CVVersionReader::readNext() {
     });
 }
 
-CVVersionFindings CVVersionReader::examine(CVDocumentFile& file, const QString& path, const Present& present,
+CVVersionFindings CVVersionReader::examine(CVDocumentReader& reader, const QString& path, const Present& present,
                                            bool isChosen) {
     CVVersionFindings findings{path};
     if (!present.budget) {
         findings.problem = CVReadBudget::tooLittleMemory();
         return findings;
     }
-    const auto [version, problem] = CVReadBudget::of(file, path);
+    const auto [version, problem] = CVReadBudget::of(reader, path);
     findings.problem = problem;
     if (!version)
         return findings;

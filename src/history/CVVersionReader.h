@@ -13,7 +13,7 @@
 
 class CVDetachedDocument;
 class CVDocument;
-class CVDocumentFile;
+class CVDocumentReader;
 struct CVBudgetDifferences;
 
 /// What became known of an earlier version.
@@ -56,8 +56,8 @@ private:
     /// The version to read next; absent when there is none.
     [[nodiscard]] std::optional<QString> next() const;
     void readNext();
-    [[nodiscard]] static CVVersionFindings examine(CVDocumentFile& file, const QString& path, const Present& present,
-                                                   bool isChosen);
+    [[nodiscard]] static CVVersionFindings examine(CVDocumentReader& reader, const QString& path,
+                                                   const Present& present, bool isChosen);
     void take(const CVVersionFindings& findings, bool wasChosen);
 
     CVDocumentText mText;

@@ -9,8 +9,9 @@ namespace {
 
 /// What `merge` makes of our copy of the budget. `findings` name the file.
 template <typename Merge>
-CVMergeFindings comparison(CVMergeFindings findings, CVDocumentFile& file, const CVDocumentText& present, Merge merge) {
-    const auto ours = CVReadBudget::of(file, present).budget;
+CVMergeFindings comparison(CVMergeFindings findings, CVDocumentReader& reader, const CVDocumentText& present,
+                           Merge merge) {
+    const auto ours = CVReadBudget::of(reader, present).budget;
     findings.problem = ours ? QString() : CVReadBudget::tooLittleMemory();
     if (!ours)
         return findings;
@@ -28,20 +29,20 @@ CVMergeFindings comparison(CVMergeFindings findings, CVDocumentFile& file, const
 } // namespace
 
 void CVMergeReader::read(CVDocumentText present, CVMergeSource source) {
-    start([present = std::move(present), source = std::move(source)](CVDocumentFile& file) -> CVMergeFindings {
-        const auto [theirs, problem] = CVReadBudget::of(file, source.path);
+    start([present = std::move(present), source = std::move(source)](CVDocumentReader& reader) -> CVMergeFindings {
+        const auto [theirs, problem] = CVReadBudget::of(reader, source.path);
         if (!theirs)
             return {source.path, problem};
-        const auto common = source.common ? CVReadBudget::of(file, *source.common).budget : nullptr;
-        return comparison({source.path}, file, present, [&common, &budget = **theirs](const CVDocument& ours) {
+        const auto common = source.common ? CVReadBudget::of(reader, *source.common).budget : nullptr;
+        return comparison({source.path}, reader, present, [&common, &budget = **theirs](const CVDocument& ours) {
             return CVMergeBudgets(common ? &**common : nullptr, ours, budget);
         });
     });
 }
 
 void CVMergeReader::readRest(CVDocumentText present, const CVMergeFindings& former) {
-    start([present = std::move(present), former](CVDocumentFile& file) {
-        return comparison({former.path}, file, present, [&former](const CVDocument& ours) {
+    start([present = std::move(present), former](CVDocumentReader& reader) {
+        return comparison({former.path}, reader, present, [&former](const CVDocument& ours) {
             return CVMergeRest(**former.comparison->ours, ours, **former.comparison->merged.budget);
         });
     });
@@ -49,7 +50,7 @@ void CVMergeReader::readRest(CVDocumentText present, const CVMergeFindings& form
 
 template <typename Compare>
 void CVMergeReader::start(Compare compare) {
-    mThread.start([this, compare = std::move(compare)](CVDocumentFile& file) {
-        return [this, findings = compare(file)] { emit found(findings); };
+    mThread.start([this, compare = std::move(compare)](CVDocumentReader& reader) {
+        return [this, findings = compare(reader)] { emit found(findings); };
     });
 }

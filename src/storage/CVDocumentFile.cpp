@@ -51,7 +51,7 @@ CVLoadReport CVDocumentFile::readFromURL(CVDocument& document, const QString& pa
     // then the mark means nothing.
     mSaves.markAsUnreadable(path, CVFileSignature::of(path));
     CVLoadReport report = mReader.readFromURL(document, path);
-    mSaves.markAsRead(path, report.signature, report.readAs());
+    mSaves.markAsRead(path, report.signature, report.partly.readAs());
     return report;
 }
 

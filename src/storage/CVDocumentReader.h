@@ -38,8 +38,6 @@ struct CVLoadReport {
     CVPartlyRead partly = {};
     /// What a loaded file was when its reading began; absent for any other outcome and for a file without a path.
     std::optional<CVFileSignature> signature = {};
-
-    [[nodiscard]] CVReadAs readAs() const { return partly.count > 0 ? CVReadAs::Partly : CVReadAs::Whole; }
 };
 
 /// Reads data files into new documents, on any thread. A damaged file leaves the document with its defaults, which it

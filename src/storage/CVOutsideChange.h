@@ -34,6 +34,4 @@ struct CVOutsideChange {
     CVFileSignature signature = {};
     /// What of the changed file the next save does not write again.
     CVPartlyRead partly = {};
-
-    [[nodiscard]] CVReadAs readAs() const { return partly.count > 0 ? CVReadAs::Partly : CVReadAs::Whole; }
 };

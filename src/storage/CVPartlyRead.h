@@ -15,4 +15,6 @@ struct CVPartlyRead {
     qint64 count = 0;
     /// The first of them, each a sentence for the user with the number of its line.
     QStringList lines = {};
+
+    [[nodiscard]] CVReadAs readAs() const { return count > 0 ? CVReadAs::Partly : CVReadAs::Whole; }
 };

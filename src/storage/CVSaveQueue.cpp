@@ -65,7 +65,7 @@ void CVSaveQueue::accept(const CVOutsideChange& change) {
              .path = change.path,
              .text = {},
              .accepted = change.signature,
-             .acceptedAs = change.readAs()});
+             .acceptedAs = change.partly.readAs()});
 }
 
 void CVSaveQueue::enqueue(Job job) {

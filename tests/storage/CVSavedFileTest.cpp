@@ -172,7 +172,7 @@ TEST_F(CVSavedFileTest, takesAChangedFileOverAndKeepsTheFormerStateAsAVersion) {
     const auto change = mFile.look();
     ASSERT_TRUE(change);
     EXPECT_EQ(mFile.keepState(textOf(mRead), kLimit).versionTrouble, QString());
-    mFile.accept(change->signature, change->readAs());
+    mFile.accept(change->signature, change->partly.readAs());
     EXPECT_THAT(versions(), testing::ElementsAre(mRead));
     EXPECT_EQ(CVVersionFolder(mPath).versions()[0].name.reason, CVVersionReason::TakingOver);
     EXPECT_EQ(look(), std::nullopt);
@@ -208,7 +208,7 @@ TEST_F(CVSavedFileTest, noticesTheNextChangeAlthoughAnEarlierOneIsTakenOver) {
     const auto change = mFile.look();
     ASSERT_TRUE(change);
     replace(budget("Theirs, later"));
-    mFile.accept(change->signature, change->readAs());
+    mFile.accept(change->signature, change->partly.readAs());
     EXPECT_EQ(look(), Kind::Changed);
 }
 

@@ -2,11 +2,17 @@
 
 #include <QAbstractItemView>
 
-void CVCommitOpenEditor(QWidget* focused) {
+QAbstractItemView* CVTableOfOpenEditor(const QWidget* focused) {
     for (QWidget* above = focused ? focused->parentWidget() : nullptr; above; above = above->parentWidget()) {
-        // An editor commits when it loses the focus. The table gets the focus, so that the arrow keys move between its
-        // cells.
-        if (qobject_cast<QAbstractItemView*>(above))
-            return above->setFocus();
+        if (auto* const table = qobject_cast<QAbstractItemView*>(above))
+            return table;
     }
+    return nullptr;
+}
+
+void CVCommitOpenEditor(QWidget* focused) {
+    // An editor commits when it loses the focus. The table gets the focus, so that the arrow keys move between its
+    // cells.
+    if (QAbstractItemView* const table = CVTableOfOpenEditor(focused))
+        table->setFocus();
 }
