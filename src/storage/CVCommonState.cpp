@@ -8,7 +8,8 @@ namespace {
 
 /// Compressing at the fastest level makes a budget ten times smaller, at about 100 MB a second.
 constexpr int kFastest = 1;
-constexpr qint64 kPieceSize = qint64(1024) * 1024;
+/// Larger pieces become hardly smaller, and the memory for one is not given back to the system.
+constexpr qint64 kPieceSize = qint64(128) * 1024;
 
 } // namespace
 
@@ -25,6 +26,8 @@ std::optional<CVCommonState> CVCommonState::ofFile(const QString& path, const CV
             break;
         size += piece.size();
         pieces.push_back(qCompress(piece, kFastest));
+        // The compressed bytes would keep the room that the whole piece could have needed.
+        pieces.back().squeeze();
     }
     if (file.error() != QFileDevice::NoError || size != signature.size ||
         CVFileSignature::ofOpenFile(file.handle()) != signature)
