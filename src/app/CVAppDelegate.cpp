@@ -19,7 +19,6 @@
 #include "model/CVDocument.h"
 #include "preferences/CVPreferenceWindowController.h"
 #include "start/CVReadAtStart.h"
-#include "versions/CVListedVersion.h"
 #include "versions/CVVersionLimit.h"
 #include "widgets/CVAlerts.h"
 #include "widgets/CVHelpOpener.h"
@@ -278,7 +277,7 @@ void CVAppDelegate::remarkClearing(int transactions) {
                                 ? tr("Your data was cleared: 1 transaction removed")
                                 : tr("Your data was cleared: %1 transactions removed", nullptr, transactions)
                                       .arg(QBLocaleInForce().toString(transactions));
-    if (CVVersionLimit(mUserDefaults) > 0 || !CVListedVersion::of(mFile.dataFiles().value(0)).isEmpty())
+    if (CVVersionLimit(mUserDefaults) > 0 || mConflictTeller->filesBeside().hasEarlier)
         mMainWindow->saveStatus().remark(tr("%1; earlier versions are kept").arg(cleared),
                                          CVSaveStatus::Offer::Versions);
     else

@@ -3,14 +3,11 @@
 #include "app/CVAppDelegate.h"
 #include "app/CVMergeOperations.h"
 #include "base/CVDefaultsKeys.h"
-#include "files/CVReplaceFile.h"
 #include "format/QBLocale.h"
 #include "model/CVDocument.h"
-#include "versions/CVConflictCopies.h"
 #include "workspace/CVMainWindowController.h"
 #include "workspace/controls/CVSaveStatus.h"
 
-#include <QDateTime>
 #include <QFileInfo>
 
 #include <chrono>
@@ -22,33 +19,34 @@ constexpr std::chrono::milliseconds kFolderSettles(1000);
 /// More copies than anybody keeps beside one file; the settings hold no more.
 constexpr qsizetype kMostTold = 100;
 
-/// Another size or time is another copy.
-QString stateOf(const QString& path) {
-    const QFileInfo file(path);
-    return QString::number(file.size()) + u' ' + QString::number(file.lastModified().toMSecsSinceEpoch());
-}
-
 } // namespace
 
 CVConflictTeller::CVConflictTeller(CVAppDelegate& app) : mApp(app) {
     mSettles.setSingleShot(true);
     mSettles.setInterval(kFolderSettles);
-    connect(&mSettles, &QTimer::timeout, this, &CVConflictTeller::look);
-    connect(&mFolder, &QFileSystemWatcher::directoryChanged, &mSettles, qOverload<>(&QTimer::start));
+    connect(&mSettles, &QTimer::timeout, this, &CVConflictTeller::tell);
+    connect(&app.saves(), &CVSaveQueue::filesBesideChanged, this, &CVConflictTeller::take);
 }
 
 void CVConflictTeller::start() {
     connect(&mApp.mainWindow()->saveStatus(), &CVSaveStatus::otherFileRequested, this, &CVConflictTeller::offer,
             Qt::UniqueConnection);
-    if (const QStringList former = mFolder.directories(); !former.isEmpty())
-        mFolder.removePaths(former);
-    const QString dataFile = mApp.document().dataFiles().value(0);
-    if (const QFileInfo folder(QFileInfo(CVFollowLinks(dataFile)).absolutePath()); folder.isDir())
-        mFolder.addPath(folder.filePath());
-    look();
+    tell();
 }
 
-void CVConflictTeller::look() {
+void CVConflictTeller::take(const CVFilesBeside& files) {
+    const bool isSettled = mBeside.dataFile != files.dataFile;
+    mBeside = files;
+    if (isSettled)
+        tell();
+    else
+        mSettles.start();
+}
+
+void CVConflictTeller::tell() {
+    // Another data file is open by now; what lies beside it will be known soon.
+    if (mBeside.dataFile.isEmpty() || mBeside.dataFile != mApp.document().placeForSaving())
+        return;
     // Nothing can be brought into a budget that is only looked at; the copies are told when it can be changed.
     const QStringList copies = mApp.isReadOnly() ? QStringList() : takeUntold();
     if (copies.isEmpty())
@@ -70,8 +68,7 @@ QStringList CVConflictTeller::takeUntold() {
     const QVariantMap told = defaults.dictionaryForKey(CVDefaultsKeys::kToldConflictCopies);
     QVariantMap present;
     QStringList untold;
-    for (const QString& path : CVConflictCopies::beside(mApp.document().dataFiles().value(0)).mid(0, kMostTold)) {
-        const QString state = stateOf(path);
+    for (const auto& [path, state] : mBeside.conflictCopies.mid(0, kMostTold)) {
         present.insert(path, state);
         if (told.value(path).toString() != state)
             untold.append(path);

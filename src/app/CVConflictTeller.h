@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QFileSystemWatcher>
+#include "versions/CVFilesBeside.h"
+
 #include <QObject>
 #include <QStringList>
 #include <QTimer>
@@ -8,25 +9,29 @@
 class CVAppDelegate;
 
 /// Tells the user once about each copy that a synchronizer has left beside the data file, by a remark that leads to
-/// what the copy says. References the application, which outlives it. Which copies were told is kept in the settings.
+/// what the copy says. The saving thread looks for copies. References the application, which outlives it. Which copies
+/// were told is kept in the settings.
 class CVConflictTeller final : public QObject {
     Q_OBJECT
 
 public:
     explicit CVConflictTeller(CVAppDelegate& app);
 
-    /// Looks for copies now, and from now on soon after the folder of the data file changes. Called once there is a
-    /// main window, and again when the window or the data file is another one.
+    /// Called when the main window is a new one.
     void start();
-    /// Looks whether there is a copy of which the user has not been told, and tells it.
-    void look();
+    /// Tells the copies that are known and of which the user has not been told.
+    void tell();
+
+    /// What lay beside the watched data file at the last look; empty before the first.
+    [[nodiscard]] const CVFilesBeside& filesBeside() const { return mBeside; }
 
 private:
+    void take(const CVFilesBeside& files);
     void offer();
     [[nodiscard]] QStringList takeUntold();
 
     CVAppDelegate& mApp;
-    QFileSystemWatcher mFolder;
+    CVFilesBeside mBeside;
     /// A synchronizer changes the folder several times for one copy.
     QTimer mSettles;
     /// What the last remark is about.

@@ -2,8 +2,6 @@
 
 #include "format/QBLocale.h"
 #include "storage/CVDocumentFile.h"
-#include "versions/CVKeptCopy.h"
-#include "versions/CVVersionFolder.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -42,16 +40,16 @@ QString whereabouts(const CVSaveOutcome& outcome, const QString& folder) {
 /// What failed, and what that means for the file; `fullDisk` replaces the reason when only the disk is full.
 QString failure(const CVSaveOutcome& outcome, const QString& fullDisk) {
     QString text = outcome.diskIsFull ? fullDisk : outcome.message;
-    if (!outcome.awaitsReadable && QFileInfo::exists(outcome.path))
+    if (!outcome.awaitsReadable && outcome.isThere)
         text += u' ' + FileMessagesText::tr("Your last saved file is whole.");
-    if (canMakeRoom(outcome))
+    if (outcome.canMakeRoom)
         text += u' ' + FileMessagesText::tr("Deleting earlier versions makes room.");
     return text;
 }
 
 /// The alert at the end has no button left that leads there.
 QString whereToMakeRoom(const CVSaveOutcome& outcome) {
-    return canMakeRoom(outcome)
+    return outcome.canMakeRoom
                ? FileMessagesText::tr("To do that, choose Cancel, then Delete Earlier Versions… in the window.") + u' '
                : QString();
 }
@@ -132,11 +130,6 @@ QString keptAsRead(const CVSaveOutcome& outcome) {
 QString openToOthers() {
     return FileMessagesText::tr(
         "Others who can use this disk can read your data file: the disk keeps no access rights.");
-}
-
-bool canMakeRoom(const CVSaveOutcome& outcome) {
-    return outcome.diskIsFull &&
-           (!CVVersionFolder(outcome.path).versions().isEmpty() || !CVKeptCopy::beside(outcome.path).isEmpty());
 }
 
 QString notSaved(const CVSaveOutcome& outcome) {

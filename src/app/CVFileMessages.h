@@ -23,8 +23,6 @@ namespace CVFileMessages {
 [[nodiscard]] QString keptAsRead(const CVSaveOutcome& outcome);
 /// Says of a new data file that its disk cannot keep it private.
 [[nodiscard]] QString openToOthers();
-/// Whether deleting earlier versions makes room for a save that failed because the disk is full.
-[[nodiscard]] bool canMakeRoom(const CVSaveOutcome& outcome);
 /// The reason as one line for the window's status.
 [[nodiscard]] QString notSaved(const CVSaveOutcome& outcome);
 /// Asks whether to close the window although the last save failed: default tries again, alternate stays, other quits.

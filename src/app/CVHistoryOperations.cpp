@@ -106,7 +106,7 @@ std::unique_ptr<CVDocument> CVHistoryOperations::read(const QString& path, QWidg
 }
 
 bool CVHistoryOperations::keepPresentState(QWidget& asker) {
-    const QString dataFile = mFile.dataFiles().value(0);
+    const QString dataFile = mFile.placeForSaving();
     if (CVVersionLimit(mApp.document().userDefaults()) > 0 || !QFileInfo::exists(dataFile))
         return true;
     const auto keeping =
@@ -139,7 +139,7 @@ bool CVHistoryOperations::saveCopy(const QString& path, QWidget& asker) {
 QString CVHistoryOperations::proposedName(const QString& path) const {
     if (!path.isEmpty())
         return QFileInfo(path).completeBaseName();
-    return tr("%1 Copy").arg(QFileInfo(mFile.dataFiles().value(0)).completeBaseName());
+    return tr("%1 Copy").arg(QFileInfo(mFile.placeForSaving()).completeBaseName());
 }
 
 std::optional<QString> CVHistoryOperations::writeCopy(const QString& path, const QString& target) {

@@ -2,27 +2,26 @@
 
 #include "app/CVAppDelegate.h"
 #include "differences/CVBringIn.h"
-#include "files/CVReplaceFile.h"
 #include "merging/CVMergeWindow.h"
 #include "model/CVDocument.h"
-#include "versions/CVConflictCopies.h"
-#include "versions/CVKeptCopy.h"
-#include "versions/CVKeptName.h"
+#include "versions/CVFilesBeside.h"
 #include "widgets/tables/CVCommitOpenEditor.h"
 #include "workspace/CVMainWindowController.h"
 #include "workspace/controls/CVSaveStatus.h"
 
-#include <QFileInfo>
 #include <QMainWindow>
 
 #include <utility>
 
-CVMergeOperations::CVMergeOperations(CVAppDelegate& app) : mApp(app) {}
+CVMergeOperations::CVMergeOperations(CVAppDelegate& app) : mApp(app) {
+    QObject::connect(&app.saves(), &CVSaveQueue::filesBesideListed, &app,
+                     [this](const CVFilesBeside& files) { show(files); });
+}
 
 CVMergeOperations::~CVMergeOperations() = default;
 
 void CVMergeOperations::offer(const CVMergeSource& source, CVMergeWindow::Asked asked) {
-    mDataFile = mApp.document().dataFiles().value(0);
+    mDataFile = mApp.document().placeForSaving();
     if (!mWindow)
         mWindow = std::make_unique<CVMergeWindow>(mApp.document(), *this, mHelp);
     mWindow->offer(source);
@@ -30,15 +29,18 @@ void CVMergeOperations::offer(const CVMergeSource& source, CVMergeWindow::Asked 
 }
 
 void CVMergeOperations::showAll() {
-    const QString dataFile = mApp.document().dataFiles().value(0);
-    QStringList files = CVConflictCopies::beside(dataFile);
-    const QString name = QFileInfo(CVFollowLinks(dataFile)).fileName();
-    for (const QString& copy : CVKeptCopy::beside(dataFile)) {
-        const auto kept = CVKeptName::parse(QFileInfo(copy).fileName(), name);
-        if (kept && kept->reason == CVKeptReason::ChangedOutside)
-            files.append(copy);
-    }
-    for (const QString& file : std::as_const(files)) {
+    mApp.saves().listFilesBeside(mApp.document().placeForSaving());
+}
+
+void CVMergeOperations::show(const CVFilesBeside& files) {
+    // Another data file was opened meanwhile.
+    if (files.dataFile != mApp.document().placeForSaving())
+        return;
+    QStringList paths;
+    for (const auto& copy : files.conflictCopies)
+        paths.append(copy.path);
+    paths += files.changedOutside;
+    for (const QString& file : std::as_const(paths)) {
         // What the file had in common with the budget is known only of one that was offered before.
         if (!mWindow || !mWindow->hasSource(file))
             offer({file, std::nullopt});
@@ -59,7 +61,7 @@ void CVMergeOperations::setDocument(CVDocument& document) {
     if (!mWindow)
         return;
     const bool wasVisible = mWindow->isVisible();
-    if (document.dataFiles().value(0) != mDataFile)
+    if (document.placeForSaving() != mDataFile)
         mWindow->forgetSources();
     mWindow->setDocument(document);
     // A window is placed in front of another one only when it is shown.

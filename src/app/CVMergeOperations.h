@@ -11,6 +11,7 @@
 class CVAppDelegate;
 class CVDocument;
 class CVHelpOpener;
+struct CVFilesBeside;
 
 /// What the program does with the changes of other files: offers them in a window and brings them in. Owns the window;
 /// references the application, which outlives it.
@@ -26,7 +27,8 @@ public:
     /// Shows another file's changes, or adds it to those of which the open window lets the user choose one. Called once
     /// there is a main window.
     void offer(const CVMergeSource& source, CVMergeWindow::Asked asked = CVMergeWindow::Asked::ByUser);
-    /// Shows the changes of all files beside the data file that may have some, or says that there is none.
+    /// Shows the changes of all files beside the data file that may have some, or says that there is none, once the
+    /// folder was looked through.
     void showAll();
     /// The budget of another data file, or the same read anew, took the place of the former document.
     void setDocument(CVDocument& document);
@@ -37,6 +39,7 @@ public:
     [[nodiscard]] CVMergeWindow* window() { return mWindow.get(); }
 
 private:
+    void show(const CVFilesBeside& files);
     void showInFront(CVMergeWindow::Asked asked);
 
     CVAppDelegate& mApp;

@@ -1,7 +1,6 @@
 #include "app/CVOutsideChanges.h"
 
 #include "app/CVAppDelegate.h"
-#include "app/CVConflictTeller.h"
 #include "app/CVMergeOperations.h"
 #include "base/CVNotifications.h"
 #include "model/CVDetachedDocument.h"
@@ -104,10 +103,8 @@ void CVOutsideChanges::handleSave(const CVSaveOutcome& outcome) {
     if (mWaiting && outcome.path != mWatched)
         mApp.mergeOperations().offer({mWaiting->path, std::nullopt}, CVMergeWindow::Asked::ByItself);
     mWaiting.reset();
-    if (outcome.path != mWatched) {
+    if (outcome.path != mWatched)
         watch(outcome.path);
-        mApp.conflictTeller().start();
-    }
 }
 
 void CVOutsideChanges::takeWhenIdle() {

@@ -12,9 +12,8 @@ void CVSaveTeller::tell(const CVSaveOutcome& outcome, const CVMainWindowControll
                         QWidget* mover) {
     CVSaveStatus& status = window.saveStatus();
     if (!outcome.saved)
-        status.setFailed(CVFileMessages::notSaved(outcome), CVFileMessages::canMakeRoom(outcome)
-                                                                ? CVSaveStatus::MakeRoom::Yes
-                                                                : CVSaveStatus::MakeRoom::No);
+        status.setFailed(CVFileMessages::notSaved(outcome),
+                         outcome.canMakeRoom ? CVSaveStatus::MakeRoom::Yes : CVSaveStatus::MakeRoom::No);
     else if (!isSaving)
         status.setSaved();
     // The remark is gone by the time that the same trouble begins anew.

@@ -238,7 +238,7 @@ CVVersionLines::ChangedTwice CVMergeWindow::linesChangedTwice() {
 void CVMergeWindow::showHeadline() {
     const Offered* const offered = chosen();
     const QString path = offered ? offered->source.path : QString();
-    const bool isCopy = CVConflictCopies::isNameOfOne(QFileInfo(path).fileName(), document().dataFiles().value(0));
+    const bool isCopy = CVConflictCopies::isNameOfOne(QFileInfo(path).fileName(), document().placeForSaving());
     mHeadline->setText(isCopy ? tr("A synchronizer has left a copy of your data file, because it was changed at two "
                                    "places. Both are whole.")
                               : tr("Another program has changed your data file while you were changing your budget. "

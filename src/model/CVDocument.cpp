@@ -73,6 +73,10 @@ QStringList CVDocument::dataFiles() const {
     return mSaver ? mSaver->dataFiles() : QStringList();
 }
 
+QString CVDocument::placeForSaving() const {
+    return mSaver ? mSaver->placeForSaving() : QString();
+}
+
 bool CVDocument::isReadOnly() const {
     return mSaver && mSaver->isReadOnly();
 }

@@ -38,6 +38,8 @@ public:
     [[nodiscard]] std::optional<CVVersionReason> takeAskedVersion() { return std::exchange(mAskedVersion, {}); }
     /// The paths at which a budget is or will be saved, which no output may take. Empty without a saver.
     [[nodiscard]] QStringList dataFiles() const;
+    /// Where the next save writes, without looking at the disk, which may hang. Empty when there is no such place.
+    [[nodiscard]] QString placeForSaving() const;
     /// Whether the budget is only looked at: what the windows show cannot be edited, and nothing is saved.
     [[nodiscard]] bool isReadOnly() const;
 

@@ -47,12 +47,13 @@ public:
     void setReadOnly(bool isReadOnly) { mIsReadOnly = isReadOnly; }
     [[nodiscard]] bool isReadOnly() const override { return mIsReadOnly; }
     [[nodiscard]] QStringList dataFiles() const override { return CVOwnDataFiles(mFolders, mDefaults); }
+    [[nodiscard]] QString placeForSaving() const override {
+        return CVPathForSaving(mFolders, mDefaults).value_or(QString());
+    }
     [[nodiscard]] CVSaveQueue& saves() { return mSaves; }
     /// What the next saves do with another program's file that cannot be read.
     [[nodiscard]] CVUnreadableFile unreadableFiles() const { return mUnreadableFiles; }
     void setUnreadableFiles(CVUnreadableFile unreadable) { mUnreadableFiles = unreadable; }
-    /// Where the next save writes, without looking at the disk; empty when there is no such place.
-    [[nodiscard]] QString placeForSaving() const { return CVPathForSaving(mFolders, mDefaults).value_or(QString()); }
     [[nodiscard]] const CVStandardFolders& folders() const { return mFolders; }
 
 private:

@@ -33,6 +33,10 @@ struct CVSaveOutcome {
     QString message = {};
     /// Whether the save failed only because the disk is full.
     bool diskIsFull = false;
+    /// Whether a file stands at the place of a failed save.
+    bool isThere = false;
+    /// Whether there are earlier versions or kept copies whose deletion makes room on the full disk.
+    bool canMakeRoom = false;
     /// Whether the save failed only because what stands there cannot be read at the moment.
     bool awaitsReadable = false;
     /// Where a file that was there and that this program had not read is kept; empty when there was none.

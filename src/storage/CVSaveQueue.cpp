@@ -1,6 +1,7 @@
 #include "storage/CVSaveQueue.h"
 
 #include "files/CVFolderWatch.h"
+#include "files/CVReplaceFile.h"
 #include "model/CVCategory.h"
 #include "model/CVDetachedDocument.h"
 #include "storage/CVSavedFile.h"
@@ -13,6 +14,10 @@
 namespace {
 
 constexpr std::chrono::seconds kBetweenLooks(1);
+
+QString realFolderOf(const QString& path) {
+    return QFileInfo(CVFollowLinks(path)).absolutePath();
+}
 
 } // namespace
 
@@ -66,6 +71,10 @@ void CVSaveQueue::accept(const CVOutsideChange& change) {
              .text = {},
              .accepted = change.signature,
              .acceptedAs = change.partly.readAs()});
+}
+
+void CVSaveQueue::listFilesBeside(const QString& path) {
+    enqueue({.task = Task::List, .path = path, .text = {}});
 }
 
 void CVSaveQueue::enqueue(Job job) {
@@ -156,38 +165,36 @@ void CVSaveQueue::carryOutNext(std::unique_lock<std::mutex>& lock) {
         const Job job = std::move(mPending.front());
         mPending.pop_front();
         learnWhatWasRead(lock);
-        CVSaveOutcome outcome = perform(job);
+        std::optional<Message> message = perform(job);
         lock.lock();
-        note(job, std::move(outcome));
+        if (message)
+            tell(std::move(*message));
     }
     mWriting = false;
     mChanged.notify_all();
 }
 
-/// Only what was to be saved decides whether everything is saved.
-void CVSaveQueue::note(const Job& job, CVSaveOutcome outcome) {
-    if (job.task == Task::Accept)
-        return;
-    if (job.task == Task::KeepState) {
-        mMessages.emplace_back(KeptState{std::move(outcome)});
-    } else {
-        mLastOutcome = outcome;
-        mMessages.emplace_back(std::move(outcome));
-    }
+/// Called with the lock. Only what was to be saved decides whether everything is saved.
+void CVSaveQueue::tell(Message message) {
+    if (const auto* const outcome = std::get_if<CVSaveOutcome>(&message))
+        mLastOutcome = *outcome;
+    mMessages.push_back(std::move(message));
     emit written();
 }
 
 /// Called with the lock, and returns with it.
 void CVSaveQueue::look(std::unique_lock<std::mutex>& lock) {
     const QString path = mWatched;
-    mLooksSoon = false;
+    const bool isHinted = std::exchange(mLooksSoon, false);
     mLooking = true;
     learnWhatWasRead(lock);
     if (std::exchange(mFollowed, path) != path)
-        mFolderWatch->follow(QFileInfo(path).absolutePath());
+        mFolderWatch->follow(realFolderOf(path));
     std::optional<CVOutsideChange> change;
+    std::optional<CVFilesBeside> beside;
     try {
         change = fileAt(path).look();
+        beside = listWhenChanged(path, isHinted);
     } catch (const std::bad_alloc&) {
         // The next look may have the memory.
     }
@@ -195,10 +202,28 @@ void CVSaveQueue::look(std::unique_lock<std::mutex>& lock) {
     mLooking = false;
     mChanged.notify_all();
     // Whoever watches another file by now does not care.
-    if (!change || mWatched != path)
+    if (mWatched != path) {
+        mBeside = {};
         return;
-    mMessages.emplace_back(std::move(*change));
-    emit written();
+    }
+    if (change)
+        tell(std::move(*change));
+    if (beside)
+        tell(std::move(*beside));
+}
+
+/// Absent when nothing else lies there than at the last look. A hint is what the system tells of the folder, which does
+/// not hear of another computer of a network share; the folder's own time does.
+std::optional<CVFilesBeside> CVSaveQueue::listWhenChanged(const QString& path, bool isHinted) {
+    const auto folder = CVFileSignature::of(realFolderOf(path));
+    if (mBeside.dataFile == path && folder == mFolderThen && !isHinted)
+        return std::nullopt;
+    mFolderThen = folder;
+    CVFilesBeside found = CVFilesBeside::of(path);
+    if (found == mBeside)
+        return std::nullopt;
+    mBeside = found;
+    return found;
 }
 
 /// Called with the lock, and returns without it, because the disk may hang.
@@ -228,11 +253,27 @@ void CVSaveQueue::announceNext() {
         emit saveFinished(*outcome);
     else if (const auto* const kept = std::get_if<KeptState>(&*message))
         emit stateKept(kept->outcome);
+    else if (const auto* const change = std::get_if<CVOutsideChange>(&*message))
+        emit changedOutside(*change);
+    else if (const auto* const beside = std::get_if<CVFilesBeside>(&*message))
+        emit filesBesideChanged(*beside);
     else
-        emit changedOutside(std::get<CVOutsideChange>(*message));
+        emit filesBesideListed(std::get<ListedFiles>(*message).files);
 }
 
-CVSaveOutcome CVSaveQueue::perform(const Job& job) {
+/// Answers what is to be announced; absent when that is nothing.
+std::optional<CVSaveQueue::Message> CVSaveQueue::perform(const Job& job) {
+    if (job.task == Task::List)
+        return ListedFiles{CVFilesBeside::of(job.path)};
+    CVSaveOutcome outcome = change(job);
+    if (job.task == Task::Accept)
+        return std::nullopt;
+    if (job.task == Task::KeepState)
+        return KeptState{std::move(outcome)};
+    return outcome;
+}
+
+CVSaveOutcome CVSaveQueue::change(const Job& job) {
     CVSaveOutcome outcome{.path = job.path, .message = job.failure};
     try {
         if (job.task == Task::Accept)
@@ -245,5 +286,10 @@ CVSaveOutcome CVSaveQueue::perform(const Job& job) {
         outcome.message = tr("The budget could not be saved: there is not enough memory.");
     }
     outcome.saved = outcome.message.isEmpty();
+    // The window must not ask the disk, which may hang.
+    if (!outcome.saved) {
+        outcome.isThere = QFileInfo::exists(outcome.path);
+        outcome.canMakeRoom = outcome.diskIsFull && CVFilesBeside::of(outcome.path).hasEarlier;
+    }
     return outcome;
 }

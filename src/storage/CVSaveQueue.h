@@ -2,6 +2,7 @@
 
 #include "storage/CVOutsideChange.h"
 #include "storage/CVSaveOutcome.h"
+#include "versions/CVFilesBeside.h"
 
 #include <QObject>
 #include <QString>
@@ -49,6 +50,8 @@ public:
     void keepState(const QString& path, CVDocumentText text, qint64 versionLimit);
     /// Takes a changed file for what this program last read.
     void accept(const CVOutsideChange& change);
+    /// Looks through the folder of that data file; announced by `filesBesideListed`.
+    void listFilesBeside(const QString& path);
 
     /// Whether a save is under way or waiting.
     [[nodiscard]] bool isSaving() const;
@@ -63,16 +66,19 @@ public:
 
 signals:
     void saveStarted();
-    /// These three are always emitted from the event loop of the queue's thread.
+    /// These are always emitted from the event loop of the queue's thread.
     void saveFinished(const CVSaveOutcome& outcome);
     /// Only the version's trouble of the outcome counts.
     void stateKept(const CVSaveOutcome& outcome);
     void changedOutside(const CVOutsideChange& change);
+    /// What lies beside the watched file: emitted when that becomes known, and whenever it has changed.
+    void filesBesideChanged(const CVFilesBeside& files);
+    void filesBesideListed(const CVFilesBeside& files);
     /// Emitted by the worker thread when there is another message.
     void written();
 
 private:
-    enum class Task { Save, KeepState, Accept };
+    enum class Task { Save, KeepState, Accept, List };
     struct Job {
         Task task = Task::Save;
         QString path;
@@ -88,15 +94,20 @@ private:
     struct KeptState {
         CVSaveOutcome outcome;
     };
-    using Message = std::variant<CVSaveOutcome, KeptState, CVOutsideChange>;
+    struct ListedFiles {
+        CVFilesBeside files;
+    };
+    using Message = std::variant<CVSaveOutcome, KeptState, CVOutsideChange, CVFilesBeside, ListedFiles>;
 
     void enqueue(Job job);
     void work();
     void announceNext();
-    void note(const Job& job, CVSaveOutcome outcome);
+    void tell(Message message);
     void carryOutNext(std::unique_lock<std::mutex>& lock);
     void look(std::unique_lock<std::mutex>& lock);
-    [[nodiscard]] CVSaveOutcome perform(const Job& job);
+    [[nodiscard]] std::optional<Message> perform(const Job& job);
+    [[nodiscard]] CVSaveOutcome change(const Job& job);
+    [[nodiscard]] std::optional<CVFilesBeside> listWhenChanged(const QString& path, bool isHinted);
     [[nodiscard]] CVSavedFile& fileAt(const QString& path);
     void learnWhatWasRead(std::unique_lock<std::mutex>& lock);
 
@@ -120,8 +131,10 @@ private:
     bool mLooksSoon = false;
     /// Null until a file is watched.
     std::unique_ptr<CVFolderWatch> mFolderWatch;
-    /// These two are the worker's own.
+    /// These are the worker's own: the file whose folder is watched, what lay beside it, and that folder then.
     QString mFollowed;
+    CVFilesBeside mBeside;
+    std::optional<CVFileSignature> mFolderThen;
     std::map<QString, CVSavedFile> mFiles;
     /// Declared last, so that all other members exist as long as the worker runs.
     std::thread mWorker;

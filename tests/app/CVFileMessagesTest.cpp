@@ -2,57 +2,43 @@
 
 #include "kit/Printers.h"
 #include "storage/CVSaveQueue.h"
-#include "versions/CVKeptCopy.h"
-#include "versions/CVVersionFolder.h"
-
-#include <QTemporaryDir>
-#include <QTemporaryFile>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-CVSaveOutcome failedSave(const QString& path, bool diskIsFull) {
+/// A save that failed because the disk is full.
+CVSaveOutcome fullDisk(bool isThere, bool canMakeRoom = false) {
     CVSaveOutcome outcome;
     outcome.saved = false;
-    outcome.path = path;
     outcome.message = "The budget could not be saved.";
-    outcome.diskIsFull = diskIsFull;
+    outcome.diskIsFull = true;
+    outcome.isThere = isThere;
+    outcome.canMakeRoom = canMakeRoom;
     return outcome;
 }
 
 TEST(CVFileMessages, SayThatTheDiskIsFullAndWhatIsWhole) {
-    QTemporaryFile file;
-    ASSERT_TRUE(file.open());
-    EXPECT_EQ(CVFileMessages::notSaved(failedSave(file.fileName(), true)),
-              "the disk is full. Your last saved file is whole.");
-    EXPECT_EQ(CVFileMessages::notSaved(failedSave("/nowhere", true)), "the disk is full.");
-    EXPECT_EQ(CVFileMessages::notSaved(failedSave(file.fileName(), false)),
-              "The budget could not be saved. Your last saved file is whole.");
-    EXPECT_TRUE(CVFileMessages::quitUnsaved(failedSave(file.fileName(), true))
+    EXPECT_EQ(CVFileMessages::notSaved(fullDisk(true)), "the disk is full. Your last saved file is whole.");
+    EXPECT_EQ(CVFileMessages::notSaved(fullDisk(false)), "the disk is full.");
+    CVSaveOutcome other = fullDisk(true);
+    other.diskIsFull = false;
+    EXPECT_EQ(CVFileMessages::notSaved(other), "The budget could not be saved. Your last saved file is whole.");
+    other.awaitsReadable = true;
+    EXPECT_EQ(CVFileMessages::notSaved(other), "The budget could not be saved.") << "what stands there is another's";
+    EXPECT_TRUE(CVFileMessages::quitUnsaved(fullDisk(true))
                     .message.startsWith("The disk is full. Your last saved file is whole. If you quit now"));
-    EXPECT_TRUE(CVFileMessages::quitUnsaved(failedSave(file.fileName(), true), QTime(14, 2, 5))
+    EXPECT_TRUE(CVFileMessages::quitUnsaved(fullDisk(true), QTime(14, 2, 5))
                     .message.startsWith("Corvella tried again at 14:02:05, which failed too. The disk is full."));
 }
 
 TEST(CVFileMessages, OfferToDeleteEarlierVersionsOnlyWhereThatMakesRoom) {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath("Corvella Data.corvella");
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    const QString whole = "the disk is full. Your last saved file is whole.";
-    EXPECT_EQ(CVFileMessages::notSaved(failedSave(path, true)), whole);
-    EXPECT_FALSE(CVFileMessages::canMakeRoom(failedSave(path, true)));
-    ASSERT_TRUE(CVVersionFolder(path).keepCopy(path, CVVersionReason::Removal, QDateTime::currentDateTime()).ok());
-    EXPECT_EQ(CVFileMessages::notSaved(failedSave(path, true)), whole + " Deleting earlier versions makes room.");
-    EXPECT_TRUE(CVFileMessages::quitUnsaved(failedSave(path, true))
+    EXPECT_EQ(CVFileMessages::notSaved(fullDisk(true, true)),
+              "the disk is full. Your last saved file is whole. Deleting earlier versions makes room.");
+    EXPECT_TRUE(CVFileMessages::quitUnsaved(fullDisk(true, true))
                     .message.contains("is whole. Deleting earlier versions makes room. To do that, choose Cancel, then "
                                       "Delete Earlier Versions… in the window. If you quit now"));
-    EXPECT_FALSE(CVFileMessages::canMakeRoom(failedSave(path, false)));
-    EXPECT_FALSE(CVFileMessages::quitUnsaved(failedSave(path, false)).message.contains("versions"));
-    ASSERT_TRUE(CVVersionFolder(path).removeAll().ok());
-    ASSERT_TRUE(CVKeptCopy::keep(path, CVKeptReason::Unreadable, QDateTime::currentDateTime()).result.ok());
-    EXPECT_TRUE(CVFileMessages::canMakeRoom(failedSave(path, true))) << "kept copies take room too";
+    EXPECT_FALSE(CVFileMessages::quitUnsaved(fullDisk(true)).message.contains("versions"));
 }
 
 TEST(CVFileMessages, SayWhyACopyWasKeptAndWhere) {

@@ -309,7 +309,7 @@ CVSaveOutcome fullDisk(const QString& path) {
     outcome.saved = false;
     outcome.path = path;
     outcome.message = "The budget could not be saved.";
-    outcome.diskIsFull = true;
+    outcome.diskIsFull = outcome.canMakeRoom = true;
     return outcome;
 }
 

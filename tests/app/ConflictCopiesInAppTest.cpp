@@ -7,6 +7,7 @@
 #include "widgets/tables/CVTableView.h"
 #include "workspace/controls/CVSaveStatus.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLabel>
@@ -43,6 +44,14 @@ protected:
     [[nodiscard]] QString remark() const {
         return mDelegate->mainWindow()->saveStatus().findChild<QLabel*>("mRemark")->text();
     }
+    [[nodiscard]] bool waitForRemark(const QString& part) const {
+        return QTest::qWaitFor([&] { return remark().contains(part); }, kPatience);
+    }
+    /// Waits until the program knows of that many copies.
+    [[nodiscard]] bool waitForCopies(qsizetype count) const {
+        return QTest::qWaitFor([&] { return mDelegate->conflictTeller().filesBeside().conflictCopies.size() == count; },
+                               kPatience);
+    }
     [[nodiscard]] QPushButton& showButton() const { return *window().findChild<QPushButton*>("mShowOtherFileButton"); }
     [[nodiscard]] CVMergeWindow& merging() const { return *mDelegate->mergeOperations().window(); }
     [[nodiscard]] CVTableView& lines() const { return *merging().findChild<CVTableView*>("mLineTable"); }
@@ -63,8 +72,7 @@ TEST_F(ConflictCopiesInApp, ACopyIsToldOnceAndLeadsIntoThePanel) {
     startWithBudget();
     EXPECT_TRUE(showButton().isHidden());
     writeCopy(".sync-conflict-20140307-101530-ABCDEFG", "Baker");
-    mDelegate->conflictTeller().look();
-    EXPECT_TRUE(remark().contains("sync-conflict-20140307-101530-ABCDEFG"));
+    EXPECT_TRUE(waitForRemark("sync-conflict-20140307-101530-ABCDEFG"));
     ASSERT_TRUE(showButton().isVisible());
     QTest::mouseClick(&showButton(), Qt::LeftButton);
     ASSERT_TRUE(waitForLines(1));
@@ -80,7 +88,7 @@ TEST_F(ConflictCopiesInApp, ACopyIsToldOnceAndLeadsIntoThePanel) {
     EXPECT_TRUE(isKept) << "the state before is a version";
 
     mDelegate->mainWindow()->saveStatus().remark("another remark");
-    mDelegate->conflictTeller().look();
+    mDelegate->conflictTeller().tell();
     EXPECT_EQ(remark(), "another remark") << "each copy is told once";
     EXPECT_TRUE(mAlerts.shown().isEmpty());
 }
@@ -90,15 +98,15 @@ TEST_F(ConflictCopiesInApp, ACopyIsToldAtTheStartAndNotAtTheNextOne) {
     const QString copy = writeCopy(" (Anna's conflicted copy 2014-03-07)", "Baker");
     quit();
     start();
-    EXPECT_TRUE(remark().contains("Anna's conflicted copy"));
+    EXPECT_TRUE(waitForRemark("Anna's conflicted copy"));
     quit();
     start();
+    ASSERT_TRUE(waitForCopies(1));
     EXPECT_TRUE(remark().isEmpty());
     QFile changed(copy);
     ASSERT_TRUE(changed.open(QIODevice::Append) && changed.write("\n") == 1);
     changed.close();
-    mDelegate->conflictTeller().look();
-    EXPECT_TRUE(remark().contains("Anna's conflicted copy")) << "it was written anew";
+    EXPECT_TRUE(waitForRemark("Anna's conflicted copy")) << "it was written anew";
 }
 
 TEST_F(ConflictCopiesInApp, ACopyThatAppearsWhileTheProgramRunsIsToldByItself) {
@@ -107,7 +115,7 @@ TEST_F(ConflictCopiesInApp, ACopyThatAppearsWhileTheProgramRunsIsToldByItself) {
     start();
     writeCopy(" (conflicted copy 2014-03-07 101530)", "Baker");
     writeCopy(" (conflicted copy 2014-03-07 101531)", "Butcher");
-    EXPECT_TRUE(QTest::qWaitFor([this] { return remark().startsWith("A synchronizer has left 2 copies"); }, kPatience));
+    EXPECT_TRUE(waitForRemark("A synchronizer has left 2 copies"));
     QTest::mouseClick(&showButton(), Qt::LeftButton);
     EXPECT_EQ(merging().countSources(), 2U);
 }
@@ -115,15 +123,29 @@ TEST_F(ConflictCopiesInApp, ACopyThatAppearsWhileTheProgramRunsIsToldByItself) {
 TEST_F(ConflictCopiesInApp, TheMenuLeadsToThemAgain) {
     startWithBudget();
     choose("Changes from Elsewhere…");
-    EXPECT_TRUE(remark().contains("there is no file with changes from elsewhere")) << remark().toStdString();
+    EXPECT_TRUE(waitForRemark("there is no file with changes from elsewhere")) << remark().toStdString();
     EXPECT_EQ(mDelegate->mergeOperations().window(), nullptr);
     writeCopy(" (conflicted copy 2014-03-07)", "Baker");
     for (int time = 0; time < 2; ++time) {
         choose("Changes from Elsewhere…");
-        ASSERT_NE(mDelegate->mergeOperations().window(), nullptr);
-        EXPECT_TRUE(merging().isVisible());
+        ASSERT_TRUE(QTest::qWaitFor([this] { return mDelegate->mergeOperations().window() && merging().isVisible(); },
+                                    kPatience));
         EXPECT_EQ(merging().countSources(), 1U);
+        merging().reject();
     }
+}
+
+TEST_F(ConflictCopiesInApp, ACopyBesideTheFileThatALinkLeadsToIsToldByItself) {
+    startWithBudget();
+    quit();
+    const QString share = mHome.path("share");
+    ASSERT_TRUE(QDir().mkpath(share));
+    const QString place = mHome.folders().applicationSupport + "/Quenby Labs/Corvella/Corvella Data.corvella";
+    ASSERT_TRUE(QFile::rename(place, share + "/Budget.corvella") && QFile::link(share + "/Budget.corvella", place));
+    start();
+    QFile copy(share + "/Budget (conflicted copy 2014-03-07).corvella");
+    ASSERT_TRUE(copy.open(QIODevice::WriteOnly));
+    EXPECT_TRUE(waitForRemark("Budget (conflicted copy 2014-03-07)"));
 }
 
 TEST_F(ConflictCopiesInApp, WhatIsOfferedIsMergedWithItsCommonState) {

@@ -1,4 +1,5 @@
 #include "ShellFixture.h"
+#include "app/CVConflictTeller.h"
 #include "history/CVHistoryWindow.h"
 #include "versions/CVKeptCopy.h"
 #include "versions/CVVersionLimit.h"
@@ -131,6 +132,7 @@ TEST_F(EarlierVersionsInApp, TheRemarkOnClearingLeadsToFormerOnesWhenNoneAreWant
     startWithBudget();
     const QString dataFile = *defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
     ASSERT_FALSE(CVKeptCopy::keep(dataFile, CVKeptReason::Unreadable, QDateTime::currentDateTime()).path.isEmpty());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return mDelegate->conflictTeller().filesBeside().hasEarlier; }, kPatience));
     CVSetVersionLimit(defaults(), 0);
     mDelegate->showPreferences();
     mAlerts.answer({CVAlert::kAlternate, CVAlert::kDefault, CVAlert::kDefault});

@@ -303,6 +303,55 @@ TEST_F(CVSaveQueueTest, waitsAtItsEndForWhatIsPending) {
     EXPECT_TRUE(mAnnouncements.finished.empty());
 }
 
+/// Records what a queue says of the files beside a data file.
+struct FilesBesideTold {
+    explicit FilesBesideTold(CVSaveQueue& queue) {
+        QObject::connect(&queue, &CVSaveQueue::filesBesideChanged, &context,
+                         [this](const CVFilesBeside& files) { changed.push_back(files); });
+        QObject::connect(&queue, &CVSaveQueue::filesBesideListed, &context,
+                         [this](const CVFilesBeside& files) { listed.push_back(files); });
+    }
+    /// Waits for that many changes.
+    [[nodiscard]] bool waitFor(std::size_t count) const {
+        constexpr int kRounds = 2000;
+        for (int round = 0; round < kRounds && changed.size() < count; ++round) {
+            QCoreApplication::processEvents();
+            QThread::msleep(10);
+        }
+        return changed.size() == count;
+    }
+
+    std::vector<CVFilesBeside> changed;
+    std::vector<CVFilesBeside> listed;
+    QObject context;
+};
+
+TEST_F(CVSaveQueueTest, saysWhatLiesBesideTheWatchedFileAtFirstAndWhenThatChanges) {
+    saveAndWait("text");
+    const FilesBesideTold told(mQueue);
+    mQueue.watch(mPath);
+    ASSERT_TRUE(told.waitFor(1));
+    EXPECT_EQ(told.changed[0], CVFilesBeside::of(mPath));
+    EXPECT_TRUE(told.changed[0].conflictCopies.isEmpty());
+    writeFile(mFolder + "/Data (conflicted copy 2014-03-07).corvella", "text");
+    ASSERT_TRUE(told.waitFor(2));
+    EXPECT_EQ(told.changed[1].conflictCopies.size(), 1);
+    EXPECT_TRUE(told.listed.empty()) << "nobody has asked";
+}
+
+TEST_F(CVSaveQueueTest, listsWhatLiesBesideAnyFileAfterTheSavesThatCameBefore) {
+    writeFile(mPath, "somebody's");
+    const FilesBesideTold told(mQueue);
+    mQueue.save(mPath, textOf("text"));
+    mQueue.listFilesBeside(mPath);
+    EXPECT_TRUE(mQueue.waitForFinished().saved);
+    QCoreApplication::processEvents();
+    ASSERT_EQ(told.listed.size(), 1U);
+    EXPECT_EQ(told.listed[0].changedOutside.size(), 1);
+    EXPECT_EQ(told.listed[0], CVFilesBeside::of(mPath));
+    EXPECT_TRUE(told.changed.empty());
+}
+
 TEST_F(CVSaveQueueTest, needsNoWorkToEnd) {
     const CVSaveQueue queue;
     EXPECT_FALSE(queue.isSaving());

@@ -1,11 +1,13 @@
 #include "storage/LogCapture.h"
 #include "storage/SaveScenario.h"
+#include "versions/CVVersionFolder.h"
 
 #include <QFileInfo>
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <map>
@@ -176,12 +178,36 @@ TEST(SaveFaultsOfAFullDisk, AreToldAsSuchAndOthersWithTheirReason) {
             scenario.save({{at, error, Repeat::SameForEver}});
             ASSERT_FALSE(scenario.wasSaved());
             EXPECT_EQ(scenario.outcome().diskIsFull, error == ENOSPC);
+            EXPECT_TRUE(scenario.outcome().isThere);
+            EXPECT_FALSE(scenario.outcome().canMakeRoom) << "there is nothing to delete";
             EXPECT_TRUE(scenario.outcome().message.contains(qt_error_string(error)))
                 << scenario.outcome().message.toStdString();
             ++tried;
         }
     }
     EXPECT_GE(tried, 6);
+}
+
+TEST(SaveFaultsOfAFullDisk, SayWhetherDeletingVersionsMakesRoom) {
+    const auto keepVersion = [](const SaveScenario& scenario) {
+        EXPECT_TRUE(CVVersionFolder(scenario.path())
+                        .keepCopy(scenario.path(), CVVersionReason::Removal, QDateTime::currentDateTime())
+                        .ok());
+    };
+    SaveScenario complete(Before::Good);
+    keepVersion(complete);
+    const auto calls = complete.save().calls;
+    const auto writing =
+        std::find_if(calls.begin(), calls.end(), [](const auto& call) { return call.name == "write"; });
+    ASSERT_NE(writing, calls.end());
+    const auto at = static_cast<std::size_t>(writing - calls.begin());
+    for (const int error : {ENOSPC, EIO}) {
+        SaveScenario scenario(Before::Good);
+        keepVersion(scenario);
+        scenario.save({{at, error, Repeat::SameForEver}});
+        ASSERT_FALSE(scenario.wasSaved());
+        EXPECT_EQ(scenario.outcome().canMakeRoom, error == ENOSPC);
+    }
 }
 
 /// Simpler file systems: shares that cannot exchange names, and sticks without hard links either.
