@@ -15,6 +15,7 @@ class CVAlerts;
 class CVConflictTeller;
 class CVDocument;
 class CVEditorWindows;
+class CVEnding;
 class CVFilePanels;
 class CVHelpOpener;
 class CVHistoryOperations;
@@ -25,7 +26,7 @@ class CVOutsideChanges;
 class CVMergeOperations;
 class CVPreferenceWindowController;
 class CVPrintPanels;
-class CVReadingPanel;
+class CVReadingOperations;
 enum class CVCommand;
 
 /// The application: makes the document from the user's data file and the main window for it, tells the user how reading
@@ -57,16 +58,6 @@ public:
     [[nodiscard]] QString waitForSaves() override;
     /// Shows the main window in front of others, even when it is minimised or hidden.
     void comeToFront();
-    /// Saves everything that has been entered, also an entry that is still being typed, and waits for the save.
-    void keepEverything();
-    /// What the user must know of the last save when the program ends: why it failed, or that the disk does not answer.
-    /// Empty when everything is saved.
-    [[nodiscard]] QString whatIsNotSaved();
-    /// Tells the user why a file could not be read, or what of it was not understood; nothing else.
-    void tellAboutReading(const CVLoadReport& report);
-    /// Closes all windows, waits for the last save and ends the event loop, with status 1 when that save has failed.
-    /// Open windows and questions are closed as with Escape.
-    void endWithoutAsking();
 
     /// Shows the start page of the help book; without help it does nothing.
     void showHelp();
@@ -99,6 +90,11 @@ public:
     [[nodiscard]] CVHistoryWindow* earlierVersions() { return mHistory.get(); }
     [[nodiscard]] CVUpdateController& updates() { return mUpdates; }
     [[nodiscard]] CVSaveQueue& saves() { return mFile.saves(); }
+    [[nodiscard]] CVEnding& ending() { return *mEnding; }
+    [[nodiscard]] CVSaveTeller& saveTeller() { return mSaveTeller; }
+    [[nodiscard]] CVOutsideChanges& outsideChanges() { return *mOutsideChanges; }
+    [[nodiscard]] CVReadingOperations& readingOperations() { return *mReadingOperations; }
+    [[nodiscard]] CVLockOperations& lockOperations() { return *mLockOperations; }
     [[nodiscard]] CVHistoryOperations& historyOperations() { return *mHistoryOperations; }
     [[nodiscard]] CVMergeOperations& mergeOperations() { return *mMergeOperations; }
     [[nodiscard]] CVConflictTeller& conflictTeller() { return *mConflictTeller; }
@@ -115,17 +111,8 @@ private:
     void settlePlace() override;
     [[nodiscard]] QString moveVersions(const QString& from, const QString& to) override;
     void versionsDeleted() override;
-    [[nodiscard]] CVLoadReport read(CVDocument& document, CVReadingPanel panel);
     void handleSaveFinished(const CVSaveOutcome& outcome);
     void offer(const CVSaveOutcome& outcome);
-    void saveWhatIsLost();
-    [[nodiscard]] QString whyUnreadable(const QString& path) const;
-    void showWhetherSaved(const CVLoadReport& report) const;
-    /// Waits for the last save, but not for ever; whether everything that was entered is in the file.
-    [[nodiscard]] bool saveAtLast();
-    /// Whether the window may close: not while changes would be lost, unless the user agrees.
-    [[nodiscard]] bool mayClose();
-    [[nodiscard]] bool isEverythingSaved();
 
     CVAlerts& mAlerts;
     CVFilePanels& mPanels;
@@ -147,12 +134,10 @@ private:
     std::unique_ptr<CVHistoryWindow> mHistory;
     std::unique_ptr<CVMergeOperations> mMergeOperations;
     std::unique_ptr<CVConflictTeller> mConflictTeller;
+    std::unique_ptr<CVReadingOperations> mReadingOperations;
+    std::unique_ptr<CVEnding> mEnding;
     /// Whether the user asked for the preferences of updates before there was a main window; they are shown once it
     /// exists.
     bool mWantsUpdatePreferences = false;
-    bool mEndsWithoutAsking = false;
     bool mIsReopening = false;
-    /// The main window closes for good: a window that is shown now would keep the program alive, and nobody would see
-    /// it.
-    bool mIsEnding = false;
 };

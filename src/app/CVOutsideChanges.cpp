@@ -2,6 +2,7 @@
 
 #include "app/CVAppDelegate.h"
 #include "app/CVMergeOperations.h"
+#include "app/CVReadingOperations.h"
 #include "base/CVNotifications.h"
 #include "model/CVDetachedDocument.h"
 #include "model/CVTransactionSet.h"
@@ -162,5 +163,5 @@ void CVOutsideChanges::take(const CVOutsideChange& change) {
 /// What was not understood goes with the next save.
 void CVOutsideChanges::tell(const CVOutsideChange& change) {
     if (change.partly.count > 0)
-        mApp.tellAboutReading({CVLoadReport::Outcome::Loaded, change.path, {}, change.partly});
+        mApp.readingOperations().tell({CVLoadReport::Outcome::Loaded, change.path, {}, change.partly});
 }

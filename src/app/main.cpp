@@ -1,5 +1,6 @@
 #include "app/CVAppDelegate.h"
 #include "app/CVDisplayRefusal.h"
+#include "app/CVEnding.h"
 #include "base/CVBundle.h"
 #include "base/QBUserDefaults.h"
 #include "commands/CVCheckCommand.h"
@@ -143,8 +144,8 @@ int runOnlyWindow(CVRunningInstance& running, CVAlerts& alerts) {
     CVAppDelegate delegate(QBUserDefaults::standardStore(), CVStandardFolders::ofUser(), alerts, panels);
     const CVTerminationSignals terminations;
     QObject::connect(&running, &CVRunningInstance::showRequested, &delegate, &CVAppDelegate::comeToFront);
-    QObject::connect(&terminations, &CVTerminationSignals::received, &delegate, &CVAppDelegate::endWithoutAsking);
-    QObject::connect(qApp, &QGuiApplication::commitDataRequest, &delegate, &CVAppDelegate::keepEverything);
+    QObject::connect(&terminations, &CVTerminationSignals::received, &delegate.ending(), &CVEnding::endWithoutAsking);
+    QObject::connect(qApp, &QGuiApplication::commitDataRequest, &delegate.ending(), &CVEnding::keepEverything);
     delegate.setURLOpener(&programs);
     delegate.setHelp(&help);
     delegate.setPrintPanels(&printPanels);
@@ -154,7 +155,7 @@ int runOnlyWindow(CVRunningInstance& running, CVAlerts& alerts) {
     help.close();
     if (status != 0) {
         QTextStream errors(stderr);
-        CVWriteErrorLine(errors, delegate.whatIsNotSaved());
+        CVWriteErrorLine(errors, delegate.ending().whatIsNotSaved());
     }
     // What is destroyed here would wait for a disk that does not answer.
     if (!delegate.saves().waitUntilIdle(kPatience)) {

@@ -1,5 +1,6 @@
 #include "storage/CVDocumentFile.h"
 
+#include "model/CVDetachedDocument.h"
 #include "model/CVDocument.h"
 #include "storage/CVDocumentXML.h"
 #include "storage/CVRecoverInterruptedSaves.h"
@@ -21,18 +22,33 @@ CVLoadReport CVDocumentFile::initWithStandardUserFile(CVDocument& document) {
         report = readFromURL(document, *path);
     else
         report = reportObstacle();
-    if (report.outcome == CVLoadReport::Outcome::Cancelled)
-        return report;
+    if (report.outcome != CVLoadReport::Outcome::Cancelled)
+        prepare(document, report.outcome);
+    return report;
+}
+
+void CVDocumentFile::prepare(CVDocument& document, CVLoadReport::Outcome outcome) {
     if (document.uniqueID() == 0) {
         document.setCurrentTransactionSet(0);
         // A file that was not read gives no reason to write a setting of the user's.
-        if (report.outcome == CVLoadReport::Outcome::NotRead)
+        if (outcome == CVLoadReport::Outcome::NotRead)
             document.setInitialCategories();
         else
             document.addDefaults();
     }
     document.sortTransactionsByDate();
     document.updateDates();
+}
+
+CVLoadReport CVDocumentFile::initWithChosenFile(CVDocument& document, const QString& path) {
+    // Reading announces categories and, where it fails, sets defaults, neither of which concerns the present budget.
+    CVDetachedDocument read;
+    CVLoadReport report = readFromURL(*read, path);
+    if (!report.isBudget())
+        return report;
+    document.setSaver(this);
+    document.takeRecords(*read);
+    prepare(document, report.outcome);
     return report;
 }
 

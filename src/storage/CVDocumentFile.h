@@ -30,6 +30,9 @@ public:
 
     /// Fills a new document from the user's data file, or with the defaults when there is no readable file.
     CVLoadReport initWithStandardUserFile(CVDocument& document);
+    /// Fills a new document from that file, which the user has chosen, and saves the document from now on. A file that
+    /// holds no budget that can be read leaves the document empty and without a saver, and is not touched.
+    CVLoadReport initWithChosenFile(CVDocument& document, const QString& path);
     /// Reads the file or pipe at `path` into a new document.
     CVLoadReport readFromURL(CVDocument& document, const QString& path);
     /// Reads an open file or pipe from its position to its end; saving never writes over it.
@@ -58,6 +61,7 @@ public:
 
 private:
     [[nodiscard]] CVLoadReport reportObstacle();
+    static void prepare(CVDocument& document, CVLoadReport::Outcome outcome);
 
     CVStandardFolders mFolders;
     QBUserDefaults& mDefaults;

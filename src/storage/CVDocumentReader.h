@@ -38,6 +38,9 @@ struct CVLoadReport {
     CVPartlyRead partly = {};
     /// What a loaded file was when its reading began; absent for any other outcome and for a file without a path.
     std::optional<CVFileSignature> signature = {};
+
+    /// Whether the file holds a budget, be it an empty one.
+    [[nodiscard]] bool isBudget() const { return outcome == Outcome::Loaded || outcome == Outcome::NoBudget; }
 };
 
 /// Reads data files into new documents, on any thread. A damaged file leaves the document with its defaults, which it

@@ -1,4 +1,5 @@
 #include "EditorWindowsFixture.h"
+#include "app/CVEnding.h"
 #include "start/CVTerminationSignals.h"
 #include "widgets/CVAlertPanel.h"
 #include "widgets/fields/CVMoneyField.h"
@@ -21,7 +22,7 @@ protected:
     template <typename Act>
     int endAfter(Act act) {
         QTimer::singleShot(0, &window(), act);
-        QTimer::singleShot(200, mDelegate.get(), &CVAppDelegate::endWithoutAsking);
+        QTimer::singleShot(200, &mDelegate->ending(), &CVEnding::endWithoutAsking);
         return QApplication::exec();
     }
 
@@ -99,7 +100,7 @@ TEST_F(Ending, WithoutAskingKeepsWhatIsTypedInAnEditor) {
         clickRow(*table, "Food");
         press(Qt::Key_F2);
         QTest::keyClicks(QApplication::focusWidget(), "Provisions");
-        mDelegate->endWithoutAsking();
+        mDelegate->ending().endWithoutAsking();
     });
     QTimer::singleShot(0, &window(), [&typing] {
         typing.start(0);
@@ -157,7 +158,7 @@ TEST_F(Ending, WithoutAskingTriesASaveThatFailedOnceMore) {
 TEST_F(Ending, OfTheSessionTriesASaveThatFailedOnceMore) {
     failToSaveIn(mHome.path("a folder"));
     ASSERT_TRUE(QDir().mkpath(mHome.path("a folder")));
-    mDelegate->keepEverything();
+    mDelegate->ending().keepEverything();
     EXPECT_TRUE(QFile::exists(mHome.path("a folder/file")));
 }
 
@@ -171,7 +172,7 @@ TEST_F(Ending, WithoutAskingRemembersTheFrame) {
 
 TEST_F(Ending, OfTheSessionSavesAndLeavesTheProgramRunning) {
     typeIntoCell("Bazaar");
-    mDelegate->keepEverything();
+    mDelegate->ending().keepEverything();
     EXPECT_TRUE(savedBytes().contains("<PayToFrom>Bazaar</PayToFrom>"));
     EXPECT_TRUE(window().isVisible());
 }
@@ -181,7 +182,7 @@ TEST_F(Ending, OfTheSessionSavesWhatIsTypedInAnEditor) {
         clickRow(table, "Food");
         press(Qt::Key_F2);
         QTest::keyClicks(QApplication::focusWidget(), "Provisions");
-        mDelegate->keepEverything();
+        mDelegate->ending().keepEverything();
         EXPECT_TRUE(savedBytes().contains(">Provisions"));
         EXPECT_TRUE(table.isVisible());
     });
@@ -190,7 +191,7 @@ TEST_F(Ending, OfTheSessionSavesWhatIsTypedInAnEditor) {
 TEST_F(Ending, OfTheSessionSavesANameThatASetWasGiven) {
     inSetEditor([this](QTableView& table) {
         rename(table, "Initial Transaction Set", "Checking");
-        mDelegate->keepEverything();
+        mDelegate->ending().keepEverything();
         EXPECT_TRUE(savedBytes().contains(">Checking"));
     });
 }

@@ -107,6 +107,47 @@ TEST_F(CVDocumentFileTest, addsTheDefaultsToAFileWhoseCounterIsZero) {
     EXPECT_GT(launch.document.countOfCategories(), 0U);
 }
 
+TEST_F(CVDocumentFileTest, readsAChosenFileOnceAndAsTheUsersOwn) {
+    for (const QByteArray& file :
+         {sampleFile(), inRoot(R"(<MiscInfo id="0" current_transaction_set_id="5"/><Transaction/>)")}) {
+        writeFile(mPath, file);
+        const Launch launch(mHome);
+        QBNotificationCenter center;
+        CVDocumentFile other(mHome.folders(), mHome.userDefaults());
+        CVDocument document(center, mHome.userDefaults());
+        int readings = 0;
+        other.setReadingProgress([&readings](double part) {
+            readings += part == 0 ? 1 : 0;
+            return true;
+        });
+        EXPECT_EQ(other.initWithChosenFile(document, mPath).outcome, Outcome::Loaded);
+        EXPECT_EQ(readings, 1);
+        EXPECT_EQ(ParsedBudget::describe(document), ParsedBudget::describe(launch.document));
+        EXPECT_EQ(document.latestTransactionDate(), launch.document.latestTransactionDate());
+        EXPECT_TRUE(document.workbookSave());
+        const CVSaveOutcome outcome = other.saves().waitForFinished();
+        EXPECT_EQ(outcome.keptCopy, QString()) << "it counts as read";
+        EXPECT_EQ(readFile(mPath), CVDocumentXMLRepresentation(document).joined());
+    }
+}
+
+TEST_F(CVDocumentFileTest, leavesAChosenFileThatCannotBeReadAsItIsAndWithItTheSettings) {
+    writeFile(mPath, sampleFile().chopped(50));
+    mHome.userDefaults().setInteger(CVDefaultsKeys::kNumberOfItems, 25);
+    QBNotificationCenter center;
+    CVDocumentFile file(mHome.folders(), mHome.userDefaults());
+    CVDocument document(center, mHome.userDefaults());
+    const CVLoadReport report = file.initWithChosenFile(document, mPath);
+    EXPECT_EQ(report.outcome, Outcome::Unreadable);
+    EXPECT_NE(report.reason, QString());
+    EXPECT_EQ(document.countOfCategories(), 0U);
+    EXPECT_TRUE(document.workbookSave());
+    EXPECT_FALSE(file.saves().isSaving());
+    EXPECT_EQ(readFile(mPath), sampleFile().chopped(50));
+    EXPECT_EQ(namesIn(mFolder), QStringList({"Corvella Data.corvella"}));
+    EXPECT_EQ(mHome.userDefaults().integerForKey(CVDefaultsKeys::kNumberOfItems), 25);
+}
+
 TEST_F(CVDocumentFileTest, savesTheStateOfTheMomentOfTheRequest) {
     Launch launch(mHome);
     launch.document.insertCategoryName(QStringLiteral("Before"));
