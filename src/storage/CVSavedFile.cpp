@@ -89,6 +89,11 @@ CVOutsideChange CVSavedFile::read(const QString& path) {
     return {.kind = CVOutsideChange::Kind::Unreadable, .path = path, .reason = reason};
 }
 
+bool CVSavedFile::holdsBudget(const QString& path) const {
+    const auto signature = CVFileSignature::of(path);
+    return (signature && signature == mReadable) || read(path).kind == CVOutsideChange::Kind::Changed;
+}
+
 /// Empty when the budget can be written now.
 QString CVSavedFile::whyNotNow(const CVPathStatus& present, CVUnreadableFile unreadable) {
     if (diskIsAway(present))
@@ -96,8 +101,10 @@ QString CVSavedFile::whyNotNow(const CVPathStatus& present, CVUnreadableFile unr
     if (!mIsWatched || !mKnown || !present.signature || mStillAsked == CVVersionReason::Move)
         return {};
     const CVOutsideChange change = read(mPath);
-    if (change.kind != CVOutsideChange::Kind::Unreadable)
+    if (change.kind != CVOutsideChange::Kind::Unreadable) {
+        mReadable = change.signature;
         return {};
+    }
     mUnreadable = present.signature;
     if (unreadable == CVUnreadableFile::Replaced)
         return {};
@@ -167,7 +174,7 @@ QString CVSavedFile::write(const CVDocumentText& text, const CVVersionKeeping& k
         keepVersion(replacing.former, *due, keeping.limit, outcome);
     }
     if (!outcome.keptCopy.isEmpty() && outcome.keptReason == CVKeptReason::ChangedOutside)
-        outcome.keptIsBudget = read(outcome.keptCopy).kind == CVOutsideChange::Kind::Changed;
+        outcome.keptIsBudget = holdsBudget(outcome.keptCopy);
     const bool isAnothers =
         outcome.keptReason == CVKeptReason::ChangedOutside || outcome.keptReason == CVKeptReason::Unreadable;
     if (!outcome.keptCopy.isEmpty() && isAnothers && former) {

@@ -50,6 +50,7 @@ private:
     [[nodiscard]] bool diskIsAway(const CVPathStatus& present) const;
     [[nodiscard]] QString whyNotNow(const CVPathStatus& present, CVUnreadableFile unreadable);
     [[nodiscard]] static CVOutsideChange read(const QString& path);
+    [[nodiscard]] bool holdsBudget(const QString& path) const;
     [[nodiscard]] QString write(const CVDocumentText& text, const CVVersionKeeping& keeping,
                                 const CVPathStatus& present, bool isKnown, CVSaveOutcome& outcome);
     /// Why a file that this program neither read nor wrote is to be kept before it is replaced.
@@ -68,6 +69,8 @@ private:
     CVReadAs mKnownAs = CVReadAs::Whole;
     /// What could not be read when that was last tried.
     std::optional<CVFileSignature> mUnreadable;
+    /// Another program's file that was read before a save, which spares reading it again.
+    std::optional<CVFileSignature> mReadable;
     /// When the file of that signature was last found to be the known one, as its own time of change; it spares
     /// comparing the bytes.
     qint64 mKnownChange = 0;

@@ -12,7 +12,11 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/inotify.h>
 #include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
 
 namespace {
 
@@ -165,6 +169,17 @@ TEST_F(CVSavedFileTest, tellsWhatBothBudgetsHadInCommonAndKeepsItAsAVersion) {
     EXPECT_THAT(versions(), testing::ElementsAre(budget("Common")));
     EXPECT_EQ(CVVersionFolder(mPath).versions()[0].name.reason, CVVersionReason::Removal);
     EXPECT_FALSE(save(budget("Ours again")).common);
+}
+
+TEST_F(CVSavedFileTest, readsAnothersChangedFileOnceBeforeItIsKept) {
+    EXPECT_EQ(look(), std::nullopt);
+    replace(budget("Somebody else entirely"));
+    const int opened = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+    ASSERT_GE(::inotify_add_watch(opened, QFile::encodeName(mPath).constData(), IN_OPEN), 0);
+    EXPECT_TRUE(save(budget("Ours")).keptIsBudget);
+    std::array<inotify_event, 16> events{};
+    EXPECT_EQ(::read(opened, events.data(), sizeof(events)), ssize_t(sizeof(inotify_event)));
+    ::close(opened);
 }
 
 TEST_F(CVSavedFileTest, takesAChangedFileOverAndKeepsTheFormerStateAsAVersion) {
