@@ -272,6 +272,10 @@ std::optional<QString> CVAppDelegate::reopenDocument() {
     return mReadingOperations->reopen();
 }
 
+void CVAppDelegate::startNewDocument() {
+    mReadingOperations->startNew();
+}
+
 QString CVAppDelegate::moveVersions(const QString& from, const QString& to) {
     return mHistoryOperations->moveVersions(from, to);
 }

@@ -109,6 +109,7 @@ private:
     void showDataFilePreferences();
     [[nodiscard]] bool claimPlace(const QString& path, PlaceUse use, QWidget& asker) override;
     void settlePlace() override;
+    void startNewDocument() override;
     [[nodiscard]] QString moveVersions(const QString& from, const QString& to) override;
     void versionsDeleted() override;
     void handleSaveFinished(const CVSaveOutcome& outcome);

@@ -26,7 +26,9 @@ QString withoutFolder(QString text, const QString& folder) {
 }
 
 /// Where the file that could not be read is now.
-QString whereabouts(const CVSaveOutcome& outcome, const QString& folder) {
+QString whereabouts(const CVLoadReport& report, const CVSaveOutcome& outcome, const QString& folder) {
+    if (report.isReadOnly)
+        return FileMessagesText::tr("It is untouched and stays so: what is open read-only is not saved.");
     if (!outcome.keptCopy.isEmpty())
         return FileMessagesText::tr("Every byte of the old file is kept in “%1”.")
             .arg(withoutFolder(shown(outcome.keptCopy), folder));
@@ -62,7 +64,7 @@ CVAlert unreadable(const CVLoadReport& report, const CVSaveOutcome& outcome) {
             FileMessagesText::tr(
                 "Corvella has started with an empty budget, because “%1” could not be read: %2.\n\n%3\n\nThe folder is "
                 "“%4”.")
-                .arg(file.fileName(), report.reason, whereabouts(outcome, file.path()), shown(file.path())),
+                .arg(file.fileName(), report.reason, whereabouts(report, outcome, file.path()), shown(file.path())),
             FileMessagesText::tr("OK"),
             {},
             {}};
@@ -79,16 +81,20 @@ CVAlert partlyRead(const CVLoadReport& report) {
     QStringList lines = report.partly.lines;
     if (count > lines.size())
         lines.append(FileMessagesText::tr("… and %1 more").arg(QBLocaleInForce().toString(count - lines.size())));
-    return {FileMessagesText::tr("Your data file was read only in part"),
-            what + QStringLiteral("\n\n") + lines.join(u'\n') + QStringLiteral("\n\n") +
-                FileMessagesText::tr(
-                    "Everything else has been read. The next save leaves out what was not understood. Before it, "
-                    "Corvella keeps the file as it is beside the new one, with “(as it was read …)” in its "
-                    "name.\n\nThe folder is “%1”.")
-                    .arg(shown(file.path())),
-            FileMessagesText::tr("OK"),
-            {},
-            {}};
+    const QString next =
+        report.isReadOnly
+            ? FileMessagesText::tr("Everything else has been read. The file stays as it is: what is open read-only is "
+                                   "not saved.")
+            : FileMessagesText::tr("Everything else has been read. The next save leaves out what was not understood. "
+                                   "Before it, Corvella keeps the file as it is beside the new one, with “(as it was "
+                                   "read …)” in its name.");
+    return {
+        FileMessagesText::tr("Your data file was read only in part"),
+        QStringList{what, lines.join(u'\n'), next, FileMessagesText::tr("The folder is “%1”.").arg(shown(file.path()))}
+            .join(QStringLiteral("\n\n")),
+        FileMessagesText::tr("OK"),
+        {},
+        {}};
 }
 
 CVAlert keptCopy(const CVSaveOutcome& outcome) {

@@ -163,5 +163,9 @@ void CVOutsideChanges::take(const CVOutsideChange& change) {
 /// What was not understood goes with the next save.
 void CVOutsideChanges::tell(const CVOutsideChange& change) {
     if (change.partly.count > 0)
-        mApp.readingOperations().tell({CVLoadReport::Outcome::Loaded, change.path, {}, change.partly});
+        mApp.readingOperations().tell({.outcome = CVLoadReport::Outcome::Loaded,
+                                       .path = change.path,
+                                       .reason = {},
+                                       .partly = change.partly,
+                                       .isReadOnly = mFile.isReadOnly()});
 }

@@ -20,6 +20,7 @@ std::optional<QString> CVReadingOperations::reopen() {
     // The search would pass over it and open another one.
     if (CVMissingDataFile(former.userDefaults()))
         return tr("it is not there any more");
+    mApp.lockOperations().beginReading();
     // From here on the former budget must not be saved, because it would be written over the other file.
     former.setSaver(nullptr);
     auto document = std::make_unique<CVDocument>(former.notificationCenter(), former.userDefaults());
@@ -31,12 +32,23 @@ std::optional<QString> CVReadingOperations::reopen() {
         mApp.lockOperations().abandon();
         return report.outcome == CVLoadReport::Outcome::Cancelled ? QString() : report.reason;
     }
-    mApp.lockOperations().beginReading();
     mApp.replaceDocument(std::move(document));
     mApp.outsideChanges().watch(report.path);
     showWhetherSaved(report);
     tell(report);
     return std::nullopt;
+}
+
+void CVReadingOperations::startNew() {
+    CVDocument& former = mApp.document();
+    mApp.lockOperations().beginReading();
+    former.setSaver(nullptr);
+    auto document = std::make_unique<CVDocument>(former.notificationCenter(), former.userDefaults());
+    mFile.initAsNew(*document);
+    mApp.replaceDocument(std::move(document));
+    mApp.outsideChanges().watch(mFile.placeForSaving());
+    // The next start finds the file.
+    mApp.document().workbookSave();
 }
 
 void CVReadingOperations::tell(const CVLoadReport& report) {

@@ -20,8 +20,9 @@ public:
         , mFile(file)
         , mAlerts(alerts) {}
 
-    /// Does `CVPreferenceHost::reopenDocument`.
+    /// These two do what `CVPreferenceHost` says of `reopenDocument` and `startNewDocument`.
     [[nodiscard]] std::optional<QString> reopen();
+    void startNew();
     /// Tells the user why a file could not be read, or what of it was not understood; nothing else.
     void tell(const CVLoadReport& report);
     /// Says in the status line that a budget is saved, if it was read from a file.

@@ -47,11 +47,11 @@ CVDataFilePane::CVDataFilePane(CVPreferenceStore& store, CVDocument& document, C
     mDataFileLocation->setReadOnly(true);
     mDataFileLocation->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     form().addRow(tr("Your data file is &in:"), mDataFileLocation);
-    mChange = addButton(
+    auto* const change = addButton(
         tr("Change &Location…"), tr("Change Location"),
         tr("The file at the old place stays there unchanged. If the one at the new place is missing when Corvella "
            "starts, it asks before it opens any other."));
-    connect(mChange, &QPushButton::clicked, this, &CVDataFilePane::changeFileLocation);
+    connect(change, &QPushButton::clicked, this, &CVDataFilePane::changeFileLocation);
     mClear = addButton(tr("Clear &Data File…"), tr("Clear Data File"),
                        tr("Removes all transactions and brings the default categories back."));
     connect(mClear, &QPushButton::clicked, this, &CVDataFilePane::clearDataFile);
@@ -83,7 +83,6 @@ void CVDataFilePane::setDocument(CVDocument& document) {
 
 void CVDataFilePane::updateButtons() {
     const bool canEdit = !mDocument->isReadOnly();
-    mChange->setEnabled(canEdit);
     mClear->setEnabled(canEdit);
     mVersions->setMayDelete(canEdit);
 }
@@ -105,7 +104,10 @@ void CVDataFilePane::changeFileLocation() {
     const auto present = store().defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
     if (!path || (present && CVIsSameFile(*path, *present)))
         return;
-    if (!QFileInfo(*path).isFile())
+    const bool isThere = QFileInfo(*path).isFile();
+    if (mDocument->isReadOnly())
+        return openElsewhere(*path, isThere);
+    if (!isThere)
         return _cv_change_document_path(*path, Replace::Yes);
     switch (askWhatToUse(QFileInfo(*path).path())) {
     case CVAlert::kDefault:
@@ -116,6 +118,25 @@ void CVDataFilePane::changeFileLocation() {
     case CVAlert::kFurther:
         return;
     }
+}
+
+void CVDataFilePane::openElsewhere(const QString& path, bool isThere) {
+    const QString folder = abbreviated(QFileInfo(path).path());
+    CVAlert alert = isThere ? CVAlert{tr("Open the budget in that folder?"),
+                                      tr("There is a Corvella data file at “%1”. Corvella opens it from now on. The "
+                                         "budget that is open read-only stays where it is.")
+                                          .arg(folder),
+                                      tr("Open"), tr("Cancel")}
+                            : CVAlert{tr("Start a new budget in that folder?"),
+                                      tr("There is no Corvella data file at “%1”. The budget that is open read-only is "
+                                         "not moved there: it stays where it is. You can start a new, empty one there.")
+                                          .arg(folder),
+                                      tr("Start New Budget"), tr("Cancel")};
+    alert.style = CVAlert::Style::Information;
+    if (mAlerts.run(this, alert) != CVAlert::kDefault)
+        return;
+    useDocument(path, isThere);
+    _cv_set_file_location_field();
 }
 
 std::optional<QString> CVDataFilePane::choosePath() {
@@ -181,7 +202,7 @@ void CVDataFilePane::moveVersions(const QString& from, const QString& to) {
                            tr("OK")});
 }
 
-void CVDataFilePane::useDocument(const QString& path) {
+void CVDataFilePane::useDocument(const QString& path, bool isThere) {
     if (CVLeadToWaitingWindow() || !mHost.claimPlace(path, CVPreferenceHost::PlaceUse::Opened, *this))
         return;
     const auto settle = qScopeGuard([this] { mHost.settlePlace(); });
@@ -197,6 +218,8 @@ void CVDataFilePane::useDocument(const QString& path) {
     const auto former = store().defaults().stringForKey(CVDefaultsKeys::kDataFileLocation);
     if (!keepLocation(path, former))
         return;
+    if (!isThere)
+        return mHost.startNewDocument();
     const auto failure = mHost.reopenDocument();
     if (!failure)
         return;

@@ -25,7 +25,8 @@ public:
     void endEditing() override;
     void setDocument(CVDocument& document);
 
-    /// Lets the user choose a folder, then moves the budget there or opens the budget that is already there.
+    /// Lets the user choose a folder, then moves the budget there or opens the budget that is already there. A budget
+    /// that is only looked at is not moved: another one is opened or begun there.
     void changeFileLocation();
     /// Empties the budget once the user has confirmed it twice.
     void clearDataFile();
@@ -38,15 +39,16 @@ private:
     enum class Replace : bool { No, Yes };
 
     QPushButton* addButton(const QString& text, const QString& name, const QString& hint);
-    /// The new path of the budget; absent when the user cancelled.
     /// Disables what would change the budget when it is only looked at.
     void updateButtons();
+    /// The new path of the budget; absent when the user cancelled.
     [[nodiscard]] std::optional<QString> choosePath();
     void _cv_set_file_location_field();
     void _cv_change_document_path(const QString& path, Replace replace);
     void moveDocument(const QString& path);
     void moveVersions(const QString& from, const QString& to);
-    void useDocument(const QString& path);
+    void openElsewhere(const QString& path, bool isThere);
+    void useDocument(const QString& path, bool isThere = true);
     [[nodiscard]] bool keepLocation(const QString& path, const std::optional<QString>& former);
     [[nodiscard]] CVAlert::Answer askWhatToUse(const QString& folder);
 
@@ -55,7 +57,6 @@ private:
     CVAlerts& mAlerts;
     CVFilePanels& mPanels;
     QLineEdit* mDataFileLocation;
-    QPushButton* mChange = nullptr;
     QPushButton* mClear = nullptr;
     CVVersionsPane* mVersions;
 };

@@ -24,6 +24,9 @@ public:
     /// Reads the file named in the user defaults into a new document, which replaces the present one. Otherwise the
     /// present one stays, and the answer is why the file could not be read, empty when the user cancelled the reading.
     [[nodiscard]] virtual std::optional<QString> reopenDocument() = 0;
+    /// Begins a new budget in the file named in the user defaults, where there is none; it replaces the present one,
+    /// which stays in its own file.
+    virtual void startNewDocument() = 0;
     /// Takes the earlier versions of the data file at `from` along to the one at `to`. Returns in one sentence why they
     /// could not be moved; empty when they were.
     [[nodiscard]] virtual QString moveVersions(const QString& from, const QString& to) = 0;

@@ -77,14 +77,16 @@ CVAlert missingPlace(const CVMissingPlace& place) {
 
 CVAlert notRead(const CVLoadReport& report) {
     const QFileInfo file(report.path);
-    return {
-        StartMessagesText::tr("Your budget could not be read"),
-        StartMessagesText::tr(
-            "“%1” could not be read: %2.\n\nIt is untouched. If you open an empty budget, it stays so until something "
-            "is saved; then Corvella keeps it beside the new file, with “(unreadable …)” in its name.\n\nThe folder "
-            "is “%3”.")
-            .arg(file.fileName(), report.reason, QDir::toNativeSeparators(file.path())),
-        StartMessagesText::tr("Try Again"), StartMessagesText::tr("Quit"), StartMessagesText::tr("Open Empty")};
+    const QString what =
+        report.isReadOnly ? StartMessagesText::tr("“%1” could not be read: %2.\n\nIt is untouched and stays so: an "
+                                                  "empty budget is read-only too.\n\nThe folder is “%3”.")
+                          : StartMessagesText::tr(
+                                "“%1” could not be read: %2.\n\nIt is untouched. If you open an empty budget, it "
+                                "stays so until something is saved; then Corvella keeps it beside the new file, with "
+                                "“(unreadable …)” in its name.\n\nThe folder is “%3”.");
+    return {StartMessagesText::tr("Your budget could not be read"),
+            what.arg(file.fileName(), report.reason, QDir::toNativeSeparators(file.path())),
+            StartMessagesText::tr("Try Again"), StartMessagesText::tr("Quit"), StartMessagesText::tr("Open Empty")};
 }
 
 } // namespace CVStartMessages

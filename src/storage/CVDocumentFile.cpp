@@ -22,6 +22,7 @@ CVLoadReport CVDocumentFile::initWithStandardUserFile(CVDocument& document) {
         report = readFromURL(document, *path);
     else
         report = reportObstacle();
+    report.isReadOnly = mIsReadOnly;
     if (report.outcome != CVLoadReport::Outcome::Cancelled)
         prepare(document, report.outcome);
     return report;
@@ -40,10 +41,16 @@ void CVDocumentFile::prepare(CVDocument& document, CVLoadReport::Outcome outcome
     document.updateDates();
 }
 
+void CVDocumentFile::initAsNew(CVDocument& document) {
+    document.setSaver(this);
+    prepare(document, CVLoadReport::Outcome::NoFile);
+}
+
 CVLoadReport CVDocumentFile::initWithChosenFile(CVDocument& document, const QString& path) {
     // Reading announces categories and, where it fails, sets defaults, neither of which concerns the present budget.
     CVDetachedDocument read;
     CVLoadReport report = readFromURL(*read, path);
+    report.isReadOnly = mIsReadOnly;
     if (!report.isBudget())
         return report;
     document.setSaver(this);

@@ -33,6 +33,8 @@ public:
     /// Fills a new document from that file, which the user has chosen, and saves the document from now on. A file that
     /// holds no budget that can be read leaves the document empty and without a saver, and is not touched.
     CVLoadReport initWithChosenFile(CVDocument& document, const QString& path);
+    /// Fills a new document with the defaults, and saves the document from now on.
+    void initAsNew(CVDocument& document);
     /// Reads the file or pipe at `path` into a new document.
     CVLoadReport readFromURL(CVDocument& document, const QString& path);
     /// Reads an open file or pipe from its position to its end; saving never writes over it.

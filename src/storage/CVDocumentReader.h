@@ -38,6 +38,8 @@ struct CVLoadReport {
     CVPartlyRead partly = {};
     /// What a loaded file was when its reading began; absent for any other outcome and for a file without a path.
     std::optional<CVFileSignature> signature = {};
+    /// Whether the budget is only looked at, so that no save will follow.
+    bool isReadOnly = false;
 
     /// Whether the file holds a budget, be it an empty one.
     [[nodiscard]] bool isBudget() const { return outcome == Outcome::Loaded || outcome == Outcome::NoBudget; }

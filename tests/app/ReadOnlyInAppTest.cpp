@@ -194,11 +194,52 @@ TEST_F(ReadOnlyInApp, EarlierVersionsCanBeLookedAtButNotBroughtBack) {
 TEST_F(ReadOnlyInApp, ThePreferencesOfTheProgramWorkAndThoseOfTheFileDoNot) {
     startReadOnly();
     mDelegate->showPreferences();
-    for (const char* const button : {"Change Location", "Clear Data File", "Delete Earlier Versions"})
+    for (const char* const button : {"Clear Data File", "Delete Earlier Versions"})
         EXPECT_FALSE(preference<QAbstractButton>(button)->isEnabled()) << button;
     preference<QAbstractButton>("Show All Categories")->click();
     EXPECT_TRUE(defaults().boolForKey(CVDefaultsKeys::kShowUnusedCategories));
     quit();
+}
+
+TEST_F(ReadOnlyInApp, ANewBudgetCanBeBegunElsewhereAndChanged) {
+    startReadOnly();
+    const QByteArray annas = bytesOf(dataFile());
+    const QString fresh = mHome.path("new place") + "/Corvella Data.corvella";
+    QDir().mkpath(mHome.path("new place"));
+    mDelegate->showPreferences();
+    mPanels.answer(mHome.path("new place"));
+    preference<QAbstractButton>("Change Location")->click();
+    EXPECT_FALSE(mDelegate->isReadOnly());
+    EXPECT_EQ(window().windowTitle(), "Corvella Main Window");
+    EXPECT_TRUE(isOwnLock(fresh));
+    EXPECT_EQ(list().model()->rowCount(), 0);
+    record(5, "Hall", "Food");
+    quit();
+    EXPECT_TRUE(bytesOf(fresh).contains("Hall"));
+    EXPECT_EQ(bytesOf(dataFile()), annas);
+    EXPECT_TRUE(QFile::exists(lockPath())) << "anna's";
+}
+
+TEST_F(ReadOnlyInApp, AlertsAboutTheFileSpeakOfNoSave) {
+    makeBudget();
+    const QByteArray whole = bytesOf(dataFile());
+    annaOpens(dataFile());
+    write(dataFile(), QByteArray(whole).replace("</CorvellaDocument>", "<!-- mine --></CorvellaDocument>"));
+    start();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return mAlerts.shown().size() == 2; }, kPatience));
+    quit();
+    write(dataFile(), whole.first(300));
+    start();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return mAlerts.shown().size() == 4; }, kPatience));
+    quit();
+    EXPECT_EQ(titles()[1], "Your data file was read only in part");
+    EXPECT_EQ(titles()[3], "Your budget could not be read");
+    for (const int place : {1, 3}) {
+        const QString message = mAlerts.shown()[place].message;
+        EXPECT_TRUE(message.contains("what is open read-only is not saved")) << message.toStdString();
+        EXPECT_FALSE(message.contains("next save") || message.contains("saves for the first time"))
+            << message.toStdString();
+    }
 }
 
 TEST_F(ReadOnlyInApp, QuitOpensNothing) {

@@ -342,9 +342,41 @@ TEST_F(DataFilePane, OfABudgetThatIsOnlyLookedAtTheFileStaysAsItIs) {
     mSaver.setReadOnly();
     useOldFolder();
     open();
-    for (const char* const name : {"Change Location", "Clear Data File", "Delete Earlier Versions"})
+    for (const char* const name : {"Clear Data File", "Delete Earlier Versions"})
         EXPECT_FALSE(control<QAbstractButton>(name)->isEnabled()) << name;
     EXPECT_TRUE(control<QAbstractButton>("Keep Earlier Versions")->isEnabled());
+}
+
+TEST_F(DataFilePane, FromABudgetThatIsOnlyLookedAtAnotherOneCanBeOpened) {
+    mSaver.setReadOnly();
+    useOldFolder();
+    makeFile(dataFileIn("new"));
+    open();
+    changeTo("new", {CVAlert::kAlternate});
+    EXPECT_EQ(location(), dataFileIn("old"));
+    changeTo("new", {CVAlert::kDefault});
+    EXPECT_EQ(location(), dataFileIn("new"));
+    EXPECT_EQ(mHost.claimed, QStringList(dataFileIn("new") + " opened"));
+    EXPECT_EQ(mHost.reopened, 1);
+    ASSERT_EQ(mAlerts.shown().size(), 2);
+    EXPECT_EQ(mAlerts.shown()[0].title, "Open the budget in that folder?");
+    EXPECT_EQ(mAlerts.shown()[0].otherButton, "") << "nothing there can be replaced";
+    EXPECT_EQ(mSaver.count(), 0);
+}
+
+TEST_F(DataFilePane, FromABudgetThatIsOnlyLookedAtANewOneIsBegunWhereThereIsNone) {
+    mSaver.setReadOnly();
+    useOldFolder();
+    QDir().mkpath(mHome.path("new"));
+    open();
+    changeTo("new", {CVAlert::kAlternate});
+    EXPECT_EQ(mHost.begun, 0);
+    changeTo("new", {CVAlert::kDefault});
+    EXPECT_EQ(location(), dataFileIn("new"));
+    EXPECT_EQ(mHost.begun, 1);
+    EXPECT_EQ(mAlerts.shown()[1].title, "Start a new budget in that folder?");
+    EXPECT_EQ(mHost.moved, QStringList());
+    EXPECT_EQ(mSaver.count(), 0) << "the budget that is open is not saved there";
 }
 
 } // namespace

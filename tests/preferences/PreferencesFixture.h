@@ -48,6 +48,8 @@ public:
         return notReopened;
     }
 
+    void startNewDocument() override { ++begun; }
+
     [[nodiscard]] QString moveVersions(const QString& from, const QString& to) override {
         moved.append(from + " > " + to);
         return notMoved;
@@ -63,6 +65,7 @@ public:
     int deletions = 0;
     const QWidget* lastAsker = nullptr;
     int reopened = 0;
+    int begun = 0;
     /// The answer of reopenDocument().
     std::optional<QString> notReopened;
     /// The data files whose versions were to be moved, as "from > to", and the failure that is reported.
