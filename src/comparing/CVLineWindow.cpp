@@ -4,6 +4,7 @@
 #include "base/QBNotificationCenter.h"
 #include "base/QBUserDefaults.h"
 #include "comparing/CVVersionLinePane.h"
+#include "format/QBLocale.h"
 #include "model/CVDocument.h"
 #include "widgets/CVCompactButton.h"
 #include "widgets/CVHelpOpener.h"
@@ -93,6 +94,10 @@ QPushButton& CVLineWindow::addButton(QHBoxLayout& row, const QString& text, cons
     button->setAutoDefault(false);
     row.addWidget(button);
     return *button;
+}
+
+QString CVLineWindow::counted(qsizetype count) {
+    return QBLocaleInForce().toString(count);
 }
 
 void CVLineWindow::setTextOfButton(QPushButton& button, const QString& text) {

@@ -48,6 +48,8 @@ protected:
     /// The buttons that each such window has at the end of its row; without `help` there is no Help button.
     void addHelpAndClose(QHBoxLayout& row, CVHelpOpener* help, const QString& page);
     static void setTextOfButton(QPushButton& button, const QString& text);
+    /// A number of lines or versions, as the user writes numbers.
+    [[nodiscard]] static QString counted(qsizetype count);
     /// Gives the window its former frame, at first this many digits wide and lines high.
     void restoreFrame(const char* key, int widthInDigits, int heightInLines);
 

@@ -52,8 +52,8 @@ void CVVersionLineModel::setSearchText(const QString& text) {
     build();
 }
 
-void CVVersionLineModel::setShown(CVVersionSign sign, bool isShown) {
-    mShown[static_cast<std::size_t>(sign)] = isShown;
+void CVVersionLineModel::setShown(CVVersionLines::Group group, bool isShown) {
+    mShown[static_cast<std::size_t>(group)] = isShown;
     build();
 }
 
@@ -86,7 +86,7 @@ void CVVersionLineModel::build() {
 std::vector<std::size_t> CVVersionLineModel::rows() const {
     std::vector<std::size_t> rows;
     for (std::size_t line = 0; line < mLines.size(); ++line) {
-        if (mShown[static_cast<std::size_t>(mLines.at(line).sign)] && mLines.matches(line, mSearchText))
+        if (mShown[static_cast<std::size_t>(mLines.group(line))] && mLines.matches(line, mSearchText))
             rows.push_back(line);
     }
     if (mColumn >= 0)

@@ -5,7 +5,7 @@
 #include <QAbstractTableModel>
 
 /// The rows of the table of what is not the same in a version, or in another file, and in the present budget: the lines
-/// that the search and the three signs let through, in the order of the chosen column.
+/// that the search and the groups let through, in the order of the chosen column.
 class CVVersionLineModel final : public QAbstractTableModel {
     Q_OBJECT
 
@@ -14,7 +14,7 @@ public:
 
     void setLines(CVVersionLines lines);
     void setSearchText(const QString& text);
-    void setShown(CVVersionSign sign, bool isShown);
+    void setShown(CVVersionLines::Group group, bool isShown);
 
     [[nodiscard]] const CVVersionLines& lines() const { return mLines; }
     /// The line that a row shows.
@@ -35,7 +35,7 @@ private:
     CVVersionLines mLines{nullptr};
     std::vector<std::size_t> mRows;
     QString mSearchText;
-    std::array<bool, kCVVersionSigns> mShown{true, true, true};
+    std::array<bool, CVVersionLines::kGroups> mShown{true, true, true, true};
     int mColumn = -1;
     Qt::SortOrder mOrder = Qt::AscendingOrder;
 };

@@ -8,23 +8,29 @@
 #include "widgets/tables/CVTableView.h"
 
 #include <QCheckBox>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScopedValueRollback>
 #include <QShortcut>
 
 #include <algorithm>
 
 namespace {
 
-/// The usual widths of the columns, in widths of a digit.
-constexpr std::array kLineWidths{17, 11, 20, 20, 20, 20, 13, 5, 5};
-/// What happened in another file takes more words.
-constexpr int kOtherWhatWidth = 23;
-/// The minimum width of any column, in letters.
-constexpr int kShortestLineColumn = 6;
+/// The minimum widths of any column and, as long as there is room, of a column of texts, in letters.
+constexpr int kShortestLineColumn = 4;
+constexpr int kShortestTextColumn = 10;
+/// The rows that are measured beside the visible ones; more would take time.
+constexpr int kMeasuredRows = 300;
 constexpr int kSearchWidthInLetters = 30;
+
+bool isTextColumn(int column) {
+    return column == CVVersionLines::ToFrom || column == CVVersionLines::For || column == CVVersionLines::Category ||
+           column == CVVersionLines::Set;
+}
 
 } // namespace
 
@@ -37,7 +43,7 @@ CVVersionLinePane::CVVersionLinePane(CVComparedWith with, const char* columnsKey
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     auto* const row = new QHBoxLayout;
-    addSigns(*row);
+    addGroups(*row);
     addSearch(*row);
     layout->addLayout(row);
     addTable();
@@ -51,16 +57,17 @@ CVVersionLinePane::CVVersionLinePane(CVComparedWith with, const char* columnsKey
     showCounts();
 }
 
-void CVVersionLinePane::addSigns(QHBoxLayout& row) {
-    constexpr std::array<const char*, kCVVersionSigns> kNames{"mRemovedBox", "mAddedBox", "mChangedBox"};
+void CVVersionLinePane::addGroups(QHBoxLayout& row) {
+    constexpr std::array<const char*, CVVersionLines::kGroups> kNames{"mRemovedBox", "mAddedBox", "mChangedBox",
+                                                                      "mBothSidesBox"};
     row.addWidget(new QLabel(mWith == CVComparedWith::Version ? tr("Since then:") : tr("There:"), this));
-    for (std::size_t i = 0; i < mSigns.size(); ++i) {
-        mSigns[i] = new QCheckBox(this);
-        mSigns[i]->setObjectName(QLatin1String(kNames[i]));
-        mSigns[i]->setChecked(true);
-        row.addWidget(mSigns[i]);
-        connect(mSigns[i], &QCheckBox::toggled, this,
-                [this, i](bool isShown) { mModel->setShown(static_cast<CVVersionSign>(i), isShown); });
+    for (std::size_t i = 0; i < mGroups.size(); ++i) {
+        mGroups[i] = new QCheckBox(this);
+        mGroups[i]->setObjectName(QLatin1String(kNames[i]));
+        mGroups[i]->setChecked(true);
+        row.addWidget(mGroups[i]);
+        connect(mGroups[i], &QCheckBox::toggled, this,
+                [this, i](bool isShown) { mModel->setShown(static_cast<CVVersionLines::Group>(i), isShown); });
     }
     row.addStretch();
 }
@@ -90,15 +97,11 @@ void CVVersionLinePane::addTable() {
     mTable->setSelectionBehavior(QAbstractItemView::SelectRows);
     mTable->setSelectionMode(QAbstractItemView::ExtendedSelection);
     mTable->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    const int digit = mTable->fontMetrics().horizontalAdvance('0');
-    int column = 0;
-    for (const int width : kLineWidths)
-        mTable->setColumnWidth(column++, width * digit);
-    if (mWith == CVComparedWith::Other)
-        mTable->setColumnWidth(CVVersionLines::What, kOtherWhatWidth * digit);
     QHeaderView* const header = mTable->horizontalHeader();
     header->setMinimumSectionSize(kShortestLineColumn * fontMetrics().averageCharWidth());
-    header->setSectionResizeMode(CVVersionLines::For, QHeaderView::Stretch);
+    header->setResizeContentsPrecision(kMeasuredRows);
+    connect(header, &QHeaderView::sectionResized, this, &CVVersionLinePane::keepWidthsOfUser);
+    mTable->viewport()->installEventFilter(this);
     header->setSectionsMovable(true);
     header->setSectionsClickable(true);
     header->setSortIndicatorShown(true);
@@ -119,6 +122,8 @@ void CVVersionLinePane::show(std::shared_ptr<const CVBudgetDifferences> differen
     mChangedTwice = std::move(changedTwice);
     mModel->setLines(CVVersionLines(mDifferences, mWith, mChangedTwice));
     showCounts();
+    measureColumns();
+    fitColumns();
     select(std::move(selected));
 }
 
@@ -154,14 +159,51 @@ void CVVersionLinePane::updateFormats() {
 }
 
 void CVVersionLinePane::showCounts() {
-    const auto count = [this](CVVersionSign sign) {
-        return QBLocaleInForce().toString(static_cast<qulonglong>(mModel->lines().count(sign)));
+    using Group = CVVersionLines::Group;
+    const auto count = [this](Group group) {
+        return QBLocaleInForce().toString(static_cast<qulonglong>(mModel->lines().count(group)));
     };
-    const std::array texts{tr("&Removed (%1)").arg(count(CVVersionSign::Removed)),
-                           tr("&Added (%1)").arg(count(CVVersionSign::Added)),
-                           tr("Chan&ged (%1)").arg(count(CVVersionSign::Changed))};
-    for (std::size_t i = 0; i < mSigns.size(); ++i)
-        mSigns[i]->setText(texts[i]);
+    const std::array texts{tr("&Removed (%1)").arg(count(Group::Removed)), tr("&Added (%1)").arg(count(Group::Added)),
+                           tr("Chan&ged (%1)").arg(count(Group::Changed)),
+                           tr("On &both sides (%1)").arg(count(Group::ChangedOnBothSides))};
+    for (std::size_t i = 0; i < mGroups.size(); ++i)
+        mGroups[i]->setText(texts[i]);
+    mGroups.back()->setVisible(mModel->lines().count(Group::ChangedOnBothSides) > 0);
+}
+
+/// The stretching column marks the widths that the user has given, also in the settings.
+bool CVVersionLinePane::isFitted() const {
+    return mTable->horizontalHeader()->sectionResizeMode(CVVersionLines::For) != QHeaderView::Stretch;
+}
+
+void CVVersionLinePane::measureColumns() {
+    mNeeds.clear();
+    const QAbstractItemView& view = *mTable;
+    for (int column = 0; isFitted() && column < CVVersionLines::ColumnCount; ++column) {
+        const int width = std::max(view.sizeHintForColumn(column), mTable->horizontalHeader()->sectionSizeHint(column));
+        mNeeds.push_back({width, isTextColumn(column)});
+    }
+}
+
+void CVVersionLinePane::fitColumns() {
+    if (mNeeds.empty() || !isFitted())
+        return;
+    const QScopedValueRollback fitting(mIsFitting, true);
+    const std::vector<int> widths =
+        CVSharedWidths(mNeeds, mTable->viewport()->width(), kShortestTextColumn * fontMetrics().averageCharWidth());
+    for (int column = 0; column < CVVersionLines::ColumnCount; ++column)
+        mTable->setColumnWidth(column, widths[static_cast<std::size_t>(column)]);
+}
+
+void CVVersionLinePane::keepWidthsOfUser() {
+    if (!mIsFitting && isFitted())
+        mTable->horizontalHeader()->setSectionResizeMode(CVVersionLines::For, QHeaderView::Stretch);
+}
+
+bool CVVersionLinePane::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize)
+        fitColumns();
+    return QWidget::eventFilter(watched, event);
 }
 
 void CVVersionLinePane::setMessage(const QString& message) {
@@ -189,7 +231,7 @@ std::vector<std::size_t> CVVersionLinePane::takeableLines() const {
 
 bool CVVersionLinePane::hasTakeable() const {
     const CVVersionLines& lines = mModel->lines();
-    return lines.size() > (mWith == CVComparedWith::Other ? 0 : lines.count(CVVersionSign::Added));
+    return lines.size() > (mWith == CVComparedWith::Other ? 0 : lines.count(CVVersionLines::Group::Added));
 }
 
 bool CVVersionLinePane::hasSelection() const {
@@ -220,6 +262,7 @@ bool CVVersionLinePane::clearFocusedSearch() {
 }
 
 void CVVersionLinePane::restoreColumns(const QBUserDefaults& defaults) {
+    const QScopedValueRollback fitting(mIsFitting, true);
     QHeaderView& header = *mTable->horizontalHeader();
     header.restoreState(defaults.dataForKey(mColumnsKey));
     // The restored state may forbid them.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "contents/CVVersionLines.h"
+#include "widgets/tables/CVSharedWidths.h"
 
 #include <QHash>
 #include <QWidget>
@@ -17,7 +18,8 @@ class QHBoxLayout;
 class QLineEdit;
 
 /// What was removed, added and changed since an earlier version, or in another file, as a table that can be searched
-/// and sorted, with a check box for each of the three.
+/// and sorted, with a check box for each group of lines. The columns are as wide as their contents need, as long as the
+/// user gives them no widths.
 class CVVersionLinePane final : public QWidget {
     Q_OBJECT
 
@@ -52,11 +54,16 @@ signals:
     void selectionChanged();
 
 private:
-    void addSigns(QHBoxLayout& row);
+    void addGroups(QHBoxLayout& row);
     void addSearch(QHBoxLayout& row);
     void addTable();
     void showCounts();
     void showMessage();
+    [[nodiscard]] bool isFitted() const;
+    void measureColumns();
+    void fitColumns();
+    void keepWidthsOfUser();
+    bool eventFilter(QObject* watched, QEvent* event) override;
     [[nodiscard]] std::vector<std::size_t> takeableLines() const;
     [[nodiscard]] QString textOfRow(int row) const;
     using Counts = QHash<QString, int>;
@@ -66,10 +73,12 @@ private:
     const char* mColumnsKey;
     CVVersionLineModel* mModel;
     CVTableView* mTable;
-    /// In the order of `CVVersionSign`.
-    std::array<QCheckBox*, kCVVersionSigns> mSigns{};
+    /// In the order of `CVVersionLines::Group`.
+    std::array<QCheckBox*, CVVersionLines::kGroups> mGroups{};
     QLineEdit* mSearch = nullptr;
     std::shared_ptr<const CVBudgetDifferences> mDifferences;
     CVVersionLines::ChangedTwice mChangedTwice;
     QString mMessage;
+    std::vector<CVColumnNeed> mNeeds;
+    bool mIsFitting = false;
 };

@@ -114,7 +114,7 @@ template <typename Difference>
 void CVVersionLines::append(Kind kind, const std::vector<Difference>& differences) {
     for (std::size_t place = 0; place < differences.size(); ++place) {
         mLines.push_back({signOf(CVSignOf(differences[place]), mWith), kind, place});
-        ++mCounts[static_cast<std::size_t>(mLines.back().sign)];
+        ++mCounts[static_cast<std::size_t>(group(mLines.back()))];
     }
 }
 
@@ -138,6 +138,10 @@ CVVersionLines::Cell CVVersionLines::cell(std::size_t line, int column) const {
     const bool isLater = shown.sign != CVVersionSign::Removed;
     const QString only = isClearFlag(shown, column, isLater) ? QString() : isLater ? said.after : said.before;
     return {only, only};
+}
+
+CVVersionLines::Group CVVersionLines::group(const Line& line) const {
+    return ours(line) ? Group::ChangedOnBothSides : static_cast<Group>(line.sign);
 }
 
 QString CVVersionLines::word(const Line& line) const {

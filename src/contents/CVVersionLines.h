@@ -25,6 +25,9 @@ class CVVersionLines final {
 public:
     enum Column { What, Date, Amount, ToFrom, For, Category, Set, Tax, UserFlag, ColumnCount };
     enum class Kind : quint8 { Set, Category, Transaction };
+    /// What the lines can be told apart by; the first three are those of `CVVersionSign`.
+    enum class Group : quint8 { Removed, Added, Changed, ChangedOnBothSides };
+    static constexpr std::size_t kGroups = 4;
     struct Line {
         CVVersionSign sign;
         Kind kind;
@@ -50,7 +53,8 @@ public:
     [[nodiscard]] static QString title(int column);
     [[nodiscard]] std::size_t size() const { return mLines.size(); }
     [[nodiscard]] const Line& at(std::size_t line) const { return mLines[line]; }
-    [[nodiscard]] std::size_t count(CVVersionSign sign) const { return mCounts[static_cast<std::size_t>(sign)]; }
+    [[nodiscard]] std::size_t count(Group group) const { return mCounts[static_cast<std::size_t>(group)]; }
+    [[nodiscard]] Group group(std::size_t line) const { return group(mLines[line]); }
     /// Empty where the line has nothing of that kind, and for a flag that is not set, as in the list. The plan of a
     /// category is its amount.
     [[nodiscard]] Cell cell(std::size_t line, int column) const;
@@ -68,6 +72,7 @@ private:
     /// What the line's record says; `isLater` asks for the later one. Empty for a record that is not there.
     [[nodiscard]] QString text(const Line& line, int column, bool isLater) const;
     [[nodiscard]] QString text(const CVTransaction& transaction, int column) const;
+    [[nodiscard]] Group group(const Line& line) const;
     [[nodiscard]] QString word(const Line& line) const;
     /// Null unless the line was changed on both sides.
     [[nodiscard]] const CVTransaction* ours(const Line& line) const;
@@ -82,7 +87,7 @@ private:
     CVComparedWith mWith;
     ChangedTwice mChangedTwice;
     std::vector<Line> mLines;
-    std::array<std::size_t, kCVVersionSigns> mCounts{};
+    std::array<std::size_t, kGroups> mCounts{};
     CVTransactionText mText;
     QBMoneyFormatter mMoney;
 };

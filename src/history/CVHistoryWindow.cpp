@@ -4,7 +4,6 @@
 #include "base/QBUserDefaults.h"
 #include "comparing/CVVersionLinePane.h"
 #include "differences/CVBudgetDifferences.h"
-#include "format/QBLocale.h"
 #include "history/CVHistoryHost.h"
 #include "history/CVVersionTable.h"
 #include "history/CVVersionText.h"
@@ -21,10 +20,6 @@ namespace {
 
 constexpr int kWindowWidthInDigits = 136;
 constexpr int kWindowHeightInLines = 36;
-
-QString counted(qsizetype count) {
-    return QBLocaleInForce().toString(count);
-}
 
 } // namespace
 

@@ -3,7 +3,6 @@
 #include "base/CVDefaultsKeys.h"
 #include "base/QBUserDefaults.h"
 #include "comparing/CVVersionLinePane.h"
-#include "format/QBLocale.h"
 #include "merging/CVBothSidesText.h"
 #include "merging/CVMergeHost.h"
 #include "model/CVDocument.h"
@@ -24,10 +23,6 @@ namespace {
 
 constexpr int kMergeWidthInDigits = 136;
 constexpr int kMergeHeightInLines = 30;
-
-QString numberOfLines(int count) {
-    return QBLocaleInForce().toString(count);
-}
 
 } // namespace
 
@@ -287,9 +282,9 @@ void CVMergeWindow::updateButtons() {
     const auto all = mIsCurrent ? static_cast<int>(lines().countAll()) : 0;
     setTextOfButton(*mBringIn, count == 0   ? tr("Bring &In Lines")
                                : count == 1 ? tr("Bring &In 1 Line")
-                                            : tr("Bring &In %1 Lines", nullptr, count).arg(numberOfLines(count)));
+                                            : tr("Bring &In %1 Lines", nullptr, count).arg(counted(count)));
     setTextOfButton(*mBringInAll,
-                    all < 2 ? tr("Bring In A&ll") : tr("Bring In A&ll %1 Lines", nullptr, all).arg(numberOfLines(all)));
+                    all < 2 ? tr("Bring In A&ll") : tr("Bring In A&ll %1 Lines", nullptr, all).arg(counted(all)));
     const bool canEdit = !document().isReadOnly();
     mBringIn->setEnabled(count > 0 && canEdit);
     mBringInAll->setEnabled(all > 0 && canEdit);
@@ -302,10 +297,10 @@ void CVMergeWindow::bringIn(const CVBudgetDifferences& chosenLines, int count) {
     if (Offered* const offered = chosen())
         offered->wasTaken = offered->wasTaken || in > 0;
     mIsCurrent = in == 0;
-    const QString number = numberOfLines(in);
+    const QString number = counted(in);
     if (in < count)
         setRemark(tr("%1 of %2 lines brought in; the others do not fit your budget as it is now", nullptr, count)
-                      .arg(number, numberOfLines(count)));
+                      .arg(number, counted(count)));
     else
         setRemark(in == 1 ? tr("1 line brought in") : tr("%1 lines brought in", nullptr, in).arg(number));
     compareSoon();

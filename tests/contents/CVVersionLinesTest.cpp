@@ -78,9 +78,9 @@ TEST_F(CVVersionLinesTest, SayWhatWasRemovedAddedAndChanged) {
                                   "Changed|3/7/14|$12.00>$21.00|Baker|Food|Checking>Giro",
                                   "Removed|3/6/14|$30.00|Market|Food|Checking",
                                   "Added|3/5/14|$1,234.50|Station|Fuel|Giro|Yes"}));
-    EXPECT_EQ(shownLines.count(CVVersionSign::Removed), 3U);
-    EXPECT_EQ(shownLines.count(CVVersionSign::Added), 2U);
-    EXPECT_EQ(shownLines.count(CVVersionSign::Changed), 3U);
+    EXPECT_EQ(shownLines.count(CVVersionLines::Group::Removed), 3U);
+    EXPECT_EQ(shownLines.count(CVVersionLines::Group::Added), 2U);
+    EXPECT_EQ(shownLines.count(CVVersionLines::Group::Changed), 3U);
 }
 
 TEST_F(CVVersionLinesTest, AChangedFlagIsShownAlsoWhereItIsNotSet) {
@@ -154,7 +154,7 @@ TEST_F(CVVersionLinesTest, GiveTheDifferencesBehindTheChosenOnes) {
 TEST_F(CVVersionLinesTest, AreNoneWithoutDifferences) {
     const CVVersionLines none(nullptr);
     EXPECT_EQ(none.size(), 0U);
-    EXPECT_EQ(none.count(CVVersionSign::Removed), 0U);
+    EXPECT_EQ(none.count(CVVersionLines::Group::Removed), 0U);
 }
 
 TEST_F(CVVersionLinesTest, OfAnotherFileSayWhatItWouldDoToTheBudget) {
@@ -174,8 +174,12 @@ TEST_F(CVVersionLinesTest, OfAnotherFileSayWhatItWouldDoToTheBudget) {
                                   "Changed there|3/7/14|$21.00>$12.00|Baker|Food|Giro>Checking",
                                   "Changed on both sides|3/7/14>3/6/14|$21.00>$30.00|Baker>Market|Food|Giro>Checking",
                                   "Removed there|3/5/14|$1,234.50|Station|Fuel|Giro|Yes"}));
-    EXPECT_EQ(shownLines.count(CVVersionSign::Added), 3U);
-    EXPECT_EQ(shownLines.count(CVVersionSign::Removed), 2U);
+    using Group = CVVersionLines::Group;
+    EXPECT_EQ(shownLines.count(Group::Added), 2U) << "what was changed on both sides was not added";
+    EXPECT_EQ(shownLines.count(Group::Removed), 2U);
+    EXPECT_EQ(shownLines.count(Group::Changed), 3U);
+    EXPECT_EQ(shownLines.count(Group::ChangedOnBothSides), 1U);
+    EXPECT_EQ(shownLines.group(6), Group::ChangedOnBothSides);
 }
 
 } // namespace

@@ -12,8 +12,10 @@
 
 #include <QAbstractItemModelTester>
 #include <QAccessible>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -182,9 +184,42 @@ TEST_F(CVMergeWindowTest, ALineThatBothChangedIsMarkedAndNamedAndStaysTwice) {
     EXPECT_TRUE(lines().contains("Changed on both sides Market $12.00 → $11.00")) << lines().join("\n").toStdString();
     EXPECT_EQ(text("mBothSides"), "Changed on both sides, so bringing in leaves both lines: 3/1/14 Market (here "
                                   "“$12.00”, there “$11.00”).");
+    auto& box = find<QCheckBox>("mBothSidesBox");
+    EXPECT_EQ(box.text(), "On &both sides (1)");
+    EXPECT_TRUE(box.isVisible());
+    EXPECT_EQ(find<QCheckBox>("mAddedBox").text(), "&Added (1)");
+    box.click();
+    EXPECT_EQ(table().model()->rowCount(), 2);
+    box.click();
     click("mBringInAllButton");
     EXPECT_TRUE(payees().contains("Market 11") && payees().contains("Market 12"));
     EXPECT_TRUE(waitForLines(0));
+    EXPECT_FALSE(box.isVisible()) << "there is no such line any more";
+}
+
+TEST_F(CVMergeWindowTest, TheColumnsShowTheirContentsWhereThereIsRoomAndFitTheWindowWhereThereIsNot) {
+    mTheirs.transactionAt(0)->setPayTo("The Covered Market of the Old Town");
+    mTheirs.transactionAt(0)->setFor("Vegetables, bread and cheese for the week");
+    mTheirs.transactionAt(1)->setFor("A present");
+    offer({write("Other.corvella"), common()});
+    ASSERT_TRUE(waitForLines(3));
+    const QAbstractItemView& view = table();
+    const auto totalWidth = [this] { return table().horizontalHeader()->length(); };
+    mWindow->resize(1600, 600);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(totalWidth(), table().viewport()->width());
+    for (int column = 0; column < table().model()->columnCount(); ++column)
+        EXPECT_GE(table().columnWidth(column), view.sizeHintForColumn(column)) << column;
+    mWindow->resize(800, 600);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(totalWidth(), table().viewport()->width()) << "there is nothing to scroll";
+    for (const int column : {MergeColumn::What, MergeColumn::Date, MergeColumn::Amount})
+        EXPECT_GE(table().columnWidth(column), view.sizeHintForColumn(column)) << column;
+    // Widths that the user gives stay.
+    table().setColumnWidth(MergeColumn::ToFrom, 222);
+    mWindow->resize(900, 600);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(table().columnWidth(MergeColumn::ToFrom), 222);
 }
 
 TEST_F(CVMergeWindowTest, ACopyOfASynchronizerRemovesNothingBecauseTheCommonStateIsUnknown) {
