@@ -1,7 +1,7 @@
 #pragma once
 
+#include "lock/CVBudgetLock.h"
 #include "preferences/CVPreferenceHost.h"
-#include "storage/CVBudgetLock.h"
 #include "widgets/CVAlerts.h"
 
 #include <QTime>

@@ -1,8 +1,8 @@
 #include "app/CVLockOperations.h"
 
 #include "app/CVAppDelegate.h"
+#include "lock/CVLockKeeper.h"
 #include "storage/CVDocumentFile.h"
-#include "storage/CVLockKeeper.h"
 #include "widgets/CVLeadToWaitingWindow.h"
 #include "workspace/CVMainWindowController.h"
 #include "workspace/controls/CVSaveStatus.h"

@@ -1,7 +1,7 @@
 #include "ShellFixture.h"
 #include "history/CVHistoryWindow.h"
+#include "lock/CVBudgetLock.h"
 #include "model/CVTransactionSet.h"
-#include "storage/CVBudgetLock.h"
 #include "versions/CVVersionFolder.h"
 #include "widgets/tables/CVTableView.h"
 #include "workspace/controls/CVSaveStatus.h"

@@ -3,10 +3,10 @@
 #include "kit/BudgetBuilder.h"
 #include "kit/ScriptedAlerts.h"
 #include "kit/ScriptedPanels.h"
+#include "lock/CVBudgetLock.h"
 #include "model/CVCategory.h"
 #include "model/CVDocument.h"
 #include "model/CVTransaction.h"
-#include "storage/CVBudgetLock.h"
 #include "storage/CVDocumentXML.h"
 
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "storage/CVLockKeeper.h"
+#include "lock/CVLockKeeper.h"
 
 #include "storage/ScratchFiles.h"
 

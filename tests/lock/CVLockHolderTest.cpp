@@ -1,4 +1,4 @@
-#include "storage/CVLockHolder.h"
+#include "lock/CVLockHolder.h"
 
 #include "kit/Printers.h"
 

@@ -1,4 +1,4 @@
-#include "storage/CVBudgetLock.h"
+#include "lock/CVBudgetLock.h"
 
 #include "files/CVFileSink.h"
 #include "files/CVReplaceFile.h"

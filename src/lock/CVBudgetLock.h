@@ -1,6 +1,6 @@
 #pragma once
 
-#include "storage/CVLockHolder.h"
+#include "lock/CVLockHolder.h"
 
 #include <QDateTime>
 

@@ -1,4 +1,4 @@
-#include "storage/CVBudgetLock.h"
+#include "lock/CVBudgetLock.h"
 
 #include "kit/Printers.h"
 #include "storage/ScratchFiles.h"

@@ -1,5 +1,5 @@
-#include "storage/CVBudgetLock.h"
-#include "storage/CVLockKeeper.h"
+#include "lock/CVBudgetLock.h"
+#include "lock/CVLockKeeper.h"
 #include "storage/FaultyCalls.h"
 #include "storage/ScratchFiles.h"
 

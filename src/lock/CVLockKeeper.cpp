@@ -1,4 +1,4 @@
-#include "storage/CVLockKeeper.h"
+#include "lock/CVLockKeeper.h"
 
 #include <condition_variable>
 #include <deque>

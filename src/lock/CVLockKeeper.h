@@ -1,6 +1,6 @@
 #pragma once
 
-#include "storage/CVBudgetLock.h"
+#include "lock/CVBudgetLock.h"
 
 #include <QObject>
 
