@@ -7,6 +7,7 @@
 #include "files/CVWriteOutputFile.h"
 #include "model/CVDetachedDocument.h"
 #include "model/CVDocument.h"
+#include "storage/CVDocumentReader.h"
 #include "storage/CVDocumentXML.h"
 #include "storage/CVWriteDocumentText.h"
 #include "versions/CVListedVersion.h"
@@ -86,9 +87,9 @@ bool CVHistoryOperations::returnTo(const QString& path, QWidget& asker) {
 std::unique_ptr<CVDocument> CVHistoryOperations::read(const QString& path, QWidget& asker) {
     // Reading announces categories and, where it fails, sets defaults, neither of which concerns the present budget.
     CVDetachedDocument version;
-    mFile.setReadingProgress(CVReadingPanel(CVReadingPanel::Reading::EarlierVersion, &asker));
-    const CVLoadReport report = mFile.readFromURL(*version, path);
-    mFile.setReadingProgress({});
+    CVDocumentReader reader;
+    reader.setProgress(CVReadingPanel(CVReadingPanel::Reading::EarlierVersion, &asker));
+    const CVLoadReport report = reader.readFromURL(*version, path);
     if (report.outcome == CVLoadReport::Outcome::Loaded) {
         const CVDocument& present = mApp.document();
         auto document = std::make_unique<CVDocument>(present.notificationCenter(), present.userDefaults());

@@ -4,16 +4,13 @@
 #include "model/CVDetachedDocument.h"
 #include "storage/CVDocumentReader.h"
 #include "storage/CVWriteDocumentText.h"
-#include "versions/CVDueVersion.h"
 #include "versions/CVKeptCopy.h"
-#include "versions/CVVersionFolder.h"
 
 #include <QDir>
 #include <QFileInfo>
 
 namespace {
 
-constexpr qint64 kNanosecondsPerMillisecond = 1'000'000;
 /// After a reading, the user looks at the budget first; then the bytes are read again.
 constexpr std::chrono::seconds kIdle(1);
 /// The time after which a file that did not change and could not be read is read again.
@@ -135,21 +132,34 @@ CVSaveOutcome CVSavedFile::save(const CVDocumentText& text, const CVVersionKeepi
 /// Answers why the budget was not saved; empty when it was.
 QString CVSavedFile::write(const CVDocumentText& text, const CVVersionKeeping& keeping, const CVPathStatus& present,
                            bool isKnown, CVSaveOutcome& outcome) {
-    CVKeptCopy kept{{}, {present.error}, false};
     const bool isUnderstood = isKnown && mKnownAs == CVReadAs::Whole;
-    if (present.signature && !isUnderstood) {
+    CVKeptCopy kept{{}, {present.error}, false};
+    std::optional<CVVersionReason> due;
+    if (present.signature && isUnderstood) {
+        due = mVersions.due(mStillAsked, *present.signature, keeping.limit);
+    } else if (present.signature) {
+        // A file that is kept as another program's is no version of this program's.
         outcome.keptReason = reasonToKeep(*present.signature, isKnown);
         kept = keepUnreadFile(*present.signature, outcome.keptReason);
     }
-    // A file that was kept as another program's is no version of this program's.
-    const auto due = present.signature && isUnderstood ? dueVersion(*present.signature, keeping.limit) : std::nullopt;
-    CVReplaceResult replacing{kept.result};
-    if (kept.result.ok()) {
-        replacing = CVWriteDocumentText(mPath, text, kept.moved ? std::nullopt : present.signature,
-                                        due ? CVFormerFile::Kept : CVFormerFile::Dropped);
-    }
     const auto former = mCommon;
     const auto asked = mStillAsked;
+    const CVReplaceResult replacing =
+        replace(text, kept, present.signature, due ? CVFormerFile::Kept : CVFormerFile::Dropped);
+    outcome.keptCopy = kept.path;
+    noteResult(replacing, outcome);
+    keepFormer(replacing, due, keeping.limit, outcome);
+    if (!outcome.keptCopy.isEmpty())
+        keepCommonState(former, asked.value_or(CVVersionReason::TakingOver), keeping.limit, outcome);
+    return replacing.error;
+}
+
+/// Writes the file after what stood there was kept, and puts back what was moved away for it when that fails.
+CVReplaceResult CVSavedFile::replace(const CVDocumentText& text, CVKeptCopy& kept,
+                                     const std::optional<CVFileSignature>& present, CVFormerFile former) {
+    CVReplaceResult replacing{kept.result};
+    if (kept.result.ok())
+        replacing = CVWriteDocumentText(mPath, text, kept.moved ? std::nullopt : present, former);
     if (replacing.written) {
         mCommon.emplace(text);
         know(*replacing.written);
@@ -157,75 +167,44 @@ QString CVSavedFile::write(const CVDocumentText& text, const CVVersionKeeping& k
     } else if (kept.moved && kept.putBack(mPath)) {
         kept = {};
     }
-    outcome.keptCopy = kept.path;
+    return replacing;
+}
+
+void CVSavedFile::noteResult(const CVReplaceResult& replacing, CVSaveOutcome& outcome) const {
     outcome.diskIsFull = replacing.diskIsFull();
     outcome.isOpenToOthers = replacing.isOpenToOthers;
     if (replacing.written && !replacing.lostAccess.isEmpty()) {
         outcome.accessTrouble =
             tr("“%1” was saved, but %2.").arg(QFileInfo(mPath).fileName(), replacing.lostAccess.join(tr(" and ")));
     }
-    // Until what stood there gets a name of its own, it bears that of a temporary file, which the next start
-    // recognises.
-    if (!replacing.isExpected && !replacing.former.isEmpty()) {
+}
+
+/// Gives what stood there a name of its own. Until then it bears that of a temporary file, which the next start
+/// recognises.
+void CVSavedFile::keepFormer(const CVReplaceResult& replacing, std::optional<CVVersionReason> due, qint64 limit,
+                             CVSaveOutcome& outcome) {
+    if (replacing.former.isEmpty())
+        return;
+    if (!replacing.isExpected) {
         outcome.keptReason = CVKeptReason::ChangedOutside;
         outcome.keptCopy =
             CVKeptCopy::keepFormer(replacing.former, mPath, outcome.keptReason, QDateTime::currentDateTime()).path;
-    } else if (due && !replacing.former.isEmpty()) {
-        keepVersion(replacing.former, *due, keeping.limit, outcome);
+    } else if (due) {
+        outcome.versionTrouble = mVersions.keepFile(replacing.former, *due, limit);
     }
-    if (!outcome.keptCopy.isEmpty() && outcome.keptReason == CVKeptReason::ChangedOutside)
+}
+
+/// Hands on what another program's file, which was kept, and the budget last had in common: it is in no file by now.
+void CVSavedFile::keepCommonState(const std::optional<CVCommonState>& common, CVVersionReason reason, qint64 limit,
+                                  CVSaveOutcome& outcome) {
+    const bool isChanged = outcome.keptReason == CVKeptReason::ChangedOutside;
+    if (isChanged)
         outcome.keptIsBudget = holdsBudget(outcome.keptCopy);
-    const bool isAnothers =
-        outcome.keptReason == CVKeptReason::ChangedOutside || outcome.keptReason == CVKeptReason::Unreadable;
-    if (!outcome.keptCopy.isEmpty() && isAnothers && former) {
-        // What both had in common is in no file by now.
-        outcome.common = former->text();
-        if (keeping.limit > 0)
-            keepText(*outcome.common, asked.value_or(CVVersionReason::TakingOver), keeping.limit, outcome);
-    }
-    return replacing.error;
-}
-
-std::optional<CVVersionReason> CVSavedFile::dueVersion(const CVFileSignature& present, qint64 limit) const {
-    if (limit <= 0)
-        return std::nullopt;
-    const QDateTime now = QDateTime::currentDateTime();
-    std::optional<CVVersionName> newest = mNotKept;
-    for (const CVVersion& version : CVVersionFolder(mPath).versions()) {
-        // A clock that was set back makes a version one of the future, which must not suspend the keeping.
-        if (version.name.kept <= now && (!newest || newest->kept < version.name.kept))
-            newest = version.name;
-    }
-    return CVDueVersion(mStillAsked, QDateTime::fromMSecsSinceEpoch(present.modified / kNanosecondsPerMillisecond),
-                        newest, now);
-}
-
-void CVSavedFile::keepVersion(const QString& former, CVVersionReason reason, qint64 limit, CVSaveOutcome& outcome) {
-    const QDateTime now = QDateTime::currentDateTime();
-    finishKeeping(CVVersionFolder(mPath).keep(former, reason, now), {now, 1, reason}, limit, outcome);
-}
-
-void CVSavedFile::keepText(const CVDocumentText& text, CVVersionReason reason, qint64 limit, CVSaveOutcome& outcome) {
-    const QDateTime now = QDateTime::currentDateTime();
-    finishKeeping(CVVersionFolder(mPath).keepContent(CVContentOfDocumentText(text), reason, now), {now, 1, reason},
-                  limit, outcome);
-}
-
-void CVSavedFile::finishKeeping(const CVFileResult& kept, const CVVersionName& version, qint64 limit,
-                                CVSaveOutcome& outcome) {
-    const CVVersionFolder folder(mPath);
-    mNotKept.reset();
-    if (!kept.ok()) {
-        mNotKept = version;
-        outcome.versionTrouble = tr("An earlier version could not be kept in “%1”: %2.")
-                                     .arg(QDir::toNativeSeparators(folder.path()), kept.error);
+    if (!common || !(isChanged || outcome.keptReason == CVKeptReason::Unreadable))
         return;
-    }
-    const CVFileResult thinned = limit > 0 ? folder.thin(version.kept, limit) : CVFileResult();
-    if (!thinned.ok()) {
-        outcome.versionTrouble = tr("Superfluous earlier versions could not be removed from “%1”: %2.")
-                                     .arg(QDir::toNativeSeparators(folder.path()), thinned.error);
-    }
+    outcome.common = common->text();
+    if (limit > 0)
+        outcome.versionTrouble = mVersions.keepText(*outcome.common, reason, limit);
 }
 
 CVKeptReason CVSavedFile::reasonToKeep(const CVFileSignature& present, bool isKnown) const {
@@ -291,9 +270,7 @@ std::optional<CVOutsideChange> CVSavedFile::tell(CVOutsideChange change) {
 }
 
 CVSaveOutcome CVSavedFile::keepState(const CVDocumentText& text, qint64 versionLimit) {
-    CVSaveOutcome outcome{.path = mPath};
-    keepText(text, CVVersionReason::TakingOver, versionLimit, outcome);
-    return outcome;
+    return {.path = mPath, .versionTrouble = mVersions.keepText(text, CVVersionReason::TakingOver, versionLimit)};
 }
 
 void CVSavedFile::accept(const CVFileSignature& signature, CVReadAs readAs) {

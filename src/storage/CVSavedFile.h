@@ -1,10 +1,11 @@
 #pragma once
 
 #include "files/CVFileSignature.h"
+#include "files/CVReplaceFile.h"
 #include "storage/CVCommonState.h"
 #include "storage/CVOutsideChange.h"
 #include "storage/CVSaveOutcome.h"
-#include "versions/CVVersionName.h"
+#include "storage/CVVersionKeeper.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -20,7 +21,7 @@ class CVSavedFile final {
     Q_DECLARE_TR_FUNCTIONS(CVSavedFile)
 
 public:
-    explicit CVSavedFile(QString path) : mPath(std::move(path)) {}
+    explicit CVSavedFile(const QString& path) : mPath(path), mVersions(path) {}
 
     /// Allows the file to be written over, because it was read when it had that signature. One that was read only in
     /// part is kept first.
@@ -56,14 +57,17 @@ private:
     /// Why a file that this program neither read nor wrote is to be kept before it is replaced.
     [[nodiscard]] CVKeptReason reasonToKeep(const CVFileSignature& present, bool isKnown) const;
     [[nodiscard]] CVKeptCopy keepUnreadFile(const CVFileSignature& signature, CVKeptReason reason);
-    /// Why the file that this program read or wrote is to be kept as a version before it is replaced.
-    [[nodiscard]] std::optional<CVVersionReason> dueVersion(const CVFileSignature& present, qint64 limit) const;
-    void keepVersion(const QString& former, CVVersionReason reason, qint64 limit, CVSaveOutcome& outcome);
-    void keepText(const CVDocumentText& text, CVVersionReason reason, qint64 limit, CVSaveOutcome& outcome);
-    void finishKeeping(const CVFileResult& kept, const CVVersionName& version, qint64 limit, CVSaveOutcome& outcome);
+    [[nodiscard]] CVReplaceResult replace(const CVDocumentText& text, CVKeptCopy& kept,
+                                          const std::optional<CVFileSignature>& present, CVFormerFile former);
+    void noteResult(const CVReplaceResult& replacing, CVSaveOutcome& outcome) const;
+    void keepFormer(const CVReplaceResult& replacing, std::optional<CVVersionReason> due, qint64 limit,
+                    CVSaveOutcome& outcome);
+    void keepCommonState(const std::optional<CVCommonState>& common, CVVersionReason reason, qint64 limit,
+                         CVSaveOutcome& outcome);
     [[nodiscard]] std::optional<CVOutsideChange> tell(CVOutsideChange change);
 
     QString mPath;
+    CVVersionKeeper mVersions;
     /// The file as this program last read, wrote or kept it; absent before that.
     std::optional<CVFileSignature> mKnown;
     CVReadAs mKnownAs = CVReadAs::Whole;
@@ -81,9 +85,6 @@ private:
     quint64 mFolderDevice = 0;
     /// What the last save asked for, if it failed; the next save asks for it.
     std::optional<CVVersionReason> mStillAsked;
-    /// The last version that could not be kept: it counts as kept, so that not every save leaves a file with a
-    /// temporary name.
-    std::optional<CVVersionName> mNotKept;
     bool mIsWatched = false;
     /// What was told last; absent while the file is as known.
     std::optional<CVOutsideChange::Kind> mTold;
