@@ -166,6 +166,7 @@ const Reasons& whyWorkFails() {
         {"setxattr", {EPERM, ENOTSUP, ENOSPC, EIO}},
         {"removexattr", {EPERM, ENOTSUP, EIO}},
         {"mkdir", {EACCES, ENOSPC, EIO, EROFS}},
+        {"rmdir", {EACCES, EIO, EROFS}},
     };
     return table;
 }

@@ -174,6 +174,12 @@ int unlink(const char* path) noexcept {
     return error ? fail(error) : real(path);
 }
 
+int rmdir(const char* path) noexcept {
+    CORVELLA_REAL(rmdir);
+    const int error = errorFor("rmdir", path);
+    return error ? fail(error) : real(path);
+}
+
 int chmod(const char* path, mode_t mode) noexcept {
     CORVELLA_REAL(chmod);
     const int error = errorFor("chmod", path);
@@ -234,10 +240,22 @@ int stat64(const char* path, struct stat64* status) noexcept {
     return error ? fail(error) : real(path, status);
 }
 
+int lstat(const char* path, struct stat* status) noexcept {
+    CORVELLA_REAL(lstat);
+    const int error = errorFor("lstat", path);
+    return error ? fail(error) : real(path, status);
+}
+
 int lstat64(const char* path, struct stat64* status) noexcept {
     CORVELLA_REAL(lstat64);
     const int error = errorFor("lstat", path);
     return error ? fail(error) : real(path, status);
+}
+
+int fstat(int descriptor, struct stat* status) noexcept {
+    CORVELLA_REAL(fstat);
+    const int error = errorFor("fstat", descriptor);
+    return error ? fail(error) : real(descriptor, status);
 }
 
 int fstat64(int descriptor, struct stat64* status) noexcept {

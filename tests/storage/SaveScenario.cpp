@@ -70,6 +70,8 @@ const FaultyCalls::Record& SaveScenario::save(std::vector<FaultyCalls::Fault> fa
     mOutcome = mFile.saves().waitForFinished();
     mRecord = FaultyCalls::disarm();
     mHadVersionTrouble = mHadVersionTrouble || !mOutcome.versionTrouble.isEmpty();
+    if (!mOutcome.keptCopy.isEmpty())
+        mToldCopies.append(mOutcome.keptCopy);
     return mRecord;
 }
 
@@ -179,7 +181,7 @@ QString SaveScenario::brokenKeeping() const {
 }
 
 /// Once the new file is in place, the former one is a version; where something failed, it has another name, and the
-/// user is told.
+/// user is told. What cannot be examined counts as another program's and is told as such.
 QString SaveScenario::brokenVersion() const {
     if ((mBefore != Before::Good && mBefore != Before::Linked) || bytesOnDisk() == mOld)
         return {};
@@ -190,7 +192,7 @@ QString SaveScenario::brokenVersion() const {
         if (bytes != mOld && bytes != mNew)
             return QStringLiteral("a version is not whole");
     }
-    if (!isVersion && mOutcome.versionTrouble.isEmpty())
+    if (!isVersion && mOutcome.versionTrouble.isEmpty() && readFile(mOutcome.keptCopy) != mOld)
         return QStringLiteral("the former file is no version, and nothing was told");
     bool isThere = isVersion;
     for (const QString& name : namesIn(mFolder))
@@ -217,8 +219,9 @@ QString SaveScenario::brokenLeftovers() const {
     for (const QString& name : namesIn(mFolder)) {
         const bool isKnown =
             mFolder + u'/' + name == mPath || name.contains(kKeptName) || name == QLatin1String("Earlier Versions");
-        // A former file that could not become a version stays until the next start.
-        const bool isFormer = mHadVersionTrouble && readFile(mFolder + u'/' + name) == mOld;
+        // A former file that could not become a version or get a name of its own stays until the next start.
+        const bool isTold = mHadVersionTrouble || mToldCopies.contains(mFolder + u'/' + name);
+        const bool isFormer = isTold && readFile(mFolder + u'/' + name) == mOld;
         if (!isKnown && !isFormer)
             return QStringLiteral("a temporary file was left behind");
     }

@@ -73,5 +73,7 @@ private:
     CVDocumentFile mFile;
     CVSaveOutcome mOutcome;
     bool mHadVersionTrouble = false;
+    /// Where the outcomes said that another program's file is kept.
+    QStringList mToldCopies;
     FaultyCalls::Record mRecord;
 };

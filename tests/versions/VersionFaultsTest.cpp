@@ -183,6 +183,12 @@ const OperationRow kOperations[]{
          return {surroundings.versions.keepCopy(surroundings.path, CVVersionReason::Move, kTime).error};
      },
      kAll, 8},
+    {"keepingAText",
+     [](const Surroundings& surroundings) -> CVFileResult {
+         const auto write = [](QIODevice& device) { return device.write(content("text")) > 0; };
+         return {surroundings.versions.keepContent(write, CVVersionReason::TakingOver, kTime).error};
+     },
+     kAll, 8},
     {"thinning",
      [](const Surroundings& surroundings) { return surroundings.versions.thin(kTime, 2 * kSize + kSize / 2); },
      {"present", "other present", "b", "c", "former", "other version"},
