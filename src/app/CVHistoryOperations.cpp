@@ -3,6 +3,7 @@
 #include "app/CVAppDelegate.h"
 #include "app/CVReadingPanel.h"
 #include "differences/CVBringBack.h"
+#include "files/CVFileSignature.h"
 #include "files/CVMoveFile.h"
 #include "files/CVWriteOutputFile.h"
 #include "model/CVDetachedDocument.h"
@@ -108,7 +109,10 @@ std::unique_ptr<CVDocument> CVHistoryOperations::read(const QString& path, QWidg
 
 bool CVHistoryOperations::keepPresentState(QWidget& asker) {
     const QString dataFile = mFile.placeForSaving();
-    if (CVVersionLimit(mApp.document().userDefaults()) > 0 || !QFileInfo::exists(dataFile))
+    // A file that cannot be examined may be there.
+    const CVPathStatus present = CVPathStatus::of(dataFile);
+    const bool isNothingThere = !present.signature && present.error.isEmpty();
+    if (CVVersionLimit(mApp.document().userDefaults()) > 0 || isNothingThere)
         return true;
     const auto keeping =
         CVVersionFolder(dataFile).keepCopy(dataFile, CVVersionReason::Return, QDateTime::currentDateTime());
