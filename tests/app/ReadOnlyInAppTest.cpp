@@ -1,90 +1,13 @@
-#include "ShellFixture.h"
+#include "ReadOnlyFixture.h"
 #include "history/CVHistoryWindow.h"
-#include "lock/CVBudgetLock.h"
-#include "model/CVTransactionSet.h"
 #include "versions/CVVersionFolder.h"
-#include "widgets/tables/CVTableView.h"
-#include "workspace/controls/CVSaveStatus.h"
 
 #include <QComboBox>
-#include <QDir>
-#include <QFile>
-#include <QLabel>
-#include <QPushButton>
 #include <QSysInfo>
-
-#include <unistd.h>
 
 namespace {
 
-/// A budget that another program has open.
-class ReadOnlyInApp : public ShellFixture {
-protected:
-    /// Makes a budget of three transactions in two sets, and quits.
-    void makeBudget() {
-        start();
-        for (const char* const name : {"Checking", "Savings"}) {
-            const auto set = std::make_shared<CVTransactionSet>();
-            set->setDocument(&document());
-            set->setTransactionSetName(name);
-            set->setUniqueID(document().getUniqueTransactionSetID());
-            document().transactionSets().push_back(set);
-        }
-        document().setCurrentTransactionSet(document().transactionSets().front()->uniqueID());
-        for (const char* const payee : {"Market", "Baker", "Butcher"})
-            record(12, payee, "Food");
-        quit();
-    }
-
-    [[nodiscard]] QString dataFile() const {
-        return mHome.folders().applicationSupport + "/Quenby Labs/Corvella/Corvella Data.corvella";
-    }
-    [[nodiscard]] QString lockPath() const { return CVBudgetLock(dataFile()).path(); }
-
-    static QByteArray bytesOf(const QString& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-    static void write(const QString& path, const QByteArray& bytes) {
-        QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-    }
-
-    /// Anna opens the budget in that place on another computer.
-    static void annaOpens(const QString& place) {
-        write(CVBudgetLock(place).path(),
-              CVLockHolder{"desk", "anna", "another machine", "another start", 7, 7, "pid:[7]", "annas"}.render());
-    }
-    void annaQuits() const { ASSERT_TRUE(QFile::remove(lockPath())); }
-
-    void startReadOnly() {
-        makeBudget();
-        annaOpens(dataFile());
-        start();
-        ASSERT_TRUE(mDelegate->isReadOnly());
-    }
-
-    [[nodiscard]] bool isOwnLock(const QString& place) const {
-        const auto holder = CVLockHolder::parse(bytesOf(CVBudgetLock(place).path()));
-        return holder && holder->process == ::getpid();
-    }
-    [[nodiscard]] QString why() const { return window().findChild<QLabel*>("mReadOnlyText")->text(); }
-    [[nodiscard]] QPushButton& tryAgainButton() const { return *window().findChild<QPushButton*>("mEditAgainButton"); }
-    [[nodiscard]] CVTableView& list() const { return *window().findChild<CVTableView*>("mTransactionTable"); }
-    [[nodiscard]] QString remark() const { return window().findChild<QLabel*>("mRemark")->text(); }
-    [[nodiscard]] QStringList names() const {
-        return QDir(QFileInfo(dataFile()).path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
-    }
-    [[nodiscard]] QStringList enabledCommands() const {
-        QStringList enabled;
-        for (const QAction* const action : window().findChildren<QAction*>()) {
-            if (action->isEnabled() && !action->text().isEmpty())
-                enabled.append(action->text().remove('&'));
-        }
-        return enabled;
-    }
-};
+class ReadOnlyInApp : public ReadOnlyFixture {};
 
 TEST_F(ReadOnlyInApp, WhoeverOpensASecondTimeIsToldWhoHasItAndSeesItReadOnly) {
     startReadOnly();
@@ -242,56 +165,6 @@ TEST_F(ReadOnlyInApp, AlertsAboutTheFileSpeakOfNoSave) {
     }
 }
 
-TEST_F(ReadOnlyInApp, QuitOpensNothing) {
-    makeBudget();
-    annaOpens(dataFile());
-    mAlerts.answer({CVAlert::kAlternate});
-    mDelegate = std::make_unique<CVAppDelegate>(mHome.settingsStore(), mHome.folders(), mAlerts, mPanels);
-    EXPECT_FALSE(mDelegate->applicationDidFinishLaunching());
-    EXPECT_EQ(mDelegate->mainWindow(), nullptr);
-}
-
-TEST_F(ReadOnlyInApp, TryAgainOpensWhatIsFreeByNow) {
-    makeBudget();
-    annaOpens(dataFile());
-    mAlerts.answer({CVAlert::kOther, CVAlert::kOther});
-    mAlerts.meanwhile([this] {
-        if (mAlerts.shown().size() == 2)
-            annaQuits();
-    });
-    start();
-    EXPECT_EQ(mAlerts.shown().size(), 2);
-    EXPECT_TRUE(mAlerts.shown()[1].message.startsWith("Corvella tried again at "));
-    EXPECT_FALSE(mDelegate->isReadOnly());
-    EXPECT_TRUE(isOwnLock(dataFile()));
-    quit();
-    EXPECT_FALSE(QFile::exists(lockPath()));
-}
-
-TEST_F(ReadOnlyInApp, ALockThatCannotBeJudgedIsOverriddenAfterAQuestion) {
-    makeBudget();
-    write(lockPath(), "rubbish");
-    mAlerts.answer({CVAlert::kFurther, CVAlert::kAlternate, CVAlert::kFurther, CVAlert::kDefault});
-    start();
-    EXPECT_EQ(titles(),
-              (QStringList{"The budget may be open elsewhere", "Are you sure that the budget is open nowhere else?",
-                           "The budget may be open elsewhere", "Are you sure that the budget is open nowhere else?"}));
-    EXPECT_FALSE(mDelegate->isReadOnly());
-    EXPECT_TRUE(isOwnLock(dataFile()));
-    quit();
-}
-
-TEST_F(ReadOnlyInApp, OneThatADeadProgramHasLeftIsNothing) {
-    makeBudget();
-    CVLockHolder dead = CVLockHolder::ofThisProcess();
-    dead.started += 1;
-    write(lockPath(), dead.render());
-    start();
-    EXPECT_EQ(titles(), QStringList());
-    EXPECT_TRUE(isOwnLock(dataFile()));
-    quit();
-}
-
 TEST_F(ReadOnlyInApp, TryAgainInTheWindowReadsTheBudgetAgainAndLetsItBeChanged) {
     startReadOnly();
     QTest::mouseClick(&tryAgainButton(), Qt::LeftButton);
@@ -328,119 +201,6 @@ TEST_F(ReadOnlyInApp, WhatCannotBeReadAgainStaysReadOnlyAsItIs) {
     EXPECT_TRUE(mDelegate->isReadOnly());
     EXPECT_EQ(list().model()->rowCount(), 3);
     EXPECT_FALSE(QFile::exists(lockPath())) << "who only looks at it has no lock";
-    quit();
-}
-
-TEST_F(ReadOnlyInApp, ABudgetThatIsRecordedForTheFirstTimeGetsItsLockThen) {
-    start();
-    EXPECT_FALSE(QFile::exists(lockPath()));
-    record(5, "Hall", "Food");
-    EXPECT_TRUE(mDelegate->saves().waitForFinished().saved);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return isOwnLock(dataFile()); }, kPatience));
-    EXPECT_TRUE(mAlerts.shown().isEmpty());
-    quit();
-    EXPECT_FALSE(QFile::exists(lockPath()));
-}
-
-TEST_F(ReadOnlyInApp, WhoeverTakesTheLockAwayIsNamedAtTheNextSaveAndTheBudgetCanStillBeChanged) {
-    makeBudget();
-    start();
-    annaOpens(dataFile());
-    record(5, "Hall", "Food");
-    EXPECT_TRUE(
-        QTest::qWaitFor([this] { return remark() == "anna has opened this budget on “desk” too."; }, kPatience));
-    EXPECT_FALSE(mDelegate->isReadOnly());
-    quit();
-    EXPECT_TRUE(bytesOf(dataFile()).contains("Hall"));
-    EXPECT_TRUE(QFile::exists(lockPath())) << "the other's";
-}
-
-TEST_F(ReadOnlyInApp, TheLockMovesWithTheDataFile) {
-    makeBudget();
-    start();
-    QDir().mkpath(mHome.path("new place"));
-    const QString moved = mHome.path("new place") + "/Corvella Data.corvella";
-    mDelegate->showPreferences();
-    mPanels.answer(mHome.path("new place"));
-    preference<QAbstractButton>("Change Location")->click();
-    EXPECT_TRUE(isOwnLock(moved));
-    EXPECT_FALSE(QFile::exists(lockPath()));
-    quit();
-    EXPECT_FALSE(QFile::exists(CVBudgetLock(moved).path()));
-}
-
-TEST_F(ReadOnlyInApp, AFileThatAnotherProgramHasOpenIsNotReplacedByMoving) {
-    makeBudget();
-    start();
-    const QString theirs = mHome.path("theirs") + "/Corvella Data.corvella";
-    write(theirs, "anna's");
-    annaOpens(theirs);
-    mDelegate->showPreferences();
-    mPanels.answer(mHome.path("theirs"));
-    // Replace Chosen File; then Try Again and Cancel.
-    mAlerts.answer({CVAlert::kOther, CVAlert::kDefault, CVAlert::kAlternate});
-    preference<QAbstractButton>("Change Location")->click();
-    EXPECT_EQ(titles(), (QStringList{"Corvella file already exists", "The budget is open elsewhere",
-                                     "The budget is open elsewhere"}));
-    EXPECT_EQ(bytesOf(theirs), "anna's");
-    EXPECT_EQ(*defaults().stringForKey(CVDefaultsKeys::kDataFileLocation), dataFile());
-    EXPECT_TRUE(isOwnLock(dataFile()));
-    EXPECT_FALSE(mDelegate->isReadOnly());
-    quit();
-}
-
-TEST_F(ReadOnlyInApp, UseChosenFileOpensReadOnlyWhatAnotherProgramHasOpen) {
-    makeBudget();
-    const QString theirs = mHome.path("theirs") + "/Corvella Data.corvella";
-    write(theirs, bytesOf(dataFile()).replace("Baker", "Bakery"));
-    start();
-    annaOpens(theirs);
-    mDelegate->showPreferences();
-    mPanels.answer(mHome.path("theirs"));
-    // Use Chosen File; then leave it alone.
-    mAlerts.answer({CVAlert::kDefault, CVAlert::kAlternate});
-    preference<QAbstractButton>("Change Location")->click();
-    EXPECT_FALSE(mDelegate->isReadOnly());
-    EXPECT_TRUE(isOwnLock(dataFile()));
-    mPanels.answer(mHome.path("theirs"));
-    mAlerts.answer({CVAlert::kDefault, CVAlert::kDefault});
-    preference<QAbstractButton>("Change Location")->click();
-    EXPECT_TRUE(mDelegate->isReadOnly());
-    EXPECT_EQ(why(), "Read-only: anna has this budget open on “desk”.");
-    EXPECT_FALSE(QFile::exists(lockPath()));
-    EXPECT_FALSE(preference<QAbstractButton>("Clear Data File")->isEnabled());
-    quit();
-}
-
-TEST_F(ReadOnlyInApp, AFileThatCannotBeUsedAfterAllLeavesTheLockWhereItWas) {
-    makeBudget();
-    const QString other = mHome.path("other") + "/Corvella Data.corvella";
-    QDir().mkpath(mHome.path("other"));
-    QFile file(other);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize(3LL << 30));
-    start();
-    mDelegate->showPreferences();
-    mPanels.answer(mHome.path("other"));
-    mAlerts.answer({CVAlert::kDefault});
-    preference<QAbstractButton>("Change Location")->click();
-    EXPECT_EQ(titles().value(1), "The other file could not be read");
-    EXPECT_TRUE(isOwnLock(dataFile()));
-    EXPECT_FALSE(QFile::exists(CVBudgetLock(other).path()));
-    quit();
-}
-
-TEST_F(ReadOnlyInApp, TwoProgramsWithTwoHomesOnOneFileDoNotBothChangeIt) {
-    makeBudget();
-    start();
-    ScratchHome anotherHome;
-    ScriptedAlerts alerts;
-    anotherHome.userDefaults().setString(CVDefaultsKeys::kDataFileLocation, dataFile());
-    anotherHome.userDefaults().synchronize();
-    CVAppDelegate second(anotherHome.settingsStore(), anotherHome.folders(), alerts, mPanels);
-    ASSERT_TRUE(second.applicationDidFinishLaunching());
-    EXPECT_TRUE(second.isReadOnly());
-    EXPECT_FALSE(mDelegate->isReadOnly());
-    EXPECT_TRUE(second.mainWindow()->window()->close());
     quit();
 }
 
