@@ -3,6 +3,7 @@
 #include "kit/BudgetBuilder.h"
 #include "kit/ScriptedAlerts.h"
 #include "kit/ScriptedPanels.h"
+#include "kit/StartedProgram.h"
 #include "lock/CVBudgetLock.h"
 #include "model/CVCategory.h"
 #include "model/CVDocument.h"
@@ -14,12 +15,12 @@
 #include <QDirIterator>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QProcess>
 #include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QThread>
 
 #include <gtest/gtest.h>
 
@@ -47,30 +48,24 @@ protected:
         return rounds > 0 ? rounds : 30;
     }
 
-    [[nodiscard]] std::unique_ptr<QProcess> start(const QString& name, const QString& home) const {
-        auto process = std::make_unique<QProcess>();
+    [[nodiscard]] std::unique_ptr<StartedProgram> start(const QString& name, const QString& home) const {
         auto environment = QProcessEnvironment::systemEnvironment();
         environment.insert("CORVELLA_RECORDER", name);
         environment.insert("CORVELLA_RECORDER_HOME", mFolder.filePath(home));
         environment.insert("CORVELLA_RECORDER_FILE", path());
         environment.insert("CORVELLA_ROUNDS", QString::number(rounds()));
-        process->setProcessEnvironment(environment);
-        process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        // With a modifier the toolkit forks. A vfork shares the memory, and the checker of threads takes the parent for
-        // the child from then on.
-        process->setChildProcessModifier([] {});
-        process->start(QCoreApplication::applicationFilePath(),
-                       {"--gtest_filter=Recorder.DISABLED_records", "--gtest_also_run_disabled_tests"});
-        return process;
+        return std::make_unique<StartedProgram>(
+            QCoreApplication::applicationFilePath(),
+            QStringList{"--gtest_filter=Recorder.DISABLED_records", "--gtest_also_run_disabled_tests"}, environment);
     }
 
     [[nodiscard]] QString path() const { return mFolder.filePath("Corvella Data.corvella"); }
 
     /// What the program has told as saved. Notes the kept copies that it has told.
-    [[nodiscard]] QStringList told(QProcess& process) {
-        EXPECT_TRUE(process.state() == QProcess::NotRunning || process.waitForFinished(-1));
-        const QByteArray output = process.readAllStandardOutput();
-        EXPECT_EQ(process.exitCode(), 0) << output.toStdString();
+    [[nodiscard]] QStringList told(StartedProgram& program) {
+        const int status = program.wait();
+        const QByteArray output = program.output();
+        EXPECT_EQ(status, 0) << output.toStdString();
         QStringList names;
         for (const QByteArray& line : output.split('\n')) {
             if (line.startsWith("told "))
@@ -135,8 +130,8 @@ TEST_F(TwoPrograms, OfTwoHomesLoseNoEntryThatTheyHaveToldAsSaved) {
 TEST_F(TwoPrograms, OneOfWhichReplacesTheFileAtRandomMomentsLoseNoEntry) {
     const auto program = start("a", "home");
     QStringList written;
-    for (int number = 0; program->state() != QProcess::NotRunning; ++number) {
-        program->waitForFinished(QRandomGenerator::global()->bounded(1, 120));
+    for (int number = 0; program->isRunning(); ++number) {
+        QThread::msleep(QRandomGenerator::global()->bounded(1U, 120U));
         QFile file(path());
         if (!file.open(QIODevice::ReadOnly))
             continue;

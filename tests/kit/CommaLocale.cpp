@@ -1,6 +1,7 @@
 #include "kit/CommaLocale.h"
 
-#include <QProcess>
+#include "kit/StartedProgram.h"
+
 #include <QStringList>
 
 #include <clocale>
@@ -22,14 +23,10 @@ CommaLocale::CommaLocale() : mPrevious(std::setlocale(LC_NUMERIC, nullptr)), mIn
         return;
     // localedef warns about its own definitions, so its exit status is useless; setlocale() shows whether the locale
     // works.
-    QProcess process;
-    // With a modifier the toolkit forks. A vfork shares the memory, and the checker of threads takes the parent for the
-    // child from then on.
-    process.setChildProcessModifier([] {});
-    process.start(QStringLiteral("localedef"),
-                  {QStringLiteral("--quiet"), QStringLiteral("-i"), QStringLiteral("de_DE"), QStringLiteral("-f"),
-                   QStringLiteral("UTF-8"), mFolder.filePath(QStringLiteral("de_DE.UTF-8"))});
-    process.waitForFinished();
+    StartedProgram(QStringLiteral("localedef"),
+                   {QStringLiteral("--quiet"), QStringLiteral("-i"), QStringLiteral("de_DE"), QStringLiteral("-f"),
+                    QStringLiteral("UTF-8"), mFolder.filePath(QStringLiteral("de_DE.UTF-8"))})
+        .wait();
     qputenv("LOCPATH", mFolder.path().toLocal8Bit());
     mInForce = setCommaLocale();
     qunsetenv("LOCPATH");

@@ -2,10 +2,12 @@
 #include "kit/FixedToday.h"
 #include "kit/RandomBudget.h"
 #include "kit/ScratchHome.h"
+#include "kit/StartedProgram.h"
 #include "storage/CVDocumentXML.h"
 
 #include <QFileInfo>
 #include <QSettings>
+#include <QThread>
 
 #include <gtest/gtest.h>
 
@@ -110,6 +112,24 @@ void note(RandomBudget& budget, std::map<std::string, int>& seen) {
                     ? 1
                     : 0;
     }
+}
+
+TEST(StartedProgram, TellsItsOutputAndItsStatus) {
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("CORVELLA_WORD", "Zoë");
+    StartedProgram program("sh", {"-c", "echo \"$CORVELLA_WORD $1\"; exit 3", "sh", "two words"}, environment);
+    EXPECT_EQ(program.wait(), 3);
+    EXPECT_FALSE(program.isRunning());
+    EXPECT_EQ(program.output(), "Zoë two words\n");
+    EXPECT_EQ(StartedProgram("there is no such program", {}).wait(), -1);
+}
+
+TEST(StartedProgram, RunsUntilItEnds) {
+    StartedProgram program("sleep", {"0.2"});
+    EXPECT_TRUE(program.isRunning());
+    while (program.isRunning())
+        QThread::msleep(1);
+    EXPECT_EQ(program.wait(), 0);
 }
 
 TEST(RandomBudget, HoldsWhatAFileMayHold) {
