@@ -1,0 +1,233 @@
+#include "importing/CVPayeeKey.h"
+
+#include "importing/CVPayeeWords.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace {
+
+/// A number of fewer digits may belong to a name, as of a street or a studio.
+constexpr int kDigitsOfNumber = 3;
+
+enum class PayeeWord { Name, Beside, Number };
+
+struct WordOfPayee {
+    QString text;
+    PayeeWord kind = PayeeWord::Name;
+    int digits = 0;
+};
+
+/// Letters that have no accent to lose but are written in other letters where a machine has none.
+QLatin1StringView plainLetters(char16_t letter) {
+    constexpr char16_t kFirstBeyondASCII = 0x80;
+    struct Row {
+        char16_t letter;
+        QLatin1StringView plain;
+    };
+    static constexpr std::array kRows{
+        Row{u'ß', QLatin1StringView("ss")}, Row{u'ø', QLatin1StringView("o")},  Row{u'æ', QLatin1StringView("ae")},
+        Row{u'œ', QLatin1StringView("oe")}, Row{u'ł', QLatin1StringView("l")},  Row{u'đ', QLatin1StringView("d")},
+        Row{u'ı', QLatin1StringView("i")},  Row{u'þ', QLatin1StringView("th")},
+    };
+    if (letter < kFirstBeyondASCII)
+        return {};
+    const auto* const row =
+        std::find_if(kRows.begin(), kRows.end(), [letter](const Row& each) { return each.letter == letter; });
+    return row == kRows.end() ? QLatin1StringView() : row->plain;
+}
+
+bool isApostrophe(QChar c) {
+    return c == u'\'' || c == u'’' || c == u'`' || c == u'´';
+}
+
+/// What follows two slashes is the town; those of an address in the net follow a colon.
+QString withoutTownBehindSlashes(const QString& payee) {
+    for (qsizetype at = payee.indexOf(QLatin1String("//")); at > 0; at = payee.indexOf(QLatin1String("//"), at + 2)) {
+        const bool hasName = std::any_of(payee.begin(), payee.begin() + at, [](QChar c) { return c.isLetter(); });
+        if (hasName && payee[at - 1] != u':')
+            return payee.left(at);
+    }
+    return payee;
+}
+
+/// Whether a word is a day and a month that were written together.
+bool isDateInOneWord(const QString& word) {
+    QString letters = word;
+    letters.removeIf([](QChar c) { return c.isNumber(); });
+    return letters.size() < word.size() && CVIsWordOfMonth(letters);
+}
+
+bool isMask(const QString& word) {
+    return word.size() > 1 && std::all_of(word.begin(), word.end(), [](QChar c) { return c == u'x'; });
+}
+
+PayeeWord kindOf(const QString& word, int digits) {
+    const auto letters = static_cast<int>(word.size()) - digits;
+    if (letters == 0 || digits >= kDigitsOfNumber || digits > letters || isDateInOneWord(word))
+        return PayeeWord::Number;
+    return isMask(word) || CVIsWordBesidePayee(word) ? PayeeWord::Beside : PayeeWord::Name;
+}
+
+/// All words, in small letters without accents.
+std::vector<WordOfPayee> wordsOf(const QString& payee) {
+    std::vector<WordOfPayee> words;
+    WordOfPayee word;
+    const auto end = [&words, &word] {
+        if (!word.text.isEmpty()) {
+            word.kind = kindOf(word.text, word.digits);
+            words.push_back(std::exchange(word, {}));
+        }
+    };
+    const QString text = withoutTownBehindSlashes(payee).normalized(QString::NormalizationForm_KD).toCaseFolded();
+    for (const QChar c : text) {
+        if (c.isMark() || isApostrophe(c))
+            continue;
+        // The halves of a character beyond the basic plane are no letters by themselves.
+        if (!c.isLetterOrNumber() && !c.isSurrogate()) {
+            end();
+            continue;
+        }
+        if (const auto plain = plainLetters(c.unicode()); !plain.isEmpty())
+            word.text += plain;
+        else
+            word.text += c;
+        word.digits += c.isNumber() ? 1 : 0;
+    }
+    end();
+    return words;
+}
+
+/// A month beside a number is a part of a date.
+void markMonths(std::vector<WordOfPayee>& words) {
+    for (std::size_t at = 0; at < words.size(); ++at) {
+        const bool followsNumber = at > 0 && words[at - 1].digits > 0 && words[at - 1].kind == PayeeWord::Number;
+        const bool precedesNumber = at + 1 < words.size() && words[at + 1].kind == PayeeWord::Number;
+        if ((followsNumber || precedesNumber) && words[at].kind == PayeeWord::Name && CVIsWordOfMonth(words[at].text))
+            words[at].kind = PayeeWord::Number;
+    }
+}
+
+/// Where the name ends: at the first long number, or row of numbers, behind a word of the name. A town follows it.
+std::size_t endOfName(const std::vector<WordOfPayee>& words) {
+    bool hasName = false;
+    int digits = 0;
+    for (std::size_t at = 0; at < words.size(); ++at) {
+        hasName = hasName || words[at].kind == PayeeWord::Name;
+        digits = words[at].kind == PayeeWord::Number ? digits + words[at].digits : 0;
+        if (hasName && (digits >= kDigitsOfNumber || isDateInOneWord(words[at].text)))
+            return at;
+    }
+    return words.size();
+}
+
+template <typename Stays>
+std::vector<QString> textsOf(const std::vector<WordOfPayee>& words, std::size_t end, Stays stays) {
+    std::vector<QString> texts;
+    for (std::size_t at = 0; at < end; ++at) {
+        if (stays(words[at].kind))
+            texts.push_back(words[at].text);
+    }
+    return texts;
+}
+
+qsizetype lettersOf(const std::vector<QString>& words) {
+    qsizetype letters = 0;
+    for (const QString& word : words)
+        letters += word.size();
+    return letters;
+}
+
+/// How many pairs of neighbouring letters two texts share, from 0 to 1.
+double likenessOfLetters(const QString& a, const QString& b) {
+    const auto pairs = [](const QString& text) {
+        std::vector<quint32> found;
+        for (qsizetype at = 0; at + 1 < text.size(); ++at)
+            found.push_back(static_cast<quint32>(text[at].unicode()) << 16 | text[at + 1].unicode());
+        std::sort(found.begin(), found.end());
+        return found;
+    };
+    const auto ofA = pairs(a);
+    const auto ofB = pairs(b);
+    if (ofA.empty() || ofB.empty())
+        return 0;
+    std::vector<quint32> common;
+    std::set_intersection(ofA.begin(), ofA.end(), ofB.begin(), ofB.end(), std::back_inserter(common));
+    return 2.0 * static_cast<double>(common.size()) / static_cast<double>(ofA.size() + ofB.size());
+}
+
+double likenessOfWords(const QString& a, const QString& b) {
+    constexpr qsizetype kShortestBegin = 4;
+    constexpr double kCutOff = 0.95;
+    constexpr double kSameWord = 0.7;
+    if (a == b)
+        return 1;
+    if (a[0] != b[0])
+        return 0;
+    const QString& shorter = a.size() < b.size() ? a : b;
+    if (shorter.size() >= kShortestBegin && (a.size() < b.size() ? b : a).startsWith(shorter))
+        return kCutOff;
+    const double likeness = likenessOfLetters(a, b);
+    return likeness >= kSameWord ? likeness : 0;
+}
+
+/// How many letters of the shorter name are in words of the longer one.
+double lettersInCommon(const std::vector<QString>& shorter, const std::vector<QString>& longer) {
+    std::vector<bool> taken(longer.size());
+    double common = 0;
+    for (const QString& word : shorter) {
+        double best = 0;
+        std::size_t place = 0;
+        for (std::size_t at = 0; at < longer.size(); ++at) {
+            const double likeness = taken[at] ? 0 : likenessOfWords(word, longer[at]);
+            if (likeness > best) {
+                best = likeness;
+                place = at;
+            }
+        }
+        if (best > 0)
+            taken[place] = true;
+        common += best * static_cast<double>(word.size());
+    }
+    return common;
+}
+
+} // namespace
+
+CVPayeeKey::CVPayeeKey(const QString& payee) {
+    auto words = wordsOf(payee);
+    markMonths(words);
+    mWords = textsOf(words, endOfName(words), [](PayeeWord kind) { return kind == PayeeWord::Name; });
+    // A name that consists of such words alone is a name all the same.
+    if (mWords.empty())
+        mWords = textsOf(words, words.size(), [](PayeeWord kind) { return kind != PayeeWord::Number; });
+    if (mWords.empty())
+        mWords = textsOf(words, words.size(), [](PayeeWord /*kind*/) { return true; });
+    for (const QString& word : mWords)
+        mText += mText.isEmpty() ? word : u' ' + word;
+}
+
+double CVPayeeKey::likeness(const CVPayeeKey& other) const {
+    // The part of the longer name that counts, because banks append towns and branches.
+    constexpr double kShareOfLonger = 0.25;
+    // What each name has for itself alone speaks against both being the same.
+    constexpr double kAgainst = 0.5;
+    constexpr double kRunTogether = 0.8;
+    if (isEmpty() || other.isEmpty())
+        return 0;
+    if (mText == other.mText)
+        return 1;
+    const qsizetype letters = lettersOf(mWords);
+    const qsizetype lettersOfOther = lettersOf(other.mWords);
+    const bool isShorter = letters < lettersOfOther || (letters == lettersOfOther && mText < other.mText);
+    const auto shorter = static_cast<double>(std::min(letters, lettersOfOther));
+    const auto longer = static_cast<double>(std::max(letters, lettersOfOther));
+    const double common = isShorter ? lettersInCommon(mWords, other.mWords) : lettersInCommon(other.mWords, mWords);
+    const double byWords =
+        common / ((1 - kShareOfLonger) * shorter + kShareOfLonger * longer + kAgainst * (shorter - common));
+    if (byWords >= kLikely)
+        return byWords;
+    const double byLetters = likenessOfLetters(QString(mText).remove(u' '), QString(other.mText).remove(u' '));
+    return byLetters >= kRunTogether ? byLetters : byWords;
+}
