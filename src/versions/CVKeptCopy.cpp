@@ -56,7 +56,10 @@ CVKeptCopy CVKeptCopy::keep(const QString& place, CVKeptReason reason, const QDa
 
 CVKeptCopy CVKeptCopy::keepFormer(const QString& former, const QString& place, CVKeptReason reason,
                                   const QDateTime& now) {
-    const QFileInfo file(CVFollowLinks(place));
+    const QString real = CVFollowLinks(place);
+    if (real.isEmpty())
+        return {former, {QCoreApplication::translate("CVKeptCopy", "the links lead nowhere")}, true};
+    const QFileInfo file(real);
     CVKeptCopy kept{freeName(file, reason, now), {}, true};
     if (kept.path.isEmpty())
         return {former, {qt_error_string(EEXIST)}, true};

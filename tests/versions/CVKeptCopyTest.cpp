@@ -63,6 +63,17 @@ TEST_F(CVKeptCopyTest, saysInItsNameWhyItIsKept) {
     EXPECT_EQ(found, kept);
 }
 
+TEST_F(CVKeptCopyTest, leavesTheFormerFileWhereTheLinksGoRoundInACircle) {
+    makeLink(mHome.path("b"), mHome.path("a"));
+    makeLink(mHome.path("a"), mHome.path("b"));
+    const QString former = mHome.path("former");
+    writeFile(former, "former");
+    const CVKeptCopy kept = CVKeptCopy::keepFormer(former, mHome.path("a"), CVKeptReason::ChangedOutside, kNow);
+    EXPECT_FALSE(kept.result.ok());
+    EXPECT_EQ(kept.path, former);
+    EXPECT_EQ(readFile(former), "former");
+}
+
 TEST_F(CVKeptCopyTest, leavesTheFileWhereItIs) {
     writeFile(mPath, "unreadable");
     setMode(mPath, 0640);
