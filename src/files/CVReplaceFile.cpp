@@ -47,12 +47,21 @@ Target followLinks(const QString& path) {
     return {{}, qt_error_string(ELOOP)};
 }
 
-/// The access that the new file is to have. Absent for one that the user's file mode mask decides on.
-std::optional<CVFileAccess> accessOf(const QString& target, const CVPathStatus& old, CVNewFile access) {
-    if (old.signature)
-        return CVFileAccess::of(target);
-    return access == CVNewFile::Usual ? std::nullopt : std::optional(CVFileAccess::ofNewFile());
-}
+/// The access that the new file is to have.
+struct WantedAccess {
+    CVNewFile ofNewFile = CVNewFile::Private;
+    /// Absent where a former file has it.
+    std::optional<CVFileAccess> always = {};
+
+    /// Absent for a file that the user's file mode mask decides on.
+    [[nodiscard]] std::optional<CVFileAccess> of(const QString& target, const CVPathStatus& old) const {
+        if (always)
+            return always;
+        if (old.signature)
+            return CVFileAccess::of(target);
+        return ofNewFile == CVNewFile::Usual ? std::nullopt : std::optional(CVFileAccess::ofNewFile());
+    }
+};
 
 /// Whether a file that was to be private is not.
 bool isOpenToOthers(int descriptor) {
@@ -63,21 +72,22 @@ bool isOpenToOthers(int descriptor) {
 /// Puts a written file into its place; answers whether it is there and what became of the former one.
 using Placing = std::function<CVSwapResult(const QString& fresh, const QString& target)>;
 
-CVReplaceResult replaceFile(const QString& path, const CVFileContent& write, CVNewFile access, const Placing& place) {
+CVReplaceResult replaceFile(const QString& path, const CVFileContent& write, const WantedAccess& access,
+                            const Placing& place) {
     const auto [target, error] = followLinks(path);
     if (!error.isEmpty())
         return {{error}};
     const CVPathStatus old = CVPathStatus::of(target);
     if (!old.error.isEmpty())
         return {{old.error}};
-    CVTemporaryFile file(target, access == CVNewFile::Usual && !old.signature ? kUsual : kPrivate);
+    CVTemporaryFile file(target, access.ofNewFile == CVNewFile::Usual && !old.signature ? kUsual : kPrivate);
     if (!file.opened().ok())
         return {file.opened()};
     CVFileSink sink(file.descriptor());
     const bool abandoned = !write(sink);
     // As late as possible, so that a change by another program is not lost, but before the sync.
     CVAccessResult given;
-    if (const auto wanted = accessOf(target, old, access))
+    if (const auto wanted = access.of(target, old))
         given = wanted->giveTo(file.descriptor());
     CVFileResult result{given.error};
     if (result.ok())
@@ -87,7 +97,8 @@ CVReplaceResult replaceFile(const QString& path, const CVFileContent& write, CVN
         result = CVFileResult::ofLastCall();
     if (!result.ok() || abandoned)
         return {result};
-    const bool isOpen = !old.signature && access == CVNewFile::Private && isOpenToOthers(file.descriptor());
+    const bool isOpen =
+        !old.signature && !access.always && access.ofNewFile == CVNewFile::Private && isOpenToOthers(file.descriptor());
     const CVSwapResult swap = place(file.path(), target);
     if (!swap.isPlaced)
         return {{swap.error}};
@@ -104,12 +115,16 @@ CVSwapResult placeByRenaming(const QString& fresh, const QString& target) {
 } // namespace
 
 CVReplaceResult CVReplaceFile(const QString& path, const CVFileContent& write, CVNewFile access) {
-    return replaceFile(path, write, access, placeByRenaming);
+    return replaceFile(path, write, {access}, placeByRenaming);
+}
+
+CVReplaceResult CVReplaceFile(const QString& path, const CVFileContent& write, const CVFileAccess& access) {
+    return replaceFile(path, write, {CVNewFile::Private, access}, placeByRenaming);
 }
 
 CVReplaceResult CVReplaceExpectedFile(const QString& path, const CVFileContent& write,
                                       const std::optional<CVFileSignature>& expected, CVFormerFile former) {
-    return replaceFile(path, write, CVNewFile::Private, [&](const QString& fresh, const QString& target) {
+    return replaceFile(path, write, {}, [&](const QString& fresh, const QString& target) {
         return CVSwapFile(fresh, target, expected, former);
     });
 }

@@ -8,6 +8,7 @@
 
 #include <functional>
 
+class CVFileAccess;
 class QIODevice;
 
 /// Writes the content of a file. Answering false abandons the attempt and leaves the old file as it was. The function
@@ -41,6 +42,10 @@ struct CVReplaceResult : CVFileResult {
 /// unless the file was replaced and only syncing its folder failed.
 [[nodiscard]] CVReplaceResult CVReplaceFile(const QString& path, const CVFileContent& write,
                                             CVNewFile access = CVNewFile::Private);
+
+/// Does the same and gives the file that access, whatever the former one had.
+[[nodiscard]] CVReplaceResult CVReplaceFile(const QString& path, const CVFileContent& write,
+                                            const CVFileAccess& access);
 
 /// Does the same and keeps what stood there as `CVSwapFile` does, so that no change by another program is lost. Only
 /// the owner can read a new file.

@@ -1,5 +1,6 @@
 #include "files/CVReplaceFile.h"
 
+#include "files/CVFileAccess.h"
 #include "kit/ScratchHome.h"
 #include "storage/ScratchFiles.h"
 
@@ -95,6 +96,18 @@ TEST_F(CVReplaceFileTest, keepsTheModeOfAnExistingFile) {
         EXPECT_TRUE(replace(mPath, "new").ok());
         EXPECT_EQ(modeOf(mPath), static_cast<int>(mode));
         EXPECT_EQ(readFile(mPath), "new");
+    }
+}
+
+TEST_F(CVReplaceFileTest, givesTheAccessOfAnotherFile) {
+    const QString model = mFolder + "/model";
+    for (const unsigned mode : {0640U, 0600U, 0664U}) {
+        writeFile(model, "model");
+        setMode(model, mode);
+        EXPECT_TRUE(CVReplaceFile(
+                        mPath, [](QIODevice& output) { return output.write("new") > 0; }, CVFileAccess::of(model))
+                        .ok());
+        EXPECT_EQ(modeOf(mPath), static_cast<int>(mode));
     }
 }
 
