@@ -87,6 +87,8 @@ int runWithoutWindow(const CVCommandLine& line) {
         return CVRunExport(line.exportRequest, errors);
     case CVCommandLine::Action::Report:
         return CVRunReport(line.reportRequest, errors);
+    case CVCommandLine::Action::Import:
+        return CVRunImport(line.importRequest, errors);
     default:
         return refuse(errors, line.problem, line.command);
     }

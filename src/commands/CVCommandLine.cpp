@@ -59,13 +59,14 @@ struct Command {
     CVCommandLine (*parse)(const QStringList& arguments);
 };
 
-constexpr std::array<Command, 6> kCommands{
+constexpr std::array<Command, 7> kCommands{
     {{"check", parseDataFile<Action::Check>},
      {"sets", parseDataFile<Action::Sets>},
      {"diff", parseRequest<CVDiffRequest, Action::Diff, &CVCommandLine::diffRequest>},
      {"versions", parseVersions},
      {"export", parseRequest<CVExportRequest, Action::Export, &CVCommandLine::exportRequest>},
-     {"report", parseRequest<CVReportRequest, Action::Report, &CVCommandLine::reportRequest>}}};
+     {"report", parseRequest<CVReportRequest, Action::Report, &CVCommandLine::reportRequest>},
+     {"import", parseRequest<CVImportRequest, Action::Import, &CVCommandLine::importRequest>}}};
 
 struct LoneOption {
     QLatin1StringView name;

@@ -2,6 +2,7 @@
 
 #include "commands/CVDiffCommand.h"
 #include "commands/CVExportCommand.h"
+#include "commands/CVImportCommand.h"
 #include "commands/CVReportCommand.h"
 
 #include <QStringList>
@@ -10,7 +11,19 @@
 
 /// The meaning of the program's command line.
 struct CVCommandLine {
-    enum class Action { OpenWindow, ShowVersion, ShowHelp, Check, Sets, Diff, Versions, Export, Report, Refuse };
+    enum class Action {
+        OpenWindow,
+        ShowVersion,
+        ShowHelp,
+        Check,
+        Sets,
+        Diff,
+        Versions,
+        Export,
+        Report,
+        Import,
+        Refuse
+    };
 
     Action action = Action::OpenWindow;
     /// The file that `check` and `sets` read and whose versions `versions` lists; absent: the user's own; "-": standard
@@ -25,6 +38,7 @@ struct CVCommandLine {
     CVDiffRequest diffRequest = {};
     CVExportRequest exportRequest = {};
     CVReportRequest reportRequest = {};
+    CVImportRequest importRequest = {};
 
     /// `arguments` begin with the program's name. Options of the toolkit are passed over, because the toolkit reads
     /// them itself when the window opens.

@@ -1,0 +1,148 @@
+#include "importing/statements/CVAmountRule.h"
+
+#include "importing/statements/CVStatementAmount.h"
+#include "importing/statements/CVStatementWords.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace {
+
+struct AmountRuleText {
+    Q_DECLARE_TR_FUNCTIONS(CVAmountRule)
+};
+
+/// An amount in a cell; absent where the cell is empty. `why` says what is wrong with any other text.
+std::optional<CVStatementAmount> amountIn(const CVStatementRow& row, int column, QChar mark, QString& why) {
+    const QString text = CVStatementTable::cell(row, column);
+    if (text.isEmpty())
+        return std::nullopt;
+    auto amount = CVReadStatementAmount(text, mark);
+    const bool isDash = std::all_of(text.begin(), text.end(), [](QChar c) { return c == u'-' || c == u'\u2013'; });
+    if (!amount && !isDash)
+        why = AmountRuleText::tr("“%1” is no amount.").arg(text);
+    return amount;
+}
+
+CVRuledAmount emptyAmount(const QString& why) {
+    if (!why.isEmpty())
+        return {std::nullopt, false, why};
+    return {std::nullopt, true, AmountRuleText::tr("There is no amount.")};
+}
+
+int markerIn(const CVStatementRow& row, const CVAmountRule& rule) {
+    const QString text = CVStatementTable::cell(row, rule.marker);
+    if (rule.marker < 0 || text.isEmpty())
+        return 0;
+    if (!rule.outMarker.isEmpty())
+        return text.compare(rule.outMarker, Qt::CaseInsensitive) == 0 ? -1 : 1;
+    return CVMarkerOf(text);
+}
+
+CVRuledAmount amountOfOneColumn(const CVStatementRow& row, const CVAmountRule& rule) {
+    QString why;
+    const auto amount = amountIn(row, rule.amount, rule.mark, why);
+    if (!amount)
+        return emptyAmount(why);
+    const int columnMarker = markerIn(row, rule);
+    const int marker = columnMarker != 0 ? columnMarker : amount->marker;
+    if (marker != 0)
+        return {marker * std::abs(amount->hundredths)};
+    return {rule.positiveIsOut ? -amount->hundredths : amount->hundredths};
+}
+
+CVRuledAmount amountOfTwoColumns(const CVStatementRow& row, const CVAmountRule& rule) {
+    QString why;
+    const auto out = amountIn(row, rule.moneyOut, rule.mark, why);
+    const auto in = amountIn(row, rule.moneyIn, rule.mark, why);
+    if (!why.isEmpty() || (!out && !in))
+        return emptyAmount(why);
+    if (out && in && out->hundredths != 0 && in->hundredths != 0)
+        return {std::nullopt, false, AmountRuleText::tr("Money goes both in and out.")};
+    const qint64 outgoing = !out ? 0 : rule.isOutNegative ? out->hundredths : -out->hundredths;
+    const qint64 incoming = !in ? 0 : rule.isInNegative ? -in->hundredths : in->hundredths;
+    return {outgoing + incoming};
+}
+
+/// Whether most of the amounts of a column are negative.
+bool isMostlyNegative(const CVStatementTable& table, int column, QChar mark) {
+    int negative = 0;
+    int positive = 0;
+    for (const std::size_t row : table.likely) {
+        const auto amount = CVReadStatementAmount(CVStatementTable::cell(table.rows[row], column), mark);
+        if (amount && amount->hundredths != 0)
+            ++(amount->hundredths < 0 ? negative : positive);
+    }
+    return negative > positive;
+}
+
+/// What the lines say for the comparison with the balances.
+struct BalancedLine {
+    std::size_t row;
+    std::optional<qint64> amount;
+    std::optional<qint64> balance;
+};
+
+std::vector<BalancedLine> balancedLines(const CVStatementTable& table, const CVAmountRule& rule, std::size_t most) {
+    std::vector<BalancedLine> lines;
+    for (std::size_t at = 0; at < std::min(most, table.likely.size()); ++at) {
+        const CVStatementRow& row = table.rows[table.likely[at]];
+        const auto balance = CVReadStatementAmount(CVStatementTable::cell(row, rule.balance), rule.mark);
+        BalancedLine line{table.likely[at], CVAmountOfRow(row, rule).hundredths, std::nullopt};
+        if (balance)
+            line.balance = balance->marker != 0 ? balance->marker * std::abs(balance->hundredths) : balance->hundredths;
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+/// The steps from balance to balance in the order of the lines, each balance being the one after its line.
+CVBalanceAgreement agreementInOrder(const std::vector<BalancedLine>& lines) {
+    CVBalanceAgreement agreement;
+    std::optional<qint64> last;
+    std::optional<qint64> sum = 0;
+    for (const BalancedLine& line : lines) {
+        sum = sum && line.amount ? std::optional(*sum + *line.amount) : std::nullopt;
+        if (!line.balance)
+            continue;
+        if (last && sum)
+            agreement.steps.push_back({*line.balance - *last == *sum, line.row, *sum});
+        last = line.balance;
+        sum = 0;
+    }
+    return agreement;
+}
+
+} // namespace
+
+CVRuledAmount CVAmountOfRow(const CVStatementRow& row, const CVAmountRule& rule) {
+    CVRuledAmount amount = rule.amount >= 0 ? amountOfOneColumn(row, rule) : amountOfTwoColumns(row, rule);
+    QString why;
+    const auto fee = rule.fee >= 0 ? amountIn(row, rule.fee, rule.mark, why) : std::nullopt;
+    if (!why.isEmpty() && amount.hundredths)
+        return {std::nullopt, false, why};
+    if (fee && amount.hundredths)
+        *amount.hundredths -= std::abs(fee->hundredths);
+    return amount;
+}
+
+void CVFindSignsOfColumns(const CVStatementTable& table, CVAmountRule& rule) {
+    rule.isOutNegative = rule.moneyOut >= 0 && isMostlyNegative(table, rule.moneyOut, rule.mark);
+    rule.isInNegative = rule.moneyIn >= 0 && isMostlyNegative(table, rule.moneyIn, rule.mark);
+}
+
+int CVBalanceAgreement::countOfAgreeing() const {
+    return static_cast<int>(std::count_if(steps.begin(), steps.end(), [](const Step& step) { return step.agrees; }));
+}
+
+CVBalanceAgreement CVCompareWithBalances(const CVStatementTable& table, const CVAmountRule& rule, std::size_t most) {
+    if (rule.balance < 0)
+        return {};
+    std::vector<BalancedLine> lines = balancedLines(table, rule, most);
+    const CVBalanceAgreement down = agreementInOrder(lines);
+    std::reverse(lines.begin(), lines.end());
+    const CVBalanceAgreement up = agreementInOrder(lines);
+    return up.countOfAgreeing() > down.countOfAgreeing() ? up : down;
+}

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "importing/statements/CVSettleAmounts.h"
+#include "importing/statements/CVStatementNotation.h"
+#include "importing/statements/CVStatementQuestion.h"
+
+/// The questions about what a statement does not settle, in its own words. Each answer completes the mapping `known`.
+[[nodiscard]] CVStatementQuestion CVAskForDayOrder(const CVStatementTable& table, const CVSettledDays& days,
+                                                   const CVStatementMapping& known);
+[[nodiscard]] CVStatementQuestion CVAskForYear(const CVStatementTable& table, const QString& day,
+                                               const CVStatementMapping& known);
+[[nodiscard]] CVStatementQuestion CVAskForDecimalMark(const CVStatementTable& table, const CVSettledMark& mark,
+                                                      const CVStatementMapping& known);
+[[nodiscard]] CVStatementQuestion CVAskForAmounts(const CVStatementTable& table, const CVSettledAmounts& amounts,
+                                                  const CVStatementMapping& known);

@@ -1,0 +1,201 @@
+#include "importing/statements/CVReadStatement.h"
+
+#include "importing/statements/CVAskAboutStatement.h"
+#include "importing/statements/CVStatementDay.h"
+#include "importing/statements/CVStatementLines.h"
+#include "importing/statements/CVStatementSummary.h"
+#include "importing/statements/CVStatementText.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace {
+
+constexpr qsizetype kMostRows = 200'000;
+constexpr int kRowsDone = 500;
+constexpr int kAllDone = 1000;
+
+struct ReadStatementText {
+    Q_DECLARE_TR_FUNCTIONS(CVReadStatement)
+};
+
+CVStatement problemOf(const QString& problem) {
+    CVStatement statement;
+    statement.problem = problem;
+    return statement;
+}
+
+/// Reads the delimited kinds. Another kind of statement has a reader of its own beside it.
+class DelimitedReader {
+public:
+    DelimitedReader(const CVStatementMapping& known, const CVStopRequested& stop) : mKnown(known), mStop(stop) {}
+
+    CVStatement read(const QByteArray& bytes) {
+        CVStatementText text = CVDecodeStatement(bytes, mKnown.encoding);
+        if (!text.problem.isEmpty())
+            return problemOf(text.problem);
+        mStatement.mapping = mKnown;
+        mStatement.mapping.encoding = text.encoding;
+        const char separator = mKnown.separator.value_or(CVSeparatorOf(text.text));
+        mStatement.mapping.separator = separator;
+        if (QString problem = readRows(text.text, separator); !problem.isEmpty())
+            return problemOf(problem);
+        mColumns = CVGuessColumns(mTable, mKnown.columns.value_or(std::vector<CVColumnRole>()));
+        if (QString problem = faultOfTable(); !problem.isEmpty())
+            return problemOf(problem);
+        settle();
+        mStatement.lines = CVReadStatementLines(mTable, mRule, inSecondHalf());
+        if (mIsStopped)
+            return problemOf(ReadStatementText::tr("Reading the statement was stopped."));
+        completeMapping();
+        mStatement.headings = mTable.headings;
+        mStatement.headerDigest = CVDigestOfHeadings(mTable.headings, separator);
+        mStatement.summary = CVSummaryOfStatement(mStatement);
+        mStatement.balanceRemark = CVRemarkOnBalance(mTable, mRule.amounts);
+        return mStatement;
+    }
+
+private:
+    QString readRows(const QString& text, char separator) {
+        const auto stop = [&](qsizetype done) {
+            mIsStopped = mStop && mStop(static_cast<int>(done * kRowsDone / std::max(text.size(), qsizetype{1})));
+            return mIsStopped;
+        };
+        CVStatementRows rows = CVReadStatementRows(text, separator, kMostRows + 1, stop);
+        if (mIsStopped)
+            return ReadStatementText::tr("Reading the statement was stopped.");
+        if (!rows.problem.isEmpty())
+            return rows.problem;
+        if (static_cast<qsizetype>(rows.rows.size()) > kMostRows)
+            return ReadStatementText::tr("This statement has more than %1 lines. Please import it in parts.")
+                .arg(kMostRows);
+        mTable = CVFindTable(std::move(rows.rows), mKnown.headerLine);
+        return {};
+    }
+
+    /// Why nothing can be read of the rows; empty when something can.
+    [[nodiscard]] QString faultOfTable() const {
+        const bool isEmpty =
+            std::all_of(mTable.rows.begin(), mTable.rows.end(), [](const auto& row) { return row.isBlank(); });
+        if (isEmpty)
+            return ReadStatementText::tr("The file is empty.");
+        const bool hasAmounts = !mColumns.amounts.empty() || !mColumns.moneyIn.empty() || !mColumns.moneyOut.empty();
+        if (mTable.likely.empty() && (mTable.headings.isEmpty() || mColumns.days.empty() || !hasAmounts))
+            return ReadStatementText::tr(
+                "This is no statement: no line of it has a day and an amount. Please have your "
+                "bank export it as CSV.");
+        if (mColumns.days.empty())
+            return ReadStatementText::tr("No column holds the days. Please say which one does.");
+        if (!hasAmounts)
+            return ReadStatementText::tr("No column holds the amounts. Please say which one does.");
+        if (isCutAtDecimals())
+            return ReadStatementText::tr("The decimals stand in a column of their own, because the comma is also the "
+                                         "separator. Please have your bank export it with semicolons.");
+        return {};
+    }
+
+    /// Whether two digits follow every amount in a column without a heading.
+    [[nodiscard]] bool isCutAtDecimals() const {
+        if (mTable.headings.isEmpty() || mStatement.mapping.separator != ',' ||
+            mTable.columns <= mTable.headings.size() || mColumns.amounts.empty())
+            return false;
+        const int column = mColumns.amounts.front();
+        return std::all_of(mTable.likely.begin(), mTable.likely.end(), [&](std::size_t row) {
+            const QString cell = CVStatementTable::cell(mTable.rows[row], column);
+            const QString next = CVStatementTable::cell(mTable.rows[row], column + 1);
+            return !cell.contains(u'.') && next.size() == 2 && next.at(0).isDigit() && next.at(1).isDigit();
+        });
+    }
+
+    void settle() {
+        const CVSettledDays days = settleDays();
+        const CVSettledMark mark = settleMark();
+        const CVSettledAmounts amounts =
+            CVSettleAmounts(mTable, mColumns, mark.mark, mKnown.positiveIsOut, mKnown.outMarker.value_or(QString()));
+        if (!amounts.rules.empty())
+            mRule.amounts = amounts.rules.front();
+        if (amounts.rules.size() > 1)
+            mStatement.questions.push_back(CVAskForAmounts(mTable, amounts, mKnown));
+        mRule.day = mColumns.days.front();
+        mRule.order = days.orders.front();
+        mRule.amounts.mark = mark.mark;
+        takeRoles();
+    }
+
+    CVSettledDays settleDays() {
+        CVSettledDays days = CVSettleDays(mTable, mColumns);
+        if (mKnown.dayOrder)
+            days.orders = {*mKnown.dayOrder};
+        else if (!days.isSettled())
+            mStatement.questions.push_back(CVAskForDayOrder(mTable, days, mKnown));
+        mRule.year = mKnown.year ? mKnown.year : days.year;
+        if (!days.hasYears && !mRule.year) {
+            const QString first = CVStatementTable::cell(mTable.rows[mTable.likely.front()], mColumns.days.front());
+            mStatement.questions.push_back(CVAskForYear(mTable, first, mKnown));
+            mRule.year = static_cast<int>(QBDate::date().yearOfCommonEra());
+        }
+        return days;
+    }
+
+    CVSettledMark settleMark() {
+        CVSettledMark mark;
+        if (mKnown.decimalMark) {
+            mark.mark = *mKnown.decimalMark;
+            return mark;
+        }
+        mark = CVSettleDecimalMark(mTable, mColumns);
+        if (!mark.isSettled)
+            mStatement.questions.push_back(CVAskForDecimalMark(mTable, mark, mKnown));
+        return mark;
+    }
+
+    /// Gives each column its role.
+    void takeRoles() {
+        mRule.roles = mColumns.roles;
+        const auto give = [this](int column, CVColumnRole role) {
+            if (column >= 0)
+                mRule.roles[static_cast<std::size_t>(column)] = role;
+        };
+        give(mRule.day, CVColumnRole::Day);
+        give(mRule.amounts.balance, CVColumnRole::Balance);
+        give(mRule.amounts.marker, CVColumnRole::Marker);
+        give(mRule.amounts.fee, CVColumnRole::Fee);
+        give(mRule.amounts.moneyIn, CVColumnRole::MoneyIn);
+        give(mRule.amounts.moneyOut, CVColumnRole::MoneyOut);
+        give(mRule.amounts.amount, CVColumnRole::Amount);
+    }
+
+    void completeMapping() {
+        CVStatementMapping& mapping = mStatement.mapping;
+        mapping.headerLine = mTable.headerLine;
+        mapping.columns = mRule.roles;
+        mapping.dayOrder = mRule.order;
+        mapping.decimalMark = mRule.amounts.mark;
+        mapping.year = mRule.year;
+        mapping.positiveIsOut = mRule.amounts.positiveIsOut;
+    }
+
+    CVStopRequested inSecondHalf() {
+        return [this](int permille) {
+            mIsStopped = mIsStopped || (mStop && mStop(kRowsDone + permille * (kAllDone - kRowsDone) / kAllDone));
+            return mIsStopped;
+        };
+    }
+
+    const CVStatementMapping& mKnown;
+    const CVStopRequested& mStop;
+    bool mIsStopped = false;
+    CVStatementTable mTable;
+    CVStatementColumns mColumns;
+    CVLineRule mRule;
+    CVStatement mStatement;
+};
+
+} // namespace
+
+CVStatement CVReadStatement(const QByteArray& bytes, const CVStatementMapping& known, const CVStopRequested& stop) {
+    if (bytes.size() > kCVLargestStatement)
+        return problemOf(ReadStatementText::tr("The file is larger than 64 MiB, which no statement is."));
+    return DelimitedReader(known, stop).read(bytes);
+}

@@ -1,0 +1,374 @@
+#include "importing/statements/CVSettleAmounts.h"
+
+#include "importing/statements/CVStatementAmount.h"
+#include "importing/statements/CVStatementWords.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <utility>
+
+namespace {
+
+using About = CVStatementQuestion::About;
+using Rules = std::vector<CVAmountRule>;
+using Amounts = std::vector<std::optional<qint64>>;
+
+constexpr std::size_t kMostLinesForRules = 400;
+
+/// A rule, and what it makes of the lines.
+struct TriedRule {
+    CVAmountRule rule;
+    Amounts amounts = {};
+    int readable = 0;
+    CVBalanceAgreement agreement = {};
+};
+
+std::vector<int> orNone(const std::vector<int>& columns) {
+    return columns.empty() ? std::vector<int>{-1} : columns;
+}
+
+/// All that the columns allow: without a column for the balance.
+class PossibleRules {
+public:
+    PossibleRules(const CVStatementColumns& columns, const CVAmountRule& known, bool isSignKnown)
+        : mColumns(columns)
+        , mKnown(known)
+        , mIsSignKnown(isSignKnown) {}
+
+    Rules rules() {
+        for (const int amount : mColumns.amounts)
+            addOneColumn(amount);
+        const bool isGuessed = !mColumns.areAmountsNamed;
+        const auto& out = isGuessed ? mColumns.amounts : orNone(mColumns.moneyOut);
+        const auto& in = isGuessed ? mColumns.amounts : orNone(mColumns.moneyIn);
+        for (const int moneyOut : out) {
+            for (const int moneyIn : in)
+                addTwoColumns(moneyOut, moneyIn);
+        }
+        return mRules;
+    }
+
+private:
+    void addOneColumn(int amount) {
+        CVAmountRule rule = mKnown;
+        rule.amount = amount;
+        std::vector<int> fees = mColumns.fees;
+        if (!mColumns.isFeeGiven)
+            fees.insert(fees.begin(), -1);
+        for (const int fee : fees) {
+            rule.fee = fee;
+            if (!mColumns.isMarkerGiven)
+                mRules.push_back(rule);
+            if (!mColumns.isMarkerGiven && !mIsSignKnown) {
+                CVAmountRule other = rule;
+                other.positiveIsOut = true;
+                mRules.push_back(other);
+            }
+            for (const int marker : mColumns.markers) {
+                CVAmountRule marked = rule;
+                marked.marker = marker;
+                mRules.push_back(marked);
+            }
+        }
+    }
+
+    void addTwoColumns(int moneyOut, int moneyIn) {
+        if (moneyOut == moneyIn)
+            return;
+        CVAmountRule rule = mKnown;
+        rule.positiveIsOut = false;
+        rule.moneyOut = moneyOut;
+        rule.moneyIn = moneyIn;
+        mRules.push_back(rule);
+    }
+
+    const CVStatementColumns& mColumns;
+    CVAmountRule mKnown;
+    bool mIsSignKnown;
+    Rules mRules;
+};
+
+bool uses(const CVAmountRule& rule, int column) {
+    return rule.amount == column || rule.moneyIn == column || rule.moneyOut == column || rule.fee == column;
+}
+
+TriedRule tried(const CVStatementTable& table, CVAmountRule rule) {
+    if (rule.amount < 0)
+        CVFindSignsOfColumns(table, rule);
+    TriedRule one{rule};
+    for (std::size_t at = 0; at < std::min(table.likely.size(), kMostLinesForRules); ++at) {
+        one.amounts.push_back(CVAmountOfRow(table.rows[table.likely[at]], rule).hundredths);
+        one.readable += one.amounts.back() ? 1 : 0;
+    }
+    return one;
+}
+
+/// Drops the rules that cannot read what others can.
+void keepReadable(std::vector<TriedRule>& rules) {
+    int most = 0;
+    for (const TriedRule& one : rules)
+        most = std::max(most, one.readable);
+    std::erase_if(rules, [most](const TriedRule& one) { return 10 * one.readable < 9 * most || one.readable == 0; });
+}
+
+/// The steps that agree by both rules in the same way.
+int countOfCommonSteps(const CVBalanceAgreement& a, const CVBalanceAgreement& b) {
+    int count = 0;
+    for (const auto& step : a.steps) {
+        count += step.agrees && std::any_of(b.steps.begin(), b.steps.end(),
+                                            [&step](const auto& other) {
+                                                return other.agrees && other.row == step.row && other.sum == step.sum;
+                                            })
+                     ? 1
+                     : 0;
+    }
+    return count;
+}
+
+/// The rule that the balances prove; absent when they do not, or prove another one as well.
+std::optional<CVAmountRule> provenByBalance(const CVStatementTable& table, const CVStatementColumns& columns,
+                                            const std::vector<TriedRule>& rules) {
+    constexpr int kAlsoAgrees = 3;
+    std::vector<TriedRule> balanced;
+    for (const TriedRule& one : rules) {
+        for (const int balance : columns.balances) {
+            if (uses(one.rule, balance))
+                continue;
+            TriedRule with = one;
+            with.rule.balance = balance;
+            with.agreement = CVCompareWithBalances(table, with.rule, kMostLinesForRules);
+            balanced.push_back(with);
+        }
+    }
+    const auto best = std::max_element(balanced.begin(), balanced.end(), [](const TriedRule& a, const TriedRule& b) {
+        return a.agreement.countOfAgreeing() < b.agreement.countOfAgreeing();
+    });
+    if (best == balanced.end() || best->agreement.countOfAgreeing() == 0 ||
+        5 * best->agreement.countOfAgreeing() < 3 * static_cast<int>(best->agreement.steps.size()))
+        return std::nullopt;
+    for (const TriedRule& other : balanced) {
+        const int common = countOfCommonSteps(best->agreement, other.agreement);
+        const int only = best->agreement.countOfAgreeing() - common;
+        const int otherOnly = other.agreement.countOfAgreeing() - common;
+        if (other.amounts != best->amounts && (only == 0 || kAlsoAgrees * otherOnly > only))
+            return std::nullopt;
+    }
+    return best->rule;
+}
+
+/// The signs of a column of amounts.
+struct SignCount {
+    int negative = 0;
+    int positive = 0;
+    /// Positive with a plus sign.
+    int plus = 0;
+    int in = 0;
+    int out = 0;
+
+    [[nodiscard]] int all() const { return negative + positive; }
+};
+
+SignCount signsOf(const CVStatementTable& table, const CVAmountRule& rule) {
+    SignCount count;
+    for (const std::size_t row : table.likely) {
+        const auto amount = CVReadStatementAmount(CVStatementTable::cell(table.rows[row], rule.amount), rule.mark);
+        if (!amount || amount->hundredths == 0)
+            continue;
+        ++(amount->hundredths < 0 ? count.negative : count.positive);
+        count.plus += amount->isSigned && amount->hundredths > 0 ? 1 : 0;
+        count.in += amount->marker > 0 ? 1 : 0;
+        count.out += amount->marker < 0 ? 1 : 0;
+    }
+    return count;
+}
+
+/// What a marker's column says beside the signs.
+struct MarkerCount {
+    int in = 0;
+    int out = 0;
+    int contradictions = 0;
+};
+
+MarkerCount markersOf(const CVStatementTable& table, const CVAmountRule& rule, int marker) {
+    MarkerCount count;
+    for (const std::size_t row : table.likely) {
+        const auto amount = CVReadStatementAmount(CVStatementTable::cell(table.rows[row], rule.amount), rule.mark);
+        const int says = CVMarkerOf(CVStatementTable::cell(table.rows[row], marker));
+        count.in += says > 0 ? 1 : 0;
+        count.out += says < 0 ? 1 : 0;
+        count.contradictions +=
+            amount && amount->hundredths != 0 && says != 0 && (amount->hundredths < 0) != (says < 0) ? 1 : 0;
+    }
+    return count;
+}
+
+CVAmountRule withSign(CVAmountRule rule, bool positiveIsOut) {
+    rule.positiveIsOut = positiveIsOut;
+    return rule;
+}
+
+CVAmountRule withMarker(CVAmountRule rule, int marker) {
+    rule.marker = marker;
+    return rule;
+}
+
+/// Whether the headings are those of a card, whose company often writes what is spent without a minus.
+bool isOfCard(const CVStatementTable& table) {
+    constexpr std::array kCardWords{u"card",   u"merchant", u"karte", u"carte",   u"kort",   u"tarjeta", u"carta",
+                                    u"cartao", u"kaart",    u"karta", u"handler", u"カード", u"利用"};
+    const QString headings = CVPlainWords(table.headings.join(u' '));
+    return std::any_of(kCardWords.begin(), kCardWords.end(),
+                       [&headings](const char16_t* word) { return headings.contains(QString::fromUtf16(word)); });
+}
+
+/// The rule with its sign settled, or the two that are possible.
+Rules signsOfOneColumn(const CVStatementTable& table, const CVStatementColumns& columns, const CVAmountRule& rule) {
+    const SignCount signs = signsOf(table, rule);
+    for (const int marker : columns.markers) {
+        const MarkerCount markers = markersOf(table, rule, marker);
+        const bool isUnsigned = signs.negative == 0 && signs.plus == 0;
+        if (isUnsigned || (markers.contradictions == 0 && markers.in + markers.out > 0))
+            return {withMarker(rule, marker)};
+        // A word that stands in every line alike says nothing about the sign.
+        if (markers.in > 0 && markers.out > 0)
+            return {withMarker(rule, marker), rule};
+    }
+    // CR alone makes what has none money out, DR alone money in.
+    if (signs.in > 0 || signs.out > 0)
+        return {withSign(rule, signs.out == 0)};
+    if (signs.all() == 0 || signs.plus == signs.all())
+        return {rule};
+    if (signs.negative == 0)
+        return {withSign(rule, true), rule};
+    const bool isMostlyPositive = signs.positive > 0 && signs.all() > 3 && 4 * signs.positive >= 3 * signs.all();
+    if (isMostlyPositive || (isOfCard(table) && signs.positive > signs.negative))
+        return {withSign(rule, true), rule};
+    return {rule};
+}
+
+/// The rules of one column, of those with a plain sign and without a guessed fee or marker, whose amounts differ.
+Rules differingColumns(const std::vector<TriedRule>& rules, const CVStatementColumns& columns, bool sign) {
+    Rules chosen;
+    std::vector<Amounts> seen;
+    for (const TriedRule& one : rules) {
+        const bool isPlain = one.rule.positiveIsOut == sign && (one.rule.marker < 0 || columns.isMarkerGiven) &&
+                             (one.rule.fee < 0 || columns.isFeeGiven);
+        if (one.rule.amount < 0 || !isPlain || std::find(seen.begin(), seen.end(), one.amounts) != seen.end())
+            continue;
+        seen.push_back(one.amounts);
+        chosen.push_back(one.rule);
+    }
+    return chosen;
+}
+
+std::vector<TriedRule> ofTwoColumns(const std::vector<TriedRule>& rules) {
+    std::vector<TriedRule> two;
+    std::copy_if(rules.begin(), rules.end(), std::back_inserter(two),
+                 [](const TriedRule& one) { return one.rule.amount < 0; });
+    return two;
+}
+
+/// Whether one of the two columns holds minus signs alone and the other one none: it is then money out.
+bool isProvenBySigns(const CVStatementTable& table, const CVAmountRule& rule) {
+    CVAmountRule out = rule;
+    out.amount = rule.moneyOut;
+    CVAmountRule in = rule;
+    in.amount = rule.moneyIn;
+    const SignCount outSigns = signsOf(table, out);
+    return outSigns.negative > 0 && outSigns.positive == 0 && signsOf(table, in).negative == 0;
+}
+
+std::size_t firstDifference(const CVStatementTable& table, const Rules& rules) {
+    for (const std::size_t row : table.likely) {
+        for (const CVAmountRule& rule : rules) {
+            if (CVAmountOfRow(table.rows[row], rule).hundredths !=
+                CVAmountOfRow(table.rows[row], rules.front()).hundredths)
+                return row;
+        }
+    }
+    return table.likely.empty() ? 0 : table.likely.front();
+}
+
+CVSettledAmounts settledWith(const CVStatementTable& table, const Rules& rules, About about) {
+    return {rules, about, firstDifference(table, rules)};
+}
+
+/// Two columns for money out and money in.
+CVSettledAmounts settleTwoColumns(const CVStatementTable& table, const std::vector<TriedRule>& two, bool isNamed) {
+    for (const TriedRule& one : two) {
+        if (!isNamed && isProvenBySigns(table, one.rule))
+            return {{one.rule}};
+    }
+    Rules rules;
+    std::vector<Amounts> seen;
+    for (const TriedRule& one : two) {
+        if (std::find(seen.begin(), seen.end(), one.amounts) == seen.end())
+            rules.push_back(one.rule);
+        seen.push_back(one.amounts);
+    }
+    return settledWith(table, rules, About::MoneyOutColumn);
+}
+
+/// The rule with the fee on top, where there is one that changes the amounts.
+std::optional<CVAmountRule> withFee(const CVStatementTable& table, const std::vector<TriedRule>& rules,
+                                    const CVAmountRule& rule) {
+    const Amounts amounts = tried(table, rule).amounts;
+    for (const TriedRule& one : rules) {
+        CVAmountRule without = one.rule;
+        without.fee = rule.fee;
+        if (one.rule.fee != rule.fee && without == rule && one.amounts != amounts)
+            return one.rule;
+    }
+    return std::nullopt;
+}
+
+CVSettledAmounts settleOneColumn(const CVStatementTable& table, const CVStatementColumns& columns,
+                                 const std::vector<TriedRule>& rules, const Rules& differing, bool isSignKnown) {
+    if (differing.size() > 1)
+        return settledWith(table, differing, About::AmountColumn);
+    const CVAmountRule rule = differing.empty() ? rules.front().rule : differing.front();
+    if (const auto fee = columns.isFeeGiven ? std::nullopt : withFee(table, rules, rule))
+        return settledWith(table, {*fee, rule}, About::FeeColumn);
+    if (isSignKnown || columns.isMarkerGiven)
+        return {{rule}};
+    return settledWith(table, signsOfOneColumn(table, columns, rule), About::Sign);
+}
+
+} // namespace
+
+CVSettledAmounts CVSettleAmounts(const CVStatementTable& table, const CVStatementColumns& columns, QChar mark,
+                                 std::optional<bool> positiveIsOut, const QString& outMarker) {
+    CVAmountRule known;
+    known.mark = mark;
+    known.positiveIsOut = positiveIsOut.value_or(false);
+    known.outMarker = outMarker;
+    std::vector<TriedRule> rules;
+    for (const CVAmountRule& rule : PossibleRules(columns, known, positiveIsOut.has_value()).rules())
+        rules.push_back(tried(table, rule));
+    keepReadable(rules);
+    if (rules.empty())
+        return {};
+    if (const auto proven = provenByBalance(table, columns, rules))
+        return {{*proven}};
+    if (columns.areAmountsNamed && !columns.balances.empty()) {
+        for (TriedRule& one : rules)
+            one.rule.balance = columns.balances.front();
+    }
+    const auto two = ofTwoColumns(rules);
+    const Rules differing = differingColumns(rules, columns, known.positiveIsOut);
+    // Where one column holds what two others hold as well, the one is enough.
+    const bool isSame = !differing.empty() && std::any_of(two.begin(), two.end(), [&](const TriedRule& one) {
+        return one.amounts == tried(table, differing.front()).amounts;
+    });
+    if (isSame)
+        return {{differing.front()}};
+    if (!two.empty() && differing.empty())
+        return settleTwoColumns(table, two, columns.areAmountsNamed);
+    if (!two.empty() && columns.areAmountsNamed) {
+        Rules all = differing;
+        all.push_back(two.front().rule);
+        return settledWith(table, all, About::AmountColumn);
+    }
+    return settleOneColumn(table, columns, rules, differing, positiveIsOut.has_value());
+}

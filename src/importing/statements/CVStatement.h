@@ -1,0 +1,31 @@
+#pragma once
+
+#include "importing/statements/CVStatementLine.h"
+#include "importing/statements/CVStatementMapping.h"
+#include "importing/statements/CVStatementQuestion.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+/// What is read of a file that a bank hands out.
+struct CVStatement {
+    /// Why nothing can be read, one sentence; empty otherwise.
+    QString problem = {};
+    /// Complete where there is neither a problem nor a question.
+    CVStatementMapping mapping = {};
+    /// To be answered before anything is imported.
+    std::vector<CVStatementQuestion> questions = {};
+    /// As read with the mapping; where there are questions, with the first answer of each.
+    std::vector<CVStatementLine> lines = {};
+    /// Of the header; empty without one.
+    QStringList headings = {};
+    /// One line: "Semicolons, Windows-1252, 148 lines, 12 March to 9 April"
+    QString summary = {};
+    /// What the balance column says against the sums; empty when they agree or there is none.
+    QString balanceRemark = {};
+    /// By which a mapping is remembered; empty without a header.
+    QByteArray headerDigest = {};
+};

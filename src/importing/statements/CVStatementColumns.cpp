@@ -1,0 +1,258 @@
+#include "importing/statements/CVStatementColumns.h"
+
+#include "importing/statements/CVHeadingWords.h"
+#include "importing/statements/CVStatementAmount.h"
+#include "importing/statements/CVStatementDay.h"
+#include "importing/statements/CVStatementWords.h"
+
+#include <QSet>
+
+#include <algorithm>
+#include <functional>
+
+namespace {
+
+constexpr std::size_t kMostLinesForColumns = 1000;
+
+/// How many cells of a column are what.
+struct ColumnContents {
+    int filled = 0;
+    int days = 0;
+    /// Also those without separators.
+    int columnDays = 0;
+    int amounts = 0;
+    /// Amounts with decimals, a sign or a currency, which numbers of accounts and cheques are not.
+    int plainlyAmounts = 0;
+    int markers = 0;
+    int currencies = 0;
+    int words = 0;
+    QSet<QString> distinct = {};
+
+    [[nodiscard]] bool isMostly(int count) const { return filled > 0 && 2 * count > filled; }
+    [[nodiscard]] bool isAlways(int count) const { return filled > 0 && count == filled; }
+};
+
+bool isPlainlyAmount(const QString& cell) {
+    return cell == u"0" ||
+           std::any_of(cell.begin(), cell.end(), [](QChar c) { return !c.isDigit() && !c.isLetter() && !c.isSpace(); });
+}
+
+void count(const QString& cell, ColumnContents& contents) {
+    constexpr qsizetype kMostDistinct = 3;
+    if (cell.isEmpty())
+        return;
+    ++contents.filled;
+    const bool isDay = CVReadStatementDay(cell).has_value();
+    const bool isAmount = !isDay && CVMarkEvidenceOf(cell).isAmount();
+    contents.days += isDay ? 1 : 0;
+    contents.columnDays += isDay || CVReadDayOfColumn(cell) ? 1 : 0;
+    contents.amounts += isAmount ? 1 : 0;
+    contents.plainlyAmounts += isAmount && isPlainlyAmount(cell) ? 1 : 0;
+    contents.markers += CVMarkerOf(cell) != 0 ? 1 : 0;
+    contents.currencies += CVIsCurrencyName(cell) ? 1 : 0;
+    contents.words += std::any_of(cell.begin(), cell.end(), [](QChar c) { return c.isLetter(); }) ? 1 : 0;
+    if (contents.distinct.size() < kMostDistinct)
+        contents.distinct.insert(cell);
+}
+
+std::vector<ColumnContents> contentsOf(const CVStatementTable& table) {
+    std::vector<ColumnContents> contents(static_cast<std::size_t>(table.columns));
+    const std::size_t lines = std::min(table.likely.size(), kMostLinesForColumns);
+    for (std::size_t line = 0; line < lines; ++line) {
+        const CVStatementRow& row = table.rows[table.likely[line]];
+        for (int column = 0; column < table.columns; ++column)
+            count(CVStatementTable::cell(row, column), contents[static_cast<std::size_t>(column)]);
+    }
+    return contents;
+}
+
+bool isAmountRole(CVColumnRole role) {
+    return role == CVColumnRole::Amount || role == CVColumnRole::MoneyIn || role == CVColumnRole::MoneyOut ||
+           role == CVColumnRole::Balance || role == CVColumnRole::Fee;
+}
+
+/// What the heading says where the contents agree, else what the contents say; Guessed when neither tells.
+CVHeading checkedHeading(CVHeading heading, const ColumnContents& contents, bool hasLines) {
+    const bool isEmpty = contents.filled == 0;
+    if (!hasLines)
+        return heading;
+    if (contents.isAlways(contents.markers) &&
+        (heading.role == CVColumnRole::Guessed || !contents.isMostly(contents.amounts)) &&
+        heading.role != CVColumnRole::Currency && !isAmountRole(heading.role))
+        return {CVColumnRole::Marker, 0};
+    switch (heading.role) {
+    case CVColumnRole::Day:
+    case CVColumnRole::OtherDay:
+        if (contents.isMostly(contents.columnDays))
+            return heading;
+        return {contents.isMostly(contents.currencies) ? CVColumnRole::Currency : CVColumnRole::Ignored, 0};
+    case CVColumnRole::Amount:
+    case CVColumnRole::Balance:
+    case CVColumnRole::Fee:
+        return {contents.isMostly(contents.amounts) ? heading.role : CVColumnRole::Ignored, heading.rank};
+    case CVColumnRole::MoneyIn:
+    case CVColumnRole::MoneyOut:
+        return {isEmpty || contents.isMostly(contents.amounts) ? heading.role : CVColumnRole::Ignored, heading.rank};
+    default:
+        return heading;
+    }
+}
+
+/// How many columns hold what their headings say when the headings are moved to the right by `shift`.
+int fitOfShift(const std::vector<CVHeading>& headings, const std::vector<ColumnContents>& contents, int shift) {
+    int fit = 0;
+    for (int column = 0; column < static_cast<int>(contents.size()); ++column) {
+        const int of = column - shift;
+        if (of < 0 || of >= static_cast<int>(headings.size()))
+            continue;
+        const auto& here = contents[static_cast<std::size_t>(column)];
+        const CVColumnRole role = headings[static_cast<std::size_t>(of)].role;
+        if (role == CVColumnRole::Day && here.filled > 0)
+            fit += here.isMostly(here.columnDays) ? 2 : -2;
+        if (role == CVColumnRole::Amount && here.filled > 0)
+            fit += here.isMostly(here.amounts) ? 2 : -2;
+    }
+    return fit;
+}
+
+/// The headings of the columns; moved by one where they are out of step with their rows.
+std::vector<CVHeading> headingsInStep(const CVStatementTable& table, const std::vector<ColumnContents>& contents) {
+    std::vector<CVHeading> named;
+    for (const QString& text : table.headings)
+        named.push_back(CVHeadingOf(text));
+    int shift = 0;
+    for (const int other : {1, -1}) {
+        if (fitOfShift(named, contents, other) > std::max(0, fitOfShift(named, contents, shift)) &&
+            fitOfShift(named, contents, 0) <= 0)
+            shift = other;
+    }
+    std::vector<CVHeading> headings(contents.size());
+    for (int column = 0; column < static_cast<int>(headings.size()); ++column) {
+        const int of = column - shift;
+        if (of >= 0 && of < static_cast<int>(named.size()))
+            headings[static_cast<std::size_t>(column)] = named[static_cast<std::size_t>(of)];
+    }
+    return headings;
+}
+
+/// What a column without a heading that is known says, by its contents alone.
+CVColumnRole roleByContents(const ColumnContents& contents, bool hasHeader) {
+    if (contents.isMostly(contents.days))
+        return CVColumnRole::OtherDay;
+    if (contents.isAlways(contents.currencies))
+        return CVColumnRole::Currency;
+    if (contents.isMostly(contents.words) && (contents.distinct.size() > 1 || contents.filled == 1) && !hasHeader)
+        return CVColumnRole::Purpose;
+    return CVColumnRole::Ignored;
+}
+
+std::vector<int>* listOf(CVStatementColumns& columns, CVColumnRole role) {
+    switch (role) {
+    case CVColumnRole::Day:
+        return &columns.days;
+    case CVColumnRole::Amount:
+        return &columns.amounts;
+    case CVColumnRole::MoneyIn:
+        return &columns.moneyIn;
+    case CVColumnRole::MoneyOut:
+        return &columns.moneyOut;
+    case CVColumnRole::Balance:
+        return &columns.balances;
+    case CVColumnRole::Fee:
+        return &columns.fees;
+    case CVColumnRole::Marker:
+        return &columns.markers;
+    default:
+        return nullptr;
+    }
+}
+
+/// Keeps of the columns those of the lowest rank.
+void keepLikeliest(std::vector<int>& columns, const std::vector<CVHeading>& headings) {
+    const auto rankOf = [&](int column) { return headings[static_cast<std::size_t>(column)].rank; };
+    if (columns.empty())
+        return;
+    const auto best =
+        std::min_element(columns.begin(), columns.end(), [&](int a, int b) { return rankOf(a) < rankOf(b); });
+    const int rank = rankOf(*best);
+    std::erase_if(columns, [&](int column) { return rankOf(column) > rank; });
+}
+
+/// Takes the numbers without a known heading for the amounts, when no heading names these.
+void guessAmounts(CVStatementColumns& columns, const std::vector<CVHeading>& headings,
+                  const std::vector<ColumnContents>& contents) {
+    std::vector<int> plain;
+    std::vector<int> numbers;
+    for (int column = 0; column < static_cast<int>(contents.size()); ++column) {
+        const auto& here = contents[static_cast<std::size_t>(column)];
+        if (headings[static_cast<std::size_t>(column)].role != CVColumnRole::Guessed || !here.isMostly(here.amounts) ||
+            here.isMostly(here.days))
+            continue;
+        numbers.push_back(column);
+        if (here.isMostly(here.plainlyAmounts))
+            plain.push_back(column);
+    }
+    columns.amounts = plain.empty() ? numbers : plain;
+    if (columns.balances.empty())
+        columns.balances = columns.amounts;
+}
+
+/// Puts the days into the order in which they are likely the booking day; the others help to settle their order.
+void chooseDay(CVStatementColumns& columns, const std::vector<CVHeading>& headings,
+               const std::vector<ColumnContents>& contents) {
+    const auto filled = [&](int column) { return contents[static_cast<std::size_t>(column)].filled; };
+    if (columns.days.empty()) {
+        for (int column = 0; column < static_cast<int>(columns.roles.size()); ++column) {
+            if (columns.roles[static_cast<std::size_t>(column)] == CVColumnRole::OtherDay)
+                columns.days.push_back(column);
+        }
+    }
+    std::stable_sort(columns.days.begin(), columns.days.end(), [&](int a, int b) {
+        const int rankA = headings[static_cast<std::size_t>(a)].rank;
+        const int rankB = headings[static_cast<std::size_t>(b)].rank;
+        return rankA != rankB ? rankA < rankB : filled(a) > filled(b);
+    });
+    for (const int column : columns.days)
+        columns.roles[static_cast<std::size_t>(column)] = CVColumnRole::OtherDay;
+}
+
+} // namespace
+
+CVStatementColumns CVGuessColumns(const CVStatementTable& table, const std::vector<CVColumnRole>& known) {
+    const auto contents = contentsOf(table);
+    auto headings = headingsInStep(table, contents);
+    CVStatementColumns columns;
+    columns.roles.assign(contents.size(), CVColumnRole::Ignored);
+    bool isAmountGiven = false;
+    for (std::size_t column = 0; column < contents.size(); ++column) {
+        const bool isKnown = column < known.size() && known[column] != CVColumnRole::Guessed;
+        // A given role is likelier than any heading.
+        headings[column] = isKnown ? CVHeading{known[column], -1}
+                                   : checkedHeading(headings[column], contents[column], !table.likely.empty());
+        const CVColumnRole role = headings[column].role;
+        columns.isMarkerGiven = columns.isMarkerGiven || (isKnown && role == CVColumnRole::Marker);
+        columns.isFeeGiven = columns.isFeeGiven || (isKnown && role == CVColumnRole::Fee);
+        isAmountGiven = isAmountGiven || (isKnown && (role == CVColumnRole::Amount || role == CVColumnRole::MoneyIn ||
+                                                      role == CVColumnRole::MoneyOut));
+        if (auto* const list = listOf(columns, role))
+            list->push_back(static_cast<int>(column));
+        else
+            columns.roles[column] =
+                role == CVColumnRole::Guessed ? roleByContents(contents[column], !table.headings.isEmpty()) : role;
+    }
+    const auto isNoGuess = [&](int column) { return headings[static_cast<std::size_t>(column)].rank < 0; };
+    if (isAmountGiven) {
+        for (auto* const list : {&columns.amounts, &columns.moneyIn, &columns.moneyOut})
+            std::erase_if(*list, std::not_fn(isNoGuess));
+    }
+    if (columns.isMarkerGiven)
+        std::erase_if(columns.markers, std::not_fn(isNoGuess));
+    if (columns.isFeeGiven)
+        std::erase_if(columns.fees, std::not_fn(isNoGuess));
+    keepLikeliest(columns.amounts, headings);
+    columns.areAmountsNamed = !columns.amounts.empty() || !columns.moneyIn.empty() || !columns.moneyOut.empty();
+    if (!columns.areAmountsNamed)
+        guessAmounts(columns, headings, contents);
+    chooseDay(columns, headings, contents);
+    return columns;
+}

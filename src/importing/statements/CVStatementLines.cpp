@@ -1,0 +1,240 @@
+#include "importing/statements/CVStatementLines.h"
+
+#include "importing/statements/CVHeadingWords.h"
+#include "importing/statements/CVStatementAmount.h"
+#include "importing/statements/CVStatementDay.h"
+#include "importing/statements/CVStatementWords.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+namespace {
+
+struct StatementLinesText {
+    Q_DECLARE_TR_FUNCTIONS(CVStatementLines)
+};
+
+class LineReader {
+public:
+    LineReader(const CVStatementTable& table, const CVLineRule& rule) : mTable(table), mRule(rule) {
+        for (std::size_t column = 0; column < rule.roles.size(); ++column) {
+            const QString heading = table.headings.value(static_cast<qsizetype>(column));
+            const QString plain = CVPlainWords(heading);
+            if (plain.contains(u"status") || plain == u"state")
+                mStatusColumns.push_back(static_cast<int>(column));
+        }
+    }
+
+    void read(const CVStatementRow& row, std::vector<CVStatementLine>& lines) {
+        if (row.isBlank() || mTable.repeatsHeader(row)) {
+            mMayGoOn = false;
+            return;
+        }
+        const QString dayText = textOf(row, mRule.day);
+        const auto day = dayOf(row);
+        const CVRuledAmount amount = CVAmountOfRow(row, mRule.amounts);
+        if (!day && !amount.hundredths && amount.isEmpty) {
+            goOn(row, lines);
+            return;
+        }
+        if (isNoLine(row, day.has_value(), amount))
+            return;
+        CVStatementLine line = withTexts(row, amount.hundredths.value_or(0) > 0);
+        line.day = day;
+        line.hundredths = amount.hundredths;
+        line.unreadable = faultOf(row, dayText, day, amount);
+        lines.push_back(line);
+        mMayGoOn = true;
+    }
+
+private:
+    [[nodiscard]] static QString textOf(const CVStatementRow& row, int column) {
+        return CVStatementTable::cell(row, column);
+    }
+
+    /// The booking day; where that is still empty, another day of the line.
+    std::optional<QBDate> dayOf(const CVStatementRow& row) {
+        const QString text = textOf(row, mRule.day);
+        auto day = dayOfText(text);
+        for (int column = 0; !day && text.isEmpty() && column < static_cast<int>(mRule.roles.size()); ++column) {
+            if (mRule.roles[static_cast<std::size_t>(column)] == CVColumnRole::OtherDay)
+                day = dayOfText(textOf(row, column));
+        }
+        return day;
+    }
+
+    std::optional<QBDate> dayOfText(const QString& text) {
+        const auto fields = text.isEmpty() ? std::nullopt : CVReadDayOfColumn(text);
+        if (!fields)
+            return std::nullopt;
+        if (fields->hasYear())
+            return fields->in(mRule.order);
+        return fields->in(mRule.order, yearBeside(*fields));
+    }
+
+    /// The year of a day without one: neighbouring lines are less than half a year apart.
+    std::optional<int> yearBeside(const CVStatementDay& fields) {
+        constexpr int kHalfAYear = 6;
+        const auto day = fields.in(mRule.order);
+        if (!day || !mRule.year)
+            return mRule.year;
+        if (mLastMonth > 0 && day->monthOfYear() - mLastMonth > kHalfAYear)
+            --mYearsOn;
+        else if (mLastMonth > 0 && mLastMonth - day->monthOfYear() > kHalfAYear)
+            ++mYearsOn;
+        mLastMonth = day->monthOfYear();
+        return *mRule.year + mYearsOn;
+    }
+
+    /// Whether a row with a day or an amount is a balance or a sum.
+    [[nodiscard]] bool isNoLine(const CVStatementRow& row, bool hasDay, const CVRuledAmount& amount) const {
+        bool hasText = false;
+        for (int column = 0; column < static_cast<int>(row.cells.size()); ++column) {
+            const QString& cell = row.cells.at(column);
+            if (cell.isEmpty() || column == mRule.amounts.balance)
+                continue;
+            if (CVNamesBalanceRow(cell) || (!hasDay && CVNamesSumRow(cell)))
+                return true;
+            const bool isWord = std::any_of(cell.begin(), cell.end(), [](QChar c) { return c.isLetter(); });
+            hasText = hasText || (isWord && !CVIsCurrencyName(cell) && !CVMarkEvidenceOf(cell).isAmount());
+        }
+        const bool hasBalance = !textOf(row, mRule.amounts.balance).isEmpty();
+        if (amount.isEmpty)
+            return hasBalance || !hasText;
+        return !hasDay && textOf(row, mRule.day).isEmpty() && (!hasText || row.cells.size() < 2);
+    }
+
+    [[nodiscard]] QString faultOf(const CVStatementRow& row, const QString& dayText, const std::optional<QBDate>& day,
+                                  const CVRuledAmount& amount) const {
+        if (const QString cells = faultOfCells(row); !cells.isEmpty())
+            return cells;
+        for (const int column : mStatusColumns) {
+            if (CVNamesFailure(textOf(row, column)))
+                return StatementLinesText::tr("The bank did not carry it out: “%1”.").arg(textOf(row, column));
+        }
+        if (!day && dayText.isEmpty())
+            return StatementLinesText::tr("There is no day.");
+        if (!day)
+            return StatementLinesText::tr("“%1” is no day.").arg(dayText);
+        return amount.hundredths ? QString() : amount.why;
+    }
+
+    /// Why the cells of a row with too many or too few stand in wrong columns.
+    [[nodiscard]] QString faultOfCells(const CVStatementRow& row) const {
+        if (row.cells.size() == mTable.columns)
+            return {};
+        for (int column = 0; column < static_cast<int>(mRule.roles.size()); ++column) {
+            const QString cell = textOf(row, column);
+            const CVColumnRole role = mRule.roles[static_cast<std::size_t>(column)];
+            const bool isWrong =
+                !cell.isEmpty() && ((role == CVColumnRole::Balance && !CVMarkEvidenceOf(cell).isAmount()) ||
+                                    (role == CVColumnRole::OtherDay && !CVReadDayOfColumn(cell)) ||
+                                    (role == CVColumnRole::Currency && CVMarkEvidenceOf(cell).isAmount()));
+            if (isWrong)
+                return StatementLinesText::tr("It has %1 columns in place of %2.")
+                    .arg(row.cells.size())
+                    .arg(mTable.columns);
+        }
+        return {};
+    }
+
+    /// The texts of a row, without its day and its amount.
+    [[nodiscard]] CVStatementLine withTexts(const CVStatementRow& row, bool isIn) const {
+        CVStatementLine line{.number = row.line, .cells = row.cells};
+        QString payer;
+        for (int column = 0; column < static_cast<int>(mRule.roles.size()); ++column) {
+            const QString cell = textOf(row, column);
+            if (cell.isEmpty())
+                continue;
+            switch (mRule.roles[static_cast<std::size_t>(column)]) {
+            case CVColumnRole::Payee:
+                line.payee = line.payee.isEmpty() ? cell : line.payee;
+                break;
+            case CVColumnRole::Payer:
+                payer = payer.isEmpty() ? cell : payer;
+                break;
+            case CVColumnRole::Purpose:
+                addText(line.purpose, cell);
+                break;
+            case CVColumnRole::Category:
+                line.category = line.category.isEmpty() ? cell : line.category;
+                break;
+            case CVColumnRole::BankID:
+                line.bankID = line.bankID.isEmpty() ? cell : line.bankID;
+                break;
+            default:
+                break;
+            }
+        }
+        if (!payer.isEmpty() && (isIn || line.payee.isEmpty()))
+            line.payee = payer;
+        line.payee = line.payee.simplified();
+        return line;
+    }
+
+    static void addText(QString& text, const QString& more) {
+        const QString plain = more.simplified();
+        if (!text.contains(plain))
+            text += text.isEmpty() ? plain : QString(u' ' + plain);
+    }
+
+    /// Takes a row of text alone for the rest of the line above.
+    void goOn(const CVStatementRow& row, std::vector<CVStatementLine>& lines) const {
+        if (!mMayGoOn || lines.empty())
+            return;
+        QStringList texts;
+        for (int column = 0; column < static_cast<int>(row.cells.size()); ++column) {
+            const QString& cell = row.cells.at(column);
+            if (cell.isEmpty())
+                continue;
+            const auto at = static_cast<std::size_t>(column);
+            const CVColumnRole role = at < mRule.roles.size() ? mRule.roles[at] : CVColumnRole::Ignored;
+            if (role != CVColumnRole::Purpose && role != CVColumnRole::Payee)
+                return;
+            texts.append(cell);
+        }
+        for (const QString& text : std::as_const(texts))
+            addText(lines.back().purpose, text);
+    }
+
+    const CVStatementTable& mTable;
+    const CVLineRule& mRule;
+    std::vector<int> mStatusColumns = {};
+    int mLastMonth = 0;
+    int mYearsOn = 0;
+    /// Whether the row above is a line, which may go on.
+    bool mMayGoOn = false;
+};
+
+/// A row of another table that follows: what its columns say is not known.
+void addForeignRow(const CVStatementRow& row, std::vector<CVStatementLine>& lines) {
+    const bool hasDay = std::any_of(row.cells.begin(), row.cells.end(),
+                                    [](const QString& cell) { return CVReadStatementDay(cell).has_value(); });
+    if (!hasDay)
+        return;
+    CVStatementLine line{.number = row.line, .cells = row.cells};
+    line.unreadable = StatementLinesText::tr("It belongs to another table, whose columns are others.");
+    lines.push_back(line);
+}
+
+} // namespace
+
+std::vector<CVStatementLine> CVReadStatementLines(const CVStatementTable& table, const CVLineRule& rule,
+                                                  const CVStopRequested& stop) {
+    constexpr std::size_t kBetweenQuestions = 64;
+    constexpr int kWhole = 1000;
+    std::vector<CVStatementLine> lines;
+    LineReader reader(table, rule);
+    for (std::size_t at = table.first; at < table.rows.size(); ++at) {
+        if (at < table.end)
+            reader.read(table.rows[at], lines);
+        else
+            addForeignRow(table.rows[at], lines);
+        if (stop && at % kBetweenQuestions == 0 && stop(static_cast<int>(at * kWhole / table.rows.size())))
+            break;
+    }
+    return lines;
+}

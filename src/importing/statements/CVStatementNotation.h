@@ -1,0 +1,32 @@
+#pragma once
+
+#include "importing/statements/CVStatementColumns.h"
+#include "importing/statements/CVStatementTable.h"
+
+#include <optional>
+#include <vector>
+
+/// The decimal mark, as all amounts together tell it.
+struct CVSettledMark {
+    QChar mark = u'.';
+    bool isSettled = true;
+    /// Where it is not: the row and the text that could be either.
+    std::size_t row = 0;
+    QString text = {};
+};
+[[nodiscard]] CVSettledMark CVSettleDecimalMark(const CVStatementTable& table, const CVStatementColumns& columns);
+
+/// The order of day, month and year, as all days together tell it.
+struct CVSettledDays {
+    /// The likeliest first; one where it is settled.
+    std::vector<CVDayOrder> orders = {CVDayOrder::DayMonthYear};
+    /// The row and the text of a day that is another one in another order.
+    std::size_t row = 0;
+    QString text = {};
+    bool hasYears = true;
+    /// Of days without one, where the rows above the header name one.
+    std::optional<int> year = std::nullopt;
+
+    [[nodiscard]] bool isSettled() const { return orders.size() == 1; }
+};
+[[nodiscard]] CVSettledDays CVSettleDays(const CVStatementTable& table, const CVStatementColumns& columns);

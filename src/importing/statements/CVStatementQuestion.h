@@ -1,0 +1,25 @@
+#pragma once
+
+#include "importing/statements/CVStatementMapping.h"
+
+#include <QString>
+
+#include <vector>
+
+/// What a statement does not settle.
+struct CVStatementQuestion {
+    enum class About { DayOrder, DecimalMark, Sign, Year, DayColumn, AmountColumn, MoneyOutColumn, FeeColumn };
+    struct Answer {
+        QString label;
+        /// The mapping that was asked for, with this answer.
+        CVStatementMapping with;
+        /// As the command line takes it: "--date-order dmy".
+        QString option;
+    };
+
+    About about;
+    /// In the statement's own words: "Is 03/04/2024 in line 2 the 3rd of April or the 4th of March?"
+    QString text;
+    /// The most likely one is the first.
+    std::vector<Answer> answers;
+};
