@@ -1,0 +1,147 @@
+#include "importing/CVFindRecorded.h"
+
+#include "importing/CVPayeeKey.h"
+#include "importing/CVRecordedLines.h"
+
+#include <QHash>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kMostDaysApart = 4;
+/// Of many transactions of one day with the same amount, so many are looked at for the payee.
+constexpr std::size_t kMostLooks = 1000;
+
+enum class PayeeMatch { Same, Like, Other };
+
+/// What a line and a transaction must have in common but for the day's distance.
+struct RecordedPlace {
+    quint32 set;
+    qint64 hundredths;
+    QBDate day;
+
+    friend bool operator==(const RecordedPlace&, const RecordedPlace&) = default;
+};
+
+size_t qHash(const RecordedPlace& place, size_t seed = 0) {
+    return qHashMulti(seed, place.set, place.hundredths, place.day.yearOfCommonEra(), place.day.monthOfYear(),
+                      place.day.dayOfMonth());
+}
+
+/// The matching of one statement.
+class RecordedSearch final {
+public:
+    RecordedSearch(const std::vector<CVSoughtLine>& lines, const CVRecordedLines& recorded);
+
+    [[nodiscard]] std::vector<CVFoundLine> find();
+
+private:
+    /// Places of recorded lines.
+    using Places = std::vector<std::size_t>;
+
+    void collect();
+    void match(PayeeMatch match, bool certainOnly);
+    [[nodiscard]] std::optional<std::size_t> transactionFor(std::size_t line, int daysAway, PayeeMatch match);
+    [[nodiscard]] Places::iterator likest(const CVPayeeKey& key, Places::iterator begin, Places::iterator end);
+    [[nodiscard]] const CVPayeeKey& keyOf(const QString& payee);
+
+    const std::vector<CVSoughtLine>& mLines;
+    const std::vector<CVRecordedLine>& mRecorded;
+    std::vector<CVFoundLine> mFound;
+    /// The transactions that no line has yet, by what they must have in common with one; in the budget's order.
+    QHash<RecordedPlace, Places> mFree;
+    QHash<QString, CVPayeeKey> mKeys;
+};
+
+RecordedSearch::RecordedSearch(const std::vector<CVSoughtLine>& lines, const CVRecordedLines& recorded)
+    : mLines(lines)
+    , mRecorded(recorded.lines())
+    , mFound(lines.size()) {
+    collect();
+}
+
+/// Only what some line may be, because a budget has many more transactions than a statement has lines.
+void RecordedSearch::collect() {
+    for (const CVSoughtLine& line : mLines) {
+        for (int away = -kMostDaysApart; line.day && away <= kMostDaysApart; ++away)
+            mFree[{line.set, line.hundredths, line.day->dateByAddingYears(0, 0, away)}];
+    }
+    if (mFree.isEmpty())
+        return;
+    for (std::size_t at = 0; at < mRecorded.size(); ++at) {
+        const CVRecordedLine& line = mRecorded[at];
+        if (!line.day || !line.hundredths)
+            continue;
+        if (const auto place = mFree.find({line.set, *line.hundredths, *line.day}); place != mFree.end())
+            place->push_back(at);
+    }
+}
+
+std::vector<CVFoundLine> RecordedSearch::find() {
+    // What is certain takes its transaction before a line that only looks like it.
+    for (const bool certainOnly : {true, false}) {
+        for (const PayeeMatch each : {PayeeMatch::Same, PayeeMatch::Like, PayeeMatch::Other})
+            match(each, certainOnly);
+    }
+    return std::move(mFound);
+}
+
+void RecordedSearch::match(PayeeMatch match, bool certainOnly) {
+    for (int apart = 0; apart <= kMostDaysApart; ++apart) {
+        for (std::size_t at = 0; at < mLines.size(); ++at) {
+            if (mFound[at].recorded || !mLines[at].day || (certainOnly && !mLines[at].isCertain))
+                continue;
+            // A bank books later rather than earlier than somebody records.
+            mFound[at].recorded = transactionFor(at, -apart, match);
+            if (!mFound[at].recorded && apart > 0)
+                mFound[at].recorded = transactionFor(at, apart, match);
+            mFound[at].hasSamePayee = mFound[at].recorded && match != PayeeMatch::Other;
+        }
+    }
+}
+
+std::optional<std::size_t> RecordedSearch::transactionFor(std::size_t line, int daysAway, PayeeMatch match) {
+    const CVSoughtLine& sought = mLines[line];
+    const auto place = mFree.find({sought.set, sought.hundredths, sought.day->dateByAddingYears(0, 0, daysAway)});
+    if (place == mFree.end() || place->empty())
+        return std::nullopt;
+    const CVPayeeKey key = keyOf(sought.payee);
+    const auto end = place->begin() + static_cast<std::ptrdiff_t>(std::min(place->size(), kMostLooks));
+    auto found = place->begin();
+    if (match == PayeeMatch::Same)
+        found = std::find_if(place->begin(), end, [&](std::size_t at) {
+            return mRecorded[at].payee == sought.payee || (!key.isEmpty() && keyOf(mRecorded[at].payee) == key);
+        });
+    else if (match == PayeeMatch::Like)
+        found = likest(key, place->begin(), end);
+    if (found == end)
+        return std::nullopt;
+    const std::size_t taken = *found;
+    place->erase(found);
+    return taken;
+}
+
+auto RecordedSearch::likest(const CVPayeeKey& key, Places::iterator begin, Places::iterator end) -> Places::iterator {
+    auto best = end;
+    double likeness = 0;
+    for (auto at = begin; at != end; ++at) {
+        const double likenessHere = key.likeness(keyOf(mRecorded[*at].payee));
+        if (likenessHere >= CVPayeeKey::kLikely && likenessHere > likeness) {
+            best = at;
+            likeness = likenessHere;
+        }
+    }
+    return best;
+}
+
+const CVPayeeKey& RecordedSearch::keyOf(const QString& payee) {
+    const auto known = mKeys.constFind(payee);
+    return known == mKeys.constEnd() ? *mKeys.insert(payee, CVPayeeKey(payee)) : *known;
+}
+
+} // namespace
+
+std::vector<CVFoundLine> CVFindRecorded(const std::vector<CVSoughtLine>& lines, const CVRecordedLines& recorded) {
+    return RecordedSearch(lines, recorded).find();
+}

@@ -1,0 +1,131 @@
+#include "importing/CVFindRecorded.h"
+
+#include "importing/CVRecordedLines.h"
+#include "kit/BudgetBuilder.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+namespace {
+
+struct RecordedEntry {
+    int dayOfMonth;
+    double amount;
+    const char* payee;
+    quint32 set = 1;
+};
+
+struct SoughtEntry {
+    int dayOfMonth;
+    qint64 hundredths;
+    const char* payee;
+    bool isCertain = false;
+};
+
+/// What is expected for a line: the place of the transaction among those of the row, or -1.
+struct ExpectedLine {
+    int recorded;
+    bool hasSamePayee = false;
+};
+
+struct FindRow {
+    const char* behaviour;
+    std::vector<RecordedEntry> recorded;
+    std::vector<SoughtEntry> lines;
+    std::vector<ExpectedLine> found;
+};
+
+void PrintTo(const FindRow& row, std::ostream* out) {
+    *out << row.behaviour;
+}
+
+class CVFindRecordedTest : public testing::TestWithParam<FindRow> {};
+
+TEST_P(CVFindRecordedTest, Finds) {
+    BudgetBuilder budget;
+    budget.set("Checking", 1).set("Cash", 2).currentSet(1);
+    for (const RecordedEntry& entry : GetParam().recorded)
+        budget.transaction(
+            {.date = day(2026, 3, entry.dayOfMonth), .amount = entry.amount, .payTo = entry.payee, .setID = entry.set});
+    const CVRecordedLines recorded(budget.document());
+    std::vector<CVSoughtLine> lines;
+    for (const SoughtEntry& entry : GetParam().lines)
+        lines.push_back({day(2026, 3, entry.dayOfMonth), entry.hundredths, entry.payee, 1, entry.isCertain});
+    const auto found = CVFindRecorded(lines, recorded);
+    ASSERT_EQ(found.size(), GetParam().found.size());
+    for (std::size_t at = 0; at < found.size(); ++at) {
+        const auto& [place, hasSamePayee] = GetParam().found[at];
+        EXPECT_EQ(found[at].recorded ? static_cast<int>(*found[at].recorded) : -1, place) << at;
+        EXPECT_EQ(found[at].hasSamePayee, hasSamePayee) << at;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, CVFindRecordedTest,
+    testing::Values(
+        FindRow{"the same payee of the same day", {{10, 12.5, "Market"}}, {{10, 1250, "Market"}}, {{0, true}}},
+        FindRow{"another spelling of the payee", {{10, 12.5, "Market"}}, {{10, 1250, "MARKET 4711"}}, {{0, true}}},
+        FindRow{"a payee that is like",
+                {{10, 12.5, "Green Valley Foods"}},
+                {{10, 1250, "GREEN VALLEY FOODS SPRINGFIELD"}},
+                {{0, true}}},
+        FindRow{"another payee", {{10, 12.5, "Market"}}, {{10, 1250, "Salon"}}, {{0, false}}},
+        FindRow{"a payee that was left empty", {{10, 12.5, ""}}, {{10, 1250, "Salon"}}, {{0, false}}},
+        FindRow{"none of another amount", {{10, 12.5, "Market"}}, {{10, 1251, "Market"}}, {{-1}}},
+        FindRow{"none of the other sign", {{10, 12.5, "Market"}}, {{10, -1250, "Market"}}, {{-1}}},
+        FindRow{"none of another set", {{10, 12.5, "Market", 2}}, {{10, 1250, "Market"}}, {{-1}}},
+        FindRow{"one four days before", {{6, 12.5, "Market"}}, {{10, 1250, "Market"}}, {{0, true}}},
+        FindRow{"one four days behind", {{14, 12.5, "Market"}}, {{10, 1250, "Market"}}, {{0, true}}},
+        FindRow{"none five days before", {{5, 12.5, "Market"}}, {{10, 1250, "Market"}}, {{-1}}},
+        FindRow{"none five days behind", {{15, 12.5, "Market"}}, {{10, 1250, "Market"}}, {{-1}}},
+        FindRow{"each transaction once",
+                {{10, 12.5, "Market"}},
+                {{10, 1250, "Market"}, {10, 1250, "Market"}},
+                {{0, true}, {-1}}},
+        FindRow{"that of the same day before one of another",
+                {{9, 12.5, "Market"}, {10, 12.5, "Market"}},
+                {{10, 1250, "Market"}, {9, 1250, "Market"}},
+                {{1, true}, {0, true}}},
+        FindRow{"for a later line of the same day before an earlier one of another day",
+                {{10, 12.5, "Market"}},
+                {{9, 1250, "Market"}, {10, 1250, "Market"}},
+                {{-1}, {0, true}}},
+        FindRow{
+            "the nearer of two days", {{12, 12.5, "Market"}, {9, 12.5, "Market"}}, {{10, 1250, "Market"}}, {{1, true}}},
+        FindRow{"the earlier of two days as near",
+                {{11, 12.5, "Market"}, {9, 12.5, "Market"}},
+                {{10, 1250, "Market"}},
+                {{1, true}}},
+        FindRow{"the same payee of another day before another payee of the day",
+                {{10, 12.5, "Salon"}, {8, 12.5, "Market"}},
+                {{10, 1250, "Market"}},
+                {{1, true}}},
+        FindRow{"the same payee before one that is like",
+                {{10, 12.5, "Green Valley Foods Lake"}, {9, 12.5, "Green Valley Foods"}},
+                {{10, 1250, "GREEN VALLEY FOODS"}},
+                {{1, true}}},
+        FindRow{"the likest payee of a day",
+                {{10, 12.5, "Green Valley"}, {10, 12.5, "Green Valley Foods"}},
+                {{10, 1250, "GREEN VALLEY FOODS SPRINGFIELD"}},
+                {{1, true}}},
+        FindRow{"for a line that is certain before one that looks like it",
+                {{10, 12.5, "Salon"}},
+                {{10, 1250, "Salon"}, {10, 1250, "Market", true}},
+                {{-1}, {0, false}}},
+        FindRow{"all of several as one",
+                {{10, 5, "Bus"}, {10, 5, "Bus"}, {10, 5, "Bus"}},
+                {{10, 500, "Bus"}, {10, 500, "Bus"}, {10, 500, "Bus"}, {10, 500, "Bus"}},
+                {{0, true}, {1, true}, {2, true}, {-1}}},
+        FindRow{"an amount that has no exact double", {{10, 0.29, "Bus"}}, {{10, 29, "Bus"}}, {{0, true}}},
+        FindRow{"a refund", {{10, -4.35, "Bus"}}, {{10, -435, "Bus"}}, {{0, true}}}));
+
+TEST(CVFindRecorded, PassesOverWhatHasNoDay) {
+    BudgetBuilder budget;
+    budget.transaction({.amount = 5, .payTo = "Bus", .setID = 1});
+    const CVRecordedLines recorded(budget.document());
+    EXPECT_FALSE(CVFindRecorded({{day(2026, 3, 1), 500, "Bus", 1}}, recorded).front().recorded);
+    EXPECT_FALSE(CVFindRecorded({{std::nullopt, 500, "Bus", 1}}, recorded).front().recorded);
+}
+
+} // namespace
