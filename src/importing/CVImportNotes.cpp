@@ -1,0 +1,170 @@
+#include "importing/CVImportNotes.h"
+
+#include "importing/CVPayeeKey.h"
+#include "model/CVDocument.h"
+#include "model/CVTransaction.h"
+#include "model/CVTransactionSet.h"
+
+#include <QCryptographicHash>
+
+#include <algorithm>
+
+namespace {
+
+/// Of a digest in hexadecimal digits, which is enough for the numbers of one account.
+constexpr qsizetype kLengthOfDigest = 20;
+
+/// The bank's number by itself could be that of a contract, which every payment has; such a payment has another day.
+QByteArray digestOfNumber(const QString& bankID, const QBDate& day) {
+    const QByteArray text = bankID.simplified().toUtf8() + '\n' + day.corvellaXMLRepresentation();
+    return QCryptographicHash::hash(text, QCryptographicHash::Sha256).toHex().left(kLengthOfDigest);
+}
+
+QString keyOfPayee(const QString& payee) {
+    return CVPayeeKey(payee).text();
+}
+
+CVImportNotes::NotedSet noteOfSet(const CVDocument& document, quint32 id) {
+    for (const auto& set : document.transactionSets()) {
+        if (set->uniqueID() == id)
+            return {id, set->transactionSetName()};
+    }
+    return {id};
+}
+
+/// Whether it is not recorded because it was found in the budget.
+bool saysRecorded(const CVImportLine& line) {
+    using Note = CVImportLine::Note;
+    return !line.checked && (line.note == Note::RecordedAlready || line.note == Note::PerhapsRecorded);
+}
+
+std::optional<quint32> findNotedSet(const CVDocument& document, const CVImportNotes::NotedSet& noted) {
+    const auto& sets = document.transactionSets();
+    const auto byName = std::find_if(sets.begin(), sets.end(), [&noted](const auto& set) {
+        return !noted.name.isEmpty() && set->transactionSetName() == noted.name;
+    });
+    if (byName != sets.end())
+        return (*byName)->uniqueID();
+    const auto byID =
+        std::find_if(sets.begin(), sets.end(), [&noted](const auto& set) { return set->uniqueID() == noted.id; });
+    if (byID != sets.end())
+        return noted.id;
+    return sets.empty() && noted.id == 0 ? std::optional(noted.id) : std::nullopt;
+}
+
+} // namespace
+
+std::optional<CVImportTargets> CVImportNotes::targets(const CVDocument& document,
+                                                      const QByteArray& headerDigest) const {
+    const auto ofHeader = mContents.targets.constFind(headerDigest);
+    const auto noted = ofHeader == mContents.targets.constEnd() ? mContents.lastTargets : std::optional(*ofHeader);
+    if (!noted)
+        return std::nullopt;
+    CVImportTargets found{.income = noted->income};
+    const auto set = findNotedSet(document, noted->set);
+    if (!set)
+        return std::nullopt;
+    found.set = *set;
+    if (noted->incomeSet) {
+        const auto incomeSet = findNotedSet(document, *noted->incomeSet);
+        if (!incomeSet)
+            return std::nullopt;
+        found.incomeSet = *incomeSet;
+    }
+    return found;
+}
+
+void CVImportNotes::noteTargets(const CVDocument& document, const QByteArray& headerDigest,
+                                const CVImportTargets& targets) {
+    NotedTargets noted{noteOfSet(document, targets.set), targets.income, {}};
+    if (targets.income == CVImportTargets::Income::OwnSet)
+        noted.incomeSet = noteOfSet(document, targets.incomeSet);
+    mContents.lastTargets = noted;
+    if (!headerDigest.isEmpty())
+        mContents.targets.insert(headerDigest, noted);
+}
+
+std::optional<CVStatementMapping> CVImportNotes::mapping(const QByteArray& headerDigest) const {
+    const auto noted = mContents.mappings.constFind(headerDigest);
+    return noted == mContents.mappings.constEnd() ? std::nullopt : std::optional(noted->mapping);
+}
+
+void CVImportNotes::noteMapping(const QByteArray& headerDigest, const QString& name,
+                                const CVStatementMapping& mapping) {
+    if (headerDigest.isEmpty())
+        return;
+    NotedMapping noted{name, mapping};
+    noted.mapping.year.reset();
+    mContents.mappings.insert(headerDigest, noted);
+}
+
+std::optional<CVStatementMapping> CVImportNotes::mappingNamed(const QString& name) const {
+    for (const NotedMapping& noted : mContents.mappings) {
+        if (!name.isEmpty() && noted.name == name)
+            return noted.mapping;
+    }
+    return std::nullopt;
+}
+
+bool CVImportNotes::wasLeftOut(const QString& payeeInStatement) const {
+    return mContents.leftOut.contains(keyOfPayee(payeeInStatement));
+}
+
+QString CVImportNotes::payeeFor(const QString& payeeInStatement) const {
+    return mContents.payees.value(keyOfPayee(payeeInStatement));
+}
+
+bool CVImportNotes::knowsNumber(const QString& account, const QString& bankID, const QBDate& day) const {
+    const auto numbers = mContents.numbers.constFind(account);
+    return !bankID.isEmpty() && numbers != mContents.numbers.constEnd() &&
+           numbers->contains(digestOfNumber(bankID, day));
+}
+
+void CVImportNotes::noteLines(const QString& account, const CVImportTargets& targets,
+                              std::span<const CVImportLine> lines) {
+    noteLeftOut(targets, lines);
+    for (const CVImportLine& line : lines) {
+        notePayee(line);
+        if ((line.checked || saysRecorded(line)) && line.day && !line.bankID.isEmpty())
+            mContents.numbers[account].insert(digestOfNumber(line.bankID, *line.day));
+    }
+}
+
+/// A payee counts as left out when no line of it was recorded.
+void CVImportNotes::noteLeftOut(const CVImportTargets& targets, std::span<const CVImportLine> lines) {
+    QSet<QString> checked;
+    QSet<QString> unchecked;
+    for (const CVImportLine& line : lines) {
+        const bool isIncomeLeftOut = line.isIncome && targets.income == CVImportTargets::Income::LeftOut;
+        const bool isChoice = !saysRecorded(line) && line.note != CVImportLine::Note::Unreadable &&
+                              line.hundredths != 0 && !isIncomeLeftOut;
+        if (const QString key = keyOfPayee(line.payeeInStatement); isChoice && !key.isEmpty())
+            (line.checked ? checked : unchecked).insert(key);
+    }
+    mContents.leftOut.unite(unchecked);
+    mContents.leftOut.subtract(checked);
+}
+
+/// The user says who it is by correcting the payee, or by leaving out what is recorded under another one.
+void CVImportNotes::notePayee(const CVImportLine& line) {
+    const QString key = keyOfPayee(line.payeeInStatement);
+    const QString payee = line.checked                          ? line.payee
+                          : saysRecorded(line) && line.recorded ? line.recorded->payTo()
+                                                                : QString();
+    if (key.isEmpty() || payee.isEmpty())
+        return;
+    if (keyOfPayee(payee) == key)
+        mContents.payees.remove(key);
+    else
+        mContents.payees.insert(key, payee);
+}
+
+void CVImportNotes::forgetNumbers(const QString& account, std::span<const CVImportLine> lines) {
+    const auto numbers = mContents.numbers.find(account);
+    if (numbers == mContents.numbers.end())
+        return;
+    for (const CVImportLine& line : lines) {
+        if (line.checked && line.day && !line.bankID.isEmpty())
+            numbers->remove(digestOfNumber(line.bankID, *line.day));
+    }
+}
