@@ -1,0 +1,183 @@
+#include "importing/CVPrepareImport.h"
+
+#include "budget/CVDateFormatWithoutYear.h"
+#include "format/QBDateFormatter.h"
+#include "importing/CVFindRecorded.h"
+
+#include <QCoreApplication>
+#include <QHash>
+
+namespace {
+
+struct PreparedText {
+    Q_DECLARE_TR_FUNCTIONS(CVPrepareImport)
+};
+
+using Note = CVImportLine::Note;
+using Income = CVImportTargets::Income;
+
+constexpr int kThousandth = 1000;
+/// The stop is asked for after so many lines.
+constexpr std::size_t kLinesPerLook = 100;
+
+/// The day as a person would write it beside a line of `near`: the year only where it is another one.
+QString shortDay(const QBDate& day, const std::optional<QBDate>& near) {
+    const QString format = QBDateFormatter::shortDateFormat();
+    const bool isSameYear = near && near->yearOfCommonEra() == day.yearOfCommonEra();
+    return QBDateFormatter(isSameYear ? CVDateFormatWithoutYear(format) : format).string(day);
+}
+
+CVImportLine unreadable(const CVStatementLine& line) {
+    CVImportLine prepared{.checked = false, .number = line.number, .day = line.day, .payee = line.payee};
+    prepared.xfor = line.purpose;
+    prepared.payeeInStatement = line.payee;
+    prepared.hundredths = -line.hundredths.value_or(0);
+    prepared.note = Note::Unreadable;
+    const QString reason = !line.unreadable.isEmpty() ? line.unreadable
+                           : line.day                 ? PreparedText::tr("no amount")
+                                                      : PreparedText::tr("no date");
+    prepared.noteText = PreparedText::tr("cannot be read: %1").arg(reason);
+    return prepared;
+}
+
+bool isReadable(const CVStatementLine& line) {
+    return line.unreadable.isEmpty() && line.day && line.hundredths;
+}
+
+} // namespace
+
+CVPrepareImport::CVPrepareImport(const CVDocument& document, CVImportNotes notes)
+    : mRecorded(std::make_shared<const CVRecordedLines>(document))
+    , mMemory(std::make_unique<CVCategoryMemory>(mRecorded))
+    , mNotes(std::move(notes)) {}
+
+CVImportLines CVPrepareImport::lines(const std::vector<CVStatementLine>& statement, const CVImportTargets& targets,
+                                     const CVStopRequested& stop) const {
+    CVImportLines prepared;
+    prepared.reserve(statement.size());
+    for (const CVStatementLine& line : statement) {
+        const auto done = static_cast<int>(prepared.size() * kThousandth / statement.size());
+        if (stop && prepared.size() % kLinesPerLook == 0 && stop(done))
+            return {};
+        prepared.push_back(isReadable(line) ? readable(line, targets) : unreadable(line));
+    }
+    noteRecorded(prepared, targets);
+    return prepared;
+}
+
+CVImportLine CVPrepareImport::readable(const CVStatementLine& line, const CVImportTargets& targets) const {
+    CVImportLine prepared{.number = line.number, .day = line.day};
+    prepared.isIncome = *line.hundredths > 0;
+    prepared.hundredths = prepared.isIncome && targets.income != Income::SameSet ? *line.hundredths : -*line.hundredths;
+    // Where a bank has one text for both, it says who it is.
+    const bool hasPayee = !line.payee.trimmed().isEmpty();
+    prepared.payeeInStatement = (hasPayee ? line.payee : line.purpose).simplified();
+    prepared.xfor = hasPayee ? line.purpose.simplified() : QString();
+    const QString corrected = mNotes.payeeFor(prepared.payeeInStatement);
+    prepared.payee = corrected.isEmpty() ? prepared.payeeInStatement : corrected;
+    prepared.bankID = line.bankID;
+    propose(prepared, line.category.simplified());
+    noteWhatIsMissing(prepared, targets);
+    return prepared;
+}
+
+/// What is remembered for sure goes before the statement's own category, which goes before other guesses when the
+/// budget has it.
+void CVPrepareImport::propose(CVImportLine& line, const QString& categoryInStatement) const {
+    const auto remembered = mMemory->of(line.payee, line.xfor);
+    line.category = remembered.category;
+    line.sure = remembered.sure;
+    line.from = remembered.from;
+    if (line.xfor.isEmpty() && remembered.sure == CVSureness::Sure)
+        line.xfor = remembered.purpose;
+    const QString known = mRecorded->categoryMeant(categoryInStatement);
+    const bool isBetter = remembered.sure == CVSureness::None || !known.isEmpty();
+    if (categoryInStatement.isEmpty() || remembered.sure == CVSureness::Sure || !isBetter)
+        return;
+    line.category = known.isEmpty() ? categoryInStatement : known;
+    line.sure = CVSureness::Likely;
+    line.from.clear();
+}
+
+void CVPrepareImport::noteWhatIsMissing(CVImportLine& line, const CVImportTargets& targets) const {
+    if (line.hundredths == 0) {
+        line.checked = false;
+        line.noteText = PreparedText::tr("nothing was paid");
+    } else if (line.isIncome && targets.income == Income::LeftOut) {
+        line.checked = false;
+        line.noteText = PreparedText::tr("money in is left out");
+    } else if (mNotes.wasLeftOut(line.payeeInStatement)) {
+        line.checked = false;
+        line.note = Note::LeftOutBefore;
+        line.noteText = PreparedText::tr("left out before");
+    } else if (line.category.isEmpty()) {
+        line.note = Note::NoCategory;
+        line.noteText = PreparedText::tr("no category yet");
+    }
+}
+
+void CVPrepareImport::noteRecorded(CVImportLines& lines, const CVImportTargets& targets) const {
+    const auto isKnown = knownNumbers(lines, targets);
+    std::vector<CVSoughtLine> sought(lines.size());
+    for (std::size_t at = 0; at < lines.size(); ++at) {
+        const CVImportLine& line = lines[at];
+        const auto set = setOf(line, targets);
+        if (line.note != Note::Unreadable && line.hundredths != 0 && set)
+            sought[at] = {line.day, line.hundredths, line.payee, *set, isKnown[at]};
+    }
+    const auto found = CVFindRecorded(sought, *mRecorded);
+    for (std::size_t at = 0; at < lines.size(); ++at) {
+        CVImportLine& line = lines[at];
+        const bool isRecorded = isKnown[at] || found[at].hasSamePayee;
+        if (!isRecorded && (!found[at].recorded || line.note == Note::LeftOutBefore))
+            continue;
+        line.note = isRecorded ? Note::RecordedAlready : Note::PerhapsRecorded;
+        line.checked = line.checked && !isRecorded;
+        if (!found[at].recorded) {
+            line.noteText = PreparedText::tr("imported before");
+            continue;
+        }
+        const CVRecordedLine& recorded = mRecorded->lines()[*found[at].recorded];
+        line.recorded = recorded.transaction;
+        const QString day = shortDay(*recorded.day, line.day);
+        line.noteText = isRecorded ? PreparedText::tr("recorded on %1 already").arg(day)
+                                   : PreparedText::tr("perhaps recorded on %1").arg(day);
+    }
+}
+
+/// A number that several lines of a day have is that of something else.
+std::vector<bool> CVPrepareImport::knownNumbers(const CVImportLines& lines, const CVImportTargets& targets) const {
+    QHash<std::pair<QString, QByteArray>, int> counts;
+    const auto placeOf = [](const CVImportLine& line) {
+        return std::pair(line.bankID, line.day->corvellaXMLRepresentation());
+    };
+    const auto hasNumber = [](const CVImportLine& line) {
+        return line.note != Note::Unreadable && line.day && !line.bankID.isEmpty();
+    };
+    for (const CVImportLine& line : lines) {
+        if (hasNumber(line))
+            ++counts[placeOf(line)];
+    }
+    const QString account = accountOf(targets);
+    std::vector<bool> isKnown;
+    isKnown.reserve(lines.size());
+    for (const CVImportLine& line : lines)
+        isKnown.push_back(hasNumber(line) && counts.value(placeOf(line)) == 1 &&
+                          mNotes.knowsNumber(account, line.bankID, *line.day));
+    return isKnown;
+}
+
+/// The ID of the set in which it may be recorded already; absent for a set that is only to be made.
+std::optional<quint32> CVPrepareImport::setOf(const CVImportLine& line, const CVImportTargets& targets) const {
+    if (line.isIncome && targets.income == Income::LeftOut)
+        return std::nullopt;
+    const bool isOwn = line.isIncome && targets.income == Income::OwnSet;
+    const QString& name = isOwn ? targets.newIncomeSet : targets.newSet;
+    if (!name.isEmpty())
+        return mRecorded->setNamed(name);
+    return isOwn ? targets.incomeSet : targets.set;
+}
+
+QString CVPrepareImport::accountOf(const CVImportTargets& targets) const {
+    return targets.newSet.isEmpty() ? mRecorded->nameOfSet(targets.set) : targets.newSet;
+}
