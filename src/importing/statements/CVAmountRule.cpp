@@ -28,8 +28,8 @@ std::optional<CVStatementAmount> amountIn(const CVStatementRow& row, int column,
 
 CVRuledAmount emptyAmount(const QString& why) {
     if (!why.isEmpty())
-        return {std::nullopt, false, why};
-    return {std::nullopt, true, AmountRuleText::tr("There is no amount.")};
+        return {std::nullopt, false, false, why};
+    return {std::nullopt, true, false, AmountRuleText::tr("There is no amount.")};
 }
 
 int markerIn(const CVStatementRow& row, const CVAmountRule& rule) {
@@ -60,7 +60,7 @@ CVRuledAmount amountOfTwoColumns(const CVStatementRow& row, const CVAmountRule& 
     if (!why.isEmpty() || (!out && !in))
         return emptyAmount(why);
     if (out && in && out->hundredths != 0 && in->hundredths != 0)
-        return {std::nullopt, false, AmountRuleText::tr("Money goes both in and out.")};
+        return {std::nullopt, false, true, AmountRuleText::tr("Money goes both in and out.")};
     const qint64 outgoing = !out ? 0 : rule.isOutNegative ? out->hundredths : -out->hundredths;
     const qint64 incoming = !in ? 0 : rule.isInNegative ? -in->hundredths : in->hundredths;
     return {outgoing + incoming};
@@ -107,7 +107,9 @@ CVBalanceAgreement agreementInOrder(const std::vector<BalancedLine>& lines) {
         sum = sum && line.amount ? std::optional(*sum + *line.amount) : std::nullopt;
         if (!line.balance)
             continue;
-        if (last && sum)
+        // Where nothing moves, any column of equal numbers would agree.
+        const bool isMoved = last && sum && (*sum != 0 || *line.balance != *last);
+        if (isMoved)
             agreement.steps.push_back({*line.balance - *last == *sum, line.row, *sum});
         last = line.balance;
         sum = 0;
@@ -122,7 +124,7 @@ CVRuledAmount CVAmountOfRow(const CVStatementRow& row, const CVAmountRule& rule)
     QString why;
     const auto fee = rule.fee >= 0 ? amountIn(row, rule.fee, rule.mark, why) : std::nullopt;
     if (!why.isEmpty() && amount.hundredths)
-        return {std::nullopt, false, why};
+        return {std::nullopt, false, false, why};
     if (fee && amount.hundredths)
         *amount.hundredths -= std::abs(fee->hundredths);
     return amount;

@@ -35,6 +35,8 @@ struct CVRuledAmount {
     std::optional<qint64> hundredths = std::nullopt;
     /// Whether the cells are empty.
     bool isEmpty = false;
+    /// Whether two cells contradict each other.
+    bool isContradiction = false;
     QString why = {};
 };
 [[nodiscard]] CVRuledAmount CVAmountOfRow(const CVStatementRow& row, const CVAmountRule& rule);

@@ -96,7 +96,7 @@ constexpr std::array<HeadingGroup, 20> kHeadingGroups{{
      u"saldo "
      u"tras|accountbalance|остаток|баланс|залишок|υπολοιπο|残高|差引残高|取引後残高|余额|联机余额|账户余额|잔액|"
      u"거래후잔액|結餘"},
-    {CVColumnRole::Ignored, 0,
+    {CVColumnRole::Purpose, 1,
      u"type of transaction|transaction type|type|kind|art|umsatzart|umsatztyp|transaktionstyp|typ|"
      u"typ transakce|tipo|tipo de movimiento|mutatiesoort|tapahtumalaji|verotyyppi|d c|c d|d k|dc|s h|"
      u"soll haben|credit debit|debit credit|debit or credit|debet credit|af bij|cr dr|dr cr|sens|signe|"
@@ -179,7 +179,7 @@ constexpr std::array<HeadingGroup, 20> kHeadingGroups{{
      u"communications|"
      u"informations|informacje|selgitus|apraksts|detalas|paskirtis|mokejimo paskirtis|action|activity|"
      u"item title|transaction|operation|posting text|info|vwz|vwz1|vwz2|vwz3|vwz4|vwz5|vwz6|vwz7|vwz8|vwz9|"
-     u"vwz10|vwz11|vwz12|vwz13|vwz14|item|mouvement|ozeti|comment"},
+     u"vwz10|vwz11|vwz12|vwz13|vwz14|mouvement|ozeti|comment"},
 }};
 
 struct HeadingWord {

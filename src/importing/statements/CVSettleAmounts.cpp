@@ -20,7 +20,8 @@ constexpr std::size_t kMostLinesForRules = 400;
 struct TriedRule {
     CVAmountRule rule;
     Amounts amounts = {};
-    int readable = 0;
+    /// The lines for which the rule finds one text, be it an amount or not.
+    int covered = 0;
     CVBalanceAgreement agreement = {};
 };
 
@@ -98,18 +99,19 @@ TriedRule tried(const CVStatementTable& table, CVAmountRule rule) {
         CVFindSignsOfColumns(table, rule);
     TriedRule one{rule};
     for (std::size_t at = 0; at < std::min(table.likely.size(), kMostLinesForRules); ++at) {
-        one.amounts.push_back(CVAmountOfRow(table.rows[table.likely[at]], rule).hundredths);
-        one.readable += one.amounts.back() ? 1 : 0;
+        const CVRuledAmount amount = CVAmountOfRow(table.rows[table.likely[at]], rule);
+        one.amounts.push_back(amount.hundredths);
+        one.covered += amount.isEmpty || amount.isContradiction ? 0 : 1;
     }
     return one;
 }
 
-/// Drops the rules that cannot read what others can.
-void keepReadable(std::vector<TriedRule>& rules) {
+/// Drops the rules that find nothing in lines in which others find something.
+void keepCovering(std::vector<TriedRule>& rules) {
     int most = 0;
     for (const TriedRule& one : rules)
-        most = std::max(most, one.readable);
-    std::erase_if(rules, [most](const TriedRule& one) { return 10 * one.readable < 9 * most || one.readable == 0; });
+        most = std::max(most, one.covered);
+    std::erase_if(rules, [most](const TriedRule& one) { return one.covered < most || one.covered == 0; });
 }
 
 /// The steps that agree by both rules in the same way.
@@ -155,6 +157,47 @@ std::optional<CVAmountRule> provenByBalance(const CVStatementTable& table, const
             return std::nullopt;
     }
     return best->rule;
+}
+
+/// Whether in each line the second of two balances is the first one and the amount, and goes on as the first one of the
+/// next line, down or up the file.
+bool isBetweenBalances(const CVStatementTable& table, const TriedRule& one, int before, int after) {
+    int moved = 0;
+    int down = 0;
+    int up = 0;
+    std::optional<CVStatementAmount> lastFirst;
+    std::optional<CVStatementAmount> lastSecond;
+    for (std::size_t at = 0; at < one.amounts.size(); ++at) {
+        const CVStatementRow& row = table.rows[table.likely[at]];
+        const auto first = CVReadStatementAmount(CVStatementTable::cell(row, before), one.rule.mark);
+        const auto second = CVReadStatementAmount(CVStatementTable::cell(row, after), one.rule.mark);
+        if (!first || !second || !one.amounts[at] || second->hundredths - first->hundredths != *one.amounts[at])
+            return false;
+        moved += *one.amounts[at] != 0 ? 1 : 0;
+        down += lastSecond && lastSecond->hundredths == first->hundredths ? 1 : 0;
+        up += lastFirst && lastFirst->hundredths == second->hundredths ? 1 : 0;
+        lastFirst = first;
+        lastSecond = second;
+    }
+    return moved > 1 && std::max(down, up) + 1 == static_cast<int>(one.amounts.size());
+}
+
+/// The rule of one column that stands between the balances before and after each line; absent without such columns.
+std::optional<CVAmountRule> provenWithinRows(const CVStatementTable& table, const CVStatementColumns& columns,
+                                             const std::vector<TriedRule>& rules) {
+    for (const TriedRule& one : rules) {
+        for (const int before : columns.balances) {
+            for (const int after : columns.balances) {
+                if (before >= after || uses(one.rule, before) || uses(one.rule, after) ||
+                    !isBetweenBalances(table, one, before, after))
+                    continue;
+                CVAmountRule proven = one.rule;
+                proven.balance = after;
+                return proven;
+            }
+        }
+    }
+    return std::nullopt;
 }
 
 /// The signs of a column of amounts.
@@ -346,9 +389,11 @@ CVSettledAmounts CVSettleAmounts(const CVStatementTable& table, const CVStatemen
     std::vector<TriedRule> rules;
     for (const CVAmountRule& rule : PossibleRules(columns, known, positiveIsOut.has_value()).rules())
         rules.push_back(tried(table, rule));
-    keepReadable(rules);
+    keepCovering(rules);
     if (rules.empty())
         return {};
+    if (const auto proven = provenWithinRows(table, columns, rules))
+        return {{*proven}};
     if (const auto proven = provenByBalance(table, columns, rules))
         return {{*proven}};
     if (columns.areAmountsNamed && !columns.balances.empty()) {

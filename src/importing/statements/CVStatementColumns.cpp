@@ -27,6 +27,7 @@ struct ColumnContents {
     int currencies = 0;
     int words = 0;
     QSet<QString> distinct = {};
+    bool isLong = false;
 
     [[nodiscard]] bool isMostly(int count) const { return filled > 0 && 2 * count > filled; }
     [[nodiscard]] bool isAlways(int count) const { return filled > 0 && count == filled; }
@@ -39,6 +40,7 @@ bool isPlainlyAmount(const QString& cell) {
 
 void count(const QString& cell, ColumnContents& contents) {
     constexpr qsizetype kMostDistinct = 3;
+    constexpr qsizetype kLongText = 8;
     if (cell.isEmpty())
         return;
     ++contents.filled;
@@ -51,6 +53,7 @@ void count(const QString& cell, ColumnContents& contents) {
     contents.markers += CVMarkerOf(cell) != 0 ? 1 : 0;
     contents.currencies += CVIsCurrencyName(cell) ? 1 : 0;
     contents.words += std::any_of(cell.begin(), cell.end(), [](QChar c) { return c.isLetter(); }) ? 1 : 0;
+    contents.isLong = contents.isLong || cell.size() >= kLongText;
     if (contents.distinct.size() < kMostDistinct)
         contents.distinct.insert(cell);
 }
@@ -135,15 +138,39 @@ std::vector<CVHeading> headingsInStep(const CVStatementTable& table, const std::
     return headings;
 }
 
+/// Whether a column tells the lines apart by words.
+bool isOfWords(const ColumnContents& contents) {
+    return contents.isMostly(contents.words) && (contents.distinct.size() > 1 || contents.filled == 1 || contents.isLong);
+}
+
 /// What a column without a heading that is known says, by its contents alone.
-CVColumnRole roleByContents(const ColumnContents& contents, bool hasHeader) {
+CVColumnRole roleByContents(const ColumnContents& contents) {
     if (contents.isMostly(contents.days))
         return CVColumnRole::OtherDay;
     if (contents.isAlways(contents.currencies))
         return CVColumnRole::Currency;
-    if (contents.isMostly(contents.words) && (contents.distinct.size() > 1 || contents.filled == 1) && !hasHeader)
-        return CVColumnRole::Purpose;
     return CVColumnRole::Ignored;
+}
+
+/// Chooses the columns for the purpose: what kind a line is counts only where nothing else is said, and columns without
+/// a known heading only where no other column names the payee.
+void choosePurpose(CVStatementColumns& columns, const std::vector<CVHeading>& headings,
+                   const std::vector<ColumnContents>& contents) {
+    bool hasPurpose = false;
+    bool hasPayee = false;
+    for (std::size_t column = 0; column < contents.size(); ++column) {
+        const bool isFilled = contents[column].filled > 0;
+        hasPurpose = hasPurpose || (headings[column].role == CVColumnRole::Purpose && headings[column].rank <= 0 && isFilled);
+        hasPayee = hasPayee || (headings[column].role == CVColumnRole::Payee && isFilled);
+    }
+    for (std::size_t column = 0; column < contents.size(); ++column) {
+        CVColumnRole& role = columns.roles[column];
+        if (role == CVColumnRole::Purpose && headings[column].rank > 0 && hasPurpose)
+            role = CVColumnRole::Ignored;
+        if (role == CVColumnRole::Ignored && headings[column].role == CVColumnRole::Guessed && !hasPayee &&
+            isOfWords(contents[column]))
+            role = CVColumnRole::Purpose;
+    }
 }
 
 std::vector<int>* listOf(CVStatementColumns& columns, CVColumnRole role) {
@@ -238,7 +265,7 @@ CVStatementColumns CVGuessColumns(const CVStatementTable& table, const std::vect
             list->push_back(static_cast<int>(column));
         else
             columns.roles[column] =
-                role == CVColumnRole::Guessed ? roleByContents(contents[column], !table.headings.isEmpty()) : role;
+                role == CVColumnRole::Guessed ? roleByContents(contents[column]) : role;
     }
     const auto isNoGuess = [&](int column) { return headings[static_cast<std::size_t>(column)].rank < 0; };
     if (isAmountGiven) {
@@ -254,5 +281,6 @@ CVStatementColumns CVGuessColumns(const CVStatementTable& table, const std::vect
     if (!columns.areAmountsNamed)
         guessAmounts(columns, headings, contents);
     chooseDay(columns, headings, contents);
+    choosePurpose(columns, headings, contents);
     return columns;
 }
