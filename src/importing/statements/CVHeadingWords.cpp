@@ -2,10 +2,12 @@
 
 #include "importing/statements/CVStatementWords.h"
 
+#include <QHash>
 #include <QStringList>
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <optional>
 #include <vector>
 
@@ -182,32 +184,38 @@ constexpr std::array<HeadingGroup, 20> kHeadingGroups{{
      u"vwz10|vwz11|vwz12|vwz13|vwz14|mouvement|ozeti|comment"},
 }};
 
+/// Words of the table; `place` is their place in it.
 struct HeadingWord {
     QString words;
     CVHeading heading;
+    int place = 0;
 };
 
-const std::vector<HeadingWord>& headingWords() {
-    static const std::vector<HeadingWord> all = [] {
-        std::vector<HeadingWord> words;
-        for (const auto& [role, rank, headings] : kHeadingGroups) {
-            for (const QString& heading : QString::fromUtf16(headings).split(u'|'))
-                words.push_back({heading, {role, rank}});
-        }
-        return words;
-    }();
-    return all;
-}
-
 /// Whether the writing of the words has no blanks between them.
-bool isWithoutBlanks(const QString& words) {
-    return words.front().script() > QChar::Script_Cyrillic;
+bool isWithoutBlanks(QStringView words) {
+    return std::any_of(words.begin(), words.end(), [](QChar c) { return c.script() > QChar::Script_Cyrillic; });
 }
 
-bool holds(const QString& heading, const QString& words) {
-    if (isWithoutBlanks(words))
-        return heading.contains(words);
-    return QString(u' ' + heading + u' ').contains(u' ' + words + u' ');
+/// The words of the table: by themselves, and those of writings without blanks in a row.
+struct HeadingTable {
+    QHash<QString, HeadingWord> words;
+    std::vector<HeadingWord> withoutBlanks;
+};
+
+const HeadingTable& headingTable() {
+    static const HeadingTable table = [] {
+        HeadingTable made;
+        for (const auto& [role, rank, headings] : kHeadingGroups) {
+            for (const QString& heading : QString::fromUtf16(headings).split(u'|')) {
+                const HeadingWord word{heading, {role, rank}, static_cast<int>(made.words.size())};
+                made.words.insert(heading, word);
+                if (isWithoutBlanks(heading))
+                    made.withoutBlanks.push_back(word);
+            }
+        }
+        return made;
+    }();
+    return table;
 }
 
 /// The text without what stands in brackets, such as a currency.
@@ -218,9 +226,9 @@ QString withoutBrackets(const QString& text) {
 }
 
 std::optional<CVHeading> wholeHeading(const QString& heading) {
-    const auto& all = headingWords();
-    const auto found = std::find_if(all.begin(), all.end(), [&](const auto& word) { return word.words == heading; });
-    return found == all.end() ? std::nullopt : std::optional(found->heading);
+    const auto& words = headingTable().words;
+    const auto found = words.constFind(heading);
+    return found == words.cend() ? std::nullopt : std::optional(found->heading);
 }
 
 /// Whether the words tell more than that a column holds amounts.
@@ -229,16 +237,28 @@ bool isNarrowerThanAmount(CVColumnRole role) {
            role == CVColumnRole::Fee;
 }
 
-/// The words that a heading holds, the longest first.
-std::vector<const HeadingWord*> wordsWithin(const QString& heading) {
+/// The words of the table that a heading holds, the longest first.
+std::vector<HeadingWord> wordsWithin(const QString& heading) {
     constexpr qsizetype kShortestWords = 4;
-    std::vector<const HeadingWord*> found;
-    for (const HeadingWord& word : headingWords()) {
-        if ((word.words.size() >= kShortestWords || isWithoutBlanks(word.words)) && holds(heading, word.words))
-            found.push_back(&word);
+    constexpr qsizetype kMostWords = 8;
+    const HeadingTable& table = headingTable();
+    std::vector<HeadingWord> found;
+    const QStringList words = heading.split(u' ');
+    for (qsizetype first = 0; first < std::min(words.size(), kMostWords); ++first) {
+        QString some;
+        for (qsizetype last = first; last < std::min(words.size(), kMostWords); ++last) {
+            some += last == first ? words.at(last) : QString(u' ' + words.at(last));
+            if (const auto word = table.words.constFind(some); word != table.words.cend() && some.size() >= kShortestWords)
+                found.push_back(*word);
+        }
     }
-    std::stable_sort(found.begin(), found.end(),
-                     [](const HeadingWord* a, const HeadingWord* b) { return a->words.size() > b->words.size(); });
+    if (isWithoutBlanks(heading)) {
+        std::copy_if(table.withoutBlanks.begin(), table.withoutBlanks.end(), std::back_inserter(found),
+                     [&heading](const HeadingWord& word) { return heading.contains(word.words); });
+    }
+    std::stable_sort(found.begin(), found.end(), [](const HeadingWord& a, const HeadingWord& b) {
+        return a.words.size() != b.words.size() ? a.words.size() > b.words.size() : a.place < b.place;
+    });
     return found;
 }
 
@@ -247,13 +267,17 @@ CVHeading headingWithin(const QString& heading) {
     const auto words = wordsWithin(heading);
     if (words.empty())
         return {};
-    const HeadingWord& longest = *words.front();
-    for (const HeadingWord* const word : words) {
-        const bool isBeside = !longest.words.contains(word->words);
-        if (longest.heading.role == CVColumnRole::Amount && isBeside && isNarrowerThanAmount(word->heading.role))
-            return word->heading;
+    const HeadingWord& longest = words.front();
+    for (const HeadingWord& word : words) {
+        const bool isBeside = !longest.words.contains(word.words);
+        if (longest.heading.role == CVColumnRole::Amount && isBeside && isNarrowerThanAmount(word.heading.role))
+            return word.heading;
     }
     return longest.heading;
+}
+
+bool holdsWords(const QString& heading, const char16_t* words) {
+    return QString(u' ' + heading + u' ').contains(u' ' + QString::fromUtf16(words) + u' ');
 }
 
 /// Words that make of any heading the number or the place of an account.
@@ -263,13 +287,15 @@ constexpr std::array kAccountWords{u"iban", u"bic", u"swift", u"blz", u"account 
 
 CVHeading CVHeadingOf(const QString& text) {
     constexpr qsizetype kLongestHeading = 60;
+    if (text.isEmpty() || text.size() > kLongestHeading)
+        return {};
     const QString heading = CVPlainWords(text);
-    if (heading.isEmpty() || text.size() > kLongestHeading)
+    if (heading.isEmpty())
         return {};
     if (const auto known = wholeHeading(heading))
         return *known;
     if (std::any_of(kAccountWords.begin(), kAccountWords.end(),
-                    [&](const char16_t* word) { return holds(heading, QString::fromUtf16(word)); }))
+                    [&](const char16_t* word) { return holdsWords(heading, word); }))
         return {CVColumnRole::Ignored, 0};
     const CVHeading within = headingWithin(heading);
     if (within.role != CVColumnRole::Guessed)

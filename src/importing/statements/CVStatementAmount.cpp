@@ -199,10 +199,11 @@ QString withLatinMarks(QStringView text) {
 } // namespace
 
 std::optional<CVStatementAmount> CVReadStatementAmount(QStringView text, QChar mark) {
-    if (text.size() > kLongestAmountText)
+    if (text.size() > kLongestAmountText || std::none_of(text.begin(), text.end(), isDigit))
         return std::nullopt;
-    const QString latin = withLatinMarks(text);
-    const auto parts = partsOf(latin);
+    const bool isForeign = std::any_of(text.begin(), text.end(), [](QChar c) { return c.unicode() >= u'\u066b'; });
+    const QString latin = isForeign ? withLatinMarks(text) : QString();
+    const auto parts = partsOf(isForeign ? QStringView(latin) : text);
     const auto hundredths = parts ? hundredthsOf(parts->number, mark) : std::nullopt;
     if (!hundredths)
         return std::nullopt;

@@ -197,7 +197,8 @@ std::optional<CVStatementDay> dayOfWords(const QString& text) {
 
 std::optional<CVStatementDay> readDay(QStringView text, bool inColumn) {
     text = text.trimmed();
-    if (text.isEmpty() || text.size() > kLongestDayText)
+    const bool hasDigit = std::any_of(text.begin(), text.end(), [](QChar c) { return c.digitValue() >= 0; });
+    if (!hasDigit || text.size() > kLongestDayText)
         return std::nullopt;
     QString plain = withPlainSeparators(text);
     // "Fr. 12.03.2024"

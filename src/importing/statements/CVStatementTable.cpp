@@ -121,9 +121,10 @@ void takeSecondHeaderRow(CVStatementTable& table) {
 /// The row from which a table of other columns begins.
 std::size_t endOfTable(const CVStatementTable& table) {
     for (std::size_t at = table.first; at < table.rows.size(); ++at) {
+        if (hasDayAndAmount(table.rows[at]) || table.repeatsHeader(table.rows[at]))
+            continue;
         const HeadingCount count = headingsOf(table.rows[at]);
-        if (count.isHeader() && count.hasDay && count.hasAmount && !table.repeatsHeader(table.rows[at]) &&
-            !hasDayAndAmount(table.rows[at]))
+        if (count.isHeader() && count.hasDay && count.hasAmount)
             return at;
     }
     return table.rows.size();
