@@ -30,3 +30,18 @@ std::optional<QString> CVFileDialogs::chooseFolder(QWidget& window, const CVFold
         return std::nullopt;
     return dialog.selectedFiles().constFirst();
 }
+
+std::optional<QString> CVFileDialogs::chooseFile(QWidget& window, const CVOpenPanelRequest& request) {
+    QFileDialog dialog(&window, request.title);
+    dialog.setWindowModality(Qt::WindowModal);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setLabelText(QFileDialog::Accept, request.prompt);
+    QStringList patterns;
+    for (const QString& suffix : request.suffixes)
+        patterns.append(QStringLiteral("*.%1 *.%2").arg(suffix, suffix.toUpper()));
+    dialog.setNameFilters({QStringLiteral("%1 (%2)").arg(request.kind, patterns.join(u' ')), tr("All files (*)")});
+    dialog.setDirectory(QStandardPaths::writableLocation(QStandardPaths::DownloadLocation));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    return dialog.selectedFiles().constFirst();
+}

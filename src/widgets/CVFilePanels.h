@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -28,6 +29,16 @@ struct CVFolderPanelRequest {
     QString startFolder;
 };
 
+/// What a panel shows that asks for a file to read.
+struct CVOpenPanelRequest {
+    QString title;
+    /// The text of the button that chooses the file.
+    QString prompt;
+    /// The usual kind of file in words, and its suffixes without the dot; others can be chosen too.
+    QString kind;
+    QStringList suffixes;
+};
+
 /// Panels that ask for files and block their window. Other events run while a panel is shown, so the caller checks its
 /// state again afterwards.
 class CVFilePanels {
@@ -37,6 +48,8 @@ public:
                                                                     const CVSavePanelRequest& request) = 0;
     /// The existing folder that the user chose; absent when the user cancelled.
     [[nodiscard]] virtual std::optional<QString> chooseFolder(QWidget& window, const CVFolderPanelRequest& request) = 0;
+    /// The existing file that the user chose; absent when the user cancelled.
+    [[nodiscard]] virtual std::optional<QString> chooseFile(QWidget& window, const CVOpenPanelRequest& request) = 0;
 
 protected:
     ~CVFilePanels() = default;

@@ -18,12 +18,19 @@ public:
         return mAnswers.isEmpty() ? std::nullopt : std::optional(mAnswers.takeFirst());
     }
 
+    std::optional<QString> chooseFile(QWidget& /*window*/, const CVOpenPanelRequest& request) override {
+        mFilesAsked.append(request);
+        return mAnswers.isEmpty() ? std::nullopt : std::optional(mAnswers.takeFirst());
+    }
+
     void answer(const QString& path) { mAnswers.append(path); }
     [[nodiscard]] const QList<CVSavePanelRequest>& asked() const { return mAsked; }
     [[nodiscard]] const QList<CVFolderPanelRequest>& foldersAsked() const { return mFoldersAsked; }
+    [[nodiscard]] const QList<CVOpenPanelRequest>& filesAsked() const { return mFilesAsked; }
 
 private:
     QList<QString> mAnswers;
     QList<CVSavePanelRequest> mAsked;
     QList<CVFolderPanelRequest> mFoldersAsked;
+    QList<CVOpenPanelRequest> mFilesAsked;
 };
