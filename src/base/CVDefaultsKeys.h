@@ -41,6 +41,10 @@ inline constexpr const char* kMergeLineColumns = "CVMergeWindow Lines";
 /// The copies of synchronizers that the user has been told about, each path with the size and the time of the file.
 inline constexpr const char* kToldConflictCopies = "CVToldConflictCopies";
 
+/// The looks of the window with a statement: its frame and its table.
+inline constexpr const char* kImportWindow = "CVImportWindow";
+inline constexpr const char* kImportColumns = "CVImportWindow Lines";
+
 /// The identifier of the preferences' tab that was shown last.
 inline constexpr const char* kPreferencesTab = "Prefs: Selected Tab";
 /// 0 never, 1 daily, 2 weekly, 3 monthly.

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "importing/panel/CVImportRows.h"
+
+#include <QWidget>
+
+#include <optional>
+
+class CVCompletingComboBox;
+class CVDocument;
+class CVImportCountPane;
+class CVImportLineModel;
+class CVImportLineTable;
+class QAction;
+class QBoxLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+/// The lines of a statement as they will be recorded, with what can be done with several of them: search, choose a
+/// kind, split, move to the other side, give a category to all of a payee and to all without one.
+class CVImportLinePane final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// The fields complete to what `document` has.
+    CVImportLinePane(const CVDocument& document, QWidget* parent);
+
+    /// Puts a control into the line above the lines, before the search.
+    void addAbove(QWidget& control);
+
+    void take(CVImportLines lines, const CVImportTargets& targets);
+    void setNamesOfSets(const QString& out, const QString& in);
+    /// Says why there are no lines; a search that finds none says so itself.
+    void setMessage(const QString& message);
+    void updateFormats();
+    [[nodiscard]] const CVImportRows& lines() const;
+
+    /// Takes what is typed into a cell; false when it cannot be read, and the user is led to it.
+    [[nodiscard]] bool commit();
+    void focusTable();
+    /// Whether there was a search with the focus, which is cleared.
+    bool clearFocusedSearch();
+    void restoreColumns();
+    void keepColumns() const;
+
+signals:
+    /// The user has changed lines.
+    void changed();
+
+private:
+    void addSearch(QBoxLayout& row);
+    void addTable();
+    void addOffer(QBoxLayout& contents);
+    void addCounts(QBoxLayout& contents);
+    void addGive(QBoxLayout& contents);
+    QPushButton& addButton(QBoxLayout& row, const QString& text, const char* name);
+
+    void showState();
+    void showMessage();
+    void showSelection();
+    void offerToOthers(std::size_t line);
+    void giveToOthers();
+    void giveToAllWithout();
+    void splitOrJoin();
+    void moveToOtherSide();
+
+    const CVDocument& mDocument;
+    QStringList mCategories;
+    QString mMessage;
+    /// The line whose category is offered to those of the same payee.
+    std::optional<std::size_t> mOffered;
+    /// The table owns it.
+    CVImportLineModel* mModel;
+    QBoxLayout* mAbove;
+    QLineEdit* mSearch = nullptr;
+    CVImportLineTable* mTable;
+    QAction* mSplitAction = nullptr;
+    QAction* mMoveAction = nullptr;
+    QWidget* mOffer;
+    QLabel* mOfferText;
+    QPushButton* mOfferButton = nullptr;
+    CVImportCountPane* mCounts = nullptr;
+    QPushButton* mSplit = nullptr;
+    QWidget* mGive;
+    CVCompletingComboBox* mGiveCategory;
+};

@@ -1,0 +1,90 @@
+#include "importing/panel/CVImportReader.h"
+
+#include "importing/CVNotesFile.h"
+#include "importing/CVPrepareImport.h"
+#include "importing/panel/CVReadStatementFile.h"
+#include "importing/statements/CVReadStatement.h"
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+
+namespace {
+
+auto countUnreadable(const CVStatement& statement) {
+    return std::count_if(statement.lines.begin(), statement.lines.end(),
+                         [](const CVStatementLine& line) { return !line.unreadable.isEmpty(); });
+}
+
+/// Whether a statement that was read as the last one says no less than read without that.
+bool fits(const CVStatement& asLastTime, const CVStatement& statement) {
+    return asLastTime.problem.isEmpty() && asLastTime.questions.empty() &&
+           asLastTime.headerDigest == statement.headerDigest &&
+           countUnreadable(asLastTime) <= countUnreadable(statement);
+}
+
+} // namespace
+
+CVImportReader::CVImportReader(QString dataFile) : mDataFile(std::move(dataFile)) {}
+
+CVImportReader::~CVImportReader() = default;
+
+void CVImportReader::read(const Source& source) {
+    mPermille = 0;
+    mWork.start([this, source](const IsWanted& isWanted) -> CVLatestWork::Told {
+        mBytes = source.copied;
+        QString problem;
+        if (!source.path.isEmpty())
+            std::tie(mBytes, problem) = CVReadStatementFile(source.path, isWanted);
+        if (!mDataFile.isEmpty())
+            mNotes = CVNotesFile(mDataFile).read().notes;
+        if (problem.isEmpty())
+            return tell(findings(isWanted));
+        CVStatement unread;
+        unread.problem = problem;
+        return tell({std::make_shared<CVStatement>(std::move(unread)), {}, false, mNotes});
+    });
+}
+
+CVStatementFindings CVImportReader::findings(const IsWanted& isWanted) {
+    CVStatement read = statement({}, isWanted);
+    const auto mapping = mNotes.mapping(read.headerDigest);
+    if (!mapping)
+        return {std::make_shared<CVStatement>(std::move(read)), {}, false, mNotes};
+    CVStatement asLastTime = statement(*mapping, isWanted);
+    if (!fits(asLastTime, read))
+        return {std::make_shared<CVStatement>(std::move(read)), {}, false, mNotes};
+    return {std::make_shared<CVStatement>(std::move(asLastTime)), *mapping, true, mNotes};
+}
+
+CVStatement CVImportReader::statement(const CVStatementMapping& known, const IsWanted& isWanted) {
+    return CVReadStatement(mBytes, known, [this, &isWanted](int permille) {
+        mPermille = permille;
+        return !isWanted();
+    });
+}
+
+void CVImportReader::readAs(const CVStatementMapping& known) {
+    mPermille = 0;
+    mWork.start([this, known](const IsWanted& isWanted) {
+        return tell({std::make_shared<CVStatement>(statement(known, isWanted)), known, false, mNotes});
+    });
+}
+
+CVLatestWork::Told CVImportReader::tell(CVStatementFindings findings) {
+    return [this, findings = std::move(findings)] { emit statementRead(findings); };
+}
+
+void CVImportReader::prepare(std::shared_ptr<const CVPrepareImport> prepare,
+                             std::shared_ptr<const CVStatement> statement, const CVImportTargets& targets) {
+    mPermille = 0;
+    mWork.start([this, prepare = std::move(prepare), statement = std::move(statement),
+                 targets](const IsWanted& isWanted) -> CVLatestWork::Told {
+        auto lines =
+            std::make_shared<CVImportLines>(prepare->lines(statement->lines, targets, [this, &isWanted](int permille) {
+                mPermille = permille;
+                return !isWanted();
+            }));
+        return [this, lines] { emit linesPrepared(*lines); };
+    });
+}

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "base/CVLatestWork.h"
+#include "importing/CVImportLine.h"
+#include "importing/CVImportNotes.h"
+#include "importing/CVImportTargets.h"
+#include "importing/statements/CVStatement.h"
+
+#include <atomic>
+#include <memory>
+
+class CVPrepareImport;
+
+/// What was found in a statement.
+struct CVStatementFindings {
+    std::shared_ptr<const CVStatement> statement;
+    /// What the statement was asked to be read as.
+    CVStatementMapping known;
+    /// Whether it was read as the last statement with the same header.
+    bool isAsLastTime = false;
+    /// What is remembered of former imports.
+    CVImportNotes notes;
+};
+
+/// Reads a statement and prepares its lines on a thread of its own. Each call cancels the former work. Used from the
+/// main thread.
+class CVImportReader final : public QObject {
+    Q_OBJECT
+
+public:
+    /// Where a statement comes from.
+    struct Source {
+        /// The file; empty for rows that were copied.
+        QString path = {};
+        /// The rows that were copied in another program, as UTF-8.
+        QByteArray copied = {};
+    };
+
+    /// The notes beside the data file are read too.
+    explicit CVImportReader(QString dataFile);
+    ~CVImportReader() override;
+
+    void read(const Source& source);
+    /// Reads the same statement as `known` says.
+    void readAs(const CVStatementMapping& known);
+    /// Prepares the lines of a statement that was read. Only this object uses `prepare` until another one is given.
+    void prepare(std::shared_ptr<const CVPrepareImport> prepare, std::shared_ptr<const CVStatement> statement,
+                 const CVImportTargets& targets);
+
+    /// How far the work is, from 0 to 1000.
+    [[nodiscard]] int permille() const { return mPermille; }
+
+signals:
+    /// These are always emitted from the event loop.
+    void statementRead(const CVStatementFindings& findings);
+    void linesPrepared(const CVImportLines& lines);
+
+private:
+    using IsWanted = CVLatestWork::IsWanted;
+
+    /// These run on the thread.
+    [[nodiscard]] CVStatementFindings findings(const IsWanted& isWanted);
+    [[nodiscard]] CVStatement statement(const CVStatementMapping& known, const IsWanted& isWanted);
+    [[nodiscard]] CVLatestWork::Told tell(CVStatementFindings findings);
+
+    QString mDataFile;
+    std::atomic<int> mPermille = 0;
+
+    /// Used on the thread alone.
+    QByteArray mBytes;
+    CVImportNotes mNotes;
+
+    /// Declared last, so that all other members exist as long as the thread runs.
+    CVLatestWork mWork;
+};

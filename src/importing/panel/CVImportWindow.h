@@ -1,0 +1,113 @@
+#pragma once
+
+#include "importing/panel/CVImportReader.h"
+
+#include <QDialog>
+#include <QTimer>
+
+#include <memory>
+#include <optional>
+
+class CVAlerts;
+class CVDocument;
+class CVElidedLabel;
+class CVFilePanels;
+class CVHelpOpener;
+class CVImportLinePane;
+class CVPrepareImport;
+class CVQuestionPane;
+class CVStatementPane;
+class CVTargetPane;
+class QBoxLayout;
+class QLabel;
+class QProgressBar;
+class QPushButton;
+
+/// The modal window with a statement: what was recognised and what is open, where the lines go, and the lines as they
+/// will be recorded, which the user can change. Records nothing itself. All references outlive the window.
+class CVImportWindow final : public QDialog {
+    Q_OBJECT
+
+public:
+    using Source = CVImportReader::Source;
+    /// What the user wants to import.
+    struct Order {
+        /// All lines of the statement as they will be recorded; the checked ones are to be recorded.
+        CVImportLines lines;
+        CVImportTargets targets;
+        /// What the lines come from.
+        std::shared_ptr<const CVStatement> statement;
+    };
+
+    /// Without `help` there is no Help button.
+    CVImportWindow(CVDocument& document, CVFilePanels& panels, CVAlerts& alerts, CVHelpOpener* help, QWidget* parent);
+    ~CVImportWindow() override;
+
+    /// Reads a statement, which takes the place of another one.
+    void read(const Source& source);
+    /// What is to be imported, once the user has agreed.
+    [[nodiscard]] Order order() const;
+
+    /// Asks the user for the file of a statement; absent when the user cancels.
+    [[nodiscard]] static std::optional<QString> chooseStatement(CVFilePanels& panels, QWidget& asker);
+
+    /// Asks first when the user would lose what was changed in the lines.
+    void reject() override;
+    void done(int result) override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void addHeadline(QBoxLayout& contents);
+    void addLines(QBoxLayout& contents);
+    void addButtons(QBoxLayout& window, CVHelpOpener* help);
+    QPushButton& addButton(QBoxLayout& row, const QString& text, const char* name);
+
+    void readAs(const CVStatementMapping& known);
+    void takeStatement(const CVStatementFindings& findings);
+    void takeLines(const CVImportLines& lines);
+    void prepare();
+    void begin();
+    void finish();
+    void showStatement(bool isAsLastTime);
+    void showTargets();
+    void targetsChanged();
+    void chooseAnother();
+    [[nodiscard]] CVImportTargets usualTargets(const CVImportNotes& notes) const;
+
+    void showState();
+    void showProgress();
+    void showObstacle();
+    /// Why nothing can be imported yet; empty when something can.
+    [[nodiscard]] QString obstacle() const;
+    void importLines();
+
+    CVDocument& mDocument;
+    CVFilePanels& mPanels;
+    CVAlerts& mAlerts;
+    CVStatementMapping mKnown;
+    /// Null before it is read.
+    std::shared_ptr<const CVStatement> mStatement;
+    std::shared_ptr<const CVPrepareImport> mPrepare;
+    bool mIsBusy = false;
+    /// Whether the user was asked about the changes and went on.
+    bool mWasAsked = false;
+
+    CVElidedLabel* mSummary;
+    QLabel* mRemark;
+    QPushButton* mColumns = nullptr;
+    QPushButton* mAnother = nullptr;
+    CVQuestionPane* mQuestions;
+    CVStatementPane* mStatementPane;
+    CVTargetPane* mTargets;
+    CVImportLinePane* mLines;
+    QLabel* mObstacle;
+    QProgressBar* mProgress;
+    QPushButton* mImport = nullptr;
+    /// Runs from the beginning of the work on, then again and again: what is read sooner needs no progress.
+    QTimer mShowsProgress;
+    /// Null once the window is closed.
+    std::unique_ptr<CVImportReader> mReader;
+};

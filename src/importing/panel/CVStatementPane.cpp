@@ -1,0 +1,189 @@
+#include "importing/panel/CVStatementPane.h"
+
+#include "importing/panel/CVStatementRowModel.h"
+#include "importing/statements/CVStatementText.h"
+#include "widgets/CVWrappingLayout.h"
+#include "widgets/fields/CVWheelSafeComboBox.h"
+#include "widgets/tables/CVCellDelegate.h"
+#include "widgets/tables/CVTableView.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QSignalBlocker>
+#include <QSpinBox>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr int kLastHeaderLine = 999;
+constexpr int kMostRowsShown = 6;
+
+constexpr std::array kRoles{CVColumnRole::Ignored,  CVColumnRole::Day,      CVColumnRole::Amount,
+                            CVColumnRole::MoneyIn,  CVColumnRole::MoneyOut, CVColumnRole::Marker,
+                            CVColumnRole::Fee,      CVColumnRole::Payee,    CVColumnRole::Payer,
+                            CVColumnRole::Purpose,  CVColumnRole::Category, CVColumnRole::Balance,
+                            CVColumnRole::Currency, CVColumnRole::BankID,   CVColumnRole::OtherDay};
+
+/// Shows the item with that value; none when the statement does not settle it.
+void choose(QComboBox& box, const QVariant& value) {
+    const QSignalBlocker blocker(box);
+    box.setCurrentIndex(value.isValid() ? box.findData(value) : -1);
+}
+
+} // namespace
+
+CVStatementPane::CVStatementPane(QWidget* parent)
+    : QWidget(parent)
+    , mModel(new CVStatementRowModel(this))
+    , mTable(new CVTableView(this)) {
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto* const forms = new CVWrappingLayout;
+    mSeparator = addPopUp(*forms, tr("&Separator:"), "mSeparatorBox");
+    mEncoding = addPopUp(*forms, tr("&Encoding:"), "mEncodingBox");
+    addHeaderLine(*forms);
+    mDayOrder = addPopUp(*forms, tr("Order of da&ys:"), "mDayOrderBox");
+    mDecimalMark = addPopUp(*forms, tr("Decimal mar&k:"), "mDecimalMarkBox");
+    layout->addLayout(forms);
+    mTable->setObjectName(QStringLiteral("mStatementTable"));
+    mTable->setAccessibleName(tr("First Rows of the Statement"));
+    mTable->setModel(mModel);
+    mTable->setItemDelegate(new CVCellDelegate(mTable));
+    mTable->setSelectionMode(QAbstractItemView::SingleSelection);
+    mTable->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    layout->addWidget(mTable, 1);
+    // Its controls come before the rows, as they stand.
+    setTabOrder(mDecimalMark, mTable);
+    mSeparator->addItem(tr("Comma"), u',');
+    mSeparator->addItem(tr("Semicolon"), u';');
+    mSeparator->addItem(tr("Tab"), u'\t');
+    mSeparator->addItem(tr("Bar"), u'|');
+    for (const QByteArray& encoding : CVEncodingsOfStatements())
+        mEncoding->addItem(QString::fromLatin1(encoding), encoding);
+    mDayOrder->addItem(tr("Day, month, year"), static_cast<int>(CVDayOrder::DayMonthYear));
+    mDayOrder->addItem(tr("Month, day, year"), static_cast<int>(CVDayOrder::MonthDayYear));
+    mDayOrder->addItem(tr("Year, month, day"), static_cast<int>(CVDayOrder::YearMonthDay));
+    mDecimalMark->addItem(tr("Point"), QChar(u'.'));
+    mDecimalMark->addItem(tr("Comma"), QChar(u','));
+    connectPopUps();
+}
+
+QComboBox* CVStatementPane::addPopUp(CVWrappingLayout& line, const QString& label, const char* name) {
+    auto* const part = new QHBoxLayout;
+    auto* const text = new QLabel(label, this);
+    auto* const box = new CVWheelSafeComboBox(this);
+    box->setObjectName(QLatin1String(name));
+    box->setAccessibleName(QString(label).remove('&').remove(':'));
+    box->setPlaceholderText(tr("not settled"));
+    text->setBuddy(box);
+    part->addWidget(text);
+    part->addWidget(box);
+    line.addPart(part);
+    return box;
+}
+
+void CVStatementPane::addHeaderLine(CVWrappingLayout& line) {
+    auto* const part = new QHBoxLayout;
+    auto* const text = new QLabel(tr("Hea&der in line:"), this);
+    mHeaderLine = new QSpinBox(this);
+    mHeaderLine->setObjectName(QStringLiteral("mHeaderLineBox"));
+    mHeaderLine->setAccessibleName(tr("Header in line"));
+    mHeaderLine->setRange(0, kLastHeaderLine);
+    mHeaderLine->setSpecialValueText(tr("none"));
+    mHeaderLine->setKeyboardTracking(false);
+    mHeaderLine->setFocusPolicy(Qt::StrongFocus);
+    text->setBuddy(mHeaderLine);
+    part->addWidget(text);
+    part->addWidget(mHeaderLine);
+    line.addPart(part);
+}
+
+void CVStatementPane::connectPopUps() {
+    connect(mSeparator, &QComboBox::activated, this, [this] {
+        mKnown.separator = static_cast<char>(mSeparator->currentData().value<char16_t>());
+        tell(true);
+    });
+    connect(mEncoding, &QComboBox::activated, this, [this] {
+        mKnown.encoding = mEncoding->currentData().toByteArray();
+        tell(true);
+    });
+    connect(mHeaderLine, &QSpinBox::valueChanged, this, [this](int line) {
+        mKnown.headerLine = line;
+        tell(true);
+    });
+    connect(mDayOrder, &QComboBox::activated, this, [this] {
+        mKnown.dayOrder = static_cast<CVDayOrder>(mDayOrder->currentData().toInt());
+        tell(false);
+    });
+    connect(mDecimalMark, &QComboBox::activated, this, [this] {
+        mKnown.decimalMark = mDecimalMark->currentData().toChar();
+        tell(false);
+    });
+}
+
+void CVStatementPane::tell(bool areOtherColumns) {
+    if (areOtherColumns)
+        mKnown.columns.reset();
+    emit changed(mKnown);
+}
+
+void CVStatementPane::show(std::shared_ptr<const CVStatement> statement, const CVStatementMapping& known) {
+    mStatement = std::move(statement);
+    mKnown = known;
+    showForms();
+    // The pop-up that was chosen from must not go while it tells so.
+    QMetaObject::invokeMethod(this, &CVStatementPane::showMeanings, Qt::QueuedConnection);
+}
+
+void CVStatementPane::showForms() {
+    const CVStatementMapping& mapping = mStatement->mapping;
+    const auto valueOf = [](const auto& member) { return member ? QVariant::fromValue(*member) : QVariant(); };
+    choose(*mSeparator, mapping.separator ? QVariant::fromValue(char16_t(*mapping.separator)) : QVariant());
+    if (mapping.encoding && mEncoding->findData(*mapping.encoding) < 0)
+        mEncoding->addItem(QString::fromLatin1(*mapping.encoding), *mapping.encoding);
+    choose(*mEncoding, valueOf(mapping.encoding));
+    choose(*mDayOrder, mapping.dayOrder ? QVariant(static_cast<int>(*mapping.dayOrder)) : QVariant());
+    choose(*mDecimalMark, valueOf(mapping.decimalMark));
+    const QSignalBlocker blocker(mHeaderLine);
+    mHeaderLine->setValue(mapping.headerLine.value_or(0));
+}
+
+void CVStatementPane::showMeanings() {
+    const int focused = mTable->currentIndex().column();
+    const bool hadFocus = mTable->isAncestorOf(focusWidget());
+    mModel->setStatement(mStatement);
+    for (int column = 0; column < mModel->columnCount(); ++column) {
+        auto* const box = new CVWheelSafeComboBox(mTable);
+        box->setAccessibleName(tr("Meaning of “%1”").arg(mModel->headerData(column, Qt::Horizontal).toString()));
+        for (const CVColumnRole role : kRoles)
+            box->addItem(CVStatementRowModel::meaning(role), static_cast<int>(role));
+        choose(*box, static_cast<int>((*mStatement->mapping.columns)[static_cast<std::size_t>(column)]));
+        connect(box, &QComboBox::activated, this, [this, box, column] {
+            chooseMeaning(static_cast<std::size_t>(column), static_cast<CVColumnRole>(box->currentData().toInt()));
+        });
+        const QModelIndex place = mModel->index(CVStatementRowModel::kMeaningRow, column);
+        mTable->setIndexWidget(place, box);
+        mTable->setColumnWidth(column, std::max(box->sizeHint().width(), mTable->columnWidth(column)));
+        if (hadFocus && column == focused)
+            box->setFocus();
+    }
+    const int height = mTable->horizontalHeader()->sizeHint().height() + kMostRowsShown * mTable->rowHeight() +
+                       mTable->rowHeight() + 2 * mTable->frameWidth();
+    mTable->setMaximumHeight(height);
+    if (mModel->columnCount() > 0)
+        mTable->setRowHeight(CVStatementRowModel::kMeaningRow,
+                             mTable->indexWidget(mModel->index(0, 0))->sizeHint().height());
+}
+
+/// What the user has not chosen is guessed anew, so that no two columns say the same.
+void CVStatementPane::chooseMeaning(std::size_t column, CVColumnRole role) {
+    if (!mKnown.columns)
+        mKnown.columns.emplace(mStatement->mapping.columns->size(), CVColumnRole::Guessed);
+    mTable->setCurrentIndex(mModel->index(CVStatementRowModel::kMeaningRow, static_cast<int>(column)));
+    mKnown.columns->resize(mStatement->mapping.columns->size(), CVColumnRole::Guessed);
+    (*mKnown.columns)[column] = role;
+    tell(false);
+}
