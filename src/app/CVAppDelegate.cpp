@@ -5,6 +5,7 @@
 #include "app/CVEditorWindows.h"
 #include "app/CVEnding.h"
 #include "app/CVHistoryOperations.h"
+#include "app/CVImportOperations.h"
 #include "app/CVLockOperations.h"
 #include "app/CVMergeOperations.h"
 #include "app/CVOutsideChanges.h"
@@ -59,6 +60,7 @@ CVAppDelegate::CVAppDelegate(std::unique_ptr<QSettings> settings, CVStandardFold
     , mHistoryOperations(std::make_unique<CVHistoryOperations>(*this, mFile, alerts, panels))
     , mOutsideChanges(std::make_unique<CVOutsideChanges>(*this, mFile))
     , mDocument(std::make_unique<CVDocument>(mNotificationCenter, mUserDefaults))
+    , mImportOperations(std::make_unique<CVImportOperations>(*this, alerts, panels))
     , mMergeOperations(std::make_unique<CVMergeOperations>(*this))
     , mConflictTeller(std::make_unique<CVConflictTeller>(*this)) {
     mLockOperations = std::make_unique<CVLockOperations>(*this, mFile, alerts);
@@ -72,6 +74,7 @@ CVAppDelegate::~CVAppDelegate() = default;
 
 void CVAppDelegate::setHelp(CVHelpOpener* help) {
     mHelp = help;
+    mImportOperations->setHelp(help);
     mMergeOperations->setHelp(help);
 }
 
@@ -124,6 +127,9 @@ void CVAppDelegate::makeWindowControllers() {
     mMainWindow->setDocumentWindows(mEditorWindows.get());
     mMainWindow->setPrintPanels(mPrintPanels);
     connect(mMainWindow.get(), &CVMainWindowController::applicationCommandChosen, this, &CVAppDelegate::carryOut);
+    // The program that a file is dragged from waits until the drop is answered.
+    connect(mMainWindow.get(), &CVMainWindowController::fileDropped, mImportOperations.get(),
+            &CVImportOperations::importFile, Qt::QueuedConnection);
     CVSaveStatus& status = mMainWindow->saveStatus();
     connect(&mFile.saves(), &CVSaveQueue::saveStarted, &status, &CVSaveStatus::setSaving);
     connect(&status, &CVSaveStatus::tryAgain, this, [this] { mDocument->workbookSave(); });
@@ -153,6 +159,12 @@ void CVAppDelegate::offer(const CVSaveOutcome& outcome) {
 
 void CVAppDelegate::carryOut(CVCommand command) {
     switch (command) {
+    case CVCommand::Import:
+        return mImportOperations->importChosenFile();
+    case CVCommand::ImportFromClipboard:
+        return mImportOperations->importClipboard();
+    case CVCommand::TakeBackImport:
+        return mImportOperations->takeBack();
     case CVCommand::EarlierVersions:
         return showEarlierVersions();
     case CVCommand::ChangesFromElsewhere:
@@ -295,6 +307,7 @@ void CVAppDelegate::replaceDocument(std::unique_ptr<CVDocument> document) {
 }
 
 void CVAppDelegate::setDocument(std::unique_ptr<CVDocument> document) {
+    mImportOperations->forget();
     mMainWindow.reset();
     mEditorWindows.reset();
     mDocument = std::move(document);

@@ -20,6 +20,7 @@ class CVFilePanels;
 class CVHelpOpener;
 class CVHistoryOperations;
 class CVHistoryWindow;
+class CVImportOperations;
 class CVLockOperations;
 class CVMainWindowController;
 class CVOutsideChanges;
@@ -96,6 +97,7 @@ public:
     [[nodiscard]] CVReadingOperations& readingOperations() { return *mReadingOperations; }
     [[nodiscard]] CVLockOperations& lockOperations() { return *mLockOperations; }
     [[nodiscard]] CVHistoryOperations& historyOperations() { return *mHistoryOperations; }
+    [[nodiscard]] CVImportOperations& importOperations() { return *mImportOperations; }
     [[nodiscard]] CVMergeOperations& mergeOperations() { return *mMergeOperations; }
     [[nodiscard]] CVConflictTeller& conflictTeller() { return *mConflictTeller; }
     /// Keeps a window in front of the main window, which can be used meanwhile.
@@ -133,6 +135,7 @@ private:
     std::unique_ptr<CVMainWindowController> mMainWindow;
     std::unique_ptr<CVPreferenceWindowController> mPreferences;
     std::unique_ptr<CVHistoryWindow> mHistory;
+    std::unique_ptr<CVImportOperations> mImportOperations;
     std::unique_ptr<CVMergeOperations> mMergeOperations;
     std::unique_ptr<CVConflictTeller> mConflictTeller;
     std::unique_ptr<CVReadingOperations> mReadingOperations;

@@ -47,7 +47,10 @@ struct Entry {
 
 /// The commands in the order of CVCommand, which is also their order in the menus.
 constexpr std::array<Entry, kCVCommands> kEntries{
-    {{CVCommand::Export, File, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Export Transactions…"), "Ctrl+E"},
+    {{CVCommand::Import, File, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Import…"), "Ctrl+I"},
+     {CVCommand::ImportFromClipboard, File, Group::Same,
+      QT_TRANSLATE_NOOP("CVMainMenu", "Import from &Clipboard…"), ""},
+     {CVCommand::Export, File, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Export Transactions…"), "Ctrl+E"},
      {CVCommand::EarlierVersions, File, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "E&arlier Versions…"), ""},
      {CVCommand::ChangesFromElsewhere, File, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "Changes from Else&where…"),
       ""},
@@ -56,6 +59,7 @@ constexpr std::array<Entry, kCVCommands> kEntries{
      {CVCommand::PageSetup, File, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "Page Set&up…"), ""},
      {CVCommand::Quit, File, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "&Quit"), "Ctrl+Q"},
      {CVCommand::Remove, Edit, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "&Remove Transactions"), "Del"},
+     {CVCommand::TakeBackImport, Edit, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "Take &Back Import"), ""},
      {CVCommand::Find, Edit, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "&Find"), "Ctrl+F"},
      {CVCommand::DetectDuplicates, Edit, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Detect Duplicates"),
       "Ctrl+Alt+D"},

@@ -12,6 +12,8 @@ class QMenu;
 
 /// The commands of the main window's menus.
 enum class CVCommand {
+    Import,
+    ImportFromClipboard,
     Export,
     EarlierVersions,
     ChangesFromElsewhere,
@@ -20,6 +22,7 @@ enum class CVCommand {
     PageSetup,
     Quit,
     Remove,
+    TakeBackImport,
     Find,
     DetectDuplicates,
     Preferences,

@@ -18,8 +18,11 @@
 #include "workspace/transactions/CVTransactionTableView.h"
 #include "workspace/transactions/CVTransactionsTab.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QMimeData>
 #include <QTabWidget>
+#include <QUrl>
 #include <QVBoxLayout>
 
 namespace {
@@ -71,6 +74,7 @@ CVMainWindow::CVMainWindow(const CVBudgetContents& contents)
     layout->addWidget(mMainTabView, 1);
     layout->addWidget(mSaveStatus);
     setCentralWidget(new CVScrollArea(*content, this));
+    setAcceptDrops(true);
     mMenu = new CVMainMenu(*this, mTransactionsTab->table());
 }
 
@@ -135,4 +139,28 @@ void CVMainWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::LocaleChange)
         emit localeChanged();
+}
+
+QString CVMainWindow::droppedFile(const QDropEvent& event) const {
+    const QList<QUrl> places = event.mimeData()->urls();
+    const bool isReadOnly = !mReadOnlyNotice->isHidden();
+    return places.size() == 1 && !isReadOnly && !QApplication::activeModalWidget() ? places[0].toLocalFile()
+                                                                                   : QString();
+}
+
+void CVMainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (droppedFile(*event).isEmpty())
+        return;
+    // The file stays where it is.
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void CVMainWindow::dropEvent(QDropEvent* event) {
+    const QString path = droppedFile(*event);
+    if (path.isEmpty())
+        return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    emit fileDropped(path);
 }

@@ -62,6 +62,8 @@ public:
 signals:
     /// The user picked the set with that index.
     void transactionSetPicked(int index);
+    /// The user has dropped a file on the window.
+    void fileDropped(const QString& path);
     /// The user's locale has changed.
     void localeChanged();
     /// The window is about to close and can no longer be kept open.
@@ -70,8 +72,13 @@ signals:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
+    /// The file that would be dropped; empty when nothing can be done with what is dragged, or just now.
+    [[nodiscard]] QString droppedFile(const QDropEvent& event) const;
+
     CVEntryStrip* mEntryStrip;
     CVReadOnlyNotice* mReadOnlyNotice;
     /// Created before its pages, as the pop-up of sets is, so that the Tab key reaches both before the pages.

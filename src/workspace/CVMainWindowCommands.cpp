@@ -66,6 +66,9 @@ void CVMainWindowCommands::choose(CVCommand command) {
         return mController.handleTransactionSets();
     case CVCommand::Preferences:
         return mController.showPreferences();
+    case CVCommand::Import:
+    case CVCommand::ImportFromClipboard:
+    case CVCommand::TakeBackImport:
     case CVCommand::EarlierVersions:
     case CVCommand::ChangesFromElsewhere:
     case CVCommand::ShowHelp:

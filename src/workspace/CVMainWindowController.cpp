@@ -121,6 +121,11 @@ void CVMainWindowController::remarkRemoval(int count) {
                         isKept ? CVSaveStatus::Offer::Versions : CVSaveStatus::Offer::Nothing);
 }
 
+void CVMainWindowController::setCanTakeBackImport(bool can) {
+    mCanTakeBackImport = can;
+    updateCommands();
+}
+
 void CVMainWindowController::removeTransaction() {
     mListController->removeTransaction();
 }
@@ -209,6 +214,7 @@ void CVMainWindowController::connectWindow() {
     using Self = CVMainWindowController;
     connect(mWindow.get(), &CVMainWindow::transactionSetPicked, this, &Self::changeTransactionSet);
     connect(mWindow.get(), &CVMainWindow::closing, this, [this] { mWindow->keep(mDocument.userDefaults()); });
+    connect(mWindow.get(), &CVMainWindow::fileDropped, this, &Self::fileDropped);
     connect(mWindow.get(), &CVMainWindow::localeChanged, this, &Self::handleLocaleChange);
     connect(&mWindow->tabs(), &QTabWidget::currentChanged, this, &Self::tabSelected);
     connect(&mWindow->transactionsTab().table(), &CVTransactionTableView::selectedTransactionsChanged, this,
@@ -226,6 +232,8 @@ void CVMainWindowController::connectParts() {
     connect(controller, &CVTransactionsTabController::removalRemarked, this, &Self::remarkRemoval);
     connect(&saveStatus(), &CVSaveStatus::versionsRequested, this,
             [this] { emit applicationCommandChosen(CVCommand::EarlierVersions); });
+    connect(&saveStatus(), &CVSaveStatus::takeBackRequested, this,
+            [this] { emit applicationCommandChosen(CVCommand::TakeBackImport); });
     connect(&mWindow->readOnlyNotice(), &CVReadOnlyNotice::tryAgain, this, &Self::editingRequested);
     connect(mSummaryController.get(), &CVSummaryTabController::periodsChanged, this, &Self::reloadAllTables);
     connect(mSummaryController.get(), &CVSummaryTabController::cellOpened, this, [this](const auto& transactions) {
@@ -296,7 +304,9 @@ void CVMainWindowController::updateCommands() {
     menu.setEnabled(CVCommand::Export, !mContents.list().displayTransactions().empty());
     menu.setEnabled(CVCommand::Remove, hasSelection && canEdit);
     menu.setCopyRowsEnabled(hasSelection);
-    menu.setEnabled(CVCommand::Record, canEdit);
+    for (const CVCommand command : {CVCommand::Record, CVCommand::Import, CVCommand::ImportFromClipboard})
+        menu.setEnabled(command, canEdit);
+    menu.setEnabled(CVCommand::TakeBackImport, mCanTakeBackImport && canEdit);
     for (const CVCommand command : {CVCommand::PreviousPeriod, CVCommand::NextPeriod, CVCommand::Today})
         menu.setEnabled(command, mDisplayTab == CVMainWindow::kSummary);
     menu.setEnabled(CVCommand::Preferences, mDocumentWindows != nullptr);

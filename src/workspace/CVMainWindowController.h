@@ -60,6 +60,8 @@ public:
 
     /// Records the contents of the entry strip, or shows an alert with their first problem.
     void record();
+    /// Whether there is an import that can be taken back.
+    void setCanTakeBackImport(bool can);
     /// Removes the selected transactions once the user has confirmed it.
     void removeTransaction();
     /// Says in the status line how many transactions went, and leads to the earlier versions where they are kept.
@@ -85,6 +87,8 @@ public:
 signals:
     /// The user chose a command that concerns the application, not this window.
     void applicationCommandChosen(CVCommand command);
+    /// The user has dropped a file on the window.
+    void fileDropped(const QString& path);
     /// The user wants to change the budget that is only looked at.
     void editingRequested();
 
@@ -115,6 +119,7 @@ private:
     int mDisplayTab = 0;
     /// True while the window is set up; signals of its controls are then not choices of the user.
     bool _cv_setting_up = false;
+    bool mCanTakeBackImport = false;
     std::unique_ptr<CVMainWindow> mWindow;
     std::unique_ptr<CVEntryController> mEntryController;
     std::unique_ptr<CVTransactionsTabController> mListController;

@@ -168,7 +168,7 @@ void CVImportWindow::read(const Source& source) {
 }
 
 CVImportWindow::Order CVImportWindow::order() const {
-    return {mLines->lines().lines(), mTargets->targets(), mStatement};
+    return {mLines->lines().lines(), mTargets->targets(), mStatement, mPrepare ? mPrepare->notes() : CVImportNotes()};
 }
 
 void CVImportWindow::readAs(const CVStatementMapping& known) {

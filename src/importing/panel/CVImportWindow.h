@@ -37,6 +37,8 @@ public:
         CVImportTargets targets;
         /// What the lines come from.
         std::shared_ptr<const CVStatement> statement;
+        /// What was remembered of former imports.
+        CVImportNotes notes;
     };
 
     /// Without `help` there is no Help button.

@@ -30,6 +30,7 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
     , mRemark(new CVElidedLabel(this))
     , mShowVersions(new QPushButton(tr("Sho&w…"), this))
     , mShowOtherFile(new QPushButton(tr("Sho&w…"), this))
+    , mTakeBack(new QPushButton(tr("Ta&ke Back"), this))
     , mIcon(new QLabel(this))
     , mText(new QLabel(this))
     , mMakeRoom(new QPushButton(tr("Delete Earlier Versions…"), this))
@@ -44,6 +45,9 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
     mShowOtherFile->setObjectName(QStringLiteral("mShowOtherFileButton"));
     mShowOtherFile->setAccessibleName(tr("Show Changes from Elsewhere"));
     mShowOtherFile->setToolTip(tr("Show what the other file says, and bring into your budget what is missing"));
+    mTakeBack->setObjectName(QStringLiteral("mTakeBackButton"));
+    mTakeBack->setAccessibleName(tr("Take Back Import"));
+    mTakeBack->setToolTip(tr("Take the imported transactions out of your budget again"));
     show(Offer::Nothing);
     mText->setObjectName(QStringLiteral("mSaveStatusText"));
     mText->setTextFormat(Qt::PlainText);
@@ -58,6 +62,7 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
     layout->addWidget(mRemark);
     layout->addWidget(mShowVersions);
     layout->addWidget(mShowOtherFile);
+    layout->addWidget(mTakeBack);
     layout->addWidget(mIcon);
     layout->addWidget(mText, 1);
     layout->addWidget(mMakeRoom);
@@ -73,6 +78,7 @@ CVSaveStatus::CVSaveStatus(QWidget* parent)
     });
     connect(mShowVersions, &QPushButton::clicked, this, &CVSaveStatus::versionsRequested);
     connect(mShowOtherFile, &QPushButton::clicked, this, &CVSaveStatus::otherFileRequested);
+    connect(mTakeBack, &QPushButton::clicked, this, &CVSaveStatus::takeBackRequested);
     connect(mTryAgain, &QPushButton::clicked, this, [this] {
         mAttempt.start();
         emit tryAgain();
@@ -122,6 +128,7 @@ void CVSaveStatus::showFailure() {
 void CVSaveStatus::show(Offer offer) {
     mShowVersions->setVisible(offer == Offer::Versions);
     mShowOtherFile->setVisible(offer == Offer::OtherFile);
+    mTakeBack->setVisible(offer == Offer::TakeBack);
 }
 
 void CVSaveStatus::remark(const QString& text, Offer offer) {

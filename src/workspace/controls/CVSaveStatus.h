@@ -26,7 +26,7 @@ public:
     /// second later at the earliest, so that the user sees the attempt.
     void setFailed(const QString& reason, MakeRoom makeRoom = MakeRoom::No);
     /// What a remark leads to, by a button behind it.
-    enum class Offer { Nothing, Versions, OtherFile };
+    enum class Offer { Nothing, Versions, OtherFile, TakeBack };
     /// Shows a remark until the next remark or a failure, and announces it to screen readers at once.
     void remark(const QString& text, Offer offer = Offer::Nothing);
 
@@ -37,6 +37,8 @@ signals:
     void versionsRequested();
     /// The user wants to see what another file has that the budget lacks.
     void otherFileRequested();
+    /// The user wants to take back the last import.
+    void takeBackRequested();
     /// The user wants to delete earlier versions.
     void makeRoom();
 
@@ -49,6 +51,7 @@ private:
     CVElidedLabel* mRemark;
     QPushButton* mShowVersions;
     QPushButton* mShowOtherFile;
+    QPushButton* mTakeBack;
     QLabel* mIcon;
     QLabel* mText;
     QPushButton* mMakeRoom;

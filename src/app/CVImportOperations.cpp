@@ -1,0 +1,161 @@
+#include "app/CVImportOperations.h"
+
+#include "app/CVAppDelegate.h"
+#include "format/QBLocale.h"
+#include "importing/CVNotesFile.h"
+#include "importing/CVTakeBackImport.h"
+#include "model/CVDocument.h"
+#include "widgets/CVAlerts.h"
+#include "widgets/CVFilePanels.h"
+#include "widgets/CVLeadToWaitingWindow.h"
+#include "widgets/tables/CVCommitOpenEditor.h"
+#include "workspace/CVMainWindowController.h"
+#include "workspace/controls/CVSaveStatus.h"
+
+#include <QClipboard>
+#include <QDateTime>
+#include <QGuiApplication>
+#include <QMainWindow>
+
+#include <utility>
+
+namespace {
+
+QString importedNumber(std::size_t count) {
+    return QBLocaleInForce().toString(static_cast<qulonglong>(count));
+}
+
+} // namespace
+
+CVImportOperations::CVImportOperations(CVAppDelegate& app, CVAlerts& alerts, CVFilePanels& panels)
+    : mApp(app)
+    , mAlerts(alerts)
+    , mPanels(panels) {}
+
+bool CVImportOperations::mayImport() const {
+    return !mApp.document().isReadOnly() && !CVLeadToWaitingWindow();
+}
+
+void CVImportOperations::importChosenFile() {
+    if (!mayImport())
+        return;
+    if (const auto path = CVImportWindow::chooseStatement(mPanels, *mApp.mainWindow()->window()))
+        importFile(*path);
+}
+
+void CVImportOperations::importFile(const QString& path) {
+    if (mayImport())
+        show({path, {}});
+}
+
+void CVImportOperations::importClipboard() {
+    const QString rows = QGuiApplication::clipboard()->text();
+    if (rows.trimmed().isEmpty())
+        mApp.mainWindow()->saveStatus().remark(
+            tr("There are no rows on the clipboard. Copy some in the other program first."));
+    else if (mayImport())
+        show({{}, rows.toUtf8()});
+}
+
+void CVImportOperations::show(const CVImportWindow::Source& source) {
+    QWidget& main = *mApp.mainWindow()->window();
+    CVCommitOpenEditor(main.focusWidget());
+    CVImportWindow window(mApp.document(), mPanels, mAlerts, mHelp, &main);
+    window.read(source);
+    if (window.exec() == QDialog::Accepted)
+        carryOut(window.order());
+}
+
+void CVImportOperations::carryOut(const CVImportWindow::Order& order) {
+    CVImported imported = CVImportIntoBudget(mApp.document(), order.lines, order.targets);
+    if (!imported.problem.isEmpty()) {
+        mAlerts.run(mApp.mainWindow()->window(), {tr("Nothing was imported"), imported.problem, tr("OK")});
+        return;
+    }
+    mApp.mainWindow()->getStarted();
+    const std::size_t count = imported.entries.size();
+    tell(count == 1
+             ? tr("1 transaction imported")
+             : tr("%1 transactions imported", nullptr, static_cast<int>(count)).arg(importedNumber(count)));
+    learn(order, imported);
+    mImports.push_back(std::move(imported));
+    mApp.mainWindow()->setCanTakeBackImport(true);
+}
+
+void CVImportOperations::tell(const QString& remark) {
+    mApp.mainWindow()->saveStatus().remark(remark, CVSaveStatus::Offer::TakeBack);
+}
+
+void CVImportOperations::learn(const CVImportWindow::Order& order, const CVImported& imported) {
+    CVImportNotes notes = order.notes;
+    const QByteArray& header = order.statement->headerDigest;
+    notes.noteTargets(mApp.document(), header, imported.targets);
+    notes.noteMapping(header, notes.contents().mappings.value(header).name, order.statement->mapping);
+    notes.noteLines(imported.account, imported.targets, order.lines);
+    write(notes);
+}
+
+void CVImportOperations::write(const CVImportNotes& notes) {
+    mNotes = notes;
+    const QString dataFile = mApp.document().dataFiles().value(0);
+    if (dataFile.isEmpty())
+        return;
+    mWriting.start([this, notes, dataFile](const CVLatestWork::IsWanted&) -> CVLatestWork::Told {
+        const auto written = CVNotesFile(dataFile).write(notes, QDateTime::currentDateTime());
+        if (written.ok())
+            return {};
+        return [this, why = written.error] {
+            // Beside the way back, so that the remark takes nothing away.
+            mApp.mainWindow()->saveStatus().remark(
+                tr("What this statement taught could not be kept for the next one: %1").arg(why),
+                mImports.empty() ? CVSaveStatus::Offer::Nothing : CVSaveStatus::Offer::TakeBack);
+        };
+    });
+}
+
+std::optional<CVEditedTransactions> CVImportOperations::askAboutEdited(int count) {
+    const CVAlert question{count == 1
+                               ? tr("1 of the imported transactions was edited since")
+                               : tr("%1 of the imported transactions were edited since", nullptr, count)
+                                     .arg(importedNumber(static_cast<std::size_t>(count))),
+                           tr("Take back all, or keep what was edited? The state before becomes an earlier version."),
+                           tr("Keep Edited"), tr("Cancel"), tr("Take Back All")};
+    switch (mAlerts.run(mApp.mainWindow()->window(), question)) {
+    case CVAlert::kDefault:
+        return CVEditedTransactions::Stay;
+    case CVAlert::kOther:
+        return CVEditedTransactions::Go;
+    default:
+        return std::nullopt;
+    }
+}
+
+void CVImportOperations::takeBack() {
+    if (mImports.empty() || !mayImport())
+        return;
+    CVCommitOpenEditor(mApp.mainWindow()->window()->focusWidget());
+    const CVImportState state = CVStateOfImport(mApp.document(), mImports.back());
+    auto edited = std::optional(CVEditedTransactions::Stay);
+    if (state.edited > 0)
+        edited = askAboutEdited(state.edited);
+    // Another budget may have been opened while the question was shown.
+    if (!edited || mImports.empty())
+        return;
+    const CVImported imported = std::move(mImports.back());
+    mImports.pop_back();
+    const CVImportLines lines = CVTakeBackImport(mApp.document(), imported, *edited);
+    mApp.mainWindow()->getStarted();
+    mApp.mainWindow()->setCanTakeBackImport(!mImports.empty());
+    mApp.mainWindow()->saveStatus().remark(
+        lines.empty()       ? tr("Nothing of this import was left in your budget")
+        : lines.size() == 1 ? tr("1 transaction taken back")
+                            : tr("%1 transactions taken back", nullptr, static_cast<int>(lines.size()))
+                                  .arg(importedNumber(lines.size())));
+    mNotes.forgetNumbers(imported.account, lines);
+    write(mNotes);
+}
+
+void CVImportOperations::forget() {
+    mImports.clear();
+    mNotes = {};
+}
