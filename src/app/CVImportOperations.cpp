@@ -74,9 +74,8 @@ void CVImportOperations::carryOut(const CVImportWindow::Order& order) {
     }
     mApp.mainWindow()->getStarted();
     const std::size_t count = imported.entries.size();
-    tell(count == 1
-             ? tr("1 transaction imported")
-             : tr("%1 transactions imported", nullptr, static_cast<int>(count)).arg(importedNumber(count)));
+    tell(count == 1 ? tr("1 transaction imported")
+                    : tr("%1 transactions imported", nullptr, static_cast<int>(count)).arg(importedNumber(count)));
     learn(order, imported);
     mImports.push_back(std::move(imported));
     mApp.mainWindow()->setCanTakeBackImport(true);
@@ -114,10 +113,9 @@ void CVImportOperations::write(const CVImportNotes& notes) {
 }
 
 std::optional<CVEditedTransactions> CVImportOperations::askAboutEdited(int count) {
-    const CVAlert question{count == 1
-                               ? tr("1 of the imported transactions was edited since")
-                               : tr("%1 of the imported transactions were edited since", nullptr, count)
-                                     .arg(importedNumber(static_cast<std::size_t>(count))),
+    const CVAlert question{count == 1 ? tr("1 of the imported transactions was edited since")
+                                      : tr("%1 of the imported transactions were edited since", nullptr, count)
+                                            .arg(importedNumber(static_cast<std::size_t>(count))),
                            tr("Take back all, or keep what was edited? The state before becomes an earlier version."),
                            tr("Keep Edited"), tr("Cancel"), tr("Take Back All")};
     switch (mAlerts.run(mApp.mainWindow()->window(), question)) {

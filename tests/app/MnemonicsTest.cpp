@@ -2,9 +2,12 @@
 #include "base/QBUserDefaults.h"
 #include "editors/CVTransactionWindowController.h"
 #include "help/CVHelp.h"
+#include "importing/panel/CVImportLineModel.h"
+#include "importing/panel/CVImportWindow.h"
 #include "kit/ScriptedURLs.h"
 #include "preferences/CVPreferenceWindowController.h"
 #include "widgets/CVAlertPanel.h"
+#include "widgets/tables/CVTableView.h"
 #include "workspace/controls/CVSaveStatus.h"
 
 #include <QAbstractButton>
@@ -128,6 +131,25 @@ TEST_F(MnemonicsTest, OfTheMainWindowWithEachTabAreUsedOnce) {
     checkTabs(window(), *window().findChild<QTabWidget*>("mMainTabView"), "main window");
     for (auto* const inner : window().findChildren<QTabWidget*>())
         checkTabs(window(), *inner, "main window");
+}
+
+TEST_F(MnemonicsTest, OfTheMainWindowThatOffersToTakeAnImportBackAreUsedOnce) {
+    mDelegate->mainWindow()->saveStatus().remark("imported", CVSaveStatus::Offer::TakeBack);
+    checkTabs(window(), *window().findChild<QTabWidget*>("mMainTabView"), "main window");
+}
+
+TEST_F(MnemonicsTest, OfTheWindowWithAStatementAreUsedOnce) {
+    ScriptedPanels panels;
+    CVImportWindow import(document(), panels, mAlerts, &mHelp, &window());
+    import.read({{}, "Date,Payee,Amount\n2014-03-01,Kiosk,-1.00\n2014-03-02,Kiosk,-2.00\n2014-03-03,Work,3.00\n"});
+    auto& table = *import.findChild<CVTableView*>("mImportTable");
+    import.show();
+    ASSERT_TRUE(QTest::qWaitFor([&table] { return table.model()->rowCount() == 3; }, 20'000));
+    import.findChild<QPushButton*>("mColumnsButton")->click();
+    table.setCurrentIndex(table.model()->index(0, CVImportColumns::Category));
+    table.model()->setData(table.currentIndex(), "Sweets");
+    ASSERT_TRUE(import.findChild<QPushButton*>("mOfferButton")->isVisible());
+    checkWindow(import, "import");
 }
 
 TEST_F(MnemonicsTest, OfTheEditorsAreUsedOnce) {

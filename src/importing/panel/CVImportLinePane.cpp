@@ -11,6 +11,7 @@
 #include "model/CVCategory.h"
 #include "model/CVDocument.h"
 #include "widgets/CVCompactButton.h"
+#include "widgets/CVElidedLabel.h"
 #include "widgets/CVSetAccessibleName.h"
 #include "widgets/fields/CVCompletingComboBox.h"
 #include "widgets/tables/CVCommitOpenEditor.h"
@@ -26,6 +27,7 @@
 namespace {
 
 constexpr int kImportSearchInLetters = 24;
+constexpr int kGiveInLetters = 16;
 
 QString countText(int count) {
     return QBLocaleInForce().toString(count);
@@ -40,7 +42,7 @@ CVImportLinePane::CVImportLinePane(const CVDocument& document, QWidget* parent)
     , mAbove(new QHBoxLayout)
     , mTable(new CVImportLineTable(*mModel, this))
     , mOffer(new QWidget(this))
-    , mOfferText(new QLabel(mOffer))
+    , mOfferText(new CVElidedLabel(mOffer))
     , mGive(new QWidget(this))
     , mGiveCategory(new CVCompletingComboBox(mGive)) {
     auto* const contents = new QVBoxLayout(this);
@@ -49,7 +51,6 @@ CVImportLinePane::CVImportLinePane(const CVDocument& document, QWidget* parent)
     addSearch(*mAbove);
     contents->addWidget(mTable, 1);
     addTable();
-    addOffer(*contents);
     addCounts(*contents);
     addGive(*contents);
     connect(mModel, &CVImportLineModel::changed, this, [this] {
@@ -98,22 +99,22 @@ void CVImportLinePane::addTable() {
     connect(mTable, &CVImportLineTable::selectedLinesChanged, this, &CVImportLinePane::showSelection);
 }
 
-void CVImportLinePane::addOffer(QBoxLayout& contents) {
+void CVImportLinePane::addOffer(QBoxLayout& line) {
     auto* const row = new QHBoxLayout(mOffer);
     row->setContentsMargins(0, 0, 0, 0);
     mOfferText->setObjectName(QStringLiteral("mOfferText"));
-    mOfferText->setTextFormat(Qt::PlainText);
-    row->addStretch();
     row->addWidget(mOfferText);
     mOfferButton = &addButton(*row, {}, "mOfferButton");
     connect(mOfferButton, &QPushButton::clicked, this, &CVImportLinePane::giveToOthers);
-    contents.addWidget(mOffer);
+    line.addWidget(mOffer);
 }
 
 void CVImportLinePane::addCounts(QBoxLayout& contents) {
     auto* const row = new QHBoxLayout;
     mCounts = new CVImportCountPane(this);
     row->addWidget(mCounts, 1);
+    // In a line that is there already, so that nothing moves when it comes and goes.
+    addOffer(*row);
     mSplit = &addButton(*row, {}, "mSplitButton");
     connect(mSplit, &QPushButton::clicked, this, &CVImportLinePane::splitOrJoin);
     connect(mCounts, &CVImportCountPane::kindChosen, mModel, &CVImportLineModel::setKind);
@@ -128,6 +129,7 @@ void CVImportLinePane::addGive(QBoxLayout& contents) {
     mGiveCategory->setObjectName(QStringLiteral("mGiveBox"));
     mGiveCategory->setItems(mCategories);
     mGiveCategory->setEditText({});
+    mGiveCategory->setMinimumContentsLength(kGiveInLetters);
     CVSetAccessibleName(*mGiveCategory, tr("Category for All Without One"));
     row->addWidget(label);
     row->addWidget(mGiveCategory);
@@ -178,10 +180,9 @@ bool CVImportLinePane::commit() {
     return !field;
 }
 
-void CVImportLinePane::focusTable() {
+void CVImportLinePane::beginAtFirst() {
     mTable->setFocus();
-    if (!mTable->currentIndex().isValid())
-        mTable->setCurrentIndex(mModel->index(0, CVImportColumns::Category));
+    mTable->setCurrentIndex(mModel->index(0, CVImportColumns::Category));
 }
 
 bool CVImportLinePane::clearFocusedSearch() {

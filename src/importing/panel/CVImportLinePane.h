@@ -8,12 +8,12 @@
 
 class CVCompletingComboBox;
 class CVDocument;
+class CVElidedLabel;
 class CVImportCountPane;
 class CVImportLineModel;
 class CVImportLineTable;
 class QAction;
 class QBoxLayout;
-class QLabel;
 class QLineEdit;
 class QPushButton;
 
@@ -38,7 +38,8 @@ public:
 
     /// Takes what is typed into a cell; false when it cannot be read, and the user is led to it.
     [[nodiscard]] bool commit();
-    void focusTable();
+    /// Gives the focus to the first line.
+    void beginAtFirst();
     /// Whether there was a search with the focus, which is cleared.
     bool clearFocusedSearch();
     void restoreColumns();
@@ -51,7 +52,7 @@ signals:
 private:
     void addSearch(QBoxLayout& row);
     void addTable();
-    void addOffer(QBoxLayout& contents);
+    void addOffer(QBoxLayout& line);
     void addCounts(QBoxLayout& contents);
     void addGive(QBoxLayout& contents);
     QPushButton& addButton(QBoxLayout& row, const QString& text, const char* name);
@@ -78,7 +79,7 @@ private:
     QAction* mSplitAction = nullptr;
     QAction* mMoveAction = nullptr;
     QWidget* mOffer;
-    QLabel* mOfferText;
+    CVElidedLabel* mOfferText;
     QPushButton* mOfferButton = nullptr;
     CVImportCountPane* mCounts = nullptr;
     QPushButton* mSplit = nullptr;

@@ -8,14 +8,17 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <array>
 
 namespace {
 
-/// The usual widths of the columns, in widths of a digit; the others share the rest.
-constexpr std::array kImportWidths{4, 11, 13, 26, 20, 18, 13, 26};
+/// The usual widths of the columns, in widths of a digit. Boxes, dates and amounts always need theirs; the others share
+/// the rest in these proportions.
+constexpr std::array kImportWidths{4, 11, 13, 26, 18, 18, 13, 26};
+constexpr int kFixedImportColumns = CVImportColumns::ToFrom;
 /// The minimum width of any column but that of the boxes, in letters.
 constexpr int kShortestImportColumn = 4;
 
@@ -38,13 +41,8 @@ CVImportLineTable::CVImportLineTable(CVImportLineModel& model, QWidget* parent)
 }
 
 void CVImportLineTable::setUpColumns() {
-    const int digit = fontMetrics().horizontalAdvance('0');
-    int column = 0;
-    for (const int width : kImportWidths)
-        setColumnWidth(column++, width * digit);
     QHeaderView* const header = horizontalHeader();
     header->setMinimumSectionSize(kShortestImportColumn * fontMetrics().averageCharWidth());
-    header->setSectionResizeMode(CVImportColumns::Note, QHeaderView::Stretch);
     header->setSectionsMovable(true);
     header->setSectionsClickable(true);
     header->setSortIndicatorShown(true);
@@ -52,6 +50,31 @@ void CVImportLineTable::setUpColumns() {
     header->setSortIndicatorClearable(true);
     header->setSortIndicator(-1, Qt::AscendingOrder);
     connect(header, &QHeaderView::sortIndicatorChanged, &mModel, &CVImportLineModel::sort);
+    connect(header, &QHeaderView::sectionResized, this, [this] { mHasOwnWidths = mHasOwnWidths || !mIsFitting; });
+    fitColumns();
+}
+
+/// Until the user changes a width, all columns are seen.
+void CVImportLineTable::fitColumns() {
+    if (mHasOwnWidths)
+        return;
+    const QScopedValueRollback fitting(mIsFitting, true);
+    const int digit = fontMetrics().horizontalAdvance('0');
+    int rest = viewport()->width();
+    int shares = 0;
+    for (std::size_t column = 0; column < kImportWidths.size(); ++column) {
+        const bool isFixed = column < kFixedImportColumns;
+        rest -= isFixed ? kImportWidths[column] * digit : 0;
+        shares += isFixed ? 0 : kImportWidths[column];
+    }
+    for (std::size_t column = 0; column < kImportWidths.size(); ++column)
+        setColumnWidth(static_cast<int>(column), column < kFixedImportColumns ? kImportWidths[column] * digit
+                                                                              : rest * kImportWidths[column] / shares);
+}
+
+void CVImportLineTable::resizeEvent(QResizeEvent* event) {
+    CVTableView::resizeEvent(event);
+    fitColumns();
 }
 
 void CVImportLineTable::setItems(const QStringList& payees, const QStringList& categories) {
@@ -75,7 +98,7 @@ void CVImportLineTable::showLine(std::size_t line) {
 }
 
 void CVImportLineTable::restoreColumns(const QBUserDefaults& defaults) {
-    horizontalHeader()->restoreState(defaults.dataForKey(CVDefaultsKeys::kImportColumns));
+    mHasOwnWidths = horizontalHeader()->restoreState(defaults.dataForKey(CVDefaultsKeys::kImportColumns));
     // The restored state may forbid them, and the order of another statement means nothing here.
     horizontalHeader()->setSectionsMovable(true);
     horizontalHeader()->setSectionsClickable(true);
@@ -83,7 +106,8 @@ void CVImportLineTable::restoreColumns(const QBUserDefaults& defaults) {
 }
 
 void CVImportLineTable::keepColumns(QBUserDefaults& defaults) const {
-    defaults.setData(CVDefaultsKeys::kImportColumns, horizontalHeader()->saveState());
+    if (mHasOwnWidths)
+        defaults.setData(CVDefaultsKeys::kImportColumns, horizontalHeader()->saveState());
 }
 
 void CVImportLineTable::keyPressEvent(QKeyEvent* event) {

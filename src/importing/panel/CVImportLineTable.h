@@ -30,12 +30,17 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
 private:
     void setUpColumns();
+    void fitColumns();
     void toggleSelected();
 
     CVImportLineModel& mModel;
     CVImportLineDelegate* mDelegate;
+    /// Whether the user has chosen the widths of the columns.
+    bool mHasOwnWidths = false;
+    bool mIsFitting = false;
 };

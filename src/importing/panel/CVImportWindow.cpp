@@ -31,7 +31,7 @@
 namespace {
 
 constexpr int kImportWidthInDigits = 130;
-constexpr int kImportHeightInLines = 32;
+constexpr int kImportHeightInLines = 36;
 constexpr int kPermille = 1000;
 constexpr std::chrono::milliseconds kUntilProgress(500);
 constexpr std::chrono::milliseconds kProgressStep(100);
@@ -219,7 +219,7 @@ void CVImportWindow::takeLines(const CVImportLines& lines) {
     if (!wasEmpty)
         return;
     if (mStatement->questions.empty())
-        mLines->focusTable();
+        mLines->beginAtFirst();
     else
         mQuestions->focusFirst();
 }

@@ -3,6 +3,7 @@
 #include "importing/panel/CVStatementRowModel.h"
 #include "importing/statements/CVStatementText.h"
 #include "widgets/CVWrappingLayout.h"
+#include "widgets/fields/CVCellAlignment.h"
 #include "widgets/fields/CVWheelSafeComboBox.h"
 #include "widgets/tables/CVCellDelegate.h"
 #include "widgets/tables/CVTableView.h"
@@ -10,6 +11,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QSpinBox>
 
@@ -19,7 +21,9 @@
 namespace {
 
 constexpr int kLastHeaderLine = 999;
-constexpr int kMostRowsShown = 6;
+/// Of the statement.
+constexpr int kLeastRowsShown = 3;
+constexpr int kMostRowsShown = 5;
 
 constexpr std::array kRoles{CVColumnRole::Ignored,  CVColumnRole::Day,      CVColumnRole::Amount,
                             CVColumnRole::MoneyIn,  CVColumnRole::MoneyOut, CVColumnRole::Marker,
@@ -54,13 +58,15 @@ CVStatementPane::CVStatementPane(QWidget* parent)
     mTable->setItemDelegate(new CVCellDelegate(mTable));
     mTable->setSelectionMode(QAbstractItemView::SingleSelection);
     mTable->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    mTable->horizontalHeader()->setDefaultAlignment(kCVTextAlignment);
+    mTable->horizontalHeader()->setTextElideMode(Qt::ElideRight);
     layout->addWidget(mTable, 1);
     // Its controls come before the rows, as they stand.
     setTabOrder(mDecimalMark, mTable);
-    mSeparator->addItem(tr("Comma"), u',');
-    mSeparator->addItem(tr("Semicolon"), u';');
-    mSeparator->addItem(tr("Tab"), u'\t');
-    mSeparator->addItem(tr("Bar"), u'|');
+    mSeparator->addItem(tr("Comma"), QChar(u','));
+    mSeparator->addItem(tr("Semicolon"), QChar(u';'));
+    mSeparator->addItem(tr("Tab"), QChar(u'\t'));
+    mSeparator->addItem(tr("Bar"), QChar(u'|'));
     for (const QByteArray& encoding : CVEncodingsOfStatements())
         mEncoding->addItem(QString::fromLatin1(encoding), encoding);
     mDayOrder->addItem(tr("Day, month, year"), static_cast<int>(CVDayOrder::DayMonthYear));
@@ -103,7 +109,7 @@ void CVStatementPane::addHeaderLine(CVWrappingLayout& line) {
 
 void CVStatementPane::connectPopUps() {
     connect(mSeparator, &QComboBox::activated, this, [this] {
-        mKnown.separator = static_cast<char>(mSeparator->currentData().value<char16_t>());
+        mKnown.separator = mSeparator->currentData().toChar().toLatin1();
         tell(true);
     });
     connect(mEncoding, &QComboBox::activated, this, [this] {
@@ -141,7 +147,7 @@ void CVStatementPane::show(std::shared_ptr<const CVStatement> statement, const C
 void CVStatementPane::showForms() {
     const CVStatementMapping& mapping = mStatement->mapping;
     const auto valueOf = [](const auto& member) { return member ? QVariant::fromValue(*member) : QVariant(); };
-    choose(*mSeparator, mapping.separator ? QVariant::fromValue(char16_t(*mapping.separator)) : QVariant());
+    choose(*mSeparator, mapping.separator ? QVariant(QLatin1Char(*mapping.separator)) : QVariant());
     if (mapping.encoding && mEncoding->findData(*mapping.encoding) < 0)
         mEncoding->addItem(QString::fromLatin1(*mapping.encoding), *mapping.encoding);
     choose(*mEncoding, valueOf(mapping.encoding));
@@ -170,12 +176,19 @@ void CVStatementPane::showMeanings() {
         if (hadFocus && column == focused)
             box->setFocus();
     }
-    const int height = mTable->horizontalHeader()->sizeHint().height() + kMostRowsShown * mTable->rowHeight() +
-                       mTable->rowHeight() + 2 * mTable->frameWidth();
-    mTable->setMaximumHeight(height);
-    if (mModel->columnCount() > 0)
-        mTable->setRowHeight(CVStatementRowModel::kMeaningRow,
-                             mTable->indexWidget(mModel->index(0, 0))->sizeHint().height());
+    fitHeight();
+}
+
+/// The pop-ups take more room than a row.
+void CVStatementPane::fitHeight() {
+    if (mModel->columnCount() == 0)
+        return;
+    const int popUp = mTable->indexWidget(mModel->index(CVStatementRowModel::kMeaningRow, 0))->sizeHint().height();
+    mTable->setRowHeight(CVStatementRowModel::kMeaningRow, popUp);
+    const int above = mTable->horizontalHeader()->sizeHint().height() + popUp + 2 * mTable->frameWidth();
+    mTable->setMinimumHeight(above + kLeastRowsShown * mTable->rowHeight());
+    mTable->setMaximumHeight(above + kMostRowsShown * mTable->rowHeight() +
+                             mTable->horizontalScrollBar()->sizeHint().height());
 }
 
 /// What the user has not chosen is guessed anew, so that no two columns say the same.

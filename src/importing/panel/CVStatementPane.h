@@ -33,6 +33,7 @@ private:
     void connectPopUps();
     void showForms();
     void showMeanings();
+    void fitHeight();
     void chooseMeaning(std::size_t column, CVColumnRole role);
     /// What the columns mean is guessed anew where they may be other columns.
     void tell(bool areOtherColumns);
