@@ -3,6 +3,7 @@
 #include "importing/CVRecordedLines.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -16,8 +17,8 @@ constexpr std::size_t kByFarMostly = 95;
 constexpr std::size_t kHundred = 100;
 constexpr std::size_t kMostFrom = 5;
 
-/// Older payees are known as they were recorded, not by their keys, which would take a tenth of a second.
-constexpr std::size_t kMostPayeesWithKeys = 20'000;
+/// Older payees are known as they were recorded, not by their keys, which would take too long.
+constexpr std::size_t kMostPayeesWithKeys = 5'000;
 constexpr qsizetype kLettersOfBegin = 4;
 constexpr std::size_t kMostThatBeginAlike = 300;
 constexpr std::size_t kMostCompared = 16;
@@ -72,6 +73,7 @@ CVCategoryMemory::CVCategoryMemory(std::shared_ptr<const CVRecordedLines> record
 CVCategoryMemory::~CVCategoryMemory() = default;
 
 CVRememberedCategory CVCategoryMemory::of(const QString& payee, const QString& purpose) const {
+    rememberPayees();
     CVRememberedCategory exactly;
     if (const auto place = mPlacesOfPayees.constFind(payee); place != mPlacesOfPayees.constEnd())
         exactly = known(mPayees[*place].lines, purpose);
@@ -85,24 +87,43 @@ CVRememberedCategory CVCategoryMemory::of(const QString& payee, const QString& p
     }
     if (exactly.sure != CVSureness::None || key.isEmpty())
         return exactly;
-    auto byLikeness = ofLikestKeys(key);
-    return byLikeness.sure == CVSureness::None ? ofWords(key) : byLikeness;
+    auto guessed = mGuesses.constFind(key.text());
+    if (guessed == mGuesses.constEnd()) {
+        auto byLikeness = ofLikestKeys(key);
+        guessed = mGuesses.insert(key.text(), byLikeness.sure == CVSureness::None ? ofWords(key) : byLikeness);
+    }
+    return *guessed;
 }
 
-void CVCategoryMemory::rememberPayees() {
+void CVCategoryMemory::rememberPayees() const {
+    if (mKnowsPayees)
+        return;
+    mKnowsPayees = true;
     const auto& lines = mRecorded->lines();
+    // Most equal texts share their memory, by which they are found again in a fraction of the time.
+    QHash<std::pair<const QChar*, qsizetype>, quint32> placesByMemory;
     for (quint32 place = 0; place < lines.size(); ++place) {
         const QString& payee = lines[place].payee;
-        if (payee.isEmpty() || mRecorded->nameOfCategory(lines[place].category).isEmpty())
+        if (payee.isEmpty() || !mRecorded->hasCategory(lines[place].category))
             continue;
-        auto known = mPlacesOfPayees.find(payee);
-        if (known == mPlacesOfPayees.end()) {
-            known = mPlacesOfPayees.insert(payee, static_cast<quint32>(mPayees.size()));
-            mPayees.push_back({payee, {}});
-        }
+        const std::pair memory(payee.constData(), payee.size());
+        auto known = placesByMemory.constFind(memory);
+        if (known == placesByMemory.constEnd())
+            known = placesByMemory.insert(memory, placeOf(payee));
         if (Lines& ofPayee = mPayees[*known].lines; ofPayee.size() < kVoters)
             ofPayee.push_back(place);
     }
+}
+
+/// Of a payee among the recorded ones.
+quint32 CVCategoryMemory::placeOf(const QString& payee) const {
+    const auto known = mPlacesOfPayees.constFind(payee);
+    if (known != mPlacesOfPayees.constEnd())
+        return *known;
+    const auto place = static_cast<quint32>(mPayees.size());
+    mPlacesOfPayees.insert(payee, place);
+    mPayees.push_back({payee, {}});
+    return place;
 }
 
 void CVCategoryMemory::rememberKeys() const {

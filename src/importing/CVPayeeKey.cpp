@@ -2,6 +2,8 @@
 
 #include "importing/CVPayeeWords.h"
 
+#include <QVarLengthArray>
+
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -10,6 +12,9 @@ namespace {
 
 /// A number of fewer digits may belong to a name, as of a street or a studio.
 constexpr int kDigitsOfNumber = 3;
+
+/// Few words are longer, in letters.
+constexpr qsizetype kUsualWord = 16;
 
 enum class PayeeWord { Name, Beside, Number };
 
@@ -53,10 +58,12 @@ QString withoutTownBehindSlashes(const QString& payee) {
 }
 
 /// Whether a word is a day and a month that were written together.
-bool isDateInOneWord(const QString& word) {
+bool isDateInOneWord(const QString& word, int digits) {
+    if (digits == 0)
+        return false;
     QString letters = word;
     letters.removeIf([](QChar c) { return c.isNumber(); });
-    return letters.size() < word.size() && CVIsWordOfMonth(letters);
+    return CVIsWordOfMonth(letters);
 }
 
 bool isMask(const QString& word) {
@@ -65,7 +72,7 @@ bool isMask(const QString& word) {
 
 PayeeWord kindOf(const QString& word, int digits) {
     const auto letters = static_cast<int>(word.size()) - digits;
-    if (letters == 0 || digits >= kDigitsOfNumber || digits > letters || isDateInOneWord(word))
+    if (letters == 0 || digits >= kDigitsOfNumber || digits > letters || isDateInOneWord(word, digits))
         return PayeeWord::Number;
     return isMask(word) || CVIsWordBesidePayee(word) ? PayeeWord::Beside : PayeeWord::Name;
 }
@@ -89,6 +96,8 @@ std::vector<WordOfPayee> wordsOf(const QString& payee) {
             end();
             continue;
         }
+        if (word.text.isEmpty())
+            word.text.reserve(kUsualWord);
         if (const auto plain = plainLetters(c.unicode()); !plain.isEmpty())
             word.text += plain;
         else
@@ -116,7 +125,7 @@ std::size_t endOfName(const std::vector<WordOfPayee>& words) {
     for (std::size_t at = 0; at < words.size(); ++at) {
         hasName = hasName || words[at].kind == PayeeWord::Name;
         digits = words[at].kind == PayeeWord::Number ? digits + words[at].digits : 0;
-        if (hasName && (digits >= kDigitsOfNumber || isDateInOneWord(words[at].text)))
+        if (hasName && (digits >= kDigitsOfNumber || isDateInOneWord(words[at].text, words[at].digits)))
             return at;
     }
     return words.size();
@@ -139,37 +148,44 @@ qsizetype lettersOf(const std::vector<QString>& words) {
     return letters;
 }
 
-/// How many pairs of neighbouring letters two texts share, from 0 to 1.
-double likenessOfLetters(const QString& a, const QString& b) {
-    const auto pairs = [](const QString& text) {
-        std::vector<quint32> found;
-        for (qsizetype at = 0; at + 1 < text.size(); ++at)
-            found.push_back(static_cast<quint32>(text[at].unicode()) << 16 | text[at + 1].unicode());
-        std::sort(found.begin(), found.end());
-        return found;
-    };
-    const auto ofA = pairs(a);
-    const auto ofB = pairs(b);
-    if (ofA.empty() || ofB.empty())
+using PairsOfLetters = QVarLengthArray<quint32, 64>;
+
+PairsOfLetters pairsOf(QStringView text) {
+    constexpr int kBitsOfLetter = 16;
+    PairsOfLetters pairs;
+    for (qsizetype at = 0; at + 1 < text.size(); ++at)
+        pairs.append(static_cast<quint32>(text[at].unicode()) << kBitsOfLetter | text[at + 1].unicode());
+    std::sort(pairs.begin(), pairs.end());
+    return pairs;
+}
+
+/// The part of their pairs of neighbouring letters that two texts share, from `least` to 1; else 0.
+double likenessOfLetters(QStringView a, QStringView b, double least) {
+    const auto countOfPairs = static_cast<double>(a.size() + b.size() - 2);
+    // Texts of such different lengths cannot share as much.
+    if (std::min(a.size(), b.size()) < 2 ||
+        2.0 * static_cast<double>(std::min(a.size(), b.size()) - 1) < least * countOfPairs)
         return 0;
-    std::vector<quint32> common;
+    const auto ofA = pairsOf(a);
+    const auto ofB = pairsOf(b);
+    PairsOfLetters common;
     std::set_intersection(ofA.begin(), ofA.end(), ofB.begin(), ofB.end(), std::back_inserter(common));
-    return 2.0 * static_cast<double>(common.size()) / static_cast<double>(ofA.size() + ofB.size());
+    const double likeness = 2.0 * static_cast<double>(common.size()) / countOfPairs;
+    return likeness >= least ? likeness : 0;
 }
 
 double likenessOfWords(const QString& a, const QString& b) {
     constexpr qsizetype kShortestBegin = 4;
     constexpr double kCutOff = 0.95;
     constexpr double kSameWord = 0.7;
-    if (a == b)
-        return 1;
     if (a[0] != b[0])
         return 0;
+    if (a == b)
+        return 1;
     const QString& shorter = a.size() < b.size() ? a : b;
     if (shorter.size() >= kShortestBegin && (a.size() < b.size() ? b : a).startsWith(shorter))
         return kCutOff;
-    const double likeness = likenessOfLetters(a, b);
-    return likeness >= kSameWord ? likeness : 0;
+    return likenessOfLetters(a, b, kSameWord);
 }
 
 /// How many letters of the shorter name are in words of the longer one.
@@ -228,6 +244,7 @@ double CVPayeeKey::likeness(const CVPayeeKey& other) const {
         common / ((1 - kShareOfLonger) * shorter + kShareOfLonger * longer + kAgainst * (shorter - common));
     if (byWords >= kLikely)
         return byWords;
-    const double byLetters = likenessOfLetters(QString(mText).remove(u' '), QString(other.mText).remove(u' '));
-    return byLetters >= kRunTogether ? byLetters : byWords;
+    const double byLetters =
+        likenessOfLetters(QString(mText).remove(u' '), QString(other.mText).remove(u' '), kRunTogether);
+    return std::max(byLetters, byWords);
 }

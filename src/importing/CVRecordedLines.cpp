@@ -36,6 +36,10 @@ CVRecordedLines::CVRecordedLines(const CVDocument& document) {
             mCategoriesByName.insert(name, category->categoryName());
         mNames.insert(category->categoryName());
     }
+    for (auto category = mCategories.constBegin(); category != mCategories.constEnd(); ++category) {
+        if (!category->isEmpty())
+            mNamedCategories.insert(category.key());
+    }
     for (const auto& set : document.transactionSets()) {
         if (!mSets.contains(set->uniqueID()))
             mSets.insert(set->uniqueID(), set->transactionSetName());

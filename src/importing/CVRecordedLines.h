@@ -36,6 +36,8 @@ public:
     [[nodiscard]] const std::vector<CVRecordedLine>& lines() const { return mLines; }
     /// Null for a category that the budget does not have.
     [[nodiscard]] QString nameOfCategory(quint32 id) const { return mCategories.value(id); }
+    /// Whether the budget has a category of that ID, with a name.
+    [[nodiscard]] bool hasCategory(quint32 id) const { return mNamedCategories.contains(id); }
     /// The name of the category that `name` means: of exactly that name, else without regard to case; null when the
     /// budget has none.
     [[nodiscard]] QString categoryMeant(const QString& name) const;
@@ -47,6 +49,7 @@ public:
 private:
     std::vector<CVRecordedLine> mLines;
     QHash<quint32, QString> mCategories;
+    QSet<quint32> mNamedCategories;
     QHash<quint32, QString> mSets;
     QHash<QString, quint32> mSetsByName;
     QSet<QString> mNames;
