@@ -86,6 +86,7 @@ TEST_F(CVImportNotesTest, KeepAMappingButForItsYear) {
     mNotes.noteMapping("header", "Giro", mapping);
     mNotes.noteMapping({}, "Nothing", mapping);
     mapping.year.reset();
+    EXPECT_EQ(mNotes.mapping("header"), mapping);
     EXPECT_EQ(readAgain().mapping("header"), mapping);
     EXPECT_EQ(readAgain().mappingNamed("Giro"), mapping);
     EXPECT_EQ(readAgain().mappingNamed("Nothing"), std::nullopt);

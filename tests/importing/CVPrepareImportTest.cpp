@@ -198,6 +198,16 @@ TEST_F(CVPrepareImportTest, LeavesOutWhatWasLeftOutBefore) {
     EXPECT_FALSE(line.checked);
 }
 
+TEST_F(CVPrepareImportTest, SaysLeftOutBeforeRatherThanPerhapsRecorded) {
+    CVImportLine transfer = importLine(day(2026, 2, 1), 30000, "Savings", "");
+    transfer.checked = false;
+    mNotes.noteLines("Checking", mTargets, std::span(&transfer, 1));
+    record(1, 200, "Corner Market");
+    const auto line = prepareOne(statementLine(2, day(2026, 3, 1), -20000, "SAVINGS"));
+    EXPECT_EQ(line.note, Note::LeftOutBefore);
+    EXPECT_FALSE(line.checked);
+}
+
 TEST_F(CVPrepareImportTest, TakesAPayeeAsItWasCorrected) {
     CVImportLine corrected = importLine(day(2026, 2, 1), 1000, "Amber Books", "Food");
     corrected.payeeInStatement = "AMB MKTPLC 12";
