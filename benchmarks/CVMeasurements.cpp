@@ -107,6 +107,9 @@ constexpr auto kMeasurements = std::to_array<CVMeasurement>({
     withoutLimit("Order by payee", kPlainSort, CVMeasureSortByPayee),
     withoutLimit("Order by what it was for", kPlainSort, CVMeasureSortByFor),
     withoutLimit("Order by category", kPlainSort, CVMeasureSortByCategory),
+    measurement("Remember categories, and ask once", CVMeasurement::kMilliseconds, 50, CVMeasurement::kNoLimit,
+                CVMeasureMemoryOfCategories),
+    measurement("Import 10,000 lines", CVMeasurement::kMilliseconds, 1000, CVMeasurement::kNoLimit, CVMeasureImport),
     withoutLimit("Merge with another file", "comparison of both", CVMeasureMerge),
 });
 
