@@ -12,6 +12,11 @@ namespace {
 
 /// A number of fewer digits may belong to a name, as of a street or a studio.
 constexpr int kDigitsOfNumber = 3;
+/// A longer number is that of a contract or a booking.
+constexpr int kMostDigitsOfShop = 5;
+constexpr std::ptrdiff_t kMostWordsOfTown = 4;
+/// A shorter word before a number is what kind of number it is.
+constexpr int kLettersBeforeNumber = 4;
 
 /// Few words are longer, in letters.
 constexpr qsizetype kUsualWord = 16;
@@ -77,15 +82,30 @@ PayeeWord kindOf(const QString& word, int digits) {
     return isMask(word) || CVIsWordBesidePayee(word) ? PayeeWord::Beside : PayeeWord::Name;
 }
 
+/// A long number is a word by itself even where no blank stands before it.
+void addWords(std::vector<WordOfPayee>& words, WordOfPayee word) {
+    const qsizetype letters = word.text.size() - word.digits;
+    const bool endsInNumber =
+        word.digits >= kDigitsOfNumber && letters >= kLettersBeforeNumber &&
+        std::none_of(word.text.begin(), word.text.begin() + letters, [](QChar c) { return c.isNumber(); });
+    if (endsInNumber) {
+        const QString number = word.text.sliced(letters);
+        word.text.truncate(letters);
+        words.push_back({word.text, kindOf(word.text, 0), 0});
+        words.push_back({number, PayeeWord::Number, word.digits});
+        return;
+    }
+    word.kind = kindOf(word.text, word.digits);
+    words.push_back(std::move(word));
+}
+
 /// All words, in small letters without accents.
 std::vector<WordOfPayee> wordsOf(const QString& payee) {
     std::vector<WordOfPayee> words;
     WordOfPayee word;
     const auto end = [&words, &word] {
-        if (!word.text.isEmpty()) {
-            word.kind = kindOf(word.text, word.digits);
-            words.push_back(std::exchange(word, {}));
-        }
+        if (!word.text.isEmpty())
+            addWords(words, std::exchange(word, {}));
     };
     const QString text = withoutTownBehindSlashes(payee).normalized(QString::NormalizationForm_KD).toCaseFolded();
     for (const QChar c : text) {
@@ -118,14 +138,23 @@ void markMonths(std::vector<WordOfPayee>& words) {
     }
 }
 
-/// Where the name ends: at the first long number, or row of numbers, behind a word of the name. A town follows it.
+/// The number of a shop stands alone: several numbers are a date, a time, or what the bank calls the line.
+bool isNumberOfShop(const std::vector<WordOfPayee>& words, std::size_t at) {
+    const auto isNumber = [&words](std::size_t place) {
+        return place < words.size() && words[place].kind == PayeeWord::Number;
+    };
+    const WordOfPayee& word = words[at];
+    return isNumber(at) && !isNumber(at - 1) && !isNumber(at + 1) && word.digits == word.text.size() &&
+           word.digits >= kDigitsOfNumber && word.digits <= kMostDigitsOfShop;
+}
+
+/// Where the name ends: at the number of a shop, behind which few words say where it is.
 std::size_t endOfName(const std::vector<WordOfPayee>& words) {
-    bool hasName = false;
-    int digits = 0;
-    for (std::size_t at = 0; at < words.size(); ++at) {
-        hasName = hasName || words[at].kind == PayeeWord::Name;
-        digits = words[at].kind == PayeeWord::Number ? digits + words[at].digits : 0;
-        if (hasName && (digits >= kDigitsOfNumber || isDateInOneWord(words[at].text, words[at].digits)))
+    const auto isName = [](const WordOfPayee& word) { return word.kind == PayeeWord::Name; };
+    const auto firstName = std::find_if(words.begin(), words.end(), isName);
+    for (auto at = static_cast<std::size_t>(firstName - words.begin()); at < words.size(); ++at) {
+        if (isNumberOfShop(words, at) &&
+            std::count_if(words.begin() + static_cast<std::ptrdiff_t>(at), words.end(), isName) <= kMostWordsOfTown)
             return at;
     }
     return words.size();
