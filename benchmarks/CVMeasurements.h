@@ -84,6 +84,7 @@ void CVMeasureSortByFor(benchmark::State& state, std::size_t transactions);
 void CVMeasureSortByCategory(benchmark::State& state, std::size_t transactions);
 
 void CVMeasureMerge(benchmark::State& state, std::size_t transactions);
-/// These measure an import of 10,000 lines without its window, and what is known of categories for it and for the strip.
+/// These measure an import of 10,000 lines without its window, and what is known of categories for it and for the
+/// strip.
 void CVMeasureImport(benchmark::State& state, std::size_t transactions);
 void CVMeasureMemoryOfCategories(benchmark::State& state, std::size_t transactions);
