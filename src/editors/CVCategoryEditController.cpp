@@ -3,18 +3,28 @@
 #include "base/CVNotifications.h"
 #include "base/QBNotificationCenter.h"
 #include "base/QBXMLText.h"
+#include "contents/CVMergeCategories.h"
 #include "editors/CVCategoryEditModel.h"
 #include "editors/CVEditorTable.h"
+#include "editors/CVMergeQuestion.h"
 #include "editors/CVNameFault.h"
 #include "model/CVCategory.h"
 #include "model/CVDocument.h"
 #include "widgets/CVAlerts.h"
 
+#include <QGuiApplication>
 #include <QPushButton>
 #include <QShortcut>
+#include <QTimer>
 #include <QVBoxLayout>
 
+#include <chrono>
+#include <utility>
+
 namespace {
+
+/// How long to wait before checking again whether a click has ended.
+constexpr std::chrono::milliseconds kClickPatience(50);
 
 constexpr int kCategoryWindowWidthInDigits = 56;
 constexpr int kCategoryWindowHeightInLines = 32;
@@ -57,6 +67,9 @@ void CVCategoryEditController::addCategory() {
 
 void CVCategoryEditController::removeCategory() {
     mCategoryEditTable->commitEdit();
+    // Another row may be selected after the question, which the user has not chosen to delete.
+    if (askToMerge())
+        return;
     const std::vector<int> rows = mCategoryEditTable->selectedRows();
     CVCategories selected;
     for (const int row : rows)
@@ -68,6 +81,12 @@ void CVCategoryEditController::removeCategory() {
     reload();
     mCategoryEditTable->moveCursorTo(rows.front());
     mDocument.workbookSave();
+}
+
+void CVCategoryEditController::done(int result) {
+    keepEntries();
+    askToMerge();
+    CVEditorWindow::done(result);
 }
 
 void CVCategoryEditController::keepEntries() {
@@ -88,22 +107,65 @@ void CVCategoryEditController::addControls(CVHelpOpener* help) {
     addHelpButton(help, QStringLiteral("Categories.html"));
 }
 
-/// Accepts any name, even an empty one or one that another category has.
+/// Accepts any name, even an empty one. A name that another category has is asked about once the current event is over:
+/// an alert while the editor of the cell is closing would be taken for the new focus.
 void CVCategoryEditController::renameCategory(int row, const QString& text) {
     const auto category = mModel->category(row);
     const QString name = xml_storableLine(text);
     if (text == category->categoryName() || name == category->categoryName())
         return;
-    category->setCategoryName(name);
+    if (name.trimmed().isEmpty() || !mDocument.doesCategoryNameExist(name)) {
+        rename(*category, name);
+        // The row is shown after the current event, because the table selects a row of its own choice at the end of
+        // that event.
+        QMetaObject::invokeMethod(
+            this, [this, category] { showCategory(*category); }, Qt::QueuedConnection);
+        return;
+    }
+    mTakenName = {category, name};
+    QTimer::singleShot(0, this, &CVCategoryEditController::askOnceNoButtonIsHeld);
+}
+
+void CVCategoryEditController::rename(CVCategory& category, const QString& name) {
+    category.setCategoryName(name);
     mDocument.sortCategories();
     // The notification of the new name was sent before sorting; observers that show the categories in order need this
     // second one.
     mDocument.notificationCenter().postNotification(QLatin1String(CVNotifications::kCategoryAddedRemoved));
     mModel->reorder();
-    // The row is shown after the current event, because the table selects a row of its own choice at the end of that
-    // event.
-    QMetaObject::invokeMethod(
-        this, [this, category] { showCategory(*category); }, Qt::QueuedConnection);
+    mDocument.workbookSave();
+}
+
+/// While a mouse button is held the question waits: an alert would swallow the release of the button.
+void CVCategoryEditController::askOnceNoButtonIsHeld() {
+    if (mTakenName.category && QGuiApplication::mouseButtons() != Qt::NoButton)
+        QTimer::singleShot(kClickPatience, this, &CVCategoryEditController::askOnceNoButtonIsHeld);
+    else
+        askToMerge();
+}
+
+/// Asks what to do about a name that another category has. Whether there was such a name.
+bool CVCategoryEditController::askToMerge() {
+    const auto [category, name] = std::exchange(mTakenName, {});
+    const auto other = category ? mDocument.doesCategoryNameExist(name) : nullptr;
+    if (!other || category->document() != &mDocument)
+        return false;
+    const auto answer = mAlerts.run(this, CVMergeQuestion(CVExamineMerge(mDocument, category, other)));
+    if (answer == CVAlert::kDefault) {
+        merge(category, other);
+        return true;
+    }
+    if (answer == CVAlert::kOther && category->document() == &mDocument)
+        rename(*category, name);
+    showCategory(*category);
+    return true;
+}
+
+void CVCategoryEditController::merge(const std::shared_ptr<CVCategory>& from, const std::shared_ptr<CVCategory>& into) {
+    if (!CVMergeCategories(mDocument, from, into))
+        return;
+    reload();
+    showCategory(*into);
     mDocument.workbookSave();
 }
 

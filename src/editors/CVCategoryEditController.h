@@ -3,6 +3,8 @@
 #include "editors/CVEditorWindow.h"
 #include "model/CVCollections.h"
 
+#include <QString>
+
 #include <memory>
 
 class CVAlerts;
@@ -11,8 +13,8 @@ class CVCategoryEditModel;
 class CVDocument;
 class CVEditorTable;
 
-/// The window in which the user adds, renames and deletes categories. Every change is announced and saved at once.
-/// References the document, the alerts and the help, which outlive it.
+/// The window in which the user adds, renames, merges and deletes categories. Every change is announced and saved at
+/// once. References the document, the alerts and the help, which outlive it.
 class CVCategoryEditController final : public CVEditorWindow {
     Q_OBJECT
 
@@ -29,11 +31,23 @@ public:
     /// Deletes the selected categories, even those in use, once the user has confirmed it. Their transactions stay.
     void removeCategory();
 
+    /// Asks first what is left to ask about a name.
+    void done(int result) override;
     void keepEntries() override;
 
 private:
+    /// A category and the name that the user typed for it, which another category has.
+    struct TakenName {
+        std::shared_ptr<CVCategory> category;
+        QString name;
+    };
+
     void addControls(CVHelpOpener* help);
     void renameCategory(int row, const QString& text);
+    void rename(CVCategory& category, const QString& name);
+    void askOnceNoButtonIsHeld();
+    bool askToMerge();
+    void merge(const std::shared_ptr<CVCategory>& from, const std::shared_ptr<CVCategory>& into);
     [[nodiscard]] bool confirmRemoval(const CVCategories& categories);
     void showCategory(const CVCategory& category);
     void reload();
@@ -45,4 +59,6 @@ private:
     CVCategoryEditModel* mModel;
     CVEditorTable* mCategoryEditTable;
     QPushButton* mRemoveCategoryButton = nullptr;
+    /// What the user has not been asked about yet.
+    TakenName mTakenName;
 };

@@ -190,13 +190,12 @@ TEST_F(CVCategoryEditControllerTest, ANameThatIsNoNewOneIsNeitherSavedNorAnnounc
     EXPECT_EQ(mSaver.count(), 1) << "case makes another name";
 }
 
-TEST_F(CVCategoryEditControllerTest, AnEmptyOrATakenNameIsAcceptedWithARemark) {
+TEST_F(CVCategoryEditControllerTest, AnEmptyNameOrOneThatIsTakenButForItsCaseIsAcceptedWithARemark) {
     struct Case {
         QString name;
         QString remark;
     };
-    const Case cases[] = {{"Zoo", "Another category has this name too."},
-                          {"zOO", "Another category has this name too."},
+    const Case cases[] = {{"zOO", "Another category has this name too."},
                           {"", "This category has no name."},
                           {" ", "This category has no name."},
                           {"Rental", ""}};
@@ -210,6 +209,111 @@ TEST_F(CVCategoryEditControllerTest, AnEmptyOrATakenNameIsAcceptedWithARemark) {
         EXPECT_EQ(document().countOfCategories(), 4U);
     }
     EXPECT_TRUE(mAlerts.shown().isEmpty());
+}
+
+TEST_F(CVCategoryEditControllerTest, ATakenNameOffersToMergeAndSaysHowManyTransactionsAndWhichPlan) {
+    mBudget.categoryNamed("Food")->setExpenseTarget(50);
+    mBudget.categoryNamed("Fuel")->setExpenseTarget(20);
+    mBudget.transaction({.date = day(2014, 3, 4), .amount = 1, .category = "Food", .set = "Checking"}).inOrder();
+    open();
+    rename(1, "Food");
+    ASSERT_EQ(mAlerts.shown().size(), 1);
+    const CVAlert& alert = mAlerts.shown()[0];
+    EXPECT_EQ(alert.title, "Merge “Fuel” into “Food”?");
+    EXPECT_EQ(alert.message, "There is a category “Food” already, with 2 transactions. The 1 transaction of “Fuel” "
+                             "gets the category “Food”, and “Fuel” goes. The plan of “Food” stays ($50.00 Weekly); "
+                             "that of “Fuel” goes ($20.00 Weekly). You can't undo this action.");
+    EXPECT_EQ(alert.defaultButton, "Merge");
+    EXPECT_EQ(alert.alternateButton, "Cancel");
+    EXPECT_EQ(alert.otherButton, "Keep Both");
+    EXPECT_EQ(alert.escapeAnswer, CVAlert::kAlternate);
+}
+
+TEST_F(CVCategoryEditControllerTest, MergingMovesTheTransactionsSavesOnceAndSelectsTheOneThatStays) {
+    open();
+    rename(1, "Food");
+    EXPECT_EQ(column(Column::Category), (QStringList{"Food", "Rent", "Zoo"}));
+    EXPECT_EQ(column(Column::InUse), (QStringList{kCheckMark, "", ""}));
+    for (const auto& transaction : document().transactions())
+        EXPECT_EQ(transaction->categoryName(), "Food");
+    EXPECT_EQ(selectedRows(), std::vector{0});
+    EXPECT_FALSE(canDelete());
+    EXPECT_EQ(mSaver.count(), 1);
+    EXPECT_EQ(mNotifications.count(CVNotifications::kCategoryAddedRemoved), 1);
+    EXPECT_EQ(mNotifications.count(CVNotifications::kTransactionAddedRemoved), 1);
+    EXPECT_EQ(document().takeAskedVersion(), CVVersionReason::Deletion);
+}
+
+TEST_F(CVCategoryEditControllerTest, CancelledMergingLeavesAllAsItWas) {
+    mAlerts.answer({CVAlert::kAlternate});
+    open();
+    rename(1, "Food");
+    EXPECT_EQ(column(Column::Category), (QStringList{"Food", "Fuel", "Rent", "Zoo"}));
+    EXPECT_EQ(mBudget.transactionAt(0)->categoryName(), "Fuel");
+    EXPECT_EQ(selectedRows(), std::vector{1});
+    EXPECT_EQ(mSaver.count(), 0);
+    EXPECT_EQ(mNotifications.total(), 0);
+    EXPECT_FALSE(document().takeAskedVersion());
+}
+
+TEST_F(CVCategoryEditControllerTest, BothCategoriesCanBeKeptUnderOneName) {
+    mAlerts.answer({CVAlert::kOther});
+    open();
+    rename(2, "Zoo");
+    EXPECT_EQ(column(Column::Category), (QStringList{"Food", "Fuel", "Zoo", "Zoo"}));
+    EXPECT_EQ(remark(), "Another category has this name too.");
+    EXPECT_EQ(mSaver.count(), 1);
+}
+
+TEST_F(CVCategoryEditControllerTest, ANewCategoryThatGetsATakenNameIsMergedToo) {
+    open();
+    clickButton("Add");
+    type("Fuel");
+    commit();
+    ASSERT_EQ(mAlerts.shown().size(), 1);
+    EXPECT_TRUE(mAlerts.shown()[0].message.contains("“New Category”, which no transaction has, goes."));
+    EXPECT_EQ(column(Column::Category), (QStringList{"Food", "Fuel", "Rent", "Zoo"}));
+    EXPECT_EQ(mBudget.transactionAt(0)->categoryName(), "Fuel");
+}
+
+TEST_F(CVCategoryEditControllerTest, ClosingTheWindowAsksAboutTheNameThatIsBeingTyped) {
+    open();
+    clickCell(1, Column::Category);
+    startRenaming("Food");
+    window().reject();
+    EXPECT_EQ(mAlerts.shown().size(), 1);
+    EXPECT_EQ(document().countOfCategories(), 3U);
+    EXPECT_FALSE(window().isVisible());
+}
+
+TEST_F(CVCategoryEditControllerTest, DeletingAsksAboutATakenNameAndThenDeletesNothing) {
+    auto& controller = open();
+    clickCell(2, Column::Category);
+    startRenaming("Zoo");
+    controller.removeCategory();
+    ASSERT_EQ(mAlerts.shown().size(), 1);
+    EXPECT_EQ(mAlerts.shown()[0].title, "Merge “Rent” into “Zoo”?");
+    EXPECT_EQ(column(Column::Category), (QStringList{"Food", "Fuel", "Zoo"}));
+}
+
+TEST_F(CVCategoryEditControllerTest, WithoutAnAnswerWhenTheProgramEndsATakenNameChangesNothing) {
+    open();
+    clickCell(1, Column::Category);
+    startRenaming("Food");
+    mWindow->keepEntries();
+    mWindow.reset();
+    EXPECT_TRUE(mAlerts.shown().isEmpty());
+    EXPECT_EQ(document().countOfCategories(), 4U);
+    EXPECT_EQ(mBudget.categoryNamed("Fuel")->uniqueID(), 2U);
+}
+
+TEST_F(CVCategoryEditControllerTest, WhatGoesWhileTheQuestionIsShownIsNotMerged) {
+    mAlerts.meanwhile([this] { document().removeCategory(mBudget.categoryNamed("Food")); });
+    open();
+    rename(1, "Food");
+    EXPECT_EQ(mAlerts.shown().size(), 1);
+    EXPECT_EQ(mBudget.transactionAt(0)->categoryName(), "Fuel");
+    EXPECT_EQ(mSaver.count(), 0);
 }
 
 TEST_F(CVCategoryEditControllerTest, WhatTheFileCannotCarryIsLeftOutOfAName) {
