@@ -20,6 +20,15 @@ CVEntryProblem problem(CVEntryField field, const char* message) {
 
 } // namespace
 
+CVEntry CVEntryOf(const CVTransaction& transaction, const QBDate& date) {
+    return {date,
+            transaction.amount(),
+            transaction.payTo(),
+            transaction.xfor(),
+            transaction.categoryName(),
+            transaction.taxFlag()};
+}
+
 std::optional<CVEntryProblem> CVFirstProblemOfEntry(const CVEntry& entry) {
     // The negation also refuses an amount that is not a number.
     if (!(entry.amount >= kSmallestAmount))

@@ -20,9 +20,14 @@ struct CVEntry {
     /// The name of a category, which need not exist yet.
     QString category;
     bool taxFlag = false;
+
+    bool operator==(const CVEntry&) const = default;
 };
 
 enum class CVEntryField { Date, Amount, PayTo, For, Category, Tax };
+
+/// The entry that records a transaction once more on the day `date`.
+[[nodiscard]] CVEntry CVEntryOf(const CVTransaction& transaction, const QBDate& date);
 
 /// Why an entry is refused: the field to be corrected, and the texts of the alert.
 struct CVEntryProblem {

@@ -4,7 +4,7 @@
 
 /// A label of one line that takes less room than its text where the window is narrow: the text is then elided, and the
 /// tooltip shows all of it.
-class CVElidedLabel final : public QLabel {
+class CVElidedLabel : public QLabel {
     Q_OBJECT
 
 public:

@@ -119,6 +119,26 @@ TEST_F(MainWindowFitsScreenTest, EveryTabFitsWithNothingCut) {
     }
 }
 
+TEST_F(MainWindowFitsScreenTest, TheNoteOnANewCategoryIsNotCutAndMovesNothing) {
+    for (const Least& row : kLeast) {
+        SCOPED_TRACE(row.screen.name);
+        for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+            QApplication::setLayoutDirection(direction);
+            openOn(row.screen);
+            const QWidget& box = *find<QWidget>("mExpenseCategoryComboBox");
+            const QRect place = box.geometry();
+            const QRect list = table().geometry();
+            type("mExpenseCategoryComboBox", "Boat");
+            QCoreApplication::processEvents();
+            ASSERT_EQ(find<QLabel>("mNewCategoryNote")->text(), "new category");
+            EXPECT_EQ(box.geometry(), place);
+            EXPECT_EQ(table().geometry(), list);
+            expectNothingIsCut("the note");
+            mController.reset();
+        }
+    }
+}
+
 TEST_F(MainWindowFitsScreenTest, FieldsHoldAWordAndTheListSomeRows) {
     budgetOfMillions();
     for (const Least& row : kLeast) {

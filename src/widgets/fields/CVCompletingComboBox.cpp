@@ -40,6 +40,11 @@ QString CVCompletingComboBox::enteredText() const {
     return mItems.contains(text) ? text : xml_storableLine(text);
 }
 
+bool CVCompletingComboBox::isNewText() const {
+    const QString text = enteredText();
+    return !text.isEmpty() && !mItems.contains(text);
+}
+
 void CVCompletingComboBox::focusInEvent(QFocusEvent* event) {
     CVWheelSafeComboBox::focusInEvent(event);
     // The text is selected as after the Tab key, so that typing replaces it.

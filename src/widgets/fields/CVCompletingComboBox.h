@@ -17,6 +17,8 @@ public:
     [[nodiscard]] const QStringList& items() const { return mItems; }
     /// The entered text as it is to be recorded: an item unchanged, any other text without line breaks.
     [[nodiscard]] QString enteredText() const;
+    /// Whether the entered text is neither empty nor an item.
+    [[nodiscard]] bool isNewText() const;
 
 protected:
     void focusInEvent(QFocusEvent* event) override;

@@ -9,14 +9,18 @@
 #include "widgets/fields/CVCompletingComboBox.h"
 #include "widgets/fields/CVDateField.h"
 #include "widgets/fields/CVMoneyField.h"
+#include "workspace/controls/CVNewCategoryNote.h"
+#include "workspace/controls/CVProposedText.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QGuiApplication>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QTimer>
 
 #include <chrono>
@@ -34,6 +38,8 @@ constexpr int kSecondHalfStretch = 5;
 constexpr int kLabelGap = 2;
 /// The gap between two fields. In pixels.
 constexpr int kFieldGap = 6;
+/// The gap between the caption of the category and the note behind it. In pixels.
+constexpr int kNoteGap = 4;
 /// How long to wait before checking again whether a click has ended.
 constexpr std::chrono::milliseconds kClickPatience(50);
 
@@ -47,7 +53,10 @@ CVEntryStrip::CVEntryStrip(QWidget* parent)
     , mForField(new QLineEdit(this))
     , mExpenseCategoryComboBox(new CVCompletingComboBox(this))
     , mTaxCheckbox(new QCheckBox(tr("&Tax"), this))
-    , mRecordButton(new CVCompactButton(tr("&Record"), this)) {
+    , mRecordButton(new CVCompactButton(tr("&Record"), this))
+    , mNewCategoryNote(new CVNewCategoryNote(*mExpenseCategoryComboBox, this))
+    , mProposedFor(new CVProposedText(*mForField, *mForField))
+    , mProposedCategory(new CVProposedText(*mExpenseCategoryComboBox->lineEdit(), *mExpenseCategoryComboBox)) {
     auto* const layout = new CVWrappingLayout(this);
     auto* const firstHalf = new QGridLayout;
     auto* const secondHalf = new QGridLayout;
@@ -62,17 +71,25 @@ CVEntryStrip::CVEntryStrip(QWidget* parent)
     addField(*firstHalf, mExpenseAmountField, "mExpenseAmountField", tr("&Amount"), tr("Amount"), 0);
     addField(*firstHalf, mExpenseToFromComboBox, "mExpenseToFromComboBox", tr("&Paid To/From"), tr("Paid To/From"), 3);
     addField(*secondHalf, mForField, "mForField", tr("F&or"), tr("For"), 3);
-    addField(*secondHalf, mExpenseCategoryComboBox, "mExpenseCategoryComboBox", tr("&Category"), tr("Category"), 2);
+    QLabel* const category =
+        addField(*secondHalf, mExpenseCategoryComboBox, "mExpenseCategoryComboBox", tr("&Category"), tr("Category"), 2);
     addField(*secondHalf, mTaxCheckbox, "mTaxCheckbox", QString(), tr("Tax"), 0);
     addField(*secondHalf, mRecordButton, "mRecordButton", QString(), tr("Record"), 0);
+    addNewCategoryNote(*secondHalf, *category);
     CVAllowAnyLength(*mForField);
     adjustMetrics();
     mRecordButton->setToolTip(tr("Record this transaction (Return in any of the fields)"));
     // On some desktops Return toggles a check box; here Return records.
     mTaxCheckbox->installEventFilter(this);
     mRecordButton->installEventFilter(this);
+    mExpenseToFromComboBox->installEventFilter(this);
     connect(mRecordButton, &QPushButton::clicked, this, &CVEntryStrip::recordRequested);
     connect(mExpenseDate, &CVDateField::leftUnreadable, this, &CVEntryStrip::dateLeftUnreadable);
+    connect(mExpenseToFromComboBox, &QComboBox::editTextChanged, this, [this] {
+        if (!mIsSettingFields)
+            emit payeeEntered(mExpenseToFromComboBox->enteredText());
+    });
+    noteRecorded();
 }
 
 std::optional<CVEntryProblem> CVEntryStrip::endEditing() {
@@ -98,11 +115,38 @@ CVEntry CVEntryStrip::entry() const {
             mTaxCheckbox->isChecked()};
 }
 
+void CVEntryStrip::setEntry(const CVEntry& entry) {
+    const QScopedValueRollback settingFields(mIsSettingFields, true);
+    mExpenseDate->setQBDateValue(entry.date);
+    mExpenseAmountField->setDoubleValue(entry.amount);
+    mExpenseToFromComboBox->setEditText(entry.payTo);
+    mForField->setText(entry.xfor);
+    mExpenseCategoryComboBox->setEditText(entry.category);
+    mTaxCheckbox->setChecked(entry.taxFlag);
+    noteRecorded();
+}
+
+bool CVEntryStrip::hasUnrecordedEntry() {
+    return endEditing() || entry() != mKnownEntry;
+}
+
+void CVEntryStrip::noteRecorded() {
+    mProposedFor->settle();
+    mProposedCategory->settle();
+    mKnownEntry = entry();
+}
+
+void CVEntryStrip::propose(const QString& xfor, const QString& category) {
+    mProposedFor->propose(xfor);
+    mProposedCategory->propose(category);
+}
+
 void CVEntryStrip::resetAmount() {
     mExpenseAmountField->setDoubleValue(0);
 }
 
 void CVEntryStrip::clearFields() {
+    const QScopedValueRollback settingFields(mIsSettingFields, true);
     mExpenseAmountField->clearValue();
     mExpenseToFromComboBox->clearEditText();
     mForField->clear();
@@ -116,6 +160,7 @@ void CVEntryStrip::setPaidToItems(const QStringList& items) {
 
 void CVEntryStrip::setCategoryItems(const QStringList& items) {
     mExpenseCategoryComboBox->setItems(items);
+    mNewCategoryNote->compare();
 }
 
 void CVEntryStrip::focusField(CVEntryField field) {
@@ -151,7 +196,9 @@ bool CVEntryStrip::eventFilter(QObject* watched, QEvent* event) {
         focusField(CVEntryField::Amount);
         return true;
     }
-    if (watched == mRecordButton)
+    if (watched == mExpenseToFromComboBox && event->type() == QEvent::FocusIn)
+        emit payeeFocused();
+    if (watched == mRecordButton || watched == mExpenseToFromComboBox)
         return false;
     if (event->type() != QEvent::KeyPress || !CVIsReturnKey(static_cast<QKeyEvent*>(event)->key()))
         return QWidget::eventFilter(watched, event);
@@ -159,18 +206,35 @@ bool CVEntryStrip::eventFilter(QObject* watched, QEvent* event) {
     return true;
 }
 
-void CVEntryStrip::addField(QGridLayout& layout, QWidget* field, const char* objectName, const QString& label,
-                            const QString& accessibleName, int stretch) {
+/// Returns the caption; null for an empty label.
+QLabel* CVEntryStrip::addField(QGridLayout& layout, QWidget* field, const char* objectName, const QString& label,
+                               const QString& accessibleName, int stretch) {
     const int column = layout.columnCount() - (layout.count() == 0 ? 1 : 0);
     field->setObjectName(QLatin1String(objectName));
     CVSetAccessibleName(*field, accessibleName);
     layout.addWidget(field, FieldRow, column);
     layout.setColumnStretch(column, stretch);
     if (label.isEmpty())
-        return;
+        return nullptr;
     auto* const caption = new QLabel(label, this);
     caption->setBuddy(field);
     layout.addWidget(caption, LabelRow, column);
+    return caption;
+}
+
+/// Puts the note behind the caption of the category. The note may reach over the fields behind, which have no captions.
+void CVEntryStrip::addNewCategoryNote(QGridLayout& layout, QLabel& caption) {
+    auto* const line = new QHBoxLayout;
+    line->setSpacing(kNoteGap);
+    int row = 0;
+    int column = 0;
+    int rows = 0;
+    int columns = 0;
+    layout.getItemPosition(layout.indexOf(&caption), &row, &column, &rows, &columns);
+    layout.removeWidget(&caption);
+    line->addWidget(&caption);
+    line->addWidget(mNewCategoryNote, 1);
+    layout.addLayout(line, row, column, 1, layout.columnCount() - column);
 }
 
 void CVEntryStrip::adjustMetrics() {

@@ -7,14 +7,17 @@
 class CVCompletingComboBox;
 class CVDateField;
 class CVMoneyField;
+class CVNewCategoryNote;
+class CVProposedText;
 class QCheckBox;
 class QGridLayout;
+class QLabel;
 class QLineEdit;
 class QPushButton;
 
 /// The row of fields in which the user enters a transaction; two rows where the window is narrow. Return in any field
 /// asks to record, as the Record button does. The strip records nothing and shows no alerts: its owner shows a problem
-/// and calls `focusField`.
+/// and calls `focusField`. A note behind the name of the field says when recording would make a new category.
 class CVEntryStrip final : public QWidget {
     Q_OBJECT
 
@@ -24,6 +27,17 @@ public:
     /// Reads the typed date and amount. Returns the problem of the first of them that cannot be read.
     [[nodiscard]] std::optional<CVEntryProblem> endEditing();
     [[nodiscard]] CVEntry entry() const;
+    /// Shows an entry for the user to record.
+    void setEntry(const CVEntry& entry);
+    /// Whether the user has entered something since the last `setEntry` or `noteRecorded`. Reads the typed date and
+    /// amount.
+    [[nodiscard]] bool hasUnrecordedEntry();
+    /// What stands in the fields is recorded.
+    void noteRecorded();
+
+    /// Proposes a purpose and a category as completions where nothing stands in the field; what the user has entered
+    /// there stays. An empty text takes the former proposal back.
+    void propose(const QString& xfor, const QString& category);
 
     void resetAmount();
     /// Clears every field except the date and unticks the tax box.
@@ -37,6 +51,10 @@ public:
 
 signals:
     void recordRequested();
+    /// The user is about to enter a payee.
+    void payeeFocused();
+    /// The user has changed the payee; a completion counts as typed.
+    void payeeEntered(const QString& payee);
     /// The user has moved the focus from a blank or invalid date to another field. Not emitted when the user records
     /// next, because recording finds the same problem, nor when another window or a menu takes the focus.
     void dateRefused(const CVEntryProblem& problem);
@@ -47,8 +65,9 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void addField(QGridLayout& layout, QWidget* field, const char* objectName, const QString& label,
-                  const QString& accessibleName, int stretch);
+    QLabel* addField(QGridLayout& layout, QWidget* field, const char* objectName, const QString& label,
+                     const QString& accessibleName, int stretch);
+    void addNewCategoryNote(QGridLayout& layout, QLabel& caption);
     void adjustMetrics();
     [[nodiscard]] std::optional<CVEntryProblem> dateProblem() const;
     void dateLeftUnreadable();
@@ -62,6 +81,13 @@ private:
     CVCompletingComboBox* mExpenseCategoryComboBox;
     QCheckBox* mTaxCheckbox;
     QPushButton* mRecordButton;
+    CVNewCategoryNote* mNewCategoryNote;
+    CVProposedText* mProposedFor;
+    CVProposedText* mProposedCategory;
+    /// What the fields held when it was last recorded or set.
+    CVEntry mKnownEntry;
+    /// The program changes the fields, not the user.
+    bool mIsSettingFields = false;
     /// The user has left an unreadable date and `dateRefused` has not been emitted for it yet.
     bool mIsDateProblemPending = false;
 };

@@ -4,6 +4,7 @@
 #include "widgets/CVSetAccessibleName.h"
 #include "widgets/fields/CVCompletingComboBox.h"
 #include "widgets/fields/CVDateField.h"
+#include "widgets/fields/CVFieldNote.h"
 #include "widgets/fields/CVMoneyField.h"
 #include "widgets/tables/CVCheckCell.h"
 #include "widgets/tables/CVRefuseUnreadableText.h"
@@ -80,12 +81,22 @@ QWidget* CVTransactionCellDelegate::makeEditor(QWidget* parent, const QStyleOpti
     case Model::ToFrom:
         return makeBox(mPaidToItems, parent);
     case Model::Category:
-        return makeBox(mCategoryItems, parent);
+        return makeCategoryBox(parent);
     case Model::For:
         return CVCellDelegate::createEditor(parent, option, index);
     default:
         return nullptr;
     }
+}
+
+/// A note below the box says when its name would make a new category.
+QWidget* CVTransactionCellDelegate::makeCategoryBox(QWidget* parent) const {
+    CVCompletingComboBox* const box = makeBox(mCategoryItems, parent);
+    auto* const note = new CVFieldNote(*box);
+    note->setObjectName(QStringLiteral("mNewCategoryNote"));
+    connect(box, &QComboBox::editTextChanged, note,
+            [box, note] { note->say(box->isNewText() ? tr("new category") : QString()); });
+    return box;
 }
 
 void CVTransactionCellDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {

@@ -33,6 +33,7 @@ protected:
 private:
     [[nodiscard]] QWidget* makeEditor(QWidget* parent, const QStyleOptionViewItem& option,
                                       const QModelIndex& index) const;
+    [[nodiscard]] QWidget* makeCategoryBox(QWidget* parent) const;
 
     int mTintedRow = -1;
     QStringList mPaidToItems;

@@ -1,0 +1,59 @@
+#include "workspace/CVPayeeMemory.h"
+
+#include "importing/CVCategoryMemory.h"
+#include "importing/CVRecordedLines.h"
+#include "model/CVDocument.h"
+
+#include <utility>
+
+namespace {
+
+/// The memory of so many transactions is made in a few milliseconds.
+constexpr std::size_t kMostWithoutThread = 5'000;
+
+/// A memory that has done already what it would do for the first payee that it does not know.
+std::unique_ptr<CVCategoryMemory> makeMemory(const std::shared_ptr<const CVRecordedLines>& recorded) {
+    auto memory = std::make_unique<CVCategoryMemory>(recorded);
+    (void)memory->of(QStringLiteral("?"));
+    return memory;
+}
+
+} // namespace
+
+CVPayeeMemory::CVPayeeMemory(const CVDocument& document) : mDocument(document) {}
+
+CVPayeeMemory::~CVPayeeMemory() {
+    if (mThread)
+        mThread->wait();
+}
+
+void CVPayeeMemory::prepare() {
+    if (mMemory || mThread)
+        return;
+    // What was recorded is copied at once: the thread never sees the budget.
+    auto recorded = std::make_shared<const CVRecordedLines>(mDocument);
+    if (mDocument.transactions().size() <= kMostWithoutThread) {
+        mMemory = makeMemory(recorded);
+        return;
+    }
+    mIsOutdated = false;
+    // The lines and the memory belong to the main thread again at the end, which is where they are destroyed.
+    const auto made = std::make_shared<std::unique_ptr<CVCategoryMemory>>();
+    mThread.reset(QThread::create([recorded, made] { *made = makeMemory(recorded); }));
+    connect(mThread.get(), &QThread::finished, this, [this, made] { take(std::move(*made)); });
+    mThread->start();
+}
+
+void CVPayeeMemory::forget() {
+    mMemory.reset();
+    mIsOutdated = mThread != nullptr;
+}
+
+void CVPayeeMemory::take(std::unique_ptr<CVCategoryMemory> made) {
+    mThread->wait();
+    mThread.reset();
+    if (mIsOutdated)
+        return prepare();
+    mMemory = std::move(made);
+    emit ready();
+}
