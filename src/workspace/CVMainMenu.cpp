@@ -58,8 +58,9 @@ constexpr std::array<Entry, kCVCommands> kEntries{
      {CVCommand::PrintPreview, File, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "Print Pre&view…"), "Ctrl+Shift+P"},
      {CVCommand::PageSetup, File, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "Page Set&up…"), ""},
      {CVCommand::Quit, File, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "&Quit"), "Ctrl+Q"},
-     {CVCommand::Remove, Edit, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "&Remove Transactions"), "Del"},
-     {CVCommand::TakeBackImport, Edit, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "Take &Back Import"), ""},
+    {CVCommand::SetCategory, Edit, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "Set Cate&gory…"), ""},
+    {CVCommand::Remove, Edit, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Remove Transactions"), "Del"},
+    {CVCommand::TakeBackImport, Edit, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "Take &Back Import"), ""},
      {CVCommand::Find, Edit, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "&Find"), "Ctrl+F"},
      {CVCommand::DetectDuplicates, Edit, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Detect Duplicates"),
       "Ctrl+Alt+D"},
@@ -71,6 +72,7 @@ constexpr std::array<Entry, kCVCommands> kEntries{
      {CVCommand::NextPeriod, View, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Next Period"), "Ctrl+Right"},
      {CVCommand::Today, View, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "T&oday"), "Ctrl+T"},
      {CVCommand::Record, Budget, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Record"), "Ctrl+Return; Ctrl+Enter"},
+     {CVCommand::RecordAgain, Budget, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "Record &Again"), "Ctrl+D"},
      {CVCommand::PlanVsActual, Budget, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "&Plan vs Actual"), ""},
      {CVCommand::EditCategories, Budget, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "Edit &Categories…"),
       "Ctrl+Shift+C"},
@@ -92,20 +94,26 @@ CVMainMenu::CVMainMenu(QMainWindow& window, CVTableView& table) : QObject(&windo
 }
 
 /// Gives Ctrl+letter to the menus although the focused text field may use the same key: Ctrl+E moves the cursor on some
-/// platforms.
+/// platforms, and Ctrl+D deletes. A field gets no such key while the command is disabled either.
 bool CVMainMenu::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::ShortcutOverride)
+    const bool isKey = event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
+    if (!isKey || !isKeyOfCommand(static_cast<const QKeyEvent&>(*event)))
         return QObject::eventFilter(watched, event);
-    const auto& key = static_cast<const QKeyEvent&>(*event);
-    const bool isLetter = key.key() >= Qt::Key_A && key.key() <= Qt::Key_Z && key.modifiers() & Qt::ControlModifier;
-    const QKeySequence typed(key.keyCombination());
-    const bool isCommand = isLetter && std::any_of(mActions.begin(), mActions.end(), [&typed](const QAction* action) {
-                               return action->shortcuts().contains(typed);
-                           });
-    if (!isCommand)
-        return QObject::eventFilter(watched, event);
+    if (event->type() == QEvent::KeyPress) {
+        // The key of an enabled command does not come so far.
+        const auto* const widget = qobject_cast<const QWidget*>(watched);
+        return widget && widget->window() == &mWindow;
+    }
     event->ignore();
     return true;
+}
+
+/// Whether a key is Ctrl with the letter of a command.
+bool CVMainMenu::isKeyOfCommand(const QKeyEvent& key) const {
+    const bool isLetter = key.key() >= Qt::Key_A && key.key() <= Qt::Key_Z && key.modifiers() & Qt::ControlModifier;
+    const QKeySequence typed(key.keyCombination());
+    return isLetter && std::any_of(mActions.begin(), mActions.end(),
+                                   [&typed](const QAction* action) { return action->shortcuts().contains(typed); });
 }
 
 void CVMainMenu::setEnabled(CVCommand command, bool enabled) {
@@ -161,6 +169,7 @@ void CVMainMenu::addTableCommands(CVTableView& table) {
     mCopyRows = new QAction(tr("&Copy"), &table);
     connect(mCopyRows, &QAction::triggered, &table, [&table] { CVEdit(CVEditCommand::Copy, &table); });
     mCopyRows->setEnabled(false);
-    table.addActions({edit, mCopyRows, remove});
+    const auto action = [this](CVCommand command) { return mActions[static_cast<std::size_t>(command)]; };
+    table.addActions({edit, mCopyRows, action(CVCommand::RecordAgain), action(CVCommand::SetCategory), remove});
     table.setContextMenuPolicy(Qt::ActionsContextMenu);
 }

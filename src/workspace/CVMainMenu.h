@@ -7,6 +7,7 @@
 #include <array>
 
 class CVTableView;
+class QKeyEvent;
 class QMainWindow;
 class QMenu;
 
@@ -21,6 +22,7 @@ enum class CVCommand {
     PrintPreview,
     PageSetup,
     Quit,
+    SetCategory,
     Remove,
     TakeBackImport,
     Find,
@@ -33,6 +35,7 @@ enum class CVCommand {
     NextPeriod,
     Today,
     Record,
+    RecordAgain,
     PlanVsActual,
     EditCategories,
     TransactionSets,
@@ -68,6 +71,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    [[nodiscard]] bool isKeyOfCommand(const QKeyEvent& key) const;
     void addCommands();
     void addEditCommands(QMenu& menu);
     void addSortMenu(QMenu& menu);

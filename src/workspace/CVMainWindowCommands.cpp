@@ -37,6 +37,8 @@ void CVMainWindowCommands::choose(CVCommand command) {
     case CVCommand::Quit:
         mWindow.close();
         return;
+    case CVCommand::SetCategory:
+        return mController.setCategory();
     case CVCommand::Remove:
         return mController.removeTransaction();
     case CVCommand::Find:
@@ -57,6 +59,8 @@ void CVMainWindowCommands::choose(CVCommand command) {
         return mSummary.goToToday();
     case CVCommand::Record:
         return mController.record();
+    case CVCommand::RecordAgain:
+        return mController.recordAgain();
     case CVCommand::PlanVsActual:
         mWindow.tabs().setCurrentIndex(CVMainWindow::kReports);
         return mWindow.reportsTab().showReport(CVReportTable::Totals);

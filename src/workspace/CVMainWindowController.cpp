@@ -113,6 +113,14 @@ void CVMainWindowController::record() {
     mEntryController->record();
 }
 
+void CVMainWindowController::recordAgain() {
+    mEntryController->recordAgain();
+}
+
+void CVMainWindowController::setCategory() {
+    mListController->setCategory();
+}
+
 void CVMainWindowController::remarkRemoval(int count) {
     const bool isKept = CVVersionLimit(mDocument.userDefaults()) > 0;
     saveStatus().remark(count == 1
@@ -124,6 +132,12 @@ void CVMainWindowController::remarkRemoval(int count) {
 void CVMainWindowController::setCanTakeBackImport(bool can) {
     mCanTakeBackImport = can;
     updateCommands();
+}
+
+void CVMainWindowController::remarkCategory(int count, const QString& name) {
+    saveStatus().remark(count == 1 ? tr("1 transaction now has the category “%1”").arg(name)
+                                   : tr("%2 transactions now have the category “%1”", nullptr, count)
+                                         .arg(name, QBLocaleInForce().toString(count)));
 }
 
 void CVMainWindowController::removeTransaction() {
@@ -230,6 +244,7 @@ void CVMainWindowController::connectParts() {
     connect(controller, &CVTransactionsTabController::presetPicked, this, &Self::presetPicked);
     connect(controller, &CVTransactionsTabController::transactionsRemoved, this, &Self::getStarted);
     connect(controller, &CVTransactionsTabController::removalRemarked, this, &Self::remarkRemoval);
+    connect(controller, &CVTransactionsTabController::categorySet, this, &Self::remarkCategory);
     connect(&saveStatus(), &CVSaveStatus::versionsRequested, this,
             [this] { emit applicationCommandChosen(CVCommand::EarlierVersions); });
     connect(&saveStatus(), &CVSaveStatus::takeBackRequested, this,
@@ -299,9 +314,13 @@ void CVMainWindowController::tabSelected(int index) {
 void CVMainWindowController::updateCommands() {
     CVMainMenu& menu = mWindow->menu();
     const bool canEdit = !mDocument.isReadOnly();
-    const bool hasSelection = mDisplayTab == CVMainWindow::kTransactions &&
-                              !mWindow->transactionsTab().table().selectedTransactions().empty();
+    const std::size_t selected = mDisplayTab == CVMainWindow::kTransactions
+                                     ? mWindow->transactionsTab().table().selectedTransactions().size()
+                                     : 0;
+    const bool hasSelection = selected > 0;
     menu.setEnabled(CVCommand::Export, !mContents.list().displayTransactions().empty());
+    menu.setEnabled(CVCommand::RecordAgain, selected == 1 && canEdit);
+    menu.setEnabled(CVCommand::SetCategory, hasSelection && canEdit);
     menu.setEnabled(CVCommand::Remove, hasSelection && canEdit);
     menu.setCopyRowsEnabled(hasSelection);
     for (const CVCommand command : {CVCommand::Record, CVCommand::Import, CVCommand::ImportFromClipboard})

@@ -62,10 +62,16 @@ public:
     void record();
     /// Whether there is an import that can be taken back.
     void setCanTakeBackImport(bool can);
+    /// Puts the selected transaction into the entry strip with today's date.
+    void recordAgain();
+    /// Opens the window in which the user gives the selected transactions one category.
+    void setCategory();
     /// Removes the selected transactions once the user has confirmed it.
     void removeTransaction();
     /// Says in the status line how many transactions went, and leads to the earlier versions where they are kept.
     void remarkRemoval(int count);
+    /// Says in the status line how many transactions got a category.
+    void remarkCategory(int count, const QString& name);
     /// Shows the list and selects the transactions that were probably entered twice.
     void detectDuplicates();
     /// Writes the listed transactions to a file that the user chooses.

@@ -4,6 +4,7 @@
 #include "base/QBUserDefaults.h"
 #include "budget/CVRangePresets.h"
 #include "contents/CVDuplicates.h"
+#include "contents/CVSetCategory.h"
 #include "contents/CVTransactionExport.h"
 #include "contents/CVTransactionList.h"
 #include "model/CVCategory.h"
@@ -15,6 +16,7 @@
 #include "widgets/tables/CVCommitOpenEditor.h"
 #include "workspace/controls/CVRangeControls.h"
 #include "workspace/controls/CVSearchField.h"
+#include "workspace/transactions/CVSetCategoryWindow.h"
 #include "workspace/transactions/CVTransactionTableModel.h"
 #include "workspace/transactions/CVTransactionTableView.h"
 #include "workspace/transactions/CVTransactionsTab.h"
@@ -83,6 +85,27 @@ void CVTransactionsTabController::removeTransaction() {
     // The table gets the focus, because the Remove button is now disabled and the focus would go to the next control.
     table.setFocus();
     emit removalRemarked(static_cast<int>(selected.size()));
+}
+
+void CVTransactionsTabController::setCategory() {
+    const CVTransactions selected = mTab.table().selectedTransactions();
+    if (selected.empty())
+        return;
+    QStringList names;
+    for (const auto& category : mDocument.categories())
+        names.append(category->categoryName());
+    auto* const window = new CVSetCategoryWindow(selected, names, &mTab);
+    connect(window, &CVSetCategoryWindow::categoryChosen, this,
+            [this, selected](const QString& name) { giveCategory(selected, name); });
+    window->show();
+}
+
+/// The rows stay, as after a change of a cell.
+void CVTransactionsTabController::giveCategory(const CVTransactions& transactions, const QString& name) {
+    const QScopedValueRollback keepsRows(mKeepsRows, true);
+    if (CVSetCategory(mDocument, transactions, name) > 0)
+        showChangedRows();
+    emit categorySet(static_cast<int>(transactions.size()), name);
 }
 
 void CVTransactionsTabController::detectDuplicates() {
@@ -192,6 +215,11 @@ void CVTransactionsTabController::setObjectValue(int row, int column, const QVar
     default:
         return;
     }
+    showChangedRows();
+}
+
+/// Shows the same rows with their changed values in their order, and saves.
+void CVTransactionsTabController::showChangedRows() {
     mList.doUserSort();
     mTab.showTotalsAndCountsField();
     mTab.table().reorder();

@@ -25,6 +25,8 @@ public:
     void sortByColumn(const QString& identifier);
     /// Removes the selected transactions once the user has confirmed it.
     void removeTransaction();
+    /// Opens the window in which the user gives the selected transactions one category.
+    void setCategory();
     /// Selects transactions that were probably entered twice.
     void detectDuplicates();
     /// Writes the listed transactions to a file that the user chooses.
@@ -41,6 +43,8 @@ signals:
     void transactionsRemoved();
     /// What was removed, which nothing else in the window shows.
     void removalRemarked(int count);
+    /// So many transactions were given the category of that name.
+    void categorySet(int count, const QString& name);
 
 private:
     void connectTab();
@@ -50,6 +54,8 @@ private:
     void setTransactionStart(const QBDate& start);
     void setTransactionEnd(const QBDate& end);
     void setObjectValue(int row, int column, const QVariant& value);
+    void giveCategory(const CVTransactions& transactions, const QString& name);
+    void showChangedRows();
     void writeExport(const QString& path);
 
     CVDocument& mDocument;
