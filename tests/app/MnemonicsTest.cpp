@@ -16,6 +16,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QTabWidget>
+#include <QTableView>
 
 namespace {
 
@@ -156,6 +157,15 @@ TEST_F(MnemonicsTest, OfTheEditorsAreUsedOnce) {
     checkModal([this] { choose("Edit Categories…"); });
     checkModal([this] { choose("Transaction Sets…"); });
     checkModal([this] { CVTransactionWindowController(document(), document().transactions(), &window()).exec(); });
+}
+
+TEST_F(MnemonicsTest, OfTheWindowForACategoryAreUsedOnce) {
+    auto* const table = window().findChild<QTableView*>("mTransactionTable");
+    table->selectAll();
+    checkModal([this] {
+        choose("Set Category…");
+        QTest::qWait(0);
+    });
 }
 
 TEST_F(MnemonicsTest, OfThePreferencesWithEachPaneAndTheirSheetAreUsedOnce) {
