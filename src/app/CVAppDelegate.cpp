@@ -123,7 +123,8 @@ void CVAppDelegate::makeWindowControllers() {
     mMainWindow->setMayClose([this] { return mIsReopening || mEnding->mayClose(); });
     mEditorWindows = std::make_unique<CVEditorWindows>(
         *mDocument, mAlerts, mHelp, *mMainWindow->window(), [this] { showPreferences(); },
-        [this](int count) { mMainWindow->remarkRemoval(count); });
+        [this](int count) { mMainWindow->remarkRemoval(count); },
+        [this](const QString& from, const QString& into) { mMainWindow->remarkMerge(from, into); });
     mMainWindow->setDocumentWindows(mEditorWindows.get());
     mMainWindow->setPrintPanels(mPrintPanels);
     connect(mMainWindow.get(), &CVMainWindowController::applicationCommandChosen, this, &CVAppDelegate::carryOut);

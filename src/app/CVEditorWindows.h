@@ -2,6 +2,8 @@
 
 #include "workspace/CVDocumentWindows.h"
 
+#include <QString>
+
 #include <functional>
 
 class CVDocument;
@@ -9,14 +11,15 @@ class CVAlerts;
 class CVHelpOpener;
 class QWidget;
 
-/// Opens the editors as modal windows of the main window; the application opens the preferences and
-/// remarks how many transactions an editor has removed. References the
-/// document, the alerts, the help and the main window, which exist whenever a window is opened.
+/// Opens the editors as modal windows of the main window; the application opens the preferences and remarks what an
+/// editor has removed or merged. References the document, the alerts, the help and the main window, which exist
+/// whenever a window is opened.
 class CVEditorWindows final : public CVDocumentWindows {
 public:
     /// Without `help` the editors have no Help button.
     CVEditorWindows(CVDocument& document, CVAlerts& alerts, CVHelpOpener* help, QWidget& mainWindow,
-                    std::function<void()> showPreferences, std::function<void(int count)> remarkRemoval);
+                    std::function<void()> showPreferences, std::function<void(int count)> remarkRemoval,
+                    std::function<void(const QString& from, const QString& into)> remarkMerge);
 
     void createCategoryEditController() override;
     void createTransactionSetController() override;
@@ -30,4 +33,5 @@ private:
     QWidget& mMainWindow;
     std::function<void()> mShowPreferences;
     std::function<void(int count)> mRemarkRemoval;
+    std::function<void(const QString& from, const QString& into)> mRemarkMerge;
 };

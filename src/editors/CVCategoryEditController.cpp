@@ -167,6 +167,7 @@ void CVCategoryEditController::merge(const std::shared_ptr<CVCategory>& from, co
     reload();
     showCategory(*into);
     mDocument.workbookSave();
+    emit categoriesMerged(from->categoryName(), into->categoryName());
 }
 
 bool CVCategoryEditController::confirmRemoval(const CVCategories& categories) {

@@ -35,6 +35,10 @@ public:
     void done(int result) override;
     void keepEntries() override;
 
+signals:
+    /// The category that was called `from` is one with `into` now.
+    void categoriesMerged(const QString& from, const QString& into);
+
 private:
     /// A category and the name that the user typed for it, which another category has.
     struct TakenName {

@@ -122,11 +122,18 @@ void CVMainWindowController::setCategory() {
 }
 
 void CVMainWindowController::remarkRemoval(int count) {
-    const bool isKept = CVVersionLimit(mDocument.userDefaults()) > 0;
     saveStatus().remark(count == 1
                             ? tr("1 transaction removed")
                             : tr("%1 transactions removed", nullptr, count).arg(QBLocaleInForce().toString(count)),
-                        isKept ? CVSaveStatus::Offer::Versions : CVSaveStatus::Offer::Nothing);
+                        offerOfVersions());
+}
+
+void CVMainWindowController::remarkMerge(const QString& from, const QString& into) {
+    saveStatus().remark(tr("“%1” was merged into “%2”").arg(from, into), offerOfVersions());
+}
+
+CVSaveStatus::Offer CVMainWindowController::offerOfVersions() const {
+    return CVVersionLimit(mDocument.userDefaults()) > 0 ? CVSaveStatus::Offer::Versions : CVSaveStatus::Offer::Nothing;
 }
 
 void CVMainWindowController::setCanTakeBackImport(bool can) {

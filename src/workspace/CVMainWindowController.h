@@ -1,6 +1,7 @@
 #pragma once
 
 #include "contents/CVBudgetContents.h"
+#include "workspace/controls/CVSaveStatus.h"
 #include "workspace/printing/CVPrintCommands.h"
 
 #include <QObject>
@@ -17,7 +18,6 @@ class CVMainWindow;
 class CVMainWindowCommands;
 class CVPrintPanels;
 class CVReportsTabController;
-class CVSaveStatus;
 class CVSummaryTabController;
 class CVTransactionsTabController;
 class QMainWindow;
@@ -70,6 +70,8 @@ public:
     void removeTransaction();
     /// Says in the status line how many transactions went, and leads to the earlier versions where they are kept.
     void remarkRemoval(int count);
+    /// Says in the status line which categories were merged, and leads to the earlier versions where they are kept.
+    void remarkMerge(const QString& from, const QString& into);
     /// Says in the status line how many transactions got a category.
     void remarkCategory(int count, const QString& name);
     /// Shows the list and selects the transactions that were probably entered twice.
@@ -111,6 +113,7 @@ private:
     void showTransactionSets();
     void tabSelected(int index);
     void updateCommands();
+    [[nodiscard]] CVSaveStatus::Offer offerOfVersions() const;
     void handleCategoryUpdate();
     void transactionUpdated();
     void preferenceChanged();

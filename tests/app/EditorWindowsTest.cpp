@@ -122,6 +122,23 @@ TEST_F(EditorWindowsTest, TheStatusLineSaysHowManyTransactionsWentWithTheirSet) 
     EXPECT_TRUE(find<QPushButton>("mShowVersionsButton")->isVisible());
 }
 
+TEST_F(EditorWindowsTest, AMergeIsSeenInEveryTabAndTheStatusLineLeadsToTheVersionBeforeIt) {
+    record(day(2014, 3, 7), 1, "Bus", "Travel");
+    mDelegate->mainWindow()->getStarted();
+    inCategoryEditor([this](QTableView& table) {
+        rename(table, "Travel", "Food");
+        QCoreApplication::processEvents();
+        ASSERT_EQ(mAlerts.shown().size(), 1);
+        EXPECT_EQ(mAlerts.shown()[0].title, "Merge “Travel” into “Food”?");
+        EXPECT_FALSE(column(kList, kCategory).contains("Travel"));
+        EXPECT_FALSE(items("mExpenseCategoryComboBox").contains("Travel"));
+    });
+    EXPECT_EQ(find<QLabel>("mRemark")->text(), "“Travel” was merged into “Food”");
+    EXPECT_TRUE(find<QPushButton>("mShowVersionsButton")->isVisible());
+    press(Qt::Key_3, Qt::ControlModifier);
+    EXPECT_FALSE(column("mAveragesTable", 0).contains("Travel"));
+}
+
 TEST_F(EditorWindowsTest, TheReportsFollowSetsThatAreAddedAndDeleted) {
     inSetEditor([](QTableView& table) { clickButton(table, "Add"); });
     press(Qt::Key_3, Qt::ControlModifier);
