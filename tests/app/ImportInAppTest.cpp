@@ -1,4 +1,5 @@
 #include "ShellFixture.h"
+#include "app/CVEnding.h"
 #include "app/CVImportOperations.h"
 #include "importing/panel/CVImportLineModel.h"
 #include "kit/CountingSaver.h"
@@ -255,7 +256,7 @@ TEST_F(ImportInApp, TheProgramEndsWhileAStatementIsShown) {
     inWindow([this](QDialog& window) {
         auto& table = *window.findChild<CVTableView*>("mImportTable");
         table.model()->setData(table.model()->index(0, CVImportColumns::Category), "Changed");
-        mDelegate->endWithoutAsking();
+        mDelegate->ending().endWithoutAsking();
     });
     choose("Import…");
     EXPECT_EQ(payees(), QStringList{"Market"});
