@@ -134,7 +134,8 @@ bool CVDocumentParserDelegate::parseDocumentData() {
     document->beginParsingData();
     QBuffer keptBytes;
     keptBytes.setData(_co_decrypted_data.value_or(QByteArray()));
-    if (!mSource && keptBytes.open(QIODevice::ReadOnly))
+    (void)keptBytes.open(QIODevice::ReadOnly);
+    if (!mSource)
         mSource = std::make_unique<CVExaminedSource>(keptBytes, mProgress);
     const std::unique_ptr<CVExaminedSource> source = std::move(mSource);
     const int result = parse(*source);

@@ -188,7 +188,8 @@ void CVFileExamination::readInTag(char16_t c) {
             return;
         mState = State::Tag;
         ++mAttributes;
-        mHasAbsurdElement = mHasAbsurdElement || (mAttributes > kMostAttributes && mTagSize >= kShortestAbsurdElement);
+        if (mAttributes > kMostAttributes && mTagSize >= kShortestAbsurdElement)
+            mHasAbsurdElement = true;
     } else if (c == u'>') {
         mState = State::Text;
     } else if (c == u'"' || c == u'\'') {

@@ -19,7 +19,9 @@ using Leftover = CVVersionFolder::Leftover;
 /// then a cut file is no use either.
 bool beginsAsWritten(QFile& file) {
     const QByteArray begin = CVBeginOfDocumentText();
-    return file.seek(0) && begin.startsWith(file.read(begin.size()));
+    file.seek(0);
+    const QByteArray present = file.read(begin.size());
+    return file.error() == QFileDevice::NoError && begin.startsWith(present);
 }
 
 /// What was not read to its end for another reason than its content is not judged.
@@ -31,7 +33,7 @@ Leftover judge(const QString& path) {
         CVDetachedDocument detached;
         CVDocumentParserDelegate parser(&*detached);
         const bool isWhole = parser.prepareFromDevice(file) && !parser.isEncrypted() && parser.parseDocumentData() &&
-                             parser.readWhole() && parser.foundRoot() && parser.errorMessage().isEmpty();
+                             parser.readWhole() && parser.foundRoot();
         if (isWhole)
             return Leftover::Whole;
         return !parser.wasBrokenOff() && beginsAsWritten(file) ? Leftover::Cut : Leftover::Unknown;

@@ -12,8 +12,11 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QSysInfo>
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -189,6 +192,49 @@ TEST_F(CVDocumentFileTest, saysThatTheFolderCannotBeMade) {
     EXPECT_FALSE(outcome.saved);
     EXPECT_EQ(outcome.message, "The budget could not be saved: the folder for it could not be made in “" +
                                    mHome.folders().applicationSupport + "”.");
+}
+
+TEST_F(CVDocumentFileTest, startsAndSavesNothingWhereThereIsNoPlaceForFiles) {
+    BudgetBuilder budget;
+    CVDocumentFile file({}, mHome.userDefaults());
+    EXPECT_EQ(file.initWithStandardUserFile(budget.document()).outcome, Outcome::NoFile);
+    EXPECT_EQ(file.placeForSaving(), QString());
+    EXPECT_EQ(file.dataFiles(), QStringList());
+    budget.document().workbookSave();
+    EXPECT_EQ(file.saves().waitForFinished().message,
+              "The budget could not be saved: the folder for it could not be made in “”.");
+}
+
+TEST_F(CVDocumentFileTest, readsNoFileThatIsNotThere) {
+    BudgetBuilder budget;
+    CVDocumentFile file(mHome.folders(), mHome.userDefaults());
+    const CVLoadReport report = file.readFromURL(budget.document(), mPath);
+    EXPECT_EQ(report.outcome, Outcome::NotRead);
+    EXPECT_EQ(report.path, mPath);
+    EXPECT_EQ(report.reason, "No such file or directory");
+    EXPECT_FALSE(report.signature);
+}
+
+TEST_F(CVDocumentFileTest, writesAndCleansUpNothingWhileItIsOnlyLookedAt) {
+    const pid_t ended = ::fork();
+    if (ended == 0)
+        ::_exit(0);
+    ::waitpid(ended, nullptr, 0);
+    writeFile(mPath, sampleFile());
+    const QString left = QStringLiteral("%1/.Corvella Data.corvella.saving-%2-%3-abcdef")
+                             .arg(mFolder, QSysInfo::machineHostName())
+                             .arg(ended);
+    writeFile(left, "<?xml");
+    Launch launch(mHome);
+    launch.file.setReadOnly(true);
+    launch.document.insertCategoryName(QStringLiteral("New"));
+    EXPECT_TRUE(launch.save().saved);
+    EXPECT_TRUE(launch.file.recoverInterruptedSaves().ok());
+    EXPECT_EQ(readFile(mPath), sampleFile());
+    EXPECT_TRUE(QFileInfo::exists(left));
+    launch.file.setReadOnly(false);
+    EXPECT_TRUE(launch.file.recoverInterruptedSaves().ok());
+    EXPECT_FALSE(QFileInfo::exists(left));
 }
 
 TEST_F(CVDocumentFileTest, knowsTwoTypesOfDocument) {

@@ -91,6 +91,15 @@ TEST(CVExaminedSource, ReadsNothingMoreOnceItIsCancelled) {
     EXPECT_EQ(asked, 2);
 }
 
+TEST(CVExaminedSource, TellsNoPartOfAPipeWhoseSizeNobodyKnows) {
+    TroubledDevice pipe(longText(), {.isPipe = true});
+    int asked = 0;
+    CVExaminedSource source(pipe, [&asked](double /*part*/) { return ++asked == 0; });
+    EXPECT_TRUE(source.readAll() == longText());
+    EXPECT_EQ(source.stop(), Stop::None);
+    EXPECT_EQ(asked, 0);
+}
+
 TEST(CVExaminedSource, SaysWhyTheDeviceFailed) {
     TroubledDevice device(QByteArray(CVExaminedSource::kPieceSize * 4, 'x'),
                           {.failsAt = CVExaminedSource::kPieceSize + 5});

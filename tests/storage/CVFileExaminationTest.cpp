@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <ostream>
 #include <random>
 #include <vector>
@@ -152,6 +153,7 @@ const std::vector<ExaminationRow> kSkipped{
     {"in a comment with letters of all kinds", inRoot("<!-- \u00fc\u20ac\U0001F600 " + kAbsurd + " -->"), kNothing},
     {"a comment with marks that do not end it", inRoot("<!--> -> --- >" + kAbsurd + "--->"), kNothing},
     {"a section with marks that do not end it", inRoot("<![CDATA[> ]> ] ]>" + kAbsurd + "]]]>"), kNothing},
+    {"a comment over lines and columns", inRoot("<!--\t\r\n " + kAbsurd + "/>\t-->"), kNothing},
     {"a section in a comment", inRoot("<!-- <![CDATA[ -->" + kAbsurd + "/> <!-- ]]> -->"), kIsAbsurd},
     {"a comment in a section", inRoot("<![CDATA[<!--]]>" + kAbsurd + "/><!---->"), kIsAbsurd},
     {"behind a comment", inRoot("<!----><!-- -->" + kAbsurd + "/>"), kIsAbsurd},
@@ -254,10 +256,16 @@ TEST(FileExaminationOfABudget, InUtf16IsReadWhole) {
 }
 
 TEST(FileExaminationOfABudget, InUtf32IsRefusedWithWhatHelps) {
-    ParsedBudget budget(inUtf32(inRoot("<Category id=\"1\">a</Category>")));
-    EXPECT_FALSE(budget.read());
-    EXPECT_EQ(budget.message(), "the file is written in UTF-32, which Corvella does not read; save it as UTF-8 in the "
-                                "program that wrote it");
+    QByteArray bytes = inUtf32(inRoot("<Category id=\"1\">a</Category>"));
+    for (const char* const order : {"little-endian", "big-endian"}) {
+        ParsedBudget budget(bytes);
+        EXPECT_FALSE(budget.read()) << order;
+        EXPECT_EQ(budget.message(), "the file is written in UTF-32, which Corvella does not read; save it as UTF-8 in "
+                                    "the program that wrote it")
+            << order;
+        for (qsizetype i = 0; i + 3 < bytes.size(); i += 4)
+            std::reverse(bytes.begin() + i, bytes.begin() + i + 4);
+    }
 }
 
 TEST(FileExaminationOfABudget, WithAnElementInACommentOrASectionIsRead) {

@@ -96,4 +96,33 @@ TEST_F(CVRecoverInterruptedSavesTest, removesCopiesThatWereNotFinished) {
     EXPECT_EQ(namesIn(mVersions.path()).size(), 1);
 }
 
+TEST_F(CVRecoverInterruptedSavesTest, leavesWhatItDoesNotUnderstand) {
+    const QByteArray padding(64, ' ');
+    for (const QByteArray& bytes : {"<EncryptedData><Salt><Specified>c2FsdA==</Specified></Salt>" + padding,
+                                    "<Other><Transaction/></Other>" + padding, "<html>" + padding + "</p>"}) {
+        const QString path = leftover(bytes);
+        EXPECT_TRUE(CVRecoverInterruptedSaves(mPath).ok());
+        EXPECT_EQ(readFile(path), bytes);
+        EXPECT_TRUE(mVersions.versions().isEmpty());
+        ASSERT_TRUE(QFile::remove(path));
+    }
+}
+
+TEST_F(CVRecoverInterruptedSavesTest, leavesWhatIsTooLargeToBeRead) {
+    const QString path = leftover("<?xml");
+    ASSERT_TRUE(QFile::resize(path, 3LL << 30));
+    EXPECT_TRUE(CVRecoverInterruptedSaves(mPath).ok());
+    EXPECT_TRUE(QFile::exists(path));
+}
+
+TEST_F(CVRecoverInterruptedSavesTest, removesOneOfWhichTheDiskHasLostTheEnd) {
+    const QByteArray whole = sampleFile();
+    for (const qsizetype written : {whole.size() / 2, whole.size()}) {
+        const QString path = leftover(whole.first(written) + QByteArray(500, '\0'));
+        EXPECT_TRUE(CVRecoverInterruptedSaves(mPath).ok());
+        EXPECT_FALSE(QFile::exists(path)) << written;
+        EXPECT_TRUE(mVersions.versions().isEmpty()) << written;
+    }
+}
+
 } // namespace

@@ -8,6 +8,8 @@
 #include "versions/CVVersionFolder.h"
 
 #include <QFile>
+#include <QTemporaryDir>
+#include <QThread>
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
@@ -226,6 +228,144 @@ TEST_F(CVSavedFileTest, noticesTheNextChangeAlthoughAnEarlierOneIsTakenOver) {
     replace(budget("Theirs, later"));
     mFile.accept(change->signature, change->partly.readAs());
     EXPECT_EQ(look(), Kind::Changed);
+}
+
+TEST_F(CVSavedFileTest, tellsThatAFileCannotBeReadOnlyWhenItHasStayedAsItIs) {
+    EXPECT_EQ(look(), std::nullopt);
+    replace(mRead.first(mRead.size() / 2));
+    EXPECT_EQ(look(), std::nullopt);
+    setMode(mPath, 0640);
+    EXPECT_EQ(look(), std::nullopt) << "somebody is still at it";
+    EXPECT_EQ(look(), Kind::Unreadable);
+}
+
+TEST_F(CVSavedFileTest, keepsWhatCannotBeReadWhereItHasNeitherReadNorWrittenAFile) {
+    ASSERT_TRUE(QFile::remove(mPath));
+    CVSavedFile fresh(mPath);
+    EXPECT_FALSE(fresh.look());
+    writeFile(mPath, "half");
+    const CVSaveOutcome outcome = fresh.save(textOf(budget("Mine")), {}, CVUnreadableFile::AwaitedIfWatched);
+    EXPECT_FALSE(outcome.awaitsReadable);
+    EXPECT_EQ(readFile(outcome.keptCopy), "half");
+    EXPECT_FALSE(outcome.keptIsBudget);
+    EXPECT_EQ(readFile(mPath), budget("Mine"));
+}
+
+TEST_F(CVSavedFileTest, writesAWatchedFileAnewThatIsGone) {
+    EXPECT_EQ(look(), std::nullopt);
+    ASSERT_TRUE(QFile::remove(mPath));
+    const CVSaveOutcome outcome = save(budget("Mine"));
+    EXPECT_EQ(outcome.message, QString());
+    EXPECT_EQ(outcome.keptCopy, QString());
+    EXPECT_EQ(readFile(mPath), budget("Mine"));
+}
+
+TEST_F(CVSavedFileTest, waitsForNothingWhereTheUserMovesTheFileTo) {
+    EXPECT_EQ(look(), std::nullopt);
+    replace("half");
+    const CVSaveOutcome outcome = save(budget("Moved here"), {CVVersionReason::Move, 0});
+    EXPECT_EQ(outcome.message, QString());
+    EXPECT_EQ(outcome.keptReason, CVKeptReason::ReplacedWhenMoved);
+    EXPECT_EQ(readFile(outcome.keptCopy), "half");
+}
+
+TEST_F(CVSavedFileTest, handsOnNoCommonStateWithWhatTheUserReplaces) {
+    EXPECT_TRUE(save(budget("Common")).message.isEmpty());
+    const CVSaveOutcome outcome = save(budget("Moved here"), {CVVersionReason::Move, kLimit});
+    EXPECT_EQ(readFile(outcome.keptCopy), budget("Common"));
+    EXPECT_FALSE(outcome.common);
+}
+
+TEST_F(CVSavedFileTest, keepsAFileThatWasReadInPartAndTakesItForNobodysChange) {
+    mFile.markAsRead(*CVFileSignature::of(mPath), CVReadAs::Partly);
+    const CVSaveOutcome outcome = save(budget("Mine"), {CVVersionReason::Removal, kLimit});
+    EXPECT_EQ(outcome.keptReason, CVKeptReason::AsItWasRead);
+    EXPECT_EQ(readFile(outcome.keptCopy), mRead);
+    EXPECT_FALSE(outcome.common);
+    EXPECT_TRUE(versions().isEmpty());
+}
+
+TEST_F(CVSavedFileTest, handsOnTheCommonStateWithWhatCannotBeRead) {
+    EXPECT_TRUE(save(budget("Common")).message.isEmpty());
+    EXPECT_EQ(look(), std::nullopt);
+    replace("half");
+    const CVSaveOutcome outcome = save(budget("Mine"), {{}, kLimit}, CVUnreadableFile::Replaced);
+    EXPECT_EQ(outcome.keptReason, CVKeptReason::Unreadable);
+    ASSERT_TRUE(outcome.common);
+    EXPECT_EQ(outcome.common->joined(), budget("Common"));
+    EXPECT_FALSE(outcome.keptIsBudget);
+}
+
+TEST_F(CVSavedFileTest, knowsTheBytesOfAFileThatItReadOnceTheUserHasLookedAtIt) {
+    // The time that the file gives the user before it reads the bytes again.
+    QThread::msleep(1100);
+    EXPECT_EQ(look(), std::nullopt);
+    setTimes({.tv_sec = 1'000'000'000, .tv_nsec = 0});
+    EXPECT_EQ(look(), std::nullopt) << "a touch is no change";
+    replace(budget("Theirs"));
+    EXPECT_EQ(save(budget("Ours")).common->joined(), mRead);
+}
+
+TEST_F(CVSavedFileTest, keepsVersionsAlsoAfterTheClockWasSetBack) {
+    const QDateTime now = QDateTime::currentDateTime();
+    const CVVersionFolder folder(mPath);
+    EXPECT_TRUE(folder.keepCopy(mPath, CVVersionReason::Hourly, now.addDays(1)).ok());
+    EXPECT_TRUE(folder.keepCopy(mPath, CVVersionReason::Hourly, now.addDays(-1)).ok());
+    EXPECT_TRUE(folder.keepCopy(mPath, CVVersionReason::Hourly, now.addDays(-2)).ok());
+    EXPECT_EQ(save(budget("Mine"), {{}, kLimit}).versionTrouble, QString());
+    EXPECT_EQ(versions().size(), 4);
+}
+
+/// A file in a folder to which a link leads, as a path leads to another disk while the disk that belongs there is away.
+class SavedFileOnADisk : public testing::Test {
+protected:
+    void SetUp() override {
+        if (!mOther.isValid() ||
+            CVFileSignature::of(mOther.path())->device == CVFileSignature::of(mHome.path())->device)
+            GTEST_SKIP() << "there is only one disk";
+        makeLink(mHome.path(QStringLiteral("present")), mFolder);
+        writeFile(mHome.path(QStringLiteral("present/Data.corvella")), budget("Baker"));
+        mFile.markAsRead(*CVFileSignature::of(mPath));
+    }
+    void takeDiskAway() const {
+        ASSERT_TRUE(QFile::remove(mFolder));
+        makeLink(mOther.path(), mFolder);
+    }
+    void bringDiskBack() const {
+        ASSERT_TRUE(QFile::remove(mFolder));
+        makeLink(mHome.path(QStringLiteral("present")), mFolder);
+    }
+
+    ScratchHome mHome;
+    QTemporaryDir mOther{QStringLiteral("/dev/shm/corvella disk XXXXXX")};
+    QString mFolder = mHome.path(QStringLiteral("Disk"));
+    QString mPath = mFolder + QStringLiteral("/Data.corvella");
+    CVSavedFile mFile{mPath};
+};
+
+TEST_F(SavedFileOnADisk, isSavedNowhereElseWhileTheDiskIsAway) {
+    EXPECT_FALSE(mFile.look());
+    takeDiskAway();
+    const auto change = mFile.look();
+    ASSERT_TRUE(change);
+    EXPECT_EQ(change->kind, Kind::Gone);
+    EXPECT_TRUE(change->diskIsAway);
+    const CVSaveOutcome outcome = mFile.save(textOf(budget("Mine")), {}, CVUnreadableFile::Replaced);
+    EXPECT_TRUE(outcome.message.contains("the disk on which it was is not there")) << outcome.message.toStdString();
+    EXPECT_FALSE(outcome.awaitsReadable);
+    EXPECT_TRUE(namesIn(mOther.path()).isEmpty());
+    bringDiskBack();
+    EXPECT_EQ(mFile.look()->kind, Kind::AsKnown);
+    EXPECT_EQ(mFile.save(textOf(budget("Mine")), {}, CVUnreadableFile::AwaitedIfWatched).message, QString());
+    EXPECT_EQ(readFile(mPath), budget("Mine"));
+}
+
+TEST_F(SavedFileOnADisk, isGoneWithItsFolder) {
+    ASSERT_TRUE(QFile::remove(mFolder));
+    const auto change = mFile.look();
+    ASSERT_TRUE(change);
+    EXPECT_EQ(change->kind, Kind::Gone);
+    EXPECT_FALSE(change->diskIsAway);
 }
 
 } // namespace

@@ -248,4 +248,13 @@ TEST(CVStandardFoldersTest, areWhereTheUserKeepsDataAndDocuments) {
     EXPECT_EQ(folders.documents, home.path(QStringLiteral("My Papers")));
 }
 
+TEST_F(CVStandardDataFileTest, isMissingOnlyWhereTheStoredOneIsNotThere) {
+    EXPECT_EQ(CVMissingDataFile(mHome.userDefaults()), std::nullopt);
+    const QString stored = pathOf(Place::Preferred);
+    prefer(stored);
+    EXPECT_EQ(CVMissingDataFile(mHome.userDefaults()), stored);
+    writeFile(stored, "a budget");
+    EXPECT_EQ(CVMissingDataFile(mHome.userDefaults()), std::nullopt);
+}
+
 } // namespace

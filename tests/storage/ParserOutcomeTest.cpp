@@ -1,5 +1,6 @@
 #include "storage/LogCapture.h"
 #include "storage/ParsedBudget.h"
+#include "storage/TroubledDevice.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -19,6 +20,22 @@ TEST(ParserOutcome, ofAPlainFileIsMoreThanAnEmptyDocument) {
     EXPECT_EQ(budget.document().transactions().size(), 1U);
     EXPECT_EQ(budget.document().countOfTransactionSets(), 1U);
     EXPECT_EQ(budget.document().countOfCategories(), 1U);
+}
+
+TEST(ParserOutcome, withoutADocumentIsAFailure) {
+    CVDocumentParserDelegate parser(nullptr);
+    EXPECT_TRUE(parser.prepareFromData(inRoot("<Transaction/>")));
+    EXPECT_FALSE(parser.parseDocumentData());
+}
+
+TEST(ParserOutcome, ofBytesThatCouldNotBeReadIsAFailureAndNoDefaults) {
+    BudgetBuilder budget;
+    CVDocumentParserDelegate parser(&budget.document());
+    TroubledDevice device(inRoot("<Transaction/>"), {.failsAt = 0});
+    EXPECT_FALSE(parser.prepareFromDevice(device));
+    EXPECT_FALSE(parser.parseDocumentData());
+    EXPECT_EQ(parser.errorMessage(), "Input/output error");
+    EXPECT_EQ(budget.document().countOfCategories(), 0U);
 }
 
 TEST(ParserOutcome, ofMalformedXmlIsTheDefaultsSavedOnce) {

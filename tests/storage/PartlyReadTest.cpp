@@ -148,6 +148,10 @@ TEST(PartlyRead, givesTheNumberOfAllAndTheFirstLines) {
 TEST(PartlyRead, showsWhatStoodThereInOneShortLine) {
     const QString line = partlyOf(withData("amount=\"%2 " + QByteArray(500, 'x') + "\"")).lines.value(0);
     EXPECT_EQ(line, "Line 2: amount=\"%2 " + QString(37, 'x') + "…\" was not understood as a whole.");
+    const QByteArray letters = QByteArray(39, 'x') + "\xf0\x9f\x98\x80\xf0\x9f\x98\x80";
+    EXPECT_EQ(partlyOf(withData("amount=\"" + letters + "\"")).lines.value(0),
+              "Line 2: amount=\"" + QString(39, 'x') + "…\" was not understood as a whole.")
+        << "no half of a letter is shown";
     EXPECT_EQ(partlyOf(withData("amount=\"a&#10;&#9;b\xe2\x80\xae\xf0\x9f\x98\x80\"")).lines.value(0),
               QString::fromUtf8("Line 2: amount=\"a b \xf0\x9f\x98\x80\" was not understood as a whole."));
 }

@@ -76,6 +76,12 @@ TEST_F(PrepareFromFile, callsAnEncryptedFileWithoutTheEndOfItsCipherCorrupt) {
               QStringList({"Error loading encrypted document: could not find end of encrypted data"}));
 }
 
+TEST_F(PrepareFromFile, callsAnEncryptedFileThatIsNoTextCorrupt) {
+    EXPECT_FALSE(prepare("<EncryptedData>\xff<CipherValue>AAEC</CipherValue></EncryptedData>"));
+    EXPECT_EQ(mError.code, CVReadError::kCorruptFile);
+    EXPECT_EQ(mError.message, "the file is encrypted and damaged");
+}
+
 TEST_F(PrepareFromFile, goesOnWithAnEncryptedFileThatLacksItsSalt) {
     EXPECT_TRUE(prepare("<EncryptedData><CipherValue>AAEC</CipherValue></EncryptedData>"));
     EXPECT_TRUE(mParser.isEncrypted());

@@ -14,6 +14,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <memory>
 
@@ -112,6 +113,38 @@ TEST_F(SaveOrder, doesNotMergeARequestThatAsksForAVersionOfWhatWaits) {
     EXPECT_THAT(kept, testing::UnorderedElementsAre("old", "with twenty rows"));
 }
 
+TEST_F(SaveOrder, doesNotMergeASaveWithAStateThatIsToBeKept) {
+    constexpr qint64 kLimit = 1'000'000;
+    auto gate = std::make_unique<FaultyCalls::Gate>("fsync");
+    save("first");
+    FaultyCalls::Gate::waitForArrival();
+    save("second");
+    mQueue.keepState(mPath, textOf("state"), kLimit);
+    save("third");
+    gate.reset();
+    EXPECT_TRUE(mQueue.waitForFinished().saved);
+    EXPECT_EQ(readFile(mPath), "third");
+    ASSERT_EQ(CVVersionFolder(mPath).versions().size(), 1);
+    EXPECT_EQ(readFile(CVVersionFolder(mPath).versions()[0].path), "state");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(mFinished, 3);
+}
+
+TEST_F(SaveOrder, givesUpWaitingForADiskThatHangs) {
+    using namespace std::chrono_literals;
+    auto gate = std::make_unique<FaultyCalls::Gate>("fsync");
+    save("text");
+    FaultyCalls::Gate::waitForArrival();
+    EXPECT_FALSE(mQueue.waitForFinished(1ms));
+    EXPECT_FALSE(mQueue.waitUntilIdle(1ms));
+    EXPECT_FALSE(mQueue.isSettled());
+    gate.reset();
+    const auto outcome = mQueue.waitForFinished(20s);
+    ASSERT_TRUE(outcome);
+    EXPECT_TRUE(outcome->saved);
+    EXPECT_TRUE(mQueue.waitUntilIdle(20s));
+}
+
 TEST_F(SaveOrder, keepsTheVersionThatAFailedSaveAskedFor) {
     constexpr qint64 kLimit = 1'000'000;
     writeFile(mPath, "with rows");
@@ -129,6 +162,23 @@ TEST_F(SaveOrder, keepsTheVersionThatAFailedSaveAskedFor) {
     mQueue.save(mPath, textOf("more"), {{}, kLimit});
     EXPECT_TRUE(mQueue.waitForFinished().saved);
     EXPECT_EQ(versions.versions().size(), 2) << "it is asked for once";
+}
+
+TEST_F(SaveOrder, tellsThatSuperfluousVersionsCannotBeRemoved) {
+    constexpr qint64 kNoRoom = 1;
+    writeFile(mPath, "old");
+    mQueue.markAsRead(mPath, CVFileSignature::of(mPath));
+    const CVVersionFolder versions(mPath);
+    for (const int days : {1, 2, 3})
+        EXPECT_TRUE(
+            versions.keepCopy(mPath, CVVersionReason::Hourly, QDateTime::currentDateTime().addDays(-days)).ok());
+    FaultyCalls::arm(versions.path(), {}, {{"unlink", EROFS}});
+    mQueue.save(mPath, textOf("new"), {CVVersionReason::Clearing, kNoRoom});
+    const CVSaveOutcome outcome = mQueue.waitForFinished();
+    EXPECT_TRUE(outcome.saved);
+    EXPECT_EQ(outcome.versionTrouble, "Superfluous earlier versions could not be removed from “" + versions.path() +
+                                          "”: " + qt_error_string(EROFS) + ".");
+    EXPECT_EQ(versions.versions().size(), 4);
 }
 
 TEST_F(SaveOrder, leavesNotAFileForEverySaveWhereNoVersionCanBeKept) {

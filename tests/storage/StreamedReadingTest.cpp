@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <new>
 #include <random>
 
 namespace {
@@ -130,6 +131,15 @@ TEST(StreamedReading, OfAFileThatIsCutShortMeanwhileFindsItDamagedAtItsEnd) {
         << reading.report.reason.toStdString();
     EXPECT_TRUE(reading.budget.document().transactions().empty());
     EXPECT_EQ(reading.saves.count(), 1) << "the defaults, as for every damaged file";
+}
+
+TEST(StreamedReading, ThatRunsOutOfMemoryIsNoDamageAndSavesNothing) {
+    TroubledDevice device(budgetOfManyPieces());
+    StreamedReading reading(device, [](double part) -> bool { return part < 0.2 ? true : throw std::bad_alloc(); });
+    EXPECT_EQ(reading.report.outcome, Outcome::NotRead);
+    EXPECT_EQ(reading.report.reason, "there was not enough memory to read the file");
+    EXPECT_EQ(reading.records(), QStringList());
+    EXPECT_EQ(reading.saves.count(), 0);
 }
 
 TEST(StreamedReading, ThatIsCancelledLeavesNothingAndSavesNothing) {
