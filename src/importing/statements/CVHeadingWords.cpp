@@ -248,7 +248,8 @@ std::vector<HeadingWord> wordsWithin(const QString& heading) {
         QString some;
         for (qsizetype last = first; last < std::min(words.size(), kMostWords); ++last) {
             some += last == first ? words.at(last) : QString(u' ' + words.at(last));
-            if (const auto word = table.words.constFind(some); word != table.words.cend() && some.size() >= kShortestWords)
+            if (const auto word = table.words.constFind(some);
+                word != table.words.cend() && some.size() >= kShortestWords)
                 found.push_back(*word);
         }
     }
@@ -287,7 +288,9 @@ constexpr std::array kAccountWords{u"iban", u"bic", u"swift", u"blz", u"account 
 
 CVHeading CVHeadingOf(const QString& text) {
     constexpr qsizetype kLongestHeading = 60;
-    if (text.isEmpty() || text.size() > kLongestHeading)
+    constexpr std::ptrdiff_t kMostDigits = 3;
+    const auto digits = std::count_if(text.begin(), text.end(), [](QChar c) { return c.isDigit(); });
+    if (text.isEmpty() || text.size() > kLongestHeading || digits > kMostDigits || digits == text.size())
         return {};
     const QString heading = CVPlainWords(text);
     if (heading.isEmpty())

@@ -120,26 +120,40 @@ Orders ordersBySpan(const DaysOfColumn& days, const Orders& orders) {
     return plausible;
 }
 
-/// The orders in which the days lie near those of another column that leave no choice.
+/// The day where all orders agree on it.
+std::optional<QBDate> sureDay(const QString& text) {
+    const auto day = CVReadStatementDay(text);
+    if (!day || !day->hasYear())
+        return std::nullopt;
+    const Orders orders = day->orders();
+    const auto first = day->in(orders.front());
+    const bool isSure =
+        std::all_of(orders.begin(), orders.end(), [&](CVDayOrder order) { return day->in(order) == first; });
+    return isSure ? first : std::nullopt;
+}
+
+/// The order in which alone the days lie near those of another column that leave no choice.
 Orders ordersByNeighbour(const CVStatementTable& table, const DaysOfColumn& days, int neighbour, const Orders& orders) {
-    constexpr qint64 kNear = 40;
+    constexpr qint64 kNear = 12;
+    constexpr qint64 kFar = 20;
     Orders near;
-    bool isCompared = false;
+    int far = 0;
     for (const CVDayOrder order : orders) {
-        bool isNear = true;
+        qint64 farthest = 0;
+        bool isCompared = false;
         for (const auto& [row, fields] : days) {
-            const auto other = CVReadStatementDay(CVStatementTable::cell(table.rows[row], neighbour));
-            if (!other || !other->hasYear() || other->orders().size() != 1)
-                continue;
+            const auto sure = sureDay(CVStatementTable::cell(table.rows[row], neighbour));
             const auto day = fields.in(order);
-            const auto sure = other->in(other->orders().front());
+            if (!sure || !day)
+                continue;
             isCompared = true;
-            isNear = isNear && day && std::abs(daysBetween(*sure, *day)) <= kNear;
+            farthest = std::max(farthest, std::abs(daysBetween(*sure, *day)));
         }
-        if (isNear)
+        if (isCompared && farthest <= kNear)
             near.push_back(order);
+        far += farthest > kFar ? 1 : 0;
     }
-    return isCompared && near.size() == 1 ? near : orders;
+    return near.size() == 1 && far + 1 == static_cast<int>(orders.size()) ? near : orders;
 }
 
 /// The days in the rows above the header, such as those of the period.

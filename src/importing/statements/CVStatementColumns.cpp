@@ -47,7 +47,7 @@ void count(const QString& cell, ColumnContents& contents) {
     const bool isDay = CVReadStatementDay(cell).has_value();
     const bool isAmount = !isDay && CVMarkEvidenceOf(cell).isAmount();
     contents.days += isDay ? 1 : 0;
-    contents.columnDays += isDay || CVReadDayOfColumn(cell) ? 1 : 0;
+    contents.columnDays += isDay || (!isPlainlyAmount(cell) && CVReadDayOfColumn(cell)) ? 1 : 0;
     contents.amounts += isAmount ? 1 : 0;
     contents.plainlyAmounts += isAmount && isPlainlyAmount(cell) ? 1 : 0;
     contents.markers += CVMarkerOf(cell) != 0 ? 1 : 0;
@@ -69,19 +69,14 @@ std::vector<ColumnContents> contentsOf(const CVStatementTable& table) {
     return contents;
 }
 
-bool isAmountRole(CVColumnRole role) {
-    return role == CVColumnRole::Amount || role == CVColumnRole::MoneyIn || role == CVColumnRole::MoneyOut ||
-           role == CVColumnRole::Balance || role == CVColumnRole::Fee;
-}
-
 /// What the heading says where the contents agree, else what the contents say; Guessed when neither tells.
 CVHeading checkedHeading(CVHeading heading, const ColumnContents& contents, bool hasLines) {
     const bool isEmpty = contents.filled == 0;
     if (!hasLines)
         return heading;
-    if (contents.isAlways(contents.markers) &&
-        (heading.role == CVColumnRole::Guessed || !contents.isMostly(contents.amounts)) &&
-        heading.role != CVColumnRole::Currency && !isAmountRole(heading.role))
+    const bool mayBeMarker = heading.role == CVColumnRole::Guessed || heading.role == CVColumnRole::Ignored ||
+                             heading.role == CVColumnRole::Purpose || heading.role == CVColumnRole::BankID;
+    if (mayBeMarker && contents.isAlways(contents.markers))
         return {CVColumnRole::Marker, 0};
     switch (heading.role) {
     case CVColumnRole::Day:
@@ -140,7 +135,8 @@ std::vector<CVHeading> headingsInStep(const CVStatementTable& table, const std::
 
 /// Whether a column tells the lines apart by words.
 bool isOfWords(const ColumnContents& contents) {
-    return contents.isMostly(contents.words) && (contents.distinct.size() > 1 || contents.filled == 1 || contents.isLong);
+    return contents.isMostly(contents.words) &&
+           (contents.distinct.size() > 1 || contents.filled == 1 || contents.isLong);
 }
 
 /// What a column without a heading that is known says, by its contents alone.
@@ -160,7 +156,8 @@ void choosePurpose(CVStatementColumns& columns, const std::vector<CVHeading>& he
     bool hasPayee = false;
     for (std::size_t column = 0; column < contents.size(); ++column) {
         const bool isFilled = contents[column].filled > 0;
-        hasPurpose = hasPurpose || (headings[column].role == CVColumnRole::Purpose && headings[column].rank <= 0 && isFilled);
+        hasPurpose =
+            hasPurpose || (headings[column].role == CVColumnRole::Purpose && headings[column].rank <= 0 && isFilled);
         hasPayee = hasPayee || (headings[column].role == CVColumnRole::Payee && isFilled);
     }
     for (std::size_t column = 0; column < contents.size(); ++column) {
@@ -264,8 +261,7 @@ CVStatementColumns CVGuessColumns(const CVStatementTable& table, const std::vect
         if (auto* const list = listOf(columns, role))
             list->push_back(static_cast<int>(column));
         else
-            columns.roles[column] =
-                role == CVColumnRole::Guessed ? roleByContents(contents[column]) : role;
+            columns.roles[column] = role == CVColumnRole::Guessed ? roleByContents(contents[column]) : role;
     }
     const auto isNoGuess = [&](int column) { return headings[static_cast<std::size_t>(column)].rank < 0; };
     if (isAmountGiven) {

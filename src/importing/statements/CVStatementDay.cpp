@@ -195,21 +195,66 @@ std::optional<CVStatementDay> dayOfWords(const QString& text) {
     return std::nullopt;
 }
 
+/// What a text is made of: enough to tell most texts that are no day at a glance.
+struct Makeup {
+    bool hasLetters = false;
+    bool hasDigits = false;
+    bool hasComma = false;
+    bool hasColon = false;
+    bool hasSlash = false;
+    int separators = 0;
+};
+
+Makeup makeupOf(QStringView text) {
+    Makeup makeup;
+    for (const QChar character : text) {
+        makeup.hasLetters = makeup.hasLetters || character.isLetter();
+        makeup.hasDigits = makeup.hasDigits || character.isDigit();
+        makeup.hasComma = makeup.hasComma || character == u',';
+        makeup.hasColon = makeup.hasColon || character == u':';
+        makeup.hasSlash = makeup.hasSlash || character == u'/';
+        makeup.separators += QStringView(u"-/.:'\u2019 ").contains(character) ? 1 : 0;
+    }
+    return makeup;
+}
+
+/// "Fr. 12.03.2024" without its weekday; empty where another word than a weekday or a month comes first.
+QString withoutWeekday(const QString& text) {
+    qsizetype end = 0;
+    while (end < text.size() && (text.at(end).isLetter() || text.at(end).isMark()))
+        ++end;
+    const QStringView word = QStringView(text).first(end);
+    if (end == 0 || CVMonthOfWord(word) > 0)
+        return text;
+    if (!isWeekday(word))
+        return {};
+    while (end < text.size() && (text.at(end) == u'.' || text.at(end) == u',' || text.at(end) == u' '))
+        ++end;
+    return text.sliced(end);
+}
+
+std::optional<CVStatementDay> dayOfNumbersOrDigits(const QString& text, const Makeup& makeup, bool inColumn) {
+    const bool isOfTwo = makeup.hasSlash || text.endsWith(u'.') || inColumn;
+    const bool mayBeNumbers = makeup.separators > 1 || (makeup.separators == 1 && isOfTwo);
+    if (!text.at(0).isDigit() || (makeup.hasComma && !makeup.hasColon && !makeup.hasLetters))
+        return std::nullopt;
+    auto day = mayBeNumbers ? dayOfNumbers(text, inColumn) : std::nullopt;
+    return day || text.size() < 6 ? day : dayOfDigits(text, inColumn);
+}
+
 std::optional<CVStatementDay> readDay(QStringView text, bool inColumn) {
     text = text.trimmed();
-    const bool hasDigit = std::any_of(text.begin(), text.end(), [](QChar c) { return c.digitValue() >= 0; });
-    if (!hasDigit || text.size() > kLongestDayText)
+    const bool mayBeDay =
+        !text.isEmpty() && text.size() <= kLongestDayText && (text.front().isLetterOrNumber() || text.front().isMark());
+    const Makeup before = mayBeDay ? makeupOf(text) : Makeup();
+    if (!before.hasDigits)
         return std::nullopt;
-    QString plain = withPlainSeparators(text);
-    // "Fr. 12.03.2024"
-    static const QRegularExpression weekday(QStringLiteral("^(\\p{L}{2,10})\\.?,? +(?=\\S*\\d)"));
-    const auto match = weekday.match(plain);
-    if (match.hasMatch() && isWeekday(match.capturedView(1)))
-        plain.remove(0, match.capturedLength());
-    auto day = dayOfNumbers(plain, inColumn);
-    if (!day)
-        day = dayOfDigits(plain, inColumn);
-    if (!day)
+    const QString plain = before.hasLetters ? withoutWeekday(withPlainSeparators(text)) : withPlainSeparators(text);
+    if (plain.isEmpty())
+        return std::nullopt;
+    const Makeup makeup = makeupOf(plain);
+    auto day = dayOfNumbersOrDigits(plain, makeup, inColumn);
+    if (!day && makeup.hasLetters)
         day = dayOfWords(plain);
     return day && !day->orders().empty() ? day : std::nullopt;
 }

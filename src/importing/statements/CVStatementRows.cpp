@@ -142,21 +142,26 @@ struct SeparatorScore {
     friend auto operator<=>(const SeparatorScore&, const SeparatorScore&) = default;
 };
 
+int countOfKnownHeadings(const CVStatementRow& row) {
+    return static_cast<int>(std::count_if(row.cells.begin(), row.cells.end(), [](const QString& cell) {
+        return CVHeadingOf(cell).role != CVColumnRole::Guessed;
+    }));
+}
+
 SeparatorScore scoreOf(const QString& sample, char separator) {
-    constexpr qsizetype kRowsOfSample = 200;
+    constexpr qsizetype kRowsOfSample = 100;
     SeparatorScore score;
     for (const auto& row : CVReadStatementRows(sample, separator, kRowsOfSample).rows) {
         bool hasDay = false;
         bool hasAmount = false;
-        int headings = 0;
         for (const QString& cell : row.cells) {
             const bool isDay = !cell.isEmpty() && CVReadStatementDay(cell).has_value();
             hasDay = hasDay || isDay;
             hasAmount = hasAmount || (!isDay && CVMarkEvidenceOf(cell).isAmount());
-            headings += CVHeadingOf(cell).role != CVColumnRole::Guessed ? 1 : 0;
         }
-        score.lines += hasDay && hasAmount ? 1 : 0;
-        score.headings = std::max(score.headings, headings);
+        const bool isLine = hasDay && hasAmount;
+        score.lines += isLine ? 1 : 0;
+        score.headings = std::max(score.headings, isLine ? 0 : countOfKnownHeadings(row));
         score.cells = std::max(score.cells, row.cells.size());
     }
     return score;

@@ -118,16 +118,20 @@ void takeSecondHeaderRow(CVStatementTable& table) {
     ++table.first;
 }
 
-/// The row from which a table of other columns begins.
-std::size_t endOfTable(const CVStatementTable& table) {
+/// Finds the rows with a day and an amount, and the row from which a table of other columns begins.
+void findLines(CVStatementTable& table, bool mayEnd) {
+    table.end = table.rows.size();
     for (std::size_t at = table.first; at < table.rows.size(); ++at) {
-        if (hasDayAndAmount(table.rows[at]) || table.repeatsHeader(table.rows[at]))
+        if (hasDayAndAmount(table.rows[at])) {
+            table.likely.push_back(at);
             continue;
-        const HeadingCount count = headingsOf(table.rows[at]);
-        if (count.isHeader() && count.hasDay && count.hasAmount)
-            return at;
+        }
+        const HeadingCount count = mayEnd ? headingsOf(table.rows[at]) : HeadingCount();
+        if (count.isHeader() && count.hasDay && count.hasAmount && !table.repeatsHeader(table.rows[at])) {
+            table.end = at;
+            return;
+        }
     }
-    return table.rows.size();
 }
 
 /// The rows with an amount and, below a heading of days, digits that are a day only there.
@@ -185,11 +189,7 @@ CVStatementTable CVFindTable(std::vector<CVStatementRow> rows, std::optional<int
         table.first = *header + 1;
         takeSecondHeaderRow(table);
     }
-    table.end = headerLine == 0 ? table.rows.size() : endOfTable(table);
-    for (std::size_t at = table.first; at < table.end; ++at) {
-        if (hasDayAndAmount(table.rows[at]))
-            table.likely.push_back(at);
-    }
+    findLines(table, headerLine != 0);
     if (table.likely.empty())
         table.likely = rowsWithBareDays(table);
     table.columns = std::max(usualCountOfCells(table), static_cast<int>(withoutEmptyEnd(table.headings).size()));

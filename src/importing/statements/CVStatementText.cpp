@@ -75,14 +75,14 @@ QByteArray encodingByNuls(QByteArrayView bytes) {
     return nuls[0] > many && nuls[1] <= few ? "UTF-16BE" : "";
 }
 
-/// How many of the first cells are known headings.
+/// How many of the first cells that tell one encoding from another are known headings.
 int countOfHeadings(const QString& text) {
     static const QRegularExpression between(QStringLiteral("[;,\\t|\"\\r\\n]+"));
     int count = 0;
     const QStringList cells = text.first(std::min(text.size(), kTextSample / 4)).split(between, Qt::SkipEmptyParts);
     for (const QString& cell : cells) {
-        const auto role = CVHeadingOf(cell).role;
-        count += role != CVColumnRole::Guessed ? 1 : 0;
+        const bool isTelling = std::any_of(cell.begin(), cell.end(), [](QChar c) { return c.unicode() > u'~'; });
+        count += isTelling && CVHeadingOf(cell).role != CVColumnRole::Guessed ? 1 : 0;
     }
     return count;
 }

@@ -196,13 +196,16 @@ int CVMarkerOf(QStringView text) {
         return -1;
     if (word == u"+")
         return 1;
+    if (std::any_of(word.begin(), word.end(), [](QChar c) { return c.isDigit(); }))
+        return 0;
     const QString plain = CVPlainWords(word.toString());
     return in.contains(plain) ? 1 : out.contains(plain) ? -1 : 0;
 }
 
 bool CVNamesBalanceRow(const QString& text) {
     static const QSet<QString> names = setOfWords(kBalanceRows);
-    if (text.size() > kLongestName)
+    const bool isWord = std::any_of(text.begin(), text.end(), [](QChar c) { return c.isLetter(); });
+    if (text.size() > kLongestName || !isWord)
         return false;
     QString plain = CVPlainWords(text);
     if (names.contains(plain))

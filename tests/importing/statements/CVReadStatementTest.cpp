@@ -1,1 +1,204 @@
+#include "importing/statements/CVReadStatement.h"
+
+#include "kit/DefaultLocale.h"
+#include "kit/FixedToday.h"
+#include "kit/Printers.h"
+
 #include <gtest/gtest.h>
+
+#include <utility>
+#include <vector>
+
+namespace {
+
+using About = CVStatementQuestion::About;
+
+/// The lines in one text: "2024-03-12 -12.50 Shop", or the reason of a line that cannot be read.
+QString linesText(const CVStatement& statement) {
+    QStringList lines;
+    for (const auto& line : statement.lines) {
+        if (!line.unreadable.isEmpty()) {
+            lines.append(QStringLiteral("%1! %2").arg(line.number).arg(line.unreadable));
+            continue;
+        }
+        const QString day = QString::fromLatin1(line.day->corvellaXMLRepresentation());
+        lines.append(QStringLiteral("%1 %2 %3").arg(day).arg(*line.hundredths).arg(line.payee + line.purpose));
+    }
+    return lines.join(u'\n');
+}
+
+std::vector<About> subjectsOf(const CVStatement& statement) {
+    std::vector<About> subjects;
+    for (const auto& question : statement.questions)
+        subjects.push_back(question.about);
+    return subjects;
+}
+
+/// Reads the statement without help and expects these lines.
+void expectLines(const char* bytes, const char* lines) {
+    const CVStatement statement = CVReadStatement(bytes);
+    EXPECT_EQ(statement.problem, QString()) << bytes;
+    for (const auto& question : statement.questions)
+        ADD_FAILURE() << question.text.toStdString() << '\n' << bytes;
+    EXPECT_EQ(linesText(statement), QString::fromUtf8(lines)) << bytes;
+}
+
+/// Expects one question about `about`, and these lines after its answer.
+void expectAsked(const char* bytes, About about, std::size_t answer, const char* lines) {
+    const CVStatement statement = CVReadStatement(bytes);
+    ASSERT_EQ(subjectsOf(statement), std::vector<About>{about}) << bytes << linesText(statement).toStdString();
+    ASSERT_LT(answer, statement.questions.front().answers.size());
+    const CVStatement answered = CVReadStatement(bytes, statement.questions.front().answers.at(answer).with);
+    EXPECT_TRUE(answered.questions.empty()) << bytes;
+    EXPECT_EQ(linesText(answered), QString::fromUtf8(lines)) << bytes;
+}
+
+TEST(CVReadStatement, FindsHeaderDaysAndAmounts) {
+    expectLines("Account;123\n\nDate;Payee;Amount\n13/03/2024;Shop;-12,50\n14/03/2024;Pay;1.000,00\n",
+                "2024/03/13 -1250 Shop\n2024/03/14 100000 Pay");
+    expectLines("2024-03-13,Shop,-12.50\n", "2024/03/13 -1250 Shop");
+    expectLines("Date\tPayee\tAmount\n13.3.24\tShop\t-12,50\n", "2024/03/13 -1250 Shop");
+    // The header stands again above each month, and sums below.
+    expectLines(
+        "Date;Payee;Amount\n13.03.2024;Shop;-12,50\nTotal;;-12,50\n\nDate;Payee;Amount\n13.04.2024;Shop;-1,00\n",
+        "2024/03/13 -1250 Shop\n2024/04/13 -100 Shop");
+    // Opening and closing balances are no lines.
+    expectLines("Date;Payee;Amount\n01.03.2024;Opening balance;100,00\n13.03.2024;Shop;-12,50\n31.03.2024;Closing "
+                "balance;87,50\n",
+                "2024/03/13 -1250 Shop");
+    // A header of two rows.
+    expectLines("Account;Movement;Movement\nDate;Debit;Credit\n2024-03-13;12.50;\n2024-03-14;;3.00\n",
+                "2024/03/13 -1250 \n2024/03/14 300 ");
+}
+
+TEST(CVReadStatement, TellsMoneyOutFromMoneyIn) {
+    expectLines("Date,Payee,Debit,Credit\n2024-03-13,Shop,12.50,\n2024-03-14,Pay,,3.00\n",
+                "2024/03/13 -1250 Shop\n2024/03/14 300 Pay");
+    expectLines("Date,Payee,Debit,Credit\n2024-03-13,Shop,-12.50,0.00\n2024-03-14,Pay,0.00,3.00\n",
+                "2024/03/13 -1250 Shop\n2024/03/14 300 Pay");
+    expectLines("Date,Payee,Amount,D/C\n2024-03-13,Shop,12.50,D\n2024-03-14,Pay,3.00,C\n",
+                "2024/03/13 -1250 Shop\n2024/03/14 300 Pay");
+    expectLines("Date,Payee,Amount\n2024-03-13,Shop,12.50 DR\n2024-03-14,Pay,3.00 CR\n",
+                "2024/03/13 -1250 Shop\n2024/03/14 300 Pay");
+    // Only what is paid back is marked.
+    expectLines("Date,Payee,Amount\n2024-03-13,Shop,12.50\n2024-03-14,Shop,3.00 CR\n",
+                "2024/03/13 -1250 Shop\n2024/03/14 300 Shop");
+    expectLines("2024-03-13;Shop;12,50-\n2024-03-14;Pay;3,00\n", "2024/03/13 -1250 Shop\n2024/03/14 300 Pay");
+    expectAsked("Date,Payee,Amount\n2024-03-13,Shop,12.50\n2024-03-14,Shop,3.00\n", About::Sign, 0,
+                "2024/03/13 -1250 Shop\n2024/03/14 -300 Shop");
+    expectAsked("Date,Merchant,Amount\n2024-03-13,Shop,12.50\n2024-03-14,Shop,3.00\n2024-03-14,Payment,-3.00\n",
+                About::Sign, 0, "2024/03/13 -1250 Shop\n2024/03/14 -300 Shop\n2024/03/14 300 Payment");
+}
+
+TEST(CVReadStatement, ProvesByTheBalanceWhatIsOpen) {
+    // The sign, the fee, and which of the columns without a header is what.
+    expectLines("Date,Payee,Amount,Balance\n2024-03-13,Shop,12.50,87.50\n2024-03-14,Shop,3.00,84.50\n",
+                "2024/03/13 -1250 Shop\n2024/03/14 -300 Shop");
+    expectLines("Date,Payee,Amount,Fee,Balance\n2024-03-13,Shop,-12.50,1.00,86.50\n2024-03-14,Shop,-3.00,0.50,83.00\n",
+                "2024/03/13 -1350 Shop\n2024/03/14 -350 Shop");
+    expectLines("Date,Payee,Amount,Fee,Balance\n2024-03-13,Shop,-12.50,1.00,87.50\n2024-03-14,Shop,-3.00,0.50,84.50\n",
+                "2024/03/13 -1250 Shop\n2024/03/14 -300 Shop");
+    expectLines("2024-03-13,Shop,12.50,,87.50\n2024-03-14,Pay,,3.00,90.50\n",
+                "2024/03/13 -1250 Shop\n2024/03/14 300 Pay");
+    expectLines("2024-03-14,Pay,,3.00,90.50\n2024-03-13,Shop,12.50,,87.50\n",
+                "2024/03/14 300 Pay\n2024/03/13 -1250 Shop");
+    expectAsked("Date,Payee,Amount,Fee\n2024-03-13,Shop,-12.50,1.00\n", About::FeeColumn, 1, "2024/03/13 -1250 Shop");
+    expectAsked("2024-03-13,Shop,-12.50,87.50\n", About::AmountColumn, 0, "2024/03/13 -1250 Shop");
+}
+
+TEST(CVReadStatement, SettlesDayAndMonthByAllDaysTogether) {
+    expectLines("Date,Payee,Amount\n01/02/2024,A,-1.00\n13/02/2024,B,-1.00\n", "2024/02/01 -100 A\n2024/02/13 -100 B");
+    expectLines("Date,Payee,Amount\n01/02/2024,A,-1.00\n02/13/2024,B,-1.00\n", "2024/01/02 -100 A\n2024/02/13 -100 B");
+    expectLines("Date,Payee,Amount\n05/05/2024,A,-1.00\n", "2024/05/05 -100 A");
+    // By another column of days, and by the period above.
+    expectLines("Date,Value Date,Payee,Amount\n01/02/2024,31/01/2024,A,-1.00\n", "2024/02/01 -100 A");
+    expectLines("Date,Value Date,Payee,Amount\n01/02/2024,2024-02-03,A,-1.00\n", "2024/02/01 -100 A");
+    expectLines("Period,01/02/2024 - 29/02/2024\nDate,Payee,Amount\n01/02/2024,A,-1.00\n", "2024/02/01 -100 A");
+    // Only in one order they rise.
+    expectLines("Date,Payee,Amount\n09/01/2024,A,-1.00\n10/01/2024,B,-1.00\n01/02/2024,C,-1.00\n02/02/2024,D,-1.00\n"
+                "03/02/2024,E,-1.00\n",
+                "2024/01/09 -100 A\n2024/01/10 -100 B\n2024/02/01 -100 C\n2024/02/02 -100 D\n2024/02/03 -100 E");
+    expectAsked("Date,Payee,Amount\n03/04/2024,A,-1.00\n", About::DayOrder, 1, "2024/03/04 -100 A");
+    expectAsked("Date,Payee,Amount\n03/04/05,A,-1.00\n", About::DayOrder, 2, "2003/04/05 -100 A");
+}
+
+TEST(CVReadStatement, SettlesTheDecimalMarkByAllAmountsTogether) {
+    expectLines("Date;Payee;Amount\n13.03.2024;A;-1.000\n14.03.2024;B;-12,50\n",
+                "2024/03/13 -100000 A\n2024/03/14 -1250 B");
+    expectLines("Balance;3.600,00\nDate;Payee;Amount\n13.03.2024;A;-1.000\n", "2024/03/13 -100000 A");
+    expectAsked("Date;Payee;Amount\n13.03.2024;A;-1.000\n", About::DecimalMark, 1, "2024/03/13 -100000 A");
+    expectLines("Date;Payee;Amount\n13.03.2024;A;-1000\n", "2024/03/13 -100000 A");
+}
+
+TEST(CVReadStatement, AsksForTheYearOfDaysWithoutOne) {
+    const FixedToday today(QBDate::dateWithYear(2024, 6, 1));
+    expectAsked("Date;Payee;Amount\n28.12.;A;-1,00\n02.01.;B;-1,00\n", About::Year, 1,
+                "2023/12/28 -100 A\n2024/01/02 -100 B");
+    expectLines("Year;01.01.2022\nDate;Payee;Amount\n28.03.;A;-1,00\n", "2022/03/28 -100 A");
+}
+
+TEST(CVReadStatement, GivesTheReasonOfALineThatCannotBeReadAndStopsNoOther) {
+    expectLines("Date;Payee;Amount\n13.03.2024;A;n/a\nx;B;-1,00\n14.03.2024;C;-1,00\n31.02.2024;D;-1,00\n",
+                "2! “n/a” is no amount.\n3! “x” is no day.\n2024/03/14 -100 C\n5! “31.02.2024” is no day.");
+    expectLines("Date;Payee;Amount;Currency\n13.03.2024;A;-1,00;EUR\n14.03.2024;B;-2,00;3,00;EUR\n",
+                "2024/03/13 -100 A\n3! It has 5 columns in place of 4.");
+    expectLines("Date;Payee;Amount;Status\n13.03.2024;A;-1,00;Completed\n14.03.2024;B;-2,00;DECLINED\n",
+                "2024/03/13 -100 A\n3! The bank did not carry it out: “DECLINED”.");
+}
+
+TEST(CVReadStatement, GoesOnWithAPurposeInTheRowsBelow) {
+    expectLines("Date,Description,Amount\n2024-03-13,Card,-12.50\n,Shop in Town,\n2024-03-14,Pay,3.00\n",
+                "2024/03/13 -1250 Card Shop in Town\n2024/03/14 300 Pay");
+}
+
+TEST(CVReadStatement, RefusesWhatIsNoStatementWithOneSentence) {
+    for (const QByteArray& bytes :
+         {QByteArray(), QByteArray("\n\n"), QByteArray("Dear Sir,\nthank you.\n"), QByteArray(1'000'000, 'x'),
+          QByteArray("a\0b\0\0", 5), QByteArray(kCVLargestStatement + 1, ' '),
+          QByteArray("Date,Payee,Amount\n2024-03-13,A,-12,50\n"), QByteArray("\"").repeated(100'000),
+          QByteArray("x,y\n").repeated(250'000)}) {
+        const CVStatement statement = CVReadStatement(bytes);
+        EXPECT_FALSE(statement.problem.isEmpty()) << bytes.left(40).toStdString();
+        EXPECT_TRUE(statement.problem.endsWith(u'.'));
+        EXPECT_TRUE(statement.lines.empty());
+    }
+}
+
+TEST(CVReadStatement, IsStoppedWhenAsked) {
+    const QByteArray bytes = "Date,Payee,Amount\n" + QByteArray("2024-03-13,A,-12.50\n").repeated(5'000);
+    int asked = 0;
+    const auto stop = [&asked](int permille) {
+        EXPECT_GE(permille, 0);
+        EXPECT_LE(permille, 1000);
+        return ++asked == 3;
+    };
+    EXPECT_FALSE(CVReadStatement(bytes, {}, stop).problem.isEmpty());
+    EXPECT_EQ(asked, 3);
+}
+
+TEST(CVReadStatement, SaysWhatWasRecognised) {
+    const DefaultLocale locale(QLocale("en_US"));
+    const FixedToday today(QBDate::dateWithYear(2024, 6, 1));
+    const CVStatement statement =
+        CVReadStatement("Datum;Empf\xe4nger;Betrag;Saldo\n13.03.2024;A;-1,00;99,00\n14.04.2024;B;-1,00;97,00\n");
+    EXPECT_EQ(statement.summary, "Semicolons, Windows-1252, 2 lines, 13 March to 14 April");
+    EXPECT_EQ(statement.headings, (QStringList{"Datum", "Empfänger", "Betrag", "Saldo"}));
+    EXPECT_EQ(statement.balanceRemark, "1 of 1 balances differ from the sums of the lines; the first is in line 3.");
+    EXPECT_FALSE(statement.headerDigest.isEmpty());
+    EXPECT_EQ(CVReadStatement("13.03.2024;A;-1,00\n").headerDigest, QByteArray());
+}
+
+TEST(CVReadStatement, ReadsTheSameWithTheMappingThatItFound) {
+    for (const char* const bytes :
+         {"Date,Payee,Debit,Credit,Balance\n2024-03-13,Shop,12.50,,87.50\n2024-03-14,Pay,,3.00,90.50\n",
+          "Date,Payee,Amount,D/C\n13/03/2024,Shop,12.50,D\n14/03/2024,Pay,3.00,C\n",
+          "Date,Payee,Amount,Fee,Balance\n2024-03-13,Shop,-12.50,1.00,86.50\n2024-03-14,Shop,-3.00,0.50,83.00\n"}) {
+        const CVStatement first = CVReadStatement(bytes);
+        const CVStatement again = CVReadStatement(bytes, first.mapping);
+        EXPECT_EQ(linesText(again), linesText(first));
+        EXPECT_TRUE(again.questions.empty());
+        EXPECT_EQ(again.mapping, first.mapping);
+    }
+}
+
+} // namespace

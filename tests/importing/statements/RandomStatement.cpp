@@ -24,7 +24,17 @@ const auto& anyOf(std::mt19937& chance, const List& list) {
     return list[static_cast<std::size_t>(below(chance, static_cast<int>(std::size(list))))];
 }
 
-enum class SignStyle { MinusBefore, MinusBehind, Brackets, LongMinus, PlusAndMinus, TwoColumns, Marker, Suffix, CardCompany };
+enum class SignStyle {
+    MinusBefore,
+    MinusBehind,
+    Brackets,
+    LongMinus,
+    PlusAndMinus,
+    TwoColumns,
+    Marker,
+    Suffix,
+    CardCompany
+};
 
 /// The words of a header.
 struct Header {
@@ -43,11 +53,16 @@ struct Header {
 
 constexpr std::array<Header, 6> kHeaders{
     {{u"Date", u"Value Date", u"Payee", u"Description", u"Amount", u"Debit", u"Credit", u"D/C", u"Balance", u"D", u"C"},
-     {u"Buchungstag", u"Valuta", u"Empfänger", u"Verwendungszweck", u"Betrag", u"Soll", u"Haben", u"S/H", u"Saldo", u"S", u"H"},
-     {u"Date opération", u"Date de valeur", u"Bénéficiaire", u"Libellé", u"Montant", u"Débit", u"Crédit", u"Sens", u"Solde", u"D", u"C"},
-     {u"Fecha", u"Fecha valor", u"Beneficiario", u"Concepto", u"Importe", u"Cargo", u"Abono", u"Tipo", u"Saldo", u"Debe", u"Haber"},
-     {u"Boekdatum", u"Rentedatum", u"Naam", u"Omschrijving", u"Bedrag", u"Af", u"Bij", u"Af Bij", u"Saldo", u"Af", u"Bij"},
-     {u"Posting Date", u"Effective Date", u"Merchant", u"Memo", u"Transaction Amount", u"Withdrawals", u"Deposits", u"Type", u"Running Balance", u"DEBIT", u"CREDIT"}}};
+     {u"Buchungstag", u"Valuta", u"Empfänger", u"Verwendungszweck", u"Betrag", u"Soll", u"Haben", u"S/H", u"Saldo",
+      u"S", u"H"},
+     {u"Date opération", u"Date de valeur", u"Bénéficiaire", u"Libellé", u"Montant", u"Débit", u"Crédit", u"Sens",
+      u"Solde", u"D", u"C"},
+     {u"Fecha", u"Fecha valor", u"Beneficiario", u"Concepto", u"Importe", u"Cargo", u"Abono", u"Tipo", u"Saldo",
+      u"Debe", u"Haber"},
+     {u"Boekdatum", u"Rentedatum", u"Naam", u"Omschrijving", u"Bedrag", u"Af", u"Bij", u"Af Bij", u"Saldo", u"Af",
+      u"Bij"},
+     {u"Posting Date", u"Effective Date", u"Merchant", u"Memo", u"Transaction Amount", u"Withdrawals", u"Deposits",
+      u"Type", u"Running Balance", u"DEBIT", u"CREDIT"}}};
 
 struct Dialect {
     char separator;
@@ -72,7 +87,8 @@ Dialect makeDialect(std::mt19937& chance) {
     dialect.separator = anyOf(chance, std::array{',', ';', '\t', '|'});
     dialect.decimalMark = oneIn(chance, 2) ? u'.' : u',';
     const QString others = dialect.decimalMark == u'.' ? QStringLiteral(",") : QStringLiteral(".");
-    dialect.group = anyOf(chance, std::array{QString(), QString(), QString(others), QStringLiteral("\u00a0"), QStringLiteral("'")});
+    dialect.group =
+        anyOf(chance, std::array{QString(), QString(), QString(others), QStringLiteral("\u00a0"), QStringLiteral("'")});
     dialect.signs = static_cast<SignStyle>(below(chance, 9));
     dialect.dayForm = below(chance, 9);
     dialect.header = &anyOf(chance, kHeaders);
@@ -84,7 +100,8 @@ Dialect makeDialect(std::mt19937& chance) {
     dialect.isDescending = oneIn(chance, 2);
     dialect.quotesAll = oneIn(chance, 3);
     dialect.writesCurrency = oneIn(chance, 5);
-    dialect.lineEnd = anyOf(chance, std::array{QStringLiteral("\n"), QStringLiteral("\r\n"), QStringLiteral("\r\n"), QStringLiteral("\r")});
+    dialect.lineEnd = anyOf(
+        chance, std::array{QStringLiteral("\n"), QStringLiteral("\r\n"), QStringLiteral("\r\n"), QStringLiteral("\r")});
     return dialect;
 }
 
@@ -154,9 +171,10 @@ QString dayText(const QBDate& day, int form) {
 }
 
 std::vector<RandomStatement::Line> makeLines(std::mt19937& chance) {
-    const std::array payees{QStringLiteral("Supermarket"), QStringLiteral("Bakery, Main Street"),
-                            QStringLiteral("Café \"Sol\""), QStringLiteral("Landlord; Ltd"), QStringLiteral("Power 24/7"),
-                            QStringLiteral("O'Neill & Sons"), QStringLiteral("Müller 12.50")};
+    const std::array payees{QStringLiteral("Supermarket"),  QStringLiteral("Bakery, Main Street"),
+                            QStringLiteral("Café \"Sol\""), QStringLiteral("Landlord; Ltd"),
+                            QStringLiteral("Power 24/7"),   QStringLiteral("O'Neill & Sons"),
+                            QStringLiteral("Müller 12.50")};
     std::vector<RandomStatement::Line> lines;
     QBDate day = QBDate::dateWithYear(2010 + below(chance, 15), 1 + below(chance, 12), 1 + below(chance, 28));
     const int count = 1 + below(chance, 30);
@@ -173,7 +191,8 @@ std::vector<RandomStatement::Line> makeLines(std::mt19937& chance) {
 QString joinedRow(const QStringList& cells, const Dialect& dialect) {
     QStringList written;
     for (QString cell : cells) {
-        const bool needsQuotes = dialect.quotesAll || cell.contains(QLatin1Char(dialect.separator)) || cell.contains(u'"');
+        const bool needsQuotes =
+            dialect.quotesAll || cell.contains(QLatin1Char(dialect.separator)) || cell.contains(u'"');
         if (needsQuotes)
             cell = u'"' + cell.replace(u'"', QStringLiteral("\"\"")) + u'"';
         written.append(cell);
@@ -264,7 +283,8 @@ RandomStatement makeRandomStatement(std::mt19937& chance) {
     }
     QString text;
     if (dialect.hasPreamble)
-        text += joinedRow({"Account", "12345678"}, dialect) + joinedRow({"Holder", "A. Person"}, dialect) + dialect.lineEnd;
+        text +=
+            joinedRow({"Account", "12345678"}, dialect) + joinedRow({"Holder", "A. Person"}, dialect) + dialect.lineEnd;
     if (dialect.hasHeader)
         text += joinedRow(headerCells(dialect), dialect);
     for (std::size_t at = 0; at < statement.lines.size(); ++at)

@@ -1,6 +1,5 @@
 #include "RandomStatement.h"
 #include "importing/statements/CVReadStatement.h"
-
 #include "kit/Printers.h"
 
 #include <gtest/gtest.h>
@@ -55,7 +54,10 @@ TEST(RandomStatements, AreReadAsTheyWereWrittenOrAskedAbout) {
             EXPECT_EQ(difference(written, read), QString()) << number << '\n' << written.bytes.toStdString();
             continue;
         }
-        ++asked;
+        // Trying all answers takes longer than reading.
+        constexpr int kOneInSome = 8;
+        if (++asked % kOneInSome != 0)
+            continue;
         EXPECT_TRUE(isRightAfterAnswers(written, read, kMostQuestions))
             << number << ' ' << read.questions.front().text.toStdString() << '\n'
             << written.bytes.toStdString();
