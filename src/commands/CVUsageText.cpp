@@ -17,6 +17,8 @@ QString commands() {
                          "       corvella export [OPTION...]     write transactions as tab-separated text\n"
                          "       corvella report KIND [OPTION...]\n"
                          "                                       write a report as a PDF file or as text\n"
+                         "       corvella import FILE --set NAME [OPTION...]\n"
+                         "                                       take in a statement of your bank\n"
                          "       corvella COMMAND --help         what one command takes\n"
                          "       corvella --version | --help\n");
 }
@@ -104,6 +106,42 @@ QString textOfVersions() {
         "  -h, --help    this help\n");
 }
 
+QString textOfImport() {
+    return UsageText::tr(
+        "Usage: corvella import FILE --set NAME --dry-run [OPTION...]\n"
+        "\n"
+        "Reads a statement of your bank, a text with commas, semicolons, tabs or bars between its columns; - is\n"
+        "standard input. --dry-run writes its lines as comma-separated text and records nothing: date, amount (money\n"
+        "out is positive), payee, for, category, sure, note. What the statement does not settle is asked in one line "
+        "on\n"
+        "standard error, which names the options that answer; the exit status is then 1. It is 1 also where a line\n"
+        "could not be read.\n"
+        "\n"
+        "  --set NAME                    the transaction set for money out\n"
+        "  --income same|none            money in: into the same set (as without it), or left out\n"
+        "  --income-set NAME             or into a set of its own\n"
+        "  --mapping NAME                a mapping that was kept\n"
+        "  --signed                      of --dry-run: money out has a minus sign\n"
+        "  --skip-unreadable             lines that cannot be read do not matter\n");
+}
+
+QString optionsOfImport() {
+    return UsageText::tr("How the statement is read, otherwise guessed; columns and lines count from 1:\n"
+                         "  --date N --amount N           the columns of the booking day and of the amount\n"
+                         "  --out N --in N                two columns in place of --amount\n"
+                         "  --marker N                    the column whose words tell money out from money in\n"
+                         "  --out-marker WORD             the word for money out, where it is an unusual one\n"
+                         "  --fee N                       money out on top of the amount\n"
+                         "  --payee N --for N --category N --balance N --value-date N --bank-id N --ignore N\n"
+                         "  --date-order dmy|mdy|ymd      the order of day, month and year\n"
+                         "  --decimal point|comma         the decimal mark\n"
+                         "  --sign normal|inverted        inverted: an amount without a minus sign is money out\n"
+                         "  --year YEAR                   of days without one\n"
+                         "  --header LINE|none            the line of the header\n"
+                         "  --separator comma|semicolon|tab|bar\n"
+                         "  --encoding NAME               UTF-8, windows-1252 and others\n");
+}
+
 /// Joins the parts with an empty line between them.
 QString joined(const QStringList& parts) {
     return parts.join(u'\n');
@@ -128,6 +166,8 @@ QString CVUsageText(const QString& command) {
         return textOfDiff();
     if (command == QLatin1String("versions"))
         return joined({textOfVersions(), status()});
+    if (command == QLatin1String("import"))
+        return joined({textOfImport(), optionsOfImport(), optionsOfAll()});
     if (command == QLatin1String("export"))
         return joined(
             {UsageText::tr(

@@ -3,6 +3,7 @@
 #include "ListProperty.h"
 #include "NumberProperty.h"
 #include "ParserProperty.h"
+#include "StatementProperty.h"
 #include "storage/LogCapture.h"
 #include "storage/ScratchFiles.h"
 
@@ -26,7 +27,8 @@ constexpr Target kTargets[]{{"parser", brokenParserProperty, 16},
                             {"lists", brokenListProperty, 11},
                             {"amounts", brokenAmountProperty, 17},
                             {"dates", brokenDateProperty, 12},
-                            {"numbers", brokenNumberProperty, 18}};
+                            {"numbers", brokenNumberProperty, 18},
+                            {"statements", brokenStatementProperty, 12}};
 
 /// Runs an input or a find of the fuzzer as an ordinary test.
 struct Input {
