@@ -35,7 +35,7 @@ constexpr std::array<HeadingGroup, 20> kHeadingGroups{{
      u"utlandsk valuta|utlandskt belopp|valor em moeda estrangeira|valor moeda|kwota w walucie|"
      u"kwota oryginalna|eredeti osszeg|oorspronkelijk bedrag|bedrag vreemde valuta|transfer amount|"
      u"compensation amount|auslagenersatz|local amount|merchant amount|instructed amount|initial balance|"
-     u"final balance|beginning balance|opening balance|closing balance|starting balance|available balance|"
+     u"beginning balance|opening balance|starting balance|"
      u"disponivel|disponibile|disponible|verfugbar|year to date|statement period|initial date|final date|"
      u"due date|export date|posting key|income entries|expenses entries|quantity|price|shares|symbol|"
      u"cheque number|check number|check or slip|number of|tax|ust|mwst|tva|iva|vat|tip|discount|points|"
@@ -45,14 +45,15 @@ constexpr std::array<HeadingGroup, 20> kHeadingGroups{{
      u"waluta rachunku|currency|currency code|wahrung|waehrung|devise|moneda|divisa|munt|valuta kod|waluta|"
      u"mena|penznem|deviza|para birimi|doviz|валюта|币别|货币|币种|通貨|통화|νομισμα|moeda|valiuta|valuuta|ccy"},
     {CVColumnRole::OtherDay, 0,
-     u"value date|valuta date|date value|valutadatum|valutadag|valuteringsdatum|valuta datum|valuta dato|"
+     u"value date|value dt|valuta date|date value|valutadatum|valutadag|valuteringsdatum|valuta datum|valuta dato|"
      u"valdatum|wertstellung|wertstellungsdatum|wertstellungstag|wert|date valeur|date de valeur|date val|"
      u"fecha valor|fecha de valor|f valor|data valuta|data de valor|data valor|rentedatum|rentdatum|"
      u"valutadato|valuteringsdag|started date|settlement date|effective date|datum verrekening|data waluty|"
      u"datum valuty|datum valute|ertek nap|erteknap|ertek datuma|arvopaiva|vaartuspaev|data valutei|"
      u"дата валютирования|起息日|起算日|交割日|rentedag"},
     {CVColumnRole::Day, 0,
-     u"posting date|posted date|post date|date posted|posted on|booking date|booked date|booked on|"
+     u"posting date|post dt|tran date|txn date|transaction dt|posted date|post date|date posted|posted on|booking "
+     u"date|booked date|booked on|"
      u"book date|booked|buchungstag|buchungsdatum|buchung|buchungszeit|verbuchungsdatum|gebucht am|"
      u"date operation|date d operation|date de l operation|date op|date comptable|date de comptabilisation|"
      u"date de traitement|fecha contable|fecha operacion|fecha de operacion|fecha de la operacion|"
@@ -74,7 +75,7 @@ constexpr std::array<HeadingGroup, 20> kHeadingGroups{{
      u"zone|uhrzeit|umsatzzeit|zeit|heure|hora|ora|tijd|tid|aika|cas|godzina|ido|saat|时间|時間|记账时间|"
      u"시간"},
     {CVColumnRole::Fee, 0,
-     u"amount fee|fee|fees|fee amount|transaction fee|gebuhr|gebuhren|gebuehr|gebuehren|frais|commission|"
+     u"entgelt|amount fee|fee|fees|fee amount|transaction fee|gebuhr|gebuhren|gebuehr|gebuehren|frais|commission|"
      u"commissions|commissione|commissioni|comision|comissao|poplatek|poplatky|avgift|gebyr|"
      u"kosten op verrichting|oplata|prowizja|provizia|dij|jutalek|provizija|ucret|комиссия|手数料|手续费"},
     {CVColumnRole::Ignored, 0,
@@ -93,7 +94,9 @@ constexpr std::array<HeadingGroup, 20> kHeadingGroups{{
      u"funding source|destination|from email address|to email address|email address|"
      u"gekennzeichneter umsatz"},
     {CVColumnRole::Balance, 0,
-     u"running balance|balance|account balance|saldo|kontostand|solde|zustatek|zostatok|egyenleg|bakiye|"
+     u"closing balance|available balance|final balance|ending balance|running bal|bokfort saldo|guthaben|saldo po "
+     u"transakcji|saldo contabilistico|running balance|balance|account "
+     u"balance|saldo|kontostand|solde|zustatek|zostatok|egyenleg|bakiye|"
      u"stanje|jaak|likutis|atlikums|sold|saldo nach buchung|saldo na trn|saldo po operacji|salderad|"
      u"saldo "
      u"tras|accountbalance|остаток|баланс|залишок|υπολοιπο|残高|差引残高|取引後残高|余额|联机余额|账户余额|잔액|"
@@ -105,7 +108,8 @@ constexpr std::array<HeadingGroup, 20> kHeadingGroups{{
      u"sign|kennzeichen|richtung|direction|in out|indicator|debe haber|dare avere|wn ma|收支|借贷|借貸|借贷标志|"
      u"入出金区分"},
     {CVColumnRole::MoneyOut, 0,
-     u"money out|paid out|payment out|payments out|withdrawal|withdrawals|withdrawal amount|withdrawal amt|"
+     u"支払い金額|支払額|引出額|debit euros|debito r|kwota debetu|money out|paid out|payment out|payments "
+     u"out|withdrawal|withdrawals|withdrawal amount|withdrawal amt|"
      u"debit amount|debit|debits|debit amt|amount debit|outflow|outgoing|amount out|spent|expense|expenses|"
      u"out|soll|belastung|belastungen|lastschrift|ausgang|ausgaben|ausgabe|abgang|auszahlung|"
      u"zahlungsausgang|debet|af|debito|debiti|debitos|addebito|addebiti|uscite|uscita|dare|cargo|cargos|"
@@ -117,7 +121,8 @@ constexpr std::array<HeadingGroup, 20> kHeadingGroups{{
      u"支払金額|お支払金額|"
      u"お引出し|引出金額|借方|출금액|출금|찾으신금액|kulu|deebet|izmaksats"},
     {CVColumnRole::MoneyIn, 0,
-     u"money in|paid in|payment in|payments in|deposit|deposits|deposit amount|deposit amt|credit amount|"
+     u"預かり金額|預り金額|credit euros|kwota kredytu|money in|paid in|payment in|payments in|deposit|deposits|deposit "
+     u"amount|deposit amt|credit amount|"
      u"credit|credits|credit amt|amount credit|inflow|incoming|amount in|received|income|in|haben|"
      u"gutschrift|gutschriften|eingang|einnahmen|einnahme|zugang|einzahlung|zahlungseingang|kredit|bij|"
      u"credito|crediti|creditos|accredito|accrediti|entrate|entrata|avere|abono|abonos|haber|ingreso|"
@@ -157,15 +162,17 @@ constexpr std::array<HeadingGroup, 20> kHeadingGroups{{
      u"reference id|ref no|ref|referenz|referenznummer|kundenreferenz|kenmerk|viite|referens|"
      u"arkistointitunnus|referencia|riferimento|referencja|id|流水号|取引番号|unique id|bank reference"},
     {CVColumnRole::Amount, 0,
-     u"amount in account currency|billing amount|billed amount|zauctovana castka|zuctovana suma|"
+     u"objem|bogfort belob|bokfort belopp|amount in account currency|billing amount|billed amount|zauctovana "
+     u"castka|zuctovana suma|"
      u"betrag in eur|amount in eur|bedrag in eur|amount|betrag|umsatz|montant|importe|importo|valor|bedrag|"
      u"belopp|belob|belop|summa|kwota|castka|ciastka|suma|osszeg|iznos|znesek|tutar|islem tutari|сумма|"
-     u"сума|ποσο|ποσον|金額|金额|入出金|入出金額|交易金额|交易金額|利用金額|ご利用金額|支払い金額|금액|거래금액|maara|"
+     u"сума|ποσο|ποσον|金額|金额|入出金|入出金額|交易金额|交易金額|利用金額|ご利用金額|금액|거래금액|maara|"
      u"sum|gross|net|gross amount|"
      u"net amount|brutto|netto|monto|montante|quantia|buchungsbetrag|umsatz in eur|betrag eur|"
      u"kwota operacji|kwota transakcji|saldoendring|debito credito|debit credit amount|debetas kreditas"},
     {CVColumnRole::Amount, 1, u"transaction amount|transaktionsbetrag|total|value|amt|transaction value"},
     {CVColumnRole::Purpose, 0,
+     u"beschreibung|beskrivning|forklaring|otsikko|vorgang|bezeichnung|betekenis|descriptif|motif|商品|商品说明|"
      u"description|purpose|details|detail|memo|note|notes|narrative|narration|particulars|label|libelle|"
      u"intitule|nature|verwendungszweck|zweck|buchungstext|umsatztext|betreff|reason|omschrijving|"
      u"omschrijving 1|omschrijving 2|omschrijving 3|mededeling|mededelingen|toelichting|concepto|"

@@ -47,6 +47,16 @@ MarkCount marksOfOtherCells(const CVStatementTable& table) {
     return count;
 }
 
+/// Whether the headings are in a writing of countries in which a comma always stands between groups.
+bool groupsWithCommas(const QStringList& headings) {
+    return std::any_of(headings.begin(), headings.end(), [](const QString& heading) {
+        return std::any_of(heading.begin(), heading.end(), [](QChar c) {
+            return c.script() == QChar::Script_Han || c.script() == QChar::Script_Hangul ||
+                   c.script() == QChar::Script_Hiragana || c.script() == QChar::Script_Katakana;
+        });
+    });
+}
+
 } // namespace
 
 CVSettledMark CVSettleDecimalMark(const CVStatementTable& table, const CVStatementColumns& columns) {
@@ -62,6 +72,8 @@ CVSettledMark CVSettleDecimalMark(const CVStatementTable& table, const CVStateme
     if (more == 0 && !amounts.openRow)
         return settled;
     if (more == 0) {
+        if (groupsWithCommas(table.headings))
+            return settled;
         const MarkCount others = marksOfOtherCells(table);
         settled.mark = others.comma > others.point ? u',' : u'.';
         if ((others.comma > 0) != (others.point > 0))

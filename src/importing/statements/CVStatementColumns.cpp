@@ -118,10 +118,11 @@ std::vector<CVHeading> headingsInStep(const CVStatementTable& table, const std::
     std::vector<CVHeading> named;
     for (const QString& text : table.headings)
         named.push_back(CVHeadingOf(text));
+    // A day and an amount must be gained by it.
+    constexpr int kBothFit = 4;
     int shift = 0;
     for (const int other : {1, -1}) {
-        if (fitOfShift(named, contents, other) > std::max(0, fitOfShift(named, contents, shift)) &&
-            fitOfShift(named, contents, 0) <= 0)
+        if (fitOfShift(named, contents, 0) < 0 && fitOfShift(named, contents, other) >= kBothFit)
             shift = other;
     }
     std::vector<CVHeading> headings(contents.size());

@@ -89,14 +89,29 @@ private:
         return *mRule.year + mYearsOn;
     }
 
+    /// Whether the columns for the payee and for the bank's number, where there are any, are empty.
+    [[nodiscard]] bool hasNobody(const CVStatementRow& row) const {
+        int columns = 0;
+        for (int column = 0; column < static_cast<int>(mRule.roles.size()); ++column) {
+            const CVColumnRole role = mRule.roles[static_cast<std::size_t>(column)];
+            if (role != CVColumnRole::Payee && role != CVColumnRole::BankID)
+                continue;
+            ++columns;
+            if (!textOf(row, column).isEmpty())
+                return false;
+        }
+        return columns > 0;
+    }
+
     /// Whether a row with a day or an amount is a balance or a sum.
     [[nodiscard]] bool isNoLine(const CVStatementRow& row, bool hasDay, const CVRuledAmount& amount) const {
         bool hasText = false;
+        const bool isNobody = hasNobody(row);
         for (int column = 0; column < static_cast<int>(row.cells.size()); ++column) {
             const QString& cell = row.cells.at(column);
             if (cell.isEmpty() || column == mRule.amounts.balance)
                 continue;
-            if (CVNamesBalanceRow(cell) || (!hasDay && CVNamesSumRow(cell)))
+            if (CVNamesBalanceRow(cell) || (isNobody && CVMayNameBalanceRow(cell)) || (!hasDay && CVNamesSumRow(cell)))
                 return true;
             const bool isWord = std::any_of(cell.begin(), cell.end(), [](QChar c) { return c.isLetter(); });
             hasText = hasText || (isWord && !CVIsCurrencyName(cell) && !CVMarkEvidenceOf(cell).isAmount());

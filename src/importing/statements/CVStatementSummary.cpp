@@ -69,7 +69,8 @@ QString CVRemarkOnBalance(const CVStatementTable& table, const CVAmountRule& rul
     const CVBalanceAgreement agreement = CVCompareWithBalances(table, rule, std::numeric_limits<std::size_t>::max());
     const auto first = std::find_if(agreement.steps.begin(), agreement.steps.end(),
                                     [](const CVBalanceAgreement::Step& step) { return !step.agrees; });
-    if (first == agreement.steps.end())
+    // A column in which nothing agrees is no running balance.
+    if (first == agreement.steps.end() || agreement.countOfAgreeing() == 0)
         return {};
     const auto wrong = static_cast<int>(agreement.steps.size()) - agreement.countOfAgreeing();
     return SummaryText::tr("%1 of %2 balances differ from the sums of the lines; the first is in line %3.")

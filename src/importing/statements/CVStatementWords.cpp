@@ -1,5 +1,7 @@
 #include "importing/statements/CVStatementWords.h"
 
+#include "importing/statements/CVHeadingWords.h"
+
 #include <QHash>
 #include <QSet>
 
@@ -36,27 +38,38 @@ bool isCamelStart(QStringView text, qsizetype at) {
 constexpr qsizetype kLongestName = 60;
 
 constexpr std::array kOutWords{
-    u"d",       u"dr",        u"db",       u"deb",        u"debit",       u"debet",      u"debito",   u"debe",
-    u"debited", u"s",         u"soll",     u"belastung",  u"lastschrift", u"ausgang",    u"ausgabe",  u"af",
-    u"out",     u"money out", u"outgoing", u"outflow",    u"payment out", u"withdrawal", u"expense",  u"spend",
-    u"uscita",  u"uscite",    u"dare",     u"addebito",   u"cargo",       u"gasto",      u"egreso",   u"saida",
-    u"despesa", u"depense",   u"wn",       u"obciazenie", u"wydatek",     u"vydaj",      u"vydej",    u"na vrub",
-    u"ud",      u"ut",        u"uttag",    u"rashod",     u"isplata",     u"zaduzenje",  u"terheles", u"kiadas",
-    u"borc",    u"gider",     u"расход",   u"списание",   u"дебет",       u"支出",       u"出金",     u"支",
-    u"出",      u"借",        u"출금",     u"debitering"};
+    u"χ",           u"χρεωση",     u"t",        u"terheles", u"d",       u"dr",        u"db",       u"deb",
+    u"debit",       u"debet",      u"debito",   u"debe",     u"debited", u"s",         u"soll",     u"belastung",
+    u"lastschrift", u"ausgang",    u"ausgabe",  u"af",       u"out",     u"money out", u"outgoing", u"outflow",
+    u"payment out", u"withdrawal", u"expense",  u"spend",    u"uscita",  u"uscite",    u"dare",     u"addebito",
+    u"cargo",       u"gasto",      u"egreso",   u"saida",    u"despesa", u"depense",   u"wn",       u"obciazenie",
+    u"wydatek",     u"vydaj",      u"vydej",    u"na vrub",  u"ud",      u"ut",        u"uttag",    u"rashod",
+    u"isplata",     u"zaduzenje",  u"terheles", u"kiadas",   u"borc",    u"gider",     u"расход",   u"списание",
+    u"дебет",       u"支出",       u"出金",     u"支",       u"出",      u"借",        u"출금",     u"debitering"};
 
 constexpr std::array kInWords{
-    u"c",          u"cr",         u"cd",        u"cred",       u"credit",      u"kredit",   u"credito", u"haber",
-    u"credited",   u"h",          u"haben",     u"gutschrift", u"eingang",     u"einnahme", u"bij",     u"in",
-    u"money in",   u"incoming",   u"inflow",    u"payment in", u"deposit",     u"income",   u"receive", u"entrata",
-    u"entrate",    u"avere",      u"accredito", u"abono",      u"ingreso",     u"entrada",  u"receita", u"recette",
-    u"ma",         u"uznanie",    u"wplyw",     u"prijem",     u"ve prospech", u"k",        u"ind",     u"inn",
-    u"insattning", u"primitak",   u"uplata",    u"odobrenje",  u"jovairas",    u"bevetel",  u"alacak",  u"gelir",
-    u"приход",     u"зачисление", u"кредит",    u"收入",       u"入金",        u"收",       u"入",      u"贷",
-    u"입금",       u"kreditering"};
+    u"π",        u"πιστωση", u"j",       u"c",          u"cr",         u"cd",        u"cred",       u"credit",
+    u"kredit",   u"credito", u"haber",   u"credited",   u"h",          u"haben",     u"gutschrift", u"eingang",
+    u"einnahme", u"bij",     u"in",      u"money in",   u"incoming",   u"inflow",    u"payment in", u"deposit",
+    u"income",   u"receive", u"entrata", u"entrate",    u"avere",      u"accredito", u"abono",      u"ingreso",
+    u"entrada",  u"receita", u"recette", u"ma",         u"uznanie",    u"wplyw",     u"prijem",     u"ve prospech",
+    u"k",        u"ind",     u"inn",     u"insattning", u"primitak",   u"uplata",    u"odobrenje",  u"jovairas",
+    u"bevetel",  u"alacak",  u"gelir",   u"приход",     u"зачисление", u"кредит",    u"收入",       u"入金",
+    u"收",       u"入",      u"贷",      u"입금",       u"kreditering"};
 
 /// Beginnings of what stands in place of a payee in rows of balances and sums.
 constexpr std::array kBalanceRows{
+    u"sakuma atlikums",
+    u"beigu atlikums",
+    u"apgrozijums",
+    u"likutis pradziai",
+    u"likutis pabaigai",
+    u"apyvarta",
+    u"algsaldo",
+    u"loppsaldo",
+    u"kaive",
+    u"pradinis likutis",
+    u"galutinis likutis",
     u"opening balance",
     u"closing balance",
     u"starting balance",
@@ -68,7 +81,7 @@ constexpr std::array kBalanceRows{
     u"carried forward",
     u"balance forward",
     u"previous balance",
-    u"new balance",
+
     u"final balance",
     u"initial balance",
     u"ledger balance",
@@ -224,6 +237,11 @@ bool CVNamesSumRow(const QString& text) {
            (plain.size() < kLongestName && std::any_of(names.begin(), names.end(), [&plain](const QString& name) {
                 return plain.startsWith(name + u' ');
             }));
+}
+
+bool CVMayNameBalanceRow(const QString& text) {
+    constexpr qsizetype kMostBlanks = 4;
+    return text.count(u' ') <= kMostBlanks && CVHeadingOf(text).role == CVColumnRole::Balance;
 }
 
 bool CVNamesFailure(const QString& text) {

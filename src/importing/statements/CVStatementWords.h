@@ -12,7 +12,10 @@
 /// Whether a cell says that its row is a balance or a sum and no line: "Opening balance", "Saldo anterior".
 [[nodiscard]] bool CVNamesBalanceRow(const QString& text);
 
-/// As above for a row without a day, which may be a sum: "Total".
+/// Whether a cell holds a word for a balance. A payee may be called so, so that more than this must speak for it.
+[[nodiscard]] bool CVMayNameBalanceRow(const QString& text);
+
+/// As `CVNamesBalanceRow` for a row without a day, which may be a sum: "Total".
 [[nodiscard]] bool CVNamesSumRow(const QString& text);
 
 /// Whether a status says that no money was moved: "DECLINED".

@@ -180,10 +180,10 @@ TEST(CVReadStatement, SaysWhatWasRecognised) {
     const DefaultLocale locale(QLocale("en_US"));
     const FixedToday today(QBDate::dateWithYear(2024, 6, 1));
     const CVStatement statement =
-        CVReadStatement("Datum;Empf\xe4nger;Betrag;Saldo\n13.03.2024;A;-1,00;99,00\n14.04.2024;B;-1,00;97,00\n");
-    EXPECT_EQ(statement.summary, "Semicolons, Windows-1252, 2 lines, 13 March to 14 April");
+        CVReadStatement("Datum;Empf\xe4nger;Betrag;Saldo\n13.03.2024;A;-1,00;99,00\n14.03.2024;B;-1,00;98,00\n14.04.2024;C;-1,00;96,00\n");
+    EXPECT_EQ(statement.summary, "Semicolons, Windows-1252, 3 lines, 13 March to 14 April");
     EXPECT_EQ(statement.headings, (QStringList{"Datum", "Empfänger", "Betrag", "Saldo"}));
-    EXPECT_EQ(statement.balanceRemark, "1 of 1 balances differ from the sums of the lines; the first is in line 3.");
+    EXPECT_EQ(statement.balanceRemark, "1 of 2 balances differ from the sums of the lines; the first is in line 4.");
     EXPECT_FALSE(statement.headerDigest.isEmpty());
     EXPECT_EQ(CVReadStatement("13.03.2024;A;-1,00\n").headerDigest, QByteArray());
 }
