@@ -68,10 +68,12 @@ CVRuledAmount amountOfTwoColumns(const CVStatementRow& row, const CVAmountRule& 
 
 /// Whether most of the amounts of a column are negative.
 bool isMostlyNegative(const CVStatementTable& table, int column, QChar mark) {
+    constexpr std::size_t kEnoughLines = 1000;
     int negative = 0;
     int positive = 0;
-    for (const std::size_t row : table.likely) {
-        const auto amount = CVReadStatementAmount(CVStatementTable::cell(table.rows[row], column), mark);
+    for (std::size_t at = 0; at < std::min(table.likely.size(), kEnoughLines); ++at) {
+        const CVStatementRow& row = table.rows[table.likely[at]];
+        const auto amount = CVReadStatementAmount(CVStatementTable::cell(row, column), mark);
         if (amount && amount->hundredths != 0)
             ++(amount->hundredths < 0 ? negative : positive);
     }

@@ -13,6 +13,8 @@
 namespace {
 
 constexpr qsizetype kMostRows = 200'000;
+/// With more columns there are too many ways to read them.
+constexpr std::size_t kMostAmountColumns = 8;
 constexpr int kRowsDone = 500;
 constexpr int kAllDone = 1000;
 
@@ -89,6 +91,8 @@ private:
             return ReadStatementText::tr("No column holds the days. Please say which one does.");
         if (!hasAmounts)
             return ReadStatementText::tr("No column holds the amounts. Please say which one does.");
+        if (std::max({mColumns.amounts.size(), mColumns.moneyIn.size(), mColumns.moneyOut.size()}) > kMostAmountColumns)
+            return ReadStatementText::tr("Too many columns could hold the amounts. Please say which one does.");
         if (isCutAtDecimals())
             return ReadStatementText::tr("The decimals stand in a column of their own, because the comma is also the "
                                          "separator. Please have your bank export it with semicolons.");

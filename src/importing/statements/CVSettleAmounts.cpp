@@ -1,5 +1,6 @@
 #include "importing/statements/CVSettleAmounts.h"
 
+#include "importing/statements/CVHeadingWords.h"
 #include "importing/statements/CVStatementAmount.h"
 #include "importing/statements/CVStatementWords.h"
 
@@ -271,10 +272,15 @@ Rules signsOfOneColumn(const CVStatementTable& table, const CVStatementColumns& 
     for (const int marker : columns.markers) {
         const MarkerCount markers = markersOf(table, rule, marker);
         const bool isUnsigned = signs.negative == 0 && signs.plus == 0;
+        // A letter that is the same in every line may be anything, unless its heading says more.
+        const bool saysBoth = markers.in > 0 && markers.out > 0;
+        const bool isNamed = table.headings.isEmpty() || CVHeadingOf(table.headings.value(marker)).rank > 0;
+        if (!saysBoth && !isNamed)
+            continue;
         if (isUnsigned || (markers.contradictions == 0 && markers.in + markers.out > 0))
             return {withMarker(rule, marker)};
         // A word that stands in every line alike says nothing about the sign.
-        if (markers.in > 0 && markers.out > 0)
+        if (saysBoth)
             return {withMarker(rule, marker), rule};
     }
     // CR alone makes what has none money out, DR alone money in.

@@ -12,6 +12,8 @@
 
 namespace {
 
+/// With more columns there are too many ways to read them.
+constexpr std::size_t kMostColumnsBesideAmounts = 8;
 constexpr std::size_t kMostLinesForColumns = 1000;
 
 /// How many cells of a column are what.
@@ -74,10 +76,12 @@ CVHeading checkedHeading(CVHeading heading, const ColumnContents& contents, bool
     const bool isEmpty = contents.filled == 0;
     if (!hasLines)
         return heading;
-    const bool mayBeMarker = heading.role == CVColumnRole::Guessed || heading.role == CVColumnRole::Ignored ||
-                             heading.role == CVColumnRole::Purpose || heading.role == CVColumnRole::BankID;
+    const bool mayBeMarker = heading.role == CVColumnRole::Guessed || heading.role == CVColumnRole::Purpose;
     if (mayBeMarker && contents.isAlways(contents.markers))
         return {CVColumnRole::Marker, 0};
+    // "Debit/Credit" is a marker's heading, or that of amounts with signs.
+    if (heading.role == CVColumnRole::Purpose && heading.rank > 0 && contents.isMostly(contents.plainlyAmounts))
+        return {CVColumnRole::Amount, 1};
     switch (heading.role) {
     case CVColumnRole::Day:
     case CVColumnRole::OtherDay:
@@ -155,6 +159,10 @@ void choosePurpose(CVStatementColumns& columns, const std::vector<CVHeading>& he
                    const std::vector<ColumnContents>& contents) {
     bool hasPurpose = false;
     bool hasPayee = false;
+    bool hasText = false;
+    const auto isUnknown = [&](std::size_t column) {
+        return columns.roles[column] == CVColumnRole::Ignored && headings[column].role == CVColumnRole::Guessed;
+    };
     for (std::size_t column = 0; column < contents.size(); ++column) {
         const bool isFilled = contents[column].filled > 0;
         hasPurpose =
@@ -165,9 +173,13 @@ void choosePurpose(CVStatementColumns& columns, const std::vector<CVHeading>& he
         CVColumnRole& role = columns.roles[column];
         if (role == CVColumnRole::Purpose && headings[column].rank > 0 && hasPurpose)
             role = CVColumnRole::Ignored;
-        if (role == CVColumnRole::Ignored && headings[column].role == CVColumnRole::Guessed && !hasPayee &&
-            isOfWords(contents[column]))
+        if (isUnknown(column) && !hasPayee && isOfWords(contents[column]))
             role = CVColumnRole::Purpose;
+        hasText = hasText || (role == CVColumnRole::Purpose && contents[column].filled > 0);
+    }
+    for (std::size_t column = 0; column < contents.size() && !hasText && !hasPayee; ++column) {
+        if (isUnknown(column) && contents[column].isMostly(contents[column].words))
+            columns.roles[column] = CVColumnRole::Purpose;
     }
 }
 
@@ -277,6 +289,8 @@ CVStatementColumns CVGuessColumns(const CVStatementTable& table, const std::vect
     columns.areAmountsNamed = !columns.amounts.empty() || !columns.moneyIn.empty() || !columns.moneyOut.empty();
     if (!columns.areAmountsNamed)
         guessAmounts(columns, headings, contents);
+    for (auto* const list : {&columns.balances, &columns.fees, &columns.markers})
+        list->resize(std::min(list->size(), kMostColumnsBesideAmounts));
     chooseDay(columns, headings, contents);
     choosePurpose(columns, headings, contents);
     return columns;

@@ -20,11 +20,14 @@ bool hasDayAndAmount(const CVStatementRow& row) {
     bool hasDay = false;
     bool hasAmount = false;
     for (const QString& cell : row.cells) {
-        const bool isDay = isDayCell(cell);
-        hasDay = hasDay || isDay;
-        hasAmount = hasAmount || (!isDay && CVMarkEvidenceOf(cell).isAmount());
+        if (!hasDay && isDayCell(cell))
+            hasDay = true;
+        else if (!hasAmount && CVMarkEvidenceOf(cell).isAmount())
+            hasAmount = !isDayCell(cell);
+        if (hasDay && hasAmount)
+            return true;
     }
-    return hasDay && hasAmount;
+    return false;
 }
 
 /// The known headings among the cells of a row.

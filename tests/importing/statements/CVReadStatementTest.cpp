@@ -80,6 +80,11 @@ TEST(CVReadStatement, TellsMoneyOutFromMoneyIn) {
                 "2024/03/13 -1250 Shop\n2024/03/14 300 Pay");
     expectLines("Date,Payee,Amount\n2024-03-13,Shop,12.50 DR\n2024-03-14,Pay,3.00 CR\n",
                 "2024/03/13 -1250 Shop\n2024/03/14 300 Pay");
+    expectLines("Date,Payee,Debit/Credit\n2024-03-13,Shop,-12.50\n2024-03-14,Pay,3.00\n",
+                "2024/03/13 -1250 Shop\n2024/03/14 300 Pay");
+    expectLines("2024-03-13;Shop;12,50;S\n2024-03-14;Shop;3,00;S\n", "2024/03/13 -1250 Shop\n2024/03/14 -300 Shop");
+    // A letter that is the same in all lines is no marker.
+    expectAsked("Date,Payee,Amount,Cleared,Box\n2024-03-13,Shop,12.50,C,C\n", About::Sign, 0, "2024/03/13 -1250 Shop");
     // Only what is paid back is marked.
     expectLines("Date,Payee,Amount\n2024-03-13,Shop,12.50\n2024-03-14,Shop,3.00 CR\n",
                 "2024/03/13 -1250 Shop\n2024/03/14 300 Shop");
@@ -179,8 +184,8 @@ TEST(CVReadStatement, IsStoppedWhenAsked) {
 TEST(CVReadStatement, SaysWhatWasRecognised) {
     const DefaultLocale locale(QLocale("en_US"));
     const FixedToday today(QBDate::dateWithYear(2024, 6, 1));
-    const CVStatement statement =
-        CVReadStatement("Datum;Empf\xe4nger;Betrag;Saldo\n13.03.2024;A;-1,00;99,00\n14.03.2024;B;-1,00;98,00\n14.04.2024;C;-1,00;96,00\n");
+    const CVStatement statement = CVReadStatement("Datum;Empf\xe4nger;Betrag;Saldo\n13.03.2024;A;-1,00;99,00\n14.03."
+                                                  "2024;B;-1,00;98,00\n14.04.2024;C;-1,00;96,00\n");
     EXPECT_EQ(statement.summary, "Semicolons, Windows-1252, 3 lines, 13 March to 14 April");
     EXPECT_EQ(statement.headings, (QStringList{"Datum", "Empfänger", "Betrag", "Saldo"}));
     EXPECT_EQ(statement.balanceRemark, "1 of 2 balances differ from the sums of the lines; the first is in line 4.");
