@@ -23,12 +23,9 @@ struct Target {
     std::size_t seeds;
 };
 
-constexpr Target kTargets[]{{"parser", brokenParserProperty, 16},
-                            {"lists", brokenListProperty, 11},
-                            {"amounts", brokenAmountProperty, 17},
-                            {"dates", brokenDateProperty, 12},
-                            {"numbers", brokenNumberProperty, 18},
-                            {"statements", brokenStatementProperty, 12}};
+constexpr Target kTargets[]{{"parser", brokenParserProperty, 16},  {"lists", brokenListProperty, 11},
+                            {"amounts", brokenAmountProperty, 17}, {"dates", brokenDateProperty, 12},
+                            {"numbers", brokenNumberProperty, 18}, {"statements", brokenStatementProperty, 12}};
 
 /// Runs an input or a find of the fuzzer as an ordinary test.
 struct Input {

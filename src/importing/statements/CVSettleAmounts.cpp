@@ -266,6 +266,24 @@ bool isOfCard(const CVStatementTable& table) {
                        [&headings](const char16_t* word) { return headings.contains(QString::fromUtf16(word)); });
 }
 
+/// How many lines say in words what their sign says, and how many the contrary.
+struct WordCount {
+    int agreeing = 0;
+    int contradicting = 0;
+};
+
+WordCount wordsOf(const CVStatementTable& table, const CVAmountRule& rule) {
+    WordCount count;
+    for (std::size_t at = 0; at < std::min(table.likely.size(), kMostLinesForRules); ++at) {
+        const CVStatementRow& row = table.rows[table.likely[at]];
+        const auto amount = CVAmountOfRow(row, rule).hundredths;
+        const int expected = CVExpectedSign(row.cells.join(u' '));
+        if (amount && *amount != 0 && expected != 0)
+            ++((*amount > 0) == (expected > 0) ? count.agreeing : count.contradicting);
+    }
+    return count;
+}
+
 /// The rule with its sign settled, or the two that are possible.
 Rules signsOfOneColumn(const CVStatementTable& table, const CVStatementColumns& columns, const CVAmountRule& rule) {
     const SignCount signs = signsOf(table, rule);
@@ -290,8 +308,10 @@ Rules signsOfOneColumn(const CVStatementTable& table, const CVStatementColumns& 
         return {rule};
     if (signs.negative == 0)
         return {withSign(rule, true), rule};
-    const bool isMostlyPositive = signs.positive > 0 && signs.all() > 3 && 4 * signs.positive >= 3 * signs.all();
-    if (isMostlyPositive || (isOfCard(table) && signs.positive > signs.negative))
+    const bool isMostlyPositive = signs.all() > 3 && 4 * signs.positive >= 3 * signs.all();
+    const WordCount words = wordsOf(table, rule);
+    const bool isDoubtful = isMostlyPositive || (isOfCard(table) && signs.positive >= signs.negative);
+    if (words.contradicting > words.agreeing || (isDoubtful && words.agreeing == 0))
         return {withSign(rule, true), rule};
     return {rule};
 }

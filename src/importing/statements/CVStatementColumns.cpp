@@ -178,7 +178,8 @@ void choosePurpose(CVStatementColumns& columns, const std::vector<CVHeading>& he
         hasText = hasText || (role == CVColumnRole::Purpose && contents[column].filled > 0);
     }
     for (std::size_t column = 0; column < contents.size() && !hasText && !hasPayee; ++column) {
-        if (isUnknown(column) && contents[column].isMostly(contents[column].words))
+        const bool mayBeText = isUnknown(column) || columns.roles[column] == CVColumnRole::BankID;
+        if (mayBeText && contents[column].isMostly(contents[column].words))
             columns.roles[column] = CVColumnRole::Purpose;
     }
 }

@@ -167,6 +167,52 @@ constexpr std::array kFailures{u"declined",  u"failed",    u"reverted",    u"can
                                u"denied",    u"abgelehnt", u"abgebrochen", u"refuse",    u"refusee",  u"annule",
                                u"rechazado", u"rifiutato", u"geweigerd",   u"avvisad",   u"expired",  u"voided"};
 
+/// Words within texts that let expect money in or money out.
+constexpr std::array kWordsOfIncome{u"thank you",
+                                    u"payment received",
+                                    u"payments and credits",
+                                    u"autopay payment",
+                                    u"salary",
+                                    u"payroll",
+                                    u"wages",
+                                    u"refund",
+                                    u"cashback",
+                                    u"deposit",
+                                    u"direct dep",
+                                    u"lohn",
+                                    u"gehalt",
+                                    u"gutschrift",
+                                    u"erstattung",
+                                    u"salaire",
+                                    u"remboursement",
+                                    u"nomina",
+                                    u"abono",
+                                    u"stipendio",
+                                    u"accredito",
+                                    u"rimborso",
+                                    u"salario",
+                                    u"loon",
+                                    u"salaris",
+                                    u"lon",
+                                    u"palkka",
+                                    u"wynagrodzenie",
+                                    u"wyplata",
+                                    u"mzda",
+                                    u"munkaber",
+                                    u"maas",
+                                    u"зарплата",
+                                    u"給与",
+                                    u"給料",
+                                    u"工资",
+                                    u"급여"};
+constexpr std::array kWordsOfExpense{
+    u"purchase",       u"sale",         u"pos",    u"atm",          u"withdrawal",    u"card payment", u"einkauf",
+    u"kartenzahlung",  u"lastschrift",  u"miete",  u"dauerauftrag", u"achat",         u"retrait",      u"prelevement",
+    u"loyer",          u"compra",       u"cajero", u"alquiler",     u"pagamento pos", u"prelievo",     u"affitto",
+    u"betaalautomaat", u"geldautomaat", u"huur",   u"kortkop",      u"uttag",         u"hyra",         u"korttiosto",
+    u"vuokra",         u"zakup",        u"czynsz", u"nakup",        u"najem",         u"vasarlas",     u"kira",
+    u"rent",           u"покупка"};
+
 template <typename Words>
 QSet<QString> setOfWords(const Words& words) {
     QSet<QString> set;
@@ -242,6 +288,16 @@ bool CVNamesSumRow(const QString& text) {
 bool CVMayNameBalanceRow(const QString& text) {
     constexpr qsizetype kMostBlanks = 4;
     return text.count(u' ') <= kMostBlanks && CVHeadingOf(text).role == CVColumnRole::Balance;
+}
+
+int CVExpectedSign(const QString& text) {
+    const QString padded = u' ' + CVPlainWords(text) + u' ';
+    const auto holdsWord = [&padded](const char16_t* word) {
+        return padded.contains(u' ' + QString::fromUtf16(word) + u' ');
+    };
+    const bool isIn = std::any_of(kWordsOfIncome.begin(), kWordsOfIncome.end(), holdsWord);
+    const bool isOut = std::any_of(kWordsOfExpense.begin(), kWordsOfExpense.end(), holdsWord);
+    return (isIn ? 1 : 0) - (isOut ? 1 : 0);
 }
 
 bool CVNamesFailure(const QString& text) {

@@ -20,3 +20,7 @@
 
 /// Whether a status says that no money was moved: "DECLINED".
 [[nodiscard]] bool CVNamesFailure(const QString& text);
+
+/// What the words of a line let expect: 1 money in ("Payment - thank you", "Lohn"), -1 money out ("Purchase",
+/// "Einkauf"), 0 nothing. Enough to doubt a sign, too little to settle one.
+[[nodiscard]] int CVExpectedSign(const QString& text);

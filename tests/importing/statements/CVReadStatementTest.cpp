@@ -95,6 +95,14 @@ TEST(CVReadStatement, TellsMoneyOutFromMoneyIn) {
                 About::Sign, 0, "2024/03/13 -1250 Shop\n2024/03/14 -300 Shop\n2024/03/14 300 Payment");
 }
 
+TEST(CVReadStatement, DoubtsASignThatTheWordsContradict) {
+    expectAsked("Date,Text,Amount\n2024-03-13,Shop,12.50\n2024-03-14,Payment - Thank You,-100.00\n", About::Sign, 0,
+                "2024/03/13 -1250 Shop\n2024/03/14 10000 Payment - Thank You");
+    expectLines("Date,Text,Amount\n2024-03-13,Salary,12.50\n2024-03-14,Salary,100.00\n2024-03-14,Salary,100.00\n"
+                "2024-03-15,Purchase,-1.00\n",
+                "2024/03/13 1250 Salary\n2024/03/14 10000 Salary\n2024/03/14 10000 Salary\n2024/03/15 -100 Purchase");
+}
+
 TEST(CVReadStatement, ProvesByTheBalanceWhatIsOpen) {
     // The sign, the fee, and which of the columns without a header is what.
     expectLines("Date,Payee,Amount,Balance\n2024-03-13,Shop,12.50,87.50\n2024-03-14,Shop,3.00,84.50\n",
