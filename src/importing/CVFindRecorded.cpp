@@ -6,6 +6,7 @@
 #include <QHash>
 
 #include <algorithm>
+#include <unordered_map>
 
 namespace {
 
@@ -43,7 +44,10 @@ private:
     void collect();
     void match(PayeeMatch match, bool certainOnly);
     [[nodiscard]] std::optional<std::size_t> transactionFor(std::size_t line, int daysAway, PayeeMatch match);
-    [[nodiscard]] Places::iterator likest(const CVPayeeKey& key, Places::iterator begin, Places::iterator end);
+    [[nodiscard]] Places::iterator best(const CVSoughtLine& sought, PayeeMatch match, Places::iterator begin,
+                                        Places::iterator end);
+    [[nodiscard]] bool isSame(const CVSoughtLine& sought, const QString& payee);
+    [[nodiscard]] double likenessOf(const CVSoughtLine& sought, const QString& payee);
     [[nodiscard]] const CVPayeeKey& keyOf(const QString& payee);
 
     const std::vector<CVSoughtLine>& mLines;
@@ -51,7 +55,8 @@ private:
     std::vector<CVFoundLine> mFound;
     /// The transactions that no line has yet, by what they must have in common with one; in the budget's order.
     QHash<RecordedPlace, Places> mFree;
-    QHash<QString, CVPayeeKey> mKeys;
+    /// By the payee. A key stays where it is when others are added.
+    std::unordered_map<QString, CVPayeeKey> mKeys;
 };
 
 RecordedSearch::RecordedSearch(const std::vector<CVSoughtLine>& lines, const CVRecordedLines& recorded)
@@ -106,15 +111,8 @@ std::optional<std::size_t> RecordedSearch::transactionFor(std::size_t line, int 
     const auto place = mFree.find({sought.set, sought.hundredths, sought.day->dateByAddingYears(0, 0, daysAway)});
     if (place == mFree.end() || place->empty())
         return std::nullopt;
-    const CVPayeeKey key = keyOf(sought.payee);
     const auto end = place->begin() + static_cast<std::ptrdiff_t>(std::min(place->size(), kMostLooks));
-    auto found = place->begin();
-    if (match == PayeeMatch::Same)
-        found = std::find_if(place->begin(), end, [&](std::size_t at) {
-            return mRecorded[at].payee == sought.payee || (!key.isEmpty() && keyOf(mRecorded[at].payee) == key);
-        });
-    else if (match == PayeeMatch::Like)
-        found = likest(key, place->begin(), end);
+    const auto found = best(sought, match, place->begin(), end);
     if (found == end)
         return std::nullopt;
     const std::size_t taken = *found;
@@ -122,11 +120,17 @@ std::optional<std::size_t> RecordedSearch::transactionFor(std::size_t line, int 
     return taken;
 }
 
-auto RecordedSearch::likest(const CVPayeeKey& key, Places::iterator begin, Places::iterator end) -> Places::iterator {
+auto RecordedSearch::best(const CVSoughtLine& sought, PayeeMatch match, Places::iterator begin, Places::iterator end)
+    -> Places::iterator {
+    if (match == PayeeMatch::Other)
+        return begin;
     auto best = end;
     double likeness = 0;
     for (auto at = begin; at != end; ++at) {
-        const double likenessHere = key.likeness(keyOf(mRecorded[*at].payee));
+        const QString& payee = mRecorded[*at].payee;
+        if (isSame(sought, payee))
+            return at;
+        const double likenessHere = match == PayeeMatch::Like ? likenessOf(sought, payee) : 0;
         if (likenessHere >= CVPayeeKey::kLikely && likenessHere > likeness) {
             best = at;
             likeness = likenessHere;
@@ -135,9 +139,20 @@ auto RecordedSearch::likest(const CVPayeeKey& key, Places::iterator begin, Place
     return best;
 }
 
+bool RecordedSearch::isSame(const CVSoughtLine& sought, const QString& payee) {
+    const CVPayeeKey& key = keyOf(payee);
+    return payee == sought.payee ||
+           (!key.isEmpty() && (key == keyOf(sought.payee) || key == keyOf(sought.payeeInStatement)));
+}
+
+double RecordedSearch::likenessOf(const CVSoughtLine& sought, const QString& payee) {
+    const CVPayeeKey& key = keyOf(payee);
+    return std::max(key.likeness(keyOf(sought.payee)), key.likeness(keyOf(sought.payeeInStatement)));
+}
+
 const CVPayeeKey& RecordedSearch::keyOf(const QString& payee) {
-    const auto known = mKeys.constFind(payee);
-    return known == mKeys.constEnd() ? *mKeys.insert(payee, CVPayeeKey(payee)) : *known;
+    const auto known = mKeys.find(payee);
+    return known == mKeys.end() ? mKeys.emplace(payee, CVPayeeKey(payee)).first->second : known->second;
 }
 
 } // namespace

@@ -16,6 +16,8 @@ struct CVSoughtLine {
     /// As the budget has it.
     qint64 hundredths = 0;
     QString payee = {};
+    /// Where the user calls the payee otherwise.
+    QString payeeInStatement = {};
     quint32 set = 0;
     /// Whether it is recorded for certain, because the bank's number of it was seen before.
     bool isCertain = false;

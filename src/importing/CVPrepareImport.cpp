@@ -123,7 +123,7 @@ void CVPrepareImport::noteRecorded(CVImportLines& lines, const CVImportTargets& 
         const CVImportLine& line = lines[at];
         const auto set = setOf(line, targets);
         if (line.note != Note::Unreadable && line.hundredths != 0 && set)
-            sought[at] = {line.day, line.hundredths, line.payee, *set, isKnown[at]};
+            sought[at] = {line.day, line.hundredths, line.payee, line.payeeInStatement, *set, isKnown[at]};
     }
     const auto found = CVFindRecorded(sought, *mRecorded);
     for (std::size_t at = 0; at < lines.size(); ++at) {

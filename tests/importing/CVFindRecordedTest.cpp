@@ -2,10 +2,12 @@
 
 #include "importing/CVRecordedLines.h"
 #include "kit/BudgetBuilder.h"
+#include "kit/RandomBudget.h"
 
 #include <gtest/gtest.h>
 
 #include <ostream>
+#include <set>
 
 namespace {
 
@@ -51,7 +53,8 @@ TEST_P(CVFindRecordedTest, Finds) {
     const CVRecordedLines recorded(budget.document());
     std::vector<CVSoughtLine> lines;
     for (const SoughtEntry& entry : GetParam().lines)
-        lines.push_back({day(2026, 3, entry.dayOfMonth), entry.hundredths, entry.payee, 1, entry.isCertain});
+        lines.push_back(
+            {day(2026, 3, entry.dayOfMonth), entry.hundredths, entry.payee, entry.payee, 1, entry.isCertain});
     const auto found = CVFindRecorded(lines, recorded);
     ASSERT_EQ(found.size(), GetParam().found.size());
     for (std::size_t at = 0; at < found.size(); ++at) {
@@ -128,8 +131,60 @@ TEST(CVFindRecorded, PassesOverWhatHasNoDay) {
     BudgetBuilder budget;
     budget.transaction({.amount = 5, .payTo = "Bus", .setID = 1});
     const CVRecordedLines recorded(budget.document());
-    EXPECT_FALSE(CVFindRecorded({{day(2026, 3, 1), 500, "Bus", 1}}, recorded).front().recorded);
-    EXPECT_FALSE(CVFindRecorded({{std::nullopt, 500, "Bus", 1}}, recorded).front().recorded);
+    EXPECT_FALSE(CVFindRecorded({{day(2026, 3, 1), 500, "Bus", "Bus", 1}}, recorded).front().recorded);
+    EXPECT_FALSE(CVFindRecorded({{std::nullopt, 500, "Bus", "Bus", 1}}, recorded).front().recorded);
+}
+
+TEST(CVFindRecorded, KnowsAPayeeUnderBothNames) {
+    for (const char* payee : {"Amber Books", "AMB MKTPLC 77"}) {
+        BudgetBuilder budget;
+        budget.transaction({.date = day(2026, 3, 1), .amount = 5, .payTo = payee, .setID = 1});
+        const CVRecordedLines recorded(budget.document());
+        EXPECT_TRUE(
+            CVFindRecorded({{day(2026, 3, 1), 500, "Amber Books", "AMB MKTPLC 12", 1}}, recorded).front().hasSamePayee)
+            << payee;
+    }
+}
+
+qint64 daysBetween(const QBDate& a, const QBDate& b) {
+    qint64 days = 0;
+    a.yearsMonthsDaysSinceDate(nullptr, nullptr, &days, b);
+    return days < 0 ? -days : days;
+}
+
+bool canBe(const CVSoughtLine& line, const CVRecordedLine& recorded) {
+    return recorded.day && line.set == recorded.set && recorded.hundredths == line.hundredths &&
+           daysBetween(*line.day, *recorded.day) <= 4;
+}
+
+/// Whatever a budget and a statement hold: no transaction counts twice, each found one can be it, and none is left for
+/// a line that found none.
+TEST(CVFindRecorded, MatchesRandomLinesWithOneTransactionEach) {
+    int matches = 0;
+    for (quint32 seed = 1; seed <= 300; ++seed) {
+        RandomBudget random(seed);
+        for (const auto& transaction : random.document().transactions())
+            transaction->setAmount(random.below(4));
+        const CVRecordedLines recorded(random.document());
+        std::vector<CVSoughtLine> lines;
+        for (quint32 left = random.below(30); left > 0; --left)
+            lines.push_back({random.date().value_or(day(2014, 2, 26)), 100 * random.below(4), random.text(),
+                             random.text(), random.recordID(), random.oneIn(10)});
+        const auto found = CVFindRecorded(lines, recorded);
+        std::set<std::size_t> taken;
+        for (std::size_t at = 0; at < lines.size(); ++at) {
+            if (!found[at].recorded)
+                continue;
+            ++matches;
+            EXPECT_TRUE(taken.insert(*found[at].recorded).second) << seed;
+            EXPECT_TRUE(canBe(lines[at], recorded.lines()[*found[at].recorded])) << seed;
+        }
+        for (std::size_t at = 0; at < lines.size(); ++at) {
+            for (std::size_t place = 0; !found[at].recorded && place < recorded.lines().size(); ++place)
+                EXPECT_TRUE(taken.contains(place) || !canBe(lines[at], recorded.lines()[place])) << seed;
+        }
+    }
+    EXPECT_GT(matches, 200);
 }
 
 } // namespace
