@@ -146,6 +146,15 @@ TEST(CVFindRecorded, KnowsAPayeeUnderBothNames) {
     }
 }
 
+TEST(CVFindRecorded, PrefersTheNameInTheStatementToOneThatIsLike) {
+    BudgetBuilder budget;
+    budget.transaction({.date = day(2026, 3, 10), .amount = 5, .payTo = "Amber Books Lake", .setID = 1});
+    budget.transaction({.date = day(2026, 3, 9), .amount = 5, .payTo = "AMB MKTPLC 77", .setID = 1});
+    const CVRecordedLines recorded(budget.document());
+    EXPECT_EQ(CVFindRecorded({{day(2026, 3, 10), 500, "Amber Books", "AMB MKTPLC 12", 1}}, recorded).front().recorded,
+              1U);
+}
+
 qint64 daysBetween(const QBDate& a, const QBDate& b) {
     qint64 days = 0;
     a.yearsMonthsDaysSinceDate(nullptr, nullptr, &days, b);
