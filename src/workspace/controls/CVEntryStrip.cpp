@@ -123,6 +123,9 @@ void CVEntryStrip::setEntry(const CVEntry& entry) {
     mForField->setText(entry.xfor);
     mExpenseCategoryComboBox->setEditText(entry.category);
     mTaxCheckbox->setChecked(entry.taxFlag);
+    // The beginning of a long text is seen.
+    for (QLineEdit* const field : {mExpenseToFromComboBox->lineEdit(), mForField, mExpenseCategoryComboBox->lineEdit()})
+        field->home(false);
     noteRecorded();
 }
 

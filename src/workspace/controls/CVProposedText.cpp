@@ -14,7 +14,8 @@ void CVProposedText::propose(const QString& text) {
     if ((!shown.isEmpty() && !isProposal) || shown == text)
         return;
     mField.setText(text);
-    mField.selectAll();
+    // The selection runs backwards, so that the beginning of a long text is seen.
+    mField.setSelection(static_cast<int>(text.size()), -static_cast<int>(text.size()));
     mProposed = text;
 }
 

@@ -43,6 +43,16 @@ TEST_F(EntryStripProposalsTest, WhatStandsInAFieldIsNeverTouched) {
     EXPECT_EQ(category().text(), "Car");
 }
 
+TEST_F(EntryStripProposalsTest, OfALongTextTheBeginningIsSeen) {
+    const QString text = QString("monthly contribution to the fund of the house ").repeated(5);
+    proposeWhileInPayee(text, "Groceries");
+    EXPECT_EQ(purpose().text(), text);
+    EXPECT_EQ(purpose().cursorPosition(), 0);
+    mStrip->setEntry({day(2014, 3, 1), 1, "Bakery", text, "Car", false});
+    EXPECT_EQ(purpose().cursorPosition(), 0);
+    EXPECT_EQ(purpose().selectedText(), "");
+}
+
 TEST_F(EntryStripProposalsTest, ABlankCountsAsAText) {
     mStrip->focusField(CVEntryField::For);
     type(" ");
