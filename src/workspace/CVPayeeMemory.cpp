@@ -34,6 +34,7 @@ void CVPayeeMemory::prepare() {
     auto recorded = std::make_shared<const CVRecordedLines>(mDocument);
     if (mDocument.transactions().size() <= kMostWithoutThread) {
         mMemory = makeMemory(recorded);
+        mFormerMemory.reset();
         return;
     }
     mIsOutdated = false;
@@ -45,7 +46,8 @@ void CVPayeeMemory::prepare() {
 }
 
 void CVPayeeMemory::forget() {
-    mMemory.reset();
+    if (mMemory)
+        mFormerMemory = std::move(mMemory);
     mIsOutdated = mThread != nullptr;
 }
 
@@ -55,5 +57,6 @@ void CVPayeeMemory::take(std::unique_ptr<CVCategoryMemory> made) {
     if (mIsOutdated)
         return prepare();
     mMemory = std::move(made);
+    mFormerMemory.reset();
     emit ready();
 }

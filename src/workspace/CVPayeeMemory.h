@@ -35,6 +35,9 @@ private:
 
     const CVDocument& mDocument;
     std::unique_ptr<CVCategoryMemory> mMemory;
+    /// What was forgotten. It goes when the next memory comes, because recording should not wait for that: a large one
+    /// takes milliseconds.
+    std::unique_ptr<CVCategoryMemory> mFormerMemory;
     /// Null unless a memory is being made.
     std::unique_ptr<QThread> mThread;
     /// The budget has changed since the thread began.
