@@ -94,7 +94,7 @@ QString CVImportLineText::note(std::size_t line) const {
         return shown.noteText;
     if (mLines->isPart(line))
         return tr("a part of line %1").arg(shown.number);
-    return mLines->is(line, CVImportRows::Kind::Guessed) ? tr("the category is a guess") : QString();
+    return mLines->is(line, CVImportRows::Kind::Guessed) ? tr("category guessed") : QString();
 }
 
 QString CVImportLineText::spoken(std::size_t line, int column) const {

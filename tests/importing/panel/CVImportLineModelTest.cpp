@@ -59,7 +59,7 @@ TEST_F(CVImportLineModelTest, ShowsTheLinesAsTheyWillBeRecorded) {
     EXPECT_EQ(column(CVImportColumns::Amount), (QStringList{"$12.50", "$2,000.00", "$9.90", ""}));
     EXPECT_EQ(column(CVImportColumns::ToFrom), (QStringList{"Market", "Work", "bakery", ""}));
     EXPECT_EQ(column(CVImportColumns::Into), (QStringList{"Checking", "Income", "Checking", ""}));
-    EXPECT_EQ(column(CVImportColumns::Note), (QStringList{"the category is a guess", "no category yet",
+    EXPECT_EQ(column(CVImportColumns::Note), (QStringList{"category guessed", "no category yet",
                                                           "recorded on 3/2/14 already", "cannot be read: no amount"}));
     EXPECT_EQ(cell(0, CVImportColumns::Checked, Qt::AccessibleTextRole), "to import");
     EXPECT_EQ(cell(2, CVImportColumns::Checked, Qt::AccessibleTextRole), "left out");
