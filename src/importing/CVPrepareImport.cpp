@@ -47,7 +47,10 @@ bool isReadable(const CVStatementLine& line) {
 } // namespace
 
 CVPrepareImport::CVPrepareImport(const CVDocument& document, CVImportNotes notes)
-    : mRecorded(std::make_shared<const CVRecordedLines>(document))
+    : CVPrepareImport(std::make_shared<const CVRecordedLines>(document), std::move(notes)) {}
+
+CVPrepareImport::CVPrepareImport(std::shared_ptr<const CVRecordedLines> recorded, CVImportNotes notes)
+    : mRecorded(std::move(recorded))
     , mMemory(std::make_unique<CVCategoryMemory>(mRecorded))
     , mNotes(std::move(notes)) {}
 

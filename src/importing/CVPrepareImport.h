@@ -14,6 +14,8 @@
 class CVPrepareImport final {
 public:
     CVPrepareImport(const CVDocument& document, CVImportNotes notes);
+    /// May be made on any thread.
+    CVPrepareImport(std::shared_ptr<const CVRecordedLines> recorded, CVImportNotes notes);
 
     /// A line for each line, in their order: on the side and with the sign that the targets give it, with the category
     /// that is remembered, and with a note. What is recorded already, was left out before or cannot be read is not
