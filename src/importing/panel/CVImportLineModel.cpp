@@ -22,9 +22,9 @@ Qt::Alignment importAlignment(int column) {
 
 } // namespace
 
-void CVImportLineModel::take(CVImportLines lines, const CVImportTargets& targets) {
+void CVImportLineModel::take(CVImportLines lines, const CVImportTargets& targets, CVImportRows::PayeeKeys keys) {
     beginResetModel();
-    mLines.take(std::move(lines), targets);
+    mLines.take(std::move(lines), targets, std::move(keys));
     mOrder = order();
     endResetModel();
     emit changed();
@@ -71,8 +71,12 @@ std::vector<std::size_t> CVImportLineModel::order() const {
     }
     if (mColumn < 0)
         return lines;
-    std::stable_sort(lines.begin(), lines.end(), [this](std::size_t a, std::size_t b) {
-        return mSortOrder == Qt::AscendingOrder ? comesBefore(a, b) : comesBefore(b, a);
+    // Made once for each line, because comparing texts without regard to case takes long.
+    std::vector<SortKey> keys(mLines.size());
+    for (const std::size_t line : lines)
+        keys[line] = sortKey(line);
+    std::stable_sort(lines.begin(), lines.end(), [this, &keys](std::size_t a, std::size_t b) {
+        return mSortOrder == Qt::AscendingOrder ? keys[a] < keys[b] : keys[b] < keys[a];
     });
     return lines;
 }
@@ -89,16 +93,18 @@ bool CVImportLineModel::matches(std::size_t line) const {
     return hasDigit && (contains(Date) || contains(Amount));
 }
 
-bool CVImportLineModel::comesBefore(std::size_t a, std::size_t b) const {
+CVImportLineModel::SortKey CVImportLineModel::sortKey(std::size_t line) const {
     switch (mColumn) {
     case Checked:
-        return mLines.willBeRecorded(a) < mLines.willBeRecorded(b);
-    case Date:
-        return mLines.at(a).day < mLines.at(b).day;
+        return {mLines.willBeRecorded(line) ? 1 : 0};
+    case Date: {
+        const auto& day = mLines.at(line).day;
+        return {0, day ? QString::fromLatin1(day->corvellaXMLRepresentation()) : QString()};
+    }
     case Amount:
-        return mLines.at(a).hundredths < mLines.at(b).hundredths;
+        return {mLines.at(line).hundredths};
     default:
-        return mText.string(a, mColumn).compare(mText.string(b, mColumn), Qt::CaseInsensitive) < 0;
+        return {0, mText.string(line, mColumn).toCaseFolded()};
     }
 }
 

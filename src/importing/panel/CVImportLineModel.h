@@ -17,7 +17,7 @@ public:
     using QAbstractTableModel::QAbstractTableModel;
 
     /// Lines that were prepared anew; what the user has changed in them stays.
-    void take(CVImportLines lines, const CVImportTargets& targets);
+    void take(CVImportLines lines, const CVImportTargets& targets, CVImportRows::PayeeKeys keys = {});
     /// The names of the sets that money out and money in go into.
     void setNamesOfSets(const QString& out, const QString& in);
     void setSearchText(const QString& text);
@@ -59,7 +59,15 @@ private:
     void tellAll();
     [[nodiscard]] std::vector<std::size_t> order() const;
     [[nodiscard]] bool matches(std::size_t line) const;
-    [[nodiscard]] bool comesBefore(std::size_t a, std::size_t b) const;
+    /// What a line is sorted by: a number, or a text without regard to case.
+    struct SortKey {
+        qint64 number = 0;
+        QString text = {};
+        friend bool operator<(const SortKey& a, const SortKey& b) {
+            return a.number != b.number ? a.number < b.number : a.text < b.text;
+        }
+    };
+    [[nodiscard]] SortKey sortKey(std::size_t line) const;
     [[nodiscard]] QVariant value(std::size_t line, int column) const;
     [[nodiscard]] QVariant toolTip(std::size_t line, int column) const;
     [[nodiscard]] QVariant font(std::size_t line, int column) const;

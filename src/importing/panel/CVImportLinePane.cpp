@@ -150,9 +150,9 @@ QPushButton& CVImportLinePane::addButton(QBoxLayout& row, const QString& text, c
     return *button;
 }
 
-void CVImportLinePane::take(CVImportLines lines, const CVImportTargets& targets) {
+void CVImportLinePane::take(CVImportLines lines, const CVImportTargets& targets, CVImportRows::PayeeKeys keys) {
     mOffered.reset();
-    mModel->take(std::move(lines), targets);
+    mModel->take(std::move(lines), targets, std::move(keys));
 }
 
 void CVImportLinePane::setNamesOfSets(const QString& out, const QString& in) {

@@ -29,7 +29,7 @@ public:
     /// Puts a control into the line above the lines, before the search.
     void addAbove(QWidget& control);
 
-    void take(CVImportLines lines, const CVImportTargets& targets);
+    void take(CVImportLines lines, const CVImportTargets& targets, CVImportRows::PayeeKeys keys = {});
     void setNamesOfSets(const QString& out, const QString& in);
     /// Says why there are no lines; a search that finds none says so itself.
     void setMessage(const QString& message);

@@ -75,16 +75,19 @@ CVLatestWork::Told CVImportReader::tell(CVStatementFindings findings) {
     return [this, findings = std::move(findings)] { emit statementRead(findings); };
 }
 
-void CVImportReader::prepare(std::shared_ptr<const CVPrepareImport> prepare,
+void CVImportReader::prepare(std::shared_ptr<const CVRecordedLines> recorded,
                              std::shared_ptr<const CVStatement> statement, const CVImportTargets& targets) {
     mPermille = 0;
-    mWork.start([this, prepare = std::move(prepare), statement = std::move(statement),
+    mWork.start([this, recorded = std::move(recorded), statement = std::move(statement),
                  targets](const IsWanted& isWanted) -> CVLatestWork::Told {
-        auto lines =
-            std::make_shared<CVImportLines>(prepare->lines(statement->lines, targets, [this, &isWanted](int permille) {
-                mPermille = permille;
-                return !isWanted();
-            }));
-        return [this, lines] { emit linesPrepared(*lines); };
+        if (!mPrepare)
+            mPrepare = std::make_unique<CVPrepareImport>(recorded, mNotes);
+        auto prepared = std::make_shared<CVPreparedLines>();
+        prepared->lines = mPrepare->lines(statement->lines, targets, [this, &isWanted](int permille) {
+            mPermille = permille;
+            return !isWanted();
+        });
+        prepared->keys = CVImportRows::keysOf(prepared->lines);
+        return [this, prepared] { emit linesPrepared(*prepared); };
     });
 }

@@ -4,12 +4,14 @@
 #include "importing/CVImportLine.h"
 #include "importing/CVImportNotes.h"
 #include "importing/CVImportTargets.h"
+#include "importing/panel/CVImportRows.h"
 #include "importing/statements/CVStatement.h"
 
 #include <atomic>
 #include <memory>
 
 class CVPrepareImport;
+class CVRecordedLines;
 
 /// What was found in a statement.
 struct CVStatementFindings {
@@ -20,6 +22,12 @@ struct CVStatementFindings {
     bool isAsLastTime = false;
     /// What is remembered of former imports.
     CVImportNotes notes;
+};
+
+/// The lines of a statement as they will be recorded, and the keys of their payees.
+struct CVPreparedLines {
+    CVImportLines lines;
+    CVImportRows::PayeeKeys keys;
 };
 
 /// Reads a statement and prepares its lines on a thread of its own. Each call cancels the former work. Used from the
@@ -43,8 +51,8 @@ public:
     void read(const Source& source);
     /// Reads the same statement as `known` says.
     void readAs(const CVStatementMapping& known);
-    /// Prepares the lines of a statement that was read. Only this object uses `prepare` until another one is given.
-    void prepare(std::shared_ptr<const CVPrepareImport> prepare, std::shared_ptr<const CVStatement> statement,
+    /// Prepares the lines of a statement that was read, against what the budget has recorded.
+    void prepare(std::shared_ptr<const CVRecordedLines> recorded, std::shared_ptr<const CVStatement> statement,
                  const CVImportTargets& targets);
 
     /// How far the work is, from 0 to 1000.
@@ -53,7 +61,7 @@ public:
 signals:
     /// These are always emitted from the event loop.
     void statementRead(const CVStatementFindings& findings);
-    void linesPrepared(const CVImportLines& lines);
+    void linesPrepared(const CVPreparedLines& prepared);
 
 private:
     using IsWanted = CVLatestWork::IsWanted;
@@ -69,6 +77,8 @@ private:
     /// Used on the thread alone.
     QByteArray mBytes;
     CVImportNotes mNotes;
+    /// Null before lines are first prepared; of the statement's source.
+    std::unique_ptr<CVPrepareImport> mPrepare;
 
     /// Declared last, so that all other members exist as long as the thread runs.
     CVLatestWork mWork;

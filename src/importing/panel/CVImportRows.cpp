@@ -2,14 +2,28 @@
 
 #include "importing/CVPayeeKey.h"
 
-#include <QHash>
-
 #include <algorithm>
 #include <cstdlib>
 #include <iterator>
 #include <utility>
 
-void CVImportRows::take(CVImportLines lines, const CVImportTargets& targets) {
+CVImportRows::PayeeKeys CVImportRows::keysOf(const CVImportLines& lines) {
+    PayeeKeys keys;
+    for (const CVImportLine& line : lines) {
+        if (!keys.contains(line.payee))
+            keys.insert(line.payee, CVPayeeKey(line.payee).text());
+    }
+    return keys;
+}
+
+const QString& CVImportRows::keyOf(const QString& payee) const {
+    const auto known = mKeys.constFind(payee);
+    return known == mKeys.cend() ? *mKeys.insert(payee, CVPayeeKey(payee).text()) : *known;
+}
+
+void CVImportRows::take(CVImportLines lines, const CVImportTargets& targets, PayeeKeys keys) {
+    mKeys = std::move(keys);
+    mCounts.reset();
     const auto isOneSet = [](const CVImportTargets& to) { return to.income == CVImportTargets::Income::SameSet; };
     const bool turnsIncome = isOneSet(targets) != isOneSet(mTargets);
     QHash<int, std::vector<Row>> changed;
@@ -93,16 +107,14 @@ bool CVImportRows::is(std::size_t row, Kind kind) const {
 }
 
 int CVImportRows::count(Kind kind) const {
-    int count = 0;
-    for (std::size_t row = 0; row < size(); ++row)
-        count += is(row, kind) ? 1 : 0;
-    return count;
-}
-
-CVImportCounts CVImportRows::counts() const {
-    return {count(Kind::ToImport),        count(Kind::RecordedAlready), count(Kind::PerhapsRecorded),
-            count(Kind::WithoutCategory), count(Kind::Guessed),         count(Kind::LeftOut),
-            count(Kind::Unreadable)};
+    if (!mCounts) {
+        mCounts.emplace();
+        for (std::size_t row = 0; row < size(); ++row) {
+            for (std::size_t i = 0; i < kKinds; ++i)
+                (*mCounts)[i] += is(row, static_cast<Kind>(i)) ? 1 : 0;
+        }
+    }
+    return (*mCounts)[static_cast<std::size_t>(kind)];
 }
 
 CVImportLines CVImportRows::lines() const {
@@ -115,62 +127,57 @@ CVImportLines CVImportRows::lines() const {
     return lines;
 }
 
+CVImportLine& CVImportRows::changed(std::size_t row, Change how) {
+    mCounts.reset();
+    mRows[row].changes |= how;
+    return mRows[row].line;
+}
+
 void CVImportRows::setChecked(std::size_t row, bool isChecked) {
-    mRows[row].line.checked = isChecked;
-    mRows[row].changes |= Change::Checked;
+    changed(row, Change::Checked).checked = isChecked;
 }
 
 void CVImportRows::setDay(std::size_t row, const QBDate& day) {
-    mRows[row].line.day = day;
-    mRows[row].changes |= Change::Day;
+    changed(row, Change::Day).day = day;
 }
 
 void CVImportRows::setHundredths(std::size_t row, qint64 hundredths) {
-    mRows[row].line.hundredths = hundredths;
-    mRows[row].changes |= Change::Amount;
+    changed(row, Change::Amount).hundredths = hundredths;
 }
 
 void CVImportRows::setPayee(std::size_t row, const QString& payee) {
-    mRows[row].line.payee = payee;
-    mRows[row].changes |= Change::Payee;
+    changed(row, Change::Payee).payee = payee;
 }
 
 void CVImportRows::setFor(std::size_t row, const QString& xfor) {
-    mRows[row].line.xfor = xfor;
-    mRows[row].changes |= Change::For;
+    changed(row, Change::For).xfor = xfor;
 }
 
 void CVImportRows::setCategory(std::size_t row, const QString& category) {
-    mRows[row].line.category = category;
-    mRows[row].changes |= Change::Category;
+    changed(row, Change::Category).category = category;
 }
 
 void CVImportRows::setIncome(std::size_t row, bool isIncome) {
-    Row& changed = mRows[row];
-    if (changed.line.isIncome == isIncome)
+    if (at(row).isIncome == isIncome)
         return;
-    CVChangeSide(changed.line, mTargets);
-    changed.changes |= Change::Side;
+    CVImportLine& line = changed(row, Change::Side);
+    CVChangeSide(line, mTargets);
     // Who takes a line out of what is left out wants to record it.
     if (mTargets.income == CVImportTargets::Income::LeftOut && !isIncome &&
-        changed.line.note != CVImportLine::Note::RecordedAlready)
-        changed.line.checked = true;
+        line.note != CVImportLine::Note::RecordedAlready)
+        line.checked = true;
 }
 
 std::vector<std::size_t> CVImportRows::othersOfPayee(std::size_t row) const {
-    const CVPayeeKey key(at(row).payee);
+    const QString key = keyOf(at(row).payee);
     std::vector<std::size_t> others;
     if (key.isEmpty())
         return others;
-    QHash<QString, bool> isSame;
     for (std::size_t other = 0; other < size(); ++other) {
         if (other == row || isPart(other) || !canBeRecorded(other) || isChanged(other, Change::Category) ||
             at(other).category == at(row).category)
             continue;
-        auto known = isSame.find(at(other).payee);
-        if (known == isSame.end())
-            known = isSame.insert(at(other).payee, CVPayeeKey(at(other).payee) == key);
-        if (*known)
+        if (keyOf(at(other).payee) == key)
             others.push_back(other);
     }
     return others;
@@ -189,6 +196,7 @@ void CVImportRows::giveToAllWithout(const QString& category) {
 }
 
 void CVImportRows::split(std::size_t row, const std::vector<Part>& parts) {
+    mCounts.reset();
     const auto whole = std::make_shared<const Row>(std::move(mRows[row]));
     std::vector<Row> rows;
     for (const Part& part : parts) {
@@ -207,6 +215,7 @@ void CVImportRows::join(std::size_t row) {
     const auto whole = mRows[row].whole;
     if (!whole)
         return;
+    mCounts.reset();
     const auto isOne = [number = whole->line.number](const Row& other) {
         return other.whole && other.line.number == number;
     };

@@ -4,23 +4,12 @@
 #include "importing/CVImportTargets.h"
 
 #include <QFlags>
+#include <QHash>
 
+#include <array>
 #include <memory>
+#include <optional>
 #include <vector>
-
-/// How many lines are of each kind; a line may be of several.
-struct CVImportCounts {
-    int toImport = 0;
-    int recordedAlready = 0;
-    int perhapsRecorded = 0;
-    int withoutCategory = 0;
-    /// The proposed category is not sure.
-    int guessed = 0;
-    int leftOut = 0;
-    int unreadable = 0;
-
-    bool operator==(const CVImportCounts&) const = default;
-};
 
 /// The lines of a statement as they will be recorded, with what the user has changed in them. What the user has changed
 /// stays when the lines are prepared anew.
@@ -28,15 +17,21 @@ class CVImportRows final {
 public:
     enum class Change { Checked = 1, Day = 2, Amount = 4, Payee = 8, For = 16, Category = 32, Side = 64 };
     Q_DECLARE_FLAGS(Changes, Change)
-    /// The kinds of lines that are counted, and all of them.
+    /// The kinds of lines that are counted, and all of them; a line may be of several.
     enum class Kind { All, ToImport, WithoutCategory, Guessed, PerhapsRecorded, RecordedAlready, LeftOut, Unreadable };
+    static constexpr std::size_t kKinds = static_cast<std::size_t>(Kind::Unreadable) + 1;
     /// A share of a line that is split among categories.
     struct Part {
         qint64 hundredths = 0;
         QString category;
     };
 
-    void take(CVImportLines lines, const CVImportTargets& targets);
+    /// The keys of payees, which take long to make, by the payee.
+    using PayeeKeys = QHash<QString, QString>;
+    [[nodiscard]] static PayeeKeys keysOf(const CVImportLines& lines);
+
+    /// `keys` are those of the lines; one that is missing is made when it is needed.
+    void take(CVImportLines lines, const CVImportTargets& targets, PayeeKeys keys = {});
 
     [[nodiscard]] std::size_t size() const { return mRows.size(); }
     [[nodiscard]] const CVImportLine& at(std::size_t row) const { return mRows[row].line; }
@@ -51,7 +46,6 @@ public:
     [[nodiscard]] bool canBeRecorded(std::size_t row) const;
     [[nodiscard]] bool willBeRecorded(std::size_t row) const { return at(row).checked && canBeRecorded(row); }
     [[nodiscard]] bool is(std::size_t row, Kind kind) const;
-    [[nodiscard]] CVImportCounts counts() const;
     [[nodiscard]] int count(Kind kind) const;
     /// All lines, of which those that cannot be recorded are not checked.
     [[nodiscard]] CVImportLines lines() const;
@@ -90,7 +84,14 @@ private:
     [[nodiscard]] Row carriedOver(const Row& former, const CVImportLine& line, bool turnsIncome) const;
 
     std::vector<Row> mRows;
+    /// The line, which the user changes so.
+    CVImportLine& changed(std::size_t row, Change how);
+    [[nodiscard]] const QString& keyOf(const QString& payee) const;
+
     CVImportTargets mTargets;
+    mutable PayeeKeys mKeys;
+    /// In the order of `Kind`; absent when lines have changed since.
+    mutable std::optional<std::array<int, kKinds>> mCounts;
 };
 
 Q_DECLARE_OPERATORS_FOR_FLAGS(CVImportRows::Changes)

@@ -3,7 +3,7 @@
 #include "base/CVDefaultsKeys.h"
 #include "base/QBUserDefaults.h"
 #include "format/QBLocale.h"
-#include "importing/CVPrepareImport.h"
+#include "importing/CVRecordedLines.h"
 #include "importing/panel/CVImportLinePane.h"
 #include "importing/panel/CVQuestionPane.h"
 #include "importing/panel/CVStatementPane.h"
@@ -159,7 +159,6 @@ QPushButton& CVImportWindow::addButton(QBoxLayout& row, const QString& text, con
 void CVImportWindow::read(const Source& source) {
     mKnown = {};
     mStatement.reset();
-    mPrepare.reset();
     setWindowTitle(source.path.isEmpty() ? tr("Import from Clipboard")
                                          : tr("Import: %1").arg(QFileInfo(source.path).fileName()));
     mLines->take({}, mTargets->targets());
@@ -168,7 +167,7 @@ void CVImportWindow::read(const Source& source) {
 }
 
 CVImportWindow::Order CVImportWindow::order() const {
-    return {mLines->lines().lines(), mTargets->targets(), mStatement, mPrepare ? mPrepare->notes() : CVImportNotes()};
+    return {mLines->lines().lines(), mTargets->targets(), mStatement, mNotes};
 }
 
 void CVImportWindow::readAs(const CVStatementMapping& known) {
@@ -196,8 +195,9 @@ void CVImportWindow::takeStatement(const CVStatementFindings& findings) {
     mKnown = findings.known;
     if (isFirst)
         mTargets->setTargets(usualTargets(findings.notes));
-    if (!mPrepare)
-        mPrepare = std::make_shared<CVPrepareImport>(mDocument, findings.notes);
+    mNotes = findings.notes;
+    if (!mRecorded)
+        mRecorded = std::make_shared<CVRecordedLines>(mDocument);
     showStatement(findings.isAsLastTime);
     if (mStatement->problem.isEmpty())
         return prepare();
@@ -208,13 +208,13 @@ void CVImportWindow::takeStatement(const CVStatementFindings& findings) {
 
 void CVImportWindow::prepare() {
     showTargets();
-    mReader->prepare(mPrepare, mStatement, mTargets->targets());
+    mReader->prepare(mRecorded, mStatement, mTargets->targets());
     begin();
 }
 
-void CVImportWindow::takeLines(const CVImportLines& lines) {
+void CVImportWindow::takeLines(const CVPreparedLines& prepared) {
     const bool wasEmpty = mLines->lines().size() == 0;
-    mLines->take(lines, mTargets->targets());
+    mLines->take(prepared.lines, mTargets->targets(), prepared.keys);
     finish();
     if (!wasEmpty)
         return;

@@ -14,8 +14,8 @@ class CVElidedLabel;
 class CVFilePanels;
 class CVHelpOpener;
 class CVImportLinePane;
-class CVPrepareImport;
 class CVQuestionPane;
+class CVRecordedLines;
 class CVStatementPane;
 class CVTargetPane;
 class QBoxLayout;
@@ -69,7 +69,7 @@ private:
 
     void readAs(const CVStatementMapping& known);
     void takeStatement(const CVStatementFindings& findings);
-    void takeLines(const CVImportLines& lines);
+    void takeLines(const CVPreparedLines& prepared);
     void prepare();
     void begin();
     void finish();
@@ -92,7 +92,9 @@ private:
     CVStatementMapping mKnown;
     /// Null before it is read.
     std::shared_ptr<const CVStatement> mStatement;
-    std::shared_ptr<const CVPrepareImport> mPrepare;
+    CVImportNotes mNotes;
+    /// The budget as it is while the window is open.
+    std::shared_ptr<const CVRecordedLines> mRecorded;
     bool mIsBusy = false;
     /// Whether the user was asked about the changes and went on.
     bool mWasAsked = false;
