@@ -8,7 +8,6 @@
 #include "versions/CVVersionFolder.h"
 
 #include <QFile>
-#include <QTemporaryDir>
 #include <QThread>
 
 #include <fcntl.h>
@@ -314,58 +313,6 @@ TEST_F(CVSavedFileTest, keepsVersionsAlsoAfterTheClockWasSetBack) {
     EXPECT_TRUE(folder.keepCopy(mPath, CVVersionReason::Hourly, now.addDays(-2)).ok());
     EXPECT_EQ(save(budget("Mine"), {{}, kLimit}).versionTrouble, QString());
     EXPECT_EQ(versions().size(), 4);
-}
-
-/// A file in a folder to which a link leads, as a path leads to another disk while the disk that belongs there is away.
-class SavedFileOnADisk : public testing::Test {
-protected:
-    void SetUp() override {
-        if (!mOther.isValid() ||
-            CVFileSignature::of(mOther.path())->device == CVFileSignature::of(mHome.path())->device)
-            GTEST_SKIP() << "there is only one disk";
-        makeLink(mHome.path(QStringLiteral("present")), mFolder);
-        writeFile(mHome.path(QStringLiteral("present/Data.corvella")), budget("Baker"));
-        mFile.markAsRead(*CVFileSignature::of(mPath));
-    }
-    void takeDiskAway() const {
-        ASSERT_TRUE(QFile::remove(mFolder));
-        makeLink(mOther.path(), mFolder);
-    }
-    void bringDiskBack() const {
-        ASSERT_TRUE(QFile::remove(mFolder));
-        makeLink(mHome.path(QStringLiteral("present")), mFolder);
-    }
-
-    ScratchHome mHome;
-    QTemporaryDir mOther{QStringLiteral("/dev/shm/corvella disk XXXXXX")};
-    QString mFolder = mHome.path(QStringLiteral("Disk"));
-    QString mPath = mFolder + QStringLiteral("/Data.corvella");
-    CVSavedFile mFile{mPath};
-};
-
-TEST_F(SavedFileOnADisk, isSavedNowhereElseWhileTheDiskIsAway) {
-    EXPECT_FALSE(mFile.look());
-    takeDiskAway();
-    const auto change = mFile.look();
-    ASSERT_TRUE(change);
-    EXPECT_EQ(change->kind, Kind::Gone);
-    EXPECT_TRUE(change->diskIsAway);
-    const CVSaveOutcome outcome = mFile.save(textOf(budget("Mine")), {}, CVUnreadableFile::Replaced);
-    EXPECT_TRUE(outcome.message.contains("the disk on which it was is not there")) << outcome.message.toStdString();
-    EXPECT_FALSE(outcome.awaitsReadable);
-    EXPECT_TRUE(namesIn(mOther.path()).isEmpty());
-    bringDiskBack();
-    EXPECT_EQ(mFile.look()->kind, Kind::AsKnown);
-    EXPECT_EQ(mFile.save(textOf(budget("Mine")), {}, CVUnreadableFile::AwaitedIfWatched).message, QString());
-    EXPECT_EQ(readFile(mPath), budget("Mine"));
-}
-
-TEST_F(SavedFileOnADisk, isGoneWithItsFolder) {
-    ASSERT_TRUE(QFile::remove(mFolder));
-    const auto change = mFile.look();
-    ASSERT_TRUE(change);
-    EXPECT_EQ(change->kind, Kind::Gone);
-    EXPECT_FALSE(change->diskIsAway);
 }
 
 } // namespace
