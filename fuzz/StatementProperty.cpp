@@ -36,7 +36,7 @@ QString brokenStatementProperty(const QByteArray& bytes) {
         if (question.answers.size() < 2 || question.text.isEmpty())
             return QStringLiteral("a question without answers");
     }
-    if (!statement.questions.empty())
+    if (!statement.questions.empty() || statement.lines.empty())
         return {};
     const CVStatement again = CVReadStatement(bytes, statement.mapping);
     if (!again.problem.isEmpty() || !again.questions.empty())

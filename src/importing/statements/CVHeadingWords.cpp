@@ -284,12 +284,15 @@ CVHeading headingWithin(const QString& heading) {
     return longest.heading;
 }
 
-bool holdsWords(const QString& heading, const char16_t* words) {
-    return QString(u' ' + heading + u' ').contains(u' ' + QString::fromUtf16(words) + u' ');
-}
+/// Words, with blanks around them, that make of any heading the number or the place of an account.
+constexpr std::array kAccountWords{u" iban ",           u" bic ",         u" swift ",     u" blz ",
+                                   u" account number ", u" kontonummer ", u" account no "};
 
-/// Words that make of any heading the number or the place of an account.
-constexpr std::array kAccountWords{u"iban", u"bic", u"swift", u"blz", u"account number", u"kontonummer", u"account no"};
+bool namesAccount(const QString& heading) {
+    const QString padded = u' ' + heading + u' ';
+    return std::any_of(kAccountWords.begin(), kAccountWords.end(),
+                       [&padded](const char16_t* words) { return padded.contains(QStringView(words)); });
+}
 
 } // namespace
 
@@ -304,8 +307,7 @@ CVHeading CVHeadingOf(const QString& text) {
         return {};
     if (const auto known = wholeHeading(heading))
         return *known;
-    if (std::any_of(kAccountWords.begin(), kAccountWords.end(),
-                    [&](const char16_t* word) { return holdsWords(heading, word); }))
+    if (namesAccount(heading))
         return {CVColumnRole::Ignored, 0};
     const CVHeading within = headingWithin(heading);
     if (within.role != CVColumnRole::Guessed)

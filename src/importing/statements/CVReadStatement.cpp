@@ -117,14 +117,23 @@ private:
         const CVSettledMark mark = settleMark();
         const CVSettledAmounts amounts =
             CVSettleAmounts(mTable, mColumns, mark.mark, mKnown.positiveIsOut, mKnown.outMarker.value_or(QString()));
-        if (!amounts.rules.empty())
-            mRule.amounts = amounts.rules.front();
+        mRule.amounts = amounts.rules.empty() ? ruleWithoutLines() : amounts.rules.front();
         if (amounts.rules.size() > 1)
             mStatement.questions.push_back(CVAskForAmounts(mTable, amounts, mKnown));
         mRule.day = mColumns.days.front();
         mRule.order = days.orders.front();
         mRule.amounts.mark = mark.mark;
         takeRoles();
+    }
+
+    /// The rule that the headings give where no line says more.
+    [[nodiscard]] CVAmountRule ruleWithoutLines() const {
+        const auto first = [](const std::vector<int>& columns) { return columns.empty() ? -1 : columns.front(); };
+        CVAmountRule rule;
+        rule.amount = first(mColumns.amounts);
+        rule.moneyOut = rule.amount < 0 ? first(mColumns.moneyOut) : -1;
+        rule.moneyIn = rule.amount < 0 ? first(mColumns.moneyIn) : -1;
+        return rule;
     }
 
     CVSettledDays settleDays() {

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 namespace {
 
@@ -221,6 +222,15 @@ QSet<QString> setOfWords(const Words& words) {
     return set;
 }
 
+/// The words with blanks around them.
+template <typename Words>
+std::vector<QString> paddedWords(const Words& words) {
+    std::vector<QString> padded;
+    for (const auto* const word : words)
+        padded.push_back(u' ' + QString::fromUtf16(word) + u' ');
+    return padded;
+}
+
 bool isBeyondLetters(QChar character) {
     return character.isDigit() || character == u' ';
 }
@@ -291,12 +301,12 @@ bool CVMayNameBalanceRow(const QString& text) {
 }
 
 int CVExpectedSign(const QString& text) {
+    static const std::vector<QString> income = paddedWords(kWordsOfIncome);
+    static const std::vector<QString> expense = paddedWords(kWordsOfExpense);
     const QString padded = u' ' + CVPlainWords(text) + u' ';
-    const auto holdsWord = [&padded](const char16_t* word) {
-        return padded.contains(u' ' + QString::fromUtf16(word) + u' ');
-    };
-    const bool isIn = std::any_of(kWordsOfIncome.begin(), kWordsOfIncome.end(), holdsWord);
-    const bool isOut = std::any_of(kWordsOfExpense.begin(), kWordsOfExpense.end(), holdsWord);
+    const auto isHeld = [&padded](const QString& word) { return padded.contains(word); };
+    const bool isIn = std::any_of(income.begin(), income.end(), isHeld);
+    const bool isOut = std::any_of(expense.begin(), expense.end(), isHeld);
     return (isIn ? 1 : 0) - (isOut ? 1 : 0);
 }
 

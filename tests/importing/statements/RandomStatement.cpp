@@ -177,7 +177,7 @@ std::vector<RandomStatement::Line> makeLines(std::mt19937& chance) {
                             QStringLiteral("Müller 12.50")};
     std::vector<RandomStatement::Line> lines;
     QBDate day = QBDate::dateWithYear(2010 + below(chance, 15), 1 + below(chance, 12), 1 + below(chance, 28));
-    const int count = 1 + below(chance, 30);
+    const int count = 1 + below(chance, 14);
     const int shareOfIncome = below(chance, 6);
     const int largest = anyOf(chance, std::array{3000, 200'000, 5'000'000});
     for (int line = 0; line < count; ++line) {
