@@ -1,6 +1,7 @@
 #include "importing/statements/CVSettleAmounts.h"
 
 #include "importing/statements/CVHeadingWords.h"
+#include "importing/statements/CVProvenAmounts.h"
 #include "importing/statements/CVStatementAmount.h"
 #include "importing/statements/CVStatementWords.h"
 
@@ -13,18 +14,7 @@ namespace {
 
 using About = CVStatementQuestion::About;
 using Rules = std::vector<CVAmountRule>;
-using Amounts = std::vector<std::optional<qint64>>;
-
-constexpr std::size_t kMostLinesForRules = 400;
-
-/// A rule, and what it makes of the lines.
-struct TriedRule {
-    CVAmountRule rule;
-    Amounts amounts = {};
-    /// The lines for which the rule finds one text, be it an amount or not.
-    int covered = 0;
-    CVBalanceAgreement agreement = {};
-};
+using Amounts = CVTriedRule::Amounts;
 
 std::vector<int> orNone(const std::vector<int>& columns) {
     return columns.empty() ? std::vector<int>{-1} : columns;
@@ -91,15 +81,11 @@ private:
     Rules mRules;
 };
 
-bool uses(const CVAmountRule& rule, int column) {
-    return rule.amount == column || rule.moneyIn == column || rule.moneyOut == column || rule.fee == column;
-}
-
-TriedRule tried(const CVStatementTable& table, CVAmountRule rule) {
+CVTriedRule tried(const CVStatementTable& table, CVAmountRule rule) {
     if (rule.amount < 0)
         CVFindSignsOfColumns(table, rule);
-    TriedRule one{rule};
-    for (std::size_t at = 0; at < std::min(table.likely.size(), kMostLinesForRules); ++at) {
+    CVTriedRule one{rule};
+    for (std::size_t at = 0; at < std::min(table.likely.size(), kCVMostLinesForRules); ++at) {
         const CVRuledAmount amount = CVAmountOfRow(table.rows[table.likely[at]], rule);
         one.amounts.push_back(amount.hundredths);
         one.covered += amount.isEmpty || amount.isContradiction ? 0 : 1;
@@ -108,97 +94,11 @@ TriedRule tried(const CVStatementTable& table, CVAmountRule rule) {
 }
 
 /// Drops the rules that find nothing in lines in which others find something.
-void keepCovering(std::vector<TriedRule>& rules) {
+void keepCovering(std::vector<CVTriedRule>& rules) {
     int most = 0;
-    for (const TriedRule& one : rules)
+    for (const CVTriedRule& one : rules)
         most = std::max(most, one.covered);
-    std::erase_if(rules, [most](const TriedRule& one) { return one.covered < most || one.covered == 0; });
-}
-
-/// The steps that agree by both rules in the same way.
-int countOfCommonSteps(const CVBalanceAgreement& a, const CVBalanceAgreement& b) {
-    int count = 0;
-    for (const auto& step : a.steps) {
-        count += step.agrees && std::any_of(b.steps.begin(), b.steps.end(),
-                                            [&step](const auto& other) {
-                                                return other.agrees && other.row == step.row && other.sum == step.sum;
-                                            })
-                     ? 1
-                     : 0;
-    }
-    return count;
-}
-
-/// The rule that the balances prove; absent when they do not, or prove another one as well.
-std::optional<CVAmountRule> provenByBalance(const CVStatementTable& table, const CVStatementColumns& columns,
-                                            const std::vector<TriedRule>& rules) {
-    constexpr int kAlsoAgrees = 3;
-    std::vector<TriedRule> balanced;
-    for (const TriedRule& one : rules) {
-        for (const int balance : columns.balances) {
-            if (uses(one.rule, balance))
-                continue;
-            TriedRule with = one;
-            with.rule.balance = balance;
-            with.agreement = CVCompareWithBalances(table, with.rule, kMostLinesForRules);
-            balanced.push_back(with);
-        }
-    }
-    const auto best = std::max_element(balanced.begin(), balanced.end(), [](const TriedRule& a, const TriedRule& b) {
-        return a.agreement.countOfAgreeing() < b.agreement.countOfAgreeing();
-    });
-    if (best == balanced.end() || best->agreement.countOfAgreeing() == 0 ||
-        5 * best->agreement.countOfAgreeing() < 3 * static_cast<int>(best->agreement.steps.size()))
-        return std::nullopt;
-    for (const TriedRule& other : balanced) {
-        const int common = countOfCommonSteps(best->agreement, other.agreement);
-        const int only = best->agreement.countOfAgreeing() - common;
-        const int otherOnly = other.agreement.countOfAgreeing() - common;
-        if (other.amounts != best->amounts && (only == 0 || kAlsoAgrees * otherOnly > only))
-            return std::nullopt;
-    }
-    return best->rule;
-}
-
-/// Whether in each line the second of two balances is the first one and the amount, and goes on as the first one of the
-/// next line, down or up the file.
-bool isBetweenBalances(const CVStatementTable& table, const TriedRule& one, int before, int after) {
-    int moved = 0;
-    int down = 0;
-    int up = 0;
-    std::optional<CVStatementAmount> lastFirst;
-    std::optional<CVStatementAmount> lastSecond;
-    for (std::size_t at = 0; at < one.amounts.size(); ++at) {
-        const CVStatementRow& row = table.rows[table.likely[at]];
-        const auto first = CVReadStatementAmount(CVStatementTable::cell(row, before), one.rule.mark);
-        const auto second = CVReadStatementAmount(CVStatementTable::cell(row, after), one.rule.mark);
-        if (!first || !second || !one.amounts[at] || second->hundredths - first->hundredths != *one.amounts[at])
-            return false;
-        moved += *one.amounts[at] != 0 ? 1 : 0;
-        down += lastSecond && lastSecond->hundredths == first->hundredths ? 1 : 0;
-        up += lastFirst && lastFirst->hundredths == second->hundredths ? 1 : 0;
-        lastFirst = first;
-        lastSecond = second;
-    }
-    return moved > 1 && std::max(down, up) + 1 == static_cast<int>(one.amounts.size());
-}
-
-/// The rule of one column that stands between the balances before and after each line; absent without such columns.
-std::optional<CVAmountRule> provenWithinRows(const CVStatementTable& table, const CVStatementColumns& columns,
-                                             const std::vector<TriedRule>& rules) {
-    for (const TriedRule& one : rules) {
-        for (const int before : columns.balances) {
-            for (const int after : columns.balances) {
-                if (before >= after || uses(one.rule, before) || uses(one.rule, after) ||
-                    !isBetweenBalances(table, one, before, after))
-                    continue;
-                CVAmountRule proven = one.rule;
-                proven.balance = after;
-                return proven;
-            }
-        }
-    }
-    return std::nullopt;
+    std::erase_if(rules, [most](const CVTriedRule& one) { return one.covered < most || one.covered == 0; });
 }
 
 /// The signs of a column of amounts.
@@ -274,7 +174,7 @@ struct WordCount {
 
 WordCount wordsOf(const CVStatementTable& table, const CVAmountRule& rule) {
     WordCount count;
-    for (std::size_t at = 0; at < std::min(table.likely.size(), kMostLinesForRules); ++at) {
+    for (std::size_t at = 0; at < std::min(table.likely.size(), kCVMostLinesForRules); ++at) {
         const CVStatementRow& row = table.rows[table.likely[at]];
         const auto amount = CVAmountOfRow(row, rule).hundredths;
         const int expected = CVExpectedSign(row.cells.join(u' '));
@@ -317,10 +217,10 @@ Rules signsOfOneColumn(const CVStatementTable& table, const CVStatementColumns& 
 }
 
 /// The rules of one column, of those with a plain sign and without a guessed fee or marker, whose amounts differ.
-Rules differingColumns(const std::vector<TriedRule>& rules, const CVStatementColumns& columns, bool sign) {
+Rules differingColumns(const std::vector<CVTriedRule>& rules, const CVStatementColumns& columns, bool sign) {
     Rules chosen;
     std::vector<Amounts> seen;
-    for (const TriedRule& one : rules) {
+    for (const CVTriedRule& one : rules) {
         const bool isPlain = one.rule.positiveIsOut == sign && (one.rule.marker < 0 || columns.isMarkerGiven) &&
                              (one.rule.fee < 0 || columns.isFeeGiven);
         if (one.rule.amount < 0 || !isPlain || std::find(seen.begin(), seen.end(), one.amounts) != seen.end())
@@ -331,10 +231,10 @@ Rules differingColumns(const std::vector<TriedRule>& rules, const CVStatementCol
     return chosen;
 }
 
-std::vector<TriedRule> ofTwoColumns(const std::vector<TriedRule>& rules) {
-    std::vector<TriedRule> two;
+std::vector<CVTriedRule> ofTwoColumns(const std::vector<CVTriedRule>& rules) {
+    std::vector<CVTriedRule> two;
     std::copy_if(rules.begin(), rules.end(), std::back_inserter(two),
-                 [](const TriedRule& one) { return one.rule.amount < 0; });
+                 [](const CVTriedRule& one) { return one.rule.amount < 0; });
     return two;
 }
 
@@ -364,14 +264,14 @@ CVSettledAmounts settledWith(const CVStatementTable& table, const Rules& rules, 
 }
 
 /// Two columns for money out and money in.
-CVSettledAmounts settleTwoColumns(const CVStatementTable& table, const std::vector<TriedRule>& two, bool isNamed) {
-    for (const TriedRule& one : two) {
+CVSettledAmounts settleTwoColumns(const CVStatementTable& table, const std::vector<CVTriedRule>& two, bool isNamed) {
+    for (const CVTriedRule& one : two) {
         if (!isNamed && isProvenBySigns(table, one.rule))
             return {{one.rule}};
     }
     Rules rules;
     std::vector<Amounts> seen;
-    for (const TriedRule& one : two) {
+    for (const CVTriedRule& one : two) {
         if (std::find(seen.begin(), seen.end(), one.amounts) == seen.end())
             rules.push_back(one.rule);
         seen.push_back(one.amounts);
@@ -380,10 +280,10 @@ CVSettledAmounts settleTwoColumns(const CVStatementTable& table, const std::vect
 }
 
 /// The rule with the fee on top, where there is one that changes the amounts.
-std::optional<CVAmountRule> withFee(const CVStatementTable& table, const std::vector<TriedRule>& rules,
+std::optional<CVAmountRule> withFee(const CVStatementTable& table, const std::vector<CVTriedRule>& rules,
                                     const CVAmountRule& rule) {
     const Amounts amounts = tried(table, rule).amounts;
-    for (const TriedRule& one : rules) {
+    for (const CVTriedRule& one : rules) {
         CVAmountRule without = one.rule;
         without.fee = rule.fee;
         if (one.rule.fee != rule.fee && without == rule && one.amounts != amounts)
@@ -393,7 +293,7 @@ std::optional<CVAmountRule> withFee(const CVStatementTable& table, const std::ve
 }
 
 CVSettledAmounts settleOneColumn(const CVStatementTable& table, const CVStatementColumns& columns,
-                                 const std::vector<TriedRule>& rules, const Rules& differing, bool isSignKnown) {
+                                 const std::vector<CVTriedRule>& rules, const Rules& differing, bool isSignKnown) {
     if (differing.size() > 1)
         return settledWith(table, differing, About::AmountColumn);
     const CVAmountRule rule = differing.empty() ? rules.front().rule : differing.front();
@@ -412,24 +312,22 @@ CVSettledAmounts CVSettleAmounts(const CVStatementTable& table, const CVStatemen
     known.mark = mark;
     known.positiveIsOut = positiveIsOut.value_or(false);
     known.outMarker = outMarker;
-    std::vector<TriedRule> rules;
+    std::vector<CVTriedRule> rules;
     for (const CVAmountRule& rule : PossibleRules(columns, known, positiveIsOut.has_value()).rules())
         rules.push_back(tried(table, rule));
     keepCovering(rules);
     if (rules.empty())
         return {};
-    if (const auto proven = provenWithinRows(table, columns, rules))
-        return {{*proven}};
-    if (const auto proven = provenByBalance(table, columns, rules))
+    if (const auto proven = CVAmountRuleProvenByBalances(table, columns, rules))
         return {{*proven}};
     if (columns.areAmountsNamed && !columns.balances.empty()) {
-        for (TriedRule& one : rules)
+        for (CVTriedRule& one : rules)
             one.rule.balance = columns.balances.front();
     }
     const auto two = ofTwoColumns(rules);
     const Rules differing = differingColumns(rules, columns, known.positiveIsOut);
     // Where one column holds what two others hold as well, the one is enough.
-    const bool isSame = !differing.empty() && std::any_of(two.begin(), two.end(), [&](const TriedRule& one) {
+    const bool isSame = !differing.empty() && std::any_of(two.begin(), two.end(), [&](const CVTriedRule& one) {
         return one.amounts == tried(table, differing.front()).amounts;
     });
     if (isSame)

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "importing/statements/CVAmountRule.h"
+#include "importing/statements/CVStatementColumns.h"
+
+#include <optional>
+#include <vector>
+
+/// More lines need not be looked at to tell one rule from another.
+inline constexpr std::size_t kCVMostLinesForRules = 400;
+
+/// A rule, and what it makes of the lines.
+struct CVTriedRule {
+    using Amounts = std::vector<std::optional<qint64>>;
+
+    CVAmountRule rule;
+    Amounts amounts = {};
+    /// The lines for which the rule finds one text, be it an amount or not.
+    int covered = 0;
+    CVBalanceAgreement agreement = {};
+};
+
+/// The rule, with its column of balances, that the balances prove; absent when they do not, or prove another one as
+/// well.
+[[nodiscard]] std::optional<CVAmountRule> CVAmountRuleProvenByBalances(const CVStatementTable& table,
+                                                                       const CVStatementColumns& columns,
+                                                                       const std::vector<CVTriedRule>& rules);
