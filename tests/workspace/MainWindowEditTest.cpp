@@ -326,4 +326,17 @@ TEST_F(MainWindowEditTest, ReturnOpensTheEditor) {
     EXPECT_EQ(mBudget.transactionAt(1)->xfor(), "petrol");
 }
 
+TEST_F(MainWindowEditTest, ANameThatWouldMakeANewCategoryIsNotedBelowItsCell) {
+    edit(0, Column::Category, "Boa");
+    auto* const note = table().findChild<CVFieldNote*>("mNewCategoryNote");
+    ASSERT_NE(note, nullptr);
+    EXPECT_EQ(note->text(), "new category");
+    EXPECT_TRUE(note->isVisible());
+    press(Qt::Key_A, Qt::ControlModifier);
+    type("fu");
+    EXPECT_FALSE(note->isVisible()) << "completed to one that is there";
+    commit(Qt::Key_Escape);
+    EXPECT_EQ(document().countOfCategories(), 2U);
+}
+
 } // namespace
