@@ -48,8 +48,8 @@ struct Entry {
 /// The commands in the order of CVCommand, which is also their order in the menus.
 constexpr std::array<Entry, kCVCommands> kEntries{
     {{CVCommand::Import, File, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Import…"), "Ctrl+I"},
-     {CVCommand::ImportFromClipboard, File, Group::Same,
-      QT_TRANSLATE_NOOP("CVMainMenu", "Import from &Clipboard…"), ""},
+     {CVCommand::ImportFromClipboard, File, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "Import from &Clipboard…"),
+      ""},
      {CVCommand::Export, File, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "&Export Transactions…"), "Ctrl+E"},
      {CVCommand::EarlierVersions, File, Group::New, QT_TRANSLATE_NOOP("CVMainMenu", "E&arlier Versions…"), ""},
      {CVCommand::ChangesFromElsewhere, File, Group::Same, QT_TRANSLATE_NOOP("CVMainMenu", "Changes from Else&where…"),
