@@ -3,7 +3,6 @@
 #include "app/CVAppDelegate.h"
 #include "format/QBLocale.h"
 #include "importing/CVNotesFile.h"
-#include "importing/CVTakeBackImport.h"
 #include "model/CVDocument.h"
 #include "widgets/CVAlerts.h"
 #include "widgets/CVFilePanels.h"

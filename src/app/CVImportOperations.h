@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/CVLatestWork.h"
-#include "importing/CVImportIntoBudget.h"
+#include "importing/CVTakeBackImport.h"
 #include "importing/panel/CVImportWindow.h"
 
 #include <optional>
@@ -11,7 +11,6 @@ class CVAlerts;
 class CVAppDelegate;
 class CVFilePanels;
 class CVHelpOpener;
-enum class CVEditedTransactions : bool;
 
 /// What the program does with statements: shows them in a window, imports them, remembers what they taught, and takes
 /// imports back until the program ends. References the application, the alerts and the panels, which outlive it.
