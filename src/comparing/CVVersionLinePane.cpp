@@ -23,6 +23,8 @@ namespace {
 /// The minimum widths of any column and, as long as there is room, of a column of texts, in letters.
 constexpr int kShortestLineColumn = 4;
 constexpr int kShortestTextColumn = 10;
+/// The room around the title of a column, in letters.
+constexpr int kTitlePadding = 3;
 /// The rows that are measured beside the visible ones; more would take time.
 constexpr int kMeasuredRows = 300;
 constexpr int kSearchWidthInLetters = 30;
@@ -180,8 +182,10 @@ void CVVersionLinePane::measureColumns() {
     mNeeds.clear();
     const QAbstractItemView& view = *mTable;
     for (int column = 0; isFitted() && column < CVVersionLines::ColumnCount; ++column) {
-        const int width = std::max(view.sizeHintForColumn(column), mTable->horizontalHeader()->sectionSizeHint(column));
-        mNeeds.push_back({width, isTextColumn(column)});
+        // The header's own hint leaves room for an arrow in every column.
+        const int title = mTable->horizontalHeader()->fontMetrics().horizontalAdvance(CVVersionLines::title(column)) +
+                          kTitlePadding * fontMetrics().averageCharWidth();
+        mNeeds.push_back({std::max(view.sizeHintForColumn(column), title), isTextColumn(column)});
     }
 }
 

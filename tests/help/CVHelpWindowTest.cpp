@@ -197,13 +197,13 @@ TEST_F(CVHelpWindowTest, TheWordOfAnEarlierSearchChangesNothing) {
 
 TEST_F(CVHelpWindowTest, ReturnInTheSearchGoesToTheBestPageAndTheWordInIt) {
     show("index.html");
-    search("refund");
+    search("anywhere");
     // The first letters alone find other pages.
     ASSERT_TRUE(QTest::qWaitFor([] { return found() == QStringList{"Entry.html"}; }))
         << found().join(' ').toStdString();
     press(Qt::Key_Return);
     EXPECT_EQ(shownPage(), "Entry.html");
-    EXPECT_EQ(page().textCursor().selectedText(), "refund");
+    EXPECT_EQ(page().textCursor().selectedText(), "anywhere");
 }
 
 TEST_F(CVHelpWindowTest, GoesToThePageOfAnIndexEntry) {

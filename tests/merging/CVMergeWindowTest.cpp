@@ -198,9 +198,9 @@ TEST_F(CVMergeWindowTest, ALineThatBothChangedIsMarkedAndNamedAndStaysTwice) {
 }
 
 TEST_F(CVMergeWindowTest, TheColumnsShowTheirContentsWhereThereIsRoomAndFitTheWindowWhereThereIsNot) {
-    mTheirs.transactionAt(0)->setPayTo("The Covered Market of the Old Town");
+    mTheirs.transactionAt(0)->setAmount(10);
     mTheirs.transactionAt(0)->setFor("Vegetables, bread and cheese for the week");
-    mTheirs.transactionAt(1)->setFor("A present");
+    mTheirs.transactionAt(1)->setPayTo("The Bookshop beside the Covered Market of the Old Town");
     offer({write("Other.corvella"), common()});
     ASSERT_TRUE(waitForLines(3));
     const QAbstractItemView& view = table();
