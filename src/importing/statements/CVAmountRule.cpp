@@ -22,14 +22,14 @@ std::optional<CVStatementAmount> amountIn(const CVStatementRow& row, int column,
     auto amount = CVReadStatementAmount(text, mark);
     const bool isDash = std::all_of(text.begin(), text.end(), [](QChar c) { return c == u'-' || c == u'\u2013'; });
     if (!amount && !isDash)
-        why = AmountRuleText::tr("“%1” is no amount.").arg(text);
+        why = AmountRuleText::tr("“%1” is no amount").arg(text);
     return amount;
 }
 
 CVRuledAmount emptyAmount(const QString& why) {
     if (!why.isEmpty())
         return {std::nullopt, false, false, why};
-    return {std::nullopt, true, false, AmountRuleText::tr("There is no amount.")};
+    return {std::nullopt, true, false, AmountRuleText::tr("there is no amount")};
 }
 
 int markerIn(const CVStatementRow& row, const CVAmountRule& rule) {

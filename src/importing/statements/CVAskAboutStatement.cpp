@@ -181,8 +181,8 @@ CVStatementQuestion CVAskForDayOrder(const CVStatementTable& table, const CVSett
         question.answers.push_back(
             {texts.constLast(), with, QStringLiteral("--date-order %1").arg(nameOfOrder(order))});
     }
-    question.text =
-        AskText::tr("Is “%1” in line %2 %3?").arg(days.text).arg(table.rows[days.row].line).arg(joinedByOr(texts));
+    question.text = AskText::tr("In line %1, is “%2” %3?")
+                        .arg(QString::number(table.rows[days.row].line), days.text, joinedByOr(texts));
     return question;
 }
 
@@ -214,8 +214,8 @@ CVStatementQuestion CVAskForDecimalMark(const CVStatementTable& table, const CVS
             {texts.constLast(), with,
              candidate == u',' ? QStringLiteral("--decimal comma") : QStringLiteral("--decimal point")});
     }
-    question.text =
-        AskText::tr("Is “%1” in line %2 %3?").arg(mark.text).arg(table.rows[mark.row].line).arg(joinedByOr(texts));
+    question.text = AskText::tr("In line %1, is “%2” %3?")
+                        .arg(QString::number(table.rows[mark.row].line), mark.text, joinedByOr(texts));
     return question;
 }
 

@@ -21,7 +21,7 @@ struct CVStatementLine {
     QString category = {};
     /// The bank's own number of the line.
     QString bankID = {};
-    /// Why it cannot be read, one sentence; empty when it can.
+    /// Why it cannot be read, as words that follow a colon; empty when it can.
     QString unreadable = {};
     /// As they stand in the file.
     QStringList cells = {};

@@ -128,12 +128,12 @@ private:
             return cells;
         for (const int column : mStatusColumns) {
             if (CVNamesFailure(textOf(row, column)))
-                return StatementLinesText::tr("The bank did not carry it out: “%1”.").arg(textOf(row, column));
+                return StatementLinesText::tr("the bank did not carry it out (“%1”)").arg(textOf(row, column));
         }
         if (!day && dayText.isEmpty())
-            return StatementLinesText::tr("There is no day.");
+            return StatementLinesText::tr("there is no day");
         if (!day)
-            return StatementLinesText::tr("“%1” is no day.").arg(dayText);
+            return StatementLinesText::tr("“%1” is no day").arg(dayText);
         return amount.hundredths ? QString() : amount.why;
     }
 
@@ -149,7 +149,7 @@ private:
                                     (role == CVColumnRole::OtherDay && !CVReadDayOfColumn(cell)) ||
                                     (role == CVColumnRole::Currency && CVMarkEvidenceOf(cell).isAmount()));
             if (isWrong)
-                return StatementLinesText::tr("It has %1 columns in place of %2.")
+                return StatementLinesText::tr("it has %1 columns in place of %2")
                     .arg(row.cells.size())
                     .arg(mTable.columns);
         }
@@ -231,7 +231,7 @@ void addForeignRow(const CVStatementRow& row, std::vector<CVStatementLine>& line
     if (!hasDay)
         return;
     CVStatementLine line{.number = row.line, .cells = row.cells};
-    line.unreadable = StatementLinesText::tr("It belongs to another table, whose columns are others.");
+    line.unreadable = StatementLinesText::tr("it belongs to another table, whose columns are others");
     lines.push_back(line);
 }
 

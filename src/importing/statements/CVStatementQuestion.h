@@ -18,7 +18,7 @@ struct CVStatementQuestion {
     };
 
     About about;
-    /// In the statement's own words: "Is 03/04/2024 in line 2 the 3rd of April or the 4th of March?"
+    /// In the statement's own words: "In line 2, is 03/04/2024 3 April 2024 or 4 March 2024?"
     QString text;
     /// The most likely one is the first.
     std::vector<Answer> answers;

@@ -152,11 +152,11 @@ TEST(CVReadStatement, AsksForTheYearOfDaysWithoutOne) {
 
 TEST(CVReadStatement, GivesTheReasonOfALineThatCannotBeReadAndStopsNoOther) {
     expectLines("Date;Payee;Amount\n13.03.2024;A;n/a\nx;B;-1,00\n14.03.2024;C;-1,00\n31.02.2024;D;-1,00\n",
-                "2! “n/a” is no amount.\n3! “x” is no day.\n2024/03/14 -100 C\n5! “31.02.2024” is no day.");
+                "2! “n/a” is no amount\n3! “x” is no day\n2024/03/14 -100 C\n5! “31.02.2024” is no day");
     expectLines("Date;Payee;Amount;Currency\n13.03.2024;A;-1,00;EUR\n14.03.2024;B;-2,00;3,00;EUR\n",
-                "2024/03/13 -100 A\n3! It has 5 columns in place of 4.");
+                "2024/03/13 -100 A\n3! it has 5 columns in place of 4");
     expectLines("Date;Payee;Amount;Status\n13.03.2024;A;-1,00;Completed\n14.03.2024;B;-2,00;DECLINED\n",
-                "2024/03/13 -100 A\n3! The bank did not carry it out: “DECLINED”.");
+                "2024/03/13 -100 A\n3! the bank did not carry it out (“DECLINED”)");
 }
 
 TEST(CVReadStatement, GoesOnWithAPurposeInTheRowsBelow) {
