@@ -6,6 +6,7 @@
 #include "files/CVFileSignature.h"
 #include "files/CVMoveFile.h"
 #include "files/CVWriteOutputFile.h"
+#include "importing/CVNotesFile.h"
 #include "model/CVDetachedDocument.h"
 #include "model/CVDocument.h"
 #include "storage/CVDocumentReader.h"
@@ -166,8 +167,14 @@ QString CVHistoryOperations::moveVersions(const QString& from, const QString& to
         result.error = target.keepCopy(from, CVVersionReason::Move, QDateTime::currentDateTime()).error;
     if (result.ok())
         result = CVVersionFolder(from).moveTo(target);
-    if (result.ok())
-        return {};
-    return tr("The earlier versions could not be moved to “%1”: %2.")
-        .arg(QDir::toNativeSeparators(target.path()), result.error);
+    QStringList failures;
+    if (!result.ok())
+        failures.append(tr("The earlier versions could not be moved to “%1”: %2.")
+                            .arg(QDir::toNativeSeparators(target.path()), result.error));
+    // They belong to the budget, wherever its versions are.
+    const CVNotesFile notes(to);
+    if (const CVFileResult moving = CVNotesFile(from).moveTo(notes, QDateTime::currentDateTime()); !moving.ok())
+        failures.append(tr("What was learnt from imported statements could not be moved to “%1”: %2.")
+                            .arg(QDir::toNativeSeparators(notes.path()), moving.error));
+    return failures.join(u' ');
 }

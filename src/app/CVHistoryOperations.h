@@ -29,8 +29,8 @@ public:
     bool saveCopy(const QString& path, QWidget& asker) override;
 
     /// Moves the versions of the data file at `from` to the one at `to`, where the file that was left behind becomes
-    /// one too. Answers why not in one sentence, empty when they are there; what could not be moved is at the old
-    /// place.
+    /// one too, and the notes of imports. Answers why not, in one sentence for each of both, empty when they are there;
+    /// what could not be moved is at the old place.
     [[nodiscard]] QString moveVersions(const QString& from, const QString& to);
 
 private:

@@ -195,10 +195,10 @@ void CVDataFilePane::moveDocument(const QString& path) {
 void CVDataFilePane::moveVersions(const QString& from, const QString& to) {
     const QString failure = from.isEmpty() ? QString() : mHost.moveVersions(from, to);
     if (!failure.isEmpty())
-        mAlerts.run(this, {tr("Earlier versions are still in the old place"),
+        mAlerts.run(this, {tr("Something of your budget is still in the old place"),
                            failure + u' ' +
-                               tr("Your data file is in its new place. Nothing is lost: what could not be moved is in "
-                                  "the folder “Earlier Versions” where the file was."),
+                               tr("Your data file is in its new place. Nothing is lost: what could not be moved is "
+                                  "where the file was."),
                            tr("OK")});
 }
 

@@ -27,8 +27,8 @@ public:
     /// Begins a new budget in the file named in the user defaults, where there is none; it replaces the present one,
     /// which stays in its own file.
     virtual void startNewDocument() = 0;
-    /// Takes the earlier versions of the data file at `from` along to the one at `to`. Returns in one sentence why they
-    /// could not be moved; empty when they were.
+    /// Takes the earlier versions of the data file at `from` and the notes of imports along to the one at `to`. Returns
+    /// why they could not be moved, in one sentence for each of both; empty when they were.
     [[nodiscard]] virtual QString moveVersions(const QString& from, const QString& to) = 0;
     /// The earlier versions were deleted.
     virtual void versionsDeleted() = 0;

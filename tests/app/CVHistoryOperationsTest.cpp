@@ -38,6 +38,10 @@ protected:
     [[nodiscard]] CVHistoryOperations& operations() const { return mDelegate->historyOperations(); }
     [[nodiscard]] QString remark() const { return window().findChild<QLabel*>("mRemark")->text(); }
 
+    static void writeFile(const QString& path, const QByteArray& bytes) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    }
     static QByteArray bytesOf(const QString& path) {
         QFile file(path);
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -296,10 +300,42 @@ TEST_F(CVHistoryOperationsTest, VersionsThatCannotMoveStayAndAreTold) {
     ASSERT_TRUE(QFile::link("/dev/null", mHome.path("new place/Earlier Versions")));
     mPanels.answer(mHome.path("new place"));
     preference<QAbstractButton>("Change Location")->click();
-    EXPECT_EQ(titles(), QStringList{"Earlier versions are still in the old place"});
+    ASSERT_EQ(titles(), QStringList{"Something of your budget is still in the old place"});
     EXPECT_TRUE(mAlerts.shown()[0].message.contains("Not a directory")) << mAlerts.shown()[0].message.toStdString();
     EXPECT_EQ(CVVersionFolder(former).versions().size(), 1);
     EXPECT_TRUE(bytesOf(dataFile()).contains("Baker"));
+    quit();
+}
+
+TEST_F(CVHistoryOperationsTest, TheNotesOfImportsMoveWithTheDataFile) {
+    startWithVersion();
+    const QString former = dataFile();
+    const QByteArray notes = "{\"learnt\": true}";
+    writeFile(former + ".import", notes);
+    mDelegate->showPreferences();
+    ASSERT_TRUE(QDir().mkpath(mHome.path("new place")));
+    // Whatever becomes of the versions.
+    ASSERT_TRUE(QFile::link("/dev/null", mHome.path("new place/Earlier Versions")));
+    mPanels.answer(mHome.path("new place"));
+    preference<QAbstractButton>("Change Location")->click();
+    EXPECT_EQ(bytesOf(dataFile() + ".import"), notes);
+    EXPECT_FALSE(QFile::exists(former + ".import"));
+    quit();
+}
+
+TEST_F(CVHistoryOperationsTest, NotesOfImportsThatCannotMoveStayAndAreTold) {
+    startWithVersion();
+    const QString former = dataFile();
+    ASSERT_TRUE(QDir().mkpath(former + ".import"));
+    mDelegate->showPreferences();
+    ASSERT_TRUE(QDir().mkpath(mHome.path("new place")));
+    mPanels.answer(mHome.path("new place"));
+    preference<QAbstractButton>("Change Location")->click();
+    ASSERT_EQ(titles(), QStringList{"Something of your budget is still in the old place"});
+    EXPECT_TRUE(mAlerts.shown()[0].message.contains("What was learnt from imported statements could not be moved"))
+        << mAlerts.shown()[0].message.toStdString();
+    EXPECT_EQ(versions().size(), 2);
+    EXPECT_TRUE(QFileInfo::exists(former + ".import"));
     quit();
 }
 

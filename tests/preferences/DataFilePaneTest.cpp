@@ -213,7 +213,7 @@ TEST_F(DataFilePane, EarlierVersionsThatCannotMoveAreTold) {
     click("Change Location");
     EXPECT_EQ(location(), dataFileIn("new"));
     ASSERT_EQ(mAlerts.shown().size(), 1);
-    EXPECT_EQ(mAlerts.shown()[0].title, "Earlier versions are still in the old place");
+    EXPECT_EQ(mAlerts.shown()[0].title, "Something of your budget is still in the old place");
     EXPECT_TRUE(mAlerts.shown()[0].message.startsWith("There is no room. Your data file is in its new place."));
 }
 
