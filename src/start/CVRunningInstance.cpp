@@ -3,21 +3,13 @@
 #include "files/CVMakePrivate.h"
 #include "start/CVIncomingCall.h"
 
-#include <QCryptographicHash>
 #include <QDeadlineTimer>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QLocalSocket>
 #include <QThread>
 
 namespace {
 
-constexpr QLatin1StringView kLock("/.running.lock");
 constexpr QLatin1StringView kSocket("/.running");
-constexpr QLatin1StringView kSpareName("/corvella-");
-constexpr QLatin1StringView kSpareLock(".lock");
-constexpr int kDigestLetters = 16;
 /// The calls that are listened to at once; a further one ends the oldest.
 constexpr qsizetype kMostCalls = 16;
 /// The time between two attempts while the other program is starting or ending.
@@ -27,17 +19,6 @@ QString makeFolder(const QString& folder) {
     // Where it cannot be made, the runtime folder serves.
     (void)CVMakePrivateFolder(folder);
     return folder;
-}
-
-/// The path of the spare socket of a folder; the spare lock adds ".lock". All names of one folder give the same path.
-/// Empty without a runtime folder.
-QString sparePath(const QString& folder, const QString& runtimeFolder) {
-    if (runtimeFolder.isEmpty())
-        return {};
-    const QString canonical = QFileInfo(folder).canonicalFilePath();
-    const QByteArray name = QFile::encodeName(canonical.isEmpty() ? QDir::cleanPath(folder) : canonical);
-    const QByteArray digest = QCryptographicHash::hash(name, QCryptographicHash::Sha256).toHex();
-    return runtimeFolder + kSpareName + QString::fromLatin1(digest.first(kDigestLetters));
 }
 
 } // namespace
@@ -68,9 +49,8 @@ private:
 
 CVRunningInstance::CVRunningInstance(const QString& folder, const QString& runtimeFolder)
     : mSockets(folder + kSocket)
-    , mLock(makeFolder(folder) + kLock)
-    , mSpareLock(runtimeFolder.isEmpty() ? QString() : sparePath(folder, runtimeFolder) + kSpareLock) {
-    if (const QString spare = sparePath(folder, runtimeFolder); !spare.isEmpty())
+    , mLock(makeFolder(folder), runtimeFolder) {
+    if (const QString spare = CVRunningLock::sparePath(folder, runtimeFolder); !spare.isEmpty())
         mSockets.append(spare);
     mServer.setSocketOptions(QLocalServer::UserAccessOption);
     connect(&mServer, &QLocalServer::newConnection, this, &CVRunningInstance::answer);
@@ -79,7 +59,7 @@ CVRunningInstance::CVRunningInstance(const QString& folder, const QString& runti
 CVRunningInstance::Outcome CVRunningInstance::claim(std::chrono::milliseconds patience, const Progress& progress) {
     const Waiting waiting(patience, progress);
     for (;;) {
-        const CVFileLock::Outcome locked = lock();
+        const CVFileLock::Outcome locked = mLock.tryLock();
         if (locked != CVFileLock::Outcome::Taken && askOther(waiting))
             return Outcome::OtherShown;
         if (locked != CVFileLock::Outcome::HeldByOther) {
@@ -90,11 +70,6 @@ CVRunningInstance::Outcome CVRunningInstance::claim(std::chrono::milliseconds pa
             return Outcome::OtherSilent;
         QThread::msleep(kPause.count());
     }
-}
-
-CVFileLock::Outcome CVRunningInstance::lock() {
-    const CVFileLock::Outcome outcome = mLock.tryLock();
-    return outcome == CVFileLock::Outcome::Impossible ? mSpareLock.tryLock() : outcome;
 }
 
 /// Without a socket the program works too, but cannot be asked to show itself.

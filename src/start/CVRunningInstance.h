@@ -1,7 +1,7 @@
 #pragma once
 
 #include "files/CVRuntimeFolder.h"
-#include "start/CVFileLock.h"
+#include "lock/CVRunningLock.h"
 
 #include <QList>
 #include <QLocalServer>
@@ -51,16 +51,13 @@ signals:
 private:
     class Waiting;
 
-    [[nodiscard]] CVFileLock::Outcome lock();
     void listen();
     void answer();
     [[nodiscard]] bool askOther(const Waiting& waiting) const;
 
     /// The paths at which the first program may listen, in order.
     QStringList mSockets;
-    CVFileLock mLock;
-    /// Used when `mLock` is impossible.
-    CVFileLock mSpareLock;
+    CVRunningLock mLock;
     QLocalServer mServer;
     std::chrono::milliseconds mCallerPatience{2000};
     /// Oldest first.

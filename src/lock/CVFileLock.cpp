@@ -1,4 +1,4 @@
-#include "start/CVFileLock.h"
+#include "lock/CVFileLock.h"
 
 #include <QFile>
 

@@ -1,4 +1,4 @@
-#include "start/CVFileLock.h"
+#include "lock/CVFileLock.h"
 
 #include "kit/ScratchHome.h"
 
@@ -14,7 +14,7 @@
 
 namespace {
 
-using LockOutcome = CVFileLock::Outcome;
+using FileLockOutcome = CVFileLock::Outcome;
 
 class CVFileLockTest : public testing::Test {
 protected:
@@ -25,27 +25,27 @@ protected:
 TEST_F(CVFileLockTest, IsHeldUntilItsObjectGoesAndWithItTheFile) {
     {
         CVFileLock lock(mPath);
-        EXPECT_EQ(lock.tryLock(), LockOutcome::Taken);
-        EXPECT_EQ(lock.tryLock(), LockOutcome::Taken) << "its own already";
-        EXPECT_EQ(CVFileLock(mPath).tryLock(), LockOutcome::HeldByOther);
+        EXPECT_EQ(lock.tryLock(), FileLockOutcome::Taken);
+        EXPECT_EQ(lock.tryLock(), FileLockOutcome::Taken) << "its own already";
+        EXPECT_EQ(CVFileLock(mPath).tryLock(), FileLockOutcome::HeldByOther);
         EXPECT_EQ(QFile::permissions(mPath) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
     }
     EXPECT_FALSE(QFileInfo::exists(mPath));
-    EXPECT_EQ(CVFileLock(mPath).tryLock(), LockOutcome::Taken);
+    EXPECT_EQ(CVFileLock(mPath).tryLock(), FileLockOutcome::Taken);
 }
 
 TEST_F(CVFileLockTest, OneThatWasRefusedLeavesTheFileOfTheOther) {
     CVFileLock lock(mPath);
-    ASSERT_EQ(lock.tryLock(), LockOutcome::Taken);
-    ASSERT_EQ(CVFileLock(mPath).tryLock(), LockOutcome::HeldByOther);
+    ASSERT_EQ(lock.tryLock(), FileLockOutcome::Taken);
+    ASSERT_EQ(CVFileLock(mPath).tryLock(), FileLockOutcome::HeldByOther);
     EXPECT_TRUE(QFileInfo::exists(mPath));
-    EXPECT_EQ(CVFileLock(mPath).tryLock(), LockOutcome::HeldByOther);
+    EXPECT_EQ(CVFileLock(mPath).tryLock(), FileLockOutcome::HeldByOther);
 }
 
 TEST_F(CVFileLockTest, TheFileThatSomebodyElsePutInItsPlaceStays) {
     {
         CVFileLock lock(mPath);
-        ASSERT_EQ(lock.tryLock(), LockOutcome::Taken);
+        ASSERT_EQ(lock.tryLock(), FileLockOutcome::Taken);
         ASSERT_TRUE(QFile::rename(mPath, mPath + " moved"));
         QFile other(mPath);
         ASSERT_TRUE(other.open(QIODevice::WriteOnly));
@@ -60,7 +60,7 @@ TEST_F(CVFileLockTest, AKilledProcessHoldsNothingAlthoughItsFileIsLeft) {
     ASSERT_GE(child, 0);
     if (child == 0) {
         CVFileLock lock(mPath);
-        const char word = lock.tryLock() == LockOutcome::Taken ? 't' : 'f';
+        const char word = lock.tryLock() == FileLockOutcome::Taken ? 't' : 'f';
         if (::write(ready[1], &word, 1) == 1)
             ::pause();
         ::_exit(1);
@@ -68,18 +68,18 @@ TEST_F(CVFileLockTest, AKilledProcessHoldsNothingAlthoughItsFileIsLeft) {
     char word = 0;
     ASSERT_EQ(::read(ready[0], &word, 1), 1);
     EXPECT_EQ(word, 't');
-    EXPECT_EQ(CVFileLock(mPath).tryLock(), LockOutcome::HeldByOther);
+    EXPECT_EQ(CVFileLock(mPath).tryLock(), FileLockOutcome::HeldByOther);
     ::kill(child, SIGKILL);
     ASSERT_EQ(::waitpid(child, nullptr, 0), child);
     EXPECT_TRUE(QFileInfo::exists(mPath));
-    EXPECT_EQ(CVFileLock(mPath).tryLock(), LockOutcome::Taken);
+    EXPECT_EQ(CVFileLock(mPath).tryLock(), FileLockOutcome::Taken);
     for (const int end : ready)
         ::close(end);
 }
 
 TEST_F(CVFileLockTest, WithoutAPathOrInAFolderThatIsNotThereNothingIsLocked) {
-    EXPECT_EQ(CVFileLock("").tryLock(), LockOutcome::Impossible);
-    EXPECT_EQ(CVFileLock(mPath + "/below").tryLock(), LockOutcome::Impossible);
+    EXPECT_EQ(CVFileLock("").tryLock(), FileLockOutcome::Impossible);
+    EXPECT_EQ(CVFileLock(mPath + "/below").tryLock(), FileLockOutcome::Impossible);
 }
 
 } // namespace
