@@ -1,15 +1,26 @@
 #include "commands/CVImportCommand.h"
 
+#include "commands/CVBudgetToChange.h"
+#include "commands/CVDryRunText.h"
 #include "commands/CVErrorLine.h"
+#include "commands/CVNamedDataFile.h"
+#include "commands/CVReadOnlyBudget.h"
 #include "commands/CVStandardStreams.h"
-#include "importing/statements/CVReadStatement.h"
+#include "commands/CVStraightQuotes.h"
+#include "files/CVFileSignature.h"
+#include "importing/CVFitsAsLastTime.h"
+#include "importing/CVImportIntoBudget.h"
+#include "importing/CVNotesFile.h"
+#include "importing/CVPrepareImport.h"
+#include "model/CVTransactionSet.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QSettings>
 
-#include <array>
-#include <cstdlib>
+#include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -17,87 +28,19 @@ struct ImportCommandText {
     Q_DECLARE_TR_FUNCTIONS(CVImportCommand)
 };
 
-constexpr QLatin1StringView kDryRun("dry-run");
-constexpr QLatin1StringView kSigned("signed");
-constexpr QLatin1StringView kSkipUnreadable("skip-unreadable");
+using Income = CVImportRequest::Income;
 
-QString readImportSet(const QString& value, CVImportRequest& request) {
-    request.set = value;
-    return value.isEmpty() ? ImportCommandText::tr("--set needs the name of a transaction set") : QString();
+constexpr int kFailed = 1;
+constexpr qsizetype kMostNumbers = 10;
+
+int endWith(QTextStream& errors, const QString& message) {
+    CVWriteErrorLine(errors, message);
+    return kFailed;
 }
 
-QString readIncomeSet(const QString& value, CVImportRequest& request) {
-    request.income = CVImportRequest::Income::OwnSet;
-    request.incomeSet = value;
-    return value.isEmpty() ? ImportCommandText::tr("--income-set needs the name of a transaction set") : QString();
-}
-
-QString readIncome(const QString& value, CVImportRequest& request) {
-    if (value != QLatin1String("same") && value != QLatin1String("none"))
-        return ImportCommandText::tr("--income takes same or none");
-    request.income =
-        value == QLatin1String("none") ? CVImportRequest::Income::LeftOut : CVImportRequest::Income::SameSet;
-    return {};
-}
-
-QString readMappingName(const QString& value, CVImportRequest& request) {
-    request.mappingName = value;
-    return value.isEmpty() ? ImportCommandText::tr("--mapping needs the name of a mapping") : QString();
-}
-
-constexpr std::array<CVOption<CVImportRequest>, 4> kImportOptions{
-    {{"set", readImportSet}, {"income-set", readIncomeSet}, {"income", readIncome}, {"mapping", readMappingName}}};
-
-QString readImportArguments(const QStringList& arguments, CVImportRequest& request) {
-    QCommandLineParser parser;
-    CVDataOptions::declare(parser);
-    CVStatementOptions::declare(parser);
-    CVDeclareOptions<CVImportRequest>(parser, kImportOptions);
-    for (const auto flag : {kDryRun, kSigned, kSkipUnreadable})
-        parser.addOption(QCommandLineOption(flag));
-    if (!parser.parse(arguments))
-        return parser.errorText();
-    request.help = CVDataOptions::asksForHelp(parser);
-    if (request.help)
-        return {};
-    request.dryRun = parser.isSet(kDryRun);
-    request.isSigned = parser.isSet(kSigned);
-    request.skipUnreadable = parser.isSet(kSkipUnreadable);
-    if (parser.positionalArguments().size() != 1)
-        return ImportCommandText::tr("import needs one statement");
-    request.file = parser.positionalArguments().constFirst();
-    QString problem = request.CVDataOptions::read(parser);
-    if (problem.isEmpty())
-        problem = CVReadOptions<CVImportRequest>(parser, kImportOptions, request);
-    if (problem.isEmpty())
-        problem = request.statement.read(parser);
-    if (!problem.isEmpty())
-        return problem;
-    if (request.set.isEmpty())
-        return ImportCommandText::tr("import needs --set with the name of a transaction set");
-    if (parser.isSet("income") && parser.isSet("income-set"))
-        return ImportCommandText::tr("give either --income or --income-set");
-    return request.isSigned && !request.dryRun ? ImportCommandText::tr("--signed goes with --dry-run") : QString();
-}
-
-/// The bytes of the statement; absent after one line on `errors`.
-std::optional<QByteArray> readStatementFile(const QString& name, QTextStream& errors) {
-    const bool isInput = name == QLatin1String(CVStandardStreams::kName);
-    QFile file(isInput ? QString::fromLatin1(CVStandardStreams::kInputPath) : name);
-    QByteArray bytes;
-    if (file.open(QIODevice::ReadOnly))
-        bytes = file.read(kCVLargestStatement + 1);
-    if (file.isOpen() && file.error() == QFileDevice::NoError)
-        return bytes;
-    CVWriteErrorLine(
-        errors,
-        ImportCommandText::tr("\"%1\" could not be read: %2").arg(QDir::toNativeSeparators(name), file.errorString()));
-    return std::nullopt;
-}
-
-/// A text of a window in the form of the command line.
-QString straight(QString text) {
-    return text.replace(u'“', u'"').replace(u'”', u'"');
+QString pathOfStatement(const CVImportRequest& request) {
+    const bool isInput = request.file == QLatin1String(CVStandardStreams::kName);
+    return isInput ? QString::fromLatin1(CVStandardStreams::kInputPath) : request.file;
 }
 
 QString questionWithOptions(const CVStatementQuestion& question) {
@@ -107,86 +50,232 @@ QString questionWithOptions(const CVStatementQuestion& question) {
     return ImportCommandText::tr("%1 Answer with %2").arg(question.text, options.join(ImportCommandText::tr(" or ")));
 }
 
-/// A cell of comma-separated text.
-QString cellOfText(QString text) {
-    if (!text.contains(u',') && !text.contains(u'"') && !text.contains(u'\n') && !text.contains(u'\r'))
-        return text;
-    return u'"' + text.replace(u'"', QStringLiteral("\"\"")) + u'"';
+/// The run of one command. Each step answers false after one line on the errors.
+class ImportRun final {
+public:
+    ImportRun(const CVImportRequest& request, QTextStream& errors) : mRequest(request), mErrors(errors) {}
+
+    [[nodiscard]] int dryRun();
+    [[nodiscard]] int import();
+
+private:
+    [[nodiscard]] bool readBytes();
+    [[nodiscard]] bool readStatement();
+    [[nodiscard]] bool settleStatement();
+    [[nodiscard]] bool findSets(const CVDocument& document);
+    void prepare(const CVDocument& document);
+    [[nodiscard]] QString whyNotRecorded() const;
+    [[nodiscard]] QString unreadableLines() const;
+    [[nodiscard]] QString linesWithoutCategory() const;
+    [[nodiscard]] int tellUnreadable() const;
+    void learn(const CVDocument& document, const CVImported& imported);
+    [[nodiscard]] int writeCount(std::size_t count, const QStringList& spared) const;
+
+    const CVImportRequest& mRequest;
+    QTextStream& mErrors;
+    QByteArray mBytes;
+    /// Of the data file; empty when there is none.
+    QString mDataFile;
+    CVImportNotes mNotes;
+    CVStatement mStatement;
+    CVImportTargets mTargets;
+    /// Those that there are not.
+    QStringList mMissingSets;
+    CVImportLines mLines;
+};
+
+bool ImportRun::readBytes() {
+    QFile file(pathOfStatement(mRequest));
+    if (file.open(QIODevice::ReadOnly))
+        mBytes = file.read(kCVLargestStatement + 1);
+    if (file.isOpen() && file.error() == QFileDevice::NoError)
+        return true;
+    CVWriteErrorLine(mErrors, ImportCommandText::tr("\"%1\" could not be read: %2")
+                                  .arg(QDir::toNativeSeparators(mRequest.file), file.errorString()));
+    return false;
 }
 
-QString amountOfText(qint64 hundredths) {
-    constexpr int kDecimalBase = 10;
-    const qint64 size = std::abs(hundredths);
-    return QStringLiteral("%1%2.%3")
-        .arg(hundredths < 0 ? QStringLiteral("-") : QString())
-        .arg(size / 100)
-        .arg(size % 100, 2, kDecimalBase, QLatin1Char('0'));
-}
-
-QString dayOfText(const QBDate& day) {
-    return QString::fromLatin1(day.corvellaXMLRepresentation()).replace(u'/', u'-');
-}
-
-QString rowOfText(const CVStatementLine& line, bool isSigned) {
-    const QString note =
-        line.unreadable.isEmpty()
-            ? QString()
-            : ImportCommandText::tr("line %1 cannot be read: %2").arg(line.number).arg(straight(line.unreadable));
-    const bool hasAmount = line.hundredths && line.unreadable.isEmpty();
-    const QStringList cells{line.day ? dayOfText(*line.day) : QString(),
-                            hasAmount ? amountOfText(isSigned ? *line.hundredths : -*line.hundredths) : QString(),
-                            line.payee,
-                            line.purpose,
-                            line.category,
-                            QString(),
-                            note};
-    QStringList quoted;
-    for (const QString& cell : cells)
-        quoted.append(cellOfText(cell));
-    return quoted.join(u',') + u'\n';
-}
-
-int writeDryRun(const CVStatement& statement, const CVImportRequest& request, QTextStream& errors) {
-    QString text = QStringLiteral("date,amount,payee,for,category,sure,note\n");
-    int unreadable = 0;
-    for (const CVStatementLine& line : statement.lines) {
-        text += rowOfText(line, request.isSigned);
-        unreadable += line.unreadable.isEmpty() ? 0 : 1;
+/// As the options say, else as a statement with that header was read the last time.
+bool ImportRun::readStatement() {
+    if (!mDataFile.isEmpty() && mDataFile != QLatin1String(CVStandardStreams::kName))
+        mNotes = CVNotesFile(mDataFile).read().notes;
+    auto known = std::optional(mRequest.statement.mapping);
+    if (mRequest.mappingName)
+        known = mNotes.mappingNamed(*mRequest.mappingName);
+    if (!known) {
+        CVWriteErrorLine(mErrors,
+                         ImportCommandText::tr("no mapping has the name \"%1\"; how a statement is read is kept by its "
+                                               "header and used without --mapping")
+                             .arg(*mRequest.mappingName));
+        return false;
     }
-    const int status = CVStandardStreams::write(text.toUtf8(), {}, errors);
-    if (status != 0 || unreadable == 0 || request.skipUnreadable)
-        return status;
-    CVWriteErrorLine(errors, unreadable == 1 ? ImportCommandText::tr("1 line could not be read")
-                                             : ImportCommandText::tr("%1 lines could not be read").arg(unreadable));
-    return 1;
+    mStatement = CVReadStatement(mBytes, *known);
+    const auto kept = mNotes.mapping(mStatement.headerDigest);
+    if (kept && *known == CVStatementMapping()) {
+        if (CVStatement asLastTime = CVReadStatement(mBytes, *kept); CVFitsAsLastTime(asLastTime, mStatement))
+            mStatement = std::move(asLastTime);
+    }
+    return settleStatement();
+}
+
+bool ImportRun::settleStatement() {
+    QStringList open;
+    if (!mStatement.problem.isEmpty())
+        open.append(mStatement.problem);
+    else
+        std::transform(mStatement.questions.begin(), mStatement.questions.end(), std::back_inserter(open),
+                       questionWithOptions);
+    if (!open.isEmpty())
+        CVWriteErrorLine(mErrors, CVStraightQuotes(open.join(QStringLiteral("; "))));
+    return open.isEmpty();
+}
+
+/// Takes a set that there is not by its name, under which nothing is recorded yet; false for one that is needed.
+bool ImportRun::findSets(const CVDocument& document) {
+    const auto find = [&](const QString& name, quint32& set, QString& newSet) {
+        const auto& sets = document.transactionSets();
+        const auto found = std::find_if(sets.begin(), sets.end(),
+                                        [&name](const auto& each) { return each->transactionSetName() == name; });
+        if (found != sets.end()) {
+            set = (*found)->uniqueID();
+            return;
+        }
+        newSet = name;
+        mMissingSets.append(name);
+    };
+    mTargets.income = mRequest.income;
+    find(mRequest.set, mTargets.set, mTargets.newSet);
+    if (mRequest.income == Income::OwnSet)
+        find(mRequest.incomeSet, mTargets.incomeSet, mTargets.newIncomeSet);
+    if (mMissingSets.isEmpty() || mDataFile.isEmpty())
+        return true;
+    const QString missing = ImportCommandText::tr("there is no transaction set \"%1\"; \"corvella sets\" lists them")
+                                .arg(mMissingSets.constFirst());
+    CVWriteErrorLine(mErrors, mRequest.dryRun ? ImportCommandText::tr("note: %1").arg(missing) : missing);
+    return mRequest.dryRun;
+}
+
+void ImportRun::prepare(const CVDocument& document) {
+    mLines = CVPrepareImport(document, mNotes).lines(mStatement.lines, mTargets);
+    for (CVImportLine& line : mLines) {
+        if (!line.checked || !line.category.isEmpty() || mRequest.categoryForRest.isEmpty())
+            continue;
+        line.category = mRequest.categoryForRest;
+        if (line.note == CVImportLine::Note::NoCategory) {
+            line.note = CVImportLine::Note::None;
+            line.noteText.clear();
+        }
+    }
+}
+
+int ImportRun::dryRun() {
+    CVReadOnlyBudget budget;
+    const auto named = CVNamedDataFile::find(mRequest.dataFile, CVStandardFolders::ofUser(), budget.userDefaults());
+    if (!readBytes() || (!named.isMissing && !budget.readAndSort(mRequest.dataFile, mErrors)))
+        return kFailed;
+    if (!named.isMissing)
+        mDataFile = named.path;
+    if (!readStatement() || !findSets(budget.document()))
+        return kFailed;
+    prepare(budget.document());
+    const QString text = CVDryRunText(mLines, mStatement, mRequest);
+    const QStringList spared = budget.dataFiles() + QStringList{pathOfStatement(mRequest)};
+    const int status = CVStandardStreams::write(text.toUtf8(), spared, mErrors);
+    return status == 0 && !mRequest.skipUnreadable ? tellUnreadable() : status;
+}
+
+int ImportRun::tellUnreadable() const {
+    const QString unreadable = unreadableLines();
+    return unreadable.isEmpty() ? 0 : endWith(mErrors, unreadable);
+}
+
+QString ImportRun::unreadableLines() const {
+    const auto count = std::count_if(mLines.begin(), mLines.end(),
+                                     [](const auto& line) { return line.note == CVImportLine::Note::Unreadable; });
+    if (count == 0)
+        return {};
+    return count == 1 ? ImportCommandText::tr("1 line could not be read")
+                      : ImportCommandText::tr("%1 lines could not be read").arg(count);
+}
+
+QString ImportRun::linesWithoutCategory() const {
+    QStringList numbers;
+    for (const CVImportLine& line : mLines) {
+        if (line.checked && line.category.trimmed().isEmpty())
+            numbers.append(QString::number(line.number));
+    }
+    if (numbers.isEmpty())
+        return {};
+    const auto count = numbers.size();
+    QString listed = numbers.mid(0, kMostNumbers).join(QStringLiteral(", "));
+    if (count > kMostNumbers)
+        listed = ImportCommandText::tr("%1 and %2 more").arg(listed).arg(count - kMostNumbers);
+    return count == 1 ? ImportCommandText::tr("line %1 has no category").arg(listed)
+                      : ImportCommandText::tr("%1 lines have no category: %2").arg(QString::number(count), listed);
+}
+
+QString ImportRun::whyNotRecorded() const {
+    const QString unreadable = mRequest.skipUnreadable ? QString() : unreadableLines();
+    if (!unreadable.isEmpty())
+        return ImportCommandText::tr("%1, so nothing was imported; --dry-run shows why, --skip-unreadable imports the "
+                                     "others")
+            .arg(unreadable);
+    const QString uncategorized = linesWithoutCategory();
+    if (uncategorized.isEmpty())
+        return {};
+    return ImportCommandText::tr("%1, so nothing was imported; --category-for-rest NAME gives one to all that have "
+                                 "none, --dry-run shows them")
+        .arg(uncategorized);
+}
+
+int ImportRun::import() {
+    const QBUserDefaults defaults(QBUserDefaults::standardStore(), QBUserDefaults::Changes::Forgotten);
+    const CVStandardFolders folders = CVStandardFolders::ofUser();
+    const auto named = CVNamedDataFile::find(mRequest.dataFile, folders, defaults);
+    if (!named.problem.isEmpty())
+        return endWith(mErrors, named.problem);
+    mDataFile = named.path;
+    if (CVIsSameFile(pathOfStatement(mRequest), mDataFile))
+        return endWith(mErrors, ImportCommandText::tr("the statement is the data file"));
+    CVBudgetToChange budget;
+    if (!readBytes() || !budget.open(mDataFile, mErrors) || !readStatement() || !findSets(budget.document()))
+        return kFailed;
+    prepare(budget.document());
+    if (const QString why = whyNotRecorded(); !why.isEmpty())
+        return endWith(mErrors, why);
+    const QStringList spared = CVOwnDataFiles(folders, defaults) + QStringList{mDataFile, pathOfStatement(mRequest)};
+    if (std::none_of(mLines.begin(), mLines.end(), [](const auto& line) { return line.checked; }))
+        return writeCount(0, spared);
+    const CVImported imported = CVImportIntoBudget(budget.document(), mLines, mTargets);
+    if (!imported.problem.isEmpty())
+        return endWith(mErrors, imported.problem);
+    if (!budget.waitUntilSaved(mErrors))
+        return kFailed;
+    learn(budget.document(), imported);
+    return writeCount(imported.entries.size(), spared);
+}
+
+void ImportRun::learn(const CVDocument& document, const CVImported& imported) {
+    const QByteArray& header = mStatement.headerDigest;
+    mNotes.noteTargets(document, header, imported.targets);
+    mNotes.noteMapping(header, mNotes.contents().mappings.value(header).name, mStatement.mapping);
+    mNotes.noteLines(imported.account, imported.targets, mLines);
+    const auto written = CVNotesFile(mDataFile).write(mNotes, QDateTime::currentDateTime());
+    if (!written.ok())
+        CVWriteErrorLine(mErrors, ImportCommandText::tr("note: what this statement taught could not be kept for the "
+                                                        "next one: %1")
+                                      .arg(written.error));
+}
+
+int ImportRun::writeCount(std::size_t count, const QStringList& spared) const {
+    const QString text = count == 1 ? ImportCommandText::tr("1 transaction imported")
+                                    : ImportCommandText::tr("%1 transactions imported").arg(count);
+    return CVStandardStreams::write((text + u'\n').toUtf8(), spared, mErrors);
 }
 
 } // namespace
 
-std::optional<CVImportRequest> CVImportRequest::parse(const QStringList& arguments, QString& problem) {
-    CVImportRequest request;
-    problem = readImportArguments(arguments, request);
-    return problem.isEmpty() ? std::optional(request) : std::nullopt;
-}
-
 int CVRunImport(const CVImportRequest& request, QTextStream& errors) {
-    const auto bytes = readStatementFile(request.file, errors);
-    if (!bytes)
-        return 1;
-    const CVStatement statement = CVReadStatement(*bytes, request.statement.mapping);
-    if (!statement.problem.isEmpty()) {
-        CVWriteErrorLine(errors, straight(statement.problem));
-        return 1;
-    }
-    if (!statement.questions.empty()) {
-        QStringList questions;
-        for (const auto& question : statement.questions)
-            questions.append(straight(questionWithOptions(question)));
-        CVWriteErrorLine(errors, questions.join(QStringLiteral("; ")));
-        return 1;
-    }
-    if (request.dryRun)
-        return writeDryRun(statement, request, errors);
-    CVWriteErrorLine(errors, ImportCommandText::tr("only --dry-run is there yet"));
-    return 1;
+    ImportRun run(request, errors);
+    return request.dryRun ? run.dryRun() : run.import();
 }

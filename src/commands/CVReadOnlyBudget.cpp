@@ -1,12 +1,12 @@
 #include "commands/CVReadOnlyBudget.h"
 
 #include "commands/CVErrorLine.h"
+#include "commands/CVNamedDataFile.h"
 #include "commands/CVStandardStreams.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QSettings>
 #include <QTextStream>
 
@@ -31,24 +31,15 @@ CVReadOnlyBudget::CVReadOnlyBudget()
     , mDocument(mNotificationCenter, mUserDefaults) {}
 
 bool CVReadOnlyBudget::read(const std::optional<QString>& dataFile, QTextStream& errors) {
-    // The search would take another budget for the user's.
-    if (const auto missing = dataFile ? std::nullopt : CVMissingDataFile(mUserDefaults))
-        return fail(errors,
-                    ReadOnlyBudgetText::tr("your data file \"%1\" is not there; connect its disk or its share, or "
-                                           "name another file with --data FILE")
-                        .arg(QDir::toNativeSeparators(*missing)));
-    const auto path = dataFile ? dataFile : CVStandardDataFileURL(CVLookForExisting::Yes, mFolders, mUserDefaults);
-    if (!path)
-        return fail(errors, ReadOnlyBudgetText::tr("there is no data file yet; name one with --data FILE"));
-    const bool isInput = *path == QLatin1String(CVStandardStreams::kName);
+    const CVNamedDataFile named = CVNamedDataFile::find(dataFile, mFolders, mUserDefaults);
+    if (!named.problem.isEmpty())
+        return fail(errors, named.problem);
+    const QString& path = named.path;
+    const bool isInput = path == QLatin1String(CVStandardStreams::kName);
     const QString shown =
-        isInput ? ReadOnlyBudgetText::tr("standard input") : u'"' + QDir::toNativeSeparators(*path) + u'"';
-    if (!isInput && !QFileInfo::exists(*path))
-        return fail(errors, ReadOnlyBudgetText::tr("%1 does not exist").arg(shown));
-    if (!isInput && QFileInfo(*path).isDir())
-        return fail(errors, ReadOnlyBudgetText::tr("%1 is not a file").arg(shown));
-    mPath = isInput ? QString::fromLatin1(CVStandardStreams::kInputPath) : *path;
-    const CVLoadReport report = load(isInput ? QString() : *path);
+        isInput ? ReadOnlyBudgetText::tr("standard input") : u'"' + QDir::toNativeSeparators(path) + u'"';
+    mPath = isInput ? QString::fromLatin1(CVStandardStreams::kInputPath) : path;
+    const CVLoadReport report = load(isInput ? QString() : path);
     const bool isEmpty = report.outcome == CVLoadReport::Outcome::NoBudget && !mNeedsBudget;
     if (report.outcome != CVLoadReport::Outcome::Loaded && !isEmpty)
         return fail(errors, ReadOnlyBudgetText::tr("%1 could not be read: %2").arg(shown, report.reason));

@@ -26,7 +26,8 @@ QString commands() {
 QString status() {
     return UsageText::tr(
         "The commands show no window, read your own data file where --data names no other, and write nothing\n"
-        "but their output. Their exit status is 0 when all of it was written, 1 when something failed, which one\n"
+        "but their output; import alone records something. Their exit status is 0 when all of it was written, 1 when "
+        "something failed, which one\n"
         "line on standard error tells, and 2 when the command line was not understood; diff has its own. An option\n"
         "that would be ignored, or is given twice, is not understood.\n");
 }
@@ -108,21 +109,27 @@ QString textOfVersions() {
 
 QString textOfImport() {
     return UsageText::tr(
-        "Usage: corvella import FILE --set NAME --dry-run [OPTION...]\n"
+        "Usage: corvella import FILE --set NAME [OPTION...]\n"
         "\n"
-        "Reads a statement of your bank, a text with commas, semicolons, tabs or bars between its columns; - is\n"
-        "standard input. --dry-run writes its lines as comma-separated text and records nothing: date, amount (money\n"
-        "out is positive), payee, for, category, sure, note. What the statement does not settle is asked in one line "
-        "on\n"
-        "standard error, which names the options that answer; the exit status is then 1. It is 1 also where a line\n"
-        "could not be read.\n"
+        "Records a statement of your bank, a text with commas, semicolons, tabs or bars between its columns; - is\n"
+        "standard input. Lines that are recorded already or were left out before stay out, categories come from what\n"
+        "you have recorded, an earlier version is kept, and the number of transactions is written. All or nothing: "
+        "the\n"
+        "exit status is 1, and nothing is recorded, where the statement leaves something open (one line on standard\n"
+        "error asks, and names the options that answer), where a line cannot be read or has no category, and while a\n"
+        "program has the data file open. The answers are kept by the header of the statement and used the next time.\n"
         "\n"
-        "  --set NAME                    the transaction set for money out\n"
+        "--dry-run writes the lines as comma-separated text and records nothing: date, amount (money out is\n"
+        "positive), payee, for, category, sure (sure or likely), note. Without the data file or the set it works too.\n"
+        "\n"
+        "  --set NAME                    the transaction set for money out, which must be there\n"
         "  --income same|none            money in: into the same set (as without it), or left out\n"
-        "  --income-set NAME             or into a set of its own\n"
-        "  --mapping NAME                a mapping that was kept\n"
-        "  --signed                      of --dry-run: money out has a minus sign\n"
-        "  --skip-unreadable             lines that cannot be read do not matter\n");
+        "  --income-set NAME             or into a set of its own, which must be there\n"
+        "  --category-for-rest NAME      the category of the lines for which none is remembered; made if missing\n"
+        "  --mapping NAME                read as a mapping of that name; otherwise as the header was read before\n"
+        "  --skip-unreadable             lines that cannot be read do not matter\n"
+        "  --dry-run                     show the lines only\n"
+        "  --signed                      of --dry-run: money out has a minus sign\n");
 }
 
 QString optionsOfImport() {

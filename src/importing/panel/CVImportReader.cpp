@@ -1,29 +1,13 @@
 #include "importing/panel/CVImportReader.h"
 
+#include "importing/CVFitsAsLastTime.h"
 #include "importing/CVNotesFile.h"
 #include "importing/CVPrepareImport.h"
 #include "importing/panel/CVReadStatementFile.h"
 #include "importing/statements/CVReadStatement.h"
 
-#include <algorithm>
 #include <tuple>
 #include <utility>
-
-namespace {
-
-auto countUnreadable(const CVStatement& statement) {
-    return std::count_if(statement.lines.begin(), statement.lines.end(),
-                         [](const CVStatementLine& line) { return !line.unreadable.isEmpty(); });
-}
-
-/// Whether a statement that was read as the last one says no less than read without that.
-bool fits(const CVStatement& asLastTime, const CVStatement& statement) {
-    return asLastTime.problem.isEmpty() && asLastTime.questions.empty() &&
-           asLastTime.headerDigest == statement.headerDigest &&
-           countUnreadable(asLastTime) <= countUnreadable(statement);
-}
-
-} // namespace
 
 CVImportReader::CVImportReader(QString dataFile) : mDataFile(std::move(dataFile)) {}
 
@@ -52,7 +36,7 @@ CVStatementFindings CVImportReader::findings(const IsWanted& isWanted) {
     if (!mapping)
         return {std::make_shared<CVStatement>(std::move(read)), {}, false, mNotes};
     CVStatement asLastTime = statement(*mapping, isWanted);
-    if (!fits(asLastTime, read))
+    if (!CVFitsAsLastTime(asLastTime, read))
         return {std::make_shared<CVStatement>(std::move(read)), {}, false, mNotes};
     return {std::make_shared<CVStatement>(std::move(asLastTime)), *mapping, true, mNotes};
 }
