@@ -6,7 +6,9 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
+#include <utility>
 
 namespace {
 
@@ -85,36 +87,65 @@ struct BalancedLine {
     std::size_t row;
     std::optional<qint64> amount;
     std::optional<qint64> balance;
+    std::optional<QBDate> day;
 };
 
-std::vector<BalancedLine> balancedLines(const CVStatementTable& table, const CVAmountRule& rule, std::size_t most) {
+std::vector<BalancedLine> balancedLines(const CVStatementTable& table, const CVAmountRule& rule, std::size_t most,
+                                        const CVDaysOfLines& days) {
     std::vector<BalancedLine> lines;
     for (std::size_t at = 0; at < std::min(most, table.likely.size()); ++at) {
         const CVStatementRow& row = table.rows[table.likely[at]];
         const auto balance = CVReadStatementAmount(CVStatementTable::cell(row, rule.balance), rule.mark);
-        BalancedLine line{table.likely[at], CVAmountOfRow(row, rule).hundredths, std::nullopt};
+        BalancedLine line{table.likely[at], CVAmountOfRow(row, rule).hundredths, std::nullopt, std::nullopt};
         if (balance)
             line.balance = balance->marker != 0 ? balance->marker * std::abs(balance->hundredths) : balance->hundredths;
+        if (at < days.size())
+            line.day = days[at];
         lines.push_back(line);
     }
     return lines;
 }
 
-/// The steps from balance to balance in the order of the lines, each balance being the one after its line.
-CVBalanceAgreement agreementInOrder(const std::vector<BalancedLine>& lines) {
-    CVBalanceAgreement agreement;
-    std::optional<qint64> last;
+/// Which line of the file is the earlier one, and whether a balance is the one after its line.
+struct BalanceOrder {
+    bool isDown;
+    bool isAfter;
+
+    /// Whether the step from one balance to the one below is made by the lines without the upper one.
+    [[nodiscard]] bool isMadeByLower() const { return isDown == isAfter; }
+};
+
+/// The sum of the amounts that stand between two balances.
+std::optional<qint64> sumBetween(const std::vector<BalancedLine>& lines, std::size_t upper, std::size_t lower,
+                                 BalanceOrder order) {
+    const std::size_t skipped = order.isMadeByLower() ? 1 : 0;
     std::optional<qint64> sum = 0;
-    for (const BalancedLine& line : lines) {
-        sum = sum && line.amount ? std::optional(*sum + *line.amount) : std::nullopt;
-        if (!line.balance)
+    for (std::size_t at = upper + skipped; at < lower + skipped; ++at)
+        sum = sum && lines[at].amount ? std::optional(*sum + *lines[at].amount) : std::nullopt;
+    return sum;
+}
+
+bool contradictsDays(const BalancedLine& upper, const BalancedLine& lower, BalanceOrder order) {
+    if (!upper.day || !lower.day)
+        return false;
+    return order.isDown ? lower.day->comesBefore(*upper.day) : upper.day->comesBefore(*lower.day);
+}
+
+CVBalanceAgreement agreementInOrder(const std::vector<BalancedLine>& lines, BalanceOrder order) {
+    CVBalanceAgreement agreement;
+    std::optional<std::size_t> last;
+    for (std::size_t at = 0; at < lines.size(); ++at) {
+        if (!lines[at].balance)
             continue;
+        const auto sum = last ? sumBetween(lines, *last, at, order) : std::nullopt;
+        const qint64 change = last ? *lines[at].balance - *lines[*last].balance : 0;
         // Where nothing moves, any column of equal numbers would agree.
-        const bool isMoved = last && sum && (*sum != 0 || *line.balance != *last);
-        if (isMoved)
-            agreement.steps.push_back({*line.balance - *last == *sum, line.row, *sum});
-        last = line.balance;
-        sum = 0;
+        if (sum && (*sum != 0 || change != 0)) {
+            const bool agrees =
+                change == (order.isDown ? *sum : -*sum) && !contradictsDays(lines[*last], lines[at], order);
+            agreement.steps.push_back({agrees, lines[order.isDown ? at : *last].row, lines[at].row, change});
+        }
+        last = at;
     }
     return agreement;
 }
@@ -141,12 +172,18 @@ int CVBalanceAgreement::countOfAgreeing() const {
     return static_cast<int>(std::count_if(steps.begin(), steps.end(), [](const Step& step) { return step.agrees; }));
 }
 
-CVBalanceAgreement CVCompareWithBalances(const CVStatementTable& table, const CVAmountRule& rule, std::size_t most) {
+CVBalanceAgreement CVCompareWithBalances(const CVStatementTable& table, const CVAmountRule& rule, std::size_t most,
+                                         const CVDaysOfLines& days) {
+    constexpr std::array kOrders{BalanceOrder{true, true}, BalanceOrder{false, true}, BalanceOrder{true, false},
+                                 BalanceOrder{false, false}};
+    CVBalanceAgreement best;
     if (rule.balance < 0)
-        return {};
-    std::vector<BalancedLine> lines = balancedLines(table, rule, most);
-    const CVBalanceAgreement down = agreementInOrder(lines);
-    std::reverse(lines.begin(), lines.end());
-    const CVBalanceAgreement up = agreementInOrder(lines);
-    return up.countOfAgreeing() > down.countOfAgreeing() ? up : down;
+        return best;
+    const std::vector<BalancedLine> lines = balancedLines(table, rule, most, days);
+    for (const BalanceOrder order : kOrders) {
+        CVBalanceAgreement agreement = agreementInOrder(lines, order);
+        if (best.steps.empty() || agreement.countOfAgreeing() > best.countOfAgreeing())
+            best = std::move(agreement);
+    }
+    return best;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/QBDate.h"
 #include "importing/statements/CVStatementRows.h"
 #include "importing/statements/CVStatementTable.h"
 
@@ -44,20 +45,27 @@ struct CVRuledAmount {
 /// Completes the rule with the signs of the columns for money out and for money in.
 void CVFindSignsOfColumns(const CVStatementTable& table, CVAmountRule& rule);
 
+/// The days of the likely rows; empty where they are not known.
+using CVDaysOfLines = std::vector<std::optional<QBDate>>;
+
 /// How the balances of neighbouring lines agree with the amounts between them.
 struct CVBalanceAgreement {
-    /// For each of the steps from one balance to the next: whether the amounts explain it, and the row in which it
-    /// ends.
+    /// For each of the steps from one balance to the one below it in the file.
     struct Step {
+        /// Whether the amounts explain it, and the days do not run the other way.
         bool agrees = false;
+        /// The row in which it ends.
         std::size_t row = 0;
-        qint64 sum = 0;
+        /// The lower row of the file, and its balance less the one above.
+        std::size_t lower = 0;
+        qint64 change = 0;
     };
     std::vector<Step> steps = {};
 
     [[nodiscard]] int countOfAgreeing() const;
 };
-/// Compares the balances with the amounts in the direction, down or up the file, in which more agree. At most the first
-/// `most` lines.
+/// Compares the balances, each before or after its line, with the amounts down or up the file; of these four the one
+/// in which most agree. At most the first `most` lines. Without `days` a balance after each line with the signs turned
+/// round is the same as one before each line read the other way.
 [[nodiscard]] CVBalanceAgreement CVCompareWithBalances(const CVStatementTable& table, const CVAmountRule& rule,
-                                                       std::size_t most);
+                                                       std::size_t most, const CVDaysOfLines& days = {});

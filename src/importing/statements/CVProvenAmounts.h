@@ -20,8 +20,9 @@ struct CVTriedRule {
     CVBalanceAgreement agreement = {};
 };
 
-/// The rule, with its column of balances, that the balances prove; absent when they do not, or prove another one as
-/// well.
-[[nodiscard]] std::optional<CVAmountRule> CVAmountRuleProvenByBalances(const CVStatementTable& table,
-                                                                       const CVStatementColumns& columns,
-                                                                       const std::vector<CVTriedRule>& rules);
+/// The rule, with its column of balances, that the balances prove; none when they do not, or prove another one as well.
+/// Two where only the lines of different days could say which of them is money out, and these do not.
+[[nodiscard]] std::vector<CVAmountRule> CVAmountRulesProvenByBalances(const CVStatementTable& table,
+                                                                      const CVStatementColumns& columns,
+                                                                      const std::vector<CVTriedRule>& rules,
+                                                                      const CVDaysOfLines& days);

@@ -1,6 +1,7 @@
 #include "importing/statements/CVReadStatement.h"
 
 #include "importing/statements/CVAskAboutStatement.h"
+#include "importing/statements/CVProvenAmounts.h"
 #include "importing/statements/CVStatementDay.h"
 #include "importing/statements/CVStatementLines.h"
 #include "importing/statements/CVStatementSummary.h"
@@ -116,7 +117,9 @@ private:
         const CVSettledDays days = settleDays();
         const CVSettledMark mark = settleMark();
         const CVSettledAmounts amounts =
-            CVSettleAmounts(mTable, mColumns, mark.mark, mKnown.positiveIsOut, mKnown.outMarker.value_or(QString()));
+            CVSettleAmounts(mTable, mColumns,
+                            {mark.mark, mKnown.positiveIsOut, mKnown.outMarker.value_or(QString()),
+                             CVDaysOfLikelyRows(mTable, mColumns, days.orders.front(), kCVMostLinesForRules)});
         mRule.amounts = amounts.rules.empty() ? ruleWithoutLines() : amounts.rules.front();
         if (amounts.rules.size() > 1)
             mStatement.questions.push_back(CVAskForAmounts(mTable, amounts, mKnown));

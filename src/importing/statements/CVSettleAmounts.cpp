@@ -210,7 +210,9 @@ Rules signsOfOneColumn(const CVStatementTable& table, const CVStatementColumns& 
         return {withSign(rule, true), rule};
     const bool isMostlyPositive = signs.all() > 3 && 4 * signs.positive >= 3 * signs.all();
     const WordCount words = wordsOf(table, rule);
-    const bool isDoubtful = isMostlyPositive || (isOfCard(table) && signs.positive >= signs.negative);
+    // Most lines of most accounts are money out; a plus sign is written only where both signs mean what they say.
+    const bool isBalanced = signs.all() > 3 && signs.plus == 0 && signs.positive >= signs.negative;
+    const bool isDoubtful = isMostlyPositive || isBalanced || (isOfCard(table) && signs.positive >= signs.negative);
     if (words.contradicting > words.agreeing || (isDoubtful && words.agreeing == 0))
         return {withSign(rule, true), rule};
     return {rule};
@@ -304,28 +306,29 @@ CVSettledAmounts settleOneColumn(const CVStatementTable& table, const CVStatemen
     return settledWith(table, signsOfOneColumn(table, columns, rule), About::Sign);
 }
 
-} // namespace
-
-CVSettledAmounts CVSettleAmounts(const CVStatementTable& table, const CVStatementColumns& columns, QChar mark,
-                                 std::optional<bool> positiveIsOut, const QString& outMarker) {
-    CVAmountRule known;
-    known.mark = mark;
-    known.positiveIsOut = positiveIsOut.value_or(false);
-    known.outMarker = outMarker;
-    std::vector<CVTriedRule> rules;
-    for (const CVAmountRule& rule : PossibleRules(columns, known, positiveIsOut.has_value()).rules())
-        rules.push_back(tried(table, rule));
-    keepCovering(rules);
-    if (rules.empty())
-        return {};
-    if (const auto proven = CVAmountRuleProvenByBalances(table, columns, rules))
-        return {{*proven}};
-    if (columns.areAmountsNamed && !columns.balances.empty()) {
-        for (CVTriedRule& one : rules)
-            one.rule.balance = columns.balances.front();
+/// What the balances prove; a question where the words speak against it, for a balance may also be what is owed.
+CVSettledAmounts settleProven(const CVStatementTable& table, const CVStatementColumns& columns,
+                              const std::vector<CVTriedRule>& rules, const CVAmountRule& proven, bool isSignKnown) {
+    const WordCount words = wordsOf(table, proven);
+    const bool isOfOne = proven.amount >= 0;
+    const bool mayBeOwed = isOfOne && !proven.positiveIsOut && isOfCard(table) && words.agreeing == 0 &&
+                           signsOf(table, proven).positive >= signsOf(table, proven).negative;
+    if (isSignKnown || proven.marker >= 0 || (words.contradicting <= words.agreeing && !mayBeOwed))
+        return {{proven}};
+    if (isOfOne)
+        return settledWith(table, {withSign(proven, true), withSign(proven, false)}, About::Sign);
+    for (const CVTriedRule& one : rules) {
+        if (!columns.areAmountsNamed && one.rule.moneyOut == proven.moneyIn && one.rule.moneyIn == proven.moneyOut)
+            return settledWith(table, {proven, one.rule}, About::MoneyOutColumn);
     }
+    return {{proven}};
+}
+
+/// What the columns say without balances.
+CVSettledAmounts settleByColumns(const CVStatementTable& table, const CVStatementColumns& columns,
+                                 const std::vector<CVTriedRule>& rules, bool isSignKnown, bool positiveIsOut) {
     const auto two = ofTwoColumns(rules);
-    const Rules differing = differingColumns(rules, columns, known.positiveIsOut);
+    const Rules differing = differingColumns(rules, columns, positiveIsOut);
     // Where one column holds what two others hold as well, the one is enough.
     const bool isSame = !differing.empty() && std::any_of(two.begin(), two.end(), [&](const CVTriedRule& one) {
         return one.amounts == tried(table, differing.front()).amounts;
@@ -339,5 +342,34 @@ CVSettledAmounts CVSettleAmounts(const CVStatementTable& table, const CVStatemen
         all.push_back(two.front().rule);
         return settledWith(table, all, About::AmountColumn);
     }
-    return settleOneColumn(table, columns, rules, differing, positiveIsOut.has_value());
+    return settleOneColumn(table, columns, rules, differing, isSignKnown);
+}
+
+} // namespace
+
+CVSettledAmounts CVSettleAmounts(const CVStatementTable& table, const CVStatementColumns& columns,
+                                 const CVAmountClues& clues) {
+    const bool isSignKnown = clues.positiveIsOut.has_value();
+    CVAmountRule known;
+    known.mark = clues.mark;
+    known.positiveIsOut = clues.positiveIsOut.value_or(false);
+    known.outMarker = clues.outMarker;
+    std::vector<CVTriedRule> rules;
+    for (const CVAmountRule& rule : PossibleRules(columns, known, isSignKnown).rules())
+        rules.push_back(tried(table, rule));
+    keepCovering(rules);
+    if (rules.empty())
+        return {};
+    const Rules proven = CVAmountRulesProvenByBalances(table, columns, rules, clues.days);
+    if (proven.size() > 1 && proven.front().amount < 0)
+        return settledWith(table, proven, About::MoneyOutColumn);
+    if (proven.size() > 1 && proven.front().marker < 0)
+        return settledWith(table, signsOfOneColumn(table, columns, withSign(proven.front(), false)), About::Sign);
+    if (proven.size() == 1)
+        return settleProven(table, columns, rules, proven.front(), isSignKnown);
+    if (columns.areAmountsNamed && !columns.balances.empty()) {
+        for (CVTriedRule& one : rules)
+            one.rule.balance = columns.balances.front();
+    }
+    return settleByColumns(table, columns, rules, isSignKnown, known.positiveIsOut);
 }

@@ -19,6 +19,12 @@ struct CVSettledAmounts {
     [[nodiscard]] bool isSettled() const { return rules.size() == 1; }
 };
 
-/// `positiveIsOut` and `outMarker` are what is known already.
+/// What is known before the amounts are settled.
+struct CVAmountClues {
+    QChar mark = u'.';
+    std::optional<bool> positiveIsOut = std::nullopt;
+    QString outMarker = {};
+    CVDaysOfLines days = {};
+};
 [[nodiscard]] CVSettledAmounts CVSettleAmounts(const CVStatementTable& table, const CVStatementColumns& columns,
-                                               QChar mark, std::optional<bool> positiveIsOut, const QString& outMarker);
+                                               const CVAmountClues& clues);

@@ -257,3 +257,25 @@ CVSettledDays CVSettleDays(const CVStatementTable& table, const CVStatementColum
     }
     return settled;
 }
+
+CVDaysOfLines CVDaysOfLikelyRows(const CVStatementTable& table, const CVStatementColumns& columns, CVDayOrder order,
+                                 std::size_t most) {
+    constexpr int kHalfAYear = 6;
+    constexpr int kAnyYear = 2000;
+    CVDaysOfLines days;
+    int year = kAnyYear;
+    int lastMonth = 0;
+    for (std::size_t at = 0; at < std::min(most, table.likely.size()) && !columns.days.empty(); ++at) {
+        const auto fields =
+            CVReadDayOfColumn(CVStatementTable::cell(table.rows[table.likely[at]], columns.days.front()));
+        auto day = fields ? fields->in(order) : std::nullopt;
+        if (day && !fields->hasYear()) {
+            const int onward = lastMonth == 0 ? 0 : day->monthOfYear() - lastMonth;
+            year += onward > kHalfAYear ? -1 : onward < -kHalfAYear ? 1 : 0;
+            lastMonth = day->monthOfYear();
+            day = fields->in(order, year);
+        }
+        days.push_back(day);
+    }
+    return days;
+}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "importing/statements/CVAmountRule.h"
 #include "importing/statements/CVStatementColumns.h"
 #include "importing/statements/CVStatementTable.h"
 
@@ -30,3 +31,7 @@ struct CVSettledDays {
     [[nodiscard]] bool isSettled() const { return orders.size() == 1; }
 };
 [[nodiscard]] CVSettledDays CVSettleDays(const CVStatementTable& table, const CVStatementColumns& columns);
+
+/// The booking days of at most the first `most` likely rows, to compare them: a year that is not there is any.
+[[nodiscard]] CVDaysOfLines CVDaysOfLikelyRows(const CVStatementTable& table, const CVStatementColumns& columns,
+                                               CVDayOrder order, std::size_t most);

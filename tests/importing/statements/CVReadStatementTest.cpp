@@ -119,6 +119,56 @@ TEST(CVReadStatement, ProvesByTheBalanceWhatIsOpen) {
     expectAsked("2024-03-13,Shop,-12.50,87.50\n", About::AmountColumn, 0, "2024/03/13 -1250 Shop");
 }
 
+TEST(CVReadStatement, ProvesASignOnlyByLinesOfDifferentDays) {
+    // The balance before each line, newest line first: with the signs turned round it is the one after each line.
+    expectLines(
+        "Date,Text,Balance,Amount\n2024-03-15,A,85.00,-5.00\n2024-03-14,B,75.00,10.00\n2024-03-13,C,95.00,-20.00\n"
+        "2024-03-12,D,98.00,-3.00\n",
+        "2024/03/15 -500 A\n2024/03/14 1000 B\n2024/03/13 -2000 C\n2024/03/12 -300 D");
+    expectLines("Date,Text,Balance,Amount\n2024-03-15,A,85.00,5.00\n2024-03-14,B,95.00,10.00\n",
+                "2024/03/15 -500 A\n2024/03/14 -1000 B");
+    expectLines("Year;01.01.2024\nDate;Text;Balance;Amount\n02.01.;A;85.00;5.00\n31.12.;B;95.00;10.00\n",
+                "2024/01/02 -500 A\n2023/12/31 -1000 B");
+    // On one day both are possible.
+    expectAsked("Date,Text,Balance,Amount\n2024-03-14,A,85.00,5.00\n2024-03-14,B,95.00,10.00\n", About::Sign, 0,
+                "2024/03/14 -500 A\n2024/03/14 -1000 B");
+    expectAsked("2024-03-14,A,12.50,,87.50\n2024-03-14,B,,3.00,90.50\n", About::MoneyOutColumn, 0,
+                "2024/03/14 -1250 A\n2024/03/14 300 B");
+    // Newest day first, but the lines of a day in the order of the day.
+    expectAsked("Date,Text,Amount,Balance\n2024-03-14,A,5.00,85.00\n2024-03-14,B,10.00,75.00\n2024-03-13,C,5.00,95.00\n"
+                "2024-03-13,D,5.00,90.00\n",
+                About::Sign, 0, "2024/03/14 -500 A\n2024/03/14 -1000 B\n2024/03/13 -500 C\n2024/03/13 -500 D");
+}
+
+TEST(CVReadStatement, ReadsTheBalancesOnBothSidesOfALineInTheOrderOfTheDays) {
+    expectLines(
+        "Date,Text,Balance 1,Amount,Balance 2\n2024-03-13,A,100.00,12.50,87.50\n2024-03-14,B,87.50,3.00,84.50\n",
+        "2024/03/13 -1250 A\n2024/03/14 -300 B");
+    expectLines(
+        "Date,Text,Balance 1,Amount,Balance 2\n2024-03-14,A,100.00,12.50,87.50\n2024-03-13,B,87.50,3.00,84.50\n",
+        "2024/03/14 1250 A\n2024/03/13 300 B");
+    expectAsked(
+        "Date,Text,Balance 1,Amount,Balance 2\n2024-03-14,A,100.00,12.50,87.50\n2024-03-14,B,87.50,3.00,84.50\n",
+        About::Sign, 0, "2024/03/14 -1250 A\n2024/03/14 -300 B");
+}
+
+TEST(CVReadStatement, AsksWhereTheBalanceMayBeWhatIsOwed) {
+    expectAsked("Date,Merchant,Amount,Balance\n2024-03-13,Shop,12.50,112.50\n2024-03-14,Inn,3.00,115.50\n"
+                "2024-03-15,Bank,-100.00,15.50\n",
+                About::Sign, 0, "2024/03/13 -1250 Shop\n2024/03/14 -300 Inn\n2024/03/15 10000 Bank");
+    expectAsked("Date,Text,Amount,Balance\n2024-03-13,Shop,12.50,112.50\n2024-03-14,Purchase,3.00,115.50\n",
+                About::Sign, 0, "2024/03/13 -1250 Shop\n2024/03/14 -300 Purchase");
+    expectAsked("2024-03-13,Purchase,,12.50,112.50\n2024-03-14,Thank you,100.00,,12.50\n", About::MoneyOutColumn, 1,
+                "2024/03/13 -1250 Purchase\n2024/03/14 10000 Thank you");
+}
+
+TEST(CVReadStatement, DoubtsASignThatAsManyLinesHaveAsNot) {
+    expectAsked("Date,Text,Amount\n2024-03-13,A,12.50\n2024-03-14,B,-3.00\n2024-03-15,A,4.00\n2024-03-16,D,-1.00\n",
+                About::Sign, 1, "2024/03/13 1250 A\n2024/03/14 -300 B\n2024/03/15 400 A\n2024/03/16 -100 D");
+    expectLines("Date,Text,Amount\n2024-03-13,A,+12.50\n2024-03-14,B,-3.00\n2024-03-15,A,+4.00\n2024-03-16,D,-1.00\n",
+                "2024/03/13 1250 A\n2024/03/14 -300 B\n2024/03/15 400 A\n2024/03/16 -100 D");
+}
+
 TEST(CVReadStatement, SettlesDayAndMonthByAllDaysTogether) {
     expectLines("Date,Payee,Amount\n01/02/2024,A,-1.00\n13/02/2024,B,-1.00\n", "2024/02/01 -100 A\n2024/02/13 -100 B");
     expectLines("Date,Payee,Amount\n01/02/2024,A,-1.00\n02/13/2024,B,-1.00\n", "2024/01/02 -100 A\n2024/02/13 -100 B");
