@@ -48,10 +48,16 @@ constexpr std::array<HeadingGroup, 20> kHeadingGroups{{
      u"value date|value dt|valuta date|date value|valutadatum|valutadag|valuteringsdatum|valuta datum|valuta dato|"
      u"valdatum|wertstellung|wertstellungsdatum|wertstellungstag|wert|date valeur|date de valeur|date val|"
      u"fecha valor|fecha de valor|f valor|data valuta|data de valor|data valor|rentedatum|rentdatum|"
-     u"valutadato|valuteringsdag|started date|settlement date|effective date|datum verrekening|data waluty|"
+     u"valutadato|valuteringsdag|started date|started|started on|started at|start date|begonnen|date started|"
+     u"authorised|authorized|authorisation date|authorization date|initiated|date initiated|kaufdatum|purchase date|"
+     u"date of purchase|date d achat|fecha de compra|data acquisto|data da compra|aankoopdatum|kopdatum|belegdatum|"
+     u"settlement date|effective date|datum verrekening|data waluty|"
      u"datum valuty|datum valute|ertek nap|erteknap|ertek datuma|arvopaiva|vaartuspaev|data valutei|"
      u"дата валютирования|起息日|起算日|交割日|rentedag"},
     {CVColumnRole::Day, 0,
+     u"posted|posting|posting day|booking day|completed|completed on|completed at|completed day|date booked|"
+     u"booking|finished|gebucht|verbucht|abgeschlossen|comptabilisee|comptabilise|contabilizado|contabilizada|"
+     u"contabilizzata|contabilizzato|bokforing|bogforing|geboekt|zaksiegowano|ksiegowanie|zauctovano|zuctovane|"
      u"posting date|post dt|tran date|txn date|transaction dt|posted date|post date|date posted|posted on|booking "
      u"date|booked date|booked on|"
      u"book date|booked|buchungstag|buchungsdatum|buchung|buchungszeit|verbuchungsdatum|gebucht am|"
@@ -173,7 +179,7 @@ constexpr std::array<HeadingGroup, 20> kHeadingGroups{{
     {CVColumnRole::Amount, 1, u"transaction amount|transaktionsbetrag|total|value|amt|transaction value"},
     {CVColumnRole::Purpose, 0,
      u"beschreibung|beskrivning|forklaring|otsikko|vorgang|bezeichnung|betekenis|descriptif|motif|商品|商品说明|"
-     u"description|purpose|details|detail|memo|note|notes|narrative|narration|particulars|label|libelle|"
+     u"description|purpose|details|detail|memo|note|notes|notiz|notizen|narrative|narration|particulars|label|libelle|"
      u"intitule|nature|verwendungszweck|zweck|buchungstext|umsatztext|betreff|reason|omschrijving|"
      u"omschrijving 1|omschrijving 2|omschrijving 3|mededeling|mededelingen|toelichting|concepto|"
      u"descripcion|detalle|observaciones|glosa|movimiento|causale|descrizione|descrizione operazione|"

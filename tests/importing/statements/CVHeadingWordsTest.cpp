@@ -21,6 +21,9 @@ TEST(CVHeadingWords, SayWhatAColumnHolds) {
                                        {u"dateOp", Day},
                                        {u"Datum za\u00fa\u010dtov\u00e1n\u00ed", Day},
                                        {u"\u53d6\u5f15\u65e5", Day},
+                                       {u"Posted", Day},
+                                       {u"Completed", Day},
+                                       {u"Started", OtherDay},
                                        {u"Wertstellung", OtherDay},
                                        {u"Value date", OtherDay},
                                        {u"Amount", Amount},
@@ -46,6 +49,7 @@ TEST(CVHeadingWords, SayWhatAColumnHolds) {
                                        {u"Transaction Time", Ignored},
                                        {u"TransactionId", BankID},
                                        {u"Verwendungszweck", Purpose},
+                                       {u"Notiz", Purpose},
                                        {u"Kategorie", Category},
                                        {u"Max Mustermann", Guessed},
                                        {u"", Guessed},
@@ -57,6 +61,7 @@ TEST(CVHeadingWords, SayWhatAColumnHolds) {
 
 TEST(CVHeadingWords, PreferTheDayOfBooking) {
     EXPECT_LT(CVHeadingOf("Buchungstag").rank, CVHeadingOf("Datum").rank);
+    EXPECT_LT(CVHeadingOf("Posted").rank, CVHeadingOf("Transaction date").rank);
     EXPECT_LT(CVHeadingOf("Billing amount").rank, CVHeadingOf("Transaction amount").rank);
 }
 
