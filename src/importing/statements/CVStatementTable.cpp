@@ -102,6 +102,22 @@ QStringList withoutEmptyEnd(QStringList cells) {
     return cells;
 }
 
+/// The text above a cell of the second row of a header; one that stands above several columns is written once.
+QString headingAbove(const QStringList& headings, qsizetype column) {
+    while (column > 0 && headings.value(column).isEmpty())
+        --column;
+    return headings.value(column);
+}
+
+/// Whether the second row of a header names a column that the first one leaves open.
+bool fillsGap(const CVStatementTable& table, const CVStatementRow& second) {
+    for (qsizetype column = 1; column < std::min(second.cells.size(), table.headings.size()); ++column) {
+        if (table.headings.at(column).isEmpty() && CVHeadingOf(second.cells.at(column)).role != CVColumnRole::Guessed)
+            return true;
+    }
+    return false;
+}
+
 /// Takes the second row of a header, which names what the first one leaves open.
 void takeSecondHeaderRow(CVStatementTable& table) {
     if (table.first >= table.rows.size())
@@ -109,14 +125,15 @@ void takeSecondHeaderRow(CVStatementTable& table) {
     const CVStatementRow& second = table.rows[table.first];
     const HeadingCount count = headingsOf(second);
     const HeadingCount above = headingsOf({0, table.headings});
-    if (count.useful < 2 || hasDayAndAmount(second) || (above.hasDay && above.hasAmount))
+    if (count.useful < 2 || hasDayAndAmount(second) || (above.hasDay && above.hasAmount && !fillsGap(table, second)))
         return;
+    const QStringList first = table.headings;
     for (int column = 0; column < second.cells.size(); ++column) {
         const QString& cell = second.cells.at(column);
         if (column >= table.headings.size())
             table.headings.append(cell);
         else if (!cell.isEmpty())
-            table.headings[column] = QString(table.headings.at(column) + u' ' + cell).trimmed();
+            table.headings[column] = QString(headingAbove(first, column) + u' ' + cell).trimmed();
     }
     ++table.first;
 }
