@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <set>
 
 namespace {
 
@@ -216,9 +217,8 @@ void keepLikeliest(std::vector<int>& columns, const std::vector<CVHeading>& head
     std::erase_if(columns, [&](int column) { return rankOf(column) > rank; });
 }
 
-/// Takes the numbers without a known heading for the amounts, when no heading names these.
-void guessAmounts(CVStatementColumns& columns, const std::vector<CVHeading>& headings,
-                  const std::vector<ColumnContents>& contents) {
+/// The columns of numbers without a known heading; of amounts where there are any.
+std::vector<int> unnamedAmounts(const std::vector<CVHeading>& headings, const std::vector<ColumnContents>& contents) {
     std::vector<int> plain;
     std::vector<int> numbers;
     for (int column = 0; column < static_cast<int>(contents.size()); ++column) {
@@ -230,9 +230,37 @@ void guessAmounts(CVStatementColumns& columns, const std::vector<CVHeading>& hea
         if (here.isMostly(here.plainlyAmounts))
             plain.push_back(column);
     }
-    columns.amounts = plain.empty() ? numbers : plain;
-    if (columns.balances.empty())
-        columns.balances = columns.amounts;
+    return plain.empty() ? numbers : plain;
+}
+
+/// Whether one of two columns is empty or zero in each line.
+bool completeEachOther(const CVStatementTable& table, int one, int other) {
+    const auto hasAmount = [&table](std::size_t row, int column) {
+        const QString cell = CVStatementTable::cell(table.rows[row], column);
+        return std::any_of(cell.begin(), cell.end(), [](QChar c) { return c.isDigit() && c.digitValue() != 0; });
+    };
+    return std::none_of(table.likely.begin(), table.likely.end(),
+                        [&](std::size_t row) { return hasAmount(row, one) && hasAmount(row, other); });
+}
+
+/// The second of two columns for money in and money out, where the first one was given alone.
+std::vector<int> secondColumns(const CVStatementTable& table, std::vector<int> numbers, int given) {
+    std::erase_if(numbers, [&](int column) { return !completeEachOther(table, given, column); });
+    return numbers;
+}
+
+/// Takes the numbers without a known heading for the amounts, where nothing else names these.
+void guessAmounts(const CVStatementTable& table, CVStatementColumns& columns, const std::vector<CVHeading>& headings,
+                  const std::vector<ColumnContents>& contents) {
+    if (!columns.areAmountsNamed) {
+        columns.amounts = unnamedAmounts(headings, contents);
+        if (columns.balances.empty())
+            columns.balances = columns.amounts;
+    } else if (columns.amounts.empty() && columns.moneyIn.empty()) {
+        columns.moneyIn = secondColumns(table, unnamedAmounts(headings, contents), columns.moneyOut.front());
+    } else if (columns.amounts.empty() && columns.moneyOut.empty()) {
+        columns.moneyOut = secondColumns(table, unnamedAmounts(headings, contents), columns.moneyIn.front());
+    }
 }
 
 /// Puts the days into the order in which they are likely the booking day; the others help to settle their order.
@@ -261,7 +289,7 @@ CVStatementColumns CVGuessColumns(const CVStatementTable& table, const std::vect
     auto headings = headingsInStep(table, contents);
     CVStatementColumns columns;
     columns.roles.assign(contents.size(), CVColumnRole::Ignored);
-    bool isAmountGiven = false;
+    std::set<CVColumnRole> given;
     for (std::size_t column = 0; column < contents.size(); ++column) {
         const bool isKnown = column < known.size() && known[column] != CVColumnRole::Guessed;
         // A given role is likelier than any heading.
@@ -270,26 +298,30 @@ CVStatementColumns CVGuessColumns(const CVStatementTable& table, const std::vect
         const CVColumnRole role = headings[column].role;
         columns.isMarkerGiven = columns.isMarkerGiven || (isKnown && role == CVColumnRole::Marker);
         columns.isFeeGiven = columns.isFeeGiven || (isKnown && role == CVColumnRole::Fee);
-        isAmountGiven = isAmountGiven || (isKnown && (role == CVColumnRole::Amount || role == CVColumnRole::MoneyIn ||
-                                                      role == CVColumnRole::MoneyOut));
+        if (isKnown)
+            given.insert(role);
         if (auto* const list = listOf(columns, role))
             list->push_back(static_cast<int>(column));
         else
             columns.roles[column] = role == CVColumnRole::Guessed ? roleByContents(contents[column]) : role;
     }
     const auto isNoGuess = [&](int column) { return headings[static_cast<std::size_t>(column)].rank < 0; };
-    if (isAmountGiven) {
-        for (auto* const list : {&columns.amounts, &columns.moneyIn, &columns.moneyOut})
-            std::erase_if(*list, std::not_fn(isNoGuess));
-    }
+    const bool isAmountGiven = given.contains(CVColumnRole::Amount);
+    const bool isInGiven = given.contains(CVColumnRole::MoneyIn);
+    const bool isOutGiven = given.contains(CVColumnRole::MoneyOut);
+    if (isAmountGiven || isInGiven || isOutGiven)
+        std::erase_if(columns.amounts, std::not_fn(isNoGuess));
+    if (isAmountGiven || isInGiven)
+        std::erase_if(columns.moneyIn, std::not_fn(isNoGuess));
+    if (isAmountGiven || isOutGiven)
+        std::erase_if(columns.moneyOut, std::not_fn(isNoGuess));
     if (columns.isMarkerGiven)
         std::erase_if(columns.markers, std::not_fn(isNoGuess));
     if (columns.isFeeGiven)
         std::erase_if(columns.fees, std::not_fn(isNoGuess));
     keepLikeliest(columns.amounts, headings);
     columns.areAmountsNamed = !columns.amounts.empty() || !columns.moneyIn.empty() || !columns.moneyOut.empty();
-    if (!columns.areAmountsNamed)
-        guessAmounts(columns, headings, contents);
+    guessAmounts(table, columns, headings, contents);
     for (auto* const list : {&columns.balances, &columns.fees, &columns.markers})
         list->resize(std::min(list->size(), kMostColumnsBesideAmounts));
     chooseDay(columns, headings, contents);
