@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -28,42 +29,52 @@ public:
         }
     }
 
-    void read(const CVStatementRow& row, std::vector<CVStatementLine>& lines) {
+    void read(std::size_t at, std::vector<CVStatementLine>& lines) {
+        const CVStatementRow& row = mTable.rows[at];
         if (row.isBlank() || mTable.repeatsHeader(row)) {
             mMayGoOn = false;
             return;
         }
         const QString dayText = textOf(row, mRule.day);
-        const auto day = dayOf(row);
+        const auto day = dayOfText(dayText);
         const CVRuledAmount amount = CVAmountOfRow(row, mRule.amounts);
         if (!day && !amount.hundredths && amount.isEmpty) {
             goOn(row, lines);
             return;
         }
-        if (isNoLine(row, day.has_value(), amount))
+        if (isNoLine(row, day.has_value(), amount) || isBesideLines(at)) {
+            mMayGoOn = false;
             return;
+        }
         CVStatementLine line = withTexts(row, amount.hundredths.value_or(0) > 0);
         line.day = day;
         line.hundredths = amount.hundredths;
         line.unreadable = faultOf(row, dayText, day, amount);
         lines.push_back(line);
+        mMayBePart.push_back(mMayGoOn && dayText.isEmpty() && line.hundredths);
         mMayGoOn = true;
+    }
+
+    /// Takes out the rows without a day that are the parts of the line above: together they are its amount.
+    void leaveOutParts(std::vector<CVStatementLine>& lines) const {
+        std::vector<CVStatementLine> whole;
+        for (std::size_t at = 0; at < lines.size();) {
+            std::size_t end = at + 1;
+            qint64 sum = 0;
+            for (; end < mMayBePart.size() && mMayBePart[end]; ++end)
+                sum += *lines[end].hundredths;
+            const bool areParts = lines[at].day && end > at + 2 && lines[at].hundredths == sum;
+            const std::size_t kept = areParts ? at + 1 : end;
+            std::move(lines.begin() + static_cast<std::ptrdiff_t>(at),
+                      lines.begin() + static_cast<std::ptrdiff_t>(kept), std::back_inserter(whole));
+            at = end;
+        }
+        lines = std::move(whole);
     }
 
 private:
     [[nodiscard]] static QString textOf(const CVStatementRow& row, int column) {
         return CVStatementTable::cell(row, column);
-    }
-
-    /// The booking day; where that is still empty, another day of the line.
-    std::optional<QBDate> dayOf(const CVStatementRow& row) {
-        const QString text = textOf(row, mRule.day);
-        auto day = dayOfText(text);
-        for (int column = 0; !day && text.isEmpty() && column < static_cast<int>(mRule.roles.size()); ++column) {
-            if (mRule.roles[static_cast<std::size_t>(column)] == CVColumnRole::OtherDay)
-                day = dayOfText(textOf(row, column));
-        }
-        return day;
     }
 
     std::optional<QBDate> dayOfText(const QString& text) {
@@ -120,6 +131,23 @@ private:
         if (amount.isEmpty)
             return hasBalance || !hasText;
         return !hasDay && textOf(row, mRule.day).isEmpty() && (!hasText || row.cells.size() < 2);
+    }
+
+    /// Whether a row without a day, above the first line or below the last, says neither who nor what for: a sum of the
+    /// statement.
+    [[nodiscard]] bool isBesideLines(std::size_t at) const {
+        const bool isAmongLines = !mTable.likely.empty() && at > mTable.likely.front() && at < mTable.likely.back();
+        const CVStatementRow& row = mTable.rows[at];
+        int columns = 0;
+        for (int column = 0; column < static_cast<int>(mRule.roles.size()); ++column) {
+            const CVColumnRole role = mRule.roles[static_cast<std::size_t>(column)];
+            const bool isText =
+                role == CVColumnRole::Payee || role == CVColumnRole::Payer || role == CVColumnRole::Purpose;
+            columns += isText ? 1 : 0;
+            if ((isText || column == mRule.day) && !textOf(row, column).isEmpty())
+                return false;
+        }
+        return !isAmongLines && columns > 0;
     }
 
     [[nodiscard]] QString faultOf(const CVStatementRow& row, const QString& dayText, const std::optional<QBDate>& day,
@@ -222,6 +250,8 @@ private:
     int mYearsOn = 0;
     /// Whether the row above is a line, which may go on.
     bool mMayGoOn = false;
+    /// For each line: whether it has no day, and follows a line at once.
+    std::vector<bool> mMayBePart = {};
 };
 
 /// A row of another table that follows: what its columns say is not known.
@@ -245,11 +275,12 @@ std::vector<CVStatementLine> CVReadStatementLines(const CVStatementTable& table,
     LineReader reader(table, rule);
     for (std::size_t at = table.first; at < table.rows.size(); ++at) {
         if (at < table.end)
-            reader.read(table.rows[at], lines);
+            reader.read(at, lines);
         else
             addForeignRow(table.rows[at], lines);
         if (stop && at % kBetweenQuestions == 0 && stop(static_cast<int>(at * kWhole / table.rows.size())))
             break;
     }
+    reader.leaveOutParts(lines);
     return lines;
 }

@@ -20,7 +20,8 @@ struct CVLineRule {
 };
 
 /// The lines of a table. Rows without a day and an amount are left out, and so are balances and sums; a row with one of
-/// both is a line that cannot be read. A row of text alone goes on with the purpose of the line above. Fewer lines
+/// both is a line that cannot be read. A row of text alone goes on with the purpose of the line above, and rows
+/// without a day that make its amount together are its parts. Fewer lines
 /// where `stop` answers true.
 [[nodiscard]] std::vector<CVStatementLine> CVReadStatementLines(const CVStatementTable& table, const CVLineRule& rule,
                                                                 const CVStopRequested& stop);

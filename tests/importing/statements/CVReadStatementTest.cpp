@@ -69,6 +69,9 @@ TEST(CVReadStatement, FindsHeaderDaysAndAmounts) {
     // A header of two rows.
     expectLines("Account;Movement;Movement\nDate;Debit;Credit\n2024-03-13;12.50;\n2024-03-14;;3.00\n",
                 "2024/03/13 -1250 \n2024/03/14 300 ");
+    expectLines("Data;;Importo;;Causale\ncontabile;valuta;Dare;Avere;\n13.03.2024;14.03.2024;12,50;;A\n"
+                "14.03.2024;14.03.2024;;3,00;B\n",
+                "2024/03/13 -1250 A\n2024/03/14 300 B");
 }
 
 TEST(CVReadStatement, TellsMoneyOutFromMoneyIn) {
@@ -209,9 +212,45 @@ TEST(CVReadStatement, GivesTheReasonOfALineThatCannotBeReadAndStopsNoOther) {
                 "2024/03/13 -100 A\n3! the bank did not carry it out (“DECLINED”)");
 }
 
+TEST(CVReadStatement, TakesNoOtherDayForThatOfTheBooking) {
+    expectLines("Transaction date,Posted,Payee,Amount\n2024-03-12,2024-03-14,A,-1.00\n2024-03-13,,B,-2.00\n",
+                "2024/03/14 -100 A\n3! There is no day.");
+    expectLines("Started,Completed,Text,Amount\n2024-03-12 10:00:00,2024-03-14 11:00:00,A,-1.00\n",
+                "2024/03/14 -100 A");
+}
+
 TEST(CVReadStatement, GoesOnWithAPurposeInTheRowsBelow) {
     expectLines("Date,Description,Amount\n2024-03-13,Card,-12.50\n,Shop in Town,\n2024-03-14,Pay,3.00\n",
                 "2024/03/13 -1250 Card Shop in Town\n2024/03/14 300 Pay");
+}
+
+TEST(CVReadStatement, LeavesOutTheUndatedPartsOfALine) {
+    expectLines(
+        "Date,Payee,Category,Amount\n2024-03-13,A,--,-12.50\n,,Food,-10.00\n,,Pets,-2.50\n2024-03-14,B,,-1.00\n",
+        "2024/03/13 -1250 A\n2024/03/14 -100 B");
+    // Only parts that make the whole are known to be parts.
+    expectLines(
+        "Date,Payee,Category,Amount\n2024-03-13,A,--,-12.50\n,,Food,-10.00\n,,Pets,-2.00\n2024-03-14,B,,-1.00\n",
+        "2024/03/13 -1250 A\n3! There is no day.\n4! There is no day.\n2024/03/14 -100 B");
+    expectLines("Date,Payee,Category,Amount\n2024-03-13,A,--,-12.50\n,A,Food,-12.50\n2024-03-14,B,,-1.00\n",
+                "2024/03/13 -1250 A\n3! There is no day.\n2024/03/14 -100 B");
+}
+
+TEST(CVReadStatement, LeavesOutSumsThatStandBesideTheLines) {
+    expectLines("Card,Date,Payee,Amount\nDue so far,,,640.00 DR\n1234,2024-03-13,A,12.50 DR\n1234,,B,1.00 DR\n"
+                "Least to be paid,,,35.00\n",
+                "2024/03/13 -1250 A\n4! There is no day.");
+}
+
+TEST(CVReadStatement, TakesTheOtherColumnForMoneyInWhereTheOneForMoneyOutIsGiven) {
+    CVStatementMapping known;
+    known.columns = std::vector<CVColumnRole>(4, CVColumnRole::Guessed);
+    known.columns->back() = CVColumnRole::MoneyOut;
+    EXPECT_EQ(linesText(CVReadStatement("2024-03-13,A,12.50,\n2024-03-14,B,,3.00\n", known)),
+              "2024/03/13 1250 A\n2024/03/14 -300 B");
+    // A column that is filled as well is none.
+    EXPECT_EQ(linesText(CVReadStatement("2024-03-13,A,87.50,12.50\n2024-03-14,B,84.50,3.00\n", known)),
+              "2024/03/13 -1250 A\n2024/03/14 -300 B");
 }
 
 TEST(CVReadStatement, RefusesWhatIsNoStatementWithOneSentence) {
