@@ -166,6 +166,20 @@ CVStatementQuestion askForSign(const CVStatementTable& table, const CVSettledAmo
 
 } // namespace
 
+CVStatementQuestion CVAskForDayColumn(const CVStatementTable& table, const CVSettledDayColumn& days,
+                                      const CVStatementMapping& known) {
+    const CVStatementRow& row = table.rows[days.row];
+    CVStatementQuestion question{About::DayColumn, {}, {}};
+    QStringList texts;
+    for (const int column : days.columns) {
+        texts.append(AskText::tr("“%1” in %2").arg(CVStatementTable::cell(row, column), columnInWords(table, column)));
+        question.answers.push_back(
+            {columnInWords(table, column), withColumn(known, column, CVColumnRole::Day), optionOf("date", column)});
+    }
+    question.text = AskText::tr("On which day was line %1 booked: %2?").arg(row.line).arg(joinedByOr(texts));
+    return question;
+}
+
 CVStatementQuestion CVAskForDayOrder(const CVStatementTable& table, const CVSettledDays& days,
                                      const CVStatementMapping& known) {
     CVStatementQuestion question{About::DayOrder, {}, {}};

@@ -5,6 +5,8 @@
 #include "importing/statements/CVStatementQuestion.h"
 
 /// The questions about what a statement does not settle, in its own words. Each answer completes the mapping `known`.
+[[nodiscard]] CVStatementQuestion CVAskForDayColumn(const CVStatementTable& table, const CVSettledDayColumn& days,
+                                                    const CVStatementMapping& known);
 [[nodiscard]] CVStatementQuestion CVAskForDayOrder(const CVStatementTable& table, const CVSettledDays& days,
                                                    const CVStatementMapping& known);
 [[nodiscard]] CVStatementQuestion CVAskForYear(const CVStatementTable& table, const QString& day,

@@ -55,7 +55,7 @@ constexpr std::array<HeadingGroup, 20> kHeadingGroups{{
      u"datum valuty|datum valute|ertek nap|erteknap|ertek datuma|arvopaiva|vaartuspaev|data valutei|"
      u"дата валютирования|起息日|起算日|交割日|rentedag"},
     {CVColumnRole::Day, 0,
-     u"posted|posting|posting day|booking day|completed|completed on|completed at|completed day|date booked|"
+     u"posted|post|posting|posting day|booking day|completed|completed on|completed at|completed day|date booked|"
      u"booking|finished|gebucht|verbucht|abgeschlossen|comptabilisee|comptabilise|contabilizado|contabilizada|"
      u"contabilizzata|contabilizzato|bokforing|bogforing|geboekt|zaksiegowano|ksiegowanie|zauctovano|zuctovane|"
      u"posting date|post dt|tran date|txn date|transaction dt|posted date|post date|date posted|posted on|booking "
@@ -72,7 +72,7 @@ constexpr std::array<HeadingGroup, 20> kHeadingGroups{{
      u"date completed|data inregistrarii|data tranzactiei|дата операции|дата проводки|дата проведения|記帳日|"
      u"记账日期|记账日|交易日期|取引日|お取引日|年月日|거래일|거래일자|거래일시"},
     {CVColumnRole::Day, 1,
-     u"date|datum|data|fecha|dato|paiva|paivamaara|kuupaev|datums|tarih|islem tarihi|dag|transaction date|"
+     u"date|datum|data|fecha|dato|paiva|paivamaara|kuupaev|datums|tarih|islem tarihi|dag|transaction date|trans|tran|"
      u"run date|trans date|trade date|дата|ημερομηνια|ημ νια|日付|日期|利用日|ご利用日|날짜|day|tag|dia|giorno|jour|"
      u"datum provedeni|datum transakce|datum transakcie|datum verrichting|transaktionsdatum|"
      u"transactiedatum|operacios datum|tranzakcio datuma"},

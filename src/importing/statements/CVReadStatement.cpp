@@ -47,6 +47,7 @@ public:
         mColumns = CVGuessColumns(mTable, mKnown.columns.value_or(std::vector<CVColumnRole>()));
         if (QString problem = faultOfTable(); !problem.isEmpty())
             return problemOf(problem);
+        settleDayColumn();
         settle();
         mStatement.lines = CVReadStatementLines(mTable, mRule, inSecondHalf());
         if (mIsStopped)
@@ -137,6 +138,14 @@ private:
         rule.moneyOut = rule.amount < 0 ? first(mColumns.moneyOut) : -1;
         rule.moneyIn = rule.amount < 0 ? first(mColumns.moneyIn) : -1;
         return rule;
+    }
+
+    void settleDayColumn() {
+        const CVSettledDayColumn days = CVSettleDayColumn(mTable, mColumns);
+        if (!days.isSettled())
+            mStatement.questions.push_back(CVAskForDayColumn(mTable, days, mKnown));
+        const auto chosen = std::find(mColumns.days.begin(), mColumns.days.end(), days.columns.front());
+        std::rotate(mColumns.days.begin(), chosen, chosen + 1);
     }
 
     CVSettledDays settleDays() {

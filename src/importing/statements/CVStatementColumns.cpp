@@ -272,6 +272,11 @@ void chooseDay(CVStatementColumns& columns, const std::vector<CVHeading>& headin
             if (columns.roles[static_cast<std::size_t>(column)] == CVColumnRole::OtherDay)
                 columns.days.push_back(column);
         }
+        const bool isUnnamed = std::all_of(columns.days.begin(), columns.days.end(), [&headings](int column) {
+            return headings[static_cast<std::size_t>(column)].role == CVColumnRole::Guessed;
+        });
+        if (isUnnamed && columns.days.size() > 1)
+            columns.unnamedDays = columns.days;
     }
     std::stable_sort(columns.days.begin(), columns.days.end(), [&](int a, int b) {
         const int rankA = headings[static_cast<std::size_t>(a)].rank;

@@ -11,6 +11,8 @@ struct CVStatementColumns {
     std::vector<CVColumnRole> roles = {};
     /// In the order in which they are likely. The first day is the booking day.
     std::vector<int> days = {};
+    /// All of `days`, where there are several and no heading says which is which.
+    std::vector<int> unnamedDays = {};
     std::vector<int> amounts = {};
     std::vector<int> moneyIn = {};
     std::vector<int> moneyOut = {};

@@ -17,6 +17,17 @@ struct CVSettledMark {
 };
 [[nodiscard]] CVSettledMark CVSettleDecimalMark(const CVStatementTable& table, const CVStatementColumns& columns);
 
+/// Which column holds the booking days: of several without a heading the one whose days alone run one way.
+struct CVSettledDayColumn {
+    /// The likeliest first; one where it is settled.
+    std::vector<int> columns = {};
+    /// A row in which they differ.
+    std::size_t row = 0;
+
+    [[nodiscard]] bool isSettled() const { return columns.size() < 2; }
+};
+[[nodiscard]] CVSettledDayColumn CVSettleDayColumn(const CVStatementTable& table, const CVStatementColumns& columns);
+
 /// The order of day, month and year, as all days together tell it.
 struct CVSettledDays {
     /// The likeliest first; one where it is settled.

@@ -219,6 +219,16 @@ TEST(CVReadStatement, TakesNoOtherDayForThatOfTheBooking) {
                 "2024/03/14 -100 A");
 }
 
+TEST(CVReadStatement, AsksWhichDayIsThatOfTheBookingWhereNothingSaysIt) {
+    expectAsked("2024-03-12,2024-03-14,A,-1.00\n2024-03-13,2024-03-14,B,-2.00\n", About::DayColumn, 1,
+                "2024/03/14 -100 A\n2024/03/14 -200 B");
+    // The days of one column alone run one way.
+    expectLines("2024-03-12,2024-03-14,A,-1.00\n2024-03-11,2024-03-15,B,-2.00\n2024-03-13,2024-03-15,C,-3.00\n",
+                "2024/03/14 -100 A\n2024/03/15 -200 B\n2024/03/15 -300 C");
+    // The same days, written otherwise.
+    expectLines("2024-03-12,12.03.2024 10:00,A,-1.00\n", "2024/03/12 -100 A");
+}
+
 TEST(CVReadStatement, GoesOnWithAPurposeInTheRowsBelow) {
     expectLines("Date,Description,Amount\n2024-03-13,Card,-12.50\n,Shop in Town,\n2024-03-14,Pay,3.00\n",
                 "2024/03/13 -1250 Card Shop in Town\n2024/03/14 300 Pay");
