@@ -73,6 +73,8 @@ struct Dialect {
     const Header* header;
     bool hasHeader;
     bool hasBalance;
+    /// The balance before each line in place of the one after it.
+    bool isBalanceBefore;
     bool hasOtherDay;
     bool hasPreamble;
     bool hasTrailer;
@@ -94,6 +96,7 @@ Dialect makeDialect(std::mt19937& chance) {
     dialect.header = &anyOf(chance, kHeaders);
     dialect.hasHeader = !oneIn(chance, 5);
     dialect.hasBalance = oneIn(chance, 2);
+    dialect.isBalanceBefore = oneIn(chance, 5);
     dialect.hasOtherDay = oneIn(chance, 4);
     dialect.hasPreamble = dialect.hasHeader && oneIn(chance, 3);
     dialect.hasTrailer = oneIn(chance, 5);
@@ -275,8 +278,10 @@ RandomStatement makeRandomStatement(std::mt19937& chance) {
     useCardCompany(dialect, statement.lines);
     std::vector<qint64> balances;
     qint64 balance = below(chance, 1'000'000);
-    for (const auto& line : statement.lines)
-        balances.push_back(balance += line.hundredths);
+    for (const auto& line : statement.lines) {
+        balances.push_back(dialect.isBalanceBefore ? balance : balance + line.hundredths);
+        balance += line.hundredths;
+    }
     if (dialect.isDescending) {
         std::reverse(statement.lines.begin(), statement.lines.end());
         std::reverse(balances.begin(), balances.end());
