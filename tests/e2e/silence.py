@@ -8,6 +8,7 @@ import os
 import subprocess
 import sys
 import tempfile
+import time
 
 import session
 
@@ -29,6 +30,8 @@ OUTPUT_WINDOWS = (
     (("ctrl+shift+p",), "Print Preview.*"),
 )
 TABS = ("ctrl+1", "ctrl+2", "ctrl+3")
+ATTEMPTS = 10
+BETWEEN_ATTEMPTS = 0.2
 
 
 def drive(home, executable):
@@ -133,8 +136,13 @@ def shown(title):
 
 def focus(title):
     """Gives the keyboard to that window, as a window manager would."""
-    search = ["xdotool", "search", "--onlyvisible", "--name", "^%s$" % title]
-    subprocess.run(search + ["windowfocus", "--sync"], check=True)
+    search = ["xdotool", "search", "--onlyvisible", "--name", "^%s$" % title, "windowfocus", "--sync"]
+    # A search that meets a window that is just being closed fails as a whole.
+    for _ in range(ATTEMPTS - 1):
+        if subprocess.run(search, stderr=subprocess.DEVNULL).returncode == 0:
+            return
+        time.sleep(BETWEEN_ATTEMPTS)
+    subprocess.run(search, check=True)
 
 
 def check_completion(program):

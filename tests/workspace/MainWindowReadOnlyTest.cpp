@@ -88,6 +88,8 @@ TEST_F(MainWindowReadOnly, TheShortcutsOfWhatIsDisabledDoNothing) {
     press(Qt::Key_Delete);
     press(Qt::Key_Return, Qt::ControlModifier);
     press(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    // With only disabled shortcuts for a key the toolkit waits for a second key, which the next test must not give.
+    press(Qt::Key_Escape);
     EXPECT_TRUE(mAlerts.shown().isEmpty());
     EXPECT_EQ(document().transactions().size(), 1U);
 }
