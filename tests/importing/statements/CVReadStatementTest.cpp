@@ -214,7 +214,7 @@ TEST(CVReadStatement, GivesTheReasonOfALineThatCannotBeReadAndStopsNoOther) {
 
 TEST(CVReadStatement, TakesNoOtherDayForThatOfTheBooking) {
     expectLines("Transaction date,Posted,Payee,Amount\n2024-03-12,2024-03-14,A,-1.00\n2024-03-13,,B,-2.00\n",
-                "2024/03/14 -100 A\n3! There is no day.");
+                "2024/03/14 -100 A\n3! there is no day");
     expectLines("Started,Completed,Text,Amount\n2024-03-12 10:00:00,2024-03-14 11:00:00,A,-1.00\n",
                 "2024/03/14 -100 A");
 }
@@ -241,15 +241,15 @@ TEST(CVReadStatement, LeavesOutTheUndatedPartsOfALine) {
     // Only parts that make the whole are known to be parts.
     expectLines(
         "Date,Payee,Category,Amount\n2024-03-13,A,--,-12.50\n,,Food,-10.00\n,,Pets,-2.00\n2024-03-14,B,,-1.00\n",
-        "2024/03/13 -1250 A\n3! There is no day.\n4! There is no day.\n2024/03/14 -100 B");
+        "2024/03/13 -1250 A\n3! there is no day\n4! there is no day\n2024/03/14 -100 B");
     expectLines("Date,Payee,Category,Amount\n2024-03-13,A,--,-12.50\n,A,Food,-12.50\n2024-03-14,B,,-1.00\n",
-                "2024/03/13 -1250 A\n3! There is no day.\n2024/03/14 -100 B");
+                "2024/03/13 -1250 A\n3! there is no day\n2024/03/14 -100 B");
 }
 
 TEST(CVReadStatement, LeavesOutSumsThatStandBesideTheLines) {
     expectLines("Card,Date,Payee,Amount\nDue so far,,,640.00 DR\n1234,2024-03-13,A,12.50 DR\n1234,,B,1.00 DR\n"
                 "Least to be paid,,,35.00\n",
-                "2024/03/13 -1250 A\n4! There is no day.");
+                "2024/03/13 -1250 A\n4! there is no day");
 }
 
 TEST(CVReadStatement, TakesTheOtherColumnForMoneyInWhereTheOneForMoneyOutIsGiven) {
