@@ -30,12 +30,12 @@ struct ImportCommandText {
 
 using Income = CVImportRequest::Income;
 
-constexpr int kFailed = 1;
+constexpr int kNotImported = 1;
 constexpr qsizetype kMostNumbers = 10;
 
 int endWith(QTextStream& errors, const QString& message) {
     CVWriteErrorLine(errors, message);
-    return kFailed;
+    return kNotImported;
 }
 
 QString pathOfStatement(const CVImportRequest& request) {
@@ -172,11 +172,11 @@ int ImportRun::dryRun() {
     CVReadOnlyBudget budget;
     const auto named = CVNamedDataFile::find(mRequest.dataFile, CVStandardFolders::ofUser(), budget.userDefaults());
     if (!readBytes() || (!named.isMissing && !budget.readAndSort(mRequest.dataFile, mErrors)))
-        return kFailed;
+        return kNotImported;
     if (!named.isMissing)
         mDataFile = named.path;
     if (!readStatement() || !findSets(budget.document()))
-        return kFailed;
+        return kNotImported;
     prepare(budget.document());
     const QString text = CVDryRunText(mLines, mStatement, mRequest);
     const QStringList spared = budget.dataFiles() + QStringList{pathOfStatement(mRequest)};
@@ -239,7 +239,7 @@ int ImportRun::import() {
         return endWith(mErrors, ImportCommandText::tr("the statement is the data file"));
     CVBudgetToChange budget;
     if (!readBytes() || !budget.open(mDataFile, mErrors) || !readStatement() || !findSets(budget.document()))
-        return kFailed;
+        return kNotImported;
     prepare(budget.document());
     if (const QString why = whyNotRecorded(); !why.isEmpty())
         return endWith(mErrors, why);
@@ -250,7 +250,7 @@ int ImportRun::import() {
     if (!imported.problem.isEmpty())
         return endWith(mErrors, imported.problem);
     if (!budget.waitUntilSaved(mErrors))
-        return kFailed;
+        return kNotImported;
     learn(budget.document(), imported);
     return writeCount(imported.entries.size(), spared);
 }

@@ -67,7 +67,7 @@ bool readColumns(const QJsonValue& value, CVStatementMapping& mapping) {
     if (value.isUndefined())
         return true;
     std::vector<CVColumnRole> roles;
-    for (const QJsonValue& name : value.toArray()) {
+    for (const auto& name : value.toArray()) {
         const auto role = valueOfName(kRoleNames, name.toString());
         if (!role)
             return false;

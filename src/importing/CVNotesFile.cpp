@@ -87,9 +87,10 @@ auto CVNotesFile::write(const CVImportNotes& notes, const QDateTime& now) const 
 }
 
 CVFileResult CVNotesFile::writeBytes(const QByteArray& bytes) const {
-    return CVReplaceFile(
+    CVReplaceResult replacing = CVReplaceFile(
         mPath, [&bytes](QIODevice& output) { return output.write(bytes) == bytes.size(); },
         CVFileAccess::of(mDataFile));
+    return {std::move(replacing.error)};
 }
 
 CVFileResult CVNotesFile::moveTo(const CVNotesFile& other, const QDateTime& now) const {
@@ -107,7 +108,7 @@ CVFileResult CVNotesFile::moveTo(const CVNotesFile& other, const QDateTime& now)
     }
     if (!content)
         return {};
-    const CVFileResult writing = other.writeBytes(*content);
+    CVFileResult writing = other.writeBytes(*content);
     if (!writing.ok())
         return writing;
     QFile file(mPath);

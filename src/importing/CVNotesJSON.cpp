@@ -34,7 +34,7 @@ const QString kNotedNameKey = QStringLiteral("name");
 const QString kMappingKey = QStringLiteral("mapping");
 
 struct IncomeName {
-    Income income;
+    Income income{};
     QLatin1StringView name;
 };
 
@@ -101,7 +101,7 @@ void readMappings(const QJsonObject& root, Contents& contents) {
 }
 
 void readPayees(const QJsonObject& root, Contents& contents) {
-    for (const QJsonValue& payee : root[kLeftOutKey].toArray())
+    for (const auto& payee : root[kLeftOutKey].toArray())
         contents.leftOut.insert(payee.toString());
     const QJsonObject payees = root[kPayeesKey].toObject();
     for (auto each = payees.begin(); each != payees.end(); ++each)
@@ -111,7 +111,7 @@ void readPayees(const QJsonObject& root, Contents& contents) {
 void readNumbers(const QJsonObject& root, Contents& contents) {
     const QJsonObject accounts = root[kNumbersKey].toObject();
     for (auto account = accounts.begin(); account != accounts.end(); ++account) {
-        for (const QJsonValue& number : account.value().toArray())
+        for (const auto& number : account.value().toArray())
             contents.numbers[account.key()].insert(number.toString().toLatin1());
     }
 }

@@ -33,7 +33,7 @@ struct WordOfPayee {
 QLatin1StringView plainLetters(char16_t letter) {
     constexpr char16_t kFirstBeyondASCII = 0x80;
     struct Row {
-        char16_t letter;
+        char16_t letter = 0;
         QLatin1StringView plain;
     };
     static constexpr std::array kRows{

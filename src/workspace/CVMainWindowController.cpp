@@ -141,7 +141,7 @@ void CVMainWindowController::setCanTakeBackImport(bool can) {
     updateCommands();
 }
 
-void CVMainWindowController::remarkCategory(int count, const QString& name) {
+void CVMainWindowController::remarkCategory(int count, const QString& name) const {
     saveStatus().remark(count == 1 ? tr("1 transaction now has the category “%1”").arg(name)
                                    : tr("%2 transactions now have the category “%1”", nullptr, count)
                                          .arg(name, QBLocaleInForce().toString(count)));

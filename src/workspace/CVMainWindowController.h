@@ -73,7 +73,7 @@ public:
     /// Says in the status line which categories were merged, and leads to the earlier versions where they are kept.
     void remarkMerge(const QString& from, const QString& into);
     /// Says in the status line how many transactions got a category.
-    void remarkCategory(int count, const QString& name);
+    void remarkCategory(int count, const QString& name) const;
     /// Shows the list and selects the transactions that were probably entered twice.
     void detectDuplicates();
     /// Writes the listed transactions to a file that the user chooses.

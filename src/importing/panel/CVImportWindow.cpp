@@ -311,7 +311,7 @@ QString CVImportWindow::obstacle() const {
     if (!mStatement->questions.empty())
         return mStatement->questions.size() == 1 ? tr("Answer the question above first.")
                                                  : tr("Answer the questions above first.");
-    if (const QString problem = mTargets->problem(); !problem.isEmpty())
+    if (QString problem = mTargets->problem(); !problem.isEmpty())
         return problem;
     if (mLines->lines().count(CVImportRows::Kind::ToImport) == 0)
         return tr("No line is checked.");

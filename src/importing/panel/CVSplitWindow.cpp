@@ -13,11 +13,12 @@
 #include <QLineEdit>
 
 #include <algorithm>
+#include <utility>
 
-CVSplitWindow::CVSplitWindow(const CVImportLine& line, const QStringList& categories, QWidget* parent)
+CVSplitWindow::CVSplitWindow(const CVImportLine& line, QStringList categories, QWidget* parent)
     : QDialog(parent)
     , mWhole(line.hundredths)
-    , mCategories(categories)
+    , mCategories(std::move(categories))
     , mLines(new QVBoxLayout)
     , mSplit(new CVCompactButton(tr("&Split"), this)) {
     setWindowTitle(tr("Split Among Categories"));

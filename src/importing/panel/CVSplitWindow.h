@@ -17,7 +17,7 @@ class CVSplitWindow final : public QDialog {
     Q_OBJECT
 
 public:
-    CVSplitWindow(const CVImportLine& line, const QStringList& categories, QWidget* parent);
+    CVSplitWindow(const CVImportLine& line, QStringList categories, QWidget* parent);
     ~CVSplitWindow() override;
 
     /// At least two, once the user has agreed.

@@ -133,7 +133,7 @@ QString CVTargetPane::nameOfIncomeSet() const {
 
 QString CVTargetPane::problem() const {
     for (const Side& side : {mOut, mIn}) {
-        if (const QString problem = problemOf(side); !problem.isEmpty())
+        if (QString problem = problemOf(side); !problem.isEmpty())
             return problem;
     }
     const bool isSameSet = choice(mOut) == choice(mIn) && choice(mOut) != NewSet;

@@ -23,9 +23,9 @@ std::vector<int> orNone(const std::vector<int>& columns) {
 /// All that the columns allow: without a column for the balance.
 class PossibleRules {
 public:
-    PossibleRules(const CVStatementColumns& columns, const CVAmountRule& known, bool isSignKnown)
+    PossibleRules(const CVStatementColumns& columns, CVAmountRule known, bool isSignKnown)
         : mColumns(columns)
-        , mKnown(known)
+        , mKnown(std::move(known))
         , mIsSignKnown(isSignKnown) {}
 
     Rules rules() {

@@ -118,7 +118,7 @@ std::optional<AmountParts> partsOf(QStringView text) {
         text = withoutOuterBlanks(text.sliced(1).chopped(1));
         ++parts.minuses;
     }
-    const auto first = std::find_if(text.begin(), text.end(), isDigit);
+    const auto* const first = std::find_if(text.begin(), text.end(), isDigit);
     if (first == text.end())
         return std::nullopt;
     auto begin = first - text.begin();

@@ -152,7 +152,7 @@ private:
 
     [[nodiscard]] QString faultOf(const CVStatementRow& row, const QString& dayText, const std::optional<QBDate>& day,
                                   const CVRuledAmount& amount) const {
-        if (const QString cells = faultOfCells(row); !cells.isEmpty())
+        if (QString cells = faultOfCells(row); !cells.isEmpty())
             return cells;
         for (const int column : mStatusColumns) {
             if (CVNamesFailure(textOf(row, column)))

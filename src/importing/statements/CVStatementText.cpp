@@ -158,7 +158,7 @@ QByteArray encodingOf(QByteArrayView& bytes, const std::optional<QByteArray>& ch
     }
     if (chosen)
         return *chosen;
-    if (const QByteArray wide = encodingByNuls(bytes); !wide.isEmpty())
+    if (QByteArray wide = encodingByNuls(bytes); !wide.isEmpty())
         return wide;
     return decoded(bytes, kUtf8) ? QByteArray(kUtf8) : encodingByHeadings(bytes);
 }

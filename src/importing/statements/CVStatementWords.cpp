@@ -226,6 +226,7 @@ QSet<QString> setOfWords(const Words& words) {
 template <typename Words>
 std::vector<QString> paddedWords(const Words& words) {
     std::vector<QString> padded;
+    padded.reserve(std::size(words));
     for (const auto* const word : words)
         padded.push_back(u' ' + QString::fromUtf16(word) + u' ');
     return padded;
