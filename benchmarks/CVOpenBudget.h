@@ -45,6 +45,9 @@ private:
         std::optional<QString> chooseFolder(QWidget& /*window*/, const CVFolderPanelRequest& /*request*/) override {
             return std::nullopt;
         }
+        std::optional<QString> chooseFile(QWidget& /*window*/, const CVOpenPanelRequest& /*request*/) override {
+            return std::nullopt;
+        }
     };
 
     [[nodiscard]] QMainWindow& window();

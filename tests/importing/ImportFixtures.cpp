@@ -5,7 +5,7 @@
 QByteArray textButForLastID(CVDocument& document) {
     const quint32 last = document.uniqueID();
     document.setUniqueID(0);
-    const QByteArray text = CVDocumentXMLRepresentation(document).joined();
+    QByteArray text = CVDocumentXMLRepresentation(document).joined();
     document.setUniqueID(last);
     return text;
 }

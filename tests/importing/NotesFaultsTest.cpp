@@ -34,7 +34,7 @@ public:
         const CVNotesFile other(mOtherFile);
         FaultyCalls::arm(mHome.path(), std::move(faults));
         mResult = deed == Deed::Move ? file.moveTo(other, kNowOfFaults)
-                                     : CVFileResult(file.write(notesOf("new"), kNowOfFaults));
+                                     : CVFileResult{file.write(notesOf("new"), kNowOfFaults).error};
         mRecord = FaultyCalls::disarm();
     }
 

@@ -124,7 +124,7 @@ QString plainAmount(qint64 hundredths, const Dialect& dialect) {
 
 /// An amount with its sign in the style of the dialect.
 QString signedAmount(qint64 hundredths, const Dialect& dialect) {
-    const QString plain = plainAmount(hundredths, dialect);
+    QString plain = plainAmount(hundredths, dialect);
     const bool isOut = hundredths < 0;
     switch (dialect.signs) {
     case SignStyle::MinusBehind:
