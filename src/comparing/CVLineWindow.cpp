@@ -87,13 +87,7 @@ QHBoxLayout& CVLineWindow::addButtonRow() {
 }
 
 QPushButton& CVLineWindow::addButton(QHBoxLayout& row, const QString& text, const char* name) {
-    auto* const button = new CVCompactButton(text, this);
-    button->setObjectName(QLatin1String(name));
-    setTextOfButton(*button, text);
-    // Return belongs to the tables.
-    button->setAutoDefault(false);
-    row.addWidget(button);
-    return *button;
+    return CVCompactButton::addTo(row, text, name, *this);
 }
 
 QString CVLineWindow::counted(qsizetype count) {

@@ -33,12 +33,7 @@ QModelIndex boxOf(const QModelIndex& index, const QEvent& event) {
 void CVEditorCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const {
     CVCellDelegate::paint(painter, option, index);
-    const QVariant state = index.data(Qt::CheckStateRole);
-    if (!state.isValid())
-        return;
-    QStyleOptionViewItem box = option;
-    box.state.setFlag(QStyle::State_Enabled, canToggle(index));
-    CVCheckCell::paint(*painter, box, state.toInt() == Qt::Checked);
+    CVCheckCell::paint(*painter, option, index);
 }
 
 QWidget* CVEditorCellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,

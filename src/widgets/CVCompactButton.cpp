@@ -1,7 +1,18 @@
 #include "widgets/CVCompactButton.h"
 
+#include <QBoxLayout>
+
 CVCompactButton::CVCompactButton(const QString& text, QWidget* parent) : QPushButton(text, parent) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+}
+
+QPushButton& CVCompactButton::addTo(QBoxLayout& row, const QString& text, const char* name, QWidget& window) {
+    auto* const button = new CVCompactButton(text, &window);
+    button->setObjectName(QLatin1String(name));
+    button->setAccessibleName(QString(text).remove(u'&'));
+    button->setAutoDefault(false);
+    row.addWidget(button);
+    return *button;
 }
 
 QSize CVCompactButton::minimumSizeHint() const {

@@ -18,15 +18,6 @@ namespace {
 /// Copies of synchronizers and the window with another file's changes, in the real program.
 class ConflictCopiesInApp : public ShellFixture {
 protected:
-    void startWithBudget() {
-        start();
-        record(12, "Market", "Food");
-        saved();
-    }
-    void saved() const {
-        EXPECT_TRUE(mDelegate->saves().waitForFinished().saved);
-        QCoreApplication::processEvents();
-    }
     [[nodiscard]] QString dataFile() const { return *defaults().stringForKey(CVDefaultsKeys::kDataFileLocation); }
     /// A file beside the data file that holds the budget and one line more.
     QString writeCopy(const QString& middle, const QByteArray& payTo) const {

@@ -24,11 +24,6 @@ protected:
         CVSetVersionLimit(defaults(), 1024);
     }
 
-    void saved() const {
-        EXPECT_TRUE(mDelegate->saves().waitForFinished().saved);
-        QCoreApplication::processEvents();
-    }
-
     void removeAll() const {
         auto& table = *window().findChild<CVTableView*>("mTransactionTable");
         table.selectAll();

@@ -25,15 +25,6 @@ constexpr const char* kStatement = "Date,Description,Amount\n"
 /// Statements in the real program.
 class ImportInApp : public ShellFixture {
 protected:
-    void startWithBudget() {
-        start();
-        record(12, "Market", "Food");
-        saved();
-    }
-    void saved() const {
-        EXPECT_TRUE(mDelegate->saves().waitForFinished().saved);
-        QCoreApplication::processEvents();
-    }
     [[nodiscard]] QString write(const QByteArray& bytes = kStatement) const {
         QFile file(mHome.path("statement.csv"));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));

@@ -87,6 +87,19 @@ protected:
         mDelegate->mainWindow()->getStarted();
     }
 
+    /// Waits for the last save, and until the window knows of it.
+    void saved() const {
+        EXPECT_TRUE(mDelegate->saves().waitForFinished().saved);
+        QCoreApplication::processEvents();
+    }
+
+    /// A budget with one transaction that is in the file.
+    void startWithBudget() {
+        start();
+        record(12, "Market", "Food");
+        saved();
+    }
+
     FixedToday mToday{day(2014, 3, 7)};
     ScratchHome mHome;
     ScriptedAlerts mAlerts;

@@ -62,12 +62,7 @@ bool isSame(const QVariant& value, const QVariant& before) {
 void CVImportLineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const {
     CVCellDelegate::paint(painter, option, index);
-    const QVariant state = index.data(Qt::CheckStateRole);
-    if (!state.isValid())
-        return;
-    QStyleOptionViewItem box = option;
-    box.state.setFlag(QStyle::State_Enabled, index.flags().testFlag(Qt::ItemIsUserCheckable));
-    CVCheckCell::paint(*painter, box, state.toInt() == Qt::Checked);
+    CVCheckCell::paint(*painter, option, index);
 }
 
 QWidget* CVImportLineDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,

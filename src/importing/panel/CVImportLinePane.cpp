@@ -104,7 +104,7 @@ void CVImportLinePane::addOffer(QBoxLayout& line) {
     row->setContentsMargins(0, 0, 0, 0);
     mOfferText->setObjectName(QStringLiteral("mOfferText"));
     row->addWidget(mOfferText);
-    mOfferButton = &addButton(*row, {}, "mOfferButton");
+    mOfferButton = &CVCompactButton::addTo(*row, {}, "mOfferButton", *this);
     connect(mOfferButton, &QPushButton::clicked, this, &CVImportLinePane::giveToOthers);
     line.addWidget(mOffer);
 }
@@ -115,7 +115,7 @@ void CVImportLinePane::addCounts(QBoxLayout& contents) {
     row->addWidget(mCounts, 1);
     // In a line that is there already, so that nothing moves when it comes and goes.
     addOffer(*row);
-    mSplit = &addButton(*row, {}, "mSplitButton");
+    mSplit = &CVCompactButton::addTo(*row, {}, "mSplitButton", *this);
     connect(mSplit, &QPushButton::clicked, this, &CVImportLinePane::splitOrJoin);
     connect(mCounts, &CVImportCountPane::kindChosen, mModel, &CVImportLineModel::setKind);
     contents.addLayout(row);
@@ -133,21 +133,11 @@ void CVImportLinePane::addGive(QBoxLayout& contents) {
     CVSetAccessibleName(*mGiveCategory, tr("Category for All Without One"));
     row->addWidget(label);
     row->addWidget(mGiveCategory);
-    QPushButton& give = addButton(*row, tr("Gi&ve"), "mGiveButton");
+    QPushButton& give = CVCompactButton::addTo(*row, tr("Gi&ve"), "mGiveButton", *this);
     row->addStretch();
     connect(&give, &QPushButton::clicked, this, &CVImportLinePane::giveToAllWithout);
     connect(mGiveCategory->lineEdit(), &QLineEdit::returnPressed, this, &CVImportLinePane::giveToAllWithout);
     contents.addWidget(mGive);
-}
-
-QPushButton& CVImportLinePane::addButton(QBoxLayout& row, const QString& text, const char* name) {
-    auto* const button = new CVCompactButton(text, this);
-    button->setObjectName(QLatin1String(name));
-    button->setAccessibleName(QString(text).remove('&'));
-    // Return belongs to the table.
-    button->setAutoDefault(false);
-    row.addWidget(button);
-    return *button;
 }
 
 void CVImportLinePane::take(CVImportLines lines, const CVImportTargets& targets, CVImportRows::PayeeKeys keys) {

@@ -55,7 +55,6 @@ private:
     void addOffer(QBoxLayout& line);
     void addCounts(QBoxLayout& contents);
     void addGive(QBoxLayout& contents);
-    QPushButton& addButton(QBoxLayout& row, const QString& text, const char* name);
 
     void showState();
     void showMessage();

@@ -88,9 +88,9 @@ void CVImportWindow::addHeadline(QBoxLayout& contents) {
     mRemark->hide();
     auto* const row = new QHBoxLayout;
     row->addWidget(mSummary, 1);
-    mAnother = &addButton(*row, tr("Choose &Another File…"), "mAnotherButton");
+    mAnother = &CVCompactButton::addTo(*row, tr("Choose &Another File…"), "mAnotherButton", *this);
     mAnother->hide();
-    mColumns = &addButton(*row, tr("Colu&mns…"), "mColumnsButton");
+    mColumns = &CVCompactButton::addTo(*row, tr("Colu&mns…"), "mColumnsButton", *this);
     mColumns->setCheckable(true);
     mColumns->setEnabled(false);
     contents.addLayout(row);
@@ -117,7 +117,7 @@ void CVImportWindow::addLines(QBoxLayout& contents) {
 void CVImportWindow::addButtons(QBoxLayout& window, CVHelpOpener* help) {
     auto* const row = new QHBoxLayout;
     if (help) {
-        QPushButton& button = addButton(*row, tr("&Help"), "mHelpButton");
+        QPushButton& button = CVCompactButton::addTo(*row, tr("&Help"), "mHelpButton", *this);
         connect(&button, &QPushButton::clicked, this,
                 [this, help] { help->showHelpPage(QStringLiteral("Import.html"), *this); });
         auto* const key = new QShortcut(QKeySequence::HelpContents, this);
@@ -133,8 +133,8 @@ void CVImportWindow::addButtons(QBoxLayout& window, CVHelpOpener* help) {
     mProgress->hide();
     row->addWidget(mObstacle, 1);
     row->addWidget(mProgress);
-    QPushButton& cancel = addButton(*row, tr("Cancel"), "mCancelButton");
-    mImport = &addButton(*row, tr("&Import"), "mImportButton");
+    QPushButton& cancel = CVCompactButton::addTo(*row, tr("Cancel"), "mCancelButton", *this);
+    mImport = &CVCompactButton::addTo(*row, tr("&Import"), "mImportButton", *this);
     connect(&cancel, &QPushButton::clicked, this, &CVImportWindow::reject);
     connect(mImport, &QPushButton::clicked, this, &CVImportWindow::importLines);
     for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
@@ -144,16 +144,6 @@ void CVImportWindow::addButtons(QBoxLayout& window, CVHelpOpener* help) {
     auto* const close = new QShortcut(QKeySequence::Close, this);
     connect(close, &QShortcut::activated, this, &CVImportWindow::reject);
     window.addLayout(row);
-}
-
-QPushButton& CVImportWindow::addButton(QBoxLayout& row, const QString& text, const char* name) {
-    auto* const button = new CVCompactButton(text, this);
-    button->setObjectName(QLatin1String(name));
-    button->setAccessibleName(QString(text).remove('&'));
-    // Return belongs to the table.
-    button->setAutoDefault(false);
-    row.addWidget(button);
-    return *button;
 }
 
 void CVImportWindow::read(const Source& source) {

@@ -65,7 +65,6 @@ private:
     void addHeadline(QBoxLayout& contents);
     void addLines(QBoxLayout& contents);
     void addButtons(QBoxLayout& window, CVHelpOpener* help);
-    QPushButton& addButton(QBoxLayout& row, const QString& text, const char* name);
 
     void readAs(const CVStatementMapping& known);
     void takeStatement(const CVStatementFindings& findings);

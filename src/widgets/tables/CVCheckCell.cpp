@@ -2,6 +2,7 @@
 
 #include "widgets/tables/CVCellStyle.h"
 
+#include <QModelIndex>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyleOptionViewItem>
@@ -33,6 +34,15 @@ void CVCheckCell::paint(QPainter& painter, const QStyleOptionViewItem& option, b
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(box.rect.adjusted(0, 0, -1, -1));
     painter.restore();
+}
+
+void CVCheckCell::paint(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& cell) {
+    const QVariant state = cell.data(Qt::CheckStateRole);
+    if (!state.isValid())
+        return;
+    QStyleOptionViewItem box = option;
+    box.state.setFlag(QStyle::State_Enabled, cell.flags().testFlag(Qt::ItemIsUserCheckable));
+    paint(painter, box, state.toInt() == Qt::Checked);
 }
 
 bool CVCheckCell::isToggle(const QEvent& event) {

@@ -1,6 +1,7 @@
 #pragma once
 
 class QEvent;
+class QModelIndex;
 class QPainter;
 class QStyleOptionViewItem;
 
@@ -10,6 +11,9 @@ namespace CVCheckCell {
 
 /// Paints the box with the rectangle, palette and state of `option`; a disabled cell is greyed.
 void paint(QPainter& painter, const QStyleOptionViewItem& option, bool checked);
+
+/// Paints the box of that cell, if it has one; a box that cannot be changed is greyed.
+void paint(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& cell);
 
 /// Whether an event on the cell toggles its box: a plain click anywhere in the cell, each click of a double click, or
 /// Space.
