@@ -1,6 +1,6 @@
 #include "StatementProperty.h"
 
-#include "importing/statements/CVReadStatement.h"
+#include "importing/CVReadStatement.h"
 
 namespace {
 

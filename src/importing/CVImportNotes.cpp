@@ -95,6 +95,7 @@ void CVImportNotes::noteMapping(const QByteArray& headerDigest, const QString& n
         return;
     NotedMapping noted{name, mapping};
     noted.mapping.year.reset();
+    noted.mapping.account.reset();
     mContents.mappings.insert(headerDigest, noted);
 }
 

@@ -58,7 +58,8 @@ public:
                                                          const QByteArray& headerDigest) const;
     void noteTargets(const CVDocument& document, const QByteArray& headerDigest, const CVImportTargets& targets);
 
-    /// Absent when no statement with that header was imported. The year of days without one is never remembered.
+    /// Absent when no statement with that header was imported. The year of days
+    /// without one is never remembered, nor is the account.
     [[nodiscard]] std::optional<CVStatementMapping> mapping(const QByteArray& headerDigest) const;
     /// Does nothing for a statement without a header.
     void noteMapping(const QByteArray& headerDigest, const QString& name, const CVStatementMapping& mapping);

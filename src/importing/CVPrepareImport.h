@@ -3,8 +3,8 @@
 #include "importing/CVImportLine.h"
 #include "importing/CVImportNotes.h"
 #include "importing/CVImportTargets.h"
+#include "importing/CVReadStatement.h"
 #include "importing/CVRecordedLines.h"
-#include "importing/statements/CVReadStatement.h"
 
 #include <memory>
 #include <vector>

@@ -3,8 +3,8 @@
 #include "importing/CVFitsAsLastTime.h"
 #include "importing/CVNotesFile.h"
 #include "importing/CVPrepareImport.h"
+#include "importing/CVReadStatement.h"
 #include "importing/panel/CVReadStatementFile.h"
-#include "importing/statements/CVReadStatement.h"
 
 #include <tuple>
 #include <utility>

@@ -1,7 +1,7 @@
 #include "importing/panel/CVReadStatementFile.h"
 
 #include "format/QBLocale.h"
-#include "importing/statements/CVReadStatement.h"
+#include "importing/CVReadStatement.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -12,6 +12,13 @@
 
 /// What is read of a file that a bank hands out.
 struct CVStatement {
+    /// A statement of which nothing can be read.
+    [[nodiscard]] static CVStatement ofProblem(const QString& problem) {
+        CVStatement statement;
+        statement.problem = problem;
+        return statement;
+    }
+
     /// Why nothing can be read, one sentence; empty otherwise.
     QString problem = {};
     /// Complete where there is neither a problem nor a question.
@@ -22,10 +29,11 @@ struct CVStatement {
     std::vector<CVStatementLine> lines = {};
     /// Of the header; empty without one.
     QStringList headings = {};
-    /// One line: "Semicolons, Windows-1252, 148 lines, 12 March to 9 April"
+    /// What was recognized, one line: "Semicolons, Windows-1252, 148 lines, 12 March to 9 April"
     QString summary = {};
     /// What the balance column says against the sums; empty when they agree or there is none.
     QString balanceRemark = {};
-    /// By which a mapping is remembered; empty without a header.
+    /// By which a mapping and where the lines went are remembered: of the header, or of the account. Empty without
+    /// both.
     QByteArray headerDigest = {};
 };

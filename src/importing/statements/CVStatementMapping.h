@@ -53,6 +53,9 @@ struct CVStatementMapping {
     std::optional<bool> positiveIsOut = std::nullopt;
     /// A word of the marker's column that means money out, where it is none of the usual ones.
     std::optional<QString> outMarker = std::nullopt;
+    /// Of a file with several accounts the one whose lines are read, in the words of the file. Chosen for each file
+    /// anew.
+    std::optional<QString> account = std::nullopt;
 
     friend bool operator==(const CVStatementMapping&, const CVStatementMapping&) = default;
 };

@@ -8,7 +8,7 @@
 
 /// What a statement does not settle.
 struct CVStatementQuestion {
-    enum class About { DayOrder, DecimalMark, Sign, Year, DayColumn, AmountColumn, MoneyOutColumn, FeeColumn };
+    enum class About { DayOrder, DecimalMark, Sign, Year, DayColumn, AmountColumn, MoneyOutColumn, FeeColumn, Account };
     struct Answer {
         QString label;
         /// The mapping that was asked for, with this answer.

@@ -1,14 +1,15 @@
 #pragma once
 
-#include "importing/statements/CVAmountRule.h"
-#include "importing/statements/CVStatement.h"
-#include "importing/statements/CVStatementTable.h"
+#include "importing/statements/CVStatementLine.h"
 
-/// "Semicolons, Windows-1252, 148 lines, 12 March to 9 April"
-[[nodiscard]] QString CVSummaryOfStatement(const CVStatement& statement);
+#include <QByteArray>
+#include <QStringList>
 
-/// What the balance column says against the sums; empty when they agree.
-[[nodiscard]] QString CVRemarkOnBalance(const CVStatementTable& table, const CVAmountRule& rule);
+#include <vector>
 
-/// By which a mapping is remembered.
-[[nodiscard]] QByteArray CVDigestOfHeadings(const QStringList& headings, char separator);
+/// What was recognized, in one line: `parts`, then how many lines there are and from when to when:
+/// "Semicolons, Windows-1252, 148 lines, 12 March to 9 April".
+[[nodiscard]] QString CVSummaryOfStatement(QStringList parts, const std::vector<CVStatementLine>& lines);
+
+/// As people write it: "Windows-1252".
+[[nodiscard]] QString CVNameOfEncoding(const QByteArray& encoding);

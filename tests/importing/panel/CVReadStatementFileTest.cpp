@@ -1,6 +1,6 @@
 #include "importing/panel/CVReadStatementFile.h"
 
-#include "importing/statements/CVReadStatement.h"
+#include "importing/CVReadStatement.h"
 #include "kit/Printers.h"
 #include "kit/ScratchHome.h"
 

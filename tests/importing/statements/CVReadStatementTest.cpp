@@ -1,4 +1,4 @@
-#include "importing/statements/CVReadStatement.h"
+#include "importing/CVReadStatement.h"
 
 #include "kit/DefaultLocale.h"
 #include "kit/FixedToday.h"

@@ -1,4 +1,4 @@
-#include "importing/statements/CVStatementRows.h"
+#include "importing/delimited/CVStatementRows.h"
 
 #include "kit/Printers.h"
 

@@ -1,5 +1,5 @@
 #include "RandomStatement.h"
-#include "importing/statements/CVReadStatement.h"
+#include "importing/CVReadStatement.h"
 #include "kit/Printers.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "importing/statements/CVReadStatement.h"
+#include "importing/CVReadStatement.h"
 #include "kit/Printers.h"
 
 #include <QDir>
@@ -51,6 +51,8 @@ QByteArray statementOf(const StatementFile& file) {
 QString nameOf(CVStatementQuestion::About about) {
     using enum CVStatementQuestion::About;
     switch (about) {
+    case Account:
+        return QStringLiteral("account");
     case DayOrder:
         return QStringLiteral("day-order");
     case DecimalMark:

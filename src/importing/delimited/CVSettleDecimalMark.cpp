@@ -1,6 +1,6 @@
+#include "importing/delimited/CVStatementNotation.h"
 #include "importing/statements/CVStatementAmount.h"
 #include "importing/statements/CVStatementDay.h"
-#include "importing/statements/CVStatementNotation.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "importing/delimited/CVStatementTable.h"
 #include "importing/statements/CVStatementMapping.h"
-#include "importing/statements/CVStatementTable.h"
 
 #include <vector>
 

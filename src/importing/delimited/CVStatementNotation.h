@@ -1,8 +1,8 @@
 #pragma once
 
-#include "importing/statements/CVAmountRule.h"
-#include "importing/statements/CVStatementColumns.h"
-#include "importing/statements/CVStatementTable.h"
+#include "importing/delimited/CVAmountRule.h"
+#include "importing/delimited/CVStatementColumns.h"
+#include "importing/delimited/CVStatementTable.h"
 
 #include <optional>
 #include <vector>

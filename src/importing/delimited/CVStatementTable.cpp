@@ -1,4 +1,4 @@
-#include "importing/statements/CVStatementTable.h"
+#include "importing/delimited/CVStatementTable.h"
 
 #include "importing/statements/CVHeadingWords.h"
 #include "importing/statements/CVStatementAmount.h"

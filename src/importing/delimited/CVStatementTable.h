@@ -1,6 +1,6 @@
 #pragma once
 
-#include "importing/statements/CVStatementRows.h"
+#include "importing/delimited/CVStatementRows.h"
 
 #include <QStringList>
 

@@ -1,4 +1,4 @@
-#include "importing/statements/CVProvenAmounts.h"
+#include "importing/delimited/CVProvenAmounts.h"
 
 #include "importing/statements/CVStatementAmount.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/QBDate.h"
-#include "importing/statements/CVStatementRows.h"
-#include "importing/statements/CVStatementTable.h"
+#include "importing/delimited/CVStatementRows.h"
+#include "importing/delimited/CVStatementTable.h"
 
 #include <QChar>
 #include <QString>

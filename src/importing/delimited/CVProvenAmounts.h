@@ -1,7 +1,7 @@
 #pragma once
 
-#include "importing/statements/CVAmountRule.h"
-#include "importing/statements/CVStatementColumns.h"
+#include "importing/delimited/CVAmountRule.h"
+#include "importing/delimited/CVStatementColumns.h"
 
 #include <optional>
 #include <vector>

@@ -1,10 +1,10 @@
-#include "importing/statements/CVReadStatement.h"
+#include "importing/delimited/CVReadDelimited.h"
 
-#include "importing/statements/CVAskAboutStatement.h"
-#include "importing/statements/CVProvenAmounts.h"
+#include "importing/delimited/CVAskAboutStatement.h"
+#include "importing/delimited/CVDelimitedSummary.h"
+#include "importing/delimited/CVProvenAmounts.h"
+#include "importing/delimited/CVStatementLines.h"
 #include "importing/statements/CVStatementDay.h"
-#include "importing/statements/CVStatementLines.h"
-#include "importing/statements/CVStatementSummary.h"
 #include "importing/statements/CVStatementText.h"
 
 #include <QCoreApplication>
@@ -19,17 +19,10 @@ constexpr std::size_t kMostAmountColumns = 8;
 constexpr int kRowsDone = 500;
 constexpr int kAllDone = 1000;
 
-struct ReadStatementText {
-    Q_DECLARE_TR_FUNCTIONS(CVReadStatement)
+struct ReadDelimitedText {
+    Q_DECLARE_TR_FUNCTIONS(CVReadDelimited)
 };
 
-CVStatement problemOf(const QString& problem) {
-    CVStatement statement;
-    statement.problem = problem;
-    return statement;
-}
-
-/// Reads the delimited kinds. Another kind of statement has a reader of its own beside it.
 class DelimitedReader {
 public:
     DelimitedReader(const CVStatementMapping& known, const CVStopRequested& stop) : mKnown(known), mStop(stop) {}
@@ -37,25 +30,25 @@ public:
     CVStatement read(const QByteArray& bytes) {
         CVStatementText text = CVDecodeStatement(bytes, mKnown.encoding);
         if (!text.problem.isEmpty())
-            return problemOf(text.problem);
+            return CVStatement::ofProblem(text.problem);
         mStatement.mapping = mKnown;
         mStatement.mapping.encoding = text.encoding;
         const char separator = mKnown.separator.value_or(CVSeparatorOf(text.text));
         mStatement.mapping.separator = separator;
         if (QString problem = readRows(text.text, separator); !problem.isEmpty())
-            return problemOf(problem);
+            return CVStatement::ofProblem(problem);
         mColumns = CVGuessColumns(mTable, mKnown.columns.value_or(std::vector<CVColumnRole>()));
         if (QString problem = faultOfTable(); !problem.isEmpty())
-            return problemOf(problem);
+            return CVStatement::ofProblem(problem);
         settleDayColumn();
         settle();
         mStatement.lines = CVReadStatementLines(mTable, mRule, inSecondHalf());
         if (mIsStopped)
-            return problemOf(ReadStatementText::tr("Reading the statement was stopped."));
+            return CVStatement::ofProblem(ReadDelimitedText::tr("Reading the statement was stopped."));
         completeMapping();
         mStatement.headings = mTable.headings;
         mStatement.headerDigest = CVDigestOfHeadings(mTable.headings, separator);
-        mStatement.summary = CVSummaryOfStatement(mStatement);
+        mStatement.summary = CVSummaryOfDelimited(mStatement);
         mStatement.balanceRemark = CVRemarkOnBalance(mTable, mRule.amounts);
         return mStatement;
     }
@@ -68,11 +61,11 @@ private:
         };
         CVStatementRows rows = CVReadStatementRows(text, separator, kMostRows + 1, stop);
         if (mIsStopped)
-            return ReadStatementText::tr("Reading the statement was stopped.");
+            return ReadDelimitedText::tr("Reading the statement was stopped.");
         if (!rows.problem.isEmpty())
             return rows.problem;
         if (static_cast<qsizetype>(rows.rows.size()) > kMostRows)
-            return ReadStatementText::tr("This statement has more than %1 lines. Please import it in parts.")
+            return ReadDelimitedText::tr("This statement has more than %1 lines. Please import it in parts.")
                 .arg(kMostRows);
         mTable = CVFindTable(std::move(rows.rows), mKnown.headerLine);
         return {};
@@ -83,20 +76,20 @@ private:
         const bool isEmpty =
             std::all_of(mTable.rows.begin(), mTable.rows.end(), [](const auto& row) { return row.isBlank(); });
         if (isEmpty)
-            return ReadStatementText::tr("The file is empty.");
+            return ReadDelimitedText::tr("The file is empty.");
         const bool hasAmounts = !mColumns.amounts.empty() || !mColumns.moneyIn.empty() || !mColumns.moneyOut.empty();
         if (mTable.likely.empty() && (mTable.headings.isEmpty() || mColumns.days.empty() || !hasAmounts))
-            return ReadStatementText::tr(
+            return ReadDelimitedText::tr(
                 "This is no statement: no line of it has a day and an amount. Please have your "
                 "bank export it as CSV.");
         if (mColumns.days.empty())
-            return ReadStatementText::tr("No column holds the days. Please say which one does.");
+            return ReadDelimitedText::tr("No column holds the days. Please say which one does.");
         if (!hasAmounts)
-            return ReadStatementText::tr("No column holds the amounts. Please say which one does.");
+            return ReadDelimitedText::tr("No column holds the amounts. Please say which one does.");
         if (std::max({mColumns.amounts.size(), mColumns.moneyIn.size(), mColumns.moneyOut.size()}) > kMostAmountColumns)
-            return ReadStatementText::tr("Too many columns could hold the amounts. Please say which one does.");
+            return ReadDelimitedText::tr("Too many columns could hold the amounts. Please say which one does.");
         if (isCutAtDecimals())
-            return ReadStatementText::tr("The decimals stand in a column of their own, because the comma is also the "
+            return ReadDelimitedText::tr("The decimals stand in a column of their own, because the comma is also the "
                                          "separator. Please have your bank export it with semicolons.");
         return {};
     }
@@ -219,8 +212,6 @@ private:
 
 } // namespace
 
-CVStatement CVReadStatement(const QByteArray& bytes, const CVStatementMapping& known, const CVStopRequested& stop) {
-    if (bytes.size() > kCVLargestStatement)
-        return problemOf(ReadStatementText::tr("The file is larger than 64 MiB, which no statement is."));
+CVStatement CVReadDelimited(const QByteArray& bytes, const CVStatementMapping& known, const CVStopRequested& stop) {
     return DelimitedReader(known, stop).read(bytes);
 }

@@ -1,4 +1,4 @@
-#include "importing/statements/CVStatementColumns.h"
+#include "importing/delimited/CVStatementColumns.h"
 
 #include "importing/statements/CVHeadingWords.h"
 #include "importing/statements/CVStatementAmount.h"

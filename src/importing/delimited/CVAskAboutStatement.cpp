@@ -1,4 +1,4 @@
-#include "importing/statements/CVAskAboutStatement.h"
+#include "importing/delimited/CVAskAboutStatement.h"
 
 #include "format/QBLocale.h"
 #include "importing/statements/CVStatementAmount.h"

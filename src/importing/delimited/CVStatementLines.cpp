@@ -1,4 +1,4 @@
-#include "importing/statements/CVStatementLines.h"
+#include "importing/delimited/CVStatementLines.h"
 
 #include "importing/statements/CVHeadingWords.h"
 #include "importing/statements/CVStatementAmount.h"

@@ -1,5 +1,5 @@
+#include "importing/delimited/CVStatementNotation.h"
 #include "importing/statements/CVStatementDay.h"
-#include "importing/statements/CVStatementNotation.h"
 
 #include <QRegularExpression>
 

@@ -1,7 +1,7 @@
-#include "importing/statements/CVSettleAmounts.h"
+#include "importing/delimited/CVSettleAmounts.h"
 
+#include "importing/delimited/CVProvenAmounts.h"
 #include "importing/statements/CVHeadingWords.h"
-#include "importing/statements/CVProvenAmounts.h"
 #include "importing/statements/CVStatementAmount.h"
 #include "importing/statements/CVStatementWords.h"
 

@@ -1,4 +1,4 @@
-#include "importing/statements/CVAmountRule.h"
+#include "importing/delimited/CVAmountRule.h"
 
 #include "importing/statements/CVStatementAmount.h"
 #include "importing/statements/CVStatementWords.h"

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "importing/statements/CVAmountRule.h"
-#include "importing/statements/CVReadStatement.h"
+#include "importing/delimited/CVAmountRule.h"
+#include "importing/delimited/CVStatementTable.h"
 #include "importing/statements/CVStatementLine.h"
-#include "importing/statements/CVStatementTable.h"
 
 #include <optional>
 #include <vector>

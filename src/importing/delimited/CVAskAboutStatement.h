@@ -1,7 +1,7 @@
 #pragma once
 
-#include "importing/statements/CVSettleAmounts.h"
-#include "importing/statements/CVStatementNotation.h"
+#include "importing/delimited/CVSettleAmounts.h"
+#include "importing/delimited/CVStatementNotation.h"
 #include "importing/statements/CVStatementQuestion.h"
 
 /// The questions about what a statement does not settle, in its own words. Each answer completes the mapping `known`.
