@@ -22,13 +22,10 @@ std::unique_ptr<CVCategoryMemory> makeMemory(const std::shared_ptr<const CVRecor
 
 CVPayeeMemory::CVPayeeMemory(const CVDocument& document) : mDocument(document) {}
 
-CVPayeeMemory::~CVPayeeMemory() {
-    if (mThread)
-        mThread->wait();
-}
+CVPayeeMemory::~CVPayeeMemory() = default;
 
 void CVPayeeMemory::prepare() {
-    if (mMemory || mThread)
+    if (mMemory || mIsBeingMade)
         return;
     // What was recorded is copied at once: the thread never sees the budget.
     auto recorded = std::make_shared<const CVRecordedLines>(mDocument);
@@ -38,22 +35,22 @@ void CVPayeeMemory::prepare() {
         return;
     }
     mIsOutdated = false;
-    // The lines and the memory belong to the main thread again at the end, which is where they are destroyed.
-    const auto made = std::make_shared<std::unique_ptr<CVCategoryMemory>>();
-    mThread.reset(QThread::create([recorded, made] { *made = makeMemory(recorded); }));
-    connect(mThread.get(), &QThread::finished, this, [this, made] { take(std::move(*made)); });
-    mThread->start();
+    mIsBeingMade = true;
+    mWork.start([this, recorded](const CVLatestWork::IsWanted&) -> CVLatestWork::Told {
+        // A function that is called later can only hold what can be copied.
+        const auto made = std::make_shared<std::unique_ptr<CVCategoryMemory>>(makeMemory(recorded));
+        return [this, made] { take(std::move(*made)); };
+    });
 }
 
 void CVPayeeMemory::forget() {
     if (mMemory)
         mFormerMemory = std::move(mMemory);
-    mIsOutdated = mThread != nullptr;
+    mIsOutdated = mIsBeingMade;
 }
 
 void CVPayeeMemory::take(std::unique_ptr<CVCategoryMemory> made) {
-    mThread->wait();
-    mThread.reset();
+    mIsBeingMade = false;
     if (mIsOutdated)
         return prepare();
     mMemory = std::move(made);

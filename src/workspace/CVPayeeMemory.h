@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QObject>
-#include <QThread>
+#include "base/CVLatestWork.h"
 
 #include <memory>
 
@@ -38,8 +37,9 @@ private:
     /// What was forgotten. It goes when the next memory comes, because recording should not wait for that: a large one
     /// takes milliseconds.
     std::unique_ptr<CVCategoryMemory> mFormerMemory;
-    /// Null unless a memory is being made.
-    std::unique_ptr<QThread> mThread;
+    bool mIsBeingMade = false;
     /// The budget has changed since the thread began.
     bool mIsOutdated = false;
+    /// Declared last, so that all other members exist as long as the thread runs.
+    CVLatestWork mWork;
 };
