@@ -1,13 +1,8 @@
 #include "importing/delimited/CVAskAboutStatement.h"
 
-#include "format/QBLocale.h"
-#include "importing/statements/CVStatementAmount.h"
-#include "importing/statements/CVStatementDay.h"
+#include "importing/statements/CVAskAboutTexts.h"
 
 #include <QCoreApplication>
-#include <QDate>
-
-#include <cstdlib>
 
 namespace {
 
@@ -16,35 +11,6 @@ using About = CVStatementQuestion::About;
 struct AskText {
     Q_DECLARE_TR_FUNCTIONS(CVAskAboutStatement)
 };
-
-QString dayInWords(const QBDate& day) {
-    const QDate date(static_cast<int>(day.yearOfCommonEra()), day.monthOfYear(), day.dayOfMonth());
-    return QBDateLocaleInForce().toString(date, QStringLiteral("d MMMM yyyy"));
-}
-
-QString amountInWords(qint64 hundredths) {
-    constexpr int kDecimalBase = 10;
-    const qint64 size = std::abs(hundredths);
-    return QStringLiteral("%1.%2").arg(size / 100).arg(size % 100, 2, kDecimalBase, QLatin1Char('0'));
-}
-
-QString joinedByOr(const QStringList& texts) {
-    if (texts.size() < 2)
-        return texts.join(QString());
-    return AskText::tr("%1 or %2").arg(texts.sliced(0, texts.size() - 1).join(QStringLiteral(", ")), texts.constLast());
-}
-
-QString nameOfOrder(CVDayOrder order) {
-    switch (order) {
-    case CVDayOrder::DayMonthYear:
-        return QStringLiteral("dmy");
-    case CVDayOrder::MonthDayYear:
-        return QStringLiteral("mdy");
-    case CVDayOrder::YearMonthDay:
-        return QStringLiteral("ymd");
-    }
-    return {};
-}
 
 /// The mapping with one column of that role, and no other column of it.
 CVStatementMapping withColumn(CVStatementMapping mapping, int column, CVColumnRole role) {
@@ -88,7 +54,7 @@ CVStatementQuestion askForAmountColumn(const CVStatementTable& table, const CVSe
         texts.append(AskText::tr("“%1” in %2").arg(CVStatementTable::cell(row, column), columnInWords(table, column)));
         question.answers.push_back({columnInWords(table, column), withAmountColumns(known, rule), option});
     }
-    question.text = AskText::tr("Which is the amount in line %1: %2?").arg(row.line).arg(joinedByOr(texts));
+    question.text = AskText::tr("Which is the amount in line %1: %2?").arg(row.line).arg(CVJoinedByOr(texts));
     return question;
 }
 
@@ -104,7 +70,7 @@ CVStatementQuestion askForMoneyOut(const CVStatementTable& table, const CVSettle
                                     optionOf("out", rule.moneyOut) + u' ' + optionOf("in", rule.moneyIn)});
     }
     question.text = AskText::tr("Which column holds money out: %1? The first amount is in line %2.")
-                        .arg(joinedByOr(texts))
+                        .arg(CVJoinedByOr(texts))
                         .arg(row.line);
     return question;
 }
@@ -176,27 +142,7 @@ CVStatementQuestion CVAskForDayColumn(const CVStatementTable& table, const CVSet
         question.answers.push_back(
             {columnInWords(table, column), withColumn(known, column, CVColumnRole::Day), optionOf("date", column)});
     }
-    question.text = AskText::tr("On which day was line %1 booked: %2?").arg(row.line).arg(joinedByOr(texts));
-    return question;
-}
-
-CVStatementQuestion CVAskForDayOrder(const CVStatementTable& table, const CVSettledDays& days,
-                                     const CVStatementMapping& known) {
-    CVStatementQuestion question{About::DayOrder, {}, {}};
-    const auto fields = CVReadDayOfColumn(days.text);
-    QStringList texts;
-    for (const CVDayOrder order : days.orders) {
-        const auto day = fields ? fields->in(order) : std::nullopt;
-        if (!day)
-            continue;
-        CVStatementMapping with = known;
-        with.dayOrder = order;
-        texts.append(dayInWords(*day));
-        question.answers.push_back(
-            {texts.constLast(), with, QStringLiteral("--date-order %1").arg(nameOfOrder(order))});
-    }
-    question.text = AskText::tr("In line %1, is “%2” %3?")
-                        .arg(QString::number(table.rows[days.row].line), days.text, joinedByOr(texts));
+    question.text = AskText::tr("On which day was line %1 booked: %2?").arg(row.line).arg(CVJoinedByOr(texts));
     return question;
 }
 
@@ -211,25 +157,6 @@ CVStatementQuestion CVAskForYear(const CVStatementTable& table, const QString& d
         with.year = year;
         question.answers.push_back({QString::number(year), with, QStringLiteral("--year %1").arg(year)});
     }
-    return question;
-}
-
-CVStatementQuestion CVAskForDecimalMark(const CVStatementTable& table, const CVSettledMark& mark,
-                                        const CVStatementMapping& known) {
-    CVStatementQuestion question{About::DecimalMark, {}, {}};
-    QStringList texts;
-    const QList<QChar> marks = mark.mark == u',' ? QList<QChar>{u',', u'.'} : QList<QChar>{u'.', u','};
-    for (const QChar candidate : marks) {
-        const auto amount = CVReadStatementAmount(mark.text, candidate);
-        CVStatementMapping with = known;
-        with.decimalMark = candidate;
-        texts.append(amount ? amountInWords(amount->hundredths) : AskText::tr("no amount"));
-        question.answers.push_back(
-            {texts.constLast(), with,
-             candidate == u',' ? QStringLiteral("--decimal comma") : QStringLiteral("--decimal point")});
-    }
-    question.text = AskText::tr("In line %1, is “%2” %3?")
-                        .arg(QString::number(table.rows[mark.row].line), mark.text, joinedByOr(texts));
     return question;
 }
 

@@ -7,11 +7,7 @@
 /// The questions about what a statement does not settle, in its own words. Each answer completes the mapping `known`.
 [[nodiscard]] CVStatementQuestion CVAskForDayColumn(const CVStatementTable& table, const CVSettledDayColumn& days,
                                                     const CVStatementMapping& known);
-[[nodiscard]] CVStatementQuestion CVAskForDayOrder(const CVStatementTable& table, const CVSettledDays& days,
-                                                   const CVStatementMapping& known);
 [[nodiscard]] CVStatementQuestion CVAskForYear(const CVStatementTable& table, const QString& day,
                                                const CVStatementMapping& known);
-[[nodiscard]] CVStatementQuestion CVAskForDecimalMark(const CVStatementTable& table, const CVSettledMark& mark,
-                                                      const CVStatementMapping& known);
 [[nodiscard]] CVStatementQuestion CVAskForAmounts(const CVStatementTable& table, const CVSettledAmounts& amounts,
                                                   const CVStatementMapping& known);

@@ -4,6 +4,7 @@
 #include "importing/delimited/CVDelimitedSummary.h"
 #include "importing/delimited/CVProvenAmounts.h"
 #include "importing/delimited/CVStatementLines.h"
+#include "importing/statements/CVAskAboutTexts.h"
 #include "importing/statements/CVStatementDay.h"
 #include "importing/statements/CVStatementText.h"
 
@@ -146,7 +147,7 @@ private:
         if (mKnown.dayOrder)
             days.orders = {*mKnown.dayOrder};
         else if (!days.isSettled())
-            mStatement.questions.push_back(CVAskForDayOrder(mTable, days, mKnown));
+            mStatement.questions.push_back(CVAskForDayOrder({lineOf(days.row), days.text}, days.orders, mKnown));
         mRule.year = mKnown.year ? mKnown.year : days.year;
         if (!days.hasYears && !mRule.year) {
             const QString first = CVStatementTable::cell(mTable.rows[mTable.likely.front()], mColumns.days.front());
@@ -156,6 +157,8 @@ private:
         return days;
     }
 
+    [[nodiscard]] int lineOf(std::size_t row) const { return mTable.rows[row].line; }
+
     CVSettledMark settleMark() {
         CVSettledMark mark;
         if (mKnown.decimalMark) {
@@ -164,7 +167,7 @@ private:
         }
         mark = CVSettleDecimalMark(mTable, mColumns);
         if (!mark.isSettled)
-            mStatement.questions.push_back(CVAskForDecimalMark(mTable, mark, mKnown));
+            mStatement.questions.push_back(CVAskForDecimalMark({lineOf(mark.row), mark.text}, mark.mark, mKnown));
         return mark;
     }
 

@@ -1,4 +1,5 @@
 #include "importing/delimited/CVStatementNotation.h"
+#include "importing/statements/CVDayOrders.h"
 #include "importing/statements/CVStatementDay.h"
 
 #include <QRegularExpression>
@@ -9,115 +10,15 @@
 
 namespace {
 
-using Orders = std::vector<CVDayOrder>;
+using Orders = CVDayOrders;
 
-/// The days of one column, with the rows in which they stand.
-using DaysOfColumn = std::vector<std::pair<std::size_t, CVStatementDay>>;
-
-DaysOfColumn daysOfColumn(const CVStatementTable& table, int column) {
-    DaysOfColumn days;
+CVWrittenDays daysOfColumn(const CVStatementTable& table, int column) {
+    CVWrittenDays days;
     for (const std::size_t row : table.likely) {
         if (const auto day = CVReadDayOfColumn(CVStatementTable::cell(table.rows[row], column)))
             days.emplace_back(row, *day);
     }
     return days;
-}
-
-qint64 daysBetween(const QBDate& from, const QBDate& to) {
-    qint64 days = 0;
-    to.yearsMonthsDaysSinceDate(nullptr, nullptr, &days, from);
-    return days;
-}
-
-/// The orders in which the most of the days exist; nearly all of them in the first one.
-Orders possibleOrders(const DaysOfColumn& days, const Orders& among) {
-    std::vector<std::pair<std::size_t, CVDayOrder>> counts;
-    std::size_t most = 0;
-    for (const CVDayOrder order : among) {
-        const auto count = static_cast<std::size_t>(std::count_if(
-            days.begin(), days.end(), [order](const auto& day) { return day.second.in(order).has_value(); }));
-        counts.emplace_back(count, order);
-        most = std::max(most, count);
-    }
-    // Where the days contradict each other, an order that fits nine in ten is no longer a matter of course.
-    const std::size_t needed = most == days.size() ? most : most - std::min(most, days.size() / 10);
-    Orders possible;
-    for (const auto& [count, order] : counts) {
-        if (count >= needed && count > 0)
-            possible.push_back(order);
-    }
-    return possible;
-}
-
-/// The first day that two of the orders take for different ones.
-const std::pair<std::size_t, CVStatementDay>* openDay(const DaysOfColumn& days, const Orders& orders) {
-    for (const auto& day : days) {
-        for (const CVDayOrder order : orders) {
-            if (day.second.in(order) != day.second.in(orders.front()))
-                return &day;
-        }
-    }
-    return nullptr;
-}
-
-/// Whether the days only rise or only fall; `turns` are the changes from day to day.
-struct Run {
-    int rises = 0;
-    int falls = 0;
-};
-
-Run runOf(const DaysOfColumn& days, CVDayOrder order) {
-    Run run;
-    std::optional<QBDate> last;
-    for (const auto& [row, fields] : days) {
-        const auto day = fields.in(order);
-        if (day && last && *day != *last)
-            ++(last->comesBefore(*day) ? run.rises : run.falls);
-        last = day ? day : last;
-    }
-    return run;
-}
-
-/// The order in which alone the days run one way. A few days may do so by chance.
-Orders ordersByRun(const DaysOfColumn& days, const Orders& orders) {
-    constexpr int kFewestSteps = 4;
-    Orders running;
-    for (const CVDayOrder order : orders) {
-        const Run run = runOf(days, order);
-        if (run.rises == 0 || run.falls == 0)
-            running.push_back(order);
-    }
-    if (running.size() != 1)
-        return orders;
-    const Run run = runOf(days, running.front());
-    return run.rises + run.falls >= kFewestSteps ? running : orders;
-}
-
-/// The orders in which a year of two digits does not make a statement last many years.
-Orders ordersBySpan(const DaysOfColumn& days, const Orders& orders) {
-    constexpr qint64 kLong = 800;
-    std::vector<qint64> spans;
-    for (const CVDayOrder order : orders) {
-        std::vector<QBDate> all;
-        for (const auto& [row, fields] : days) {
-            if (const auto day = fields.in(order))
-                all.push_back(*day);
-        }
-        const auto [first, last] = std::minmax_element(all.begin(), all.end());
-        spans.push_back(daysBetween(*first, *last));
-    }
-    const qint64 shortest = *std::min_element(spans.begin(), spans.end());
-    Orders plausible;
-    for (std::size_t at = 0; at < orders.size(); ++at) {
-        const bool isYearFirst = orders[at] == CVDayOrder::YearMonthDay;
-        const bool isOtherShort = std::any_of(orders.begin(), orders.end(), [&](const CVDayOrder& order) {
-            return (order == CVDayOrder::YearMonthDay) != isYearFirst &&
-                   spans[static_cast<std::size_t>(&order - orders.data())] == shortest;
-        });
-        if (spans[at] <= 4 * shortest + kLong || !isOtherShort)
-            plausible.push_back(orders[at]);
-    }
-    return plausible;
 }
 
 /// The day where all orders agree on it.
@@ -133,7 +34,8 @@ std::optional<QBDate> sureDay(const QString& text) {
 }
 
 /// The order in which alone the days lie near those of another column that leave no choice.
-Orders ordersByNeighbour(const CVStatementTable& table, const DaysOfColumn& days, int neighbour, const Orders& orders) {
+Orders ordersByNeighbour(const CVStatementTable& table, const CVWrittenDays& days, int neighbour,
+                         const Orders& orders) {
     constexpr qint64 kNear = 12;
     constexpr qint64 kFar = 20;
     Orders near;
@@ -147,7 +49,7 @@ Orders ordersByNeighbour(const CVStatementTable& table, const DaysOfColumn& days
             if (!sure || !day)
                 continue;
             isCompared = true;
-            farthest = std::max(farthest, std::abs(daysBetween(*sure, *day)));
+            farthest = std::max(farthest, std::abs(CVDaysBetween(*sure, *day)));
         }
         if (isCompared && farthest <= kNear)
             near.push_back(order);
@@ -176,7 +78,7 @@ std::vector<CVStatementDay> daysAbove(const CVStatementTable& table) {
 }
 
 /// The orders in which the days above the header, written alike, exist too.
-Orders ordersByDaysAbove(const std::vector<CVStatementDay>& above, const DaysOfColumn& days, const Orders& orders) {
+Orders ordersByDaysAbove(const std::vector<CVStatementDay>& above, const CVWrittenDays& days, const Orders& orders) {
     Orders possible;
     for (const CVDayOrder order : orders) {
         const bool exists = std::all_of(above.begin(), above.end(), [&](const CVStatementDay& day) {
@@ -205,7 +107,7 @@ std::optional<int> yearAbove(const std::vector<CVStatementDay>& above) {
 }
 
 /// Whether two columns are written alike, so that one order holds for both.
-bool areAlike(const DaysOfColumn& a, const DaysOfColumn& b) {
+bool areAlike(const CVWrittenDays& a, const CVWrittenDays& b) {
     return !a.empty() && !b.empty() && a.front().second.separator == b.front().second.separator &&
            a.front().second.count == b.front().second.count &&
            (a.front().second.fields[0].digits == 4) == (b.front().second.fields[0].digits == 4);
@@ -217,26 +119,22 @@ CVSettledDays CVSettleDays(const CVStatementTable& table, const CVStatementColum
     CVSettledDays settled;
     if (columns.days.empty())
         return settled;
-    const DaysOfColumn days = daysOfColumn(table, columns.days.front());
+    const CVWrittenDays days = daysOfColumn(table, columns.days.front());
     if (days.empty())
         return settled;
     const auto above = daysAbove(table);
     settled.hasYears = std::all_of(days.begin(), days.end(), [](const auto& day) { return day.second.hasYear(); });
     settled.year = yearAbove(above);
-    Orders orders =
-        possibleOrders(days, {CVDayOrder::DayMonthYear, CVDayOrder::MonthDayYear, CVDayOrder::YearMonthDay});
-    // With full stops the day comes first, wherever it can.
-    if (days.front().second.separator == u'.' && orders.front() == CVDayOrder::DayMonthYear)
-        orders = {CVDayOrder::DayMonthYear};
+    Orders orders = CVPossibleDayOrders(days);
     std::vector<int> neighbours;
     for (int column = 0; column < static_cast<int>(columns.roles.size()); ++column) {
         if (columns.roles[static_cast<std::size_t>(column)] == CVColumnRole::OtherDay && column != columns.days.front())
             neighbours.push_back(column);
     }
     for (const int neighbour : neighbours) {
-        const DaysOfColumn others = daysOfColumn(table, neighbour);
+        const CVWrittenDays others = daysOfColumn(table, neighbour);
         if (orders.size() > 1 && areAlike(days, others)) {
-            const Orders both = possibleOrders(others, orders);
+            const Orders both = CVPossibleDayOrders(others, orders);
             orders = both.empty() ? orders : both;
         }
         if (orders.size() > 1)
@@ -245,10 +143,10 @@ CVSettledDays CVSettleDays(const CVStatementTable& table, const CVStatementColum
     if (orders.size() > 1)
         orders = ordersByDaysAbove(above, days, orders);
     if (orders.size() > 1)
-        orders = ordersBySpan(days, orders);
+        orders = CVDayOrdersBySpan(days, orders);
     if (orders.size() > 1)
-        orders = ordersByRun(days, orders);
-    if (const auto* const open = openDay(days, orders)) {
+        orders = CVDayOrdersByRun(days, orders);
+    if (const auto* const open = CVOpenDay(days, orders)) {
         settled.row = open->first;
         settled.text = CVStatementTable::cell(table.rows[open->first], columns.days.front());
         settled.orders = orders;
