@@ -1,6 +1,7 @@
 #include "importing/CVReadStatement.h"
 
 #include "importing/delimited/CVReadDelimited.h"
+#include "importing/qif/CVReadQIF.h"
 
 #include <QCoreApplication>
 
@@ -22,6 +23,7 @@ struct Kind {
 
 /// In the order in which they are tried; anything may be delimited text.
 constexpr std::array kKinds{
+    Kind{CVIsQIF, CVReadQIF},
     Kind{[](const QByteArray&) { return true; }, CVReadDelimited},
 };
 

@@ -146,6 +146,7 @@ CVSettledDays CVSettleDays(const CVStatementTable& table, const CVStatementColum
         orders = CVDayOrdersBySpan(days, orders);
     if (orders.size() > 1)
         orders = CVDayOrdersByRun(days, orders);
+    orders = CVDistinctDayOrders(days, orders);
     if (const auto* const open = CVOpenDay(days, orders)) {
         settled.row = open->first;
         settled.text = CVStatementTable::cell(table.rows[open->first], columns.days.front());

@@ -22,6 +22,17 @@ DayRun runOf(const CVWrittenDays& days, CVDayOrder order) {
     return run;
 }
 
+/// How many different days the orders make of one.
+std::size_t countOfReadings(const CVStatementDay& fields, const CVDayOrders& orders) {
+    std::vector<QBDate> readings;
+    for (const CVDayOrder order : orders) {
+        const auto day = fields.in(order);
+        if (day && std::find(readings.begin(), readings.end(), *day) == readings.end())
+            readings.push_back(*day);
+    }
+    return readings.size();
+}
+
 } // namespace
 
 qint64 CVDaysBetween(const QBDate& from, const QBDate& to) {
@@ -53,14 +64,30 @@ CVDayOrders CVPossibleDayOrders(const CVWrittenDays& days, const CVDayOrders& am
     return possible;
 }
 
+CVDayOrders CVDistinctDayOrders(const CVWrittenDays& days, const CVDayOrders& orders) {
+    CVDayOrders distinct;
+    for (const CVDayOrder order : orders) {
+        const auto isSame = [&](CVDayOrder other) {
+            return std::all_of(days.begin(), days.end(),
+                               [&](const auto& day) { return day.second.in(order) == day.second.in(other); });
+        };
+        if (std::none_of(distinct.begin(), distinct.end(), isSame))
+            distinct.push_back(order);
+    }
+    return distinct;
+}
+
 const CVWrittenDay* CVOpenDay(const CVWrittenDays& days, const CVDayOrders& orders) {
+    const CVWrittenDay* open = nullptr;
+    std::size_t most = 1;
     for (const auto& day : days) {
-        for (const CVDayOrder order : orders) {
-            if (day.second.in(order) != day.second.in(orders.front()))
-                return &day;
+        const std::size_t readings = countOfReadings(day.second, orders);
+        if (readings > most) {
+            most = readings;
+            open = &day;
         }
     }
-    return nullptr;
+    return open;
 }
 
 CVDayOrders CVDayOrdersByRun(const CVWrittenDays& days, const CVDayOrders& orders) {

@@ -23,7 +23,9 @@ using CVDayOrders = std::vector<CVDayOrder>;
 [[nodiscard]] CVDayOrders CVDayOrdersByRun(const CVWrittenDays& days, const CVDayOrders& orders);
 /// The orders in which a year of two digits does not make a statement last many years.
 [[nodiscard]] CVDayOrders CVDayOrdersBySpan(const CVWrittenDays& days, const CVDayOrders& orders);
-/// The first day that two of the orders take for different ones; null where they agree.
+/// One of each group of orders in which every day is the same one.
+[[nodiscard]] CVDayOrders CVDistinctDayOrders(const CVWrittenDays& days, const CVDayOrders& orders);
+/// The first of the days that most of the orders take for different ones; null where they agree.
 [[nodiscard]] const CVWrittenDay* CVOpenDay(const CVWrittenDays& days, const CVDayOrders& orders);
 
 [[nodiscard]] qint64 CVDaysBetween(const QBDate& from, const QBDate& to);

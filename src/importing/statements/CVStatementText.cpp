@@ -125,8 +125,7 @@ QString notYet(const QString& text) {
     const bool isMarkedUp = start.startsWith(u"<?xml") || start.startsWith(u"<OFX", Qt::CaseInsensitive) ||
                             start.startsWith(u"OFXHEADER", Qt::CaseInsensitive) || start.startsWith(u"<Document") ||
                             start.contains(u"<OFX>", Qt::CaseInsensitive);
-    const bool isTagged = start.startsWith(u"!Type:", Qt::CaseInsensitive) || start.startsWith(u"!Account") ||
-                          start.startsWith(u"!Option") || start.startsWith(u":20:") || start.startsWith(u"{1:F01");
+    const bool isTagged = start.startsWith(u":20:") || start.startsWith(u"{1:F01");
     if (!isMarkedUp && !isTagged)
         return {};
     return StatementTextText::tr("Statements of this kind cannot be read yet. Please have your bank export it as CSV.");

@@ -53,8 +53,7 @@ TEST(CVStatementText, IsRefusedWhereTheFileIsOfAnotherKind) {
     for (const QByteArray& bytes :
          {QByteArray("%PDF-1.4 something"), QByteArray("PK\x03\x04 zip"), QByteArray("\xD0\xCF\x11\xE0 old"),
           QByteArray("a,b\0c,d\n", 8), QByteArray(200, '\x02'), QByteArray("<?xml version=\"1.0\"?><Document/>"),
-          QByteArray("OFXHEADER:100\n<OFX>"), QByteArray("!Type:Bank\nD1/2/24\n"),
-          QByteArray(":20:STARTUMS\n:25:1/2\n")})
+          QByteArray("OFXHEADER:100\n<OFX>"), QByteArray(":20:STARTUMS\n:25:1/2\n")})
         EXPECT_FALSE(CVDecodeStatement(bytes, std::nullopt).problem.isEmpty()) << bytes.left(8).toStdString();
 }
 

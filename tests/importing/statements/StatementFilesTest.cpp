@@ -40,7 +40,7 @@ QByteArray bytesOf(const QString& name) {
 }
 
 QByteArray statementOf(const StatementFile& file) {
-    for (const auto* const ending : {".csv", ".tsv", ".txt"}) {
+    for (const auto* const ending : {".csv", ".tsv", ".txt", ".ofx", ".qfx", ".qif", ".xml"}) {
         if (QFile::exists(kFolder + u'/' + file.name + QLatin1String(ending)))
             return bytesOf(file.name + QLatin1String(ending));
     }
