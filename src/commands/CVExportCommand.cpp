@@ -34,7 +34,8 @@ QString readSort(const QString& value, CVExportRequest& request) {
     request.sortColumn = parts.constFirst();
     request.descending = parts.size() > 1;
     const bool isOrder = parts.size() == 1 || (parts.size() == 2 && parts.at(1) == QLatin1String("descending"));
-    return isOrder && CVTransactionColumns::columnOfIdentifier(request.sortColumn) >= 0
+    const int column = CVTransactionColumns::columnOfIdentifier(request.sortColumn);
+    return isOrder && column >= 0 && column < CVTransactionColumns::ColumnCount
                ? QString()
                : ExportCommandText::tr(
                      "--sort takes date, amount, tofrom, for, category, tax or userflag, and :descending behind it");

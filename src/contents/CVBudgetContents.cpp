@@ -24,5 +24,5 @@ void CVBudgetContents::reloadReports() {
 }
 
 CVCategories CVBudgetContents::categoryRows() const {
-    return buildCategoryArray(mDocument, CVReadShowUnused(mDocument.userDefaults()));
+    return buildCategoryArray(mDocument, CVReadShowUnused(mDocument.userDefaults()), mList.shownSets());
 }

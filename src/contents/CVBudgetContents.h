@@ -7,9 +7,10 @@
 
 class CVDocument;
 
-/// The contents of the main window and of reports for the current set: the list, the grid and the figures of the
-/// reports. The grid and the figures are those of their last reload. Reload them before showing or printing them; no
-/// changes are tracked, because a reload with 100,000 transactions takes only a few milliseconds.
+/// The contents of the main window and of reports for the current set, or for all sets: the list, the grid and the
+/// figures of the reports. The list says which sets. The grid and the figures are those of their last reload. Reload
+/// them before showing or printing them; no changes are tracked, because a reload with 100,000 transactions takes only
+/// a few milliseconds.
 class CVBudgetContents final {
 public:
     /// Lists and computes nothing yet. The user defaults of the document decide where the periods of the grid begin.
@@ -26,7 +27,8 @@ public:
     /// Sets the ranges of the list and of the reports from their presets; they take effect with the next rebuild or
     /// reload.
     void setRangesFromPresets();
-    /// Both functions compute from all transactions of the set, also from those outside the list's range and search.
+    /// Both functions compute from all transactions of the shown sets, also from those outside the list's range and
+    /// search.
     void reloadGrid();
     void reloadReports();
 

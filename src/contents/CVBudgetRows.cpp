@@ -7,13 +7,13 @@
 #include "model/CVDocument.h"
 #include "model/CVTransaction.h"
 
-CVCategories buildCategoryArray(const CVDocument& document, CVShowUnused showUnused) {
+CVCategories buildCategoryArray(const CVDocument& document, CVShowUnused showUnused, CVShownSets shownSets) {
     if (showUnused == CVShowUnused::Yes)
         return document.categories();
     const CVCategorySlots categorySlots(CVIDsOfCategories(document.categories()));
     std::vector<char> used(categorySlots.count(), 0);
     for (const auto& transaction : document.transactions()) {
-        if (transaction->transactionSetID() != document.currentTransactionSet())
+        if (shownSets == CVShownSets::Current && transaction->transactionSetID() != document.currentTransactionSet())
             continue;
         const std::size_t slot = categorySlots.slotOf(transaction->categoryID());
         if (slot != CVCategorySlots::kNone)

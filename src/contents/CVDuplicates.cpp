@@ -2,6 +2,8 @@
 
 #include "model/CVTransaction.h"
 
+#include <map>
+
 namespace {
 
 bool areEqualTexts(const QString& a, const QString& b) {
@@ -20,6 +22,18 @@ CVTransactions CVFindDuplicates(const CVTransactions& transactions) {
     for (std::size_t later = transactions.size(); later-- > 1;) {
         if (areDuplicates(*transactions[later - 1], *transactions[later]))
             found.push_back(transactions[later]);
+    }
+    return found;
+}
+
+CVTransactions CVFindDuplicatesOfEachSet(const CVTransactions& transactions) {
+    std::map<quint32, CVTransactions> sets;
+    for (const auto& transaction : transactions)
+        sets[transaction->transactionSetID()].push_back(transaction);
+    CVTransactions found;
+    for (const auto& [id, ofSet] : sets) {
+        const CVTransactions duplicates = CVFindDuplicates(ofSet);
+        found.insert(found.end(), duplicates.begin(), duplicates.end());
     }
     return found;
 }

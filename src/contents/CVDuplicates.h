@@ -9,3 +9,7 @@
 /// missing text or date equals nothing, not even another missing one. The result is in order from the last pair to the
 /// first.
 [[nodiscard]] CVTransactions CVFindDuplicates(const CVTransactions& transactions);
+
+/// What `CVFindDuplicates` finds in each set by itself, because a transaction of another set is neither a double nor a
+/// neighbour. The sets follow each other in order of their IDs.
+[[nodiscard]] CVTransactions CVFindDuplicatesOfEachSet(const CVTransactions& transactions);

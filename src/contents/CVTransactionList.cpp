@@ -7,6 +7,7 @@
 #include "contents/CVTransactionSearch.h"
 #include "model/CVDocument.h"
 #include "model/CVTransaction.h"
+#include "model/CVTransactionColumns.h"
 #include "model/CVTransactionSort.h"
 
 #include <algorithm>
@@ -31,6 +32,12 @@ CVTransactionList::CVTransactionList(CVDocument& document)
     : mDocument(document)
     , mRange{QBDate::date(), QBDate::date()} {}
 
+void CVTransactionList::setShownSets(CVShownSets shownSets) {
+    mShownSets = shownSets;
+    if (shownSets == CVShownSets::Current)
+        mOrderBySet.reset();
+}
+
 void CVTransactionList::setRangeFromPreset(const QBDate& today) {
     if (const auto range = rangeOfPreset(mTransactionPeriod, today, mDocument))
         mRange = *range;
@@ -47,6 +54,10 @@ void CVTransactionList::updateDisplayDatesWithTransaction(const CVTransaction& t
 }
 
 void CVTransactionList::collectTransactions() {
+    if (mShownSets == CVShownSets::All) {
+        mTransactions = mDocument.transactions();
+        return;
+    }
     const quint32 set = mDocument.shownTransactionSet();
     mTransactions.clear();
     mTransactions.reserve(mDocument.transactions().size());
@@ -67,11 +78,18 @@ void CVTransactionList::getTransactions() {
 
 void CVTransactionList::filterTransactions() {
     mDisplayTransactionArray =
-        mSearchText.isEmpty() ? mDateSelectedTransactionArray
-                              : searchTransactionsWithString(mDateSelectedTransactionArray, mSearchType, mSearchText);
+        mSearchText.isEmpty()
+            ? mDateSelectedTransactionArray
+            : searchTransactionsWithString(mDateSelectedTransactionArray, mSearchType, mSearchText, mShownSets);
 }
 
 void CVTransactionList::doUserSort() {
+    mTransactionSortContext = mOrderBySet ? *mOrderBySet : storedOrder();
+    CVSortTransactions(mDisplayTransactionArray, mTransactionSortContext);
+}
+
+/// Without a stored choice this is the newest first, which is stored.
+CVTransactionSortContext CVTransactionList::storedOrder() {
     QBUserDefaults& defaults = mDocument.userDefaults();
     auto column = defaults.stringForKey(CVDefaultsKeys::kTransactionSortColumn);
     if (!column) {
@@ -80,8 +98,7 @@ void CVTransactionList::doUserSort() {
         defaults.setInteger(CVDefaultsKeys::kTransactionSortOrder, kDescending);
     }
     const bool descending = defaults.integerForKey(CVDefaultsKeys::kTransactionSortOrder) == kDescending;
-    mTransactionSortContext = {*column, descending};
-    CVSortTransactions(mDisplayTransactionArray, mTransactionSortContext);
+    return {*column, descending};
 }
 
 void CVTransactionList::refilter() {
@@ -95,9 +112,14 @@ void CVTransactionList::rebuild() {
 }
 
 void CVTransactionList::chooseSortColumn(const QString& identifier) {
+    const bool descending = !mTransactionSortContext.descending;
+    if (CVTransactionColumns::columnOfIdentifier(identifier) == CVTransactionColumns::Set) {
+        mOrderBySet = {identifier, descending};
+        return;
+    }
+    mOrderBySet.reset();
     QBUserDefaults& defaults = mDocument.userDefaults();
-    defaults.setInteger(CVDefaultsKeys::kTransactionSortOrder,
-                        mTransactionSortContext.descending ? kAscending : kDescending);
+    defaults.setInteger(CVDefaultsKeys::kTransactionSortOrder, descending ? kDescending : kAscending);
     defaults.setString(CVDefaultsKeys::kTransactionSortColumn, identifier);
 }
 

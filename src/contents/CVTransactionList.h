@@ -1,15 +1,18 @@
 #pragma once
 
 #include "budget/CVDayRange.h"
+#include "contents/CVShownSets.h"
 #include "model/CVCollections.h"
 #include "model/CVCompareTransactions.h"
 
 #include <QString>
 
+#include <optional>
+
 class CVDocument;
 
-/// Chooses the transactions for the table in three stages: all of the current set, those in the date range, and those
-/// that match the search, sorted. References the document, which outlives it.
+/// Chooses the transactions for the table in three stages: all of the current set or of all sets, those in the date
+/// range, and those that match the search, sorted. References the document, which outlives it.
 class CVTransactionList final {
 public:
     /// The number of transactions, and the sum of their amounts, added in order and rounded once to two places.
@@ -21,6 +24,11 @@ public:
     };
 
     explicit CVTransactionList(CVDocument& document);
+
+    /// Whether the list is of the current set, as at first, or of all sets; takes effect with the next
+    /// `collectTransactions`. Nothing of it is stored.
+    void setShownSets(CVShownSets shownSets);
+    [[nodiscard]] CVShownSets shownSets() const { return mShownSets; }
 
     /// Sets the item of the range pop-up, 0 to 7; with another number `setRangeFromPreset` does nothing.
     void setTransactionPeriod(int preset) { mTransactionPeriod = preset; }
@@ -39,7 +47,7 @@ public:
     void setSearchText(const QString& text) { mSearchText = text; }
     [[nodiscard]] const QString& searchText() const { return mSearchText; }
 
-    /// Fills stage 1 with the transactions of the document's current set, in document order. The other stages do not
+    /// Fills stage 1 with the transactions of the shown sets, in document order. The other stages do not
     /// change.
     void collectTransactions();
     /// Fills stage 2 with the transactions of stage 1 in the range; also with the undated ones when "All" is shown.
@@ -53,7 +61,7 @@ public:
     /// Fills stages 2 and 3 anew from stage 1, and sorts stage 3.
     void rebuild();
     /// Stores the user's choice of a column and reverses the direction, also when the column is another one than
-    /// before. Does not sort.
+    /// before. Does not sort. The order by set is kept here alone, because it means nothing for one set.
     void chooseSortColumn(const QString& identifier);
     /// The order of the last sort.
     [[nodiscard]] const CVTransactionSortContext& sortContext() const { return mTransactionSortContext; }
@@ -67,8 +75,12 @@ public:
 
 private:
     [[nodiscard]] bool showsUndated() const;
+    [[nodiscard]] CVTransactionSortContext storedOrder();
 
     CVDocument& mDocument;
+    CVShownSets mShownSets = CVShownSets::Current;
+    /// The order by set that the user has chosen; absent where the stored order counts.
+    std::optional<CVTransactionSortContext> mOrderBySet;
     int mTransactionPeriod = 0;
     CVDayRange mRange;
     int mSearchType = 0;

@@ -81,13 +81,44 @@ private:
     std::unordered_map<quint32, bool> mAnswers;
 };
 
-Rows searchAllTexts(const Rows& transactions, const QString& text) {
+/// Tells whether the names of the transactions' sets contain the pattern; computes the answer once for each set. A
+/// missing name does not match: nobody looks for it.
+class SetMatcher {
+public:
+    explicit SetMatcher(const QString& pattern) : mMatcher(pattern, Qt::CaseInsensitive) {}
+
+    [[nodiscard]] bool matches(const CVTransaction& transaction) {
+        const auto [answer, isNew] = mAnswers.try_emplace(transaction.transactionSetID(), false);
+        if (isNew)
+            answer->second = mMatcher.indexIn(transaction.transactionSetName()) >= 0;
+        return answer->second;
+    }
+
+private:
+    QStringMatcher mMatcher;
+    std::unordered_map<quint32, bool> mAnswers;
+};
+
+/// `alsoMatches` is asked last about a transaction.
+template <typename Matches>
+Rows searchAllTextsAnd(const Rows& transactions, const QString& text, Matches alsoMatches) {
     TextMatcher payTo(text);
     TextMatcher xfor(text);
     CategoryMatcher category(text);
     return filter(transactions, [&](const CVTransaction& transaction) {
-        return payTo.matches(transaction.payTo()) || xfor.matches(transaction.xfor()) || category.matches(transaction);
+        return payTo.matches(transaction.payTo()) || xfor.matches(transaction.xfor()) ||
+               category.matches(transaction) || alsoMatches(transaction);
     });
+}
+
+Rows searchAllTexts(const Rows& transactions, const QString& text) {
+    return searchAllTextsAnd(transactions, text, [](const CVTransaction& /*transaction*/) { return false; });
+}
+
+Rows searchAllTextsAndSets(const Rows& transactions, const QString& text) {
+    SetMatcher set(text);
+    return searchAllTextsAnd(transactions, text,
+                             [&set](const CVTransaction& transaction) { return set.matches(transaction); });
 }
 
 Rows searchPayTo(const Rows& transactions, const QString& text) {
@@ -180,6 +211,9 @@ QString CVTitleOfSearchKind(int kind) {
     return isKind(kind) ? SearchText::tr(kSearchKinds[static_cast<std::size_t>(kind)].title) : QString();
 }
 
-CVTransactions searchTransactionsWithString(const CVTransactions& transactions, int kind, const QString& text) {
+CVTransactions searchTransactionsWithString(const CVTransactions& transactions, int kind, const QString& text,
+                                            CVShownSets shownSets) {
+    if (shownSets == CVShownSets::All && kind == static_cast<int>(CVSearchKind::AllTextFields))
+        return searchAllTextsAndSets(transactions, text);
     return isKind(kind) ? kSearchKinds[static_cast<std::size_t>(kind)].search(transactions, text) : Rows();
 }

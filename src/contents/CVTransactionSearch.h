@@ -1,5 +1,6 @@
 #pragma once
 
+#include "contents/CVShownSets.h"
 #include "model/CVCollections.h"
 
 #include <QString>
@@ -25,5 +26,7 @@ inline constexpr int kCVSearchKinds = 9;
 /// `text` without regard to case, or when it is missing. Amounts are compared with the number at the beginning of
 /// `text`, 0 when there is none. A flag that is set matches when `text` contains "Yes" or "On", and a flag that is not
 /// set when `text` contains "No" or "Off"; with both words the transaction is listed twice.
+/// Where all sets are shown, the names of the sets are text fields too; there a missing name matches nothing.
 [[nodiscard]] CVTransactions searchTransactionsWithString(const CVTransactions& transactions, int kind,
-                                                          const QString& text);
+                                                          const QString& text,
+                                                          CVShownSets shownSets = CVShownSets::Current);

@@ -22,7 +22,7 @@ QString yesOrNo(bool flag) {
 }
 
 /// In the order of `CVTransactionColumns::Column`.
-constexpr std::array<ColumnText, CVTransactionColumns::ColumnCount> kColumns{{
+constexpr std::array<ColumnText, CVTransactionColumns::CountWithSet> kColumns{{
     {QT_TRANSLATE_NOOP("CVTransactionText", "Date"),
      [](const CVTransaction& transaction, const Formatters& formatters) {
          const auto date = transaction.effectiveDate();
@@ -42,6 +42,8 @@ constexpr std::array<ColumnText, CVTransactionColumns::ColumnCount> kColumns{{
      [](const CVTransaction& transaction, const Formatters&) { return yesOrNo(transaction.taxFlag()); }},
     {QT_TRANSLATE_NOOP("CVTransactionText", "Flag"),
      [](const CVTransaction& transaction, const Formatters&) { return yesOrNo(transaction.userFlag()); }},
+    {QT_TRANSLATE_NOOP("CVTransactionText", "Set"),
+     [](const CVTransaction& transaction, const Formatters&) { return transaction.transactionSetName(); }},
 }};
 
 } // namespace

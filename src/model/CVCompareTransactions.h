@@ -4,8 +4,8 @@
 
 class CVTransaction;
 
-/// The column of `CVTransactionColumns` by which transactions are ordered: "date", "amount", "tofrom", "for" or
-/// "category"; with any other key all transactions are equal.
+/// The column of `CVTransactionColumns` by which transactions are ordered: "date", "amount", "tofrom", "for",
+/// "category" or "set"; with any other key all transactions are equal.
 struct CVTransactionSortContext {
     QString key;
     bool descending = false;

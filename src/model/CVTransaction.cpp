@@ -5,6 +5,7 @@
 #include "model/CVAttribute.h"
 #include "model/CVCategory.h"
 #include "model/CVDocument.h"
+#include "model/CVTransactionSet.h"
 
 #include <algorithm>
 #include <cmath>
@@ -99,6 +100,12 @@ void CVTransaction::setUserFlag(bool flag) {
 QString CVTransaction::categoryName() const {
     const auto category = mDocument ? mDocument->getCategoryByUniqueID(mCategoryID) : nullptr;
     return category ? category->categoryName() : QString();
+}
+
+QString CVTransaction::transactionSetName() const {
+    const auto set = mDocument ? mDocument->findTransactionSetFromID(mTransactionSetID) : nullptr;
+    // For an ID that no set has the document answers with another set.
+    return set && set->uniqueID() == mTransactionSetID ? set->transactionSetName() : QString();
 }
 
 const CVTextSlice& CVTransaction::xmlRepresentation(CVTextArena& arena) const {

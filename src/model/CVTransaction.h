@@ -56,6 +56,8 @@ public:
 
     /// The name of its category; null when the document has none with its ID.
     [[nodiscard]] QString categoryName() const;
+    /// The name of its set; null when the document has none with its ID.
+    [[nodiscard]] QString transactionSetName() const;
 
     /// The element text with its line feed: the cached one, else rendered into the arena and cached.
     [[nodiscard]] const CVTextSlice& xmlRepresentation(CVTextArena& arena) const;

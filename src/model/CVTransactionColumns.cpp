@@ -27,8 +27,14 @@ Key noOrder(const CVTransaction& /*transaction*/) {
     return {};
 }
 
+/// A transaction without a set comes before all others and does not equal them, as a missing text would.
+QString orderedSetName(const CVTransaction& transaction) {
+    const QString name = transaction.transactionSetName();
+    return name.isNull() ? QLatin1String("") : name;
+}
+
 /// In the order of `CVTransactionColumns::Column`.
-constexpr std::array<ColumnOfTransactions, CVTransactionColumns::ColumnCount> kColumns{{
+constexpr std::array<ColumnOfTransactions, CVTransactionColumns::CountWithSet> kColumns{{
     {QLatin1StringView("date"),
      [](const CVTransaction& transaction) -> Key {
          return {.number = numberOfDay(transaction.effectiveDate()), .text = transaction.categoryName()};
@@ -42,6 +48,8 @@ constexpr std::array<ColumnOfTransactions, CVTransactionColumns::ColumnCount> kC
      [](const CVTransaction& transaction) -> Key { return {.text = transaction.categoryName()}; }},
     {QLatin1StringView("tax"), noOrder},
     {QLatin1StringView("userflag"), noOrder},
+    {QLatin1StringView("set"),
+     [](const CVTransaction& transaction) -> Key { return {.text = orderedSetName(transaction)}; }},
 }};
 
 } // namespace

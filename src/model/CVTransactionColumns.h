@@ -16,9 +16,10 @@ struct CVTransactionOrderKey {
 /// the order that each gives. `CVTransactionText` has their titles and texts.
 namespace CVTransactionColumns {
 
-enum Column { Date, Amount, ToFrom, For, Category, Tax, UserFlag, ColumnCount };
+/// `ColumnCount` columns belong to a list of one set; the set itself is a further column where all sets are listed.
+enum Column { Date, Amount, ToFrom, For, Category, Tax, UserFlag, ColumnCount, Set = ColumnCount, CountWithSet };
 
-/// "date", "amount", "tofrom", "for", "category", "tax" or "userflag".
+/// "date", "amount", "tofrom", "for", "category", "tax", "userflag" or "set".
 [[nodiscard]] QLatin1StringView identifier(int column);
 /// -1 for an unknown identifier.
 [[nodiscard]] int columnOfIdentifier(const QString& identifier);

@@ -114,6 +114,7 @@ TEST_F(ExportProgram, SaysInOneLineWhatFailed) {
         {{"--search", "9:x"}, 2, "0 to 8"},
         {{"--search", "market"}, 2, "0 to 8"},
         {{"--sort", "colour"}, 2, "--sort takes"},
+        {{"--sort", "set"}, 2, "--sort takes"},
         {{"--sort", "date:up"}, 2, "--sort takes"},
         {{"--today", "now"}, 2, "--today takes a day"},
         {{"--nonsense"}, 2, "nonsense"},

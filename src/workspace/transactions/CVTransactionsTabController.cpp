@@ -110,7 +110,7 @@ void CVTransactionsTabController::giveCategory(const CVTransactions& transaction
 
 void CVTransactionsTabController::detectDuplicates() {
     CVTransactionTableView& table = mTab.table();
-    if (table.selectTransactions(CVFindDuplicates(mList.transactions())))
+    if (table.selectTransactions(CVFindDuplicatesOfEachSet(mList.transactions())))
         table.setFocus();
     else
         mAlerts.run(mTab.window(), {tr("No duplicate transactions found"), QString(), tr("OK")});
