@@ -3,7 +3,6 @@
 #include "base/CVDefaultsKeys.h"
 #include "commands/CVReadOnlyBudget.h"
 #include "commands/CVStandardStreams.h"
-#include "contents/CVTransactionExport.h"
 #include "contents/CVTransactionList.h"
 #include "contents/CVTransactionSearch.h"
 #include "model/CVTransactionColumns.h"
@@ -17,6 +16,27 @@ namespace {
 struct ExportCommandText {
     Q_DECLARE_TR_FUNCTIONS(CVExportCommand)
 };
+
+constexpr QLatin1StringView kAllSets("all-sets");
+
+struct FormatName {
+    QLatin1StringView name;
+    CVExportFormat format;
+};
+
+constexpr std::array<FormatName, 3> kFormatNames{{{QLatin1StringView("tsv"), CVExportFormat::List},
+                                                  {QLatin1StringView("csv"), CVExportFormat::CSV},
+                                                  {QLatin1StringView("json"), CVExportFormat::JSON}}};
+
+QString readFormat(const QString& value, CVExportRequest& request) {
+    for (const FormatName& each : kFormatNames) {
+        if (value == each.name) {
+            request.format = each.format;
+            return {};
+        }
+    }
+    return ExportCommandText::tr("--format takes tsv, csv or json, not \"%1\"").arg(value);
+}
 
 QString readSearch(const QString& value, CVExportRequest& request) {
     const auto colon = value.indexOf(':');
@@ -41,10 +61,12 @@ QString readSort(const QString& value, CVExportRequest& request) {
                      "--sort takes date, amount, tofrom, for, category, tax or userflag, and :descending behind it");
 }
 
-constexpr std::array<CVOption<CVExportRequest>, 2> kExportOptions{{{"search", readSearch}, {"sort", readSort}}};
+constexpr std::array<CVOption<CVExportRequest>, 3> kExportOptions{
+    {{"search", readSearch}, {"sort", readSort}, {"format", readFormat}}};
 
 void fill(CVTransactionList& list, const CVDocument& document, const CVExportRequest& request) {
     request.chooseRange(list, document);
+    list.setShownSets(request.allSets ? CVShownSets::All : CVShownSets::Current);
     list.setSearchType(request.searchKind);
     list.setSearchText(request.searchText);
     list.collectTransactions();
@@ -55,6 +77,7 @@ QString readArguments(const QStringList& arguments, CVExportRequest& request) {
     QCommandLineParser parser;
     CVBudgetOptions::declare(parser);
     CVDeclareOptions<CVExportRequest>(parser, kExportOptions);
+    parser.addOption(QCommandLineOption(kAllSets));
     if (!parser.parse(arguments))
         return parser.errorText();
     request.help = CVDataOptions::asksForHelp(parser);
@@ -62,7 +85,10 @@ QString readArguments(const QStringList& arguments, CVExportRequest& request) {
         return {};
     if (!parser.positionalArguments().isEmpty())
         return ExportCommandText::tr("export takes no argument \"%1\"").arg(parser.positionalArguments().constFirst());
+    request.allSets = parser.isSet(kAllSets);
     QString problem = request.read(parser);
+    if (problem.isEmpty() && request.allSets && request.set)
+        problem = ExportCommandText::tr("give either --set or --all-sets");
     return problem.isEmpty() ? CVReadOptions<CVExportRequest>(parser, kExportOptions, request) : problem;
 }
 
@@ -82,7 +108,7 @@ int CVRunExport(const CVExportRequest& request, QTextStream& errors) {
     budget.userDefaults().setInteger(CVDefaultsKeys::kTransactionSortOrder, request.descending ? 1 : 0);
     CVTransactionList list(budget.document());
     fill(list, budget.document(), request);
-    const auto text = CVMakeExportText(list.displayTransactions());
+    const auto text = CVMakeExport(request.format, budget.document(), list.displayTransactions());
     if (request.writesToStandardOutput())
         return CVStandardStreams::write(*text, budget.dataFiles(), errors);
     return request.tellOutcome(CVWriteExport(*request.output, *text, budget.dataFiles()), errors);

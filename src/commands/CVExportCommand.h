@@ -1,6 +1,7 @@
 #pragma once
 
 #include "commands/CVBudgetOptions.h"
+#include "contents/CVTransactionExport.h"
 
 /// The arguments of `corvella export`.
 struct CVExportRequest : CVBudgetOptions {
@@ -9,6 +10,9 @@ struct CVExportRequest : CVBudgetOptions {
     QString searchText = {};
     QString sortColumn = QStringLiteral("date");
     bool descending = true;
+    CVExportFormat format = CVExportFormat::List;
+    /// Whether the transactions of all sets are written.
+    bool allSets = false;
 
     /// Reads the arguments after the command's name, which is the first. Absent when they are not understood; `problem`
     /// then says why.

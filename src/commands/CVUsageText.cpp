@@ -14,7 +14,7 @@ QString commands() {
                          "       corvella sets [OPTION...]       list the transaction sets\n"
                          "       corvella diff A [B]             say what changed from one data file to a later one\n"
                          "       corvella versions [OPTION...]   list the earlier versions of a data file\n"
-                         "       corvella export [OPTION...]     write transactions as tab-separated text\n"
+                         "       corvella export [OPTION...]     write transactions as text, CSV or JSON\n"
                          "       corvella report KIND [OPTION...]\n"
                          "                                       write a report as a PDF file or as text\n"
                          "       corvella import FILE --set NAME [OPTION...]\n"
@@ -57,11 +57,16 @@ QString optionsOfLists() {
 }
 
 QString optionsOfExport() {
-    return UsageText::tr("Options of export alone:\n"
-                         "  --search KIND:TEXT            0 all text fields, 1 paid to, 2 for, 3 category, 4 tax,\n"
-                         "                                5 user flag, 6 amount greater than, 7 equal to, 8 less than\n"
-                         "  --sort COLUMN[:descending]    date, amount, tofrom, for, category, tax or userflag;\n"
-                         "                                otherwise date:descending\n");
+    return UsageText::tr(
+        "Options of export alone:\n"
+        "  --search KIND:TEXT            0 all text fields, 1 paid to, 2 for, 3 category, 4 tax,\n"
+        "                                5 user flag, 6 amount greater than, 7 equal to, 8 less than\n"
+        "  --sort COLUMN[:descending]    date, amount, tofrom, for, category, tax or userflag;\n"
+        "                                otherwise date:descending\n"
+        "  --format tsv|csv|json         tsv (as without it) is the list, with dates and amounts in the form\n"
+        "                                of the locale; csv and json hold set, category, tax and flag too,\n"
+        "                                with days as 2014-01-31 and plain numbers in every locale\n"
+        "  --all-sets                    the transactions of all sets, in place of --set\n");
 }
 
 QString optionsOfReport() {
@@ -178,8 +183,9 @@ QString CVUsageText(const QString& command) {
     if (command == QLatin1String("export"))
         return joined(
             {UsageText::tr(
-                 "Usage: corvella export [OPTION...]\n\nWrites the transactions of a set as tab-separated text: "
-                 "date, amount, X where taxed, paid to, for, category.\n"),
+                 "Usage: corvella export [OPTION...]\n\nWrites the transactions of a set, or of all, as tab-separated "
+                 "text: date, amount, X where taxed, paid\nto, for, category; or with --format as comma-separated text "
+                 "(CSV) or JSON, which hold all that a\ntransaction says and can be read back.\n"),
              optionsOfExport(), optionsOfLists(), optionsOfAll(), status()});
     if (command == QLatin1String("report"))
         return joined({UsageText::tr("Usage: corvella report KIND [OPTION...]\n"), optionsOfReport(), optionsOfLists(),

@@ -4,6 +4,8 @@
 #include "files/CVWriteOutputFile.h"
 #include "model/CVTransaction.h"
 #include "model/CVTransactionColumns.h"
+#include "transfer/CVTransferCSV.h"
+#include "transfer/CVTransferJSON.h"
 
 #include <QIODevice>
 
@@ -33,6 +35,20 @@ std::optional<QByteArray> CVMakeExportText(const CVTransactions& transactions,
             return std::nullopt;
     }
     return text;
+}
+
+std::optional<QByteArray> CVMakeExport(CVExportFormat format, const CVDocument& document,
+                                       const CVTransactions& transactions,
+                                       const std::function<bool(std::size_t done)>& progress) {
+    switch (format) {
+    case CVExportFormat::CSV:
+        return CVTransferCSV(document, transactions, progress);
+    case CVExportFormat::JSON:
+        return CVTransferJSON(document, transactions, progress);
+    case CVExportFormat::List:
+        break;
+    }
+    return CVMakeExportText(transactions, progress);
 }
 
 std::optional<QString> CVWriteExport(const QString& path, const QByteArray& text, const QStringList& spared) {

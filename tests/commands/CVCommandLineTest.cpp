@@ -96,7 +96,9 @@ TEST(CVCommandLine, UsageOfACommandNamesItsOptionsAndNoOthers) {
         {"check", {"corvella check", "--data"}, {"--range", "KIND"}},
         {"versions", {"corvella versions", "--data"}, {"--range", "KIND"}},
         {"sets", {"corvella sets", "--data"}, {"--range", "KIND"}},
-        {"export", {"corvella export", "--data", "--range", "--sort", "--search"}, {"--paper", "--period"}},
+        {"export",
+         {"corvella export", "--data", "--range", "--sort", "--search", "--format", "--all-sets"},
+         {"--paper", "--period"}},
         {"report", {"corvella report KIND", "--data", "--range", "--paper", "--period"}, {"--sort", "--search"}},
     };
     for (const Usage& usage : usages) {
@@ -120,7 +122,7 @@ TEST(CVCommandLine, UsageNamesEveryCommandAndOption) {
     const QString usage = CVUsageText();
     for (const char* const word :
          {"check", "sets", "export", "report KIND", "--period", "--paper", "--data FILE", "--range", "--from", "--to",
-          "--set", "--search", "--sort", "--today", "--output", "--version", "--help"})
+          "--set", "--search", "--sort", "--format", "--all-sets", "--today", "--output", "--version", "--help"})
         EXPECT_TRUE(usage.contains(word)) << word;
 }
 

@@ -79,6 +79,51 @@ TEST_F(ExportProgram, WritesTheLinesThatTheWindowWouldExport) {
     }
 }
 
+constexpr const char* kLeeRow = "2014-03-07,45.1,Medical,Dr. Lee & Sons,Checkup,yes,,Checking\r\n";
+constexpr const char* kMarketRow = "2014-02-01,1234.5,Food,Market,,,,Checking\r\n";
+constexpr const char* kBakerRow = "2013-12-31,9,Food,Baker,rolls,,yes,Checking\r\n";
+constexpr const char* kDepositRow = "2014-03-01,50,Food,Deposit,,,,Savings\r\n";
+
+TEST_F(ExportProgram, WritesTheSameLinesInEachFormatOfASetOrOfAll) {
+    const QString header = "Date,Amount,Category,Paid To,For,Tax,Flagged,Set\r\n";
+    struct Row {
+        QStringList options;
+        QString text;
+    };
+    const QList<Row> rows{
+        {{"--format", "tsv"}, kLee + kMarket + kBaker},
+        {{"--format", "tsv", "--all-sets"}, kLee + kDeposit + kMarket + kBaker},
+        {{"--all-sets"}, kLee + kDeposit + kMarket + kBaker},
+        {{"--format", "csv"}, header + kLeeRow + kMarketRow + kBakerRow},
+        {{"--format", "csv", "--set", "Savings"}, header + kDepositRow},
+        {{"--format", "csv", "--all-sets"}, header + kLeeRow + kDepositRow + kMarketRow + kBakerRow},
+        {{"--format", "csv", "--all-sets", "--range", "2014", "--sort", "amount"},
+         header + kLeeRow + kDepositRow + kMarketRow},
+        {{"--format", "csv", "--search", "1:BAK"}, header + kBakerRow},
+        {{"--format", "csv", "--to", "2012"}, header},
+        {{"--format", "json", "--to", "2012"}, "[]\n"},
+        {{"--format", "json", "--all-sets", "--search", "1:deposit"},
+         R"([
+{"date":"2014-03-01","amount":50,"category":"Food","paidTo":"Deposit","for":"","tax":false,"flagged":false,"set":"Savings"}
+]
+)"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.options.join(' ').toStdString());
+        const Result result = exported(row.options);
+        EXPECT_EQ(result.status, 0);
+        EXPECT_EQ(result.output, row.text);
+        EXPECT_EQ(result.errors, "");
+    }
+}
+
+TEST_F(ExportProgram, WritesPlainNumbersWhateverTheLocale) {
+    mEnvironment.insert("LC_ALL", "de_DE.UTF-8");
+    EXPECT_TRUE(exported({}).output.contains("01.02.14\t")) << "the list is written as the locale has it";
+    EXPECT_TRUE(exported({"--format", "csv"}).output.contains(kMarketRow));
+    EXPECT_TRUE(exported({"--format", "json"}).output.contains(R"({"date":"2014-02-01","amount":1234.5,)"));
+}
+
 TEST_F(ExportProgram, WritesAFileAndNothingElse) {
     const QStringList before = everything();
     const QString path = mHome.filePath("out.txt");
@@ -117,6 +162,11 @@ TEST_F(ExportProgram, SaysInOneLineWhatFailed) {
         {{"--sort", "set"}, 2, "--sort takes"},
         {{"--sort", "date:up"}, 2, "--sort takes"},
         {{"--today", "now"}, 2, "--today takes a day"},
+        {{"--format", "xml"}, 2, "--format takes tsv, csv or json, not \"xml\""},
+        {{"--format", "CSV"}, 2, "--format takes tsv, csv or json, not \"CSV\""},
+        {{"--format", "csv", "--format", "csv"}, 2, "--format is given twice"},
+        {{"--all-sets", "--set", "Savings"}, 2, "give either --set or --all-sets"},
+        {{"--all-sets=no"}, 2, "all-sets"},
         {{"--nonsense"}, 2, "nonsense"},
         {{"file"}, 2, "no argument"},
     };
