@@ -32,6 +32,8 @@ public:
         CVStatementText text = CVDecodeStatement(bytes, mKnown.encoding);
         if (!text.problem.isEmpty())
             return CVStatement::ofProblem(text.problem);
+        if (QString problem = CVProblemOfOtherKind(text.text); !problem.isEmpty())
+            return CVStatement::ofProblem(problem);
         mStatement.mapping = mKnown;
         mStatement.mapping.encoding = text.encoding;
         const char separator = mKnown.separator.value_or(CVSeparatorOf(text.text));

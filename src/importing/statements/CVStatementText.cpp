@@ -120,17 +120,6 @@ QString otherKind(const QByteArray& bytes) {
     return {};
 }
 
-QString notYet(const QString& text) {
-    const QStringView start = QStringView(text).first(std::min(text.size(), kTextSample)).trimmed();
-    const bool isMarkedUp = start.startsWith(u"<?xml") || start.startsWith(u"<OFX", Qt::CaseInsensitive) ||
-                            start.startsWith(u"OFXHEADER", Qt::CaseInsensitive) || start.startsWith(u"<Document") ||
-                            start.contains(u"<OFX>", Qt::CaseInsensitive);
-    const bool isTagged = start.startsWith(u":20:") || start.startsWith(u"{1:F01");
-    if (!isMarkedUp && !isTagged)
-        return {};
-    return StatementTextText::tr("Statements of this kind cannot be read yet. Please have your bank export it as CSV.");
-}
-
 /// Whether the text has characters that no statement has.
 bool isBinary(const QString& text) {
     qsizetype controls = 0;
@@ -191,6 +180,17 @@ CVStatementText CVDecodeStatement(const QByteArray& bytes, const std::optional<Q
         return refusal(
             StatementTextText::tr("This is no statement: the file holds bytes that no text has. Please have your "
                                   "bank export it as CSV."));
-    statement.problem = notYet(statement.text);
     return statement;
+}
+
+QString CVProblemOfOtherKind(const QString& text) {
+    const QStringView start = QStringView(text).first(std::min(text.size(), kTextSample)).trimmed();
+    const bool isMarkedUp = start.startsWith(u"<?xml") || start.startsWith(u"<OFX", Qt::CaseInsensitive) ||
+                            start.startsWith(u"OFXHEADER", Qt::CaseInsensitive) || start.startsWith(u"<Document") ||
+                            start.contains(u"<OFX>", Qt::CaseInsensitive);
+    const bool isTagged = start.startsWith(u"!Type:", Qt::CaseInsensitive) || start.startsWith(u"!Account") ||
+                          start.startsWith(u"!Option") || start.startsWith(u":20:") || start.startsWith(u"{1:F01");
+    if (!isMarkedUp && !isTagged)
+        return {};
+    return StatementTextText::tr("Statements of this kind cannot be read yet. Please have your bank export it as CSV.");
 }

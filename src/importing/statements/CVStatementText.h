@@ -21,3 +21,7 @@ struct CVStatementText {
 /// Makes text of the bytes. Without a given encoding: by the mark at the beginning, as UTF-16 by the NULs, as UTF-8
 /// where all of it is valid, else in the code page in which the most headings are words, the locale's own first.
 [[nodiscard]] CVStatementText CVDecodeStatement(const QByteArray& bytes, const std::optional<QByteArray>& encoding);
+
+/// Why the text is no table of separated values: it is a statement of another kind, which cannot be read. Empty
+/// otherwise.
+[[nodiscard]] QString CVProblemOfOtherKind(const QString& text);

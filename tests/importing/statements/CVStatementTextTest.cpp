@@ -49,12 +49,18 @@ TEST(CVStatementText, IsDecodedAsItIsToldTo) {
     EXPECT_FALSE(CVDecodeStatement("\xFF\xFF\xFF", QByteArray("UTF-8")).problem.isEmpty());
 }
 
-TEST(CVStatementText, IsRefusedWhereTheFileIsOfAnotherKind) {
+TEST(CVStatementText, IsRefusedWhereTheFileIsNoText) {
     for (const QByteArray& bytes :
          {QByteArray("%PDF-1.4 something"), QByteArray("PK\x03\x04 zip"), QByteArray("\xD0\xCF\x11\xE0 old"),
-          QByteArray("a,b\0c,d\n", 8), QByteArray(200, '\x02'), QByteArray("<?xml version=\"1.0\"?><Document/>"),
-          QByteArray("OFXHEADER:100\n<OFX>"), QByteArray(":20:STARTUMS\n:25:1/2\n")})
+          QByteArray("a,b\0c,d\n", 8), QByteArray(200, '\x02')})
         EXPECT_FALSE(CVDecodeStatement(bytes, std::nullopt).problem.isEmpty()) << bytes.left(8).toStdString();
+}
+
+TEST(CVStatementText, IsNoTableWhereItIsMarkedUpOrTagged) {
+    for (const char* text : {"<?xml version=\"1.0\"?><Document/>", "OFXHEADER:100\n<OFX>", "!Type:Bank\nD1/2/24\n",
+                             ":20:STARTUMS\n:25:1/2\n"})
+        EXPECT_FALSE(CVProblemOfOtherKind(QString::fromLatin1(text)).isEmpty()) << text;
+    EXPECT_EQ(CVProblemOfOtherKind(QStringLiteral("Date,Payee,Amount\n")), QString());
 }
 
 } // namespace
