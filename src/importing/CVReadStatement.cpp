@@ -2,6 +2,7 @@
 
 #include "importing/delimited/CVReadDelimited.h"
 #include "importing/qif/CVReadQIF.h"
+#include "importing/ofx/CVReadOFX.h"
 
 #include <QCoreApplication>
 
@@ -24,6 +25,7 @@ struct Kind {
 /// In the order in which they are tried; anything may be delimited text.
 constexpr std::array kKinds{
     Kind{CVIsQIF, CVReadQIF},
+    Kind{CVIsOFX, CVReadOFX},
     Kind{[](const QByteArray&) { return true; }, CVReadDelimited},
 };
 
