@@ -126,19 +126,21 @@ bool CVHistoryOperations::keepPresentState(QWidget& asker) {
 }
 
 bool CVHistoryOperations::saveCopy(const QString& path, QWidget& asker) {
-    const auto target = mPanels.chooseSaveLocation(
-        asker, {tr("Save a Copy"), tr("Save"), proposedName(path), QStringLiteral("corvella"), tr("Corvella data")});
-    if (!target)
+    const auto location = mPanels.chooseSaveLocation(
+        asker,
+        {tr("Save a Copy"), tr("Save"), proposedName(path), {{tr("Corvella data"), QStringLiteral("corvella")}}});
+    if (!location)
         return false;
-    if (const auto failure = writeCopy(path, *target)) {
+    const QString& target = location->path;
+    if (const auto failure = writeCopy(path, target)) {
         mAlerts.run(&asker, {tr("The copy was not saved"),
                              tr("The file “%1” could not be written: %2. Your budget is not affected; choose another "
                                 "place and save the copy again.")
-                                 .arg(QDir::toNativeSeparators(*target), *failure),
+                                 .arg(QDir::toNativeSeparators(target), *failure),
                              tr("OK")});
         return false;
     }
-    mApp.mainWindow()->saveStatus().remark(tr("A copy was saved as “%1”.").arg(QFileInfo(*target).fileName()));
+    mApp.mainWindow()->saveStatus().remark(tr("A copy was saved as “%1”.").arg(QFileInfo(target).fileName()));
     return true;
 }
 

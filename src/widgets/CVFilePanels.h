@@ -1,11 +1,20 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 
 #include <optional>
 
 class QWidget;
+
+/// A kind of file.
+struct CVFileKind {
+    /// In words.
+    QString name;
+    /// The suffix of its files without the dot.
+    QString suffix;
+};
 
 /// What a panel shows that asks where to save a file.
 struct CVSavePanelRequest {
@@ -14,10 +23,16 @@ struct CVSavePanelRequest {
     QString prompt;
     /// The file name without its suffix.
     QString proposedName;
-    /// The suffix without the dot; it is added to a file name that lacks it.
-    QString suffix;
-    /// The kind of file in words.
-    QString kind;
+    /// The first one is chosen at first. The suffix of the chosen one is added to a file name that lacks one.
+    QList<CVFileKind> kinds;
+};
+
+/// Where to save a file.
+struct CVSaveLocation {
+    QString path;
+    /// The index of the chosen kind. Where it is still the first one, the suffix of `path` counts, if it is that of
+    /// another kind.
+    qsizetype kind = 0;
 };
 
 /// What a panel shows that asks for a folder.
@@ -43,9 +58,9 @@ struct CVOpenPanelRequest {
 /// state again afterwards.
 class CVFilePanels {
 public:
-    /// The path that the user chose; absent when the user cancelled.
-    [[nodiscard]] virtual std::optional<QString> chooseSaveLocation(QWidget& window,
-                                                                    const CVSavePanelRequest& request) = 0;
+    /// What the user chose; absent when the user cancelled.
+    [[nodiscard]] virtual std::optional<CVSaveLocation> chooseSaveLocation(QWidget& window,
+                                                                           const CVSavePanelRequest& request) = 0;
     /// The existing folder that the user chose; absent when the user cancelled.
     [[nodiscard]] virtual std::optional<QString> chooseFolder(QWidget& window, const CVFolderPanelRequest& request) = 0;
     /// The existing file that the user chose; absent when the user cancelled.

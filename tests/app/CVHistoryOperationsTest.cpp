@@ -221,7 +221,7 @@ TEST_F(CVHistoryOperationsTest, ACopyOfAVersionHasItsBytesAndIsOnlyTheUsers) {
     EXPECT_EQ(bytesOf(target), bytesOf(mVersion));
     EXPECT_EQ(QFile::permissions(target) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
     EXPECT_EQ(mPanels.asked()[0].proposedName, QFileInfo(mVersion).completeBaseName());
-    EXPECT_EQ(mPanels.asked()[0].suffix, "corvella");
+    EXPECT_EQ(mPanels.asked()[0].kinds[0].suffix, "corvella");
     EXPECT_EQ(remark(), "A copy was saved as “copy.corvella”.");
     quit();
 }

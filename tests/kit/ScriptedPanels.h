@@ -8,9 +8,9 @@
 /// cancelled.
 class ScriptedPanels final : public CVFilePanels {
 public:
-    std::optional<QString> chooseSaveLocation(QWidget& /*window*/, const CVSavePanelRequest& request) override {
+    std::optional<CVSaveLocation> chooseSaveLocation(QWidget& /*window*/, const CVSavePanelRequest& request) override {
         mAsked.append(request);
-        return mAnswers.isEmpty() ? std::nullopt : std::optional(mAnswers.takeFirst());
+        return mAnswers.isEmpty() ? std::nullopt : std::optional(CVSaveLocation{mAnswers.takeFirst(), mKind});
     }
 
     std::optional<QString> chooseFolder(QWidget& /*window*/, const CVFolderPanelRequest& request) override {
@@ -24,12 +24,15 @@ public:
     }
 
     void answer(const QString& path) { mAnswers.append(path); }
+    /// The index of the kind that the panels for saving give from now on.
+    void chooseKind(qsizetype kind) { mKind = kind; }
     [[nodiscard]] const QList<CVSavePanelRequest>& asked() const { return mAsked; }
     [[nodiscard]] const QList<CVFolderPanelRequest>& foldersAsked() const { return mFoldersAsked; }
     [[nodiscard]] const QList<CVOpenPanelRequest>& filesAsked() const { return mFilesAsked; }
 
 private:
     QList<QString> mAnswers;
+    qsizetype mKind = 0;
     QList<CVSavePanelRequest> mAsked;
     QList<CVFolderPanelRequest> mFoldersAsked;
     QList<CVOpenPanelRequest> mFilesAsked;

@@ -239,7 +239,7 @@ TEST_F(MainWindowCommandsTest, TheListIsExportedAsItIsShown) {
     ASSERT_EQ(mPanels.asked().size(), 1);
     EXPECT_EQ(mPanels.asked()[0].prompt, "Export");
     EXPECT_EQ(mPanels.asked()[0].proposedName, "Corvella Data Export");
-    EXPECT_EQ(mPanels.asked()[0].suffix, "txt");
+    EXPECT_EQ(mPanels.asked()[0].kinds[0].suffix, "txt");
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll(), "3/5/14\t$12.50\tX\tMarket\t\tFood\n3/5/14\t$12.50\tX\tMarket\t\tFood\n"

@@ -19,6 +19,18 @@ protected:
         mBudget.inOrder();
         open();
     }
+
+    /// What an export writes whose kind has that index.
+    [[nodiscard]] QByteArray exported(qsizetype kind) {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("out");
+        mPanels.chooseKind(kind);
+        mPanels.answer(path);
+        mController->exportTransactions();
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    }
 };
 
 TEST_F(MainWindowDuplicatesExportTest, TheExportHasTheOrderOfTheList) {
@@ -32,6 +44,44 @@ TEST_F(MainWindowDuplicatesExportTest, TheExportHasTheOrderOfTheList) {
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_TRUE(file.readLine().contains("$30.00"));
     EXPECT_TRUE(file.readLine().contains("$20.00"));
+}
+
+TEST_F(MainWindowDuplicatesExportTest, CSVAndJSONHoldTheLinesThatAreShownOrThoseOfAllSets) {
+    mBudget.set("Cash", 7).set("Bank", 8).currentSet(7);
+    for (std::size_t at = 0; at < 3; ++at)
+        mBudget.transactionAt(at)->setTransactionSetID(at == 1 ? 8 : 7);
+    mController->getStarted();
+    const QByteArray header = "Date,Amount,Category,Paid To,For,Tax,Flagged,Set\r\n";
+    const QByteArray third = "2014-03-03,30,Food,Shop,,,,Cash\r\n";
+    const QByteArray second = "2014-03-02,20,Food,Shop,,,,Bank\r\n";
+    const QByteArray first = "2014-03-01,10,Food,Shop,,,,Cash\r\n";
+    EXPECT_EQ(exported(1), header + third + first);
+    EXPECT_EQ(exported(2), header + third + second + first);
+    EXPECT_EQ(exported(3).count("\"date\":"), 2);
+    EXPECT_EQ(exported(4).count("\"date\":"), 3);
+    clickHeader(Column::Amount);
+    EXPECT_EQ(exported(1), header + first + third) << "in the order of the list";
+    mBudget.transactionAt(0)->setPayTo("Bazaar");
+    type("mSearchField103", "shop");
+    EXPECT_EQ(exported(1), header + first);
+    EXPECT_TRUE(exported(2).contains("Bazaar") && exported(2).contains("Bank")) << "all sets are all lines";
+    EXPECT_TRUE(mAlerts.shown().isEmpty());
+}
+
+TEST_F(MainWindowDuplicatesExportTest, CSVAndJSONAreWrittenAsSafelyAsTheList) {
+    if (!QFile::exists("/dev/full"))
+        GTEST_SKIP() << "this machine has no device that is always full";
+    for (const qsizetype kind : {1, 2}) {
+        mPanels.chooseKind(kind);
+        for (const QString& path : {QStringLiteral("/dev/full"), QStringLiteral("/nonexistent/out.csv")}) {
+            mPanels.answer(path);
+            mController->exportTransactions();
+            ASSERT_FALSE(mAlerts.shown().isEmpty());
+            EXPECT_EQ(mAlerts.shown().last().title, "The transactions were not exported");
+            EXPECT_TRUE(mAlerts.shown().last().message.contains(path));
+        }
+    }
+    EXPECT_EQ(mAlerts.shown().size(), 4);
 }
 
 TEST_F(MainWindowDuplicatesExportTest, TheExportIsRefusedOntoTheDataFile) {

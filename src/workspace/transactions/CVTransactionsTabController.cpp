@@ -16,6 +16,7 @@
 #include "widgets/tables/CVCommitOpenEditor.h"
 #include "workspace/controls/CVRangeControls.h"
 #include "workspace/controls/CVSearchField.h"
+#include "workspace/transactions/CVExportKinds.h"
 #include "workspace/transactions/CVSetCategoryWindow.h"
 #include "workspace/transactions/CVTransactionTableModel.h"
 #include "workspace/transactions/CVTransactionTableView.h"
@@ -119,19 +120,22 @@ void CVTransactionsTabController::detectDuplicates() {
 void CVTransactionsTabController::exportTransactions() {
     if (mList.displayTransactions().empty())
         return;
-    const auto path =
+    const QList<CVExportKind> kinds = CVExportKinds(mDocument);
+    QList<CVFileKind> files;
+    for (const CVExportKind& kind : kinds)
+        files.append(kind.file);
+    const auto location =
         mPanels.chooseSaveLocation(*mTab.window(), {tr("Export Transactions"), tr("Export"),
-                                                    tr("%1 Export").arg(displayName(mDocument.userDefaults())),
-                                                    QStringLiteral("txt"), tr("Text")});
-    if (path)
-        writeExport(*path);
+                                                    tr("%1 Export").arg(displayName(mDocument.userDefaults())), files});
+    if (location)
+        writeExport(location->path, kinds[location->kind]);
 }
 
-void CVTransactionsTabController::writeExport(const QString& path) {
+void CVTransactionsTabController::writeExport(const QString& path, const CVExportKind& kind) {
     // The rows are copied, because events that run while the progress is shown may change the list.
-    const CVTransactions rows = mList.displayTransactions();
+    const CVTransactions rows = kind.sets == CVShownSets::All ? mDocument.transactions() : mList.displayTransactions();
     CVProgressPanel progress(tr("Export Transactions"), static_cast<int>(rows.size()), mTab.window());
-    const auto text = CVMakeExportText(rows, [&progress](std::size_t done) {
+    const auto text = CVMakeExport(kind.format, mDocument, rows, [&progress](std::size_t done) {
         return progress.stepsDone(static_cast<int>(done), tr("Exporting transactions…"));
     });
     progress.hide();

@@ -8,6 +8,7 @@
 class CVDocument;
 class CVAlerts;
 class CVFilePanels;
+struct CVExportKind;
 class CVTransactionList;
 class CVTransactionsTab;
 
@@ -29,7 +30,7 @@ public:
     void setCategory();
     /// Selects transactions that were probably entered twice.
     void detectDuplicates();
-    /// Writes the listed transactions to a file that the user chooses.
+    /// Writes the listed transactions, or those of all sets, to a file of a kind that the user chooses.
     void exportTransactions();
     /// Whether a cell is being changed; meanwhile the listed rows stay, even if they no longer match the search.
     [[nodiscard]] bool keepsRows() const { return mKeepsRows; }
@@ -56,7 +57,7 @@ private:
     void setObjectValue(int row, int column, const QVariant& value);
     void giveCategory(const CVTransactions& transactions, const QString& name);
     void showChangedRows();
-    void writeExport(const QString& path);
+    void writeExport(const QString& path, const CVExportKind& kind);
 
     CVDocument& mDocument;
     CVTransactionList& mList;
