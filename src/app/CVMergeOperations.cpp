@@ -61,9 +61,10 @@ void CVMergeOperations::setDocument(CVDocument& document) {
     if (!mWindow)
         return;
     const bool wasVisible = mWindow->isVisible();
+    // The former document is gone, and a window that closes keeps its looks in the settings of its document.
+    mWindow->setDocument(document);
     if (document.placeForSaving() != mDataFile)
         mWindow->forgetSources();
-    mWindow->setDocument(document);
     // A window is placed in front of another one only when it is shown.
     if (wasVisible && mWindow->countSources() > 0) {
         mWindow->hide();
