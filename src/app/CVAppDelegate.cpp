@@ -329,6 +329,7 @@ void CVAppDelegate::setDocument(std::unique_ptr<CVDocument> document) {
         }
     }
     mMergeOperations->setDocument(*mDocument);
+    mImportOperations->setDocument(*mDocument);
 }
 
 void CVAppDelegate::comeToFront() {

@@ -1,8 +1,10 @@
 #include "app/CVImportOperations.h"
 
 #include "app/CVAppDelegate.h"
+#include "files/CVFileSignature.h"
 #include "format/QBLocale.h"
 #include "importing/CVNotesFile.h"
+#include "importing/budgets/CVReadBudgetFileKind.h"
 #include "model/CVDocument.h"
 #include "widgets/CVAlerts.h"
 #include "widgets/CVFilePanels.h"
@@ -13,12 +15,20 @@
 
 #include <QClipboard>
 #include <QDateTime>
+#include <QEventLoop>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QMainWindow>
+#include <QTimer>
 
+#include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace {
+
+/// How long the beginning of a file may take.
+constexpr std::chrono::seconds kUntilRecognized(5);
 
 QString importedNumber(std::size_t count) {
     return QBLocaleInForce().toString(static_cast<qulonglong>(count));
@@ -29,7 +39,13 @@ QString importedNumber(std::size_t count) {
 CVImportOperations::CVImportOperations(CVAppDelegate& app, CVAlerts& alerts, CVFilePanels& panels)
     : mApp(app)
     , mAlerts(alerts)
-    , mPanels(panels) {}
+    , mPanels(panels)
+    , mBudgets(app, [this](CVImported imported) { add(std::move(imported)); }) {}
+
+void CVImportOperations::setHelp(CVHelpOpener* help) {
+    mHelp = help;
+    mBudgets.setHelp(help);
+}
 
 bool CVImportOperations::mayImport() const {
     return !mApp.document().isReadOnly() && !CVLeadToWaitingWindow();
@@ -43,8 +59,41 @@ void CVImportOperations::importChosenFile() {
 }
 
 void CVImportOperations::importFile(const QString& path) {
-    if (mayImport())
+    if (!mayImport())
+        return;
+    const auto recognized = recognize(path);
+    const QString name = QFileInfo(path).fileName();
+    // Other events were handled meanwhile.
+    if (!mayImport())
+        return;
+    if (!recognized)
+        mApp.mainWindow()->saveStatus().remark(tr("“%1” does not answer, so nothing was imported.").arg(name));
+    else if (recognized->isOwn)
+        mApp.mainWindow()->saveStatus().remark(
+            tr("“%1” is your data file, which you are looking at. There is nothing to import.").arg(name));
+    else if (recognized->kind == CVBudgetFileKind::None)
         show({path, {}});
+    else
+        mBudgets.offer(path);
+}
+
+/// On a thread, because the disk may not answer; the user waits for the first bytes.
+std::optional<CVImportOperations::Recognized> CVImportOperations::recognize(const QString& path) {
+    std::optional<Recognized> recognized;
+    QEventLoop waiting;
+    QTimer::singleShot(kUntilRecognized, &waiting, &QEventLoop::quit);
+    mRecognizing.start([&, path, own = mApp.document().dataFiles()](const CVLatestWork::IsWanted&) {
+        const Recognized found{
+            CVReadBudgetFileKind(path),
+            std::any_of(own.begin(), own.end(), [&path](const QString& file) { return CVIsSameFile(path, file); })};
+        return [&recognized, &waiting, found] {
+            recognized = found;
+            waiting.quit();
+        };
+    });
+    waiting.exec(QEventLoop::ExcludeUserInputEvents);
+    mRecognizing.cancel();
+    return recognized;
 }
 
 void CVImportOperations::importClipboard() {
@@ -60,9 +109,15 @@ void CVImportOperations::show(const CVImportWindow::Source& source) {
     QWidget& main = *mApp.mainWindow()->window();
     CVCommitOpenEditor(main.focusWidget());
     CVImportWindow window(mApp.document(), mPanels, mAlerts, mHelp, &main);
+    window.setIsStatement([this](const QString& path) {
+        const auto recognized = recognize(path);
+        return recognized && recognized->kind == CVBudgetFileKind::None && !recognized->isOwn;
+    });
     window.read(source);
     if (window.exec() == QDialog::Accepted)
         carryOut(window.order());
+    else if (window.otherFile())
+        importFile(*window.otherFile());
 }
 
 void CVImportOperations::carryOut(const CVImportWindow::Order& order) {
@@ -71,11 +126,18 @@ void CVImportOperations::carryOut(const CVImportWindow::Order& order) {
         mAlerts.run(mApp.mainWindow()->window(), {tr("Nothing was imported"), imported.problem, tr("OK")});
         return;
     }
+    learn(order, imported);
+    add(std::move(imported));
+}
+
+void CVImportOperations::add(CVImported imported) {
     mApp.mainWindow()->getStarted();
     const std::size_t count = imported.entries.size();
+    // Sets and categories alone are no import of transactions; their window says that they came in.
+    if (count == 0)
+        return;
     tell(count == 1 ? tr("1 transaction imported")
                     : tr("%1 transactions imported", nullptr, static_cast<int>(count)).arg(importedNumber(count)));
-    learn(order, imported);
     mImports.push_back(std::move(imported));
     mApp.mainWindow()->setCanTakeBackImport(true);
 }
@@ -148,6 +210,8 @@ void CVImportOperations::takeBack() {
         : lines.size() == 1 ? tr("1 transaction taken back")
                             : tr("%1 transactions taken back", nullptr, static_cast<int>(lines.size()))
                                   .arg(importedNumber(lines.size())));
+    if (imported.from == CVImported::From::Budget)
+        return;
     mNotes.forgetNumbers(imported.account, lines);
     write(mNotes);
 }
@@ -155,4 +219,5 @@ void CVImportOperations::takeBack() {
 void CVImportOperations::forget() {
     mImports.clear();
     mNotes = {};
+    mRecognizing.cancel();
 }

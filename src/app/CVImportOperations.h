@@ -1,7 +1,9 @@
 #pragma once
 
+#include "app/CVBudgetImports.h"
 #include "base/CVLatestWork.h"
 #include "importing/CVTakeBackImport.h"
+#include "importing/budgets/CVBudgetFileKind.h"
 #include "importing/panel/CVImportWindow.h"
 
 #include <optional>
@@ -9,11 +11,13 @@
 
 class CVAlerts;
 class CVAppDelegate;
+class CVDocument;
 class CVFilePanels;
 class CVHelpOpener;
 
-/// What the program does with statements: shows them in a window, imports them, remembers what they taught, and takes
-/// imports back until the program ends. References the application, the alerts and the panels, which outlive it.
+/// What the program does with statements and other budgets: shows them in a window, imports them, remembers what
+/// statements taught, and takes imports back until the program ends. References the application, the alerts and the
+/// panels, which outlive it.
 class CVImportOperations final : public QObject {
     Q_OBJECT
 
@@ -21,21 +25,35 @@ public:
     CVImportOperations(CVAppDelegate& app, CVAlerts& alerts, CVFilePanels& panels);
 
     /// Without it the window has no Help button. The help outlives the object.
-    void setHelp(CVHelpOpener* help) { mHelp = help; }
+    void setHelp(CVHelpOpener* help);
 
-    /// These return when the window with the statement is closed. They do nothing while another window waits for an
+    /// These return when the window with the statement is closed; that with another budget stays open beside the main
+    /// window. They do nothing while another window waits for an
     /// answer, which is brought to the front, or while the budget is only looked at.
     void importChosenFile();
     void importFile(const QString& path);
     void importClipboard();
     /// Takes back the last import that was not taken back yet; asks about transactions that were edited since.
     void takeBack();
-    /// The imports are of a document that was replaced.
+    /// The imports are of a document that is being replaced.
     void forget();
+    /// The document that took its place.
+    void setDocument(CVDocument& document) { mBudgets.setDocument(document); }
+
+    [[nodiscard]] CVBudgetImports& budgets() { return mBudgets; }
 
 private:
+    /// What a file turned out to be.
+    struct Recognized {
+        CVBudgetFileKind kind = CVBudgetFileKind::None;
+        bool isOwn = false;
+    };
+
     [[nodiscard]] bool mayImport() const;
+    /// Absent where the disk does not answer in time.
+    [[nodiscard]] std::optional<Recognized> recognize(const QString& path);
     void show(const CVImportWindow::Source& source);
+    void add(CVImported imported);
     void carryOut(const CVImportWindow::Order& order);
     /// Absent when the user keeps the import.
     [[nodiscard]] std::optional<CVEditedTransactions> askAboutEdited(int count);
@@ -48,9 +66,11 @@ private:
     CVAlerts& mAlerts;
     CVFilePanels& mPanels;
     CVHelpOpener* mHelp = nullptr;
+    CVBudgetImports mBudgets;
     /// The last one at the end.
     std::vector<CVImported> mImports;
     /// As they were written last.
     CVImportNotes mNotes;
     CVLatestWork mWriting;
+    CVLatestWork mRecognizing;
 };

@@ -62,7 +62,8 @@ CVVersionLinePane::CVVersionLinePane(CVComparedWith with, const char* columnsKey
 void CVVersionLinePane::addGroups(QHBoxLayout& row) {
     constexpr std::array<const char*, CVVersionLines::kGroups> kNames{"mRemovedBox", "mAddedBox", "mChangedBox",
                                                                       "mBothSidesBox"};
-    row.addWidget(new QLabel(mWith == CVComparedWith::Version ? tr("Since then:") : tr("There:"), this));
+    auto* const label = new QLabel(mWith == CVComparedWith::Version ? tr("Since then:") : tr("There:"), this);
+    row.addWidget(label);
     for (std::size_t i = 0; i < mGroups.size(); ++i) {
         mGroups[i] = new QCheckBox(this);
         mGroups[i]->setObjectName(QLatin1String(kNames[i]));
@@ -72,6 +73,11 @@ void CVVersionLinePane::addGroups(QHBoxLayout& row) {
                 [this, i](bool isShown) { mModel->setShown(static_cast<CVVersionLines::Group>(i), isShown); });
     }
     row.addStretch();
+    // All lines of an import are of one group.
+    const bool hasGroups = mWith != CVComparedWith::Import;
+    label->setVisible(hasGroups);
+    for (QCheckBox* const group : mGroups)
+        group->setVisible(hasGroups);
 }
 
 void CVVersionLinePane::addSearch(QHBoxLayout& row) {
@@ -93,7 +99,8 @@ void CVVersionLinePane::addSearch(QHBoxLayout& row) {
 void CVVersionLinePane::addTable() {
     mTable->setObjectName(QStringLiteral("mLineTable"));
     mTable->setAccessibleName(mWith == CVComparedWith::Version ? tr("What Was Removed, Added and Changed")
-                                                               : tr("What Was Removed, Added and Changed There"));
+                              : mWith == CVComparedWith::Other ? tr("What Was Removed, Added and Changed There")
+                                                               : tr("What Your Budget Does Not Have Yet"));
     mTable->setModel(mModel);
     mTable->setItemDelegate(new CVCellDelegate(mTable));
     mTable->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -226,7 +233,7 @@ std::vector<std::size_t> CVVersionLinePane::takeableLines() const {
     std::vector<std::size_t> lines;
     for (const QModelIndex& index : mTable->selectionModel()->selectedRows()) {
         const std::size_t line = mModel->lineAt(index.row());
-        if (mWith == CVComparedWith::Other || mModel->lines().at(line).sign != CVVersionSign::Added)
+        if (mWith != CVComparedWith::Version || mModel->lines().at(line).sign != CVVersionSign::Added)
             lines.push_back(line);
     }
     std::sort(lines.begin(), lines.end());
@@ -235,7 +242,7 @@ std::vector<std::size_t> CVVersionLinePane::takeableLines() const {
 
 bool CVVersionLinePane::hasTakeable() const {
     const CVVersionLines& lines = mModel->lines();
-    return lines.size() > (mWith == CVComparedWith::Other ? 0 : lines.count(CVVersionLines::Group::Added));
+    return lines.size() > (mWith != CVComparedWith::Version ? 0 : lines.count(CVVersionLines::Group::Added));
 }
 
 bool CVVersionLinePane::hasSelection() const {

@@ -44,6 +44,13 @@ constexpr std::array<WordOfLine, 3> kWordsOfOtherLines{
       {QT_TRANSLATE_NOOP("CVVersionLines", "Removed there"), QT_TRANSLATE_NOOP("CVVersionLines", "Added there"),
        QT_TRANSLATE_NOOP("CVVersionLines", "Changed there")}}}};
 
+/// Of an import, which changes and removes nothing.
+constexpr std::array<WordOfLine, 3> kWordsOfImportedLines{
+    {{CVVersionLines::Kind::Set, {"New set", QT_TRANSLATE_NOOP("CVVersionLines", "New set"), "New set"}},
+     {CVVersionLines::Kind::Category,
+      {"New category", QT_TRANSLATE_NOOP("CVVersionLines", "New category"), "New category"}},
+     {CVVersionLines::Kind::Transaction, {"New", QT_TRANSLATE_NOOP("CVVersionLines", "New"), "New"}}}};
+
 /// The column of the list that shows the same; absent for a column of this table alone.
 std::optional<int> listedColumn(int column) {
     switch (column) {
@@ -147,7 +154,9 @@ CVVersionLines::Group CVVersionLines::group(const Line& line) const {
 QString CVVersionLines::word(const Line& line) const {
     if (ours(line))
         return tr("Changed on both sides");
-    const auto& words = mWith == CVComparedWith::Version ? kWordsOfLines : kWordsOfOtherLines;
+    const auto& words = mWith == CVComparedWith::Version ? kWordsOfLines
+                        : mWith == CVComparedWith::Other ? kWordsOfOtherLines
+                                                         : kWordsOfImportedLines;
     return tr(words[static_cast<std::size_t>(line.kind)].words[static_cast<std::size_t>(line.sign)]);
 }
 

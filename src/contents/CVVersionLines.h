@@ -12,9 +12,9 @@
 
 struct CVBudgetDifferences;
 
-/// What the present budget is compared with: what it was, or what it is to become once the changes of another file are
-/// brought in.
-enum class CVComparedWith : bool { Version, Other };
+/// What the present budget is compared with: what it was, or what it is to become once the changes of another file, or
+/// what an imported one has besides, are brought in.
+enum class CVComparedWith : quint8 { Version, Other, Import };
 
 /// What is not the same in an earlier version of the budget, or in another file, and in the present one, as lines of a
 /// table: sets and categories first, then transactions, newest day first. Dates and amounts are in the locale that was

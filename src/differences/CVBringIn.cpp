@@ -5,8 +5,8 @@
 
 #include <algorithm>
 
-int CVBringIn(CVDocument& present, const CVDocument& merged, const CVDocument& ours,
-              const CVBudgetDifferences& chosen) {
+int CVBringIn(CVDocument& present, const CVDocument& merged, const CVDocument& ours, const CVBudgetDifferences& chosen,
+              CVVersionReason reason) {
     CVTakeDifferences taking(present, merged, CVBudgetDifferences::between(merged, present, &ours),
                              CVRenamedCategory::IsTheSame);
     taking.removeTransactions(chosen);
@@ -15,6 +15,6 @@ int CVBringIn(CVDocument& present, const CVDocument& merged, const CVDocument& o
     if (taking.count() == 0)
         return 0;
     present.setUniqueID(std::max(present.uniqueID(), merged.uniqueID()));
-    present.askForVersion(CVVersionReason::TakingOver);
+    present.askForVersion(reason);
     return taking.finish();
 }

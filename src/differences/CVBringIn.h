@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/CVVersionReason.h"
+
 class CVDocument;
 struct CVBudgetDifferences;
 
@@ -9,7 +11,7 @@ struct CVBudgetDifferences;
 /// that are none any more are passed over. Returns how many were brought in.
 ///
 /// A record that is made keeps its ID unless another one has it by now; the last issued ID becomes the greater one.
-/// The shown set stays. The state before becomes a version; everything is announced once and saved once, and nothing of
-/// this happens when nothing is brought in.
+/// The shown set stays. The state before becomes a version for that reason; everything is announced once and saved
+/// once, and nothing of this happens when nothing is brought in.
 [[nodiscard]] int CVBringIn(CVDocument& present, const CVDocument& merged, const CVDocument& ours,
-                            const CVBudgetDifferences& chosen);
+                            const CVBudgetDifferences& chosen, CVVersionReason reason = CVVersionReason::TakingOver);

@@ -16,6 +16,10 @@ struct FirstSetText {
 
 } // namespace
 
+QString CVNameOfInitialSet() {
+    return FirstSetText::tr("Initial Transaction Set");
+}
+
 void CVShowFirstSet(CVDocument& document, quint32 first) {
     const auto& shown = document.transactions();
     if (std::none_of(shown.begin(), shown.end(), [](const auto& entry) { return entry->transactionSetID() == 0; }))
@@ -25,7 +29,7 @@ void CVShowFirstSet(CVDocument& document, quint32 first) {
     if (first == 0 || std::any_of(sets.begin(), sets.end(), [](const auto& set) { return set->uniqueID() == 0; }))
         return;
     const auto initial = std::make_shared<CVTransactionSet>();
-    initial->setTransactionSetName(FirstSetText::tr("Initial Transaction Set"));
+    initial->setTransactionSetName(CVNameOfInitialSet());
     initial->setDocument(&document);
     sets.insert(sets.begin(), initial);
 }

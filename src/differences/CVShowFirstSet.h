@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QString>
 
 class CVDocument;
 
@@ -8,3 +8,6 @@ class CVDocument;
 /// then the transactions without a set, those with the ID 0, were shown; they stay so in a set that has their ID, which
 /// is made where there is none. Without such transactions the first set is shown. Announces nothing.
 void CVShowFirstSet(CVDocument& document, quint32 first);
+
+/// The name of the set that is made for transactions without a set.
+[[nodiscard]] QString CVNameOfInitialSet();

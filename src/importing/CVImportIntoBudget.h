@@ -28,6 +28,10 @@ struct CVImported {
         QByteArray text = {};
     };
 
+    /// What was imported: only statements teach something for the next one.
+    enum class From : bool { Statement, Budget };
+
+    From from = From::Statement;
     /// Why nothing was imported, one sentence; empty when all was.
     QString problem = {};
     /// In the order of the lines.
@@ -40,6 +44,8 @@ struct CVImported {
     QString account = {};
     /// The set that was shown before.
     quint32 formerSet = 0;
+    /// Of a budget: how many lines have come in, sets and categories too.
+    int lines = 0;
 };
 
 /// Records the checked lines as one change: makes the categories and sets that are missing, asks for an earlier version

@@ -80,6 +80,8 @@ QString CVBothSidesText(const CVMergedBudget& merged, CVCommonKnown common) {
     if (common == CVCommonKnown::Unknown)
         sentences.append(BothSidesText::tr("Which side has changed a line is not known, so nothing of yours is removed "
                                            "or replaced."));
+    if (common == CVCommonKnown::Imported)
+        sentences.append(BothSidesText::tr("Nothing of yours is removed or replaced."));
     if (!records.isEmpty())
         sentences.append((common == CVCommonKnown::Known
                               ? BothSidesText::tr("Changed on both sides, and yours stays: %1.")

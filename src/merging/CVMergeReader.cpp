@@ -1,6 +1,8 @@
 #include "merging/CVMergeReader.h"
 
 #include "comparing/CVReadBudget.h"
+#include "importing/budgets/CVImportFromBudget.h"
+#include "importing/budgets/CVOtherBudget.h"
 
 #include <new>
 #include <utility>
@@ -40,11 +42,22 @@ void CVMergeReader::read(CVDocumentText present, CVMergeSource source) {
     });
 }
 
+void CVMergeReader::readForImport(CVDocumentText present, QString path) {
+    start([present = std::move(present), path = std::move(path)](CVDocumentReader& reader) -> CVMergeFindings {
+        const CVOtherBudget other = CVOtherBudget::read(reader, path);
+        if (!other.budget)
+            return {path, other.problem};
+        return comparison({path, {}, other.summary, other.partlyText()}, reader, present,
+                          [&other](const CVDocument& ours) { return CVMergeForImport(ours, **other.budget); });
+    });
+}
+
 void CVMergeReader::readRest(CVDocumentText present, const CVMergeFindings& former) {
     start([present = std::move(present), former](CVDocumentReader& reader) {
-        return comparison({former.path}, reader, present, [&former](const CVDocument& ours) {
-            return CVMergeRest(**former.comparison->ours, ours, **former.comparison->merged.budget);
-        });
+        return comparison({former.path, {}, former.summary, former.partly}, reader, present,
+                          [&former](const CVDocument& ours) {
+                              return CVMergeRest(**former.comparison->ours, ours, **former.comparison->merged.budget);
+                          });
     });
 }
 

@@ -20,6 +20,9 @@ struct CVMergeFindings {
     QString path;
     /// Why it cannot be read; empty when it was read.
     QString problem = {};
+    /// Of an import: what was recognised, and what of it was read only in part, each in one line.
+    QString summary = {};
+    QString partly = {};
     /// Null when there is a problem.
     std::shared_ptr<const CVMergeComparison> comparison = nullptr;
 };
@@ -32,6 +35,8 @@ class CVMergeReader final : public QObject {
 public:
     /// Begins anew: reads the file and merges it.
     void read(CVDocumentText present, CVMergeSource source);
+    /// Begins anew: reads a file that is imported, whatever it has in common with the budget.
+    void readForImport(CVDocumentText present, QString path);
     /// Begins anew: merges the rest of a former comparison of which the present budget may have taken over a part.
     void readRest(CVDocumentText present, const CVMergeFindings& former);
 

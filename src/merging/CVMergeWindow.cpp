@@ -26,17 +26,18 @@ constexpr int kMergeHeightInLines = 30;
 
 } // namespace
 
-CVMergeWindow::CVMergeWindow(CVDocument& document, CVMergeHost& host, CVHelpOpener* help)
+CVMergeWindow::CVMergeWindow(CVDocument& document, CVMergeHost& host, CVHelpOpener* help, CVMergePurpose purpose)
     : CVLineWindow(document)
+    , mPurpose(purpose)
     , mHost(host)
     , mHeadline(new QLabel(this))
     , mPlace(new CVElidedLabel(this))
     , mSourcesLabel(new QLabel(tr("&File:"), this))
     , mSources(new QComboBox(this))
     , mBothSides(new QLabel(this)) {
-    setWindowTitle(tr("Changes from Elsewhere"));
+    setWindowTitle(isImport() ? tr("Import") : tr("Changes from Elsewhere"));
     addHeadline();
-    makeLines(CVComparedWith::Other, CVDefaultsKeys::kMergeLineColumns, this);
+    makeLines(isImport() ? CVComparedWith::Import : CVComparedWith::Other, CVDefaultsKeys::kMergeLineColumns, this);
     contents().addWidget(&lines(), 1);
     contents().addWidget(mBothSides);
     addRemarks();
@@ -79,7 +80,7 @@ void CVMergeWindow::addButtons(CVHelpOpener* help) {
     QHBoxLayout& row = addButtonRow();
     mBringIn = &addButton(row, tr("Bring &In Lines"), "mBringInButton");
     mBringInAll = &addButton(row, tr("Bring In A&ll"), "mBringInAllButton");
-    addHelpAndClose(row, help, QStringLiteral("TwoHands.html"));
+    addHelpAndClose(row, help, isImport() ? QStringLiteral("Import.html") : QStringLiteral("TwoHands.html"));
     connect(mBringIn, &QPushButton::clicked, this,
             [this] { bringIn(lines().takeable(), static_cast<int>(lines().countTakeable())); });
     connect(mBringInAll, &QPushButton::clicked, this,
@@ -97,6 +98,9 @@ void CVMergeWindow::updateFormats() {
 }
 
 void CVMergeWindow::offer(const CVMergeSource& source) {
+    // The user has chosen this one just now.
+    if (isImport())
+        mOffered.clear();
     const auto same = std::find_if(mOffered.begin(), mOffered.end(),
                                    [&source](const Offered& offered) { return offered.source.path == source.path; });
     const bool isAnother = same == mOffered.end();
@@ -160,10 +164,10 @@ void CVMergeWindow::forgetSources() {
     listSources();
 }
 
-/// Files that are wholly in the budget are not offered again.
+/// Files that are wholly in the budget are not offered again, and imported ones are chosen anew.
 void CVMergeWindow::done(int result) {
     CVLineWindow::done(result);
-    std::erase_if(mOffered, [](const Offered& offered) { return offered.isIn; });
+    std::erase_if(mOffered, [this](const Offered& offered) { return offered.isIn || isImport(); });
     listSources();
 }
 
@@ -187,6 +191,8 @@ void CVMergeWindow::refresh() {
     mIsCurrent = false;
     if (offered->first.comparison)
         mReader->readRest(CVDocumentXMLRepresentation(document()), offered->first);
+    else if (isImport())
+        mReader->readForImport(CVDocumentXMLRepresentation(document()), offered->source.path);
     else
         mReader->read(CVDocumentXMLRepresentation(document()), offered->source);
     readingBegan();
@@ -233,19 +239,36 @@ CVVersionLines::ChangedTwice CVMergeWindow::linesChangedTwice() {
 void CVMergeWindow::showHeadline() {
     const Offered* const offered = chosen();
     const QString path = offered ? offered->source.path : QString();
-    const bool isCopy = CVConflictCopies::isNameOfOne(QFileInfo(path).fileName(), document().placeForSaving());
-    mHeadline->setText(isCopy ? tr("A synchronizer has left a copy of your data file, because it was changed at two "
-                                   "places. Both are whole.")
-                              : tr("Another program has changed your data file while you were changing your budget. "
-                                   "Both are kept whole."));
+    if (isImport())
+        setWindowTitle(tr("Import: %1").arg(QFileInfo(path).fileName()));
+    mHeadline->setText(headline(path));
     mPlace->setText(tr("The other file: %1").arg(QDir::toNativeSeparators(path)));
-    const QString bothSides =
-        offered && offered->first.comparison
-            ? CVBothSidesText(offered->first.comparison->merged,
-                              offered->source.common ? CVCommonKnown::Known : CVCommonKnown::Unknown)
-            : QString();
-    mBothSides->setText(bothSides);
-    mBothSides->setVisible(!bothSides.isEmpty());
+    const QString below = textBelow(offered);
+    mBothSides->setText(below);
+    mBothSides->setVisible(!below.isEmpty());
+}
+
+QString CVMergeWindow::headline(const QString& path) const {
+    if (isImport() && mShown.path.isEmpty())
+        return tr("Reading the other file…");
+    if (isImport())
+        return mShown.problem.isEmpty() ? mShown.summary : tr("This file cannot be read.");
+    return CVConflictCopies::isNameOfOne(QFileInfo(path).fileName(), document().placeForSaving())
+               ? tr("A synchronizer has left a copy of your data file, because it was changed at two places. Both are "
+                    "whole.")
+               : tr("Another program has changed your data file while you were changing your budget. Both are kept "
+                    "whole.");
+}
+
+QString CVMergeWindow::textBelow(const Offered* offered) const {
+    if (!offered || !offered->first.comparison)
+        return {};
+    const CVCommonKnown common = isImport()               ? CVCommonKnown::Imported
+                                 : offered->source.common ? CVCommonKnown::Known
+                                                          : CVCommonKnown::Unknown;
+    QStringList sentences{offered->first.partly, CVBothSidesText(offered->first.comparison->merged, common)};
+    sentences.removeAll(QString());
+    return sentences.join(u'\n');
 }
 
 void CVMergeWindow::showState() {
@@ -293,6 +316,7 @@ void CVMergeWindow::updateButtons() {
 void CVMergeWindow::bringIn(const CVBudgetDifferences& chosenLines, int count) {
     // Kept here, because the budget changes below and other lines may be shown meanwhile.
     const auto comparison = mShown.comparison;
+    const auto all = static_cast<int>(lines().countAll());
     const int in = mHost.bringIn(**comparison->merged.budget, **comparison->ours, chosenLines);
     if (Offered* const offered = chosen())
         offered->wasTaken = offered->wasTaken || in > 0;
@@ -303,6 +327,10 @@ void CVMergeWindow::bringIn(const CVBudgetDifferences& chosenLines, int count) {
                       .arg(number, counted(count)));
     else
         setRemark(in == 1 ? tr("1 line brought in") : tr("%1 lines brought in", nullptr, in).arg(number));
+    if (isImport() && in == all) {
+        accept();
+        return;
+    }
     compareSoon();
     showState();
     // The button is disabled now, and the focus would go to the next control.

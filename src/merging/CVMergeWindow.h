@@ -13,17 +13,19 @@ class QLabel;
 class QPushButton;
 
 /// The window with the changes of other files: of the chosen one, what bringing all in would add to, change in and
-/// remove from the budget, and what was changed on both sides. All references but the document outlive the window.
+/// remove from the budget, and what was changed on both sides. Or the window with a budget that is imported: what it
+/// has and ours has not; the window closes once all is in. All references but the document outlive the window.
 class CVMergeWindow final : public CVLineWindow {
     Q_OBJECT
 
 public:
     /// Without `help` there is no Help button.
-    CVMergeWindow(CVDocument& document, CVMergeHost& host, CVHelpOpener* help = nullptr);
+    CVMergeWindow(CVDocument& document, CVMergeHost& host, CVHelpOpener* help = nullptr,
+                  CVMergePurpose purpose = CVMergePurpose::Changes);
     ~CVMergeWindow() override;
 
     /// Adds a file to those that can be chosen; one of the same path takes the place of the former. Chooses it unless
-    /// the user is looking at another.
+    /// the user is looking at another. A file that is imported takes the place of any other.
     void offer(const CVMergeSource& source);
     /// Who wants to see the window. One that comes by itself takes no key that is typed elsewhere.
     enum class Asked : bool { ByItself, ByUser };
@@ -56,6 +58,7 @@ private:
     void keepLooks() override;
     [[nodiscard]] QString progress(bool isLate) const override;
     void listSources();
+    [[nodiscard]] bool isImport() const { return mPurpose == CVMergePurpose::Import; }
     /// Null when there is none.
     [[nodiscard]] Offered* chosen();
     void sourcePicked();
@@ -64,10 +67,13 @@ private:
     [[nodiscard]] CVVersionLines::ChangedTwice linesChangedTwice();
     void showState();
     void showHeadline();
+    [[nodiscard]] QString headline(const QString& path) const;
+    [[nodiscard]] QString textBelow(const Offered* offered) const;
     void showMessage();
     void updateButtons();
     void bringIn(const CVBudgetDifferences& lines, int count);
 
+    CVMergePurpose mPurpose;
     CVMergeHost& mHost;
     QLabel* mHeadline;
     CVElidedLabel* mPlace;

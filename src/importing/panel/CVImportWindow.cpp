@@ -259,15 +259,21 @@ void CVImportWindow::targetsChanged() {
 }
 
 void CVImportWindow::chooseAnother() {
-    if (const auto path = chooseStatement(mPanels, *this))
-        read({*path, {}});
+    const auto path = chooseStatement(mPanels, *this);
+    if (!path)
+        return;
+    if (!mIsStatement || mIsStatement(*path))
+        return read({*path, {}});
+    mOtherFile = path;
+    QDialog::reject();
 }
 
 std::optional<QString> CVImportWindow::chooseStatement(CVFilePanels& panels, QWidget& asker) {
     return panels.chooseFile(asker, {tr("Import a Statement"),
                                      tr("Open"),
                                      tr("Statements"),
-                                     {QStringLiteral("csv"), QStringLiteral("tsv"), QStringLiteral("txt")}});
+                                     {QStringLiteral("csv"), QStringLiteral("tsv"), QStringLiteral("txt"),
+                                      QStringLiteral("json"), QStringLiteral("corvella")}});
 }
 
 void CVImportWindow::showState() {

@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QTimer>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -50,7 +51,12 @@ public:
     /// What is to be imported, once the user has agreed.
     [[nodiscard]] Order order() const;
 
-    /// Asks the user for the file of a statement; absent when the user cancels.
+    /// Tells of another file that the user chooses whether it is a statement; otherwise the window closes, and the file
+    /// is `otherFile`. Without it every file is one.
+    void setIsStatement(std::function<bool(const QString& path)> isStatement) { mIsStatement = std::move(isStatement); }
+    [[nodiscard]] const std::optional<QString>& otherFile() const { return mOtherFile; }
+
+    /// Asks the user for the file to import; absent when the user cancels.
     [[nodiscard]] static std::optional<QString> chooseStatement(CVFilePanels& panels, QWidget& asker);
 
     /// Asks first when the user would lose what was changed in the lines.
@@ -94,6 +100,8 @@ private:
     CVImportNotes mNotes;
     /// The budget as it is while the window is open.
     std::shared_ptr<const CVRecordedLines> mRecorded;
+    std::function<bool(const QString& path)> mIsStatement;
+    std::optional<QString> mOtherFile;
     bool mIsBusy = false;
     /// Whether the user was asked about the changes and went on.
     bool mWasAsked = false;

@@ -13,11 +13,13 @@ struct SummaryText {
     Q_DECLARE_TR_FUNCTIONS(CVStatementSummary)
 };
 
-QDate dateOf(const QBDate& day) {
-    return {static_cast<int>(day.yearOfCommonEra()), day.monthOfYear(), day.dayOfMonth()};
+/// Years that the calendar of the toolkit does not have, such as 0, are written with digits.
+QString dayInWords(const QBDate& day, const QString& format) {
+    const QDate date(static_cast<int>(day.yearOfCommonEra()), day.monthOfYear(), day.dayOfMonth());
+    return date.isValid() ? QBDateLocaleInForce().toString(date, format)
+                          : QString::fromLatin1(day.corvellaXMLRepresentation());
 }
 
-/// The first and the last day; with the year where it is not this one.
 QString periodOf(const std::vector<CVStatementLine>& lines) {
     std::vector<QBDate> days;
     for (const CVStatementLine& line : lines) {
@@ -27,12 +29,7 @@ QString periodOf(const std::vector<CVStatementLine>& lines) {
     if (days.empty())
         return {};
     const auto [first, last] = std::minmax_element(days.begin(), days.end());
-    const qint64 thisYear = QBDate::date().yearOfCommonEra();
-    const bool isThisYear = first->yearOfCommonEra() == thisYear && last->yearOfCommonEra() == thisYear;
-    const QString format = isThisYear ? QStringLiteral("d MMMM") : QStringLiteral("d MMMM yyyy");
-    const QLocale locale = QBDateLocaleInForce();
-    const QString from = locale.toString(dateOf(*first), format);
-    return *first == *last ? from : SummaryText::tr("%1 to %2").arg(from, locale.toString(dateOf(*last), format));
+    return CVPeriodInWords(*first, *last);
 }
 
 } // namespace
@@ -44,6 +41,14 @@ QString CVSummaryOfStatement(QStringList parts, const std::vector<CVStatementLin
     if (!period.isEmpty())
         parts.append(period);
     return parts.join(QStringLiteral(", "));
+}
+
+QString CVPeriodInWords(const QBDate& first, const QBDate& last) {
+    const qint64 thisYear = QBDate::date().yearOfCommonEra();
+    const bool isThisYear = first.yearOfCommonEra() == thisYear && last.yearOfCommonEra() == thisYear;
+    const QString format = isThisYear ? QStringLiteral("d MMMM") : QStringLiteral("d MMMM yyyy");
+    const QString from = dayInWords(first, format);
+    return first == last ? from : SummaryText::tr("%1 to %2").arg(from, dayInWords(last, format));
 }
 
 QString CVNameOfEncoding(const QByteArray& encoding) {

@@ -1,0 +1,8 @@
+#pragma once
+
+class CVDocument;
+
+/// Prepares another budget for being merged with ours, with which it has only names in common. Its transactions without
+/// a set come into our set of those that had none, else into the one that we show, or stay without one where we have no
+/// sets. No set of theirs keeps an ID that transactions of ours have for want of a set.
+void CVFitToBudget(CVDocument& other, const CVDocument& ours);

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "model/CVDetachedDocument.h"
+#include "storage/CVPartlyRead.h"
+
+#include <QCoreApplication>
+
+#include <memory>
+
+class CVDocumentReader;
+
+/// A budget that is to be imported, read from a file that stays as it is.
+struct CVOtherBudget {
+    Q_DECLARE_TR_FUNCTIONS(CVOtherBudget)
+
+public:
+    /// Null when there is a problem, or when the reading was cancelled.
+    std::shared_ptr<CVDetachedDocument> budget = nullptr;
+    /// Why it cannot be read, as words that follow a colon.
+    QString problem = {};
+    /// What of the file was read only in part.
+    CVPartlyRead partly = {};
+    /// What was recognised, in one line: "A Corvella budget, 2 sets, 1,204 transactions, 12 March to 9 April".
+    QString summary = {};
+
+    [[nodiscard]] static CVOtherBudget read(CVDocumentReader& reader, const QString& path);
+    [[nodiscard]] static QString tooLittleMemory() { return tr("there is not enough memory"); }
+
+    /// Says what was read only in part, in a sentence without a full stop; empty where all was read whole.
+    [[nodiscard]] QString partlyText() const;
+};
