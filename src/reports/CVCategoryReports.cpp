@@ -46,8 +46,8 @@ double spentInRange(const CVTransactions& transactions, const CVDayRange& range)
 
 } // namespace
 
-std::unique_ptr<const CVReport> CVReport::initWithCatgoryAverages(const CVCategories& categories,
-                                                                  const QBDate& startDate, const QBDate& endDate) {
+std::unique_ptr<CVReport> CVReport::initWithCatgoryAverages(const CVCategories& categories, const QBDate& startDate,
+                                                            const QBDate& endDate) {
     const QBMoneyFormatter money;
     auto report =
         makeReport(CVReportType::CategoryAverages, tr("Category Averages Report for: %1 to %2"), {startDate, endDate});
@@ -60,9 +60,9 @@ std::unique_ptr<const CVReport> CVReport::initWithCatgoryAverages(const CVCatego
     return report;
 }
 
-std::unique_ptr<const CVReport> CVReport::initWithCatgoryTotals(const CVCategories& categories,
-                                                                const CVTransactions& transactions,
-                                                                const QBDate& startDate, const QBDate& endDate) {
+std::unique_ptr<CVReport> CVReport::initWithCatgoryTotals(const CVCategories& categories,
+                                                          const CVTransactions& transactions, const QBDate& startDate,
+                                                          const QBDate& endDate) {
     const QBMoneyFormatter money;
     const CVSpendingOfRange spending(transactions, CVIDsOfCategories(categories), {startDate, endDate});
     auto report =
@@ -77,9 +77,9 @@ std::unique_ptr<const CVReport> CVReport::initWithCatgoryTotals(const CVCategori
     return report;
 }
 
-std::unique_ptr<const CVReport> CVReport::initWithCatgoryPercents(const CVCategories& categories,
-                                                                  const CVTransactions& transactions,
-                                                                  const QBDate& startDate, const QBDate& endDate) {
+std::unique_ptr<CVReport> CVReport::initWithCatgoryPercents(const CVCategories& categories,
+                                                            const CVTransactions& transactions, const QBDate& startDate,
+                                                            const QBDate& endDate) {
     const QBMoneyFormatter money;
     const double spent = spentInRange(transactions, {startDate, endDate});
     const double divisor = spent < kSmallestDivisor ? 1.0 : spent;
@@ -92,9 +92,9 @@ std::unique_ptr<const CVReport> CVReport::initWithCatgoryPercents(const CVCatego
     return report;
 }
 
-std::unique_ptr<const CVReport> CVReport::initWithCatgoryTax(const CVCategories& categories,
-                                                             const CVTransactions& transactions,
-                                                             const QBDate& startDate, const QBDate& endDate) {
+std::unique_ptr<CVReport> CVReport::initWithCatgoryTax(const CVCategories& categories,
+                                                       const CVTransactions& transactions, const QBDate& startDate,
+                                                       const QBDate& endDate) {
     const QBMoneyFormatter money;
     const CVSpendingOfRange spending(transactions, CVIDsOfCategories(categories), {startDate, endDate});
     auto report = makeReport(CVReportType::CategoryTax, tr("Tax Report for: %1 to %2"), {startDate, endDate});

@@ -18,9 +18,9 @@ QString refusalOf(CVReportType type, const CVBudgetContents& contents) {
                                                             : QString();
 }
 
-/// The plan is compared with all transactions of the set, but percents and taxes come from the displayed ones; that is
-/// deliberate.
-std::unique_ptr<const CVReport> make(CVReportType type, const CVBudgetContents& contents) {
+/// The plan is compared with all transactions of the shown sets, but percents and taxes come from the displayed ones;
+/// that is deliberate.
+std::unique_ptr<CVReport> make(CVReportType type, const CVBudgetContents& contents) {
     const CVCategories& categories = contents.reports().rows();
     const CVDayRange& range = contents.reports().range();
     switch (type) {
@@ -48,5 +48,8 @@ CVMadeReport CVMakeReport(CVReportType type, const CVBudgetContents& contents) {
     QString refusal = refusalOf(type, contents);
     if (!refusal.isNull())
         return {nullptr, refusal};
-    return {make(type, contents), QString()};
+    auto report = make(type, contents);
+    if (contents.list().shownSets() == CVShownSets::All)
+        report->sayAllSets();
+    return {std::move(report), QString()};
 }

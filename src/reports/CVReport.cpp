@@ -30,6 +30,10 @@ CVReport::CVReport(CVReportType type, QString title, std::span<const CVPrintedCo
     , mColumns(columns)
     , mLabels(std::move(labels)) {}
 
+void CVReport::sayAllSets() {
+    mTitle = tr("%1 (All Sets)", "the title of a report").arg(mTitle);
+}
+
 QString CVReport::pageText(int page) {
     return tr("Page %1").arg(page);
 }

@@ -32,26 +32,25 @@ class CVReport {
 
 public:
     /// Reports these transactions in their order.
-    [[nodiscard]] static std::unique_ptr<const CVReport> initWithTransactions(CVTransactions transactions);
+    [[nodiscard]] static std::unique_ptr<CVReport> initWithTransactions(CVTransactions transactions);
     /// Reports the first `columns` columns, at most `kMostSummaryColumns`, of a table whose rows are `categories`.
-    [[nodiscard]] static std::unique_ptr<const CVReport>
-    initWithSummaryTable(const CVSummaryTable& table, const CVCategories& categories, int columns);
+    [[nodiscard]] static std::unique_ptr<CVReport> initWithSummaryTable(const CVSummaryTable& table,
+                                                                        const CVCategories& categories, int columns);
     /// "Catgory" is misspelt in four of these names. This report prints the averages that were last computed for the
     /// categories; the others compute their figures from the transactions in the range of days, in one walk.
-    [[nodiscard]] static std::unique_ptr<const CVReport>
+    [[nodiscard]] static std::unique_ptr<CVReport>
     initWithCatgoryAverages(const CVCategories& categories, const QBDate& startDate, const QBDate& endDate);
-    [[nodiscard]] static std::unique_ptr<const CVReport> initWithCatgoryTotals(const CVCategories& categories,
-                                                                               const CVTransactions& transactions,
-                                                                               const QBDate& startDate,
-                                                                               const QBDate& endDate);
-    [[nodiscard]] static std::unique_ptr<const CVReport> initWithCatgoryPercents(const CVCategories& categories,
-                                                                                 const CVTransactions& transactions,
-                                                                                 const QBDate& startDate,
-                                                                                 const QBDate& endDate);
-    [[nodiscard]] static std::unique_ptr<const CVReport> initWithCatgoryTax(const CVCategories& categories,
-                                                                            const CVTransactions& transactions,
-                                                                            const QBDate& startDate,
-                                                                            const QBDate& endDate);
+    [[nodiscard]] static std::unique_ptr<CVReport> initWithCatgoryTotals(const CVCategories& categories,
+                                                                         const CVTransactions& transactions,
+                                                                         const QBDate& startDate,
+                                                                         const QBDate& endDate);
+    [[nodiscard]] static std::unique_ptr<CVReport> initWithCatgoryPercents(const CVCategories& categories,
+                                                                           const CVTransactions& transactions,
+                                                                           const QBDate& startDate,
+                                                                           const QBDate& endDate);
+    [[nodiscard]] static std::unique_ptr<CVReport> initWithCatgoryTax(const CVCategories& categories,
+                                                                      const CVTransactions& transactions,
+                                                                      const QBDate& startDate, const QBDate& endDate);
 
     virtual ~CVReport() = default;
     CVReport(const CVReport&) = delete;
@@ -60,6 +59,8 @@ public:
     [[nodiscard]] CVReportType type() const { return mReportType; }
     /// The title, without the page number.
     [[nodiscard]] const QString& title() const { return mTitle; }
+    /// Says in the title that the report is of all sets.
+    void sayAllSets();
     /// The name of the print job and of the file: the kind of report and today's date. It holds no figure, because
     /// everyone at the printer can read it, and no character that a file name must not have.
     [[nodiscard]] const QString& name() const { return mName; }

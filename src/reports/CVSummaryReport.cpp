@@ -57,8 +57,8 @@ QStringList labelsOf(const CVSummaryTable& table, int columns) {
 
 } // namespace
 
-std::unique_ptr<const CVReport> CVReport::initWithSummaryTable(const CVSummaryTable& table,
-                                                               const CVCategories& categories, int columns) {
+std::unique_ptr<CVReport> CVReport::initWithSummaryTable(const CVSummaryTable& table, const CVCategories& categories,
+                                                         int columns) {
     Q_ASSERT(columns >= 0 && columns <= static_cast<int>(kMostSummaryColumns));
     auto report = std::make_unique<CVComputedReport>(
         CVReportType::Summary, tr("Summary Report for: %1").arg(QBDateFormatter().string(QBDate::date())),

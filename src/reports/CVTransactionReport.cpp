@@ -45,6 +45,6 @@ private:
 
 } // namespace
 
-std::unique_ptr<const CVReport> CVReport::initWithTransactions(CVTransactions transactions) {
+std::unique_ptr<CVReport> CVReport::initWithTransactions(CVTransactions transactions) {
     return std::make_unique<CVTransactionReport>(std::move(transactions));
 }
