@@ -150,11 +150,24 @@ void CVMainMenu::addEditCommands(QMenu& menu) {
 }
 
 void CVMainMenu::addSortMenu(QMenu& menu) {
-    QMenu& sort = *menu.addMenu(tr("Sort &By"));
-    for (int column = 0; column < CVTransactionTableModel::ColumnCount; ++column) {
-        const QString identifier = CVTransactionColumns::identifier(column);
-        sort.addAction(CVTransactionText::title(column), this, [this, identifier] { emit sortRequested(identifier); });
-    }
+    mSort = menu.addMenu(tr("Sort &By"));
+    for (int column = 0; column < CVTransactionTableModel::ColumnCount; ++column)
+        mSort->addAction(makeSortAction(column));
+    mSortBySet = makeSortAction(CVTransactionTableModel::Set);
+}
+
+QAction* CVMainMenu::makeSortAction(int column) {
+    auto* const action = new QAction(CVTransactionText::title(column), this);
+    const QString identifier = CVTransactionColumns::identifier(column);
+    connect(action, &QAction::triggered, this, [this, identifier] { emit sortRequested(identifier); });
+    return action;
+}
+
+void CVMainMenu::setSortsBySet(bool sorts) {
+    if (sorts)
+        mSort->addAction(mSortBySet);
+    else
+        mSort->removeAction(mSortBySet);
 }
 
 void CVMainMenu::addTableCommands(CVTableView& table) {

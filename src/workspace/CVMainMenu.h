@@ -62,6 +62,8 @@ public:
     void setEnabled(CVCommand command, bool enabled);
     /// Does so for the Copy command of the table's own menu.
     void setCopyRowsEnabled(bool enabled) { mCopyRows->setEnabled(enabled); }
+    /// Whether the list, which then has the column of the sets, can be sorted by set.
+    void setSortsBySet(bool sorts);
 
 signals:
     void chosen(CVCommand command);
@@ -75,9 +77,13 @@ private:
     void addCommands();
     void addEditCommands(QMenu& menu);
     void addSortMenu(QMenu& menu);
+    QAction* makeSortAction(int column);
     void addTableCommands(CVTableView& table);
 
     QMainWindow& mWindow;
     std::array<QAction*, kCVCommands> mActions{};
     QAction* mCopyRows = nullptr;
+    QMenu* mSort = nullptr;
+    /// The menu has it only while all sets are listed.
+    QAction* mSortBySet = nullptr;
 };

@@ -15,6 +15,7 @@
 #include "workspace/controls/CVReadOnlyNotice.h"
 #include "workspace/controls/CVSaveStatus.h"
 #include "workspace/controls/CVSetPicker.h"
+#include "workspace/transactions/CVTransactionColumnLayout.h"
 #include "workspace/transactions/CVTransactionTableView.h"
 #include "workspace/transactions/CVTransactionsTab.h"
 
@@ -34,6 +35,7 @@ constexpr int kGap = 6;
 
 constexpr const char* kFrameKey = "CVMainWindowController";
 constexpr const char* kColumnsKey = "CVMainWindowController Columns";
+constexpr const char* kAllSetsColumnsKey = "CVMainWindowController All Sets Columns";
 constexpr const char* kReportColumnsKey = "CVMainWindowController Report Columns";
 constexpr int kFirstWidthInDigits = 135;
 constexpr int kFirstHeightInLines = 45;
@@ -49,7 +51,6 @@ CVMainWindow::CVMainWindow(const CVBudgetContents& contents)
     , mSummaryTab(new CVSummaryTab(contents.grid(), this))
     , mReportsTab(new CVReportsTab(contents.reports(), this))
     , mSaveStatus(new CVSaveStatus(this)) {
-    setWindowTitle(tr("Corvella Main Window"));
     mMainTabView->setObjectName(QStringLiteral("mMainTabView"));
     CVSetAccessibleName(*mMainTabView, tr("Views"));
     mMainTabView->addTab(mTransactionsTab, tr("Transactions"));
@@ -64,6 +65,7 @@ CVMainWindow::CVMainWindow(const CVBudgetContents& contents)
         inside.setSpacing(kGap);
     }
     connect(mSetPicker, &CVSetPicker::picked, this, &CVMainWindow::transactionSetPicked);
+    connect(mSetPicker, &CVSetPicker::allPicked, this, &CVMainWindow::allSetsPicked);
     auto* const content = new QWidget;
     auto* const layout = new QVBoxLayout(content);
     layout->setContentsMargins(kEdge, kGap, kEdge, kGap);
@@ -71,6 +73,7 @@ CVMainWindow::CVMainWindow(const CVBudgetContents& contents)
     layout->addWidget(mEntryStrip);
     layout->addWidget(mReadOnlyNotice);
     mReadOnlyNotice->hide();
+    updateTitle();
     layout->addWidget(mMainTabView, 1);
     layout->addWidget(mSaveStatus);
     setCentralWidget(new CVScrollArea(*content, this));
@@ -78,17 +81,32 @@ CVMainWindow::CVMainWindow(const CVBudgetContents& contents)
     mMenu = new CVMainMenu(*this, mTransactionsTab->table());
 }
 
-void CVMainWindow::setTransactionSets(const QStringList& names, int current) {
-    mSetPicker->setNames(names, current);
+void CVMainWindow::setTransactionSets(const QStringList& names, int current, CVShownSets shownSets,
+                                      const QString& recordsInto) {
+    mShownSets = shownSets;
+    const bool showsAll = shownSets == CVShownSets::All;
+    mSetPicker->setNames(names, current, shownSets);
+    mEntryStrip->sayRecordingInto(showsAll ? std::optional(recordsInto) : std::nullopt);
+    mMenu->setSortsBySet(showsAll);
+    updateTitle();
+}
+
+void CVMainWindow::updateTitle() {
+    const bool isReadOnly = !mReadOnlyNotice->isHidden();
+    if (mShownSets == CVShownSets::All)
+        setWindowTitle(isReadOnly ? tr("Corvella Main Window (All Sets, Read-Only)")
+                                  : tr("Corvella Main Window (All Sets)"));
+    else
+        setWindowTitle(isReadOnly ? tr("Corvella Main Window (Read-Only)") : tr("Corvella Main Window"));
 }
 
 void CVMainWindow::showReadOnly(const QString& why) {
-    setWindowTitle(tr("Corvella Main Window (Read-Only)"));
     mReadOnlyNotice->setText(why);
     if (!mReadOnlyNotice->isHidden())
         return;
     mEntryStrip->hide();
     mReadOnlyNotice->show();
+    updateTitle();
     mTransactionsTab->table().setFocus(Qt::OtherFocusReason);
 }
 
@@ -107,13 +125,16 @@ void CVMainWindow::restore(const QBUserDefaults& defaults) {
     CVWindowFrame::restore(
         *this, defaults.dataForKey(kFrameKey),
         {kFirstWidthInDigits * letters.horizontalAdvance('0'), kFirstHeightInLines * letters.height()});
-    mTransactionsTab->table().restoreColumns(defaults.dataForKey(kColumnsKey));
+    mTransactionsTab->table().columnLayout().restore(defaults.dataForKey(kColumnsKey),
+                                                     defaults.dataForKey(kAllSetsColumnsKey));
     mReportsTab->restoreColumns(defaults.dataForKey(kReportColumnsKey));
 }
 
 void CVMainWindow::keep(QBUserDefaults& defaults) const {
     defaults.setData(kFrameKey, saveGeometry());
-    defaults.setData(kColumnsKey, mTransactionsTab->table().saveColumns());
+    const CVTransactionColumnLayout& columns = mTransactionsTab->table().columnLayout();
+    defaults.setData(kColumnsKey, columns.save(CVShownSets::Current));
+    defaults.setData(kAllSetsColumnsKey, columns.save(CVShownSets::All));
     defaults.setData(kReportColumnsKey, mReportsTab->saveColumns());
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "contents/CVShownSets.h"
+
 #include <QMainWindow>
 #include <QPointer>
 
@@ -39,8 +41,9 @@ public:
     /// The tab widget, whose pages are indexed by `Tab`.
     [[nodiscard]] QTabWidget& tabs() const { return *mMainTabView; }
 
-    /// Shows the names of the sets in the pop-up; fewer than two names hide the pop-up.
-    void setTransactionSets(const QStringList& names, int current);
+    /// Shows the names of the sets in the pop-up; fewer than two names hide the pop-up. Where all sets are shown, the
+    /// title says so, the list can be sorted by set, and the entry strip names the set `recordsInto`.
+    void setTransactionSets(const QStringList& names, int current, CVShownSets shownSets, const QString& recordsInto);
 
     /// Shows in place of the entry strip why nothing can be recorded.
     void showReadOnly(const QString& why);
@@ -62,6 +65,7 @@ public:
 signals:
     /// The user picked the set with that index.
     void transactionSetPicked(int index);
+    void allSetsPicked();
     /// The user has dropped a file on the window.
     void fileDropped(const QString& path);
     /// The user's locale has changed.
@@ -78,6 +82,7 @@ protected:
 private:
     /// The file that would be dropped; empty when nothing can be done with what is dragged, or just now.
     [[nodiscard]] QString droppedFile(const QDropEvent& event) const;
+    void updateTitle();
 
     CVEntryStrip* mEntryStrip;
     CVReadOnlyNotice* mReadOnlyNotice;
@@ -89,6 +94,7 @@ private:
     CVReportsTab* mReportsTab;
     CVSaveStatus* mSaveStatus;
     CVMainMenu* mMenu = nullptr;
+    CVShownSets mShownSets = CVShownSets::Current;
     std::function<bool()> mMayClose;
     /// The field and the text of the last `returnToUnreadable`.
     QPointer<CVFormattedField> mUnreadable;

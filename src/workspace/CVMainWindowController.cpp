@@ -102,7 +102,13 @@ void CVMainWindowController::reloadAllTables() {
     updateCommands();
 }
 
+void CVMainWindowController::showAllSets() {
+    mContents.list().setShownSets(CVShownSets::All);
+    getStarted();
+}
+
 void CVMainWindowController::changeTransactionSet(int index) {
+    mContents.list().setShownSets(CVShownSets::Current);
     mDocument.setCurrentTransactionSet(
         mDocument.objectInTransactionSetsAtIndex(static_cast<std::size_t>(index))->uniqueID());
     mDocument.workbookSave();
@@ -234,6 +240,7 @@ void CVMainWindowController::readViewState() {
 void CVMainWindowController::connectWindow() {
     using Self = CVMainWindowController;
     connect(mWindow.get(), &CVMainWindow::transactionSetPicked, this, &Self::changeTransactionSet);
+    connect(mWindow.get(), &CVMainWindow::allSetsPicked, this, &Self::showAllSets);
     connect(mWindow.get(), &CVMainWindow::closing, this, [this] { mWindow->keep(mDocument.userDefaults()); });
     connect(mWindow.get(), &CVMainWindow::fileDropped, this, &Self::fileDropped);
     connect(mWindow.get(), &CVMainWindow::localeChanged, this, &Self::handleLocaleChange);
@@ -306,7 +313,11 @@ void CVMainWindowController::showTransactionSets() {
     QStringList names;
     for (const auto& set : mDocument.transactionSets())
         names.append(set->transactionSetName());
-    mWindow->setTransactionSets(names, static_cast<int>(mDocument.popupIndexOfCurrentTransactionSet()));
+    if (names.size() < 2)
+        mContents.list().setShownSets(CVShownSets::Current);
+    const auto entrySet = mDocument.findTransactionSetFromID(mDocument.currentTransactionSet());
+    mWindow->setTransactionSets(names, static_cast<int>(mDocument.popupIndexOfCurrentTransactionSet()),
+                                mContents.list().shownSets(), entrySet ? entrySet->transactionSetName() : QString());
 }
 
 void CVMainWindowController::tabSelected(int index) {

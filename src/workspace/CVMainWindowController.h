@@ -51,12 +51,14 @@ public:
     /// Sets the panels for printing; without them the print commands are disabled. The panels outlive the controller.
     void setPrintPanels(CVPrintPanels* panels);
 
-    /// Rebuilds everything that depends on the current transaction set.
+    /// Rebuilds everything that depends on the shown transaction sets. All sets stay shown while there are several.
     void getStarted();
     /// Computes and shows the tables of the visible tab again.
     void reloadAllTables();
-    /// Makes the set at that position of the document's sets the current one.
+    /// Makes the set at that position of the document's sets the current one, and shows it alone.
     void changeTransactionSet(int index);
+    /// Shows all sets. The current one stays what it is, and nothing is stored.
+    void showAllSets();
 
     /// Records the contents of the entry strip, or shows an alert with their first problem.
     void record();

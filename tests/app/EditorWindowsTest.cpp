@@ -87,7 +87,7 @@ TEST_F(EditorWindowsTest, TheSetPopUpComesAndGoesWithTheSecondSetWhileASearchIsA
         clickButton(table, "Add");
         EXPECT_TRUE(find<QComboBox>("mTransactionSet")->isVisible());
         typeName("Savings");
-        EXPECT_EQ(items("mTransactionSet"), (QStringList{"Initial Transaction Set", "Savings"}));
+        EXPECT_EQ(items("mTransactionSet"), (QStringList{"Initial Transaction Set", "Savings", "", "All Sets"}));
         EXPECT_EQ(find<QComboBox>("mTransactionSet")->currentIndex(), 0);
         EXPECT_EQ(column(kList, kPayee), QStringList{"Market"}) << "the search stays";
     });

@@ -70,7 +70,7 @@ TEST_F(MainWindowStateTest, ThePopUpOfSetsIsThereWhileThereIsAChoice) {
     mBudget.set("Savings", 5);
     mBudget.notificationCenter().postNotification(QLatin1String(CVNotifications::kTransactionSet));
     EXPECT_TRUE(picker().isVisible());
-    EXPECT_EQ(picker().count(), 2);
+    EXPECT_EQ(picker().count(), 4) << "with a separator and all sets";
     document().transactionSets().pop_back();
     mController->getStarted();
     EXPECT_FALSE(picker().isVisible());

@@ -11,6 +11,7 @@
 #include "widgets/fields/CVMoneyField.h"
 #include "workspace/controls/CVNewCategoryNote.h"
 #include "workspace/controls/CVProposedText.h"
+#include "workspace/controls/CVRecordingNote.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -22,6 +23,7 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QTimer>
+#include <QVBoxLayout>
 
 #include <chrono>
 #include <utility>
@@ -55,9 +57,15 @@ CVEntryStrip::CVEntryStrip(QWidget* parent)
     , mTaxCheckbox(new QCheckBox(tr("&Tax"), this))
     , mRecordButton(new CVCompactButton(tr("&Record"), this))
     , mNewCategoryNote(new CVNewCategoryNote(*mExpenseCategoryComboBox, this))
+    , mRecordingNote(new CVRecordingNote(this))
     , mProposedFor(new CVProposedText(*mForField, *mForField))
     , mProposedCategory(new CVProposedText(*mExpenseCategoryComboBox->lineEdit(), *mExpenseCategoryComboBox)) {
-    auto* const layout = new CVWrappingLayout(this);
+    auto* const lines = new QVBoxLayout(this);
+    lines->setContentsMargins(0, 0, 0, 0);
+    lines->setSpacing(kLabelGap);
+    auto* const layout = new CVWrappingLayout;
+    lines->addLayout(layout);
+    lines->addWidget(mRecordingNote);
     auto* const firstHalf = new QGridLayout;
     auto* const secondHalf = new QGridLayout;
     for (QGridLayout* const half : {firstHalf, secondHalf}) {
@@ -155,6 +163,11 @@ void CVEntryStrip::clearFields() {
     mForField->clear();
     mExpenseCategoryComboBox->clearEditText();
     mTaxCheckbox->setChecked(false);
+}
+
+void CVEntryStrip::sayRecordingInto(const std::optional<QString>& set) {
+    mRecordingNote->setSet(set);
+    mRecordButton->setAccessibleDescription(mRecordingNote->text());
 }
 
 void CVEntryStrip::setPaidToItems(const QStringList& items) {

@@ -9,6 +9,7 @@ class CVDateField;
 class CVMoneyField;
 class CVNewCategoryNote;
 class CVProposedText;
+class CVRecordingNote;
 class QCheckBox;
 class QGridLayout;
 class QLabel;
@@ -42,6 +43,8 @@ public:
     void resetAmount();
     /// Clears every field except the date and unticks the tax box.
     void clearFields();
+    /// Says below the fields into which set is recorded; says nothing without a name.
+    void sayRecordingInto(const std::optional<QString>& set);
     void setPaidToItems(const QStringList& items);
     void setCategoryItems(const QStringList& items);
     /// Gives a field the focus and selects all of its text.
@@ -82,6 +85,7 @@ private:
     QCheckBox* mTaxCheckbox;
     QPushButton* mRecordButton;
     CVNewCategoryNote* mNewCategoryNote;
+    CVRecordingNote* mRecordingNote;
     CVProposedText* mProposedFor;
     CVProposedText* mProposedCategory;
     /// What the fields held when it was last recorded or set.

@@ -28,7 +28,7 @@ CVSetPicker::CVSetPicker(QTabWidget& tabs)
     mTransactionSet->setAccessibleName(tr("Transaction Set"));
     mTransactionSet->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     mTransactionSet->setMinimumContentsLength(kShortestSetName);
-    connect(mTransactionSet, &QComboBox::activated, this, &CVSetPicker::picked);
+    connect(mTransactionSet, &QComboBox::activated, this, &CVSetPicker::pick);
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(layout->spacing(), 0, 0, kGapBelow);
     layout->addWidget(mLabel);
@@ -36,15 +36,26 @@ CVSetPicker::CVSetPicker(QTabWidget& tabs)
     tabs.setCornerWidget(this);
 }
 
-void CVSetPicker::setNames(const QStringList& names, int current) {
+void CVSetPicker::setNames(const QStringList& names, int current, CVShownSets shownSets) {
     // Unchanged names are not set again, because new items lay out the tabs anew.
     if (names != mNames) {
         mNames = names;
         mTransactionSet->clear();
         mTransactionSet->addItems(names);
+        if (names.size() > 1) {
+            mTransactionSet->insertSeparator(mTransactionSet->count());
+            mTransactionSet->addItem(tr("All Sets"));
+        }
     }
-    mTransactionSet->setCurrentIndex(current);
+    mTransactionSet->setCurrentIndex(shownSets == CVShownSets::All ? mTransactionSet->count() - 1 : current);
     setVisible(names.size() > 1);
+}
+
+void CVSetPicker::pick(int index) {
+    if (index < mNames.size())
+        emit picked(index);
+    else
+        emit allPicked();
 }
 
 QSize CVSetPicker::sizeHint() const {

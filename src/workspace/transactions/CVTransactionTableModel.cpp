@@ -35,14 +35,29 @@ CVTransactionTableModel::CVTransactionTableModel(const CVTransactionList& list, 
     , mList(list) {}
 
 void CVTransactionTableModel::reload() {
+    showSets(mList.shownSets() == CVShownSets::All);
     if (!mRows.empty() && mRows == mList.displayTransactions()) {
-        emit dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
-        emit headerDataChanged(Qt::Horizontal, 0, ColumnCount - 1);
+        emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+        emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
         return;
     }
     beginResetModel();
     mRows = mList.displayTransactions();
     endResetModel();
+}
+
+void CVTransactionTableModel::showSets(bool show) {
+    if (mShowsSets == show)
+        return;
+    if (show)
+        beginInsertColumns({}, Set, Set);
+    else
+        beginRemoveColumns({}, Set, Set);
+    mShowsSets = show;
+    if (show)
+        endInsertColumns();
+    else
+        endRemoveColumns();
 }
 
 void CVTransactionTableModel::reorder() {
@@ -63,7 +78,7 @@ void CVTransactionTableModel::reorder() {
     }
     changePersistentIndexList(before, after);
     emit layoutChanged({}, VerticalSortHint);
-    emit headerDataChanged(Qt::Horizontal, 0, ColumnCount - 1);
+    emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
 }
 
 int CVTransactionTableModel::rowOf(const CVTransaction* transaction) const {
@@ -77,7 +92,9 @@ int CVTransactionTableModel::rowCount(const QModelIndex& parent) const {
 }
 
 int CVTransactionTableModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : ColumnCount;
+    if (parent.isValid())
+        return 0;
+    return mShowsSets ? CountWithSet : ColumnCount;
 }
 
 QVariant CVTransactionTableModel::data(const QModelIndex& index, int role) const {
@@ -107,7 +124,7 @@ QVariant CVTransactionTableModel::data(const QModelIndex& index, int role) const
 }
 
 QVariant CVTransactionTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || section < 0 || section >= ColumnCount)
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
         return QAbstractTableModel::headerData(section, orientation, role);
     if (role == Qt::DisplayRole)
         return CVTransactionText::title(section);
@@ -141,6 +158,8 @@ Qt::ItemFlags CVTransactionTableModel::flags(const QModelIndex& index) const {
     const Qt::ItemFlags usual = QAbstractTableModel::flags(index);
     if (!index.isValid() || CVIsReadOnly(*mRows[static_cast<std::size_t>(index.row())]))
         return usual;
+    if (index.column() == Set)
+        return usual;
     return usual | (isFlag(index.column()) ? Qt::ItemIsUserCheckable : Qt::ItemIsEditable);
 }
 
@@ -173,6 +192,8 @@ QVariant CVTransactionTableModel::value(const CVTransaction& transaction, int co
         return transaction.categoryName();
     case Tax:
         return transaction.taxFlag();
+    case Set:
+        return transaction.transactionSetName();
     default:
         return transaction.userFlag();
     }

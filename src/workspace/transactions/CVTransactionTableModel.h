@@ -22,10 +22,12 @@ public:
     /// `list` outlives the model.
     explicit CVTransactionTableModel(const CVTransactionList& list, QObject* parent = nullptr);
 
-    /// Takes over the list as it is now. When the rows are unchanged an open editor stays; call `reorder` instead for
-    /// rows that have only changed places, which also keeps an open editor.
+    /// Takes over the list as it is now, with a column of the sets where the list is of all sets. When the rows are
+    /// unchanged an open editor stays; call `reorder` instead for rows that have only changed places, which also keeps
+    /// an open editor.
     void reload();
     void reorder();
+    [[nodiscard]] bool showsSets() const { return mShowsSets; }
     /// The transaction of each row. A transaction can appear in several rows.
     [[nodiscard]] const CVTransactions& rows() const { return mRows; }
     /// The first row of a transaction; -1 when it is not shown.
@@ -54,9 +56,11 @@ signals:
     void edited(int row, int column, const QVariant& value);
 
 private:
+    void showSets(bool show);
     [[nodiscard]] static QVariant value(const CVTransaction& transaction, int column);
 
     const CVTransactionList& mList;
+    bool mShowsSets = false;
     CVTransactions mRows;
     CVTransactionText mText;
     QIcon mCheck = CVGlyph::icon(CVGlyph::Shape::Check);

@@ -4,35 +4,21 @@
 #include "model/CVTransaction.h"
 #include "widgets/CVIsReturnKey.h"
 #include "workspace/transactions/CVTransactionCellDelegate.h"
+#include "workspace/transactions/CVTransactionColumnLayout.h"
 #include "workspace/transactions/CVTransactionTableModel.h"
 
 #include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPushButton>
-#include <QScopedValueRollback>
 #include <QScrollBar>
 
 #include <algorithm>
-#include <array>
 #include <unordered_set>
 
 namespace {
 
 constexpr int kTintMilliseconds = 1500;
-/// The usual widths of the columns, in widths of a zero.
-constexpr std::array<int, CVTransactionTableModel::ColumnCount> kWidthsInDigits{12, 14, 26, 30, 22, 7, 7};
-/// The minimum width of the columns with names, in widths of a zero; below that the list scrolls sideways.
-constexpr int kLeastNameInDigits = 12;
-
-/// The minimum width of any column, in letters.
-constexpr int kShortestColumn = 6;
-
-/// Whether a column holds names; these columns share the room that the others leave.
-bool isName(int column) {
-    return column == CVTransactionTableModel::ToFrom || column == CVTransactionTableModel::For ||
-           column == CVTransactionTableModel::Category;
-}
 
 } // namespace
 
@@ -48,6 +34,7 @@ CVTransactionTableView::CVTransactionTableView(const CVTransactionList& list, QW
     setSelectionMode(ExtendedSelection);
     setEditTriggers(DoubleClicked | EditKeyPressed);
     setUpHeader();
+    mColumnLayout = std::make_unique<CVTransactionColumnLayout>(*this);
     mClearSearch->setObjectName(QStringLiteral("mClearSearchButton"));
     // The button is a sibling of the table, because a screen reader finds only cells as children of a table.
     mClearSearch->hide();
@@ -61,6 +48,8 @@ CVTransactionTableView::CVTransactionTableView(const CVTransactionList& list, QW
     });
 }
 
+CVTransactionTableView::~CVTransactionTableView() = default;
+
 void CVTransactionTableView::reload() {
     const CVTransactions selection = mSelectedTransactions;
     const int scrolled = verticalScrollBar()->value();
@@ -68,7 +57,7 @@ void CVTransactionTableView::reload() {
     const auto currentTransaction =
         current.isValid() ? mModel->rows()[static_cast<std::size_t>(current.row())] : nullptr;
     mDelegate->setTintedRow(-1);
-    mModel->reload();
+    reloadModel();
     // Scrolling needs the new number of rows at once.
     executeDelayedItemsLayout();
     selectionModel()->select(rowsOf(selection), QItemSelectionModel::ClearAndSelect);
@@ -80,6 +69,15 @@ void CVTransactionTableView::reload() {
     showOrder();
     placeClearSearch();
     setMessage(emptyText());
+}
+
+/// The column of the sets comes or goes with the list of all sets.
+void CVTransactionTableView::reloadModel() {
+    if (mModel->showsSets() == (mList.shownSets() == CVShownSets::All))
+        return mModel->reload();
+    mColumnLayout->keep();
+    mModel->reload();
+    mColumnLayout->show(mList.shownSets());
 }
 
 void CVTransactionTableView::reorder() {
@@ -124,25 +122,13 @@ bool CVTransactionTableView::reveal(const CVTransaction* transaction) {
     return true;
 }
 
-QByteArray CVTransactionTableView::saveColumns() const {
-    return mHasUsualColumns ? QByteArray() : horizontalHeader()->saveState();
-}
-
-void CVTransactionTableView::restoreColumns(const QByteArray& columns) {
-    mHasUsualColumns = !horizontalHeader()->restoreState(columns);
-    if (mHasUsualColumns)
-        setUsualWidths();
-    // The restored state may forbid moving columns, so moving is allowed again.
-    horizontalHeader()->setSectionsMovable(true);
-}
-
 void CVTransactionTableView::keyboardSearch(const QString& search) {
     // A Space at the beginning toggles a flag and does not start a search.
     const bool begins = !mTypedAhead.isValid() || mTypedAhead.elapsed() > QApplication::keyboardInputInterval();
     if (begins && search.trimmed().isEmpty())
         return;
     mTypedAhead.start();
-    const int column = qMax(0, CVTransactionColumns::columnOfIdentifier(mList.sortContext().key));
+    const int column = qMax(0, sortColumn());
     if (currentIndex().column() != column) {
         const int row = qMax(0, currentIndex().row());
         selectionModel()->setCurrentIndex(mModel->index(row, column), QItemSelectionModel::NoUpdate);
@@ -166,8 +152,8 @@ void CVTransactionTableView::changeEvent(QEvent* event) {
     CVTableView::changeEvent(event);
     if (event->type() == QEvent::LocaleChange)
         updateFormatters();
-    if (event->type() == QEvent::FontChange && mHasUsualColumns)
-        setUsualWidths();
+    if (event->type() == QEvent::FontChange)
+        mColumnLayout->fit();
 }
 
 void CVTransactionTableView::updateFormatters() {
@@ -177,8 +163,7 @@ void CVTransactionTableView::updateFormatters() {
 
 void CVTransactionTableView::resizeEvent(QResizeEvent* event) {
     CVTableView::resizeEvent(event);
-    if (mHasUsualColumns)
-        setUsualWidths();
+    mColumnLayout->fit();
     placeClearSearch();
 }
 
@@ -186,36 +171,8 @@ void CVTransactionTableView::setUpHeader() {
     QHeaderView* const header = horizontalHeader();
     header->setSectionsClickable(true);
     header->setSortIndicatorShown(true);
-    header->setSectionResizeMode(CVTransactionTableModel::For, QHeaderView::Stretch);
-    setUsualWidths();
     connect(header, &QHeaderView::sectionClicked, this,
             [this](int column) { emit columnClicked(CVTransactionColumns::identifier(column)); });
-    connect(header, &QHeaderView::sectionMoved, this, [this] { mHasUsualColumns = false; });
-    connect(header, &QHeaderView::sectionResized, this, [this](int column) {
-        // The width of the column "For" follows the other columns, so a change of it is not the user's.
-        if (!mIsFittingColumns && column != CVTransactionTableModel::For)
-            mHasUsualColumns = false;
-    });
-}
-
-void CVTransactionTableView::setUsualWidths() {
-    const QScopedValueRollback fitting(mIsFittingColumns, true);
-    horizontalHeader()->setMinimumSectionSize(fontMetrics().averageCharWidth() * kShortestColumn);
-    const int digit = fontMetrics().horizontalAdvance('0');
-    int room = viewport()->width();
-    int names = 0;
-    for (int column = 0; column < CVTransactionTableModel::ColumnCount; ++column) {
-        const int usual = kWidthsInDigits[static_cast<std::size_t>(column)];
-        if (isName(column))
-            names += usual;
-        else
-            room -= digit * usual;
-        setColumnWidth(column, digit * usual);
-    }
-    for (const int column : {CVTransactionTableModel::ToFrom, CVTransactionTableModel::Category}) {
-        const int usual = kWidthsInDigits[static_cast<std::size_t>(column)];
-        setColumnWidth(column, qBound(digit * kLeastNameInDigits, room * usual / names, digit * usual));
-    }
 }
 
 QItemSelection CVTransactionTableView::rowsOf(const CVTransactions& transactions) const {
@@ -239,7 +196,8 @@ QItemSelection CVTransactionTableView::rowsOf(const CVTransactions& transactions
 void CVTransactionTableView::restoreCurrent(const CVTransaction& transaction, const QModelIndex& before) {
     const int found = mModel->rowOf(&transaction);
     const int row = found >= 0 ? found : qMin(before.row(), mModel->rowCount() - 1);
-    selectionModel()->setCurrentIndex(mModel->index(row, before.column()), QItemSelectionModel::NoUpdate);
+    const int column = qMin(before.column(), mModel->columnCount() - 1);
+    selectionModel()->setCurrentIndex(mModel->index(row, column), QItemSelectionModel::NoUpdate);
 }
 
 void CVTransactionTableView::updateSelectedTransactions() {
@@ -261,9 +219,14 @@ void CVTransactionTableView::updateSelectedTransactions() {
 }
 
 void CVTransactionTableView::showOrder() {
-    const CVTransactionSortContext& context = mList.sortContext();
-    horizontalHeader()->setSortIndicator(CVTransactionColumns::columnOfIdentifier(context.key),
-                                         context.descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+    horizontalHeader()->setSortIndicator(sortColumn(),
+                                         mList.sortContext().descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+/// -1 for an order that is of no column shown.
+int CVTransactionTableView::sortColumn() const {
+    const int column = CVTransactionColumns::columnOfIdentifier(mList.sortContext().key);
+    return column < mModel->columnCount() ? column : -1;
 }
 
 /// Says why the table is empty; an empty text when the table has rows.

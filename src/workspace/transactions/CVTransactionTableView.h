@@ -6,7 +6,10 @@
 #include <QElapsedTimer>
 #include <QTimer>
 
+#include <memory>
+
 class CVTransactionCellDelegate;
+class CVTransactionColumnLayout;
 class CVTransactionTableModel;
 class QPushButton;
 
@@ -19,6 +22,7 @@ class CVTransactionTableView final : public CVTableView {
 public:
     /// `list` outlives the table.
     explicit CVTransactionTableView(const CVTransactionList& list, QWidget* parent = nullptr);
+    ~CVTransactionTableView() override;
 
     /// Shows the list and its order as they are now. Call `reorder` for rows that have only changed places: an open
     /// editor stays.
@@ -38,11 +42,8 @@ public:
     void setPaidToItems(const QStringList& items);
     void setCategoryItems(const QStringList& items);
 
-    /// The widths and the order of the columns, for `restoreColumns`.
-    [[nodiscard]] QByteArray saveColumns() const;
-    /// Restores what `saveColumns` returned. For any other bytes the columns get their usual widths, as far as the
-    /// window has room.
-    void restoreColumns(const QByteArray& columns);
+    /// The widths and the order of the columns.
+    [[nodiscard]] CVTransactionColumnLayout& columnLayout() const { return *mColumnLayout; }
 
     void keyboardSearch(const QString& search) override;
 
@@ -63,21 +64,20 @@ protected:
 
 private:
     void setUpHeader();
-    void setUsualWidths();
+    void reloadModel();
     [[nodiscard]] QItemSelection rowsOf(const CVTransactions& transactions) const;
     void restoreCurrent(const CVTransaction& transaction, const QModelIndex& before);
     void updateSelectedTransactions();
     [[nodiscard]] QString emptyText() const;
     void placeClearSearch();
     void showOrder();
+    [[nodiscard]] int sortColumn() const;
 
     const CVTransactionList& mList;
     CVTransactionTableModel* mModel;
     CVTransactionCellDelegate* mDelegate;
+    std::unique_ptr<CVTransactionColumnLayout> mColumnLayout;
     QPushButton* mClearSearch;
-    /// The columns have their usual widths and order, unchanged by the user.
-    bool mHasUsualColumns = true;
-    bool mIsFittingColumns = false;
     CVTransactions mSelectedTransactions;
     /// The time since the last letter that was typed to find a row.
     QElapsedTimer mTypedAhead;
