@@ -132,7 +132,13 @@ QString readOutMarker(const QString& value, CVStatementOptions& options) {
     return value.isEmpty() ? StatementOptionsText::tr("--out-marker takes a word") : QString();
 }
 
-constexpr std::array<CVOption<CVStatementOptions>, 8> kReadingOptions{{{"date-order", readDateOrder},
+QString readAccount(const QString& value, CVStatementOptions& options) {
+    options.mapping.account = value;
+    return {};
+}
+
+constexpr std::array<CVOption<CVStatementOptions>, 9> kReadingOptions{{{"date-order", readDateOrder},
+                                                                       {"account", readAccount},
                                                                        {"decimal", readDecimal},
                                                                        {"sign", readSign},
                                                                        {"year", readYear},

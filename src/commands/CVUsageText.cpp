@@ -151,7 +151,8 @@ QString optionsOfImport() {
                          "  --year YEAR                   of days without one\n"
                          "  --header LINE|none            the line of the header\n"
                          "  --separator comma|semicolon|tab|bar\n"
-                         "  --encoding NAME               UTF-8, windows-1252 and others\n");
+                         "  --encoding NAME               UTF-8, windows-1252 and others\n"
+                         "  --account NAME                of a file with several accounts the one to import\n");
 }
 
 /// Joins the parts with an empty line between them.

@@ -17,7 +17,7 @@ enum class EntryState { AsImported, Edited, Removed };
 /// Knows which transactions are in the budget.
 class ImportedEntries final {
 public:
-    explicit ImportedEntries(const CVDocument& document) {
+    explicit ImportedEntries(const CVDocument& document) : mDocument(document) {
         for (const auto& transaction : document.transactions())
             mPresent.insert(transaction.get());
     }
@@ -25,10 +25,22 @@ public:
     [[nodiscard]] EntryState stateOf(const CVImported::Entry& entry) const {
         if (!mPresent.contains(entry.transaction.get()))
             return EntryState::Removed;
-        return CVTransactionContent(*entry.transaction) == entry.content ? EntryState::AsImported : EntryState::Edited;
+        CVTransactionContent present(*entry.transaction);
+        if (isMerged(entry.content.category))
+            present.category = entry.content.category;
+        return present == entry.content ? EntryState::AsImported : EntryState::Edited;
     }
 
 private:
+    /// Whether the category is gone. A category that is in use goes only by merging it into another one, which says
+    /// nothing about the transaction.
+    [[nodiscard]] bool isMerged(const std::optional<quint32>& category) const {
+        const auto& categories = mDocument.categories();
+        return category && std::none_of(categories.begin(), categories.end(),
+                                        [&](const auto& each) { return each->uniqueID() == *category; });
+    }
+
+    const CVDocument& mDocument;
     std::unordered_set<const CVTransaction*> mPresent;
 };
 

@@ -74,6 +74,16 @@ TEST_F(CVTakeBackImportTest, CountsWhatWasEditedAndWhatIsGone) {
     EXPECT_EQ(state.removed, 1);
 }
 
+TEST_F(CVTakeBackImportTest, CountsNothingAsEditedWhoseCategoryWasMergedIntoAnother) {
+    const auto food = mBudget.document().doesCategoryNameExist("Food");
+    const auto pets = mBudget.document().doesCategoryNameExist("Pets");
+    imported(1).setCategoryID(pets->uniqueID());
+    EXPECT_EQ(CVStateOfImport(mBudget.document(), mImported).edited, 1) << "while the category is there";
+    mBudget.document().dropCategory(food);
+    EXPECT_EQ(CVStateOfImport(mBudget.document(), mImported).asImported, 3);
+    EXPECT_EQ(takeBack(), 3U);
+}
+
 TEST_F(CVTakeBackImportTest, LeavesWhatWasEditedWithItsCategoryAndItsSet) {
     imported(0).setUserFlag(true);
     EXPECT_EQ(takeBack(), 2U);

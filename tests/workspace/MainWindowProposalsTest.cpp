@@ -133,6 +133,18 @@ TEST_F(MainWindowProposalsTest, AfterRecordingWhatStaysInTheFieldsStaysForTheNex
     EXPECT_EQ(textOf("mExpenseCategoryComboBox"), "Travel");
 }
 
+TEST_F(MainWindowProposalsTest, AfterRecordingAProposalThatStaysIsReplacedForTheNextPayee) {
+    mBudget.userDefaults().setBool(CVDefaultsKeys::kClearFields, false);
+    type("mExpenseAmountField", "7");
+    press(Qt::Key_Tab);
+    type("mar");
+    press(Qt::Key_Return);
+    EXPECT_EQ(textOf("mExpenseCategoryComboBox"), "Groceries");
+    type("mExpenseToFromComboBox", "gar");
+    EXPECT_EQ(textOf("mExpenseCategoryComboBox"), "Car");
+    EXPECT_EQ(textOf("mForField"), "");
+}
+
 TEST_F(MainWindowProposalsTest, TheNoteOnANewCategoryGoesOnceItIsRecorded) {
     mBudget.userDefaults().setBool(CVDefaultsKeys::kClearFields, false);
     fillIn("1", "Market", "Boat");

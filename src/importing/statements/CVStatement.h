@@ -29,6 +29,8 @@ struct CVStatement {
     std::vector<CVStatementLine> lines = {};
     /// Of the header; empty without one.
     QStringList headings = {};
+    /// Of a file with several accounts those that have lines, as `CVStatementMapping::account` names them.
+    QStringList accounts = {};
     /// What was recognized, one line: "Semicolons, Windows-1252, 148 lines, 12 March to 9 April"
     QString summary = {};
     /// What the balance column says against the sums; empty when they agree or there is none.

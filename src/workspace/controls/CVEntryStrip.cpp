@@ -134,6 +134,8 @@ void CVEntryStrip::setEntry(const CVEntry& entry) {
     // The beginning of a long text is seen.
     for (QLineEdit* const field : {mExpenseToFromComboBox->lineEdit(), mForField, mExpenseCategoryComboBox->lineEdit()})
         field->home(false);
+    mProposedFor->settle();
+    mProposedCategory->settle();
     noteRecorded();
 }
 
@@ -141,9 +143,8 @@ bool CVEntryStrip::hasUnrecordedEntry() {
     return endEditing() || entry() != mKnownEntry;
 }
 
+/// A proposal that stays in a field still looks like one, so that another payee may replace it.
 void CVEntryStrip::noteRecorded() {
-    mProposedFor->settle();
-    mProposedCategory->settle();
     mKnownEntry = entry();
 }
 
