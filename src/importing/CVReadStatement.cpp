@@ -1,5 +1,6 @@
 #include "importing/CVReadStatement.h"
 
+#include "importing/camt/CVReadCAMT.h"
 #include "importing/delimited/CVReadDelimited.h"
 #include "importing/ofx/CVReadOFX.h"
 #include "importing/qif/CVReadQIF.h"
@@ -37,6 +38,7 @@ QString faultOfKnown(const Kind& kind, const CVStatementMapping& known) {
 constexpr std::array kKinds{
     Kind{CVIsQIF, CVReadQIF},
     Kind{CVIsOFX, CVReadOFX},
+    Kind{CVIsCAMT, CVReadCAMT},
     Kind{[](const QByteArray&) { return true; }, CVReadDelimited, true},
 };
 

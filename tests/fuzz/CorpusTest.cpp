@@ -26,7 +26,8 @@ struct Target {
 constexpr Target kTargets[]{{"parser", brokenParserProperty, 16},  {"lists", brokenListProperty, 11},
                             {"amounts", brokenAmountProperty, 17}, {"dates", brokenDateProperty, 12},
                             {"numbers", brokenNumberProperty, 18}, {"statements", brokenStatementProperty, 12},
-                            {"qif", brokenStatementProperty, 8},   {"ofx", brokenStatementProperty, 12}};
+                            {"qif", brokenStatementProperty, 8},   {"ofx", brokenStatementProperty, 12},
+                            {"camt", brokenStatementProperty, 10}};
 
 /// Runs an input or a find of the fuzzer as an ordinary test.
 struct Input {
