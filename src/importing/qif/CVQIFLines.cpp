@@ -60,12 +60,13 @@ private:
         switch (code.unicode()) {
         case u'D':
             // The parts of some programs have days of their own, which are no bookings.
-            if (texts.parts.empty() || texts.days.isEmpty())
+            if (!text.isEmpty() && (texts.parts.empty() || texts.days.isEmpty()))
                 texts.days.append(text.toString());
             break;
         case u'T':
         case u'U':
-            texts.amounts.append(text.toString());
+            if (!text.isEmpty())
+                texts.amounts.append(text.toString());
             break;
         case u'P':
             take(texts.payee, text);

@@ -226,6 +226,7 @@ TEST(CVReadQIF, KeepsTheWholeWhereThePartsAreNot) {
 TEST(CVReadQIF, KeepsEntriesThatItCannotReadWithTheReason) {
     expectRows({
         {"!Type:Bank\nT-10.00\nPShop\n^\nD2024-03-13\nPShop\n^\n", "2! there is no day\n5! there is no amount"},
+        {"!Type:Bank\nD\nT-10.00\n^\nD2024-03-13\nT\n^\n", "2! there is no day\n5! there is no amount"},
         {"!Type:Bank\nD2024-02-31\nT-10.00\n^\nD2024-03-13\nTten\n^\n",
          "2! “2024-02-31” is no day\n5! “ten” is no amount"},
         {"!Type:Bank\nD2024-03-13\nT-10.00\nU-11.00\n^\n", "2! it has two amounts"},
