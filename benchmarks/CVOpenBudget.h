@@ -39,7 +39,8 @@ private:
         CVAlert::Answer run(QWidget* /*window*/, const CVAlert& /*alert*/) override { return CVAlert::kDefault; }
     };
     class NoPanels final : public CVFilePanels {
-        std::optional<QString> chooseSaveLocation(QWidget& /*window*/, const CVSavePanelRequest& /*request*/) override {
+        std::optional<CVSaveLocation> chooseSaveLocation(QWidget& /*window*/,
+                                                         const CVSavePanelRequest& /*request*/) override {
             return std::nullopt;
         }
         std::optional<QString> chooseFolder(QWidget& /*window*/, const CVFolderPanelRequest& /*request*/) override {
