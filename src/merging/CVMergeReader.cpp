@@ -47,8 +47,9 @@ void CVMergeReader::readForImport(CVDocumentText present, QString path) {
         const CVOtherBudget other = CVOtherBudget::read(reader, path);
         if (!other.budget)
             return {path, other.problem};
-        return comparison({path, {}, other.summary, other.partlyText()}, reader, present,
-                          [&other](const CVDocument& ours) { return CVMergeForImport(ours, **other.budget); });
+        return comparison(
+            {path, {}, other.summary, other.partlyText()}, reader, present,
+            [&other](const CVDocument& ours) { return CVMergeForImport(ours, **other.budget, other.plans); });
     });
 }
 

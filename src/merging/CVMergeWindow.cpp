@@ -289,7 +289,9 @@ QString CVMergeWindow::progress(bool isLate) const {
 void CVMergeWindow::showMessage() {
     const Offered* const offered = chosen();
     QString message;
-    if (!mShown.problem.isEmpty())
+    if (!mShown.problem.isEmpty() && isImport())
+        message = mShown.problem.left(1).toUpper() + mShown.problem.mid(1);
+    else if (!mShown.problem.isEmpty())
         message = tr("This file cannot be read: %1").arg(mShown.problem);
     else if (!mShown.comparison)
         message = tr("Reading the other file…");

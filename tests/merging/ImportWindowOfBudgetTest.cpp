@@ -6,6 +6,7 @@
 #include "merging/CVMergeHost.h"
 #include "merging/CVMergeWindow.h"
 #include "storage/CVDocumentXML.h"
+#include "transfer/CVTransferCSV.h"
 #include "widgets/tables/CVTableView.h"
 
 #include <QCheckBox>
@@ -150,9 +151,21 @@ TEST_F(ImportWindowOfBudget, ADamagedFileGivesAClearLineAndNothingHappens) {
     offer(CVDocumentXMLRepresentation(mTheirs.document()).joined().chopped(40));
     ASSERT_TRUE(waitForLines(0));
     EXPECT_EQ(text("mHeadline"), "This file cannot be read.");
-    EXPECT_TRUE(message().startsWith("This file cannot be read: ")) << message().toStdString();
+    EXPECT_TRUE(message().startsWith("The file is damaged at line ")) << message().toStdString();
     EXPECT_FALSE(find<QPushButton>("mBringInAllButton").isEnabled());
     EXPECT_EQ(mSaver.count(), 0);
+}
+
+TEST_F(ImportWindowOfBudget, ShowsExportedTransactionsToo) {
+    mBudget.categoryNamed("Food")->setExpenseTarget(5);
+    offer(*CVTransferCSV(mTheirs.document(), mTheirs.document().transactions()), "other.csv");
+    ASSERT_TRUE(waitForLines(4));
+    EXPECT_EQ(text("mHeadline"), "Transactions exported by Corvella, 2 sets, 3 transactions, 1 March to 4 March");
+    EXPECT_EQ(text("mBothSides"), "Nothing of yours is removed or replaced.") << "they have no plans";
+    offer("Date,Amount,Category,Paid To,For,Tax,Flagged,Set\r\n2014-03-01,1.x,,,,,,\r\n", "other.csv");
+    ASSERT_TRUE(waitForLines(0));
+    EXPECT_EQ(text("mHeadline"), "This file cannot be read.");
+    EXPECT_EQ(message(), "Line 2 cannot be read: “1.x” is no amount.");
 }
 
 TEST_F(ImportWindowOfBudget, WhatWasReadOnlyInPartIsSaid) {

@@ -1,5 +1,7 @@
 #include "importing/budgets/CVBudgetFileKind.h"
 
+#include "transfer/CVReadTransfer.h"
+
 #include <QXmlStreamReader>
 
 namespace {
@@ -17,5 +19,7 @@ bool isDataFile(const QByteArray& start) {
 } // namespace
 
 CVBudgetFileKind CVKindOfBudgetFile(const QByteArray& start) {
-    return isDataFile(start) ? CVBudgetFileKind::DataFile : CVBudgetFileKind::None;
+    if (isDataFile(start))
+        return CVBudgetFileKind::DataFile;
+    return CVIsTransfer(start.left(kCVTellingBytes)) ? CVBudgetFileKind::Transfer : CVBudgetFileKind::None;
 }

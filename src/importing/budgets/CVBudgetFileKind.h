@@ -6,7 +6,9 @@
 enum class CVBudgetFileKind {
     /// Something else, which may be a bank's statement.
     None,
-    DataFile
+    DataFile,
+    /// Transactions that were exported for other programs.
+    Transfer
 };
 
 /// As many of the first bytes as tell the kind of a file.

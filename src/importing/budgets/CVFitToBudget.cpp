@@ -2,6 +2,8 @@
 
 #include "differences/CVMergedRecords.h"
 #include "differences/CVShowFirstSet.h"
+#include "differences/CVTakenRecords.h"
+#include "model/CVCategory.h"
 #include "model/CVDocument.h"
 #include "model/CVRecordIDs.h"
 #include "model/CVTransaction.h"
@@ -71,9 +73,19 @@ quint32 setOfNoneThere(CVDocument& other, const CVDocument& ours) {
     return set->uniqueID();
 }
 
+void takePlans(CVDocument& other, const CVDocument& ours) {
+    for (const auto& category : other.categories()) {
+        const auto same = ours.doesCategoryNameExist(category->categoryName());
+        if (same)
+            CVSetNameAndPlan(*category, *same);
+    }
+}
+
 } // namespace
 
-void CVFitToBudget(CVDocument& other, const CVDocument& ours) {
+void CVFitToBudget(CVDocument& other, const CVDocument& ours, CVPlansOfOther plans) {
+    if (plans == CVPlansOfOther::Unknown)
+        takePlans(other, ours);
     renumberSetsOfOurLost(other, ours);
     const auto sets = CVIDsOf(other.transactionSets());
     CVTransactions withoutSet;

@@ -26,8 +26,8 @@ std::vector<CVImported::Made> madeSince(const std::unordered_set<quint32>& forme
 
 } // namespace
 
-CVMergedBudget CVMergeForImport(const CVDocument& ours, CVDocument& other) {
-    CVFitToBudget(other, ours);
+CVMergedBudget CVMergeForImport(const CVDocument& ours, CVDocument& other, CVPlansOfOther plans) {
+    CVFitToBudget(other, ours, plans);
     return CVMergeBudgets(nullptr, ours, other);
 }
 

@@ -1,10 +1,13 @@
 #include "importing/budgets/CVOtherBudget.h"
 
 #include "format/QBLocale.h"
+#include "importing/budgets/CVBudgetFileKind.h"
 #include "importing/statements/CVStatementSummary.h"
 #include "model/CVTransaction.h"
 #include "storage/CVDocumentReader.h"
+#include "transfer/CVReadTransfer.h"
 
+#include <QFile>
 #include <QStringList>
 
 #include <algorithm>
@@ -15,6 +18,9 @@ namespace {
 struct BudgetSummaryText {
     Q_DECLARE_TR_FUNCTIONS(CVOtherBudget)
 };
+
+/// In bytes. The text is held as a whole, unlike a data file.
+constexpr qint64 kLargestTransfer = qint64{512} * 1024 * 1024;
 
 QString periodOfBudget(const CVDocument& budget) {
     std::optional<QBDate> first;
@@ -45,30 +51,52 @@ QString summaryOfBudget(const QString& what, const CVDocument& budget) {
     return parts.join(BudgetSummaryText::tr(", "));
 }
 
-CVOtherBudget readDataFile(CVDocumentReader& reader, const QString& path) {
+CVOtherBudget unread(const QString& problem) {
+    CVOtherBudget other;
+    other.problem = problem.isEmpty() ? BudgetSummaryText::tr("it holds no budget that Corvella can read") : problem;
+    return other;
+}
+
+CVOtherBudget readDataFile(CVDocumentReader& reader, QIODevice& file) {
     CVOtherBudget other;
     const auto budget = std::make_shared<CVDetachedDocument>();
-    const CVLoadReport report = reader.readFromURL(**budget, path);
-    if (report.outcome != CVLoadReport::Outcome::Loaded) {
-        other.problem = report.reason.isEmpty() ? BudgetSummaryText::tr("it holds no budget that Corvella can read")
-                                                : report.reason;
-        return other;
-    }
+    const CVLoadReport report = reader.readFromOpenFile(**budget, file);
+    if (report.outcome != CVLoadReport::Outcome::Loaded)
+        return unread(report.reason);
     other.budget = budget;
     other.partly = report.partly;
     other.summary = summaryOfBudget(BudgetSummaryText::tr("A Corvella budget"), **budget);
     return other;
 }
 
+CVOtherBudget readTransfer(QIODevice& file) {
+    const QByteArray bytes = file.read(kLargestTransfer + 1);
+    if (bytes.size() > kLargestTransfer)
+        return unread(BudgetSummaryText::tr("it is larger than 512 MiB"));
+    const CVTransferredBudget transferred = CVReadTransfer(bytes);
+    if (!transferred.budget)
+        return unread(transferred.problem);
+    CVOtherBudget other;
+    other.budget = transferred.budget;
+    other.plans = CVPlansOfOther::Unknown;
+    other.summary = summaryOfBudget(BudgetSummaryText::tr("Transactions exported by Corvella"), **other.budget);
+    return other;
+}
+
 } // namespace
 
 CVOtherBudget CVOtherBudget::read(CVDocumentReader& reader, const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? read(reader, file) : unread(file.errorString());
+}
+
+CVOtherBudget CVOtherBudget::read(CVDocumentReader& reader, QIODevice& file) {
     try {
-        return readDataFile(reader, path);
+        return CVKindOfBudgetFile(file.peek(kCVTellingBytes)) == CVBudgetFileKind::Transfer
+                   ? readTransfer(file)
+                   : readDataFile(reader, file);
     } catch (const std::bad_alloc&) {
-        CVOtherBudget none;
-        none.problem = tooLittleMemory();
-        return none;
+        return unread(tooLittleMemory());
     }
 }
 

@@ -45,6 +45,12 @@ INSTANTIATE_TEST_SUITE_P(
                 CVBudgetFileKind::None},
         KindRow{"another element of nearly that name", "<CorvellaDocuments>", CVBudgetFileKind::None},
         KindRow{"a statement", "Date,Payee,Amount\n2026-03-01,CorvellaDocument,1.00\n", CVBudgetFileKind::None},
+        KindRow{"exported transactions", "Date,Amount,Category,Paid To,For,Tax,Flagged,Set\r\n",
+                CVBudgetFileKind::Transfer},
+        KindRow{"exported transactions as JSON", "[\n{\"date\":\"2026-11-22\",\"amount\":12.5",
+                CVBudgetFileKind::Transfer},
+        KindRow{"a statement with nearly that header", "Date,Amount,Category,Paid To,For,Tax,Flagged\n",
+                CVBudgetFileKind::None},
         KindRow{"nothing", "", CVBudgetFileKind::None},
         KindRow{"bytes", QByteArray("\x89PNG\r\n\x1a\n\0\0", 10), CVBudgetFileKind::None}));
 
