@@ -1,5 +1,6 @@
 #include "commands/CVImportCommand.h"
 
+#include "commands/CVBudgetImportRun.h"
 #include "commands/CVBudgetToChange.h"
 #include "commands/CVDryRunText.h"
 #include "commands/CVErrorLine.h"
@@ -7,11 +8,13 @@
 #include "commands/CVReadOnlyBudget.h"
 #include "commands/CVStandardStreams.h"
 #include "commands/CVStraightQuotes.h"
+#include "commands/CVUsageText.h"
 #include "files/CVFileSignature.h"
 #include "importing/CVFitsAsLastTime.h"
 #include "importing/CVImportIntoBudget.h"
 #include "importing/CVNotesFile.h"
 #include "importing/CVPrepareImport.h"
+#include "importing/budgets/CVBudgetFileKind.h"
 #include "model/CVTransactionSet.h"
 
 #include <QCoreApplication>
@@ -31,6 +34,7 @@ struct ImportCommandText {
 using Income = CVImportRequest::Income;
 
 constexpr int kNotImported = 1;
+constexpr int kNotUnderstood = 2;
 constexpr qsizetype kMostNumbers = 10;
 
 int endWith(QTextStream& errors, const QString& message) {
@@ -43,6 +47,17 @@ QString pathOfStatement(const CVImportRequest& request) {
     return isInput ? QString::fromLatin1(CVStandardStreams::kInputPath) : request.file;
 }
 
+int notRead(const CVImportRequest& request, const QString& why, QTextStream& errors) {
+    return endWith(
+        errors, ImportCommandText::tr("\"%1\" could not be read: %2").arg(QDir::toNativeSeparators(request.file), why));
+}
+
+int refuseRequest(QTextStream& errors, const QString& problem) {
+    CVWriteErrorLine(errors, problem);
+    errors << CVUsageText(QStringLiteral("import")) << Qt::flush;
+    return kNotUnderstood;
+}
+
 QString questionWithOptions(const CVStatementQuestion& question) {
     QStringList options;
     for (const auto& answer : question.answers)
@@ -53,7 +68,10 @@ QString questionWithOptions(const CVStatementQuestion& question) {
 /// The run of one command. Each step answers false after one line on the errors.
 class ImportRun final {
 public:
-    ImportRun(const CVImportRequest& request, QTextStream& errors) : mRequest(request), mErrors(errors) {}
+    ImportRun(const CVImportRequest& request, QFile& file, QTextStream& errors)
+        : mRequest(request)
+        , mFile(file)
+        , mErrors(errors) {}
 
     [[nodiscard]] int dryRun();
     [[nodiscard]] int import();
@@ -72,6 +90,7 @@ private:
     [[nodiscard]] int writeCount(std::size_t count, const QStringList& spared) const;
 
     const CVImportRequest& mRequest;
+    QFile& mFile;
     QTextStream& mErrors;
     QByteArray mBytes;
     /// Of the data file; empty when there is none.
@@ -85,14 +104,8 @@ private:
 };
 
 bool ImportRun::readBytes() {
-    QFile file(pathOfStatement(mRequest));
-    if (file.open(QIODevice::ReadOnly))
-        mBytes = file.read(kCVLargestStatement + 1);
-    if (file.isOpen() && file.error() == QFileDevice::NoError)
-        return true;
-    CVWriteErrorLine(mErrors, ImportCommandText::tr("\"%1\" could not be read: %2")
-                                  .arg(QDir::toNativeSeparators(mRequest.file), file.errorString()));
-    return false;
+    mBytes = mFile.read(kCVLargestStatement + 1);
+    return mFile.error() == QFileDevice::NoError || notRead(mRequest, mFile.errorString(), mErrors) == 0;
 }
 
 /// As the options say, else as a statement with that header was read the last time.
@@ -276,6 +289,19 @@ int ImportRun::writeCount(std::size_t count, const QStringList& spared) const {
 } // namespace
 
 int CVRunImport(const CVImportRequest& request, QTextStream& errors) {
-    ImportRun run(request, errors);
+    QFile file(pathOfStatement(request));
+    if (!file.open(QIODevice::ReadOnly))
+        return notRead(request, file.errorString(), errors);
+    const CVBudgetFileKind kind = CVKindOfBudgetFile(file.peek(kCVTellingBytes));
+    if (kind == CVBudgetFileKind::None) {
+        if (request.set.isEmpty())
+            return refuseRequest(errors,
+                                 ImportCommandText::tr("import needs --set with the name of a transaction set"));
+        ImportRun run(request, file, errors);
+        return request.dryRun ? run.dryRun() : run.import();
+    }
+    CVBudgetImportRun run(request, file, errors);
+    if (const QString problem = run.refusal(kind); !problem.isEmpty())
+        return refuseRequest(errors, problem);
     return request.dryRun ? run.dryRun() : run.import();
 }

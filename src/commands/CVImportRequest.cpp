@@ -55,11 +55,9 @@ constexpr std::array<CVOption<CVImportRequest>, 5> kImportOptions{{{"set", readI
 /// What two options that are understood by themselves say against each other.
 QString contradiction(const QCommandLineParser& parser, const CVImportRequest& request) {
     const QString input = QLatin1String(CVStandardStreams::kName);
-    if (request.set.isEmpty())
-        return ImportRequestText::tr("import needs --set with the name of a transaction set");
     if (parser.isSet("income") && parser.isSet("income-set"))
         return ImportRequestText::tr("give either --income or --income-set");
-    if (request.incomeSet == request.set)
+    if (!request.set.isEmpty() && request.incomeSet == request.set)
         return ImportRequestText::tr("--income-set names the set of --set; --income same puts all into one set");
     if (request.mappingName && request.statement.mapping != CVStatementMapping())
         return ImportRequestText::tr("give either --mapping or options that say how the statement is read");
@@ -68,6 +66,14 @@ QString contradiction(const QCommandLineParser& parser, const CVImportRequest& r
     if (request.dataFile == input && request.file == input)
         return ImportRequestText::tr("the statement and the data file cannot both be standard input");
     return request.isSigned && !request.dryRun ? ImportRequestText::tr("--signed goes with --dry-run") : QString();
+}
+
+/// In the order in which they were given.
+QStringList optionsOfStatement(const QCommandLineParser& parser) {
+    QStringList names = parser.optionNames();
+    names.removeAll(QStringLiteral("data"));
+    names.removeAll(kDryRun);
+    return names;
 }
 
 QString readImportArguments(const QStringList& arguments, CVImportRequest& request) {
@@ -86,8 +92,9 @@ QString readImportArguments(const QStringList& arguments, CVImportRequest& reque
     request.isSigned = parser.isSet(kSigned);
     request.skipUnreadable = parser.isSet(kSkipUnreadable);
     if (parser.positionalArguments().size() != 1)
-        return ImportRequestText::tr("import needs one statement");
+        return ImportRequestText::tr("import needs one statement or budget");
     request.file = parser.positionalArguments().constFirst();
+    request.optionsOfStatement = optionsOfStatement(parser);
     QString problem = request.CVDataOptions::read(parser);
     if (problem.isEmpty())
         problem = CVReadOptions<CVImportRequest>(parser, kImportOptions, request);

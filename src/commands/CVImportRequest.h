@@ -14,6 +14,7 @@ struct CVImportRequest : CVDataOptions {
 
     /// "-": standard input.
     QString file = {};
+    /// Empty: the file must be a budget.
     QString set = {};
     Income income = Income::SameSet;
     /// With `OwnSet`.
@@ -27,6 +28,8 @@ struct CVImportRequest : CVDataOptions {
     bool isSigned = false;
     bool skipUnreadable = false;
     CVStatementOptions statement = {};
+    /// The names of the given options that go with a statement and with no budget, without dashes.
+    QStringList optionsOfStatement = {};
 
     /// Reads the arguments after the command's name, which is the first. Absent when they are not understood; `problem`
     /// then says why.

@@ -19,6 +19,8 @@ QString commands() {
                          "                                       write a report as a PDF file or as text\n"
                          "       corvella import FILE --set NAME [OPTION...]\n"
                          "                                       take in a statement of your bank\n"
+                         "       corvella import FILE [OPTION...]\n"
+                         "                                       take in another budget\n"
                          "       corvella COMMAND --help         what one command takes\n"
                          "       corvella --version | --help\n");
 }
@@ -115,6 +117,7 @@ QString textOfVersions() {
 QString textOfImport() {
     return UsageText::tr(
         "Usage: corvella import FILE --set NAME [OPTION...]\n"
+        "       corvella import FILE [--data FILE] [--dry-run]\n"
         "\n"
         "Records a statement of your bank, a text with commas, semicolons, tabs or bars between its columns; - is\n"
         "standard input. Lines that are recorded already or were left out before stay out, categories come from what\n"
@@ -124,7 +127,16 @@ QString textOfImport() {
         "error asks, and names the options that answer), where a line cannot be read or has no category, and while a\n"
         "program has the data file open. The answers are kept by the header of the statement and used the next time.\n"
         "\n"
-        "--dry-run writes the lines as comma-separated text and records nothing: date, amount (money out is\n"
+        "A FILE that is another data file of Corvella, or that holds transactions that \"corvella export\" has written "
+        "as\n"
+        "csv or json, takes no other option. What it has and the budget has not comes in, into the sets and categories "
+        "of\n"
+        "the same names; nothing of yours is removed or changed. --dry-run writes those transactions as \"corvella "
+        "export\n"
+        "--format csv\" does.\n"
+        "\n"
+        "Of a statement, --dry-run writes the lines as comma-separated text and records nothing: date, amount (money "
+        "out is\n"
         "positive), payee, for, category, sure (sure or likely), note. Without the data file or the set it works too.\n"
         "\n"
         "  --set NAME                    the transaction set for money out, which must be there\n"

@@ -233,7 +233,10 @@ TEST_F(ImportIntoProgram, RecordsNothingWhereSomethingIsMissingAndSaysWhat) {
          "others"},
         {{mStatement, "--set", "Checking", "--mapping", "Mine", "--data", mBudget},
          "no mapping has the name \"Mine\"; how a statement is read is kept by its header and used without --mapping"},
-        {{mBudget, "--set", "Checking", "--data", mBudget}, "the statement is the data file"},
+        {{mBudget, "--data", mBudget},
+         QString("\"%1\" is the data file itself; there is nothing to import").arg(mBudget)},
+        {{mBudget, "--dry-run", "--data", mBudget},
+         QString("\"%1\" is the data file itself; there is nothing to import").arg(mBudget)},
         {{mStatement, "--set", "Checking"}, "there is no data file yet; name one with --data FILE"}};
     for (const auto& [arguments, error] : rows) {
         const Result result = run(QStringList{"import"} + arguments);
@@ -291,6 +294,117 @@ TEST_F(ImportIntoProgram, AFullDiskIsToldAndLeavesTheBudgetAsItWas) {
     EXPECT_EQ(full.output.count('\n'), 1);
     EXPECT_EQ(bytesOf(mBudget), kKnownBudget);
     EXPECT_FALSE(QFile::exists(mBudget + ".import"));
+}
+
+constexpr const char* kOtherBudget = R"xml(<?xml version="1.0" encoding="UTF-8"?>
+<CorvellaDocument os="Mac OS X" app="com.quenbylabs.corvella" app_version="1.0.0">
+ <MiscInfo id="40" current_transaction_set_id="27" />
+<TransactionSet id="27">Card</TransactionSet><TransactionSet id="28">Checking</TransactionSet>
+<Transaction categoryID="12" flag="0" tax_flag="0" transaction_set_id="28"><Data date="2024/03/12" amount="12.50" /><PayToFrom>Market</PayToFrom><For></For></Transaction>
+<Transaction categoryID="13" flag="1" tax_flag="1" transaction_set_id="27"><Data date="2024/03/14" amount="-1234.50" /><PayToFrom>Hotel "Sun", Rome</PayToFrom><For>a, b</For></Transaction>
+<Transaction categoryID="12" flag="0" tax_flag="0" transaction_set_id="28"><Data date="(null)" amount="0.01" /><PayToFrom></PayToFrom><For></For></Transaction>
+<Category id="12">Food<ExpenseEstimates frequency="Monthly" target="7.00" /></Category><Category id="13">Travel<ExpenseEstimates frequency="Monthly" target="0.00" /></Category></CorvellaDocument>
+)xml";
+const QString kHeadOfTransfer = QStringLiteral("Date,Amount,Category,Paid To,For,Tax,Flagged,Set\r\n");
+const QString kOtherLines =
+    QStringLiteral("2024-03-14,-1234.5,Travel,\"Hotel \"\"Sun\"\", Rome\",\"a, b\",yes,yes,Card\r\n"
+                   ",0.01,Food,,,,,Checking\r\n");
+
+TEST_F(ImportIntoProgram, AnotherBudgetComesInUnderTheNamesOfItsSetsAndCategories) {
+    const QString other = write("other.csv", kOtherBudget);
+    const auto importOther = [&](const QStringList& options) {
+        return run(QStringList{"import", other, "--data", mBudget} + options);
+    };
+    const Result shown = importOther({"--dry-run"});
+    EXPECT_EQ(shown.status, 0) << shown.errors.toStdString();
+    EXPECT_EQ(shown.output, kHeadOfTransfer + kOtherLines);
+    mEnvironment.insert("LC_ALL", "de_DE.UTF-8");
+    EXPECT_EQ(importOther({"--dry-run"}).output, kHeadOfTransfer + kOtherLines);
+    expectUntouched();
+    const Result imported = importOther({});
+    EXPECT_EQ(imported.status, 0);
+    EXPECT_EQ(imported.errors, "");
+    EXPECT_EQ(imported.output, "2 transactions imported\n");
+    EXPECT_EQ(bytesOf(other), kOtherBudget);
+    EXPECT_EQ(run({"sets", "--data", mBudget}).output, "Checking\nIncome\nCard\n");
+    ASSERT_EQ(versions().size(), 1);
+    EXPECT_EQ(bytesOf(QFileInfo(mBudget).path() + "/Earlier Versions/" + versions()[0]), kKnownBudget);
+    EXPECT_FALSE(QFile::exists(QFileInfo(mBudget).path() + "/.budget.corvella.lock"));
+    EXPECT_FALSE(QFile::exists(mBudget + ".import"));
+    const QByteArray once = bytesOf(mBudget);
+    EXPECT_EQ(importOther({}).output, "0 transactions imported\n");
+    EXPECT_EQ(importOther({"--dry-run"}).output, kHeadOfTransfer);
+    EXPECT_EQ(bytesOf(mBudget), once);
+}
+
+TEST_F(ImportIntoProgram, ExportedTransactionsComeBackIntoAnEmptyBudget) {
+    (void)write("other.corvella", kOtherBudget);
+    const QString empty = write(
+        "empty.corvella", "<CorvellaDocument os=\"Mac OS X\" app=\"com.quenbylabs.corvella\"></CorvellaDocument>\n");
+    for (const QString format : {"csv", "json"}) {
+        const QByteArray lines = (kHeadOfTransfer + kOtherLines).toUtf8();
+        const QByteArray objects =
+            R"([{"date":"2024-03-14","amount":-1234.5,"category":"Travel","paidTo":"Hotel \"Sun\", Rome","for":"a, b","tax":true,"flagged":true,"set":"Card"},
+{"date":null,"amount":0.01,"category":"Food","paidTo":"","for":"","tax":false,"flagged":false,"set":"Checking"}])";
+        const QString file = write("exported." + format, format == "csv" ? lines : objects);
+        const QString into = mHome.filePath("into " + format);
+        ASSERT_TRUE(QFile::copy(empty, into));
+        EXPECT_EQ(run({"import", file, "--data", into}).output, "2 transactions imported\n");
+        EXPECT_EQ(run({"sets", "--data", into}).output, "Card\nChecking\n");
+        const Result again = run({"import", "other.corvella", "--dry-run", "--data", into});
+        EXPECT_EQ(again.output, kHeadOfTransfer + "2024-03-12,12.5,Food,Market,,,,Checking\r\n")
+            << again.errors.toStdString();
+    }
+    const Result piped = shell("cat other.corvella | \"$CORVELLA\" import - --dry-run --data empty.corvella");
+    EXPECT_EQ(piped.output.count('\n'), 4) << piped.errors.toStdString();
+}
+
+TEST_F(ImportIntoProgram, AnotherBudgetTakesNoOptionOfStatements) {
+    const QString other = write("other.corvella", kOtherBudget);
+    for (const QStringList& options : QList<QStringList>{{"--set", "Checking"},
+                                                         {"--income", "none"},
+                                                         {"--signed", "--dry-run"},
+                                                         {"--date", "1"},
+                                                         {"--skip-unreadable"},
+                                                         {"--category-for-rest", "Food"},
+                                                         {"--mapping", "M"}}) {
+        const Result refused = run(QStringList{"import", other, "--data", mBudget} + options);
+        EXPECT_EQ(refused.status, 2);
+        EXPECT_TRUE(refused.errors.startsWith(
+            QString("corvella: %1 goes with a bank's statement; \"%2\" is a Corvella budget, whose transactions say "
+                    "which set and category they are in\n")
+                .arg(options[0], other)))
+            << refused.errors.toStdString();
+    }
+    const Result exported = run({"import", write("e.csv", kHeadOfTransfer.toUtf8()), "--set", "A", "--data", mBudget});
+    EXPECT_EQ(exported.status, 2);
+    EXPECT_TRUE(exported.errors.contains("holds transactions that Corvella has exported"))
+        << exported.errors.toStdString();
+    expectUntouched();
+}
+
+TEST_F(ImportIntoProgram, AnotherBudgetThatIsDamagedOrLockedOutRecordsNothing) {
+    const QString other = write("other.corvella", QByteArray(kOtherBudget).chopped(60));
+    const Result damaged = run({"import", other, "--data", mBudget});
+    EXPECT_EQ(damaged.status, 1);
+    EXPECT_TRUE(damaged.errors.startsWith(QString("corvella: \"%1\" could not be read: ").arg(other)));
+    EXPECT_EQ(damaged.errors.count('\n'), 1);
+    expectUntouched();
+    const Result wrong =
+        run({"import", write("e.csv", (kHeadOfTransfer + "2024-03-12,x,,,,,,\r\n").toUtf8()), "--data", mBudget});
+    EXPECT_EQ(wrong.status, 1);
+    EXPECT_TRUE(wrong.errors.endsWith("could not be read: Line 2 cannot be read: \"x\" is no amount.\n"))
+        << wrong.errors.toStdString();
+    const QString partly = write("partly.corvella", QByteArray(kOtherBudget).replace("12.50", "12,50"));
+    const Result noted = run({"import", partly, "--dry-run", "--data", mBudget});
+    EXPECT_EQ(noted.status, 0);
+    EXPECT_TRUE(noted.errors.startsWith("corvella: note: 1 place of that file was not understood, or only in part: "))
+        << noted.errors.toStdString();
+    (void)write("budget/.budget.corvella.lock", "not a lock that anybody can read");
+    const Result locked = run({"import", write("whole.corvella", kOtherBudget), "--data", mBudget});
+    EXPECT_EQ(locked.status, 1);
+    EXPECT_TRUE(locked.errors.contains("may be open elsewhere")) << locked.errors.toStdString();
+    EXPECT_EQ(bytesOf(mBudget), kKnownBudget);
 }
 
 TEST_F(ImportIntoProgram, NoOutputIsAddedToTheStatement) {

@@ -71,6 +71,8 @@ CVOtherBudget readDataFile(CVDocumentReader& reader, QIODevice& file) {
 
 CVOtherBudget readTransfer(QIODevice& file) {
     const QByteArray bytes = file.read(kLargestTransfer + 1);
+    if (const auto* const device = qobject_cast<QFileDevice*>(&file); device && device->error() != QFileDevice::NoError)
+        return unread(device->errorString());
     if (bytes.size() > kLargestTransfer)
         return unread(BudgetSummaryText::tr("it is larger than 512 MiB"));
     const CVTransferredBudget transferred = CVReadTransfer(bytes);
