@@ -150,7 +150,7 @@ void CVImportOperations::learn(const CVImportWindow::Order& order, const CVImpor
     CVImportNotes notes = order.notes;
     const QByteArray& header = order.statement->headerDigest;
     notes.noteTargets(mApp.document(), header, imported.targets);
-    notes.noteMapping(header, notes.contents().mappings.value(header).name, order.statement->mapping);
+    notes.noteMapping(header, notes.contents().mappings.value(header).name, order.statement->lasting);
     notes.noteLines(imported.account, imported.targets, order.lines);
     write(notes);
 }

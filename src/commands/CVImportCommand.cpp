@@ -10,10 +10,11 @@
 #include "commands/CVStraightQuotes.h"
 #include "commands/CVUsageText.h"
 #include "files/CVFileSignature.h"
-#include "importing/CVFitsAsLastTime.h"
 #include "importing/CVImportIntoBudget.h"
 #include "importing/CVNotesFile.h"
 #include "importing/CVPrepareImport.h"
+#include "importing/CVReadAsLastTime.h"
+#include "importing/CVReadStatement.h"
 #include "importing/budgets/CVBudgetFileKind.h"
 #include "model/CVTransactionSet.h"
 
@@ -108,7 +109,7 @@ bool ImportRun::readBytes() {
     return mFile.error() == QFileDevice::NoError || notRead(mRequest, mFile.errorString(), mErrors) == 0;
 }
 
-/// As the options say, else as a statement with that header was read the last time.
+/// As the options say, and beside them as a statement with that header was read the last time.
 bool ImportRun::readStatement() {
     if (!mDataFile.isEmpty() && mDataFile != QLatin1String(CVStandardStreams::kName))
         mNotes = CVNotesFile(mDataFile).read().notes;
@@ -122,12 +123,7 @@ bool ImportRun::readStatement() {
                              .arg(*mRequest.mappingName));
         return false;
     }
-    mStatement = CVReadStatement(mBytes, *known);
-    const auto kept = mNotes.mapping(mStatement.headerDigest);
-    if (kept && *known == CVStatementMapping()) {
-        if (CVStatement asLastTime = CVReadStatement(mBytes, *kept); CVFitsAsLastTime(asLastTime, mStatement))
-            mStatement = std::move(asLastTime);
-    }
+    mStatement = CVReadAsLastTime(mBytes, *known, mNotes).statement;
     return settleStatement();
 }
 
@@ -271,7 +267,7 @@ int ImportRun::import() {
 void ImportRun::learn(const CVDocument& document, const CVImported& imported) {
     const QByteArray& header = mStatement.headerDigest;
     mNotes.noteTargets(document, header, imported.targets);
-    mNotes.noteMapping(header, mNotes.contents().mappings.value(header).name, mStatement.mapping);
+    mNotes.noteMapping(header, mNotes.contents().mappings.value(header).name, mStatement.lasting);
     mNotes.noteLines(imported.account, imported.targets, mLines);
     const auto written = CVNotesFile(mDataFile).write(mNotes, QDateTime::currentDateTime());
     if (!written.ok())

@@ -94,6 +94,7 @@ void CVImportNotes::noteMapping(const QByteArray& headerDigest, const QString& n
     if (headerDigest.isEmpty())
         return;
     NotedMapping noted{name, mapping};
+    noted.mapping.headerLine.reset();
     noted.mapping.year.reset();
     noted.mapping.account.reset();
     mContents.mappings.insert(headerDigest, noted);

@@ -58,10 +58,10 @@ public:
                                                          const QByteArray& headerDigest) const;
     void noteTargets(const CVDocument& document, const QByteArray& headerDigest, const CVImportTargets& targets);
 
-    /// Absent when no statement with that header was imported. The year of days
-    /// without one is never remembered, nor is the account.
+    /// Absent when no statement with that header was imported. Never remembered are the year of days without one, the
+    /// account, and the line of the header: its words find it wherever it stands.
     [[nodiscard]] std::optional<CVStatementMapping> mapping(const QByteArray& headerDigest) const;
-    /// Does nothing for a statement without a header.
+    /// Does nothing without a digest.
     void noteMapping(const QByteArray& headerDigest, const QString& name, const CVStatementMapping& mapping);
     [[nodiscard]] std::optional<CVStatementMapping> mappingNamed(const QString& name) const;
 

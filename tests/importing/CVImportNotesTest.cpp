@@ -73,7 +73,7 @@ TEST_F(CVImportNotesTest, KnowABudgetWithoutSets) {
     EXPECT_EQ(readAgain().targets(budget.document(), {}), targets);
 }
 
-TEST_F(CVImportNotesTest, KeepAMappingButForItsYear) {
+TEST_F(CVImportNotesTest, KeepAMappingButForItsYearAndTheLineOfItsHeader) {
     CVStatementMapping mapping{.encoding = "windows-1252",
                                .separator = ';',
                                .headerLine = 4,
@@ -86,6 +86,7 @@ TEST_F(CVImportNotesTest, KeepAMappingButForItsYear) {
     mNotes.noteMapping("header", "Giro", mapping);
     mNotes.noteMapping({}, "Nothing", mapping);
     mapping.year.reset();
+    mapping.headerLine.reset();
     EXPECT_EQ(mNotes.mapping("header"), mapping);
     EXPECT_EQ(readAgain().mapping("header"), mapping);
     EXPECT_EQ(readAgain().mappingNamed("Giro"), mapping);

@@ -82,6 +82,7 @@ CVStatement CVReadCAMT(const QByteArray& bytes, const CVStatementMapping& known,
         return CVStatement::ofProblem(CVMissingAccount(accounts, *known.account));
     CVStatement statement;
     statement.mapping = known;
+    statement.lasting = known;
     statement.mapping.encoding = text.encoding;
     if (accounts.size() > 1 && !known.account)
         statement.questions.push_back(CVAskForAccount(accounts, known));

@@ -49,10 +49,10 @@ QString CVRemarkOnBalance(const CVStatementTable& table, const CVAmountRule& rul
         .arg(table.rows[first->row].line);
 }
 
-QByteArray CVDigestOfHeadings(const QStringList& headings, char separator) {
-    if (headings.isEmpty())
-        return {};
+QByteArray CVDigestOfHeadings(const CVStatementTable& table, char separator) {
+    const QByteArray headings =
+        table.headings.isEmpty() ? QByteArray::number(table.columns) : table.headings.join(u'\n').toUtf8();
     QCryptographicHash hash(QCryptographicHash::Sha256);
-    hash.addData(QByteArray(1, separator) + headings.join(u'\n').toUtf8());
+    hash.addData(QByteArray(1, separator) + headings);
     return hash.result().toHex();
 }

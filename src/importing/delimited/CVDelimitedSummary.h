@@ -11,4 +11,4 @@
 [[nodiscard]] QString CVRemarkOnBalance(const CVStatementTable& table, const CVAmountRule& rule);
 
 /// By which a mapping is remembered.
-[[nodiscard]] QByteArray CVDigestOfHeadings(const QStringList& headings, char separator);
+[[nodiscard]] QByteArray CVDigestOfHeadings(const CVStatementTable& table, char separator);

@@ -35,6 +35,7 @@ public:
         if (QString problem = CVProblemOfOtherKind(text.text); !problem.isEmpty())
             return CVStatement::ofProblem(problem);
         mStatement.mapping = mKnown;
+        mStatement.lasting = mKnown;
         mStatement.mapping.encoding = text.encoding;
         const char separator = mKnown.separator.value_or(CVSeparatorOf(text.text));
         mStatement.mapping.separator = separator;
@@ -50,7 +51,8 @@ public:
             return CVStatement::ofProblem(ReadDelimitedText::tr("Reading the statement was stopped."));
         completeMapping();
         mStatement.headings = mTable.headings;
-        mStatement.headerDigest = CVDigestOfHeadings(mTable.headings, separator);
+        mStatement.headerDigest = CVDigestOfHeadings(mTable, separator);
+        mStatement.isDigestCommon = mTable.headings.isEmpty();
         mStatement.summary = CVSummaryOfDelimited(mStatement);
         mStatement.balanceRemark = CVRemarkOnBalance(mTable, mRule.amounts);
         return mStatement;
@@ -124,6 +126,31 @@ private:
         mRule.order = days.orders.front();
         mRule.amounts.mark = mark.mark;
         takeRoles();
+        keepProven(days, mark, amounts);
+    }
+
+    /// What only this statement leaves no choice about is settled anew in the next one.
+    void keepProven(const CVSettledDays& days, const CVSettledMark& mark, const CVSettledAmounts& amounts) {
+        CVStatementMapping& lasting = mStatement.lasting;
+        if (!lasting.dayOrder && days.isProven)
+            lasting.dayOrder = days.orders.front();
+        if (!lasting.decimalMark && mark.isProven)
+            lasting.decimalMark = mark.mark;
+        if (!lasting.positiveIsOut && amounts.isSignProven)
+            lasting.positiveIsOut = mRule.amounts.positiveIsOut;
+        if (amounts.isProven)
+            keepColumnsOfAmounts();
+    }
+
+    void keepColumnsOfAmounts() {
+        auto columns = mKnown.columns.value_or(std::vector<CVColumnRole>());
+        columns.resize(std::max(columns.size(), mRule.roles.size()), CVColumnRole::Guessed);
+        const CVAmountRule& amounts = mRule.amounts;
+        for (const int column : {amounts.amount, amounts.moneyIn, amounts.moneyOut, amounts.marker, amounts.fee}) {
+            if (column >= 0)
+                columns[static_cast<std::size_t>(column)] = mRule.roles[static_cast<std::size_t>(column)];
+        }
+        mStatement.lasting.columns = columns;
     }
 
     /// The rule that the headings give where no line says more.
@@ -193,10 +220,10 @@ private:
         CVStatementMapping& mapping = mStatement.mapping;
         mapping.headerLine = mTable.headerLine;
         mapping.columns = mRule.roles;
-        mapping.dayOrder = mRule.order;
-        mapping.decimalMark = mRule.amounts.mark;
+        mapping.dayOrder = mStatement.lasting.dayOrder;
+        mapping.decimalMark = mStatement.lasting.decimalMark;
         mapping.year = mRule.year;
-        mapping.positiveIsOut = mRule.amounts.positiveIsOut;
+        mapping.positiveIsOut = mStatement.lasting.positiveIsOut;
     }
 
     CVStopRequested inSecondHalf() {

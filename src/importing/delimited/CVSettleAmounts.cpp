@@ -345,31 +345,51 @@ CVSettledAmounts settleByColumns(const CVStatementTable& table, const CVStatemen
     return settleOneColumn(table, columns, rules, differing, isSignKnown);
 }
 
-} // namespace
+/// Whether amounts stand both with and without a sign, or with and without CR or DR: minus signs alone say nothing of
+/// an amount that has none.
+bool isSignProvenByTexts(const CVStatementTable& table, const CVAmountRule& rule) {
+    const SignCount signs = signsOf(table, rule);
+    const int marked = signs.in + signs.out;
+    return (marked > 0 && marked < signs.all()) || (signs.negative > 0 && signs.positive > signs.plus);
+}
 
-CVSettledAmounts CVSettleAmounts(const CVStatementTable& table, const CVStatementColumns& columns,
-                                 const CVAmountClues& clues) {
+CVSettledAmounts settleTriedRules(const CVStatementTable& table, const CVStatementColumns& columns,
+                                  std::vector<CVTriedRule> rules, const CVAmountClues& clues) {
     const bool isSignKnown = clues.positiveIsOut.has_value();
-    CVAmountRule known;
-    known.mark = clues.mark;
-    known.positiveIsOut = clues.positiveIsOut.value_or(false);
-    known.outMarker = clues.outMarker;
-    std::vector<CVTriedRule> rules;
-    for (const CVAmountRule& rule : PossibleRules(columns, known, isSignKnown).rules())
-        rules.push_back(tried(table, rule));
-    keepCovering(rules);
-    if (rules.empty())
-        return {};
     const Rules proven = CVAmountRulesProvenByBalances(table, columns, rules, clues.days);
     if (proven.size() > 1 && proven.front().amount < 0)
         return settledWith(table, proven, About::MoneyOutColumn);
     if (proven.size() > 1 && proven.front().marker < 0)
         return settledWith(table, signsOfOneColumn(table, columns, withSign(proven.front(), false)), About::Sign);
-    if (proven.size() == 1)
-        return settleProven(table, columns, rules, proven.front(), isSignKnown);
+    if (proven.size() == 1) {
+        CVSettledAmounts settled = settleProven(table, columns, rules, proven.front(), isSignKnown);
+        settled.isProven = settled.isSettled();
+        return settled;
+    }
     if (columns.areAmountsNamed && !columns.balances.empty()) {
         for (CVTriedRule& one : rules)
             one.rule.balance = columns.balances.front();
     }
-    return settleByColumns(table, columns, rules, isSignKnown, known.positiveIsOut);
+    return settleByColumns(table, columns, rules, isSignKnown, clues.positiveIsOut.value_or(false));
+}
+
+} // namespace
+
+CVSettledAmounts CVSettleAmounts(const CVStatementTable& table, const CVStatementColumns& columns,
+                                 const CVAmountClues& clues) {
+    CVAmountRule known;
+    known.mark = clues.mark;
+    known.positiveIsOut = clues.positiveIsOut.value_or(false);
+    known.outMarker = clues.outMarker;
+    std::vector<CVTriedRule> rules;
+    for (const CVAmountRule& rule : PossibleRules(columns, known, clues.positiveIsOut.has_value()).rules())
+        rules.push_back(tried(table, rule));
+    keepCovering(rules);
+    if (rules.empty())
+        return {};
+    CVSettledAmounts settled = settleTriedRules(table, columns, std::move(rules), clues);
+    const CVAmountRule& rule = settled.rules.front();
+    const bool isPlain = settled.isSettled() && rule.amount >= 0 && rule.marker < 0;
+    settled.isSignProven = isPlain && (settled.isProven || isSignProvenByTexts(table, rule));
+    return settled;
 }

@@ -15,6 +15,10 @@ struct CVSettledAmounts {
     CVStatementQuestion::About about = CVStatementQuestion::About::Sign;
     /// A row in which they differ.
     std::size_t row = 0;
+    /// Whether the balances prove the one rule.
+    bool isProven = false;
+    /// Whether the texts tell the sign of an amount without one.
+    bool isSignProven = false;
 
     [[nodiscard]] bool isSettled() const { return rules.size() == 1; }
 };

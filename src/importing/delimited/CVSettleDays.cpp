@@ -153,6 +153,7 @@ CVSettledDays CVSettleDays(const CVStatementTable& table, const CVStatementColum
         settled.orders = orders;
     } else {
         settled.orders = {orders.front()};
+        settled.isProven = CVIsDayOrderProven(days, orders.front());
     }
     return settled;
 }

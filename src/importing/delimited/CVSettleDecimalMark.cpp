@@ -44,6 +44,7 @@ CVSettledMark CVSettleDecimalMark(const CVStatementTable& table, const CVStateme
     const CVDecimalMarks amounts = marksOfAmounts(table, columns);
     CVSettledMark settled;
     settled.mark = amounts.likelier();
+    settled.isProven = amounts.isSettled() && !amounts.sayNothing();
     if (amounts.isSettled())
         return settled;
     if (amounts.sayNothing()) {
@@ -51,7 +52,8 @@ CVSettledMark CVSettleDecimalMark(const CVStatementTable& table, const CVStateme
             return settled;
         const CVDecimalMarks others = marksOfOtherCells(table);
         settled.mark = others.likelier();
-        if ((others.comma > 0) != (others.point > 0))
+        settled.isProven = (others.comma > 0) != (others.point > 0);
+        if (settled.isProven)
             return settled;
     }
     settled.isSettled = false;

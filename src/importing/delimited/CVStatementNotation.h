@@ -11,7 +11,9 @@
 struct CVSettledMark {
     QChar mark = u'.';
     bool isSettled = true;
-    /// Where it is not: the row and the text that could be either.
+    /// Whether some text is an amount with that mark alone.
+    bool isProven = false;
+    /// Where it is not settled: the row and the text that could be either.
     std::size_t row = 0;
     QString text = {};
 };
@@ -35,6 +37,8 @@ struct CVSettledDays {
     /// The row and the text of a day that is another one in another order.
     std::size_t row = 0;
     QString text = {};
+    /// Whether the days tell the settled order from each other one.
+    bool isProven = false;
     bool hasYears = true;
     /// Of days without one, where the rows above the header name one.
     std::optional<int> year = std::nullopt;

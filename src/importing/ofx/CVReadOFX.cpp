@@ -119,6 +119,7 @@ private:
     void settle(const CVOFXText& text) {
         const CVOFXAccount& account = mContents.accounts[mChosen];
         mStatement.mapping = mKnown;
+        mStatement.lasting = mKnown;
         CVOFXLines read = CVLinesOfOFX(account, settleMarks(), mKnown);
         // The signs of another account may be settled.
         if (read.question && mStatement.questions.empty())

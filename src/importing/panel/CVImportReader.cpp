@@ -1,8 +1,8 @@
 #include "importing/panel/CVImportReader.h"
 
-#include "importing/CVFitsAsLastTime.h"
 #include "importing/CVNotesFile.h"
 #include "importing/CVPrepareImport.h"
+#include "importing/CVReadAsLastTime.h"
 #include "importing/CVReadStatement.h"
 #include "importing/panel/CVReadStatementFile.h"
 
@@ -31,27 +31,22 @@ void CVImportReader::read(const Source& source) {
 }
 
 CVStatementFindings CVImportReader::findings(const IsWanted& isWanted) {
-    CVStatement read = statement({}, isWanted);
-    const auto mapping = mNotes.mapping(read.headerDigest);
-    if (!mapping)
-        return {std::make_shared<CVStatement>(std::move(read)), {}, false, mNotes};
-    CVStatement asLastTime = statement(*mapping, isWanted);
-    if (!CVFitsAsLastTime(asLastTime, read))
-        return {std::make_shared<CVStatement>(std::move(read)), {}, false, mNotes};
-    return {std::make_shared<CVStatement>(std::move(asLastTime)), *mapping, true, mNotes};
+    CVStatementAsLastTime read = CVReadAsLastTime(mBytes, {}, mNotes, stopUnlessWanted(isWanted));
+    return {std::make_shared<CVStatement>(std::move(read.statement)), read.known, read.isAsLastTime, mNotes};
 }
 
-CVStatement CVImportReader::statement(const CVStatementMapping& known, const IsWanted& isWanted) {
-    return CVReadStatement(mBytes, known, [this, &isWanted](int permille) {
+CVStopRequested CVImportReader::stopUnlessWanted(const IsWanted& isWanted) {
+    return [this, &isWanted](int permille) {
         mPermille = permille;
         return !isWanted();
-    });
+    };
 }
 
 void CVImportReader::readAs(const CVStatementMapping& known) {
     mPermille = 0;
     mWork.start([this, known](const IsWanted& isWanted) {
-        return tell({std::make_shared<CVStatement>(statement(known, isWanted)), known, false, mNotes});
+        CVStatement read = CVReadStatement(mBytes, known, stopUnlessWanted(isWanted));
+        return tell({std::make_shared<CVStatement>(std::move(read)), known, false, mNotes});
     });
 }
 

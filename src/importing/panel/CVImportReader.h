@@ -6,6 +6,7 @@
 #include "importing/CVImportTargets.h"
 #include "importing/panel/CVImportRows.h"
 #include "importing/statements/CVStatement.h"
+#include "importing/statements/CVStopRequested.h"
 
 #include <atomic>
 #include <memory>
@@ -68,7 +69,7 @@ private:
 
     /// These run on the thread.
     [[nodiscard]] CVStatementFindings findings(const IsWanted& isWanted);
-    [[nodiscard]] CVStatement statement(const CVStatementMapping& known, const IsWanted& isWanted);
+    [[nodiscard]] CVStopRequested stopUnlessWanted(const IsWanted& isWanted);
     [[nodiscard]] CVLatestWork::Told tell(CVStatementFindings findings);
 
     QString mDataFile;

@@ -38,6 +38,7 @@ public:
         if (!text.problem.isEmpty())
             return CVStatement::ofProblem(text.problem);
         mStatement.mapping = mKnown;
+        mStatement.lasting = mKnown;
         mStatement.mapping.encoding = text.encoding;
         mFile = CVTakeQIFApart(text.text, [this, size = text.text.size()](qsizetype done) {
             return isStopped(static_cast<int>(done * kQIFHalfDone / std::max(size, qsizetype{1})));

@@ -1,6 +1,7 @@
 #include "importing/statements/CVDayOrders.h"
 
 #include <algorithm>
+#include <array>
 
 namespace {
 
@@ -128,4 +129,15 @@ CVDayOrders CVDayOrdersBySpan(const CVWrittenDays& days, const CVDayOrders& orde
             plausible.push_back(orders[at]);
     }
     return plausible;
+}
+
+bool CVIsDayOrderProven(const CVWrittenDays& days, CVDayOrder order) {
+    constexpr std::array kAllOrders{CVDayOrder::DayMonthYear, CVDayOrder::MonthDayYear, CVDayOrder::YearMonthDay};
+    const bool haveYears = std::any_of(days.begin(), days.end(), [](const auto& day) { return day.second.hasYear(); });
+    return std::all_of(kAllOrders.begin(), kAllOrders.end(), [&](CVDayOrder other) {
+        const bool isPossible = other != order && (haveYears || other != CVDayOrder::YearMonthDay);
+        return !isPossible || std::any_of(days.begin(), days.end(), [&](const auto& day) {
+            return day.second.in(order) && day.second.in(order) != day.second.in(other);
+        });
+    });
 }

@@ -28,4 +28,8 @@ using CVDayOrders = std::vector<CVDayOrder>;
 /// The first of the days that most of the orders take for different ones; null where they agree.
 [[nodiscard]] const CVWrittenDay* CVOpenDay(const CVWrittenDays& days, const CVDayOrders& orders);
 
+/// Whether some day is another one, or none, in each other order. A day with the year first or with the month in words
+/// proves nothing, and neither does 3/3.
+[[nodiscard]] bool CVIsDayOrderProven(const CVWrittenDays& days, CVDayOrder order);
+
 [[nodiscard]] qint64 CVDaysBetween(const QBDate& from, const QBDate& to);

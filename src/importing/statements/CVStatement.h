@@ -21,8 +21,12 @@ struct CVStatement {
 
     /// Why nothing can be read, one sentence; empty otherwise.
     QString problem = {};
-    /// Complete where there is neither a problem nor a question.
+    /// Complete where there is neither a problem nor a question, but for what the texts leave open because it makes no
+    /// difference here: the order of days such as 3/3, the decimal mark of whole numbers, the sign of amounts that have
+    /// none.
     CVStatementMapping mapping = {};
+    /// What of the mapping holds for later statements of the same kind: what was given, and what the texts prove.
+    CVStatementMapping lasting = {};
     /// To be answered before anything is imported.
     std::vector<CVStatementQuestion> questions = {};
     /// As read with the mapping; where there are questions, with the first answer of each.
@@ -35,7 +39,9 @@ struct CVStatement {
     QString summary = {};
     /// What the balance column says against the sums; empty when they agree or there is none.
     QString balanceRemark = {};
-    /// By which a mapping and where the lines went are remembered: of the header, or of the account. Empty without
-    /// both.
+    /// By which a mapping and where the lines went are remembered: of the header, or of the account, else of how many
+    /// columns there are. Empty where nothing can be read.
     QByteArray headerDigest = {};
+    /// Whether statements of other banks may have the same digest, because there is no header.
+    bool isDigestCommon = false;
 };

@@ -297,7 +297,11 @@ TEST(CVReadStatement, SaysWhatWasRecognised) {
     EXPECT_EQ(statement.headings, (QStringList{"Datum", "Empfänger", "Betrag", "Saldo"}));
     EXPECT_EQ(statement.balanceRemark, "1 of 2 balances differ from the sums of the lines; the first is in line 4.");
     EXPECT_FALSE(statement.headerDigest.isEmpty());
-    EXPECT_EQ(CVReadStatement("13.03.2024;A;-1,00\n").headerDigest, QByteArray());
+    EXPECT_FALSE(statement.isDigestCommon);
+    const CVStatement unheaded = CVReadStatement("13.03.2024;A;-1,00\n");
+    EXPECT_TRUE(unheaded.isDigestCommon);
+    EXPECT_EQ(unheaded.headerDigest, CVReadStatement("14.04.2024;B;-2,00\n").headerDigest);
+    EXPECT_NE(unheaded.headerDigest, CVReadStatement("14.04.2024;B;C;-2,00\n").headerDigest);
 }
 
 TEST(CVReadStatement, ReadsTheSameWithTheMappingThatItFound) {
