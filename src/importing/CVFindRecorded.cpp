@@ -15,6 +15,8 @@ constexpr int kMostDaysApart = 4;
 constexpr std::size_t kMostLooks = 1000;
 
 enum class PayeeMatch { Same, Like, Other };
+/// The lines that are looked for.
+enum class LinesMeant { Certain, Uncertain, All };
 
 /// What a line and a transaction must have in common but for the day's distance.
 struct RecordedPlace {
@@ -42,7 +44,7 @@ private:
     using Places = std::vector<std::size_t>;
 
     void collect();
-    void match(PayeeMatch match, bool certainOnly);
+    void match(PayeeMatch match, LinesMeant lines);
     [[nodiscard]] std::optional<std::size_t> transactionFor(std::size_t line, int daysAway, PayeeMatch match);
     [[nodiscard]] Places::iterator best(const CVSoughtLine& sought, PayeeMatch match, Places::iterator begin,
                                         Places::iterator end);
@@ -85,17 +87,20 @@ void RecordedSearch::collect() {
 
 std::vector<CVFoundLine> RecordedSearch::find() {
     // What is certain takes its transaction before a line that only looks like it.
-    for (const bool certainOnly : {true, false}) {
-        for (const PayeeMatch each : {PayeeMatch::Same, PayeeMatch::Like, PayeeMatch::Other})
-            match(each, certainOnly);
+    for (const LinesMeant lines : {LinesMeant::Certain, LinesMeant::All}) {
+        for (const PayeeMatch each : {PayeeMatch::Same, PayeeMatch::Like})
+            match(each, lines);
     }
+    // A line that is certain needs no transaction, and one of another payee is hardly its own.
+    match(PayeeMatch::Other, LinesMeant::Uncertain);
     return std::move(mFound);
 }
 
-void RecordedSearch::match(PayeeMatch match, bool certainOnly) {
+void RecordedSearch::match(PayeeMatch match, LinesMeant lines) {
     for (int apart = 0; apart <= kMostDaysApart; ++apart) {
         for (std::size_t at = 0; at < mLines.size(); ++at) {
-            if (mFound[at].recorded || !mLines[at].day || (certainOnly && !mLines[at].isCertain))
+            const bool isMeant = lines == LinesMeant::All || mLines[at].isCertain == (lines == LinesMeant::Certain);
+            if (mFound[at].recorded || !mLines[at].day || !isMeant)
                 continue;
             // A bank books later rather than earlier than somebody records.
             mFound[at].recorded = transactionFor(at, -apart, match);

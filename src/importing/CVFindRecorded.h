@@ -19,7 +19,8 @@ struct CVSoughtLine {
     /// Where the user calls the payee otherwise.
     QString payeeInStatement = {};
     quint32 set = 0;
-    /// Whether it is recorded for certain, because the bank's number of it was seen before.
+    /// Whether it is recorded for certain, because the bank's number of it was seen before. Then it takes no
+    /// transaction of another payee.
     bool isCertain = false;
 };
 

@@ -2,7 +2,6 @@
 
 #include "importing/CVPayeeKey.h"
 #include "model/CVDocument.h"
-#include "model/CVTransaction.h"
 #include "model/CVTransactionSet.h"
 
 #include <QCryptographicHash>
@@ -147,18 +146,16 @@ void CVImportNotes::noteLeftOut(const CVImportTargets& targets, std::span<const 
     mContents.leftOut.subtract(checked);
 }
 
-/// The user says who it is by correcting the payee, or by leaving out what is recorded under another one.
+/// Only what the user records says who it is: a line that is left out may be recorded under another payee, or not be
+/// wanted.
 void CVImportNotes::notePayee(const CVImportLine& line) {
     const QString key = keyOfPayee(line.payeeInStatement);
-    const QString payee = line.checked                          ? line.payee
-                          : saysRecorded(line) && line.recorded ? line.recorded->payTo()
-                                                                : QString();
-    if (key.isEmpty() || payee.isEmpty())
+    if (!line.checked || key.isEmpty() || line.payee.isEmpty())
         return;
-    if (keyOfPayee(payee) == key)
+    if (keyOfPayee(line.payee) == key)
         mContents.payees.remove(key);
     else
-        mContents.payees.insert(key, payee);
+        mContents.payees.insert(key, line.payee);
 }
 
 void CVImportNotes::forgetNumbers(const QString& account, std::span<const CVImportLine> lines) {

@@ -157,14 +157,14 @@ TEST_F(CVImportNotesTest, KnowAPayeeAsItWasCorrected) {
     EXPECT_EQ(mNotes.payeeFor("AMB MKTPLC 99"), QString());
 }
 
-TEST_F(CVImportNotesTest, LearnAPayeeFromWhatTheUserSaysIsRecorded) {
+TEST_F(CVImportNotesTest, LearnNoPayeeFromALineThatIsNotRecorded) {
     mBudget.transaction({.date = day(2026, 3, 1), .amount = 5, .payTo = "Amber Books", .set = "Checking"});
     CVImportLine line = importLine(day(2026, 3, 1), 500, "AMB MKTPLC 12", "Books");
     line.recorded = mBudget.transactionAt(0);
-    note(line, true, Note::PerhapsRecorded);
-    EXPECT_EQ(mNotes.payeeFor("AMB MKTPLC 99"), QString());
-    note(line, false, Note::PerhapsRecorded);
-    EXPECT_EQ(mNotes.payeeFor("AMB MKTPLC 99"), "Amber Books");
+    for (const Note said : {Note::RecordedAlready, Note::PerhapsRecorded}) {
+        note(line, false, said);
+        EXPECT_EQ(mNotes.payeeFor("AMB MKTPLC 99"), QString());
+    }
 }
 
 TEST_F(CVImportNotesTest, KnowTheBanksNumbersOfAnAccountByTheirDay) {

@@ -243,10 +243,19 @@ TEST_F(CVPrepareImportNumbersTest, KnowALineWhateverItSaysNow) {
 }
 
 TEST_F(CVPrepareImportNumbersTest, NameTheTransactionThatIsThere) {
-    record(1, 7, "Renamed by hand");
+    record(2, 7, "Corner market");
     const auto line = prepareOne(numbered(1, -700, "Corner Market"));
     EXPECT_EQ(line.note, Note::RecordedAlready);
+    EXPECT_EQ(line.noteText, "recorded on 3/2 already");
     EXPECT_EQ(line.recorded, mBudget.transactionAt(0));
+}
+
+TEST_F(CVPrepareImportNumbersTest, TakeNoTransactionOfAnotherPayee) {
+    record(1, 7, "Landlord");
+    const auto lines = prepare({numbered(1, -700, "Vet"), statementLine(3, day(2026, 3, 1), -700, "Landlord")});
+    EXPECT_EQ(lines[0].noteText, "imported before");
+    EXPECT_EQ(lines[0].recorded, nullptr);
+    EXPECT_EQ(lines[1].recorded, mBudget.transactionAt(0));
 }
 
 TEST_F(CVPrepareImportNumbersTest, OfAContractSayNothingAboutAnotherDay) {
