@@ -89,7 +89,8 @@ bool CVIsOFX(const QByteArray& bytes) {
         if (start.startsWith(QLatin1String(first)))
             return true;
     }
-    const auto root = start.indexOf(QRegularExpression(QStringLiteral("<OFX[\\s>]|<\\?OFX\\s")));
+    static const QRegularExpression form(QStringLiteral("<OFX[\\s>]|<\\?OFX\\s"));
+    const auto root = start.indexOf(form);
     const QString before = start.left(std::max(root, qsizetype{0}));
     return root > 0 && (before.startsWith(u'<') || before.contains(u"OFXHEADER") || before.contains(u"OFXSGML"));
 }

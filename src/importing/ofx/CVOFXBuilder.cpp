@@ -70,8 +70,10 @@ void CVOFXBuilder::begin(CVOFXTag tag, int line) {
         mIsInRoot = true;
         break;
     case CVOFXTag::Statement:
+    case CVOFXTag::CardStatement:
         endEntry();
         beginAccount();
+        account().isCard = tag == CVOFXTag::CardStatement;
         break;
     case CVOFXTag::AccountFrom:
         mPlace = mHasEntry ? Place::OtherPart : Place::AccountFrom;
@@ -197,6 +199,7 @@ void CVOFXBuilder::end(CVOFXTag tag) {
         mIsInList = false;
         return endEntry();
     case CVOFXTag::Statement:
+    case CVOFXTag::CardStatement:
     case CVOFXTag::List:
         mIsInList = false;
         return endEntry();

@@ -41,6 +41,7 @@ struct CVOFXEntry {
 };
 
 struct CVOFXAccount {
+    bool isCard = false;
     QString bank = {};
     QString number = {};
     QString type = {};

@@ -140,7 +140,7 @@ CVOFXLines CVLinesOfOFX(const CVOFXAccount& account, const CVOFXMarks& marks, co
         if (read.lines.back().unreadable.isEmpty())
             readable.push_back({&entry, *read.lines.back().hundredths});
     }
-    const CVOFXSigns signs(readable, known);
+    const CVOFXSigns signs(readable, account.isCard, known);
     if (const CVOFXEntry* const open = signs.openEntry())
         read.question = askForSign(*open, known);
     for (std::size_t at = 0; at < read.lines.size(); ++at) {

@@ -18,7 +18,9 @@ int signOf(qint64 hundredths) {
 
 } // namespace
 
-CVOFXSigns::CVOFXSigns(const std::vector<CVOFXSignedEntry>& entries, const CVStatementMapping& known) : mKnown(known) {
+CVOFXSigns::CVOFXSigns(const std::vector<CVOFXSignedEntry>& entries, bool isCard, const CVStatementMapping& known)
+    : mKnown(known)
+    , mIsCard(isCard) {
     count(entries);
     if (mKnown.positiveIsOut || mKnown.outMarker || !isDoubtful())
         mOpen = nullptr;
@@ -30,11 +32,22 @@ int CVOFXSigns::signOfType(const QString& type) const {
     return std::find(kTypesIn.begin(), kTypesIn.end(), type) != kTypesIn.end() ? 1 : 0;
 }
 
+/// The sign where there are no others to be contradicted by.
+int CVOFXSigns::usualSignOfType(const QString& type) const {
+    if (type == u"CASH" || type == u"REPEATPMT" || (type == u"PAYMENT" && !mIsCard))
+        return -1;
+    return type == u"DIRECTDEP" ? 1 : signOfType(type);
+}
+
 void CVOFXSigns::count(const std::vector<CVOFXSignedEntry>& entries) {
     for (const auto& [entry, hundredths] : entries) {
         const int sign = signOf(hundredths);
         const int expected = signOfType(entry->type);
         mHasNegative = mHasNegative || sign < 0;
+        mHasPlus = mHasPlus || entry->amount.contains(u'+');
+        mDebits += entry->type == u"DEBIT" ? 1 : 0;
+        mCredits += entry->type == u"CREDIT" ? 1 : 0;
+        mNeutral += sign != 0 && usualSignOfType(entry->type) == 0 ? 1 : 0;
         if (sign == 0 || expected == 0)
             continue;
         (expected > 0 ? mHasTypeIn : mHasTypeOut) = true;
@@ -46,7 +59,7 @@ void CVOFXSigns::count(const std::vector<CVOFXSignedEntry>& entries) {
 
 bool CVOFXSigns::isDoubtful() const {
     constexpr int kMany = 9;
-    if (mContradicting == 0)
+    if (mContradicting == 0 || hasTypesForSigns())
         return false;
     if (mAgreeing == 0 || !mHasNegative)
         return true;
@@ -54,11 +67,18 @@ bool CVOFXSigns::isDoubtful() const {
     return mHasTypeIn && mHasTypeOut && mContradicting >= kMany * mAgreeing;
 }
 
+/// Whether no amount has a sign, and debits and credits stand beside each other. One debit alone may be one that was
+/// paid back.
+bool CVOFXSigns::hasTypesForSigns() const {
+    constexpr int kFewestDebits = 2;
+    return !mHasNegative && !mHasPlus && mDebits >= kFewestDebits && mCredits > 0 && mNeutral == 0;
+}
+
 std::optional<qint64> CVOFXSigns::signedAmount(const CVOFXSignedEntry& entry) const {
-    const int sign = signOfType(entry.entry->type);
     const bool isTurned = mKnown.positiveIsOut.value_or(false);
     const bool hasNoSigns = !mHasNegative && mHasTypeIn && mHasTypeOut;
-    const bool isByType = mKnown.outMarker || (isTurned && hasNoSigns);
+    const bool isByType = mKnown.outMarker || (isTurned && hasNoSigns) || (!mKnown.positiveIsOut && hasTypesForSigns());
+    const int sign = mHasNegative ? signOfType(entry.entry->type) : usualSignOfType(entry.entry->type);
     if (isByType && sign != 0)
         return sign * std::abs(entry.hundredths);
     if (isTurned)

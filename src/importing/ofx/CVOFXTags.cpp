@@ -12,7 +12,7 @@ struct NamedTag {
 
 constexpr std::array<NamedTag, 49> kTags{{{u"OFX", CVOFXTag::Root},
                                           {u"STMTRS", CVOFXTag::Statement},
-                                          {u"CCSTMTRS", CVOFXTag::Statement},
+                                          {u"CCSTMTRS", CVOFXTag::CardStatement},
                                           {u"INVSTMTRS", CVOFXTag::Statement},
                                           {u"BANKACCTFROM", CVOFXTag::AccountFrom},
                                           {u"CCACCTFROM", CVOFXTag::AccountFrom},

@@ -8,6 +8,7 @@ enum class CVOFXTag {
     // Elements that hold others.
     Root,
     Statement,
+    CardStatement,
     AccountFrom,
     List,
     Entry,

@@ -41,6 +41,10 @@ QString characterOf(QStringView name) {
 }
 
 QString withoutEntities(QStringView text) {
+    // No text of use is as long.
+    constexpr qsizetype kLongest = 100'000;
+    if (text.size() > kLongest)
+        return text.toString();
     QString plain;
     qsizetype done = 0;
     for (auto at = text.indexOf(u'&'); at >= 0; at = text.indexOf(u'&', at + 1)) {
@@ -141,7 +145,7 @@ private:
             mBuilder.refuse(
                 ReadOFXMarkupText::tr("This is no statement that a bank hands out: the file defines abbreviations."));
         if (rest.startsWith(u"<!") || rest.startsWith(u"<?"))
-            return shortUntil(at, rest);
+            return until(at, closeBehind(at) - at, 1);
         return tagAt(at, rest);
     }
 
@@ -158,8 +162,12 @@ private:
         return Markup{Markup::Kind::Ignored, {}, at + length + more};
     }
 
-    static std::optional<Markup> shortUntil(qsizetype at, QStringView rest) {
-        return until(at, rest.first(std::min(rest.size(), kLongestTag)).indexOf(u'>'), 1);
+    /// The first greater-than sign there or behind it, within the length of a tag; -1 where there is none. The text is
+    /// searched from its beginning to its end once.
+    qsizetype closeBehind(qsizetype at) {
+        if (mClose >= 0 && mClose < at)
+            mClose = mText.indexOf(u'>', at);
+        return mClose < 0 || mClose - at > kLongestTag ? -1 : mClose;
     }
 
     std::optional<Markup> tagAt(qsizetype at, QStringView rest) {
@@ -168,10 +176,10 @@ private:
         qsizetype last = first;
         while (last < rest.size() && last < kLongestTag && isOfName(rest[last]))
             ++last;
-        const auto close = rest.sliced(last).first(std::min(rest.size() - last, kLongestTag)).indexOf(u'>');
-        if (last == first || !rest[first].isLetter() || close < 0)
+        const auto close = last > first && rest[first].isLetter() ? closeBehind(at + last) : -1;
+        if (close < 0)
             return std::nullopt;
-        const QStringView behind = rest.sliced(last, close).trimmed();
+        const QStringView behind = mText.sliced(at + last, close - at - last).trimmed();
         const bool hasAttributes = behind.contains(u'=') && !behind.contains(u'<');
         if (!behind.isEmpty() && behind != u"/" && !hasAttributes)
             return std::nullopt;
@@ -181,7 +189,7 @@ private:
             return std::nullopt;
         using enum Markup::Kind;
         const auto kind = isEnd ? End : behind.endsWith(u'/') ? Empty : Begin;
-        return Markup{kind, name.toString().toUpper(), at + last + close + 1};
+        return Markup{kind, name.toString().toUpper(), close + 1};
     }
 
     /// Whether the file writes names so. Where it writes them in capitals, "<b>" within a line is text.
@@ -203,6 +211,8 @@ private:
     const CVStopRequested& mStop;
     CVOFXBuilder mBuilder;
     qsizetype mCounted = 0;
+    /// The greater-than sign that was found last; -1 behind the last one.
+    qsizetype mClose = 0;
     int mLine = 1;
     bool mHasCommentEnds = true;
     bool mHasNames = false;

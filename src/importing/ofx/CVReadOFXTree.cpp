@@ -34,11 +34,14 @@ struct FreeParser {
 
 /// Whether libxml2 could take long over one of the tags.
 bool hasLongTag(QStringView text) {
+    qsizetype close = 0;
     for (auto at = text.indexOf(u'<'); at >= 0; at = text.indexOf(u'<', at + 1)) {
-        if (at + 1 == text.size() || text[at + 1] == u'!' || text[at + 1] == u'?')
-            continue;
-        const QStringView tag = text.sliced(at, std::min(kLongestOpening, text.size() - at));
-        if (tag.size() == kLongestOpening && !tag.contains(u'>'))
+        if (close < at)
+            close = text.indexOf(u'>', at);
+        if (close < 0)
+            close = text.size();
+        const bool isTag = at + 1 < text.size() && text[at + 1] != u'!' && text[at + 1] != u'?';
+        if (isTag && close - at > kLongestOpening)
             return true;
     }
     return false;
@@ -176,8 +179,14 @@ private:
 
     static void dropError(void* /*context*/, const char* /*format*/, ...) {}
 
+    /// libxml2 would go through the rest for further errors. It comes to the end of the piece that it has.
+    static void noteError(void* context, const char* /*format*/, ...) {
+        static_cast<TreeReader*>(context)->mGaveUp = true;
+    }
+
     static xmlSAXHandler makeHandler() {
         xmlSAXHandler handler{};
+        handler.error = noteError;
         handler.getEntity = predefinedEntity;
         handler.reference = giveUp;
         handler.entityDecl = refuseEntity;

@@ -160,6 +160,25 @@ TEST(CVReadOFX, AsksWhereTheTypesContradictTheSigns) {
     EXPECT_EQ(amountsOf(OFXEntry("-3.00", "CREDIT"), byType), QStringLiteral("300"));
 }
 
+TEST(CVReadOFX, TakesDebitsAndCreditsForTheSignsWhereThereAreNone) {
+    const QByteArray debits = OFXEntry("12.50", "DEBIT") + OFXEntry("3.00", "DEBIT");
+    const QByteArray credit = OFXEntry("5.00", "CREDIT");
+    const auto isRead = [&](const QByteArray& more) { return !amountsOf(debits + credit + more).contains(u'?'); };
+    EXPECT_EQ(amountsOf(debits + credit + OFXEntry("1", "FEE") + OFXEntry("2", "PAYMENT") + OFXEntry("4", "DIRECTDEP")),
+              QStringLiteral("-1250 -300 500 -100 -200 400"));
+    EXPECT_TRUE(isRead({}));
+    EXPECT_FALSE(isRead(OFXEntry("5.00", "XFER")));
+    EXPECT_FALSE(isRead(OFXEntry("+5.00", "CREDIT")));
+    EXPECT_TRUE(amountsOf(debits).contains(u'?'));
+    EXPECT_TRUE(amountsOf(OFXEntry("12.50", "DEBIT") + credit).contains(u'?'));
+    CVStatementMapping ownSigns;
+    ownSigns.positiveIsOut = false;
+    EXPECT_EQ(amountsOf(debits + credit, ownSigns), QStringLiteral("1250 300 500"));
+    // On a card, a payment is what was paid to the bank.
+    const QByteArray card = OFXWithEntries(debits + credit + OFXEntry("9", "PAYMENT")).replace("STMTRS", "CCSTMTRS");
+    EXPECT_TRUE(OFXRead(card).startsWith(u"question"));
+}
+
 TEST(CVReadOFX, ReadsNoAmountInAnotherCurrencyAsOneOfTheAccount) {
     const auto currency = [](const QByteArray& more) { return amountsOf(OFXEntry("-10.00", "OTHER", more)); };
     EXPECT_EQ(currency("<CURRENCY><CURRATE>1.1<CURSYM>USD</CURRENCY>"),
