@@ -89,6 +89,8 @@ CVStatementMapping answered(CVStatementMapping mapping, const QString& about, co
         mapping.decimalMark = text == u"comma" ? u',' : u'.';
     else if (about == u"sign")
         mapping.positiveIsOut = text == u"positive-out";
+    else if (about == u"account")
+        mapping.account = text;
     else if (about == u"year")
         mapping.year = answer.toInt();
     else if (about == u"day-column")
