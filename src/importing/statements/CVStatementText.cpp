@@ -87,20 +87,38 @@ int countOfHeadings(const QString& text) {
     return count;
 }
 
-/// The first of the encodings in which the most headings are known.
+/// How many signs that are no letters, such as a superscript or a turned question mark, stand between two letters.
+int countOfSignsInWords(const QString& text) {
+    int count = 0;
+    for (qsizetype at = 1; at + 1 < text.size(); ++at) {
+        const QChar c = text.at(at);
+        const bool isSign = c.unicode() > u'~' && !c.isLetter() && !c.isMark() && !c.isSpace() && c.unicode() < 0x2000;
+        count += isSign && text.at(at - 1).isLetter() && text.at(at + 1).isLetter() ? 1 : 0;
+    }
+    return count;
+}
+
+/// Of the encodings in which the most headings are known the first, or the first code page in which the fewest signs
+/// stand in words.
 QByteArray encodingByHeadings(QByteArrayView bytes) {
     QByteArrayList candidates{encodingOfLocale(), "windows-1252"};
     candidates += CVEncodingsOfStatements();
     QByteArray best = candidates.constFirst();
     int most = -1;
+    int fewestSigns = 0;
     const QByteArrayView sample = bytes.first(std::min(bytes.size(), kTextSample));
     for (const QByteArray& encoding : std::as_const(candidates)) {
         // The sample may end within a character, so that only the whole can be wrong.
         QStringDecoder decoder(encoding.constData());
         const QString text = decoder.isValid() ? QString(decoder.decode(sample)) : QString();
         const int count = decoder.isValid() && !encoding.startsWith("UTF") ? countOfHeadings(text) : -1;
-        if (count > most && decoded(bytes, encoding)) {
+        // Nearly all bytes are letters in the encodings of the Far East, so that their words tell nothing.
+        const bool isOfOneByte = encoding.startsWith("windows") || encoding.startsWith("ISO");
+        const int signsHere = isOfOneByte && count >= most ? countOfSignsInWords(text) : 0;
+        const bool isBetter = count > most || (count == most && isOfOneByte && signsHere < fewestSigns);
+        if (isBetter && decoded(bytes, encoding)) {
             most = count;
+            fewestSigns = signsHere;
             best = encoding;
         }
     }

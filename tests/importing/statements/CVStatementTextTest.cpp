@@ -43,6 +43,13 @@ TEST(CVStatementText, IsDecodedByItsMarkItsNulsItsValidityOrItsHeadings) {
     }
 }
 
+TEST(CVStatementText, HasNoSignsWithinItsWords) {
+    const QString polish = QStringLiteral("PWpłata na konto\nMOpłata za książki\n");
+    const QString french = QStringLiteral("PL’été n° 5\nMÀ l’hôtel, 30 ± 1\n");
+    EXPECT_EQ(CVDecodeStatement(inEncoding("windows-1250", polish), std::nullopt).text, polish);
+    EXPECT_EQ(CVDecodeStatement(inEncoding("windows-1252", french), std::nullopt).encoding, "windows-1252");
+}
+
 TEST(CVStatementText, IsDecodedAsItIsToldTo) {
     const QString text = QStringLiteral("Příjem");
     EXPECT_EQ(CVDecodeStatement(inEncoding("windows-1250", text), QByteArray("windows-1250")).text, text);
