@@ -271,6 +271,7 @@ TEST(CVReadCAMT, KeepsEntriesThatItCannotReadWithTheReason) {
         {entry("<BookgDt><Dt>2024-03</Dt></BookgDt>"), "!“2024-03” is no day"},
     });
     const CVStatement statement = read("\n" + entry("<Sts>PDNG</Sts>" + day));
+    ASSERT_EQ(statement.lines.size(), 1U);
     EXPECT_EQ(statement.lines.front().number, 4);
     EXPECT_EQ(statement.lines.front().cells, (QStringList{"2024-03-13", "12.50", "EUR", "DBIT"}));
 }
@@ -388,6 +389,7 @@ TEST(CVReadCAMT, IsBoundedAndCanBeStopped) {
         read(entryWith("<NtryDtls>" + QByteArray("<TxDtls/>").repeated(200'001) + "</NtryDtls>")).problem.isEmpty());
     const CVStatement statement = read(
         partsWith("<RmtInf>" + QByteArray("<Ustrd>" + QByteArray(9000, 'x') + "</Ustrd>").repeated(2) + "</RmtInf>"));
+    ASSERT_EQ(statement.lines.size(), 1U);
     EXPECT_EQ(statement.lines.front().purpose.size(), 4096);
     const QByteArray many = document(statementOf(entryWith("").repeated(2000)));
     const auto at = [](int least) { return [least](int permille) { return permille >= least; }; };

@@ -88,6 +88,7 @@ TEST(CVReadQIF, TakesEveryLineEndAndEncoding) {
                                     "\xFF\xFE" + wideBytes, carriageReturns.toUtf8(), pairs.toUtf8()})
         EXPECT_EQ(linesOf(CVReadStatement(bytes)), QStringLiteral("2024/03/13|-1250|Café|||"));
     const CVStatement statement = CVReadStatement(pairs.toUtf8() + "\r\nDx\r\nT1.00\r\n^\r\n");
+    ASSERT_EQ(statement.lines.size(), 2U);
     EXPECT_EQ(statement.lines.at(0).number, 2);
     EXPECT_EQ(statement.lines.at(1).number, 7);
 }
@@ -237,6 +238,7 @@ TEST(CVReadQIF, KeepsEntriesThatItCannotReadWithTheReason) {
          "2024/04/13|100||||\n5! “4/13/2024” is no day\n2024/04/14|100||||"},
     });
     const CVStatement statement = CVReadStatement("!Type:Bank\nD2024-03-13\nTten\nPShop\n^\n");
+    ASSERT_EQ(statement.lines.size(), 1U);
     EXPECT_EQ(statement.lines.front().cells, (QStringList{"D2024-03-13", "Tten", "PShop"}));
 }
 
