@@ -12,11 +12,6 @@ bool isStorableText(QString text) {
     return xml_storableText(text) == text;
 }
 
-/// A null text and an empty one differ in a budget.
-QString withoutNull(const QString& text) {
-    return text.isNull() ? QString(QLatin1String("")) : text;
-}
-
 } // namespace
 
 bool CVTransferLine::isStorable() const {
@@ -28,8 +23,8 @@ void CVTransferredRecords::add(const CVTransferLine& line) {
     transaction->setEffectiveDate(line.day);
     transaction->setAmount(line.amount);
     // A payee would keep a purpose from being set that was not there.
-    transaction->setFor(withoutNull(line.xfor));
-    transaction->setPayTo(withoutNull(line.payTo));
+    transaction->setFor(line.xfor);
+    transaction->setPayTo(line.payTo);
     transaction->setTaxFlag(line.taxFlag);
     transaction->setUserFlag(line.userFlag);
     transaction->setCategoryID(categoryNamed(xml_storableText(line.category)));

@@ -5,7 +5,8 @@
 
 #include <QHash>
 
-/// What a line says of one transaction.
+/// What a line says of one transaction. Payee and purpose are not null, because a null text and an empty one differ in
+/// a budget.
 struct CVTransferLine {
     std::optional<QBDate> day = std::nullopt;
     double amount = 0;

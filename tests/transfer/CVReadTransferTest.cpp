@@ -82,10 +82,18 @@ TEST(CVReadTransfer, GivesABudgetThatIsReadyToUse) {
     EXPECT_EQ(document.uniqueID(), 2U);
     EXPECT_EQ(document.earliestTransactionDate(), day(2026, 11, 22));
     EXPECT_EQ(document.latestTransactionDate(), day(2026, 11, 24));
-    for (const auto& transaction : document.transactions()) {
-        EXPECT_FALSE(transaction->payTo().isNull());
-        EXPECT_FALSE(transaction->xfor().isNull());
+    for (const auto& transaction : document.transactions())
         EXPECT_EQ(transaction->document(), &document);
+}
+
+TEST(CVReadTransfer, GivesNoTextThatIsNull) {
+    for (const QByteArray& bytes : {kHeader + ",1,,,,,,\r\n", kHeader + ",1,,\"\",\"\",,,\r\n",
+                                    "[" + with("Market", "") + "]", "[" + with("Food", "") + "]"}) {
+        const auto read = CVReadTransfer(bytes);
+        ASSERT_TRUE(read.budget) << read.problem.toStdString();
+        const CVTransaction& transaction = *(*read.budget)->transactions().front();
+        EXPECT_FALSE(transaction.payTo().isNull()) << bytes.constData();
+        EXPECT_FALSE(transaction.xfor().isNull()) << bytes.constData();
     }
 }
 

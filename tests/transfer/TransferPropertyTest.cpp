@@ -133,4 +133,40 @@ TEST(TransferProperty, WhatIsWrittenIsReadBackAsEqualTransactions) {
     EXPECT_GT(transactions, 10U * static_cast<std::size_t>(rounds));
 }
 
+/// Takes some bytes away, or puts some in their place that mean something.
+QByteArray damaged(RandomBudget& random, QByteArray bytes) {
+    const QByteArray meaningful("\",\r\n{}[]:\\\0\xFF\xEF"
+                                "0-e",
+                                16);
+    for (quint32 left = 1 + random.below(3); left > 0 && !bytes.isEmpty(); --left) {
+        const auto at = static_cast<qsizetype>(random.below(static_cast<quint32>(bytes.size())));
+        const QByteArray put = random.oneIn(3) ? QByteArray() : QByteArray(1, meaningful[random.below(16)]);
+        bytes.replace(at, random.oneIn(4) ? bytes.size() : random.below(3), put);
+    }
+    return bytes;
+}
+
+TEST(TransferProperty, DamagedBytesAreAProblemOrABudgetThatCanBeWritten) {
+    int problems = 0;
+    int budgets = 0;
+    for (int round = 0; round < 5 * roundsOfTransfer(); ++round) {
+        RandomBudget random(static_cast<quint32>(round), 5);
+        makeOdd(random);
+        const CVDocument& document = random.document();
+        for (const auto& bytes :
+             {CVTransferCSV(document, document.transactions()), CVTransferJSON(document, document.transactions())}) {
+            const auto read = CVReadTransfer(damaged(random, *bytes));
+            ASSERT_NE(read.problem.isEmpty(), read.budget == nullptr) << "round " << round;
+            ++(read.budget ? budgets : problems);
+            if (!read.budget)
+                continue;
+            const auto again = CVReadTransfer(*CVTransferJSON(**read.budget, (*read.budget)->transactions()));
+            ASSERT_TRUE(again.budget) << "round " << round << ": " << again.problem.toStdString();
+            ASSERT_EQ(objectsOf(**again.budget), objectsOf(**read.budget)) << "round " << round;
+        }
+    }
+    EXPECT_GT(problems, 2 * roundsOfTransfer());
+    EXPECT_GT(budgets, roundsOfTransfer() / 2);
+}
+
 } // namespace
