@@ -4,7 +4,9 @@
 #include "commands/CVReadOnlyBudget.h"
 #include "commands/CVStandardStreams.h"
 #include "contents/CVBudgetContents.h"
+#include "contents/CVTransactionExport.h"
 #include "format/QBLocale.h"
+#include "reports/CVDataOfReport.h"
 #include "reports/CVMakeReport.h"
 #include "reports/CVReportFile.h"
 #include "reports/CVReportView.h"
@@ -41,6 +43,8 @@ constexpr std::array<Word<int>, CVDisplayPeriods::kTypes> kPeriods{{{"day", CVDi
                                                                     {"two-weeks", CVDisplayPeriods::TwoWeeks},
                                                                     {"month", CVDisplayPeriods::Month}}};
 constexpr std::array<Word<QPageSize::PageSizeId>, 2> kPapers{{{"a4", QPageSize::A4}, {"letter", QPageSize::Letter}}};
+constexpr std::array<Word<CVReportFormat>, 2> kReportFormats{
+    {{"csv", CVReportFormat::CSV}, {"json", CVReportFormat::JSON}}};
 
 template <typename Words>
 auto meaningOf(const QString& text, const Words& words) {
@@ -60,7 +64,14 @@ QString readPaper(const QString& value, CVReportRequest& request) {
     return request.paper ? QString() : ReportCommandText::tr("--paper takes a4 or letter");
 }
 
-constexpr std::array<CVOption<CVReportRequest>, 2> kReportOptions{{{"period", readPeriod}, {"paper", readPaper}}};
+QString readReportFormat(const QString& value, CVReportRequest& request) {
+    const auto format = meaningOf(value, kReportFormats);
+    request.format = format.value_or(CVReportFormat::AsPrinted);
+    return format ? QString() : ReportCommandText::tr("--format takes csv or json, not \"%1\"").arg(value);
+}
+
+constexpr std::array<CVOption<CVReportRequest>, 3> kReportOptions{
+    {{"period", readPeriod}, {"paper", readPaper}, {"format", readReportFormat}}};
 
 QString readKind(const QStringList& arguments, CVReportRequest& request) {
     if (arguments.size() > 1)
@@ -83,8 +94,9 @@ QString refuseIdleOption(const QCommandLineParser& parser, CVReportType type) {
     }
     if (!isSummary && parser.isSet(QStringLiteral("period")))
         return ReportCommandText::tr("--period is an option of the summary alone");
-    if (parser.isSet(QStringLiteral("paper")) && !parser.isSet(QStringLiteral("output")))
-        return ReportCommandText::tr("--paper is an option of PDF files alone, which --output makes");
+    const bool isPDF = parser.isSet(QStringLiteral("output")) && !parser.isSet(QStringLiteral("format"));
+    if (parser.isSet(QStringLiteral("paper")) && !isPDF)
+        return ReportCommandText::tr("--paper is an option of PDF files alone, which --output without --format makes");
     return {};
 }
 
@@ -140,6 +152,13 @@ int writePDF(std::unique_ptr<const CVReport> report, const CVReportRequest& requ
     return request.tellOutcome(CVWriteReportFile(*request.output, view, pages, {}, spared), errors);
 }
 
+int writeData(const CVReport& report, const CVReportRequest& request, const QStringList& spared, QTextStream& errors) {
+    const QByteArray text = request.format == CVReportFormat::CSV ? CVCSVOfReport(report) : CVJSONOfReport(report);
+    if (request.writesToStandardOutput())
+        return CVStandardStreams::write(text, spared, errors);
+    return request.tellOutcome(CVWriteExport(*request.output, text, spared), errors);
+}
+
 } // namespace
 
 std::optional<CVReportRequest> CVReportRequest::parse(const QStringList& arguments, QString& problem) {
@@ -160,6 +179,8 @@ int CVRunReport(const CVReportRequest& request, QTextStream& errors) {
     if (!made.report)
         return CVBudgetOptions::fail(errors, made.refusal);
     const QStringList spared = budget.dataFiles();
+    if (request.format != CVReportFormat::AsPrinted)
+        return writeData(*made.report, request, spared, errors);
     return request.output ? writePDF(std::move(made.report), request, spared, errors)
                           : CVStandardStreams::write(CVTextOfReport(*made.report), spared, errors);
 }

@@ -75,10 +75,13 @@ QString optionsOfReport() {
     return UsageText::tr(
         "KIND is transactions, averages, plan, percent, tax or summary. With --output the report is a PDF\n"
         "file (--output - writes it to standard output), otherwise text with a tabulator between columns.\n"
+        "With --format it is written for other programs, with or without --output.\n"
         "\n"
         "Options of report alone:\n"
         "  --period PERIOD               of the summary: day (as without it), week, two-weeks or month\n"
-        "  --paper a4|letter             of a PDF file: otherwise what is usual where you live\n");
+        "  --paper a4|letter             of a PDF file: otherwise what is usual where you live\n"
+        "  --format csv|json             its headings and lines with plain numbers (12.5) and days as 2014-01-31,\n"
+        "                                the same in every language but for the words\n");
 }
 
 QString textOfDiff() {

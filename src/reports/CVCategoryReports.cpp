@@ -26,6 +26,24 @@ QString frequencyText(qint64 code) {
                : QString();
 }
 
+/// Writes the cells of a report in the locale in force.
+class FigureCells final {
+public:
+    [[nodiscard]] CVReportCell money(double amount) const {
+        return {mMoney.string(amount), RoundDoubleToTwoPlaces(amount)};
+    }
+    [[nodiscard]] static CVReportCell number(qint64 number) {
+        return {QString::number(number), static_cast<double>(number)};
+    }
+    [[nodiscard]] static CVReportCell words(const QString& words) { return {words, words}; }
+    [[nodiscard]] static CVReportCell percent(double percent) {
+        return {QString::number(percent, 'f', kDecimals) + u'%', percent};
+    }
+
+private:
+    QBMoneyFormatter mMoney;
+};
+
 /// `title` has the placeholders %1 and %2 for the two days.
 std::unique_ptr<CVComputedReport> makeReport(CVReportType type, const QString& title, const CVDayRange& range) {
     const QBDateFormatter dates;
@@ -48,14 +66,15 @@ double spentInRange(const CVTransactions& transactions, const CVDayRange& range)
 
 std::unique_ptr<CVReport> CVReport::initWithCatgoryAverages(const CVCategories& categories, const QBDate& startDate,
                                                             const QBDate& endDate) {
-    const QBMoneyFormatter money;
+    const FigureCells cells;
     auto report =
         makeReport(CVReportType::CategoryAverages, tr("Category Averages Report for: %1 to %2"), {startDate, endDate});
     for (const auto& category : categories) {
         report->addCategory(category->categoryName(),
-                            {category->billFrequency(), QString::number(category->numberOfTransactions()),
-                             money.string(category->total()), money.string(category->monthly()),
-                             money.string(category->biWeekly()), money.string(category->weekly())});
+                            {FigureCells::words(category->billFrequency()),
+                             FigureCells::number(category->numberOfTransactions()), cells.money(category->total()),
+                             cells.money(category->monthly()), cells.money(category->biWeekly()),
+                             cells.money(category->weekly())});
     }
     return report;
 }
@@ -63,16 +82,16 @@ std::unique_ptr<CVReport> CVReport::initWithCatgoryAverages(const CVCategories& 
 std::unique_ptr<CVReport> CVReport::initWithCatgoryTotals(const CVCategories& categories,
                                                           const CVTransactions& transactions, const QBDate& startDate,
                                                           const QBDate& endDate) {
-    const QBMoneyFormatter money;
+    const FigureCells cells;
     const CVSpendingOfRange spending(transactions, CVIDsOfCategories(categories), {startDate, endDate});
     auto report =
         makeReport(CVReportType::CategoryTotals, tr("Plan vs Actual Report for: %1 to %2"), {startDate, endDate});
     for (const auto& category : categories) {
         const double target = category->expenseTarget();
         const double average = RoundDoubleToTwoPlaces(averagePerFrequency(*category, spending));
-        report->addCategory(category->categoryName(),
-                            {frequencyText(category->expenseFrequency()), money.string(RoundDoubleToTwoPlaces(target)),
-                             money.string(average), money.string(target - average)});
+        report->addCategory(category->categoryName(), {FigureCells::words(frequencyText(category->expenseFrequency())),
+                                                       cells.money(RoundDoubleToTwoPlaces(target)),
+                                                       cells.money(average), cells.money(target - average)});
     }
     return report;
 }
@@ -80,14 +99,13 @@ std::unique_ptr<CVReport> CVReport::initWithCatgoryTotals(const CVCategories& ca
 std::unique_ptr<CVReport> CVReport::initWithCatgoryPercents(const CVCategories& categories,
                                                             const CVTransactions& transactions, const QBDate& startDate,
                                                             const QBDate& endDate) {
-    const QBMoneyFormatter money;
+    const FigureCells cells;
     const double spent = spentInRange(transactions, {startDate, endDate});
     const double divisor = spent < kSmallestDivisor ? 1.0 : spent;
     auto report = makeReport(CVReportType::CategoryPercents, tr("Percent Report for: %1 to %2"), {startDate, endDate});
     for (const auto& category : categories) {
         const double percent = RoundDoubleToTwoPlaces(category->total() / divisor * 100);
-        report->addCategory(category->categoryName(),
-                            {money.string(category->total()), QString::number(percent, 'f', kDecimals) + u'%'});
+        report->addCategory(category->categoryName(), {cells.money(category->total()), FigureCells::percent(percent)});
     }
     return report;
 }
@@ -95,12 +113,13 @@ std::unique_ptr<CVReport> CVReport::initWithCatgoryPercents(const CVCategories& 
 std::unique_ptr<CVReport> CVReport::initWithCatgoryTax(const CVCategories& categories,
                                                        const CVTransactions& transactions, const QBDate& startDate,
                                                        const QBDate& endDate) {
-    const QBMoneyFormatter money;
+    const FigureCells cells;
     const CVSpendingOfRange spending(transactions, CVIDsOfCategories(categories), {startDate, endDate});
     auto report = makeReport(CVReportType::CategoryTax, tr("Tax Report for: %1 to %2"), {startDate, endDate});
     for (const auto& category : categories) {
         const CVSpending& taxed = spending.of(category->uniqueID());
-        report->addCategory(category->categoryName(), {QString::number(taxed.taxCount), money.string(taxed.taxTotal)});
+        report->addCategory(category->categoryName(),
+                            {FigureCells::number(taxed.taxCount), cells.money(taxed.taxTotal)});
     }
     return report;
 }

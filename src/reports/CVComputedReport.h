@@ -11,14 +11,18 @@ public:
     CVComputedReport(CVReportType type, QString title, std::span<const CVPrintedColumn> columns, QStringList labels);
 
     /// Appends the line of a category.
-    void addCategory(const QString& name, const QStringList& figures);
-    void addAtEnd(CVReportLine line);
+    void addCategory(const QString& name, const std::vector<CVReportCell>& figures);
+    /// Appends another line; a blank one has no cells.
+    void addAtEnd(CVReportLine::Kind kind, const std::vector<CVReportCell>& cells = {});
 
     [[nodiscard]] std::size_t arrayCount() const override { return mArrayCount; }
     [[nodiscard]] std::size_t lineCount() const override { return mLines.size(); }
     [[nodiscard]] CVReportLine line(std::size_t index) const override { return mLines[index]; }
+    [[nodiscard]] CVReportValues values(std::size_t index) const override { return mValues[index]; }
 
 private:
     std::size_t mArrayCount = 0;
     std::vector<CVReportLine> mLines;
+    /// Of each line.
+    std::vector<CVReportValues> mValues;
 };

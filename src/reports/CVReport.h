@@ -3,6 +3,7 @@
 #include "base/QBDate.h"
 #include "model/CVCollections.h"
 #include "reports/CVPrintedColumn.h"
+#include "reports/CVReportValue.h"
 
 #include <QCoreApplication>
 #include <QStringList>
@@ -76,6 +77,8 @@ public:
     [[nodiscard]] virtual std::size_t lineCount() const = 0;
     /// The line of that index, from 0 on.
     [[nodiscard]] virtual CVReportLine line(std::size_t index) const = 0;
+    /// The values of that line, for other programs; none for a blank one.
+    [[nodiscard]] virtual CVReportValues values(std::size_t index) const = 0;
 
 protected:
     CVReport(CVReportType type, QString title, std::span<const CVPrintedColumn> columns, QStringList labels);

@@ -17,30 +17,36 @@ public:
     Totals(const CVSummaryTable& table, int columns) : mTable(table), mNumberOfColumns(columns) {}
 
     /// The figures of a row and its total.
-    [[nodiscard]] QStringList addRow(int row) {
-        QStringList figures;
+    [[nodiscard]] std::vector<CVReportCell> addRow(int row) {
+        std::vector<CVReportCell> figures;
         double rowTotal = 0;
         for (int column = 0; column < mNumberOfColumns; ++column) {
             const auto value = mTable.objectValue(column, row);
-            figures.append(mMoney.string(value.value_or(0)));
+            figures.push_back(cellOf(value.value_or(0)));
             if (!value)
                 continue;
             rowTotal = RoundDoubleToTwoPlaces(rowTotal + *value);
             double& columnTotal = mSummaryColumnTotals[static_cast<std::size_t>(column)];
             columnTotal = RoundDoubleToTwoPlaces(columnTotal + *value);
         }
-        figures.append(mMoney.string(rowTotal));
+        figures.push_back(cellOf(rowTotal));
         return figures;
     }
 
-    [[nodiscard]] QStringList columnTotals() const {
-        QStringList figures;
+    /// The line of the sums, which begins with its heading.
+    [[nodiscard]] std::vector<CVReportCell> columnTotals() const {
+        const QString heading = CVTranslatedHeading(kTotalLabel);
+        std::vector<CVReportCell> cells{{heading, heading}};
         for (int column = 0; column < mNumberOfColumns; ++column)
-            figures.append(mMoney.string(mSummaryColumnTotals[static_cast<std::size_t>(column)]));
-        return figures;
+            cells.push_back(cellOf(mSummaryColumnTotals[static_cast<std::size_t>(column)]));
+        return cells;
     }
 
 private:
+    [[nodiscard]] CVReportCell cellOf(double amount) const {
+        return {mMoney.string(amount), RoundDoubleToTwoPlaces(amount)};
+    }
+
     const CVSummaryTable& mTable;
     int mNumberOfColumns;
     QBMoneyFormatter mMoney;
@@ -67,8 +73,7 @@ std::unique_ptr<CVReport> CVReport::initWithSummaryTable(const CVSummaryTable& t
     Totals totals(table, columns);
     for (std::size_t row = 0; row < categories.size(); ++row)
         report->addCategory(categories[row]->categoryName(), totals.addRow(static_cast<int>(row)));
-    report->addAtEnd({{}, CVReportLine::Kind::Blank});
-    report->addAtEnd(
-        {QStringList(CVTranslatedHeading(kTotalLabel)) + totals.columnTotals(), CVReportLine::Kind::Total});
+    report->addAtEnd(CVReportLine::Kind::Blank);
+    report->addAtEnd(CVReportLine::Kind::Total, totals.columnTotals());
     return report;
 }

@@ -31,6 +31,16 @@ public:
         return {texts, CVReportLine::Kind::Main, transaction.taxFlag()};
     }
 
+    [[nodiscard]] CVReportValues values(std::size_t index) const override {
+        const CVTransaction& transaction = *mTransactionArray[index];
+        return {static_cast<double>(index + 1),
+                transaction.effectiveDate(),
+                transaction.amount(),
+                transaction.payTo(),
+                transaction.xfor(),
+                transaction.categoryName()};
+    }
+
 private:
     /// Every page shows the total of the whole report.
     [[nodiscard]] static QString titleOf(const CVTransactions& transactions) {

@@ -1,68 +1,31 @@
 #include "transfer/CVTransferJSON.h"
 
 #include "model/CVTransaction.h"
+#include "transfer/CVTransferCells.h"
 #include "transfer/CVTransferNames.h"
 #include "transfer/CVTransferValues.h"
 
-#include <algorithm>
-#include <cmath>
+using namespace CVTransferCells;
 
 namespace {
 
 constexpr qsizetype kUsualObject = 160;
-constexpr int kHexadecimal = 16;
 
-bool needsEscape(char c) {
-    return c == '"' || c == '\\' || (c >= 0 && c < ' ');
+QByteArray dayInJSON(const std::optional<QBDate>& day) {
+    return day ? quotedInJSON(CVTransferValues::textOfDay(day)) : QByteArray("null");
 }
 
-void appendEscaped(QByteArray& text, char c) {
-    if (c == '"' || c == '\\')
-        (text += '\\') += c;
-    else
-        text += "\\u" + QByteArray::number(int(c), kHexadecimal).rightJustified(4, '0');
+QByteArray flagInJSON(bool flag) {
+    return flag ? "true" : "false";
 }
 
-void appendQuoted(QByteArray& text, const QByteArray& utf8) {
-    text += '"';
-    const char* const end = utf8.cend();
-    for (const char* at = utf8.cbegin(); at != end;) {
-        const char* const next = std::find_if(at, end, needsEscape);
-        text.append(at, next - at);
-        if (next != end)
-            appendEscaped(text, *next);
-        at = next == end ? end : next + 1;
-    }
-    text += '"';
-}
-
-void appendDay(QByteArray& text, const std::optional<QBDate>& day) {
-    if (day)
-        appendQuoted(text, CVTransferValues::textOfDay(day));
-    else
-        text += "null";
-}
-
-void appendAmount(QByteArray& text, double amount) {
-    const QByteArray written = CVTransferValues::textOfAmount(amount);
-    if (std::isfinite(amount))
-        text += written;
-    else
-        appendQuoted(text, written);
-}
-
-void appendObject(QByteArray& text, const CVTransaction& transaction, const CVTransferNames& names) {
-    appendDay(text += R"({"date":)", transaction.effectiveDate());
-    appendAmount(text += R"(,"amount":)", transaction.amount());
-    appendQuoted(text += R"(,"category":)", names.categoryOf(transaction));
-    appendQuoted(text += R"(,"paidTo":)", transaction.payTo().toUtf8());
-    appendQuoted(text += R"(,"for":)", transaction.xfor().toUtf8());
-    text += R"(,"tax":)";
-    text += transaction.taxFlag() ? "true" : "false";
-    text += R"(,"flagged":)";
-    text += transaction.userFlag() ? "true" : "false";
-    appendQuoted(text += R"(,"set":)", names.setOf(transaction));
-    text += '}';
+QByteArray objectOf(const CVTransaction& transaction, const CVTransferNames& names) {
+    return R"({"date":)" + dayInJSON(transaction.effectiveDate()) + R"(,"amount":)" +
+           amountInJSON(transaction.amount()) + R"(,"category":)" + quotedInJSON(names.categoryOf(transaction)) +
+           R"(,"paidTo":)" + quotedInJSON(transaction.payTo().toUtf8()) + R"(,"for":)" +
+           quotedInJSON(transaction.xfor().toUtf8()) + R"(,"tax":)" + flagInJSON(transaction.taxFlag()) +
+           R"(,"flagged":)" + flagInJSON(transaction.userFlag()) + R"(,"set":)" +
+           quotedInJSON(names.setOf(transaction)) + '}';
 }
 
 } // namespace
@@ -76,7 +39,7 @@ std::optional<QByteArray> CVTransferJSON(const CVDocument& document, const CVTra
     std::size_t done = 0;
     for (const auto& transaction : transactions) {
         text += done == 0 ? "\n" : ",\n";
-        appendObject(text, *transaction, names);
+        text += objectOf(*transaction, names);
         if (++done % kCVBetweenTransferReports == 0 && progress && !progress(done))
             return std::nullopt;
     }

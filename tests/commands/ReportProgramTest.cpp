@@ -1,5 +1,8 @@
 #include "ProgramFixture.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+
 namespace {
 
 constexpr const char* kReportedBudget = R"(<?xml version="1.0" encoding="UTF-8"?>
@@ -116,6 +119,75 @@ TEST_F(ReportProgram, WritesEachReportAsText) {
         EXPECT_EQ(result.errors, "");
     }
     EXPECT_EQ(everything(), before);
+}
+
+TEST_F(ReportProgram, WritesEachReportForOtherProgramsAlikeInEveryLocale) {
+    struct Row {
+        const char* kind;
+        QStringList options;
+        const char* csv;
+        const char* json;
+    };
+    const QList<Row> rows{
+        {"transactions",
+         {},
+         "#,Date,Amount,Paid To,For,Category\r\n"
+         "1,2014-03-07,45.1,Dr. Lee & Sons,Checkup,Medical\r\n"
+         "2,2014-02-01,1234.5,A market whose name is longer than its column,,Food\r\n"
+         "3,2013-12-31,9,Baker,rolls,Food\r\n",
+         R"({"#":3,"Date":"2013-12-31","Amount":9,"Paid To":"Baker","For":"rolls","Category":"Food"})"},
+        {"averages",
+         {"--from", "2014/01/01", "--to", "2014/02/28"},
+         "Category,Spending Pattern,# of Trans,Total,Monthly,Bi-Weekly,Weekly\r\n"
+         "Food,2 Months,1,1234.5,617.25,284.88,142.44\r\n"
+         "Medical,Monthly,0,0,0,0,0\r\n",
+         R"({"Category":"Medical","Spending Pattern":"Monthly","# of Trans":0,"Total":0,"Monthly":0,)"},
+        {"plan",
+         {"--from", "2014/01/01", "--to", "2014/02/28"},
+         "Category,Expense Frequency,Target Per Frequency,Average Per Frequency,Difference\r\n"
+         "Food,Weekly,20,308.63,-288.63\r\n"
+         "Medical,Monthly,50,0,50\r\n",
+         R"({"Category":"Food","Expense Frequency":"Weekly","Target Per Frequency":20,)"},
+        {"percent",
+         {"--range", "3"},
+         "Category,Total Spent,Percent of total spent\r\nFood,1234.5,96.48\r\nMedical,45.1,3.52\r\n",
+         R"({"Category":"Food","Total Spent":1234.5,"Percent of total spent":96.48})"},
+        {"tax",
+         {},
+         "Category,Number of Transactions,Amount of Tax\r\nFood,0,0\r\nMedical,1,45.1\r\n",
+         R"({"Category":"Medical","Number of Transactions":1,"Amount of Tax":45.1})"},
+        {"summary",
+         {"--period", "month"},
+         "Category,March 2014,April 2014,May 2014,June 2014,Total\r\n"
+         "Food,0,0,0,0,0\r\nMedical,45.1,0,0,0,45.1\r\nTotal,45.1,0,0,0,\r\n",
+         R"({"Category":"Total","March 2014":45.1,"April 2014":0,"May 2014":0,"June 2014":0,"Total":null})"},
+    };
+    for (const char* const amounts : {"C.UTF-8", "de_DE.UTF-8", "ar_EG.UTF-8"}) {
+        mEnvironment.insert("LANG", amounts);
+        mEnvironment.insert("LC_TIME", "en_US.UTF-8");
+        mEnvironment.insert("LC_ALL", "");
+        for (const Row& row : rows) {
+            SCOPED_TRACE(std::string(row.kind) + ' ' + amounts);
+            const Result csv = report(row.kind, row.options + QStringList{"--format", "csv"});
+            EXPECT_EQ(csv.status, 0) << csv.errors.toStdString();
+            EXPECT_EQ(csv.output, row.csv);
+            const Result json = report(row.kind, row.options + QStringList{"--format", "json"});
+            EXPECT_TRUE(json.output.contains(row.json)) << json.output.toStdString();
+            EXPECT_EQ(QJsonDocument::fromJson(json.output.toUtf8()).array().size(), csv.output.count('\n') - 1);
+        }
+    }
+}
+
+TEST_F(ReportProgram, WritesAReportForOtherProgramsToAFile) {
+    const QString path = mHome.filePath("report.csv");
+    EXPECT_EQ(report("tax", {"--format", "csv", "--output", path}).output, "");
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(file.readAll().startsWith("Category,Number of Transactions,"));
+    EXPECT_EQ(report("tax", {"--format", "csv", "--output", mFile}).status, 1) << "the data file";
+    for (const QStringList& options :
+         QList<QStringList>{{"--format", "pdf"}, {"--format", "csv", "--output", path, "--paper", "a4"}})
+        EXPECT_EQ(report("tax", options).status, 2) << options.join(' ').toStdString();
 }
 
 TEST_F(ReportProgram, TakesTheDaysTheSetAndThePeriodThatAreAskedFor) {

@@ -20,6 +20,7 @@ public:
         return type() == CVReportType::Summary ? mArrayCount + 2 : mArrayCount;
     }
     [[nodiscard]] CVReportLine line(std::size_t /*index*/) const override { return {}; }
+    [[nodiscard]] CVReportValues values(std::size_t /*index*/) const override { return {}; }
 
 private:
     std::size_t mArrayCount;
