@@ -1,4 +1,5 @@
 #include "app/EditorWindowsFixture.h"
+#include "model/CVTransactionColumns.h"
 
 #include <QLabel>
 
@@ -107,6 +108,36 @@ TEST_F(EditorWindowsTest, TheSetPopUpComesAndGoesWithTheSecondSetWhileASearchIsA
         EXPECT_EQ(find<QLineEdit>("mTotalNumberOfTransactionsField1")->text(), "1");
     });
     EXPECT_EQ(document().transactions().size(), 1U);
+}
+
+TEST_F(EditorWindowsTest, DeletingTheSecondSetWhileAllSetsAreShownGoesBackToTheOne) {
+    auto* const picker = find<QComboBox>("mTransactionSet");
+    inSetEditor([](QTableView& table) {
+        clickButton(table, "Add");
+        typeName("Savings");
+    });
+    picker->setFocus();
+    press(Qt::Key_Down);
+    record(day(2014, 3, 7), 1, "Supermarket", "Food");
+    press(Qt::Key_Up);
+    press(Qt::Key_End);
+    ASSERT_EQ(picker->currentText(), "All Sets");
+    EXPECT_EQ(column(kList, kPayee), (QStringList{"Supermarket", "Market", "Baker", "Station"}));
+    EXPECT_EQ(find<QLabel>("mRecordingNote")->text(), "Recording into “Initial Transaction Set”");
+    mAlerts.answer({CVAlert::kDefault, CVAlert::kDefault, CVAlert::kAlternate});
+    inSetEditor([this](QTableView& table) {
+        clickRow(table, "Initial Transaction Set");
+        clickButton(table, "Delete");
+        EXPECT_EQ(mAlerts.shown()[0].title, "You can not delete the current transaction set.");
+        rename(table, "Savings", "Holidays");
+        EXPECT_EQ(column(kList, CVTransactionColumns::Set)[0], "Holidays");
+        clickRow(table, "Holidays");
+        clickButton(table, "Delete");
+    });
+    EXPECT_EQ(mAlerts.shown().size(), 3);
+    EXPECT_FALSE(picker->isVisible());
+    EXPECT_EQ(column(kList, kPayee), (QStringList{"Market", "Baker", "Station"}));
+    EXPECT_EQ(window().windowTitle(), "Corvella Main Window");
 }
 
 TEST_F(EditorWindowsTest, TheStatusLineSaysHowManyTransactionsWentWithTheirSet) {

@@ -1,5 +1,6 @@
 #include "EditorWindowsFixture.h"
 #include "base/CVDefaultsKeys.h"
+#include "model/CVTransactionColumns.h"
 #include "storage/CVDocumentXML.h"
 #include "versions/CVVersionFolder.h"
 #include "workspace/controls/CVSaveStatus.h"
@@ -168,6 +169,29 @@ TEST_F(OutsideChanges, DoNotUndoARenamedSetThatIsNotSavedYet) {
     ASSERT_TRUE(QTest::qWaitFor([this] { return bytes().contains("Renamed"); }, kPatience));
     EXPECT_EQ(document().transactionSets()[0]->transactionSetName(), "Renamed");
     EXPECT_EQ(keptCopies().size(), 1);
+}
+
+TEST_F(OutsideChanges, LeaveAllSetsShownWhileThereAreSeveral) {
+    inSetEditor([](QTableView& table) {
+        clickButton(table, "Add");
+        press(Qt::Key_Return);
+    });
+    save();
+    auto* const picker = find<QComboBox>("mTransactionSet");
+    picker->setFocus();
+    press(Qt::Key_End);
+    ASSERT_EQ(picker->currentText(), "All Sets");
+    edit("Station", "Bus stop");
+    ASSERT_TRUE(waitForPayees({"Market", "Baker", "Bus stop"}));
+    EXPECT_EQ(picker->currentText(), "All Sets");
+    EXPECT_EQ(column("mTransactionTable", CVTransactionColumns::Set)[0], "Initial Transaction Set");
+    QByteArray oneSet = bytes();
+    const qsizetype second = oneSet.lastIndexOf("<TransactionSet ");
+    oneSet.remove(second, oneSet.indexOf("</TransactionSet>", second) + qstrlen("</TransactionSet>") - second);
+    replace(oneSet.replace("Baker", "Butcher"));
+    ASSERT_TRUE(waitForPayees({"Market", "Butcher", "Bus stop"}));
+    EXPECT_FALSE(picker->isVisible());
+    EXPECT_EQ(window().windowTitle(), "Corvella Main Window");
 }
 
 TEST_F(OutsideChanges, ThatRemoveTheFileAreToldAndTheBudgetStays) {
