@@ -84,11 +84,17 @@ QString readSign(const QString& value, CVStatementOptions& options) {
 QString readYear(const QString& value, CVStatementOptions& options) {
     constexpr int kFirstYear = 1900;
     constexpr int kLastYear = 2199;
-    bool isNumber = false;
-    const int year = value.toInt(&isNumber);
-    if (!isNumber || year < kFirstYear || year > kLastYear)
-        return StatementOptionsText::tr("--year takes a year of four digits");
-    options.mapping.year = year;
+    QList<int> years;
+    for (const QString& text : value.split(u'-')) {
+        bool isNumber = false;
+        years.append(text.toInt(&isNumber));
+        if (!isNumber || years.constLast() < kFirstYear || years.constLast() > kLastYear || years.size() > 2)
+            return StatementOptionsText::tr("--year takes a year of four digits, or that of the first line and another "
+                                            "one, such as 2026-2025");
+    }
+    options.mapping.year = years.constFirst();
+    if (years.size() > 1)
+        options.mapping.otherYear = years.constLast();
     return {};
 }
 

@@ -153,21 +153,23 @@ QString textOfImport() {
 }
 
 QString optionsOfImport() {
-    return UsageText::tr("How the statement is read, otherwise guessed; columns and lines count from 1:\n"
-                         "  --date N --amount N           the columns of the booking day and of the amount\n"
-                         "  --out N --in N                two columns in place of --amount\n"
-                         "  --marker N                    the column whose words tell money out from money in\n"
-                         "  --out-marker WORD             the word for money out, where it is an unusual one\n"
-                         "  --fee N                       money out on top of the amount\n"
-                         "  --payee N --for N --category N --balance N --value-date N --bank-id N --ignore N\n"
-                         "  --date-order dmy|mdy|ymd      the order of day, month and year\n"
-                         "  --decimal point|comma         the decimal mark\n"
-                         "  --sign normal|inverted        inverted: an amount without a minus sign is money out\n"
-                         "  --year YEAR                   of days without one\n"
-                         "  --header LINE|none            the line of the header\n"
-                         "  --separator comma|semicolon|tab|bar\n"
-                         "  --encoding NAME               UTF-8, windows-1252 and others\n"
-                         "  --account NAME                of a file with several accounts the one to import\n");
+    return UsageText::tr(
+        "How the statement is read, otherwise guessed; columns and lines count from 1:\n"
+        "  --date N --amount N           the columns of the booking day and of the amount\n"
+        "  --out N --in N                two columns in place of --amount\n"
+        "  --marker N                    the column whose words tell money out from money in\n"
+        "  --out-marker WORD             the word for money out, where it is an unusual one\n"
+        "  --fee N                       money out on top of the amount\n"
+        "  --payee N --for N --category N --balance N --value-date N --bank-id N --ignore N\n"
+        "  --date-order dmy|mdy|ymd      the order of day, month and year\n"
+        "  --decimal point|comma         the decimal mark\n"
+        "  --sign normal|inverted        inverted: an amount without a minus sign is money out\n"
+        "  --year YEAR                   of days without one, from the first line on; 2026-2025 where\n"
+        "                                others are in another year, 2026-2026 where none are\n"
+        "  --header LINE|none            the line of the header\n"
+        "  --separator comma|semicolon|tab|bar\n"
+        "  --encoding NAME               UTF-8, windows-1252 and others\n"
+        "  --account NAME                of a file with several accounts the one to import\n");
 }
 
 /// Joins the parts with an empty line between them.

@@ -95,6 +95,7 @@ void CVImportNotes::noteMapping(const QByteArray& headerDigest, const QString& n
     NotedMapping noted{name, mapping};
     noted.mapping.headerLine.reset();
     noted.mapping.year.reset();
+    noted.mapping.otherYear.reset();
     noted.mapping.account.reset();
     mContents.mappings.insert(headerDigest, noted);
 }

@@ -49,6 +49,7 @@ CVStatementMapping withGiven(CVStatementMapping kept, const CVStatementMapping& 
     lay(given.dayOrder, kept.dayOrder);
     lay(given.decimalMark, kept.decimalMark);
     lay(given.year, kept.year);
+    lay(given.otherYear, kept.otherYear);
     lay(given.positiveIsOut, kept.positiveIsOut);
     lay(given.outMarker, kept.outMarker);
     lay(given.account, kept.account);

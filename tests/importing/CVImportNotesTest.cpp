@@ -81,11 +81,13 @@ TEST_F(CVImportNotesTest, KeepAMappingButForItsYearAndTheLineOfItsHeader) {
                                .dayOrder = CVDayOrder::MonthDayYear,
                                .decimalMark = u',',
                                .year = 2026,
+                               .otherYear = 2025,
                                .positiveIsOut = true,
                                .outMarker = "Soll"};
     mNotes.noteMapping("header", "Giro", mapping);
     mNotes.noteMapping({}, "Nothing", mapping);
     mapping.year.reset();
+    mapping.otherYear.reset();
     mapping.headerLine.reset();
     EXPECT_EQ(mNotes.mapping("header"), mapping);
     EXPECT_EQ(readAgain().mapping("header"), mapping);

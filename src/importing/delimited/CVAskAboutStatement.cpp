@@ -160,6 +160,23 @@ CVStatementQuestion CVAskForYear(const CVStatementTable& table, const QString& d
     return question;
 }
 
+CVStatementQuestion CVAskForOtherYear(const CVStatementTable& table, const CVSettledYears& years,
+                                      const CVStatementMapping& known) {
+    CVStatementQuestion question{About::Year, {}, {}};
+    QStringList texts;
+    for (const int year : {years.otherYear, years.sameYear}) {
+        CVStatementMapping with = known;
+        with.year = years.sameYear;
+        with.otherYear = year;
+        texts.append(QString::number(year));
+        question.answers.push_back(
+            {texts.constLast(), with, QStringLiteral("--year %1-%2").arg(years.sameYear).arg(year)});
+    }
+    question.text = AskText::tr("In which year is “%1” in line %2: %3?")
+                        .arg(years.text, QString::number(table.rows[years.row].line), CVJoinedByOr(texts));
+    return question;
+}
+
 CVStatementQuestion CVAskForAmounts(const CVStatementTable& table, const CVSettledAmounts& amounts,
                                     const CVStatementMapping& known) {
     switch (amounts.about) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "importing/delimited/CVSettleAmounts.h"
+#include "importing/delimited/CVSettleYears.h"
 #include "importing/delimited/CVStatementNotation.h"
 #include "importing/statements/CVStatementQuestion.h"
 
@@ -9,5 +10,7 @@
                                                     const CVStatementMapping& known);
 [[nodiscard]] CVStatementQuestion CVAskForYear(const CVStatementTable& table, const QString& day,
                                                const CVStatementMapping& known);
+[[nodiscard]] CVStatementQuestion CVAskForOtherYear(const CVStatementTable& table, const CVSettledYears& years,
+                                                    const CVStatementMapping& known);
 [[nodiscard]] CVStatementQuestion CVAskForAmounts(const CVStatementTable& table, const CVSettledAmounts& amounts,
                                                   const CVStatementMapping& known);

@@ -3,6 +3,7 @@
 #include "importing/delimited/CVAskAboutStatement.h"
 #include "importing/delimited/CVDelimitedSummary.h"
 #include "importing/delimited/CVProvenAmounts.h"
+#include "importing/delimited/CVSettleYears.h"
 #include "importing/delimited/CVStatementLines.h"
 #include "importing/statements/CVAskAboutTexts.h"
 #include "importing/statements/CVStatementDay.h"
@@ -115,10 +116,11 @@ private:
     void settle() {
         const CVSettledDays days = settleDays();
         const CVSettledMark mark = settleMark();
-        const CVSettledAmounts amounts =
-            CVSettleAmounts(mTable, mColumns,
-                            {mark.mark, mKnown.positiveIsOut, mKnown.outMarker.value_or(QString()),
-                             CVDaysOfLikelyRows(mTable, mColumns, days.orders.front(), kCVMostLinesForRules)});
+        const CVSettledAmounts amounts = CVSettleAmounts(
+            mTable, mColumns,
+            {mark.mark, mKnown.positiveIsOut, mKnown.outMarker.value_or(QString()),
+             CVDaysOfLikelyRows(mTable, mColumns.days.front(), {days.orders.front(), mRule.year, mRule.doesYearChange},
+                                kCVMostLinesForRules)});
         mRule.amounts = amounts.rules.empty() ? ruleWithoutLines() : amounts.rules.front();
         if (amounts.rules.size() > 1)
             mStatement.questions.push_back(CVAskForAmounts(mTable, amounts, mKnown));
@@ -183,7 +185,18 @@ private:
             mStatement.questions.push_back(CVAskForYear(mTable, first, mKnown));
             mRule.year = static_cast<int>(QBDate::date().yearOfCommonEra());
         }
+        if (!days.hasYears)
+            settleYears(days);
         return days;
+    }
+
+    void settleYears(const CVSettledDays& days) {
+        const CVSettledYears years = CVSettleYears(mTable, mColumns.days.front(), days.orders.front(),
+                                                   {*mRule.year, mKnown.otherYear, days.period});
+        mRule.doesYearChange = years.change;
+        // Another answer may leave nothing to ask.
+        if (!years.isSettled && mStatement.questions.empty())
+            mStatement.questions.push_back(CVAskForOtherYear(mTable, years, mKnown));
     }
 
     [[nodiscard]] int lineOf(std::size_t row) const { return mTable.rows[row].line; }

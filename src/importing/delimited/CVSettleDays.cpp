@@ -106,6 +106,21 @@ std::optional<int> yearAbove(const std::vector<CVStatementDay>& above) {
     return year;
 }
 
+/// From the first to the last of the days above; absent where there are not two.
+std::optional<CVPeriod> periodAbove(const std::vector<CVStatementDay>& above, CVDayOrder order) {
+    std::optional<CVPeriod> period;
+    for (const CVStatementDay& fields : above) {
+        const auto day = fields.hasYear() ? fields.in(order) : std::nullopt;
+        if (!day)
+            continue;
+        if (!period)
+            period = {*day, *day};
+        period->first = std::min(period->first, *day);
+        period->last = std::max(period->last, *day);
+    }
+    return period && period->first != period->last ? period : std::nullopt;
+}
+
 /// Whether two columns are written alike, so that one order holds for both.
 bool areAlike(const CVWrittenDays& a, const CVWrittenDays& b) {
     return !a.empty() && !b.empty() && a.front().second.separator == b.front().second.separator &&
@@ -155,27 +170,6 @@ CVSettledDays CVSettleDays(const CVStatementTable& table, const CVStatementColum
         settled.orders = {orders.front()};
         settled.isProven = CVIsDayOrderProven(days, orders.front());
     }
+    settled.period = periodAbove(above, settled.orders.front());
     return settled;
-}
-
-CVDaysOfLines CVDaysOfLikelyRows(const CVStatementTable& table, const CVStatementColumns& columns, CVDayOrder order,
-                                 std::size_t most) {
-    constexpr int kHalfAYear = 6;
-    constexpr int kAnyYear = 2000;
-    CVDaysOfLines days;
-    int year = kAnyYear;
-    int lastMonth = 0;
-    for (std::size_t at = 0; at < std::min(most, table.likely.size()) && !columns.days.empty(); ++at) {
-        const auto fields =
-            CVReadDayOfColumn(CVStatementTable::cell(table.rows[table.likely[at]], columns.days.front()));
-        auto day = fields ? fields->in(order) : std::nullopt;
-        if (day && !fields->hasYear()) {
-            const int onward = lastMonth == 0 ? 0 : day->monthOfYear() - lastMonth;
-            year += onward > kHalfAYear ? -1 : onward < -kHalfAYear ? 1 : 0;
-            lastMonth = day->monthOfYear();
-            day = fields->in(order, year);
-        }
-        days.push_back(day);
-    }
-    return days;
 }

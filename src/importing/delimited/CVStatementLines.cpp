@@ -1,5 +1,6 @@
 #include "importing/delimited/CVStatementLines.h"
 
+#include "importing/delimited/CVSettleYears.h"
 #include "importing/statements/CVHeadingWords.h"
 #include "importing/statements/CVStatementAmount.h"
 #include "importing/statements/CVStatementDay.h"
@@ -20,7 +21,10 @@ struct StatementLinesText {
 
 class LineReader {
 public:
-    LineReader(const CVStatementTable& table, const CVLineRule& rule) : mTable(table), mRule(rule) {
+    LineReader(const CVStatementTable& table, const CVLineRule& rule)
+        : mTable(table)
+        , mRule(rule)
+        , mYears(rule.order, rule.year, rule.doesYearChange) {
         for (std::size_t column = 0; column < rule.roles.size(); ++column) {
             const QString heading = table.headings.value(static_cast<qsizetype>(column));
             const QString plain = CVPlainWords(heading);
@@ -79,25 +83,7 @@ private:
 
     std::optional<QBDate> dayOfText(const QString& text) {
         const auto fields = text.isEmpty() ? std::nullopt : CVReadDayOfColumn(text);
-        if (!fields)
-            return std::nullopt;
-        if (fields->hasYear())
-            return fields->in(mRule.order);
-        return fields->in(mRule.order, yearBeside(*fields));
-    }
-
-    /// The year of a day without one: neighbouring lines are less than half a year apart.
-    std::optional<int> yearBeside(const CVStatementDay& fields) {
-        constexpr int kHalfAYear = 6;
-        const auto day = fields.in(mRule.order);
-        if (!day || !mRule.year)
-            return mRule.year;
-        if (mLastMonth > 0 && day->monthOfYear() - mLastMonth > kHalfAYear)
-            --mYearsOn;
-        else if (mLastMonth > 0 && mLastMonth - day->monthOfYear() > kHalfAYear)
-            ++mYearsOn;
-        mLastMonth = day->monthOfYear();
-        return *mRule.year + mYearsOn;
+        return fields ? mYears.next(*fields) : std::nullopt;
     }
 
     /// Whether the columns for the payee and for the bank's number, where there are any, are empty.
@@ -245,9 +231,8 @@ private:
 
     const CVStatementTable& mTable;
     const CVLineRule& mRule;
+    CVYearOfDays mYears;
     std::vector<int> mStatusColumns = {};
-    int mLastMonth = 0;
-    int mYearsOn = 0;
     /// Whether the row above is a line, which may go on.
     bool mMayGoOn = false;
     /// For each line: whether it has no day, and follows a line at once.

@@ -15,6 +15,8 @@ struct CVLineRule {
     CVDayOrder order = CVDayOrder::DayMonthYear;
     /// Of days without one: that of the first line.
     std::optional<int> year = std::nullopt;
+    /// Whether a new year begins among the lines.
+    bool doesYearChange = false;
     CVAmountRule amounts = {};
 };
 

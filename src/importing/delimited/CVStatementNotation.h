@@ -30,6 +30,11 @@ struct CVSettledDayColumn {
 };
 [[nodiscard]] CVSettledDayColumn CVSettleDayColumn(const CVStatementTable& table, const CVStatementColumns& columns);
 
+struct CVPeriod {
+    QBDate first;
+    QBDate last;
+};
+
 /// The order of day, month and year, as all days together tell it.
 struct CVSettledDays {
     /// The likeliest first; one where it is settled.
@@ -42,11 +47,9 @@ struct CVSettledDays {
     bool hasYears = true;
     /// Of days without one, where the rows above the header name one.
     std::optional<int> year = std::nullopt;
+    /// That of the statement, where the rows above the header name it.
+    std::optional<CVPeriod> period = std::nullopt;
 
     [[nodiscard]] bool isSettled() const { return orders.size() == 1; }
 };
 [[nodiscard]] CVSettledDays CVSettleDays(const CVStatementTable& table, const CVStatementColumns& columns);
-
-/// The booking days of at most the first `most` likely rows, to compare them: a year that is not there is any.
-[[nodiscard]] CVDaysOfLines CVDaysOfLikelyRows(const CVStatementTable& table, const CVStatementColumns& columns,
-                                               CVDayOrder order, std::size_t most);

@@ -47,8 +47,11 @@ struct CVStatementMapping {
     std::optional<CVDayOrder> dayOrder = std::nullopt;
     /// '.' or ','
     std::optional<QChar> decimalMark = std::nullopt;
-    /// Of days without one.
+    /// Of days without one: that of the first line.
     std::optional<int> year = std::nullopt;
+    /// Another year in which some of these days are, or the same one where none is; for days that do not tell whether a
+    /// new year begins among them.
+    std::optional<int> otherYear = std::nullopt;
     /// Whether an amount without a minus sign is money out, as credit card companies write it.
     std::optional<bool> positiveIsOut = std::nullopt;
     /// A word of the marker's column that means money out, where it is none of the usual ones.

@@ -122,6 +122,40 @@ TEST(CVReadStatement, ProvesByTheBalanceWhatIsOpen) {
     expectAsked("2024-03-13,Shop,-12.50,87.50\n", About::AmountColumn, 0, "2024/03/13 -1250 Shop");
 }
 
+TEST(CVReadStatement, LetsANewYearBeginOnlyWhereTheDaysOrThePeriodSaySo) {
+    const DefaultLocale locale(QLocale("en_US"));
+    const CVStatementMapping in2026{.year = 2026};
+    const auto lines = [&](const char* bytes, const CVStatementMapping& known) {
+        const CVStatement statement = CVReadStatement(bytes, known);
+        return statement.questions.empty() ? linesText(statement) : statement.questions.front().text;
+    };
+    // A statement may have months without a line.
+    EXPECT_EQ(lines("Date,Payee,Amount\n13/01,A,-3.00\n15/08,B,-4.00\n02/11,C,-5.00\n", in2026),
+              "2026/01/13 -300 A\n2026/08/15 -400 B\n2026/11/02 -500 C");
+    EXPECT_EQ(lines("Date,Payee,Amount\n02/11,A,-3.00\n15/08,B,-4.00\n13/01,C,-5.00\n", in2026),
+              "2026/11/02 -300 A\n2026/08/15 -400 B\n2026/01/13 -500 C");
+    EXPECT_EQ(lines("Date,Payee,Amount\n13/01,A,-3.00\n02/01,B,-4.00\n30/12,C,-5.00\n", in2026),
+              "2026/01/13 -300 A\n2026/01/02 -400 B\n2025/12/30 -500 C");
+    EXPECT_EQ(lines("Date,Payee,Amount\n13/12,A,-3.00\n30/12,B,-4.00\n02/01,C,-5.00\n", in2026),
+              "2026/12/13 -300 A\n2026/12/30 -400 B\n2027/01/02 -500 C");
+    expectLines("Account 12,,\nPeriod,01/01/2026,31/12/2026\nDate,Payee,Amount\n13/01,A,-3.00\n15/08,B,-4.00\n"
+                "14/08,C,-5.00\n",
+                "2026/01/13 -300 A\n2026/08/15 -400 B\n2026/08/14 -500 C");
+    EXPECT_EQ(lines("Period,15/12/2025,14/01/2026\nDate,Payee,Amount\n30/12,A,-3.00\n02/01,B,-4.00\n", {.year = 2025}),
+              "2025/12/30 -300 A\n2026/01/02 -400 B");
+    // Both are possible, or none.
+    const char* const open = "Date,Payee,Amount\n30/12,A,-3.00\n02/01,B,-4.00\n";
+    EXPECT_EQ(lines(open, in2026), "In which year is “02/01” in line 3: 2027 or 2026?");
+    EXPECT_EQ(lines("Date,Payee,Amount\n13/01,A,-3.00\n15/08,B,-4.00\n01/01,C,-5.00\n", in2026),
+              "In which year is “15/08” in line 3: 2025 or 2026?");
+    const auto answers = CVReadStatement(open, in2026).questions.front().answers;
+    ASSERT_EQ(answers.size(), 2);
+    EXPECT_EQ(answers[0].option, "--year 2026-2027");
+    EXPECT_EQ(lines(open, answers[0].with), "2026/12/30 -300 A\n2027/01/02 -400 B");
+    EXPECT_EQ(answers[1].option, "--year 2026-2026");
+    EXPECT_EQ(lines(open, answers[1].with), "2026/12/30 -300 A\n2026/01/02 -400 B");
+}
+
 TEST(CVReadStatement, ProvesASignOnlyByLinesOfDifferentDays) {
     // The balance before each line, newest line first: with the signs turned round it is the one after each line.
     expectLines(
@@ -130,8 +164,9 @@ TEST(CVReadStatement, ProvesASignOnlyByLinesOfDifferentDays) {
         "2024/03/15 -500 A\n2024/03/14 1000 B\n2024/03/13 -2000 C\n2024/03/12 -300 D");
     expectLines("Date,Text,Balance,Amount\n2024-03-15,A,85.00,5.00\n2024-03-14,B,95.00,10.00\n",
                 "2024/03/15 -500 A\n2024/03/14 -1000 B");
-    expectLines("Year;01.01.2024\nDate;Text;Balance;Amount\n02.01.;A;85.00;5.00\n31.12.;B;95.00;10.00\n",
-                "2024/01/02 -500 A\n2023/12/31 -1000 B");
+    expectLines("Year;01.01.2024\nDate;Text;Balance;Amount\n04.01.;A;80.00;5.00\n02.01.;A;85.00;5.00\n"
+                "31.12.;B;95.00;10.00\n",
+                "2024/01/04 -500 A\n2024/01/02 -500 A\n2023/12/31 -1000 B");
     // On one day both are possible.
     expectAsked("Date,Text,Balance,Amount\n2024-03-14,A,85.00,5.00\n2024-03-14,B,95.00,10.00\n", About::Sign, 0,
                 "2024/03/14 -500 A\n2024/03/14 -1000 B");
@@ -198,8 +233,8 @@ TEST(CVReadStatement, SettlesTheDecimalMarkByAllAmountsTogether) {
 
 TEST(CVReadStatement, AsksForTheYearOfDaysWithoutOne) {
     const FixedToday today(QBDate::dateWithYear(2024, 6, 1));
-    expectAsked("Date;Payee;Amount\n28.12.;A;-1,00\n02.01.;B;-1,00\n", About::Year, 1,
-                "2023/12/28 -100 A\n2024/01/02 -100 B");
+    expectAsked("Date;Payee;Amount\n27.12.;A;-1,00\n28.12.;A;-1,00\n02.01.;B;-1,00\n", About::Year, 1,
+                "2023/12/27 -100 A\n2023/12/28 -100 A\n2024/01/02 -100 B");
     expectLines("Year;01.01.2022\nDate;Payee;Amount\n28.03.;A;-1,00\n", "2022/03/28 -100 A");
 }
 
