@@ -5,7 +5,6 @@
 
 #include <QString>
 
-#include <memory>
 #include <optional>
 #include <vector>
 
@@ -34,10 +33,12 @@ struct CVImportLine {
     Note note = Note::None;
     /// One line without a full stop; empty when there is nothing to say.
     QString noteText = {};
-    /// The transaction with which it was recorded, or perhaps; null where there is none.
-    std::shared_ptr<CVTransaction> recorded = {};
+    /// The transaction as which it was recorded, or perhaps, or several that are its parts; empty where there is none.
+    CVTransactions recorded = {};
     /// The payee in the words of the statement.
     QString payeeInStatement = {};
+    /// The day in the statement, with which the bank's number is one of its own. Absent where the line cannot be read.
+    std::optional<QBDate> dayInStatement = {};
 };
 
 using CVImportLines = std::vector<CVImportLine>;

@@ -127,8 +127,8 @@ void CVImportNotes::noteLines(const QString& account, const CVImportTargets& tar
     noteLeftOut(targets, lines);
     for (const CVImportLine& line : lines) {
         notePayee(line);
-        if ((line.checked || saysRecorded(line)) && line.day && !line.bankID.isEmpty())
-            mContents.numbers[account].insert(digestOfNumber(line.bankID, *line.day));
+        if ((line.checked || saysRecorded(line)) && line.dayInStatement && !line.bankID.isEmpty())
+            mContents.numbers[account].insert(digestOfNumber(line.bankID, *line.dayInStatement));
     }
 }
 
@@ -164,7 +164,7 @@ void CVImportNotes::forgetNumbers(const QString& account, std::span<const CVImpo
     if (numbers == mContents.numbers.end())
         return;
     for (const CVImportLine& line : lines) {
-        if (line.checked && line.day && !line.bankID.isEmpty())
-            numbers->remove(digestOfNumber(line.bankID, *line.day));
+        if (line.checked && line.dayInStatement && !line.bankID.isEmpty())
+            numbers->remove(digestOfNumber(line.bankID, *line.dayInStatement));
     }
 }

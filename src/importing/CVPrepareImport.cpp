@@ -70,6 +70,7 @@ CVImportLines CVPrepareImport::lines(const std::vector<CVStatementLine>& stateme
 
 CVImportLine CVPrepareImport::readable(const CVStatementLine& line, const CVImportTargets& targets) const {
     CVImportLine prepared{.number = line.number, .day = line.day};
+    prepared.dayInStatement = line.day;
     prepared.isIncome = *line.hundredths > 0;
     prepared.hundredths = prepared.isIncome && targets.income != Income::SameSet ? *line.hundredths : -*line.hundredths;
     // Where a bank has one text for both, it says who it is.
@@ -119,43 +120,68 @@ void CVPrepareImport::noteWhatIsMissing(CVImportLine& line, const CVImportTarget
     }
 }
 
+void CVPrepareImport::findRecorded(CVImportLines& lines, const CVImportTargets& targets) const {
+    for (CVImportLine& line : lines) {
+        if (line.note == Note::Unreadable)
+            continue;
+        line.checked = true;
+        line.note = Note::None;
+        line.noteText.clear();
+        line.recorded.clear();
+        noteWhatIsMissing(line, targets);
+    }
+    noteRecorded(lines, targets);
+}
+
 void CVPrepareImport::noteRecorded(CVImportLines& lines, const CVImportTargets& targets) const {
     const auto isKnown = knownNumbers(lines, targets);
     std::vector<CVSoughtLine> sought(lines.size());
     for (std::size_t at = 0; at < lines.size(); ++at) {
         const CVImportLine& line = lines[at];
-        const auto set = setOf(line, targets);
-        if (line.note != Note::Unreadable && line.hundredths != 0 && set)
-            sought[at] = {line.day, line.hundredths, line.payee, line.payeeInStatement, *set, isKnown[at]};
+        const auto set = setOf(line.isIncome, targets);
+        if (line.note == Note::Unreadable || line.hundredths == 0 || !set)
+            continue;
+        sought[at] = {line.day, line.hundredths, line.payee, line.payeeInStatement, *set};
+        sought[at].isCertain = isKnown[at];
+        if (targets.income == Income::OwnSet)
+            sought[at].setOfOtherSide = setOf(!line.isIncome, targets);
     }
     const auto found = CVFindRecorded(sought, *mRecorded);
     for (std::size_t at = 0; at < lines.size(); ++at) {
         CVImportLine& line = lines[at];
         const bool isRecorded = isKnown[at] || found[at].hasSamePayee;
-        if (!isRecorded && (!found[at].recorded || line.note == Note::LeftOutBefore))
+        if (!isRecorded && (found[at].recorded.empty() || line.note == Note::LeftOutBefore))
             continue;
         line.note = isRecorded ? Note::RecordedAlready : Note::PerhapsRecorded;
         line.checked = line.checked && !isRecorded;
-        if (!found[at].recorded) {
-            line.noteText = PreparedText::tr("imported before");
-            continue;
-        }
-        const CVRecordedLine& recorded = mRecorded->lines()[*found[at].recorded];
-        line.recorded = recorded.transaction;
-        const QString day = shortDay(*recorded.day, line.day);
-        line.noteText = isRecorded ? PreparedText::tr("recorded on %1 already").arg(day)
-                                   : PreparedText::tr("perhaps recorded on %1").arg(day);
+        noteFound(line, found[at].recorded);
     }
+}
+
+void CVPrepareImport::noteFound(CVImportLine& line, const std::vector<std::size_t>& recorded) const {
+    for (const std::size_t each : recorded)
+        line.recorded.push_back(mRecorded->lines()[each].transaction);
+    if (recorded.empty()) {
+        line.noteText = PreparedText::tr("imported before");
+        return;
+    }
+    const QString day = shortDay(*mRecorded->lines()[recorded.front()].day, line.day);
+    if (recorded.size() > 1)
+        line.noteText = PreparedText::tr("recorded in parts on %1 already").arg(day);
+    else if (line.note == Note::RecordedAlready)
+        line.noteText = PreparedText::tr("recorded on %1 already").arg(day);
+    else
+        line.noteText = PreparedText::tr("perhaps recorded on %1").arg(day);
 }
 
 /// A number that several lines of a day have is that of something else.
 std::vector<bool> CVPrepareImport::knownNumbers(const CVImportLines& lines, const CVImportTargets& targets) const {
     QHash<std::pair<QString, QByteArray>, int> counts;
     const auto placeOf = [](const CVImportLine& line) {
-        return std::pair(line.bankID, line.day->corvellaXMLRepresentation());
+        return std::pair(line.bankID, line.dayInStatement->corvellaXMLRepresentation());
     };
     const auto hasNumber = [](const CVImportLine& line) {
-        return line.note != Note::Unreadable && line.day && !line.bankID.isEmpty();
+        return line.note != Note::Unreadable && line.dayInStatement && !line.bankID.isEmpty();
     };
     for (const CVImportLine& line : lines) {
         if (hasNumber(line))
@@ -166,15 +192,15 @@ std::vector<bool> CVPrepareImport::knownNumbers(const CVImportLines& lines, cons
     isKnown.reserve(lines.size());
     for (const CVImportLine& line : lines)
         isKnown.push_back(hasNumber(line) && counts.value(placeOf(line)) == 1 &&
-                          mNotes.knowsNumber(account, line.bankID, *line.day));
+                          mNotes.knowsNumber(account, line.bankID, *line.dayInStatement));
     return isKnown;
 }
 
-/// The ID of the set in which it may be recorded already; absent for a set that is only to be made.
-std::optional<quint32> CVPrepareImport::setOf(const CVImportLine& line, const CVImportTargets& targets) const {
-    if (line.isIncome && targets.income == Income::LeftOut)
+/// The ID of the set in which lines of that side may be recorded already; absent for a set that is only to be made.
+std::optional<quint32> CVPrepareImport::setOf(bool isIncome, const CVImportTargets& targets) const {
+    if (isIncome && targets.income == Income::LeftOut)
         return std::nullopt;
-    const bool isOwn = line.isIncome && targets.income == Income::OwnSet;
+    const bool isOwn = isIncome && targets.income == Income::OwnSet;
     const QString& name = isOwn ? targets.newIncomeSet : targets.newSet;
     if (!name.isEmpty())
         return mRecorded->setNamed(name);

@@ -23,6 +23,10 @@ public:
     [[nodiscard]] CVImportLines lines(const std::vector<CVStatementLine>& statement, const CVImportTargets& targets,
                                       const CVStopRequested& stop = {}) const;
 
+    /// Looks again for what is recorded already, where lines have another day, amount or side than they were prepared
+    /// with. Changes nothing of them but the notes, and whether they are checked.
+    void findRecorded(CVImportLines& lines, const CVImportTargets& targets) const;
+
     [[nodiscard]] const CVCategoryMemory& memory() const { return *mMemory; }
     [[nodiscard]] const CVImportNotes& notes() const { return mNotes; }
 
@@ -32,7 +36,8 @@ private:
     void noteWhatIsMissing(CVImportLine& line, const CVImportTargets& targets) const;
     void noteRecorded(CVImportLines& lines, const CVImportTargets& targets) const;
     [[nodiscard]] std::vector<bool> knownNumbers(const CVImportLines& lines, const CVImportTargets& targets) const;
-    [[nodiscard]] std::optional<quint32> setOf(const CVImportLine& line, const CVImportTargets& targets) const;
+    void noteFound(CVImportLine& line, const std::vector<std::size_t>& recorded) const;
+    [[nodiscard]] std::optional<quint32> setOf(bool isIncome, const CVImportTargets& targets) const;
     [[nodiscard]] QString accountOf(const CVImportTargets& targets) const;
 
     std::shared_ptr<const CVRecordedLines> mRecorded;

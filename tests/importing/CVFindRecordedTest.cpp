@@ -23,12 +23,14 @@ struct SoughtEntry {
     qint64 hundredths;
     const char* payee;
     bool isCertain = false;
+    std::optional<quint32> setOfOtherSide = {};
 };
 
-/// What is expected for a line: the place of the transaction among those of the row, or -1.
+/// What is expected for a line: the place of the transaction, or of its first part, among those of the row, or -1.
 struct ExpectedLine {
     int recorded;
     bool hasSamePayee = false;
+    std::size_t parts = 1;
 };
 
 struct FindRow {
@@ -53,13 +55,14 @@ TEST_P(CVFindRecordedTest, Finds) {
     const CVRecordedLines recorded(budget.document());
     std::vector<CVSoughtLine> lines;
     for (const SoughtEntry& entry : GetParam().lines)
-        lines.push_back(
-            {day(2026, 3, entry.dayOfMonth), entry.hundredths, entry.payee, entry.payee, 1, entry.isCertain});
+        lines.push_back({day(2026, 3, entry.dayOfMonth), entry.hundredths, entry.payee, entry.payee, 1,
+                         entry.setOfOtherSide, entry.isCertain});
     const auto found = CVFindRecorded(lines, recorded);
     ASSERT_EQ(found.size(), GetParam().found.size());
     for (std::size_t at = 0; at < found.size(); ++at) {
-        const auto& [place, hasSamePayee] = GetParam().found[at];
-        EXPECT_EQ(found[at].recorded ? static_cast<int>(*found[at].recorded) : -1, place) << at;
+        const auto& [place, hasSamePayee, parts] = GetParam().found[at];
+        EXPECT_EQ(found[at].recorded.empty() ? -1 : static_cast<int>(found[at].recorded.front()), place) << at;
+        EXPECT_EQ(found[at].recorded.size(), place < 0 ? 0 : parts) << at;
         EXPECT_EQ(found[at].hasSamePayee, hasSamePayee) << at;
     }
 }
@@ -133,14 +136,62 @@ INSTANTIATE_TEST_SUITE_P(
                 {{10, 500, "Bus"}, {10, 500, "Bus"}, {10, 500, "Bus"}, {10, 500, "Bus"}},
                 {{0, true}, {1, true}, {2, true}, {-1}}},
         FindRow{"an amount that has no exact double", {{10, 0.29, "Bus"}}, {{10, 29, "Bus"}}, {{0, true}}},
-        FindRow{"a refund", {{10, -4.35, "Bus"}}, {{10, -435, "Bus"}}, {{0, true}}}));
+        FindRow{"a refund", {{10, -4.35, "Bus"}}, {{10, -435, "Bus"}}, {{0, true}}},
+        FindRow{"a refund on the other side",
+                {{10, -4.35, "Bus", 2}},
+                {{10, 435, "Bus", false, 2}, {10, 435, "Bus", false, 2}},
+                {{0, true}, {-1}}},
+        FindRow{
+            "none on the other side with the same sign", {{10, 4.35, "Bus", 2}}, {{10, 435, "Bus", false, 2}}, {{-1}}},
+        FindRow{"that of its own side before one of the other",
+                {{10, -4.35, "Bus", 2}, {10, 4.35, "Bus"}},
+                {{10, 435, "Bus", false, 2}},
+                {{1, true}}},
+        FindRow{"the parts of one day and payee",
+                {{9, 60, "Market"}, {9, 40, "Market"}},
+                {{10, 10000, "MARKET 12"}},
+                {{0, true, 2}}},
+        FindRow{"parts of a payee that is like",
+                {{9, 60, "Green Valley Foods"}, {9, 40, "Green Valley Foods"}},
+                {{10, 10000, "GREEN VALLEY FOODS SPRINGFIELD"}},
+                {{0, true, 2}}},
+        FindRow{"parts of which one is negative",
+                {{10, 110, "Market"}, {10, -10, "Market"}},
+                {{10, 10000, "Market"}},
+                {{0, true, 2}}},
+        FindRow{"parts on the other side",
+                {{10, -60, "Market", 2}, {10, -40, "Market", 2}},
+                {{10, 10000, "Market", false, 2}},
+                {{0, true, 2}}},
+        FindRow{"those parts that add up",
+                {{10, 7, "Market"}, {10, 60, "Market"}, {10, 40, "Market"}},
+                {{10, 10000, "Market"}},
+                {{1, true, 2}}},
+        FindRow{"no parts of several days", {{9, 60, "Market"}, {10, 40, "Market"}}, {{10, 10000, "Market"}}, {{-1}}},
+        FindRow{"no parts of several payees", {{10, 60, "Market"}, {10, 40, "Salon"}}, {{10, 10000, "Market"}}, {{-1}}},
+        FindRow{"no parts of another payee", {{10, 60, "Salon"}, {10, 40, "Salon"}}, {{10, 10000, "Market"}}, {{-1}}},
+        FindRow{
+            "no parts of another set", {{10, 60, "Market", 2}, {10, 40, "Market", 2}}, {{10, 10000, "Market"}}, {{-1}}},
+        FindRow{"no parts five days before", {{5, 60, "Market"}, {5, 40, "Market"}}, {{10, 10000, "Market"}}, {{-1}}},
+        FindRow{"no parts that other lines have",
+                {{10, 60, "Market"}, {10, 40, "Market"}},
+                {{10, 10000, "Market"}, {10, 6000, "Market"}},
+                {{-1}, {0, true}}},
+        FindRow{"parts once",
+                {{10, 60, "Market"}, {10, 40, "Market"}},
+                {{10, 10000, "Market"}, {10, 10000, "Market"}, {10, 6000, "Salon"}},
+                {{0, true, 2}, {-1}, {-1}}},
+        FindRow{"parts before a transaction of another payee",
+                {{10, 100, "Salon"}, {10, 60, "Market"}, {10, 40, "Market"}},
+                {{10, 10000, "Market"}},
+                {{1, true, 2}}}));
 
 TEST(CVFindRecorded, PassesOverWhatHasNoDay) {
     BudgetBuilder budget;
     budget.transaction({.amount = 5, .payTo = "Bus", .setID = 1});
     const CVRecordedLines recorded(budget.document());
-    EXPECT_FALSE(CVFindRecorded({{day(2026, 3, 1), 500, "Bus", "Bus", 1}}, recorded).front().recorded);
-    EXPECT_FALSE(CVFindRecorded({{std::nullopt, 500, "Bus", "Bus", 1}}, recorded).front().recorded);
+    EXPECT_TRUE(CVFindRecorded({{day(2026, 3, 1), 500, "Bus", "Bus", 1}}, recorded).front().recorded.empty());
+    EXPECT_TRUE(CVFindRecorded({{std::nullopt, 500, "Bus", "Bus", 1}}, recorded).front().recorded.empty());
 }
 
 TEST(CVFindRecorded, KnowsAPayeeUnderBothNames) {
@@ -160,7 +211,7 @@ TEST(CVFindRecorded, PrefersTheNameInTheStatementToOneThatIsLike) {
     budget.transaction({.date = day(2026, 3, 9), .amount = 5, .payTo = "AMB MKTPLC 77", .setID = 1});
     const CVRecordedLines recorded(budget.document());
     EXPECT_EQ(CVFindRecorded({{day(2026, 3, 10), 500, "Amber Books", "AMB MKTPLC 12", 1}}, recorded).front().recorded,
-              1U);
+              std::vector<std::size_t>{1});
 }
 
 qint64 daysBetween(const QBDate& a, const QBDate& b) {
@@ -169,9 +220,12 @@ qint64 daysBetween(const QBDate& a, const QBDate& b) {
     return days < 0 ? -days : days;
 }
 
+bool isNear(const CVSoughtLine& line, const CVRecordedLine& recorded) {
+    return recorded.day && line.set == recorded.set && daysBetween(*line.day, *recorded.day) <= 4;
+}
+
 bool canBe(const CVSoughtLine& line, const CVRecordedLine& recorded) {
-    return recorded.day && line.set == recorded.set && recorded.hundredths == line.hundredths &&
-           daysBetween(*line.day, *recorded.day) <= 4;
+    return isNear(line, recorded) && recorded.hundredths == line.hundredths;
 }
 
 /// Whatever a budget and a statement hold: no transaction counts twice, each found one can be it, and none is left for
@@ -185,20 +239,31 @@ TEST(CVFindRecorded, MatchesRandomLinesWithOneTransactionEach) {
         const CVRecordedLines recorded(random.document());
         std::vector<CVSoughtLine> lines;
         for (quint32 left = random.below(30); left > 0; --left)
-            lines.push_back({random.date().value_or(day(2014, 2, 26)), 100 * random.below(4), random.text(),
-                             random.text(), random.recordID(), random.oneIn(10)});
+            lines.push_back({random.date().value_or(day(2014, 2, 26)),
+                             100 * random.below(4),
+                             random.text(),
+                             random.text(),
+                             random.recordID(),
+                             {},
+                             random.oneIn(10)});
         const auto found = CVFindRecorded(lines, recorded);
         std::set<std::size_t> taken;
         for (std::size_t at = 0; at < lines.size(); ++at) {
-            if (!found[at].recorded)
+            if (found[at].recorded.empty())
                 continue;
             ++matches;
-            EXPECT_TRUE(taken.insert(*found[at].recorded).second) << seed;
-            EXPECT_TRUE(canBe(lines[at], recorded.lines()[*found[at].recorded])) << seed;
+            qint64 sum = 0;
+            for (const std::size_t place : found[at].recorded) {
+                EXPECT_TRUE(taken.insert(place).second) << seed;
+                EXPECT_TRUE(isNear(lines[at], recorded.lines()[place])) << seed;
+                sum += *recorded.lines()[place].hundredths;
+            }
+            EXPECT_EQ(sum, lines[at].hundredths) << seed;
         }
         for (std::size_t at = 0; at < lines.size(); ++at) {
-            for (std::size_t place = 0; !lines[at].isCertain && !found[at].recorded && place < recorded.lines().size();
-                 ++place)
+            if (lines[at].isCertain || !found[at].recorded.empty())
+                continue;
+            for (std::size_t place = 0; place < recorded.lines().size(); ++place)
                 EXPECT_TRUE(taken.contains(place) || !canBe(lines[at], recorded.lines()[place])) << seed;
         }
     }

@@ -162,7 +162,7 @@ TEST_F(CVImportNotesTest, KnowAPayeeAsItWasCorrected) {
 TEST_F(CVImportNotesTest, LearnNoPayeeFromALineThatIsNotRecorded) {
     mBudget.transaction({.date = day(2026, 3, 1), .amount = 5, .payTo = "Amber Books", .set = "Checking"});
     CVImportLine line = importLine(day(2026, 3, 1), 500, "AMB MKTPLC 12", "Books");
-    line.recorded = mBudget.transactionAt(0);
+    line.recorded = {mBudget.transactionAt(0)};
     for (const Note said : {Note::RecordedAlready, Note::PerhapsRecorded}) {
         note(line, false, said);
         EXPECT_EQ(mNotes.payeeFor("AMB MKTPLC 99"), QString());
@@ -184,6 +184,16 @@ TEST_F(CVImportNotesTest, KnowTheBanksNumbersOfAnAccountByTheirDay) {
     EXPECT_FALSE(again.knowsNumber("Checking", "N-1", day(2026, 3, 2)));
     EXPECT_FALSE(again.knowsNumber("Cash", "N-1", day(2026, 3, 1)));
     EXPECT_FALSE(again.knowsNumber("Checking", "", day(2026, 3, 1)));
+}
+
+TEST_F(CVImportNotesTest, KnowTheNumberOfALineWhoseDayWasEdited) {
+    CVImportLine line = importLine(day(2026, 3, 1), 500, "Bus", "Transport");
+    line.bankID = "N-1";
+    line.day = day(2026, 2, 20);
+    note(line);
+    EXPECT_TRUE(mNotes.knowsNumber("Checking", "N-1", day(2026, 3, 1)));
+    mNotes.forgetNumbers("Checking", std::span(&line, 1));
+    EXPECT_FALSE(mNotes.knowsNumber("Checking", "N-1", day(2026, 3, 1)));
 }
 
 TEST_F(CVImportNotesTest, HoldNoNumberInItsOwnWords) {

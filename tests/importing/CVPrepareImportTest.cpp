@@ -152,7 +152,7 @@ TEST_F(CVPrepareImportTest, ChecksNothingThatIsRecordedAlready) {
     EXPECT_EQ(line.note, Note::RecordedAlready);
     EXPECT_EQ(line.noteText, "recorded on 3/3 already");
     EXPECT_FALSE(line.checked);
-    EXPECT_EQ(line.recorded, mBudget.transactionAt(0));
+    EXPECT_EQ(line.recorded, CVTransactions{mBudget.transactionAt(0)});
 }
 
 TEST_F(CVPrepareImportTest, SaysTheYearOfWhatWasRecordedInAnother) {
@@ -167,7 +167,7 @@ TEST_F(CVPrepareImportTest, LeavesWhatIsPerhapsRecordedChecked) {
     EXPECT_EQ(line.note, Note::PerhapsRecorded);
     EXPECT_EQ(line.noteText, "perhaps recorded on 3/3");
     EXPECT_TRUE(line.checked);
-    EXPECT_EQ(line.recorded, mBudget.transactionAt(0));
+    EXPECT_EQ(line.recorded, CVTransactions{mBudget.transactionAt(0)});
 }
 
 TEST_F(CVPrepareImportTest, LooksForMoneyInWhereItGoes) {
@@ -178,6 +178,46 @@ TEST_F(CVPrepareImportTest, LooksForMoneyInWhereItGoes) {
     EXPECT_EQ(prepareOne(statement).note, Note::None);
     record(3, -4240, "Ashgrove", "Salary", "Checking");
     EXPECT_EQ(prepareOne(statement).note, Note::RecordedAlready);
+}
+
+TEST_F(CVPrepareImportTest, FindsARefundThatWasMovedToTheMoneyOut) {
+    record(3, -12.5, "Shoes");
+    const auto refund = prepareOne(statementLine(2, day(2026, 3, 4), 1250, "Shoes"));
+    EXPECT_EQ(refund.noteText, "recorded on 3/3 already");
+    EXPECT_FALSE(refund.checked);
+    EXPECT_EQ(refund.hundredths, 1250);
+    record(3, -30, "Ashgrove", "Salary", "Income");
+    EXPECT_EQ(prepareOne(statementLine(2, day(2026, 3, 4), -3000, "Ashgrove")).note, Note::RecordedAlready);
+}
+
+TEST_F(CVPrepareImportTest, FindsALineThatWasSplit) {
+    record(3, 60, "Market");
+    record(3, 40, "Market", "Salary");
+    const auto line = prepareOne(statementLine(2, day(2026, 3, 4), -10000, "MARKET 12"));
+    EXPECT_EQ(line.note, Note::RecordedAlready);
+    EXPECT_EQ(line.noteText, "recorded in parts on 3/3 already");
+    EXPECT_FALSE(line.checked);
+    EXPECT_EQ(line.recorded.size(), 2U);
+}
+
+TEST_F(CVPrepareImportTest, FindsAgainWhatIsRecordedAfterALineWasEdited) {
+    record(3, 7, "Market");
+    record(9, -8, "Market");
+    auto lines =
+        prepare({statementLine(2, day(2026, 3, 3), -700, "Market"), statementLine(3, day(2026, 3, 9), -850, "Market"),
+                 statementLine(4, day(2026, 3, 25), -700, "Market")});
+    lines[0].hundredths = 750;
+    lines[1].hundredths = -800;
+    lines[2].day = day(2026, 3, 3);
+    lines[2].category = "Salary";
+    CVPrepareImport(mBudget.document(), mNotes).findRecorded(lines, mTargets);
+    EXPECT_EQ(lines[0].note, Note::None);
+    EXPECT_TRUE(lines[0].checked);
+    EXPECT_TRUE(lines[0].recorded.empty());
+    EXPECT_EQ(lines[1].noteText, "recorded on 3/9 already");
+    EXPECT_FALSE(lines[1].checked);
+    EXPECT_EQ(lines[2].noteText, "recorded on 3/3 already");
+    EXPECT_EQ(lines[2].category, "Salary");
 }
 
 TEST_F(CVPrepareImportTest, FindsNothingInASetThatIsOnlyToBeMade) {
@@ -247,15 +287,22 @@ TEST_F(CVPrepareImportNumbersTest, NameTheTransactionThatIsThere) {
     const auto line = prepareOne(numbered(1, -700, "Corner Market"));
     EXPECT_EQ(line.note, Note::RecordedAlready);
     EXPECT_EQ(line.noteText, "recorded on 3/2 already");
-    EXPECT_EQ(line.recorded, mBudget.transactionAt(0));
+    EXPECT_EQ(line.recorded, CVTransactions{mBudget.transactionAt(0)});
+}
+
+TEST_F(CVPrepareImportNumbersTest, KnowALineWhoseDayWasEdited) {
+    auto lines = prepare({numbered(1, -700, "Other name")});
+    lines[0].day = day(2026, 2, 1);
+    CVPrepareImport(mBudget.document(), mNotes).findRecorded(lines, mTargets);
+    EXPECT_EQ(lines[0].noteText, "imported before");
 }
 
 TEST_F(CVPrepareImportNumbersTest, TakeNoTransactionOfAnotherPayee) {
     record(1, 7, "Landlord");
     const auto lines = prepare({numbered(1, -700, "Vet"), statementLine(3, day(2026, 3, 1), -700, "Landlord")});
     EXPECT_EQ(lines[0].noteText, "imported before");
-    EXPECT_EQ(lines[0].recorded, nullptr);
-    EXPECT_EQ(lines[1].recorded, mBudget.transactionAt(0));
+    EXPECT_TRUE(lines[0].recorded.empty());
+    EXPECT_EQ(lines[1].recorded, CVTransactions{mBudget.transactionAt(0)});
 }
 
 TEST_F(CVPrepareImportNumbersTest, OfAContractSayNothingAboutAnotherDay) {

@@ -21,6 +21,7 @@
     CVImportLine line;
     line.number = 2;
     line.day = day;
+    line.dayInStatement = day;
     line.hundredths = hundredths;
     line.payee = payee;
     line.payeeInStatement = payee;

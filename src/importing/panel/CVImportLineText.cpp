@@ -105,8 +105,12 @@ QString CVImportLineText::spoken(std::size_t line, int column) const {
 
 QString CVImportLineText::toolTip(std::size_t line, int column) const {
     const CVImportLine& shown = mLines->at(line);
-    if (column == CVImportColumns::Note && shown.recorded)
-        return note(line) + u'\n' + tr("Recorded: %1").arg(recordedText(*shown.recorded));
+    if (column == CVImportColumns::Note && !shown.recorded.empty()) {
+        QStringList rows{note(line)};
+        for (const auto& transaction : shown.recorded)
+            rows.append(tr("Recorded: %1").arg(recordedText(*transaction)));
+        return rows.join(u'\n');
+    }
     const bool isProposed = column == CVImportColumns::Category && !shown.category.isEmpty() && !shown.from.empty() &&
                             !mLines->isChanged(line, CVImportRows::Change::Category);
     if (!isProposed)
