@@ -34,6 +34,13 @@ QString importedNumber(std::size_t count) {
     return QBLocaleInForce().toString(static_cast<qulonglong>(count));
 }
 
+/// The first account that was not imported yet; absent when all were.
+std::optional<QString> otherAccount(const QStringList& accounts, const QStringList& imported) {
+    const auto* const other = std::find_if(accounts.begin(), accounts.end(),
+                                           [&imported](const QString& account) { return !imported.contains(account); });
+    return accounts.size() < 2 || other == accounts.end() ? std::nullopt : std::optional(*other);
+}
+
 } // namespace
 
 CVImportOperations::CVImportOperations(CVAppDelegate& app, CVAlerts& alerts, CVFilePanels& panels)
@@ -105,29 +112,42 @@ void CVImportOperations::importClipboard() {
         show({{}, rows.toUtf8()});
 }
 
+/// Each account of a file is a statement of its own, with a set of its own: after one the next is shown, until the user
+/// cancels.
 void CVImportOperations::show(const CVImportWindow::Source& source) {
-    QWidget& main = *mApp.mainWindow()->window();
-    CVCommitOpenEditor(main.focusWidget());
-    CVImportWindow window(mApp.document(), mPanels, mAlerts, mHelp, &main);
-    window.setIsStatement([this](const QString& path) {
-        const auto recognized = recognize(path);
-        return recognized && recognized->kind == CVBudgetFileKind::None && !recognized->isOwn;
-    });
-    window.read(source);
-    if (window.exec() == QDialog::Accepted)
-        carryOut(window.order());
-    else if (window.otherFile())
-        importFile(*window.otherFile());
+    QStringList imported;
+    for (auto next = std::optional(source); next;) {
+        QWidget& main = *mApp.mainWindow()->window();
+        CVCommitOpenEditor(main.focusWidget());
+        CVImportWindow window(mApp.document(), mPanels, mAlerts, mHelp, &main);
+        window.setIsStatement([this](const QString& path) {
+            const auto recognized = recognize(path);
+            return recognized && recognized->kind == CVBudgetFileKind::None && !recognized->isOwn;
+        });
+        window.read(*next);
+        next.reset();
+        if (window.exec() == QDialog::Accepted) {
+            const CVImportWindow::Order order = window.order();
+            if (!carryOut(order))
+                return;
+            imported.append(order.statement->mapping.account.value_or(QString()));
+            if (const auto account = otherAccount(order.statement->accounts, imported))
+                next = CVImportWindow::Source{window.source().path, window.source().copied, account, mNotes};
+        } else if (window.otherFile()) {
+            importFile(*window.otherFile());
+        }
+    }
 }
 
-void CVImportOperations::carryOut(const CVImportWindow::Order& order) {
+bool CVImportOperations::carryOut(const CVImportWindow::Order& order) {
     CVImported imported = CVImportIntoBudget(mApp.document(), order.lines, order.targets);
     if (!imported.problem.isEmpty()) {
         mAlerts.run(mApp.mainWindow()->window(), {tr("Nothing was imported"), imported.problem, tr("OK")});
-        return;
+        return false;
     }
     learn(order, imported);
     add(std::move(imported));
+    return true;
 }
 
 void CVImportOperations::add(CVImported imported) {

@@ -54,7 +54,8 @@ private:
     [[nodiscard]] std::optional<Recognized> recognize(const QString& path);
     void show(const CVImportWindow::Source& source);
     void add(CVImported imported);
-    void carryOut(const CVImportWindow::Order& order);
+    /// Whether the transactions are imported.
+    bool carryOut(const CVImportWindow::Order& order);
     /// Absent when the user keeps the import.
     [[nodiscard]] std::optional<CVEditedTransactions> askAboutEdited(int count);
     void learn(const CVImportWindow::Order& order, const CVImported& imported);

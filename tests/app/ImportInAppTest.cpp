@@ -46,13 +46,19 @@ protected:
         mTimer.start(5);
     }
     /// Gives all lines a category and imports them.
-    void agree() {
-        inWindow([](QDialog& window) {
-            auto& table = *window.findChild<CVTableView*>("mImportTable");
-            for (int row = 0; row < table.model()->rowCount(); ++row)
-                table.model()->setData(table.model()->index(row, CVImportColumns::Category), "Imported");
-            QTest::mouseClick(&import(window), Qt::LeftButton);
-        });
+    void agree() { inWindow(importAll); }
+    static void importAll(QDialog& window) {
+        auto& table = *window.findChild<CVTableView*>("mImportTable");
+        for (int row = 0; row < table.model()->rowCount(); ++row)
+            table.model()->setData(table.model()->index(row, CVImportColumns::Category), "Imported");
+        QTest::mouseClick(&import(window), Qt::LeftButton);
+    }
+    [[nodiscard]] static QString payeesIn(const QDialog& window) {
+        const auto& model = *window.findChild<CVTableView*>("mImportTable")->model();
+        QStringList payees;
+        for (int row = 0; row < model.rowCount(); ++row)
+            payees.append(model.index(row, CVImportColumns::ToFrom).data().toString());
+        return payees.join(u',');
     }
     [[nodiscard]] static QPushButton& import(const QDialog& window) {
         return *window.findChild<QPushButton*>("mImportButton");
@@ -198,6 +204,31 @@ TEST_F(ImportInApp, WhatWasImportedIsKnownTheNextTime) {
     ASSERT_EQ(notes.size(), 3);
     for (const QString& note : std::as_const(notes))
         EXPECT_TRUE(note.contains("already")) << note.toStdString();
+}
+
+TEST_F(ImportInApp, TheAccountsOfAFileComeInOneAfterTheOther) {
+    startWithBudget();
+    mPanels.answer(write("!Account\nNCash\n^\n!Type:Cash\nD03/24/2014\nPKiosk\nT-4.00\n^\n"
+                         "!Account\nNBank\n^\n!Type:Bank\nD03/25/2014\nPRent\nT-400.00\n^\n"));
+    QStringList windows;
+    inWindow([this, &windows](QDialog& first) {
+        for (QPushButton* const answer : first.findChildren<QPushButton*>()) {
+            if (answer->text().startsWith("Bank"))
+                answer->click();
+        }
+        inWindow([this, &windows](QDialog& chosen) {
+            windows.append(payeesIn(chosen));
+            importAll(chosen);
+            inWindow([&windows](QDialog& next) {
+                windows.append(payeesIn(next));
+                importAll(next);
+            });
+        });
+    });
+    choose("Import…");
+    EXPECT_EQ(windows, (QStringList{"Rent", "Kiosk"}));
+    EXPECT_EQ(payees(), (QStringList{"Kiosk", "Market", "Rent"}));
+    EXPECT_FALSE(QApplication::activeModalWidget());
 }
 
 TEST_F(ImportInApp, ADroppedFileIsShownUnlessAWindowWaits) {

@@ -84,6 +84,7 @@ CVStatement CVReadCAMT(const QByteArray& bytes, const CVStatementMapping& known,
     statement.mapping = known;
     statement.lasting = known;
     statement.mapping.encoding = text.encoding;
+    statement.accounts = CVNamesOfAccounts(accounts);
     if (accounts.size() > 1 && !known.account)
         statement.questions.push_back(CVAskForAccount(accounts, known));
     CVCAMTAccount& account = parsed.file.accounts[chosen];

@@ -82,20 +82,17 @@ private:
         if (mAccounts.empty())
             return ReadOFXText::tr(
                 "This file holds no statement of an account. Please have your bank export it again.");
-        std::vector<CVAccountOfFile> filled;
-        for (std::size_t at = 0; at < mAccounts.size(); ++at) {
-            if (mKnown.account == mAccounts[at].name) {
-                mChosen = at;
-                return whyEmpty();
-            }
-            if (mAccounts[at].lines == 0)
-                continue;
-            mChosen = filled.empty() ? at : mChosen;
-            filled.push_back(mAccounts[at]);
-        }
-        if (mKnown.account)
+        const auto chosen = std::find_if(mAccounts.begin(), mAccounts.end(), [this](const CVAccountOfFile& account) {
+            return mKnown.account ? account.name == *mKnown.account : account.lines > 0;
+        });
+        if (mKnown.account && chosen == mAccounts.end())
             return CVMissingAccount(mAccounts, *mKnown.account);
-        if (filled.size() > 1)
+        mChosen = chosen == mAccounts.end() ? 0 : static_cast<std::size_t>(chosen - mAccounts.begin());
+        std::vector<CVAccountOfFile> filled;
+        std::copy_if(mAccounts.begin(), mAccounts.end(), std::back_inserter(filled),
+                     [](const CVAccountOfFile& account) { return account.lines > 0; });
+        mStatement.accounts = CVNamesOfAccounts(filled);
+        if (filled.size() > 1 && !mKnown.account)
             mStatement.questions.push_back(CVAskForAccount(filled, mKnown));
         return whyEmpty();
     }

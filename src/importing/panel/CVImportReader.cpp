@@ -20,18 +20,22 @@ void CVImportReader::read(const Source& source) {
         QString problem;
         if (!source.path.isEmpty())
             std::tie(mBytes, problem) = CVReadStatementFile(source.path, isWanted);
-        if (!mDataFile.isEmpty())
+        if (source.notes)
+            mNotes = *source.notes;
+        else if (!mDataFile.isEmpty())
             mNotes = CVNotesFile(mDataFile).read().notes;
         if (problem.isEmpty())
-            return tell(findings(isWanted));
+            return tell(findings(source, isWanted));
         CVStatement unread;
         unread.problem = problem;
         return tell({std::make_shared<CVStatement>(std::move(unread)), {}, false, mNotes});
     });
 }
 
-CVStatementFindings CVImportReader::findings(const IsWanted& isWanted) {
-    CVStatementAsLastTime read = CVReadAsLastTime(mBytes, {}, mNotes, stopUnlessWanted(isWanted));
+CVStatementFindings CVImportReader::findings(const Source& source, const IsWanted& isWanted) {
+    CVStatementMapping given;
+    given.account = source.account;
+    CVStatementAsLastTime read = CVReadAsLastTime(mBytes, given, mNotes, stopUnlessWanted(isWanted));
     return {std::make_shared<CVStatement>(std::move(read.statement)), read.known, read.isAsLastTime, mNotes};
 }
 

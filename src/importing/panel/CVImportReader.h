@@ -43,6 +43,10 @@ public:
         QString path = {};
         /// The rows that were copied in another program, as UTF-8.
         QByteArray copied = {};
+        /// Of a file with several accounts the one to read; absent: it is asked for.
+        std::optional<QString> account = {};
+        /// What is remembered of former imports; absent: what the notes beside the data file say.
+        std::optional<CVImportNotes> notes = {};
     };
 
     /// The notes beside the data file are read too.
@@ -68,7 +72,7 @@ private:
     using IsWanted = CVLatestWork::IsWanted;
 
     /// These run on the thread.
-    [[nodiscard]] CVStatementFindings findings(const IsWanted& isWanted);
+    [[nodiscard]] CVStatementFindings findings(const Source& source, const IsWanted& isWanted);
     [[nodiscard]] CVStopRequested stopUnlessWanted(const IsWanted& isWanted);
     [[nodiscard]] CVLatestWork::Told tell(CVStatementFindings findings);
 

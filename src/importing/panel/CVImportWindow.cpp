@@ -147,6 +147,7 @@ void CVImportWindow::addButtons(QBoxLayout& window, CVHelpOpener* help) {
 }
 
 void CVImportWindow::read(const Source& source) {
+    mSource = source;
     mKnown = {};
     mStatement.reset();
     setWindowTitle(source.path.isEmpty() ? tr("Import from Clipboard")
@@ -263,7 +264,7 @@ void CVImportWindow::chooseAnother() {
     if (!path)
         return;
     if (!mIsStatement || mIsStatement(*path))
-        return read({*path, {}});
+        return read({*path});
     mOtherFile = path;
     QDialog::reject();
 }

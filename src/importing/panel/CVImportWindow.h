@@ -48,6 +48,7 @@ public:
 
     /// Reads a statement, which takes the place of another one.
     void read(const Source& source);
+    [[nodiscard]] const Source& source() const { return mSource; }
     /// What is to be imported, once the user has agreed.
     [[nodiscard]] Order order() const;
 
@@ -94,6 +95,7 @@ private:
     CVDocument& mDocument;
     CVFilePanels& mPanels;
     CVAlerts& mAlerts;
+    Source mSource;
     CVStatementMapping mKnown;
     /// Null before it is read.
     std::shared_ptr<const CVStatement> mStatement;

@@ -148,6 +148,7 @@ private:
             accounts.push_back({mFile.accounts[at].name, static_cast<int>(mLines[at].size())});
             chosen = mFile.accounts[at].name == mKnown.account ? at : chosen;
         }
+        mStatement.accounts = CVNamesOfAccounts(accounts);
         if (accounts.size() > 1 && !mKnown.account)
             mStatement.questions.insert(mStatement.questions.begin(), CVAskForAccount(accounts, mKnown));
         mStatement.lines = std::move(mLines[chosen]);

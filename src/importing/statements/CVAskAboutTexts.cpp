@@ -101,6 +101,13 @@ CVStatementQuestion CVAskForAccount(const std::vector<CVAccountOfFile>& accounts
     return question;
 }
 
+QStringList CVNamesOfAccounts(const std::vector<CVAccountOfFile>& accounts) {
+    QStringList names;
+    for (const CVAccountOfFile& account : accounts)
+        names.append(account.name);
+    return names;
+}
+
 QString CVMissingAccount(const std::vector<CVAccountOfFile>& accounts, const QString& name) {
     constexpr std::size_t kMostNamed = 20;
     QStringList names;

@@ -29,6 +29,7 @@ struct CVAccountOfFile {
 };
 [[nodiscard]] CVStatementQuestion CVAskForAccount(const std::vector<CVAccountOfFile>& accounts,
                                                   const CVStatementMapping& known);
+[[nodiscard]] QStringList CVNamesOfAccounts(const std::vector<CVAccountOfFile>& accounts);
 /// Why nothing can be read of an account that is not in the file.
 [[nodiscard]] QString CVMissingAccount(const std::vector<CVAccountOfFile>& accounts, const QString& name);
 

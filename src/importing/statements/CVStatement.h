@@ -33,7 +33,7 @@ struct CVStatement {
     std::vector<CVStatementLine> lines = {};
     /// Of the header; empty without one.
     QStringList headings = {};
-    /// Of a file with several accounts those that have lines, as `CVStatementMapping::account` names them.
+    /// Of the accounts of the file those that have lines, as `CVStatementMapping::account` names them.
     QStringList accounts = {};
     /// What was recognized, one line: "Semicolons, Windows-1252, 148 lines, 12 March to 9 April"
     QString summary = {};
