@@ -131,7 +131,7 @@ void CVCAMTBuilder::addText(QByteArrayView text) {
 void CVCAMTBuilder::end() {
     if (mLengths.empty())
         return;
-    const QString value = QString::fromUtf8(mText.left(kLongestText)).simplified();
+    const QString value = QString::fromUtf8(mText).left(kLongestText).simplified();
     if (!value.isEmpty())
         takeValue(value);
     mText.clear();

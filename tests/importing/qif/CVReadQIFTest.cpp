@@ -1,6 +1,6 @@
 #include "importing/qif/CVReadQIF.h"
 
-#include "importing/CVReadStatement.h"
+#include "QIFFixtures.h"
 #include "kit/DefaultLocale.h"
 #include "kit/FixedToday.h"
 #include "kit/Printers.h"
@@ -15,45 +15,8 @@ namespace {
 
 using About = CVStatementQuestion::About;
 
-QString lineText(const CVStatementLine& line) {
-    if (!line.unreadable.isEmpty())
-        return QStringLiteral("%1! %2").arg(line.number).arg(line.unreadable);
-    QStringList parts{QString::fromLatin1(line.day->corvellaXMLRepresentation()), QString::number(*line.hundredths)};
-    parts.append({line.payee, line.purpose, line.category, line.bankID});
-    return parts.join(u'|');
-}
-
-/// "2024/03/12|-1250|payee|purpose|category|bank's number", or "2! why" for the line 2, which cannot be read.
-QString linesOf(const CVStatement& statement) {
-    QStringList lines;
-    for (const auto& line : statement.lines)
-        lines.append(lineText(line));
-    return lines.join(u'\n');
-}
-
-std::vector<About> subjectsOf(const CVStatement& statement) {
-    std::vector<About> subjects;
-    for (const auto& question : statement.questions)
-        subjects.push_back(question.about);
-    return subjects;
-}
-
-struct QIFRow {
-    const char* bytes;
-    const char* lines;
-};
-
-void expectRows(const std::vector<QIFRow>& rows) {
-    for (const auto& [bytes, lines] : rows) {
-        const CVStatement statement = CVReadStatement(bytes);
-        EXPECT_EQ(statement.problem, QString()) << bytes;
-        EXPECT_EQ(subjectsOf(statement), std::vector<About>()) << bytes;
-        EXPECT_EQ(linesOf(statement), QString::fromUtf8(lines)) << bytes;
-    }
-}
-
 TEST(CVReadQIF, ReadsThePaymentsOfEachType) {
-    expectRows({
+    expectQIFRows({
         {"!Type:Bank\nD2024-03-13\nT-12.50\nPShop\n^\n", "2024/03/13|-1250|Shop|||"},
         {"!Type:Cash\nD2024-03-13\nT-12.50\nPShop\n^\n", "2024/03/13|-1250|Shop|||"},
         {"!Type:CCard\nD2024-03-13\nT-12.50\nPShop\n^\n", "2024/03/13|-1250|Shop|||"},
@@ -64,7 +27,7 @@ TEST(CVReadQIF, ReadsThePaymentsOfEachType) {
 }
 
 TEST(CVReadQIF, NeedsNeitherAHeaderNorTheLastEnd) {
-    expectRows({
+    expectQIFRows({
         {"D2024-03-13\nT-12.50\nPShop\n^\nD2024-03-14\nT1.00\n^\n", "2024/03/13|-1250|Shop|||\n2024/03/14|100||||"},
         {"!Type:Bank\nD2024-03-13\nT-12.50\nPShop", "2024/03/13|-1250|Shop|||"},
         {"!Type:Bank\nD2024-03-13\nT-12.50\nPShop\n!Type:Cat\nNFood\n^\n", "2024/03/13|-1250|Shop|||"},
@@ -86,64 +49,38 @@ TEST(CVReadQIF, TakesEveryLineEndAndEncoding) {
     const QByteArray wideBytes = wide(text);
     for (const QByteArray& bytes : {text.toUtf8(), text.toLatin1(), "\xEF\xBB\xBF" + text.toUtf8(), wideBytes,
                                     "\xFF\xFE" + wideBytes, carriageReturns.toUtf8(), pairs.toUtf8()})
-        EXPECT_EQ(linesOf(CVReadStatement(bytes)), QStringLiteral("2024/03/13|-1250|Café|||"));
+        EXPECT_EQ(qifLinesOf(CVReadStatement(bytes)), QStringLiteral("2024/03/13|-1250|Café|||"));
     const CVStatement statement = CVReadStatement(pairs.toUtf8() + "\r\nDx\r\nT1.00\r\n^\r\n");
     ASSERT_EQ(statement.lines.size(), 2U);
     EXPECT_EQ(statement.lines.at(0).number, 2);
     EXPECT_EQ(statement.lines.at(1).number, 7);
 }
 
-TEST(CVReadQIF, ReadsDaysAsManyProgramsWriteThem) {
-    const std::vector<QIFRow> days{{"1/22'05", "2005/01/22"},
-                                   {"1/22' 5", "2005/01/22"},
-                                   {"1/22'2020", "2020/01/22"},
-                                   {"6/ 1/94", ""},
-                                   {"22/ 1/94", "1994/01/22"},
-                                   {"22.01.2024", "2024/01/22"},
-                                   {"2024-01-22", "2024/01/22"},
-                                   {"01/22/24", "2024/01/22"},
-                                   {"22.1.24", "2024/01/22"},
-                                   {"20240122", "2024/01/22"},
-                                   {"22 January 2024", "2024/01/22"},
-                                   {"01-22-2024", "2024/01/22"},
-                                   {"1/ 2/94", ""}};
-    for (const auto& [text, day] : days) {
-        const QByteArray bytes = QByteArray("!Type:Bank\nD") + text + "\nT-12.50\nPShop\n^\n";
-        const CVStatement statement = CVReadStatement(bytes);
-        if (*day == '\0') {
-            EXPECT_EQ(subjectsOf(statement), std::vector{About::DayOrder}) << text;
-            continue;
-        }
-        EXPECT_EQ(linesOf(statement), QStringLiteral("%1|-1250|Shop|||").arg(QLatin1String(day))) << text;
-        EXPECT_EQ(subjectsOf(statement), std::vector<About>()) << text;
-    }
-}
-
 TEST(CVReadQIF, SettlesTheOrderOfDayAndMonthOverAllAccountsElseAsks) {
     const DefaultLocale locale(QLocale(QStringLiteral("en_GB")));
     const QByteArray open = "!Type:Bank\nD1/ 2'05\nT-12.50\nPShop\n^\n";
-    expectRows(
+    expectQIFRows(
         {{"!Type:Bank\nD1/ 2'05\nT-12.50\n^\nD1/13'05\nT1.00\n^\n", "2005/01/02|-1250||||\n2005/01/13|100||||"},
          {"!Type:Bank\nD1/ 2'05\nT-12.50\n^\nD13/1'05\nT1.00\n^\n", "2005/02/01|-1250||||\n2005/01/13|100||||"}});
     CVStatementMapping other;
     other.account = QStringLiteral("B");
     const CVStatement both =
         CVReadStatement("!Account\nNA\n^\n!Type:Bank\nD1/13'05\nT1.00\n^\n!Account\nNB\n^\n" + open, other);
-    EXPECT_EQ(linesOf(both), QStringLiteral("2005/01/02|-1250|Shop|||"));
+    EXPECT_EQ(qifLinesOf(both), QStringLiteral("2005/01/02|-1250|Shop|||"));
     const CVStatement statement = CVReadStatement(open);
     ASSERT_EQ(subjectsOf(statement), std::vector{About::DayOrder});
     EXPECT_EQ(statement.questions.front().text,
               QStringLiteral("In line 2, is “1/ 2'05” 1 February 2005 or 2 January 2005?"));
     EXPECT_EQ(statement.questions.front().answers.at(1).option, QStringLiteral("--date-order mdy"));
     const CVStatement answered = CVReadStatement(open, statement.questions.front().answers.at(1).with);
-    EXPECT_EQ(linesOf(answered), QStringLiteral("2005/01/02|-1250|Shop|||"));
+    EXPECT_EQ(qifLinesOf(answered), QStringLiteral("2005/01/02|-1250|Shop|||"));
     EXPECT_TRUE(answered.questions.empty());
 }
 
 TEST(CVReadQIF, ExpectsAYearOfTwoDigitsBehindSlashesUnlessTheDaysSayOtherwise) {
-    expectRows({{"!Type:Bank\nD03/03/10\nT1.00\n^\n", "2010/03/03|100||||"},
-                {"!Type:Bank\nD24/03/12\nT1.00\n^\nD24/03/15\nT1.00\n^\nD24/04/02\nT1.00\n^\n",
-                 "2024/03/12|100||||\n2024/03/15|100||||\n2024/04/02|100||||"}});
+    expectQIFRows({{"!Type:Bank\nD03/03/10\nT1.00\n^\n", "2010/03/03|100||||"},
+                   {"!Type:Bank\nD24/03/12\nT1.00\n^\nD24/03/15\nT1.00\n^\nD24/04/02\nT1.00\n^\n",
+                    "2024/03/12|100||||\n2024/03/15|100||||\n2024/04/02|100||||"}});
 }
 
 TEST(CVReadQIF, AsksAboutTheDayThatMostReadingsTellApart) {
@@ -168,89 +105,6 @@ TEST(CVReadQIF, SettlesTheOrderByDaysThatRunOneWayInEachAccount) {
     EXPECT_EQ(statement.mapping.dayOrder, CVDayOrder::MonthDayYear);
 }
 
-TEST(CVReadQIF, ReadsAmountsWithGroupsAndEitherMark) {
-    expectRows({
-        {"!Type:Bank\nD2024-03-13\nT-1,234.56\n^\n", "2024/03/13|-123456||||"},
-        {"!Type:Bank\nD2024-03-13\nT-1.234,56\n^\n", "2024/03/13|-123456||||"},
-        {"!Type:Bank\nD2024-03-13\nT1,000\n^\nD2024-03-13\nT2.50\n^\n", "2024/03/13|100000||||\n2024/03/13|250||||"},
-        {"!Type:Bank\nD2024-03-13\nU-12.50\n^\n", "2024/03/13|-1250||||"},
-        {"!Type:Bank\nD2024-03-13\nU-12.50\nT-12.50\n^\n", "2024/03/13|-1250||||"},
-        {"!Type:Bank\nD2024-03-13\nT12.50-\n^\n", "2024/03/13|-1250||||"},
-        {"!Type:Bank\nD2024-03-13\nT(12.50)\n^\n", "2024/03/13|-1250||||"},
-        {"!Type:Bank\nD2024-03-13\nT12.50 DR\n^\n", "2024/03/13|-1250||||"},
-        {"!Type:Bank\nD2024-03-13\nT12.5051\n^\n", "2024/03/13|1251||||"},
-    });
-    const QByteArray open = "!Type:Bank\nD2024-03-13\nT-1,000\n^\n";
-    const CVStatement statement = CVReadStatement(open);
-    ASSERT_EQ(subjectsOf(statement), std::vector{About::DecimalMark});
-    const CVStatement answered = CVReadStatement(open, statement.questions.front().answers.front().with);
-    EXPECT_EQ(linesOf(answered), QStringLiteral("2024/03/13|-100000||||"));
-}
-
-TEST(CVReadQIF, KeepsPayeeMemoCategoryAndNumber) {
-    expectRows({
-        {"!Type:Bank\nD2024-03-13\nT-1.00\nPShop\nMTwo lamps\nLHome:Light\nN1005\nCX\nAStreet 1\n^\n",
-         "2024/03/13|-100|Shop|Two lamps|Home:Light|1005"},
-        {"!Type:Bank\nD2024-03-13\nT-1.00\nPShop\nLHome:Light/Summer\nNATM\n^\n", "2024/03/13|-100|Shop||Home:Light|"},
-        {"!Type:Bank\nD2024-03-13\nT-1.00\nPShop\nL[Savings]\n^\n", "2024/03/13|-100|Shop|Savings||"},
-        {"!Type:Bank\nD2024-03-13\nT-1.00\nPShop\nMFor later\nL[Savings]/Me\n^\n", "2024/03/13|-100|Shop|For later||"},
-        {"!Type:Bank\nD2024-03-13\nT-1.00\nLHome\n^\n", "2024/03/13|-100||Home|Home|"},
-        {"!Type:Bank\nD2024-03-13\nT-1.00\nN17\n^\n", "2024/03/13|-100||17||17"},
-        {"!Type:Bank\nD2024-03-13\nT-1.00\nMTwo\nlamps\nMand more\n^\n", "2024/03/13|-100||Two lamps and more||"},
-    });
-}
-
-TEST(CVReadQIF, MakesALineOfEachPartWhereThePartsAreTheWhole) {
-    expectRows({
-        {"!Type:Bank\nD2024-03-13\nT-10.00\nPShop\nMWeek\nN7\nLFood\nSFood\nEBread\n$-4.00\nSHome/"
-         "Me\n$-7.00\nS[Wallet]\n$1.00\n^\n",
-         "2024/03/13|-400|Shop|Week Bread|Food|7#1\n2024/03/13|-700|Shop|Week|Home|7#2\n"
-         "2024/03/13|100|Shop|Week||7#3"},
-        {"!Type:Bank\nD2024-03-13\nT-10.00\nPShop\nL--Split--\nS[Wallet]\n$-9.00\nSFees\n%10%\n$-1.00\n^\n",
-         "2024/03/13|-900|Shop|Wallet||\n2024/03/13|-100|Shop||Fees|"},
-        {"!Type:Bank\nD2024-03-13\nT45.00\nPShop\nSFood\n$45.00\n^\n", "2024/03/13|4500|Shop||Food|"},
-    });
-}
-
-TEST(CVReadQIF, KeepsTheWholeWhereThePartsAreNot) {
-    expectRows({
-        {"!Type:Bank\nD2024-03-13\nT-10.00\nPShop\nLFood\nSFood\n$-4.00\nSHome\n$-7.00\n^\n",
-         "2024/03/13|-1000|Shop||Food|"},
-        {"!Type:Bank\nD2024-03-13\nT-10.00\nPShop\nL--Split--\nSFood\n$4.00\nSHome\n$6.00\n^\n",
-         "2024/03/13|-1000|Shop|||"},
-        {"!Type:Bank\nD2024-03-13\nT-10.00\nPShop\nSFood\n$-4.00\nSHome\n%60\n^\n", "2024/03/13|-1000|Shop|||"},
-        {"!Type:Bank\nD2024-03-13\nT-10.00\nPShop\nSFood\n^\n", "2024/03/13|-1000|Shop||Food|"},
-        {"!Type:Bank\nD2024-03-13\nT-10.00\nPShop\nSFood\nD2024-01-01\n$-10.00\n^\n", "2024/03/13|-1000|Shop||Food|"},
-    });
-}
-
-TEST(CVReadQIF, KeepsEntriesThatItCannotReadWithTheReason) {
-    expectRows({
-        {"!Type:Bank\nT-10.00\nPShop\n^\nD2024-03-13\nPShop\n^\n", "2! there is no day\n5! there is no amount"},
-        {"!Type:Bank\nD\nT-10.00\n^\nD2024-03-13\nT\n^\n", "2! there is no day\n5! there is no amount"},
-        {"!Type:Bank\nD2024-02-31\nT-10.00\n^\nD2024-03-13\nTten\n^\n",
-         "2! “2024-02-31” is no day\n5! “ten” is no amount"},
-        {"!Type:Bank\nD2024-03-13\nT-10.00\nU-11.00\n^\n", "2! it has two amounts"},
-        {"!Type:Bank\nD2024-03-13\nD2024-03-14\nT-10.00\n^\n", "2! it has two days"},
-        {"!Type:Bank\nD2024-03-13\nT-10.00 CR\n^\n", "2! “-10.00 CR” is no amount"},
-        {"!Type:Bank\nD13/3\nT-10.00\n^\n", "2! “13/3” is no day"},
-        {"!Type:Bank\nD13/4/2024\nT1.00\n^\nD4/13/2024\nT1.00\n^\nD14/4/2024\nT1.00\n^\n",
-         "2024/04/13|100||||\n5! “4/13/2024” is no day\n2024/04/14|100||||"},
-    });
-    const CVStatement statement = CVReadStatement("!Type:Bank\nD2024-03-13\nTten\nPShop\n^\n");
-    ASSERT_EQ(statement.lines.size(), 1U);
-    EXPECT_EQ(statement.lines.front().cells, (QStringList{"D2024-03-13", "Tten", "PShop"}));
-}
-
-TEST(CVReadQIF, LeavesOutTheBalanceWithWhichAnAccountBegins) {
-    const DefaultLocale locale(QLocale(QStringLiteral("en_GB")));
-    const FixedToday today(QBDate::dateWithYear(2026, 6, 1));
-    const CVStatement statement = CVReadStatement(
-        "!Type:Bank\nD2024-03-13\nT100.00\nPOpening Balance\nL[Checking]\n^\nD2024-03-13\nT1.00\nPA\n^\n");
-    EXPECT_EQ(linesOf(statement), QStringLiteral("2024/03/13|100|A|||"));
-    EXPECT_EQ(statement.summary, QStringLiteral("QIF, UTF-8, account Checking, 1 line, 13 March 2024"));
-}
-
 TEST(CVReadQIF, AsksForTheAccountWhereThereAreSeveral) {
     const QByteArray bytes =
         "!Account\nNOne\nTBank\n^\n!Type:Bank\nD2024-03-13\nT1.00\nPA\n^\n"
@@ -263,10 +117,10 @@ TEST(CVReadQIF, AsksForTheAccountWhereThereAreSeveral) {
     EXPECT_EQ(question.answers.at(0).label, QStringLiteral("One, 1 line"));
     EXPECT_EQ(question.answers.at(1).label, QStringLiteral("Two, 2 lines"));
     EXPECT_EQ(question.answers.at(1).option, QStringLiteral("--account \"Two\""));
-    EXPECT_EQ(linesOf(statement), QStringLiteral("2024/03/13|100|A|||"));
+    EXPECT_EQ(qifLinesOf(statement), QStringLiteral("2024/03/13|100|A|||"));
     const CVStatement two = CVReadStatement(bytes, question.answers.at(1).with);
     EXPECT_TRUE(two.questions.empty());
-    EXPECT_EQ(linesOf(two), QStringLiteral("2024/03/14|200|B|||\n2024/03/14|300|C|||"));
+    EXPECT_EQ(qifLinesOf(two), QStringLiteral("2024/03/14|200|B|||\n2024/03/14|300|C|||"));
     EXPECT_NE(two.headerDigest, statement.headerDigest);
     EXPECT_EQ(two.headerDigest.size(), 64);
     CVStatementMapping missing;
@@ -309,7 +163,7 @@ TEST(CVReadQIF, LeavesOutListsAndInvestments) {
     EXPECT_EQ(CVReadStatement("!Type:Bank\n").problem, QStringLiteral("This file holds no payments."));
     const CVStatement statement =
         CVReadStatement(lists + investments + "!Type:Bank\nD2024-03-13\nT1.00\nPA\n^\n" + lists);
-    EXPECT_EQ(linesOf(statement), QStringLiteral("2024/03/13|100|A|||"));
+    EXPECT_EQ(qifLinesOf(statement), QStringLiteral("2024/03/13|100|A|||"));
     EXPECT_EQ(statement.summary, QStringLiteral("QIF, UTF-8, 2 investment lines left out, 1 line, 13 March 2024"));
 }
 
@@ -322,10 +176,10 @@ TEST(CVReadQIF, ReadsWithTheMappingThatItHasFound) {
     EXPECT_FALSE(statement.mapping.columns);
     EXPECT_FALSE(statement.mapping.separator);
     EXPECT_FALSE(statement.mapping.headerLine);
-    EXPECT_EQ(linesOf(CVReadStatement(bytes, statement.mapping)), linesOf(statement));
+    EXPECT_EQ(qifLinesOf(CVReadStatement(bytes, statement.mapping)), qifLinesOf(statement));
     CVStatementMapping turned = statement.mapping;
     turned.positiveIsOut = true;
-    EXPECT_EQ(linesOf(CVReadStatement(bytes, turned)), QStringLiteral("2024/03/13|123450||||"));
+    EXPECT_EQ(qifLinesOf(CVReadStatement(bytes, turned)), QStringLiteral("2024/03/13|123450||||"));
 }
 
 TEST(CVReadQIF, IsRecognizedByContentAlone) {
