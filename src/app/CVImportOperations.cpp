@@ -36,8 +36,8 @@ QString importedNumber(std::size_t count) {
 
 /// The first account that was not imported yet; absent when all were.
 std::optional<QString> otherAccount(const QStringList& accounts, const QStringList& imported) {
-    const auto* const other = std::find_if(accounts.begin(), accounts.end(),
-                                           [&imported](const QString& account) { return !imported.contains(account); });
+    const auto other = std::find_if(accounts.begin(), accounts.end(),
+                                    [&imported](const QString& account) { return !imported.contains(account); });
     return accounts.size() < 2 || other == accounts.end() ? std::nullopt : std::optional(*other);
 }
 
