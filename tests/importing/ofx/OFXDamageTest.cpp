@@ -51,6 +51,10 @@ TEST(OFXDamage, PutsNoAbbreviationOfTheFileIn) {
     EXPECT_EQ(
         OFXRead(kDeclaration + "<!DOCTYPE OFX SYSTEM \"file:///etc/passwd\">\n" + body.sliced(body.indexOf("<OFX>"))),
         QStringLiteral("2024/03/01 100 &b;"));
+    const QByteArray tree =
+        "<OFX><STMTTRN><DTPOSTED>20240301</DTPOSTED><TRNAMT>1</TRNAMT><NAME>A&b;</NAME></STMTTRN></OFX>";
+    EXPECT_EQ(OFXRead(kDeclaration + "<!DOCTYPE OFX SYSTEM \"none.dtd\">\n" + tree),
+              QStringLiteral("2024/03/01 100 A&b;"));
 }
 
 TEST(OFXDamage, TakesNoLongerForAbsurdMarkup) {
