@@ -125,6 +125,8 @@ TEST(CVReadCAMT, TakesEveryEncoding) {
                                     declaring("ISO-8859-15").toLatin1(), text.toLatin1(), declaring("UTF-16").toUtf8(),
                                     "\xFF\xFE" + QByteArray(wide(declaring("UTF-16"))), declaring("NO-SUCH").toUtf8()})
         EXPECT_EQ(camtLinesOf(CVReadStatement(bytes)), line) << bytes.first(60).toStdString();
+    const QByteArray greek = declaring("windows-1253").toLatin1().replace('\xE9', '\xE1');
+    EXPECT_EQ(camtLinesOf(CVReadStatement(greek)), QStringLiteral("2024/03/13|-1250||Cafα|"));
     CVStatementMapping known;
     known.encoding = "windows-1250";
     EXPECT_EQ(camtLinesOf(CVReadStatement(text.toLatin1(), known)), line);
