@@ -53,6 +53,22 @@ TEST(CVTransactionExport, CanBeGivenUpHalfway) {
     EXPECT_TRUE(CVMakeExportText(rows, [](std::size_t) { return true; }));
 }
 
+TEST(CVTransactionExport, WritesEachFormatAndGivesItUpHalfway) {
+    BudgetBuilder budget;
+    for (int i = 0; i < 5'000; ++i)
+        budget.transaction({.date = day(2014, 3, 7), .amount = 12.5});
+    const CVDocument& document = budget.document();
+    const CVTransactions& rows = document.transactions();
+    const auto never = [](std::size_t) { return false; };
+    for (const auto& [format, begin] :
+         {std::pair(CVExportFormat::List, "3/7/14\t$12.50\t"), std::pair(CVExportFormat::CSV, "Date,Amount,"),
+          std::pair(CVExportFormat::JSON, R"([
+{"date":"2014-03-07","amount":12.5,)")}) {
+        EXPECT_TRUE(CVMakeExport(format, document, rows)->startsWith(begin));
+        EXPECT_FALSE(CVMakeExport(format, document, rows, never));
+    }
+}
+
 TEST(CVTransactionExport, ReplacesTheFileOrLeavesItAndSaysWhy) {
     const ScratchHome home;
     const QString path = home.path("out.txt");
