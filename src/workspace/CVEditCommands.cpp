@@ -66,7 +66,7 @@ void CVEdit(CVEditCommand command, QWidget* focused) {
         editText(command, *field);
     else if (auto* const table = qobject_cast<QAbstractItemView*>(focused)) {
         if (command == CVEditCommand::Copy)
-            QGuiApplication::clipboard()->setText(CVTextOfSelection(*table));
+            CVCopySelection(*table);
         else
             table->selectAll();
     }

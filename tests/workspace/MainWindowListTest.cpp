@@ -6,6 +6,7 @@
 #include <QHelpEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QTextDocument>
 #include <QToolTip>
@@ -129,6 +130,9 @@ TEST_F(MainWindowListTest, CopyPutsTheSelectedRowsOnTheClipboardAsTabSeparatedTe
     press(Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "3/1/14\t$30.00\tMarket\tbread\tfood\tNo\tNo\n"
                                                     "1/1/14\t$5.00\ttwo lines and a tab\t\t\tNo\tYes\n");
+    EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->html().contains(
+        "<td align=\"right\">$5.00</td><td>two lines and a tab</td><td></td><td></td>"))
+        << QGuiApplication::clipboard()->mimeData()->html().toStdString();
 }
 
 TEST_F(MainWindowListTest, SelectAllSelectsTheRowsOrTheTextThatHasTheFocus) {

@@ -109,7 +109,7 @@ void CVTableView::changeEvent(QEvent* event) {
 
 void CVTableView::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::Copy) && selectionModel() && selectionModel()->hasSelection())
-        QGuiApplication::clipboard()->setText(CVTextOfSelection(*this));
+        CVCopySelection(*this);
     else
         QTableView::keyPressEvent(event);
 }

@@ -6,6 +6,7 @@
 
 #include <QClipboard>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QTabWidget>
 
@@ -80,6 +81,10 @@ TEST_F(CVReportsTabTest, CopyTakesTheSelectedRows) {
     goTo(0, kTarget);
     CVEdit(CVEditCommand::Copy, QApplication::focusWidget());
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "Category 1\tMonthly\t$100.00\t$6.00\t$94.00\n");
+    EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->html().contains(
+        "<tr><td>Category 1</td><td>Monthly</td><td align=\"right\">$100.00</td><td align=\"right\">$6.00</td>"
+        "<td align=\"right\">$94.00</td></tr>\n"))
+        << QGuiApplication::clipboard()->mimeData()->html().toStdString();
     QTest::keyClick(&mTotals, Qt::Key_Down, Qt::ShiftModifier);
     CVEdit(CVEditCommand::Copy, QApplication::focusWidget());
     EXPECT_EQ(QGuiApplication::clipboard()->text().count('\n'), 2);

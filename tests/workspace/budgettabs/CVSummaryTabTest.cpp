@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPushButton>
 #include <QSignalSpy>
 
@@ -148,6 +149,10 @@ TEST_F(CVSummaryTabTest, CopyTakesTheSelectedCells) {
     QTest::keyClick(&mPeriods, Qt::Key_Right, Qt::ShiftModifier);
     CVEdit(CVEditCommand::Copy, QApplication::focusWidget());
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "$1,234.50\t\n$2.00\t\n");
+    EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->html().endsWith(
+        "<table>\n<tr><td align=\"right\">$1,234.50</td><td align=\"right\"></td></tr>\n"
+        "<tr><td align=\"right\">$2.00</td><td align=\"right\"></td></tr>\n</table>\n"))
+        << QGuiApplication::clipboard()->mimeData()->html().toStdString();
 }
 
 TEST_F(CVSummaryTabTest, TabLeadsThroughTheControlsAndTheTables) {
