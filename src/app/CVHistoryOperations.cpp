@@ -80,7 +80,10 @@ bool CVHistoryOperations::returnTo(const QString& path, QWidget& asker) {
     document->askForVersion(CVVersionReason::Return);
     document->setSaver(&mFile);
     mApp.document().setSaver(nullptr);
+    const bool showsAllSets = mApp.mainWindow()->showsAllSets();
     mApp.replaceDocument(std::move(document));
+    if (showsAllSets)
+        mApp.mainWindow()->showAllSets();
     mApp.document().workbookSave();
     return true;
 }

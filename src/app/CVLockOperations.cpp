@@ -136,8 +136,11 @@ void CVLockOperations::tryToEdit() {
         return;
     }
     prepare(std::move(lock), attempt, mPresent.dataFile);
+    const bool showsAllSets = mApp.mainWindow()->showsAllSets();
     const auto failure = mApp.reopenDocument();
     if (!failure) {
+        if (showsAllSets)
+            mApp.mainWindow()->showAllSets();
         adopt();
         mApp.mainWindow()->saveStatus().remark(tr("The budget was read again and can be changed now."));
         return;

@@ -107,6 +107,10 @@ void CVMainWindowController::showAllSets() {
     getStarted();
 }
 
+bool CVMainWindowController::showsAllSets() const {
+    return mContents.list().shownSets() == CVShownSets::All;
+}
+
 void CVMainWindowController::changeTransactionSet(int index) {
     mContents.list().setShownSets(CVShownSets::Current);
     mDocument.setCurrentTransactionSet(

@@ -57,8 +57,9 @@ public:
     void reloadAllTables();
     /// Makes the set at that position of the document's sets the current one, and shows it alone.
     void changeTransactionSet(int index);
-    /// Shows all sets. The current one stays what it is, and nothing is stored.
+    /// Shows all sets, where there are several. The current one stays what it is, and nothing is stored.
     void showAllSets();
+    [[nodiscard]] bool showsAllSets() const;
 
     /// Records the contents of the entry strip, or shows an alert with their first problem.
     void record();

@@ -1,6 +1,7 @@
 #include "ShellFixture.h"
 #include "app/CVConflictTeller.h"
 #include "history/CVHistoryWindow.h"
+#include "model/CVTransactionSet.h"
 #include "versions/CVKeptCopy.h"
 #include "versions/CVVersionLimit.h"
 #include "widgets/tables/CVTableView.h"
@@ -97,6 +98,32 @@ TEST_F(EarlierVersionsInApp, AfterReturningTheWindowStaysWithTheNewBudget) {
     EXPECT_EQ(history().windowHandle()->transientParent(), window().windowHandle());
     ASSERT_TRUE(QTest::qWaitFor([this] { return versions().model()->rowCount() == 3; }, kPatience));
     EXPECT_TRUE(keptWhy(1) == "before returning to a version" || keptWhy(2) == "before returning to a version");
+    quit();
+}
+
+TEST_F(EarlierVersionsInApp, AfterReturningAllSetsAreShownIfTheyWereAndTheVersionHasSeveral) {
+    startWithBudget();
+    CVSetVersionLimit(defaults(), 0);
+    for (const quint32 id : {0U, 77U}) {
+        const auto set = std::make_shared<CVTransactionSet>();
+        set->setDocument(&document());
+        set->setTransactionSetName(QString::number(id));
+        set->setUniqueID(id);
+        document().transactionSets().push_back(set);
+    }
+    mDelegate->mainWindow()->getStarted();
+    document().workbookSave();
+    saved();
+    CVSetVersionLimit(defaults(), 1024);
+    mDelegate->mainWindow()->showAllSets();
+    removeAll();
+    saved();
+    choose("Earlier Versions…");
+    ASSERT_TRUE(waitForLines(3));
+    clickInHistory("mReturnButton");
+    EXPECT_EQ(window().windowTitle(), "Corvella Main Window (All Sets)");
+    EXPECT_EQ(window().findChild<CVTableView*>("mTransactionTable")->model()->rowCount(), 3);
+    saved();
     quit();
 }
 
