@@ -29,7 +29,7 @@ struct Kind {
 QString faultOfKnown(const Kind& kind, const CVStatementMapping& known) {
     if (kind.hasColumns && known.account)
         return ReadStatementText::tr("This statement names no accounts, so that none can be chosen.");
-    if (!kind.hasColumns && (known.columns || known.separator || known.headerLine || known.outMarker))
+    if (!kind.hasColumns && (known.columns || known.separator || known.headerLine))
         return ReadStatementText::tr("This kind of statement says itself what is what: it has no columns to choose.");
     return {};
 }
