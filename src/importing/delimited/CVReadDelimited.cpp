@@ -18,6 +18,7 @@ namespace {
 constexpr qsizetype kMostRows = 200'000;
 /// With more columns there are too many ways to read them.
 constexpr std::size_t kMostAmountColumns = 8;
+constexpr std::size_t kUnreadRows = 5;
 constexpr int kRowsDone = 500;
 constexpr int kAllDone = 1000;
 
@@ -32,7 +33,7 @@ public:
     CVStatement read(const QByteArray& bytes) {
         CVStatementText text = CVDecodeStatement(bytes, mKnown.encoding);
         if (!text.problem.isEmpty())
-            return CVStatement::ofProblem(text.problem);
+            return besideProblem(text.problem);
         if (QString problem = CVProblemOfOtherKind(text.text); !problem.isEmpty())
             return CVStatement::ofProblem(problem);
         mStatement.mapping = mKnown;
@@ -41,10 +42,10 @@ public:
         const char separator = mKnown.separator.value_or(CVSeparatorOf(text.text));
         mStatement.mapping.separator = separator;
         if (QString problem = readRows(text.text, separator); !problem.isEmpty())
-            return CVStatement::ofProblem(problem);
+            return besideProblem(problem);
         mColumns = CVGuessColumns(mTable, mKnown.columns.value_or(std::vector<CVColumnRole>()));
         if (QString problem = faultOfTable(); !problem.isEmpty())
-            return CVStatement::ofProblem(problem);
+            return besideColumns(problem);
         settleDayColumn();
         settle();
         mStatement.lines = CVReadStatementLines(mTable, mRule, inSecondHalf());
@@ -60,6 +61,25 @@ public:
     }
 
 private:
+    /// What was chosen, so that it can be chosen otherwise.
+    CVStatement besideProblem(const QString& problem) {
+        mStatement = CVStatement::ofProblem(problem);
+        mStatement.mapping = mKnown;
+        return mStatement;
+    }
+
+    CVStatement besideColumns(const QString& problem) {
+        mStatement.problem = problem;
+        mStatement.mapping.headerLine = mKnown.headerLine.value_or(mTable.headerLine);
+        mStatement.mapping.columns = mColumns.roles;
+        mStatement.headings = mTable.headings;
+        for (std::size_t row = mTable.first; row < mTable.end && mStatement.unreadRows.size() < kUnreadRows; ++row) {
+            if (!mTable.rows[row].isBlank())
+                mStatement.unreadRows.push_back(mTable.rows[row].cells);
+        }
+        return mStatement;
+    }
+
     QString readRows(const QString& text, char separator) {
         const auto stop = [&](qsizetype done) {
             mIsStopped = mStop && mStop(static_cast<int>(done * kRowsDone / std::max(text.size(), qsizetype{1})));

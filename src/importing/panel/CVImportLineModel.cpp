@@ -30,6 +30,20 @@ void CVImportLineModel::take(CVImportLines lines, const CVImportTargets& targets
     emit changed();
 }
 
+void CVImportLineModel::clear() {
+    beginResetModel();
+    mLines.clear();
+    mOrder.clear();
+    endResetModel();
+    emit changed();
+}
+
+void CVImportLineModel::takeFound(const CVImportLines& found) {
+    mLines.takeFound(found);
+    tellAll();
+    emit changed();
+}
+
 void CVImportLineModel::setNamesOfSets(const QString& out, const QString& in) {
     mText.setNamesOfSets(out, in);
     tellAll();
@@ -245,6 +259,8 @@ bool CVImportLineModel::setData(const QModelIndex& index, const QVariant& value,
     emit changed();
     if (index.column() == Category)
         emit categoryGiven(line);
+    else if (index.column() == Date || index.column() == Amount || index.column() == Into)
+        emit placesChanged();
     return true;
 }
 
@@ -300,6 +316,7 @@ void CVImportLineModel::setIncome(const std::vector<std::size_t>& lines, bool is
     }
     tellAll();
     emit changed();
+    emit placesChanged();
 }
 
 void CVImportLineModel::giveCategory(const std::vector<std::size_t>& lines, const QString& category) {
@@ -320,6 +337,7 @@ void CVImportLineModel::split(std::size_t line, const std::vector<CVImportRows::
     mOrder = order();
     endResetModel();
     emit changed();
+    emit placesChanged();
 }
 
 void CVImportLineModel::join(std::size_t line) {
@@ -328,4 +346,5 @@ void CVImportLineModel::join(std::size_t line) {
     mOrder = order();
     endResetModel();
     emit changed();
+    emit placesChanged();
 }

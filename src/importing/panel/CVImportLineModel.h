@@ -18,6 +18,9 @@ public:
 
     /// Lines that were prepared anew; what the user has changed in them stays.
     void take(CVImportLines lines, const CVImportTargets& targets, CVImportRows::PayeeKeys keys = {});
+    void clear();
+    /// What was found in the budget for the lines as they are.
+    void takeFound(const CVImportLines& found);
     /// The names of the sets that money out and money in go into.
     void setNamesOfSets(const QString& out, const QString& in);
     void setSearchText(const QString& text);
@@ -51,6 +54,8 @@ public:
 signals:
     /// The user has changed lines.
     void changed();
+    /// The user has given a line another day, amount or side, so that another transaction may be the same.
+    void placesChanged();
     /// The user has given that line a category.
     void categoryGiven(std::size_t line);
 

@@ -57,6 +57,7 @@ CVImportLinePane::CVImportLinePane(const CVDocument& document, QWidget* parent)
         showState();
         emit changed();
     });
+    connect(mModel, &CVImportLineModel::placesChanged, this, &CVImportLinePane::placesChanged);
     connect(mModel, &CVImportLineModel::categoryGiven, this, &CVImportLinePane::offerToOthers);
     connect(mModel, &QAbstractItemModel::modelReset, this, &CVImportLinePane::showMessage);
     showState();
@@ -143,6 +144,15 @@ void CVImportLinePane::addGive(QBoxLayout& contents) {
 void CVImportLinePane::take(CVImportLines lines, const CVImportTargets& targets, CVImportRows::PayeeKeys keys) {
     mOffered.reset();
     mModel->take(std::move(lines), targets, std::move(keys));
+}
+
+void CVImportLinePane::clear() {
+    mOffered.reset();
+    mModel->clear();
+}
+
+void CVImportLinePane::takeFound(const CVImportLines& found) {
+    mModel->takeFound(found);
 }
 
 void CVImportLinePane::setNamesOfSets(const QString& out, const QString& in) {

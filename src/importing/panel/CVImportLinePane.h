@@ -30,6 +30,9 @@ public:
     void addAbove(QWidget& control);
 
     void take(CVImportLines lines, const CVImportTargets& targets, CVImportRows::PayeeKeys keys = {});
+    void clear();
+    /// What was found in the budget for the lines as they are.
+    void takeFound(const CVImportLines& found);
     void setNamesOfSets(const QString& out, const QString& in);
     /// Says why there are no lines; a search that finds none says so itself.
     void setMessage(const QString& message);
@@ -48,6 +51,8 @@ public:
 signals:
     /// The user has changed lines.
     void changed();
+    /// As `CVImportLineModel` emits it.
+    void placesChanged();
 
 private:
     void addSearch(QBoxLayout& row);

@@ -111,10 +111,12 @@ QString CVImportLineText::toolTip(std::size_t line, int column) const {
             rows.append(tr("Recorded: %1").arg(recordedText(*transaction)));
         return rows.join(u'\n');
     }
-    const bool isProposed = column == CVImportColumns::Category && !shown.category.isEmpty() && !shown.from.empty() &&
-                            !mLines->isChanged(line, CVImportRows::Change::Category);
+    const bool isProposed = column == CVImportColumns::Category && !shown.category.isEmpty() &&
+                            shown.sure != CVSureness::None && !mLines->isChanged(line, CVImportRows::Change::Category);
     if (!isProposed)
         return {};
+    if (shown.from.empty())
+        return tr("Perhaps “%1”, as the statement says").arg(shown.category);
     QStringList rows{shown.sure == CVSureness::Sure ? tr("“%1”, as recorded before:").arg(shown.category)
                                                     : tr("Perhaps “%1”, as for:").arg(shown.category)};
     for (const auto& transaction : shown.from)

@@ -63,14 +63,29 @@ void CVImportReader::prepare(std::shared_ptr<const CVRecordedLines> recorded,
     mPermille = 0;
     mWork.start([this, recorded = std::move(recorded), statement = std::move(statement),
                  targets](const IsWanted& isWanted) -> CVLatestWork::Told {
-        if (!mPrepare)
-            mPrepare = std::make_unique<CVPrepareImport>(recorded, mNotes);
         auto prepared = std::make_shared<CVPreparedLines>();
-        prepared->lines = mPrepare->lines(statement->lines, targets, [this, &isWanted](int permille) {
+        prepared->lines = preparing(recorded).lines(statement->lines, targets, [this, &isWanted](int permille) {
             mPermille = permille;
             return !isWanted();
         });
         prepared->keys = CVImportRows::keysOf(prepared->lines);
         return [this, prepared] { emit linesPrepared(*prepared); };
     });
+}
+
+void CVImportReader::find(std::shared_ptr<const CVRecordedLines> recorded, CVImportLines lines,
+                          const CVImportTargets& targets) {
+    mPermille = 0;
+    mWork.start([this, recorded = std::move(recorded), lines = std::move(lines),
+                 targets](const IsWanted& /*isWanted*/) -> CVLatestWork::Told {
+        auto found = std::make_shared<CVImportLines>(lines);
+        preparing(recorded).findRecorded(*found, targets);
+        return [this, found] { emit linesFound(*found); };
+    });
+}
+
+const CVPrepareImport& CVImportReader::preparing(const std::shared_ptr<const CVRecordedLines>& recorded) {
+    if (!mPrepare)
+        mPrepare = std::make_unique<CVPrepareImport>(recorded, mNotes);
+    return *mPrepare;
 }

@@ -60,6 +60,9 @@ public:
     void prepare(std::shared_ptr<const CVRecordedLines> recorded, std::shared_ptr<const CVStatement> statement,
                  const CVImportTargets& targets);
 
+    /// Looks again for what is recorded of lines that were prepared and then changed.
+    void find(std::shared_ptr<const CVRecordedLines> recorded, CVImportLines lines, const CVImportTargets& targets);
+
     /// How far the work is, from 0 to 1000.
     [[nodiscard]] int permille() const { return mPermille; }
 
@@ -67,6 +70,7 @@ signals:
     /// These are always emitted from the event loop.
     void statementRead(const CVStatementFindings& findings);
     void linesPrepared(const CVPreparedLines& prepared);
+    void linesFound(const CVImportLines& lines);
 
 private:
     using IsWanted = CVLatestWork::IsWanted;
@@ -75,6 +79,7 @@ private:
     [[nodiscard]] CVStatementFindings findings(const Source& source, const IsWanted& isWanted);
     [[nodiscard]] CVStopRequested stopUnlessWanted(const IsWanted& isWanted);
     [[nodiscard]] CVLatestWork::Told tell(CVStatementFindings findings);
+    [[nodiscard]] const CVPrepareImport& preparing(const std::shared_ptr<const CVRecordedLines>& recorded);
 
     QString mDataFile;
     std::atomic<int> mPermille = 0;

@@ -26,7 +26,7 @@ void CVImportRows::take(CVImportLines lines, const CVImportTargets& targets, Pay
     mCounts.reset();
     const auto isOneSet = [](const CVImportTargets& to) { return to.income == CVImportTargets::Income::SameSet; };
     const bool turnsIncome = isOneSet(targets) != isOneSet(mTargets);
-    QHash<int, std::vector<Row>> changed;
+    QHash<int, std::vector<Row>> changed = std::exchange(mAbsent, {});
     for (Row& row : mRows) {
         if (row.changes || row.whole)
             changed[row.line.number].push_back(std::move(row));
@@ -44,6 +44,46 @@ void CVImportRows::take(CVImportLines lines, const CVImportTargets& targets, Pay
         }
         for (const Row& row : *former)
             mRows.push_back(carriedOver(row, line, turnsIncome));
+        changed.erase(former);
+    }
+    mAbsent = std::move(changed);
+}
+
+void CVImportRows::clear() {
+    mRows.clear();
+    mAbsent.clear();
+    mCounts.reset();
+}
+
+CVImportLines CVImportRows::linesToFind() const {
+    CVImportLines lines;
+    lines.reserve(mRows.size());
+    for (const Row& row : mRows) {
+        lines.push_back(row.line);
+        if (row.whole)
+            lines.back().day.reset();
+    }
+    return lines;
+}
+
+bool CVImportRows::areToBeFound() const {
+    constexpr Changes kPlace = Changes(Change::Day) | Change::Amount | Change::Side;
+    return std::any_of(mRows.begin(), mRows.end(), [](const Row& row) { return row.changes & kPlace; });
+}
+
+void CVImportRows::takeFound(const CVImportLines& found) {
+    if (found.size() != mRows.size())
+        return;
+    mCounts.reset();
+    for (std::size_t at = 0; at < found.size(); ++at) {
+        Row& row = mRows[at];
+        if (row.whole)
+            continue;
+        row.line.note = found[at].note;
+        row.line.noteText = found[at].noteText;
+        row.line.recorded = found[at].recorded;
+        if (!row.changes.testFlag(Change::Checked))
+            row.line.checked = found[at].checked;
     }
 }
 
@@ -75,7 +115,8 @@ CVImportRows::Row CVImportRows::carriedOver(const Row& former, const CVImportLin
 }
 
 bool CVImportRows::hasChanges() const {
-    return std::any_of(mRows.begin(), mRows.end(), [](const Row& row) { return row.changes || row.whole; });
+    return !mAbsent.isEmpty() ||
+           std::any_of(mRows.begin(), mRows.end(), [](const Row& row) { return row.changes || row.whole; });
 }
 
 bool CVImportRows::canBeRecorded(std::size_t row) const {

@@ -30,8 +30,18 @@ public:
     using PayeeKeys = QHash<QString, QString>;
     [[nodiscard]] static PayeeKeys keysOf(const CVImportLines& lines);
 
-    /// `keys` are those of the lines; one that is missing is made when it is needed.
+    /// The changes in lines that are not there, or cannot be read, stay for the next time. `keys` are those of the
+    /// lines; one that is missing is made when it is needed.
     void take(CVImportLines lines, const CVImportTargets& targets, PayeeKeys keys = {});
+
+    /// Forgets all lines and what was changed in them.
+    void clear();
+    /// The lines as they are now, to look again for what is recorded; a part of a split line has no day.
+    [[nodiscard]] CVImportLines linesToFind() const;
+    /// Whether the user has changed something by which a line is found.
+    [[nodiscard]] bool areToBeFound() const;
+    /// What was found for these lines; the user's choice what to import stays.
+    void takeFound(const CVImportLines& found);
 
     [[nodiscard]] std::size_t size() const { return mRows.size(); }
     [[nodiscard]] const CVImportLine& at(std::size_t row) const { return mRows[row].line; }
@@ -84,6 +94,8 @@ private:
     [[nodiscard]] Row carriedOver(const Row& former, const CVImportLine& line, bool turnsIncome) const;
 
     std::vector<Row> mRows;
+    /// What was changed in lines that are not there at present, by the line of the file.
+    QHash<int, std::vector<Row>> mAbsent;
     /// The line, which the user changes so.
     CVImportLine& changed(std::size_t row, Change how);
     [[nodiscard]] const QString& keyOf(const QString& payee) const;

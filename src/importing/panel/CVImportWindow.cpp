@@ -27,6 +27,7 @@
 #include <QShortcut>
 
 #include <chrono>
+#include <utility>
 
 namespace {
 
@@ -68,6 +69,7 @@ CVImportWindow::CVImportWindow(CVDocument& document, CVFilePanels& panels, CVAle
     addButtons(*window, help);
     connect(mReader.get(), &CVImportReader::statementRead, this, &CVImportWindow::takeStatement);
     connect(mReader.get(), &CVImportReader::linesPrepared, this, &CVImportWindow::takeLines);
+    connect(mReader.get(), &CVImportReader::linesFound, this, &CVImportWindow::takeFound);
     connect(&mShowsProgress, &QTimer::timeout, this, &CVImportWindow::showProgress);
     mLines->restoreColumns();
     CVWindowFrame::restore(
@@ -100,7 +102,7 @@ void CVImportWindow::addHeadline(QBoxLayout& contents) {
     mStatementPane->hide();
     connect(mAnother, &QPushButton::clicked, this, &CVImportWindow::chooseAnother);
     connect(mColumns, &QPushButton::toggled, mStatementPane, &QWidget::setVisible);
-    connect(mQuestions, &CVQuestionPane::answered, this, &CVImportWindow::readAs);
+    connect(mQuestions, &CVQuestionPane::answered, this, &CVImportWindow::takeAnswer);
     connect(mStatementPane, &CVStatementPane::changed, this, &CVImportWindow::readAs);
 }
 
@@ -108,6 +110,7 @@ void CVImportWindow::addLines(QBoxLayout& contents) {
     mLines->addAbove(*mTargets);
     contents.addWidget(mLines, 1);
     connect(mTargets, &CVTargetPane::changed, this, &CVImportWindow::targetsChanged);
+    connect(mLines, &CVImportLinePane::placesChanged, this, &CVImportWindow::find);
     connect(mLines, &CVImportLinePane::changed, this, [this] {
         mWasAsked = false;
         showState();
@@ -152,7 +155,7 @@ void CVImportWindow::read(const Source& source) {
     mStatement.reset();
     setWindowTitle(source.path.isEmpty() ? tr("Import from Clipboard")
                                          : tr("Import: %1").arg(QFileInfo(source.path).fileName()));
-    mLines->take({}, mTargets->targets());
+    mLines->clear();
     mReader->read(source);
     begin();
 }
@@ -166,8 +169,15 @@ void CVImportWindow::readAs(const CVStatementMapping& known) {
     begin();
 }
 
+void CVImportWindow::takeAnswer(const CVStatementMapping& known) {
+    mHasAnswered = true;
+    readAs(known);
+}
+
 void CVImportWindow::begin() {
     mIsBusy = true;
+    mIsFinding = false;
+    mImportsWhenFound.reset();
     mShowsProgress.start(kUntilProgress);
     showState();
 }
@@ -190,11 +200,17 @@ void CVImportWindow::takeStatement(const CVStatementFindings& findings) {
     if (!mRecorded)
         mRecorded = std::make_shared<CVRecordedLines>(mDocument);
     showStatement(findings.isAsLastTime);
+    // Guesses are looked at once, and what is open as long as it is.
+    if (isFirst)
+        mColumns->setChecked(mColumns->isEnabled() && !findings.isAsLastTime);
+    else if (!mStatement->questions.empty())
+        mColumns->setChecked(true);
     if (mStatement->problem.isEmpty())
         return prepare();
     mLines->take({}, mTargets->targets());
     finish();
-    mAnother->setFocus();
+    if (isFirst)
+        mAnother->setFocus();
 }
 
 void CVImportWindow::prepare() {
@@ -207,12 +223,31 @@ void CVImportWindow::takeLines(const CVPreparedLines& prepared) {
     const bool wasEmpty = mLines->lines().size() == 0;
     mLines->take(prepared.lines, mTargets->targets(), prepared.keys);
     finish();
-    if (!wasEmpty)
+    if (mLines->lines().areToBeFound())
+        find();
+    if (!wasEmpty && !std::exchange(mHasAnswered, false))
         return;
     if (mStatement->questions.empty())
         mLines->beginAtFirst();
     else
         mQuestions->focusFirst();
+}
+
+/// Lines that are prepared anew are found anew then.
+void CVImportWindow::find() {
+    if (mIsBusy)
+        return;
+    mIsFinding = true;
+    mReader->find(mRecorded, mLines->lines().linesToFind(), mTargets->targets());
+}
+
+/// What the user has not seen is not imported.
+void CVImportWindow::takeFound(const CVImportLines& found) {
+    mIsFinding = false;
+    mLines->takeFound(found);
+    const auto wanted = std::exchange(mImportsWhenFound, std::nullopt);
+    if (wanted == mLines->lines().count(CVImportRows::Kind::ToImport))
+        importLines();
 }
 
 CVImportTargets CVImportWindow::usualTargets(const CVImportNotes& notes) const {
@@ -240,7 +275,7 @@ void CVImportWindow::showStatement(bool isAsLastTime) {
         remarks.append(mStatement->balanceRemark);
     mRemark->setText(remarks.join(u' '));
     mRemark->setVisible(!remarks.isEmpty());
-    mColumns->setEnabled(mStatement->mapping.columns.has_value());
+    mColumns->setEnabled(mStatement->mapping != CVStatementMapping());
     if (!mColumns->isEnabled())
         mColumns->setChecked(false);
     mAnother->setVisible(!isRead);
@@ -326,7 +361,11 @@ void CVImportWindow::showProgress() {
 }
 
 void CVImportWindow::importLines() {
-    if (mLines->commit() && obstacle().isEmpty())
+    if (!mLines->commit() || !obstacle().isEmpty())
+        return;
+    if (mIsFinding)
+        mImportsWhenFound = mLines->lines().count(CVImportRows::Kind::ToImport);
+    else
         accept();
 }
 

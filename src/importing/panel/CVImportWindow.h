@@ -76,7 +76,10 @@ private:
     void readAs(const CVStatementMapping& known);
     void takeStatement(const CVStatementFindings& findings);
     void takeLines(const CVPreparedLines& prepared);
+    void takeFound(const CVImportLines& found);
+    void takeAnswer(const CVStatementMapping& known);
     void prepare();
+    void find();
     void begin();
     void finish();
     void showStatement(bool isAsLastTime);
@@ -105,6 +108,12 @@ private:
     std::function<bool(const QString& path)> mIsStatement;
     std::optional<QString> mOtherFile;
     bool mIsBusy = false;
+    /// While changed lines are looked for: the window goes on meanwhile, but imports only behind it.
+    bool mIsFinding = false;
+    /// How many lines the user wanted to import meanwhile.
+    std::optional<int> mImportsWhenFound;
+    /// Whether the user has answered a question, and goes on with what comes then.
+    bool mHasAnswered = false;
     /// Whether the user was asked about the changes and went on.
     bool mWasAsked = false;
 

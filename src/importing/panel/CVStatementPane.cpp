@@ -21,6 +21,8 @@
 namespace {
 
 constexpr int kLastHeaderLine = 999;
+constexpr int kFirstYear = 1970;
+constexpr int kLastYear = 2199;
 /// Of the statement.
 constexpr int kLeastRowsShown = 3;
 constexpr int kMostRowsShown = 5;
@@ -48,9 +50,15 @@ CVStatementPane::CVStatementPane(QWidget* parent)
     auto* const forms = new CVWrappingLayout;
     mSeparator = addPopUp(*forms, tr("&Separator:"), "mSeparatorBox");
     mEncoding = addPopUp(*forms, tr("&Encoding:"), "mEncodingBox");
-    addHeaderLine(*forms);
+    mHeaderLine = addNumber(*forms, tr("Hea&der in line:"), "mHeaderLineBox");
+    mHeaderLine->setRange(0, kLastHeaderLine);
+    mHeaderLine->setSpecialValueText(tr("none"));
     mDayOrder = addPopUp(*forms, tr("Order of da&ys:"), "mDayOrderBox");
+    mYear = addNumber(*forms, tr("Y&ear of the first day:"), "mYearBox");
+    mYear->setRange(kFirstYear, kLastYear);
+    mYear->setSpecialValueText(tr("in the statement"));
     mDecimalMark = addPopUp(*forms, tr("Decimal mar&k:"), "mDecimalMarkBox");
+    mSign = addPopUp(*forms, tr("Amounts without a si&gn:"), "mSignBox");
     layout->addLayout(forms);
     mTable->setObjectName(QStringLiteral("mStatementTable"));
     mTable->setAccessibleName(tr("First Rows of the Statement"));
@@ -62,7 +70,7 @@ CVStatementPane::CVStatementPane(QWidget* parent)
     mTable->horizontalHeader()->setTextElideMode(Qt::ElideRight);
     layout->addWidget(mTable, 1);
     // Its controls come before the rows, as they stand.
-    setTabOrder(mDecimalMark, mTable);
+    setTabOrder(mSign, mTable);
     mSeparator->addItem(tr("Comma"), QChar(u','));
     mSeparator->addItem(tr("Semicolon"), QChar(u';'));
     mSeparator->addItem(tr("Tab"), QChar(u'\t'));
@@ -74,6 +82,8 @@ CVStatementPane::CVStatementPane(QWidget* parent)
     mDayOrder->addItem(tr("Year, month, day"), static_cast<int>(CVDayOrder::YearMonthDay));
     mDecimalMark->addItem(tr("Point"), QChar(u'.'));
     mDecimalMark->addItem(tr("Comma"), QChar(u','));
+    mSign->addItem(tr("Money in"), false);
+    mSign->addItem(tr("Money out"), true);
     connectPopUps();
 }
 
@@ -91,20 +101,19 @@ QComboBox* CVStatementPane::addPopUp(CVWrappingLayout& line, const QString& labe
     return box;
 }
 
-void CVStatementPane::addHeaderLine(CVWrappingLayout& line) {
+QSpinBox* CVStatementPane::addNumber(CVWrappingLayout& line, const QString& label, const char* name) {
     auto* const part = new QHBoxLayout;
-    auto* const text = new QLabel(tr("Hea&der in line:"), this);
-    mHeaderLine = new QSpinBox(this);
-    mHeaderLine->setObjectName(QStringLiteral("mHeaderLineBox"));
-    mHeaderLine->setAccessibleName(tr("Header in line"));
-    mHeaderLine->setRange(0, kLastHeaderLine);
-    mHeaderLine->setSpecialValueText(tr("none"));
-    mHeaderLine->setKeyboardTracking(false);
-    mHeaderLine->setFocusPolicy(Qt::StrongFocus);
-    text->setBuddy(mHeaderLine);
+    auto* const text = new QLabel(label, this);
+    auto* const box = new QSpinBox(this);
+    box->setObjectName(QLatin1String(name));
+    box->setAccessibleName(QString(label).remove('&').remove(':'));
+    box->setKeyboardTracking(false);
+    box->setFocusPolicy(Qt::StrongFocus);
+    text->setBuddy(box);
     part->addWidget(text);
-    part->addWidget(mHeaderLine);
+    part->addWidget(box);
     line.addPart(part);
+    return box;
 }
 
 void CVStatementPane::connectPopUps() {
@@ -126,6 +135,14 @@ void CVStatementPane::connectPopUps() {
     });
     connect(mDecimalMark, &QComboBox::activated, this, [this] {
         mKnown.decimalMark = mDecimalMark->currentData().toChar();
+        tell(false);
+    });
+    connect(mSign, &QComboBox::activated, this, [this] {
+        mKnown.positiveIsOut = mSign->currentData().toBool();
+        tell(false);
+    });
+    connect(mYear, &QSpinBox::valueChanged, this, [this](int year) {
+        mKnown.year = year;
         tell(false);
     });
 }
@@ -153,8 +170,13 @@ void CVStatementPane::showForms() {
     choose(*mEncoding, valueOf(mapping.encoding));
     choose(*mDayOrder, mapping.dayOrder ? QVariant(static_cast<int>(*mapping.dayOrder)) : QVariant());
     choose(*mDecimalMark, valueOf(mapping.decimalMark));
-    const QSignalBlocker blocker(mHeaderLine);
+    choose(*mSign, valueOf(mapping.positiveIsOut));
+    const QSignalBlocker headerBlocker(mHeaderLine);
     mHeaderLine->setValue(mapping.headerLine.value_or(0));
+    // Most statements write a year to every day.
+    const QSignalBlocker yearBlocker(mYear);
+    mYear->setValue(mapping.year.value_or(kFirstYear));
+    mYear->setEnabled(mapping.year.has_value());
 }
 
 void CVStatementPane::showMeanings() {

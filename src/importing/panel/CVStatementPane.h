@@ -29,7 +29,7 @@ signals:
 
 private:
     [[nodiscard]] QComboBox* addPopUp(CVWrappingLayout& line, const QString& label, const char* name);
-    void addHeaderLine(CVWrappingLayout& line);
+    [[nodiscard]] QSpinBox* addNumber(CVWrappingLayout& line, const QString& label, const char* name);
     void connectPopUps();
     void showForms();
     void showMeanings();
@@ -44,7 +44,9 @@ private:
     QComboBox* mEncoding = nullptr;
     QComboBox* mDayOrder = nullptr;
     QComboBox* mDecimalMark = nullptr;
+    QComboBox* mSign = nullptr;
     QSpinBox* mHeaderLine = nullptr;
+    QSpinBox* mYear = nullptr;
     CVStatementRowModel* mModel;
     CVTableView* mTable;
 };

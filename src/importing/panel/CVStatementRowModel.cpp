@@ -54,7 +54,10 @@ void CVStatementRowModel::setStatement(std::shared_ptr<const CVStatement> statem
 }
 
 int CVStatementRowModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() || !mStatement ? 0 : 1 + static_cast<int>(std::min(kFirstRows, mStatement->lines.size()));
+    if (parent.isValid() || !mStatement)
+        return 0;
+    const std::size_t rows = mStatement->problem.isEmpty() ? mStatement->lines.size() : mStatement->unreadRows.size();
+    return 1 + static_cast<int>(std::min(kFirstRows, rows));
 }
 
 int CVStatementRowModel::columnCount(const QModelIndex& parent) const {
@@ -68,7 +71,10 @@ QVariant CVStatementRowModel::data(const QModelIndex& index, int role) const {
         return {};
     if (index.row() == kMeaningRow)
         return meaning((*mStatement->mapping.columns)[static_cast<std::size_t>(index.column())]);
-    return mStatement->lines[static_cast<std::size_t>(index.row()) - 1].cells.value(index.column());
+    const auto row = static_cast<std::size_t>(index.row()) - 1;
+    const QStringList& cells =
+        mStatement->problem.isEmpty() ? mStatement->lines[row].cells : mStatement->unreadRows[row];
+    return cells.value(index.column());
 }
 
 QVariant CVStatementRowModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -21,9 +21,9 @@ struct CVStatement {
 
     /// Why nothing can be read, one sentence; empty otherwise.
     QString problem = {};
-    /// Complete where there is neither a problem nor a question, but for what the texts leave open because it makes no
-    /// difference here: the order of days such as 3/3, the decimal mark of whole numbers, the sign of amounts that have
-    /// none.
+    /// With a problem, what was found beside it; empty where no choice would help. Complete where there is neither a
+    /// problem nor a question, but for what the texts leave open because it makes no difference here: the order of days
+    /// such as 3/3, the decimal mark of whole numbers, the sign of amounts that have none.
     CVStatementMapping mapping = {};
     /// What of the mapping holds for later statements of the same kind: what was given, and what the texts prove.
     CVStatementMapping lasting = {};
@@ -35,6 +35,8 @@ struct CVStatement {
     QStringList headings = {};
     /// Of the accounts of the file those that have lines, as `CVStatementMapping::account` names them.
     QStringList accounts = {};
+    /// Where there is a problem that another choice of columns may solve, the first rows as they stand.
+    std::vector<QStringList> unreadRows = {};
     /// What was recognized, one line: "Semicolons, Windows-1252, 148 lines, 12 March to 9 April"
     QString summary = {};
     /// What the balance column says against the sums; empty when they agree or there is none.

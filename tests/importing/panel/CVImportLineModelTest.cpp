@@ -82,6 +82,15 @@ TEST_F(CVImportLineModelTest, TheTooltipOfAProposedCategoryNamesItsTransactions)
     EXPECT_EQ(cell(0, CVImportColumns::Category, Qt::ToolTipRole), "");
 }
 
+TEST_F(CVImportLineModelTest, TheTooltipOfTheStatementsOwnCategorySaysWhereItComesFrom) {
+    CVImportLines lines(1);
+    lines[0].category = "Food";
+    lines[0].sure = CVSureness::Likely;
+    mModel.take(lines, {});
+    const QString tip = cell(0, CVImportColumns::Category, Qt::ToolTipRole);
+    EXPECT_TRUE(tip.contains("Perhaps “Food”, as the statement says")) << tip.toStdString();
+}
+
 TEST_F(CVImportLineModelTest, CellsOfReadableLinesCanBeEdited) {
     const auto set = [this](int column, const QVariant& value) {
         return mModel.setData(mModel.index(0, column), value);

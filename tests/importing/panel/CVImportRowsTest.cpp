@@ -93,6 +93,48 @@ TEST(CVImportRowsTest, WhatTheUserChangedStaysWhenTheLinesArePreparedAnew) {
     EXPECT_FALSE(rows.at(1).checked);
 }
 
+TEST(CVImportRowsTest, WhatTheUserChangedStaysWhileTheLinesAreGone) {
+    CVImportRows rows = rowsOf(statement(Income::OwnSet));
+    rows.setCategory(1, "Pay");
+    rows.take({}, targets(Income::OwnSet));
+    EXPECT_TRUE(rows.hasChanges());
+    CVImportLines unreadable = statement(Income::OwnSet);
+    unreadable[1].note = CVImportLine::Note::Unreadable;
+    rows.take(unreadable, targets(Income::OwnSet));
+    EXPECT_EQ(rows.at(1).category, "");
+    rows.take(statement(Income::OwnSet), targets(Income::OwnSet));
+    EXPECT_EQ(rows.at(1).category, "Pay");
+    rows.clear();
+    EXPECT_FALSE(rows.hasChanges());
+    rows.take(statement(Income::OwnSet), targets(Income::OwnSet));
+    EXPECT_EQ(rows.at(1).category, "");
+}
+
+TEST(CVImportRowsTest, WhatIsFoundAgainChangesNoChoiceOfTheUser) {
+    CVImportRows rows = rowsOf(statement(Income::OwnSet));
+    EXPECT_FALSE(rows.areToBeFound());
+    rows.setChecked(1, true);
+    rows.setHundredths(0, 1300);
+    EXPECT_TRUE(rows.areToBeFound());
+    CVImportLines found = rows.linesToFind();
+    EXPECT_EQ(found[0].hundredths, 1300);
+    for (CVImportLine& line : found) {
+        line.note = CVImportLine::Note::RecordedAlready;
+        line.checked = false;
+    }
+    rows.takeFound(found);
+    EXPECT_FALSE(rows.at(0).checked);
+    EXPECT_TRUE(rows.at(1).checked);
+    EXPECT_EQ(rows.at(1).note, CVImportLine::Note::RecordedAlready);
+    rows.split(0, {{700, "Food"}, {600, "Garden"}});
+    found = rows.linesToFind();
+    ASSERT_EQ(found.size(), 4U);
+    EXPECT_FALSE(found[0].day || found[1].day);
+    found[0].note = CVImportLine::Note::None;
+    rows.takeFound(found);
+    EXPECT_EQ(rows.at(0).note, CVImportLine::Note::RecordedAlready) << "a part keeps what the line said";
+}
+
 TEST(CVImportRowsTest, MoneyInThatIsLeftOutCannotBeCheckedButMovedToMoneyOut) {
     CVImportRows rows = rowsOf(statement(Income::LeftOut), Income::LeftOut);
     EXPECT_FALSE(rows.canBeRecorded(1));

@@ -21,6 +21,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QTest>
 #include <QTimer>
 
@@ -225,6 +226,7 @@ TEST_F(CVImportWindowTest, WhatTheStatementLeavesOpenIsAskedBeforeAnythingIsImpo
     EXPECT_NE(cell(0, CVImportColumns::Date), QString());
     EXPECT_TRUE(QTest::qWaitFor([this] { return !mWindow->findChild<QLabel*>("mQuestion"); }));
     EXPECT_EQ(button("mImportButton").text(), "&Import 2 Transactions");
+    EXPECT_TRUE(table().hasFocus());
 }
 
 TEST_F(CVImportWindowTest, WhereMoneyGoesChangesTheLinesAndKeepsWhatWasEdited) {
@@ -317,9 +319,8 @@ TEST_F(CVImportWindowTest, CopiedRowsAreAStatementToo) {
 
 TEST_F(CVImportWindowTest, TheMeaningOfAColumnCanBeChanged) {
     read("Date,Payee,Purpose,Amount\n2014-03-01,Market,bread,-10.00\n2014-03-02,Baker,rolls,-11.00\n");
-    click("mColumnsButton");
     auto& rows = find<CVTableView>("mStatementTable");
-    ASSERT_TRUE(rows.isVisible());
+    ASSERT_TRUE(rows.isVisible()) << "guesses are shown the first time";
     ASSERT_TRUE(QTest::qWaitFor([&rows] { return rows.indexWidget(rows.model()->index(0, 2)) != nullptr; }));
     EXPECT_EQ(rows.model()->index(1, 1).data().toString(), "Market");
     auto* const purpose = qobject_cast<QComboBox*>(rows.indexWidget(rows.model()->index(0, 2)));
@@ -332,6 +333,102 @@ TEST_F(CVImportWindowTest, TheMeaningOfAColumnCanBeChanged) {
     ASSERT_TRUE(waitUntilRead());
     EXPECT_EQ(cell(0, CVImportColumns::For), "");
     EXPECT_EQ(cell(0, CVImportColumns::ToFrom), "Market");
+}
+
+TEST_F(CVImportWindowTest, AWrongChoiceOfAColumnCanBeTakenBackAndLosesNothing) {
+    readUsual();
+    select(1);
+    typeCategory("Sweets");
+    auto& rows = find<CVTableView>("mStatementTable");
+    const auto chooseMeaning = [&](const QString& meaning) {
+        const auto popUp = [&rows] { return qobject_cast<QComboBox*>(rows.indexWidget(rows.model()->index(0, 0))); };
+        ASSERT_TRUE(QTest::qWaitFor([&popUp] { return popUp() != nullptr; }));
+        popUp()->setCurrentIndex(popUp()->findText(meaning));
+        emit popUp()->activated(popUp()->currentIndex());
+        ASSERT_TRUE(waitUntilRead());
+        QCoreApplication::processEvents();
+    };
+    chooseMeaning("left out");
+    EXPECT_EQ(message(), "No column holds the days. Please say which one does.");
+    EXPECT_FALSE(button("mImportButton").isEnabled());
+    EXPECT_TRUE(button("mColumnsButton").isEnabled());
+    EXPECT_TRUE(rows.isVisible());
+    EXPECT_EQ(rows.model()->index(1, 1).data().toString(), "Market");
+    chooseMeaning("Date");
+    ASSERT_EQ(model().rowCount(), 4);
+    EXPECT_EQ(cell(1, CVImportColumns::Category), "Sweets");
+    choose("mEncodingBox", "UTF-16LE");
+    EXPECT_EQ(text("mSummary"), "This statement cannot be read.");
+    EXPECT_TRUE(button("mColumnsButton").isEnabled());
+    choose("mEncodingBox", "UTF-8");
+    EXPECT_EQ(cell(1, CVImportColumns::Category), "Sweets");
+}
+
+TEST_F(CVImportWindowTest, TheColumnsAreShownUntilTheyAreKnown) {
+    const QByteArray statement = "Date,Description,Amount\n2014-03-01,Market,-10.00\n2014-03-02,Market,-12.00\n";
+    read(statement);
+    EXPECT_TRUE(find<CVTableView>("mStatementTable").isVisible());
+    EXPECT_TRUE(button("mColumnsButton").isChecked());
+    CVImportNotes notes;
+    const auto order = mWindow->order();
+    notes.noteMapping(order.statement->headerDigest, {}, order.statement->mapping);
+    ASSERT_TRUE(CVNotesFile(mHome.path("Corvella Data.corvella")).write(notes, QDateTime::currentDateTime()).ok());
+    read(statement);
+    EXPECT_FALSE(find<CVTableView>("mStatementTable").isVisible());
+    EXPECT_FALSE(button("mColumnsButton").isChecked());
+}
+
+TEST_F(CVImportWindowTest, TheYearAndTheSignCanBeChosenOtherwise) {
+    read("Date,Description,Amount\n15.02.,Market,10.00\n16.02.,Baker,12.00\n");
+    auto& year = find<QSpinBox>("mYearBox");
+    EXPECT_TRUE(year.isEnabled());
+    year.setValue(2009);
+    ASSERT_TRUE(waitUntilRead());
+    EXPECT_EQ(cell(0, CVImportColumns::Date), "2/15/09");
+    year.setValue(2008);
+    ASSERT_TRUE(waitUntilRead());
+    EXPECT_EQ(cell(0, CVImportColumns::Date), "2/15/08");
+    choose("mSignBox", "Money out");
+    EXPECT_EQ(cell(0, CVImportColumns::Into), "Checking");
+    choose("mSignBox", "Money in");
+    EXPECT_EQ(cell(0, CVImportColumns::Into), "Income");
+    read("Date,Description,Amount\n2014-03-01,Market,-10.00\n2014-03-02,Market,-12.00\n");
+    EXPECT_FALSE(find<QSpinBox>("mYearBox").isEnabled());
+}
+
+TEST_F(CVImportWindowTest, AnEditedLineIsLookedForAgain) {
+    read("Date,Description,Amount\n2014-02-01,Market,-10.00\n2014-03-02,Market,-12.50\n");
+    EXPECT_EQ(cell(0, CVImportColumns::Note), "");
+    const auto noteBecomes = [this](int row, const QString& note) {
+        return QTest::qWaitFor([&] { return cell(row, CVImportColumns::Note) == note; }, 30'000);
+    };
+    model().setData(model().index(0, CVImportColumns::Amount), 12.5);
+    EXPECT_TRUE(noteBecomes(0, "recorded on 2/1 already")) << cell(0, CVImportColumns::Note).toStdString();
+    EXPECT_EQ(button("mImportButton").text(), "&Import 1 Transaction");
+    model().setData(model().index(1, CVImportColumns::Date), QVariant::fromValue(std::optional(day(2014, 2, 8))));
+    EXPECT_TRUE(noteBecomes(1, "recorded on 2/8 already")) << cell(1, CVImportColumns::Note).toStdString();
+    model().setData(model().index(1, CVImportColumns::Date), QVariant::fromValue(std::optional(day(2014, 3, 2))));
+    EXPECT_TRUE(noteBecomes(1, ""));
+}
+
+TEST_F(CVImportWindowTest, WhatIsLookedForAgainIsImportedOnlyAsItWasSeen) {
+    const QByteArray statement = "Date,Description,Amount\n2014-02-01,Market,-10.00\n2014-03-02,Market,-13.50\n";
+    const auto importAfter = [this](double amount) {
+        model().setData(model().index(0, CVImportColumns::Amount), amount);
+        click("mImportButton");
+        EXPECT_TRUE(mWindow->isVisible()) << "before it is found";
+        const auto isFound = [this] {
+            return !mWindow->isVisible() || cell(0, CVImportColumns::Note) == "recorded on 2/1 already";
+        };
+        EXPECT_TRUE(QTest::qWaitFor(isFound, 30'000));
+    };
+    read(statement);
+    importAfter(11);
+    EXPECT_EQ(mWindow->result(), QDialog::Accepted);
+    read(statement);
+    importAfter(12.5);
+    EXPECT_TRUE(mWindow->isVisible());
+    EXPECT_EQ(mWindow->result(), QDialog::Rejected);
 }
 
 TEST_F(CVImportWindowTest, WhatTheLastImportWithTheSameColumnsSaidIsUsedAgain) {
