@@ -116,7 +116,7 @@ bool ImportInto::goesToOwnSet(const CVImportLine& line) const {
 
 void ImportInto::makeSets() {
     CVImportTargets& targets = mImported.targets;
-    mImported.account = xml_storableLine(targets.newSet);
+    mImported.account.name = xml_storableLine(targets.newSet);
     if (needsSet(false) && !targets.newSet.isEmpty()) {
         targets.set = setNamed(targets.newSet);
         targets.newSet.clear();
@@ -184,8 +184,9 @@ void ImportInto::record(const CVImportLine& line) {
 void ImportInto::finish() {
     for (const auto& set : mDocument.transactionSets()) {
         if (mImported.targets.newSet.isEmpty() && set->uniqueID() == mImported.targets.set)
-            mImported.account = set->transactionSetName();
+            mImported.account.name = set->transactionSetName();
     }
+    mImported.account.id = mImported.targets.set;
     if (!mHadSets && !mImported.sets.empty()) {
         CVShowFirstSet(mDocument, mImported.sets.front().id);
         // That of the transactions that had none.

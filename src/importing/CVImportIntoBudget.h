@@ -2,6 +2,7 @@
 
 #include "differences/CVTransactionContent.h"
 #include "importing/CVImportLine.h"
+#include "importing/CVImportNotes.h"
 #include "importing/CVImportTargets.h"
 #include "model/CVCollections.h"
 
@@ -40,8 +41,8 @@ struct CVImported {
     std::vector<Made> sets = {};
     /// With the IDs of the sets, also of those that were made.
     CVImportTargets targets = {};
-    /// The name of the set of the money out, by which the notes know the account.
-    QString account = {};
+    /// The set of the money out, by which the notes know the account.
+    CVImportNotes::NotedSet account = {};
     /// The set that was shown before.
     quint32 formerSet = 0;
     /// Of a budget: how many lines have come in, sets and categories too.

@@ -116,19 +116,31 @@ QString CVImportNotes::payeeFor(const QString& payeeInStatement) const {
     return mContents.payees.value(keyOfPayee(payeeInStatement));
 }
 
-bool CVImportNotes::knowsNumber(const QString& account, const QString& bankID, const QBDate& day) const {
-    const auto numbers = mContents.numbers.constFind(account);
+/// By which its numbers are kept: its own, else the one that it had before it was renamed.
+QString CVImportNotes::nameOfAccount(const NotedSet& account) const {
+    return mContents.numbers.contains(account.name) ? account.name : mContents.accounts.key(account.id, account.name);
+}
+
+bool CVImportNotes::knowsNumber(const NotedSet& account, const QString& bankID, const QBDate& day) const {
+    const auto numbers = mContents.numbers.constFind(nameOfAccount(account));
     return !bankID.isEmpty() && numbers != mContents.numbers.constEnd() &&
            numbers->contains(digestOfNumber(bankID, day));
 }
 
-void CVImportNotes::noteLines(const QString& account, const CVImportTargets& targets,
+void CVImportNotes::noteLines(const NotedSet& account, const CVImportTargets& targets,
                               std::span<const CVImportLine> lines) {
     noteLeftOut(targets, lines);
+    const QString formerName = nameOfAccount(account);
+    auto& numbers = mContents.numbers[account.name];
+    if (formerName != account.name) {
+        numbers = mContents.numbers.take(formerName);
+        mContents.accounts.remove(formerName);
+    }
+    mContents.accounts.insert(account.name, account.id);
     for (const CVImportLine& line : lines) {
         notePayee(line);
         if ((line.checked || saysRecorded(line)) && line.dayInStatement && !line.bankID.isEmpty())
-            mContents.numbers[account].insert(digestOfNumber(line.bankID, *line.dayInStatement));
+            numbers.insert(digestOfNumber(line.bankID, *line.dayInStatement));
     }
 }
 
@@ -159,8 +171,8 @@ void CVImportNotes::notePayee(const CVImportLine& line) {
         mContents.payees.insert(key, line.payee);
 }
 
-void CVImportNotes::forgetNumbers(const QString& account, std::span<const CVImportLine> lines) {
-    const auto numbers = mContents.numbers.find(account);
+void CVImportNotes::forgetNumbers(const NotedSet& account, std::span<const CVImportLine> lines) {
+    const auto numbers = mContents.numbers.find(nameOfAccount(account));
     if (numbers == mContents.numbers.end())
         return;
     for (const CVImportLine& line : lines) {

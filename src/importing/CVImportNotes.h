@@ -43,8 +43,10 @@ public:
         /// By the key of the payee in the statement.
         QSet<QString> leftOut = {};
         QMap<QString, QString> payees = {};
-        /// Digests of the bank's numbers, by the account.
+        /// Digests of the bank's numbers, by the name of the account.
         QMap<QString, QSet<QByteArray>> numbers = {};
+        /// The IDs of these accounts, by which a renamed one is found again.
+        QMap<QString, quint32> accounts = {};
     };
 
     CVImportNotes() = default;
@@ -70,17 +72,18 @@ public:
     /// The payee as the user has corrected it in an earlier statement; null when he has not.
     [[nodiscard]] QString payeeFor(const QString& payeeInStatement) const;
     /// Whether the bank's number of a line of that day was imported into the account. False without a number.
-    [[nodiscard]] bool knowsNumber(const QString& account, const QString& bankID, const QBDate& day) const;
+    [[nodiscard]] bool knowsNumber(const NotedSet& account, const QString& bankID, const QBDate& day) const;
 
     /// Learns from all the lines of a statement, as they were when it was imported: which payees the user left out or
-    /// corrected, and the numbers of what is recorded now. `account` is the name of the set of the money out.
-    void noteLines(const QString& account, const CVImportTargets& targets, std::span<const CVImportLine> lines);
+    /// corrected, and the numbers of what is recorded now. `account` is the set of the money out.
+    void noteLines(const NotedSet& account, const CVImportTargets& targets, std::span<const CVImportLine> lines);
     /// Forgets the numbers of lines that were taken back.
-    void forgetNumbers(const QString& account, std::span<const CVImportLine> lines);
+    void forgetNumbers(const NotedSet& account, std::span<const CVImportLine> lines);
 
 private:
     void noteLeftOut(const CVImportTargets& targets, std::span<const CVImportLine> lines);
     void notePayee(const CVImportLine& line);
+    [[nodiscard]] QString nameOfAccount(const NotedSet& account) const;
 
     Contents mContents;
 };

@@ -26,6 +26,7 @@ const QString kMappingsKey = QStringLiteral("columns");
 const QString kLeftOutKey = QStringLiteral("payees left out");
 const QString kPayeesKey = QStringLiteral("payees");
 const QString kNumbersKey = QStringLiteral("numbers");
+const QString kAccountsKey = QStringLiteral("accounts");
 const QString kSetKey = QStringLiteral("money out");
 const QString kIncomeKey = QStringLiteral("income");
 const QString kIncomeSetKey = QStringLiteral("money in");
@@ -114,6 +115,9 @@ void readNumbers(const QJsonObject& root, Contents& contents) {
         for (const auto& number : account.value().toArray())
             contents.numbers[account.key()].insert(number.toString().toLatin1());
     }
+    const QJsonObject ids = root[kAccountsKey].toObject();
+    for (auto account = ids.begin(); account != ids.end(); ++account)
+        contents.accounts.insert(account.key(), static_cast<quint32>(account.value().toInteger()));
 }
 
 QJsonObject jsonOfTargets(const Contents& contents) {
@@ -141,12 +145,16 @@ QByteArray CVJSONOfNotes(const CVImportNotes& notes) {
     QJsonObject numbers;
     for (auto each = contents.numbers.begin(); each != contents.numbers.end(); ++each)
         numbers[each.key()] = sortedArrayOf(each.value());
+    QJsonObject accounts;
+    for (auto each = contents.accounts.begin(); each != contents.accounts.end(); ++each)
+        accounts[each.key()] = static_cast<double>(each.value());
     QJsonObject root{{kFormatKey, kFormat},
                      {kTargetsKey, jsonOfTargets(contents)},
                      {kMappingsKey, jsonOfMappings(contents)},
                      {kLeftOutKey, sortedArrayOf(contents.leftOut)},
                      {kPayeesKey, payees},
-                     {kNumbersKey, numbers}};
+                     {kNumbersKey, numbers},
+                     {kAccountsKey, accounts}};
     if (contents.lastTargets)
         root[kLastKey] = jsonOf(*contents.lastTargets);
     return QJsonDocument(root).toJson();

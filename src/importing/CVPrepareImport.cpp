@@ -7,6 +7,8 @@
 #include <QCoreApplication>
 #include <QHash>
 
+#include <limits>
+
 namespace {
 
 struct PreparedText {
@@ -17,6 +19,7 @@ using Note = CVImportLine::Note;
 using Income = CVImportTargets::Income;
 
 constexpr int kThousandth = 1000;
+constexpr quint32 kNoSet = std::numeric_limits<quint32>::max();
 /// The stop is asked for after so many lines.
 constexpr std::size_t kLinesPerLook = 100;
 
@@ -187,7 +190,7 @@ std::vector<bool> CVPrepareImport::knownNumbers(const CVImportLines& lines, cons
         if (hasNumber(line))
             ++counts[placeOf(line)];
     }
-    const QString account = accountOf(targets);
+    const auto account = accountOf(targets);
     std::vector<bool> isKnown;
     isKnown.reserve(lines.size());
     for (const CVImportLine& line : lines)
@@ -207,6 +210,8 @@ std::optional<quint32> CVPrepareImport::setOf(bool isIncome, const CVImportTarge
     return isOwn ? targets.incomeSet : targets.set;
 }
 
-QString CVPrepareImport::accountOf(const CVImportTargets& targets) const {
-    return targets.newSet.isEmpty() ? mRecorded->nameOfSet(targets.set) : targets.newSet;
+CVImportNotes::NotedSet CVPrepareImport::accountOf(const CVImportTargets& targets) const {
+    if (targets.newSet.isEmpty())
+        return {targets.set, mRecorded->nameOfSet(targets.set)};
+    return {mRecorded->setNamed(targets.newSet).value_or(kNoSet), targets.newSet};
 }

@@ -38,7 +38,7 @@ private:
     [[nodiscard]] std::vector<bool> knownNumbers(const CVImportLines& lines, const CVImportTargets& targets) const;
     void noteFound(CVImportLine& line, const std::vector<std::size_t>& recorded) const;
     [[nodiscard]] std::optional<quint32> setOf(bool isIncome, const CVImportTargets& targets) const;
-    [[nodiscard]] QString accountOf(const CVImportTargets& targets) const;
+    [[nodiscard]] CVImportNotes::NotedSet accountOf(const CVImportTargets& targets) const;
 
     std::shared_ptr<const CVRecordedLines> mRecorded;
     std::unique_ptr<CVCategoryMemory> mMemory;

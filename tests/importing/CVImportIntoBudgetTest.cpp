@@ -69,7 +69,8 @@ TEST_F(CVImportIntoBudgetTest, RecordsTheCheckedLinesInTheirSets) {
     ASSERT_EQ(imported.entries.size(), 2U);
     EXPECT_EQ(imported.entries[0].transaction->payTo(), "Corner Market");
     EXPECT_EQ(imported.entries[1].line.payee, "Ashgrove");
-    EXPECT_EQ(imported.account, "Checking");
+    EXPECT_EQ(imported.account.name, "Checking");
+    EXPECT_EQ(imported.account.id, imported.targets.set);
     EXPECT_EQ(mBudget.document().currentTransactionSet(), 2U);
 }
 
@@ -123,7 +124,7 @@ TEST_F(CVImportIntoBudgetTest, TakesASetOfTheNameThatIsThereByNow) {
     const auto imported = import({importLine(day(2026, 3, 7), 100, "A", "Food")});
     EXPECT_TRUE(imported.sets.empty());
     EXPECT_EQ(imported.targets.set, 2U);
-    EXPECT_EQ(imported.account, "Income");
+    EXPECT_EQ(imported.account.name, "Income");
 }
 
 TEST_F(CVImportIntoBudgetTest, MakesNoSetThatNoLineGoesInto) {

@@ -17,7 +17,7 @@ protected:
     void note(CVImportLine line, bool checked = true, Note kind = Note::None) {
         line.checked = checked;
         line.note = kind;
-        mNotes.noteLines("Checking", mTargets, std::span(&line, 1));
+        mNotes.noteLines({1, "Checking"}, mTargets, std::span(&line, 1));
     }
     /// The notes as the next start of the program has them.
     [[nodiscard]] CVImportNotes readAgain() const {
@@ -34,7 +34,7 @@ TEST_F(CVImportNotesTest, KnowNothingAtFirst) {
     EXPECT_EQ(mNotes.mapping("header"), std::nullopt);
     EXPECT_FALSE(mNotes.wasLeftOut("Corner Market"));
     EXPECT_EQ(mNotes.payeeFor("Corner Market"), QString());
-    EXPECT_FALSE(mNotes.knowsNumber("Checking", "N-1", day(2026, 3, 1)));
+    EXPECT_FALSE(mNotes.knowsNumber({1, "Checking"}, "N-1", day(2026, 3, 1)));
 }
 
 TEST_F(CVImportNotesTest, KnowWhereStatementsOfAHeaderWentElseWhereTheLastOneWent) {
@@ -130,7 +130,7 @@ TEST_F(CVImportNotesTest, ForgetAPayeeThatIsRecordedAgain) {
 TEST_F(CVImportNotesTest, DoNotTakeAPayeeForLeftOutOfWhomALineWasRecorded) {
     std::vector lines(2, importLine(day(2026, 3, 1), 500, "Corner Market", "Food"));
     lines[1].checked = false;
-    mNotes.noteLines("Checking", mTargets, lines);
+    mNotes.noteLines({1, "Checking"}, mTargets, lines);
     EXPECT_FALSE(mNotes.wasLeftOut("Corner Market"));
 }
 
@@ -178,12 +178,12 @@ TEST_F(CVImportNotesTest, KnowTheBanksNumbersOfAnAccountByTheirDay) {
     line.bankID = "N-3";
     note(line, false);
     const CVImportNotes again = readAgain();
-    EXPECT_TRUE(again.knowsNumber("Checking", "N-1", day(2026, 3, 1)));
-    EXPECT_TRUE(again.knowsNumber("Checking", "N-2", day(2026, 3, 1)));
-    EXPECT_FALSE(again.knowsNumber("Checking", "N-3", day(2026, 3, 1)));
-    EXPECT_FALSE(again.knowsNumber("Checking", "N-1", day(2026, 3, 2)));
-    EXPECT_FALSE(again.knowsNumber("Cash", "N-1", day(2026, 3, 1)));
-    EXPECT_FALSE(again.knowsNumber("Checking", "", day(2026, 3, 1)));
+    EXPECT_TRUE(again.knowsNumber({1, "Checking"}, "N-1", day(2026, 3, 1)));
+    EXPECT_TRUE(again.knowsNumber({1, "Checking"}, "N-2", day(2026, 3, 1)));
+    EXPECT_FALSE(again.knowsNumber({1, "Checking"}, "N-3", day(2026, 3, 1)));
+    EXPECT_FALSE(again.knowsNumber({1, "Checking"}, "N-1", day(2026, 3, 2)));
+    EXPECT_FALSE(again.knowsNumber({2, "Cash"}, "N-1", day(2026, 3, 1)));
+    EXPECT_FALSE(again.knowsNumber({1, "Checking"}, "", day(2026, 3, 1)));
 }
 
 TEST_F(CVImportNotesTest, KnowTheNumberOfALineWhoseDayWasEdited) {
@@ -191,9 +191,24 @@ TEST_F(CVImportNotesTest, KnowTheNumberOfALineWhoseDayWasEdited) {
     line.bankID = "N-1";
     line.day = day(2026, 2, 20);
     note(line);
-    EXPECT_TRUE(mNotes.knowsNumber("Checking", "N-1", day(2026, 3, 1)));
-    mNotes.forgetNumbers("Checking", std::span(&line, 1));
-    EXPECT_FALSE(mNotes.knowsNumber("Checking", "N-1", day(2026, 3, 1)));
+    EXPECT_TRUE(mNotes.knowsNumber({1, "Checking"}, "N-1", day(2026, 3, 1)));
+    mNotes.forgetNumbers({1, "Checking"}, std::span(&line, 1));
+    EXPECT_FALSE(mNotes.knowsNumber({1, "Checking"}, "N-1", day(2026, 3, 1)));
+}
+
+TEST_F(CVImportNotesTest, KnowTheNumbersOfARenamedAccountUnlessAnotherOneHasItsNameNow) {
+    CVImportLine line = importLine(day(2026, 3, 1), 500, "Bus", "Transport");
+    line.bankID = "N-1";
+    note(line);
+    EXPECT_TRUE(readAgain().knowsNumber({1, "Giro"}, "N-1", day(2026, 3, 1)));
+    EXPECT_TRUE(readAgain().knowsNumber({7, "Checking"}, "N-1", day(2026, 3, 1))) << "the name wins";
+    EXPECT_FALSE(readAgain().knowsNumber({7, "Giro"}, "N-1", day(2026, 3, 1)));
+    line.bankID = "N-2";
+    mNotes.noteLines({1, "Giro"}, mTargets, std::span(&line, 1));
+    for (const char* number : {"N-1", "N-2"}) {
+        EXPECT_TRUE(readAgain().knowsNumber({1, "Giro"}, number, day(2026, 3, 1)));
+        EXPECT_FALSE(readAgain().knowsNumber({7, "Checking"}, number, day(2026, 3, 1)));
+    }
 }
 
 TEST_F(CVImportNotesTest, HoldNoNumberInItsOwnWords) {
@@ -207,8 +222,8 @@ TEST_F(CVImportNotesTest, ForgetTheNumbersOfWhatWasTakenBack) {
     CVImportLine line = importLine(day(2026, 3, 1), 500, "Bus", "Transport");
     line.bankID = "N-1";
     note(line);
-    mNotes.forgetNumbers("Checking", std::span(&line, 1));
-    EXPECT_FALSE(mNotes.knowsNumber("Checking", "N-1", day(2026, 3, 1)));
+    mNotes.forgetNumbers({1, "Checking"}, std::span(&line, 1));
+    EXPECT_FALSE(mNotes.knowsNumber({1, "Checking"}, "N-1", day(2026, 3, 1)));
 }
 
 TEST_F(CVImportNotesTest, AreWrittenTheSameEachTime) {

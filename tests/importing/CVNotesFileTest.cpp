@@ -16,7 +16,7 @@ CVImportNotes notesThatLeaveOut(const QString& payee) {
     CVImportLine line = importLine(day(2026, 3, 1), 500, payee, "");
     line.checked = false;
     CVImportNotes notes;
-    notes.noteLines("Checking", {}, std::span(&line, 1));
+    notes.noteLines({1, "Checking"}, {}, std::span(&line, 1));
     return notes;
 }
 

@@ -231,7 +231,7 @@ TEST_F(CVPrepareImportTest, FindsNothingInASetThatIsOnlyToBeMade) {
 TEST_F(CVPrepareImportTest, LeavesOutWhatWasLeftOutBefore) {
     CVImportLine transfer = importLine(day(2026, 2, 1), 30000, "Transfer to savings 0815", "");
     transfer.checked = false;
-    mNotes.noteLines("Checking", mTargets, std::span(&transfer, 1));
+    mNotes.noteLines({1, "Checking"}, mTargets, std::span(&transfer, 1));
     const auto line = prepareOne(statementLine(2, day(2026, 3, 1), -20000, "TRANSFER TO SAVINGS 4711"));
     EXPECT_EQ(line.note, Note::LeftOutBefore);
     EXPECT_EQ(line.noteText, "left out before");
@@ -241,7 +241,7 @@ TEST_F(CVPrepareImportTest, LeavesOutWhatWasLeftOutBefore) {
 TEST_F(CVPrepareImportTest, SaysLeftOutBeforeRatherThanPerhapsRecorded) {
     CVImportLine transfer = importLine(day(2026, 2, 1), 30000, "Savings", "");
     transfer.checked = false;
-    mNotes.noteLines("Checking", mTargets, std::span(&transfer, 1));
+    mNotes.noteLines({1, "Checking"}, mTargets, std::span(&transfer, 1));
     record(1, 200, "Corner Market");
     const auto line = prepareOne(statementLine(2, day(2026, 3, 1), -20000, "SAVINGS"));
     EXPECT_EQ(line.note, Note::LeftOutBefore);
@@ -251,7 +251,7 @@ TEST_F(CVPrepareImportTest, SaysLeftOutBeforeRatherThanPerhapsRecorded) {
 TEST_F(CVPrepareImportTest, TakesAPayeeAsItWasCorrected) {
     CVImportLine corrected = importLine(day(2026, 2, 1), 1000, "Amber Books", "Food");
     corrected.payeeInStatement = "AMB MKTPLC 12";
-    mNotes.noteLines("Checking", mTargets, std::span(&corrected, 1));
+    mNotes.noteLines({1, "Checking"}, mTargets, std::span(&corrected, 1));
     record(1, 10, "Amber Books");
     const auto line = prepareOne(statementLine(2, day(2026, 3, 1), -1000, "AMB MKTPLC 99"));
     EXPECT_EQ(line.payee, "Amber Books");
@@ -265,7 +265,7 @@ protected:
     CVPrepareImportNumbersTest() {
         CVImportLine imported = importLine(day(2026, 3, 1), 700, "Corner Market", "Food");
         imported.bankID = "N-1";
-        mNotes.noteLines("Checking", mTargets, std::span(&imported, 1));
+        mNotes.noteLines({1, "Checking"}, mTargets, std::span(&imported, 1));
     }
 
     [[nodiscard]] static CVStatementLine numbered(int dayOfMonth, qint64 hundredths, const QString& payee) {

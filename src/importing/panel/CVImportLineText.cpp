@@ -89,7 +89,8 @@ QString CVImportLineText::note(std::size_t line) const {
     if (mLines->isReadable(line) && !mLines->canBeRecorded(line))
         return tr("money in is left out");
     if (mLines->is(line, CVImportRows::Kind::WithoutCategory))
-        return tr("no category yet");
+        return mLines->is(line, CVImportRows::Kind::PerhapsRecorded) ? tr("%1; no category yet").arg(shown.noteText)
+                                                                     : tr("no category yet");
     if (shown.note != CVImportLine::Note::None && shown.note != CVImportLine::Note::NoCategory)
         return shown.noteText;
     if (mLines->isPart(line))

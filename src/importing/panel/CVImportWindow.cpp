@@ -346,7 +346,9 @@ QString CVImportWindow::obstacle() const {
     if (QString problem = mTargets->problem(); !problem.isEmpty())
         return problem;
     if (mLines->lines().count(CVImportRows::Kind::ToImport) == 0)
-        return tr("No line is checked.");
+        return mLines->lines().count(CVImportRows::Kind::Unreadable) == static_cast<int>(mLines->lines().size())
+                   ? tr("No line can be read.")
+                   : tr("No line is checked.");
     const int without = mLines->lines().count(CVImportRows::Kind::WithoutCategory);
     if (without > 0)
         return without == 1 ? tr("1 transaction has no category yet.")

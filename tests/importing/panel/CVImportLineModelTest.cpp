@@ -91,6 +91,16 @@ TEST_F(CVImportLineModelTest, TheTooltipOfTheStatementsOwnCategorySaysWhereItCom
     EXPECT_TRUE(tip.contains("Perhaps “Food”, as the statement says")) << tip.toStdString();
 }
 
+TEST_F(CVImportLineModelTest, ALineWithoutACategorySaysThatItIsPerhapsRecordedToo) {
+    CVImportLines lines(1);
+    lines[0].note = CVImportLine::Note::PerhapsRecorded;
+    lines[0].noteText = "perhaps recorded on 3/7";
+    mModel.take(lines, {});
+    EXPECT_EQ(cell(0, CVImportColumns::Note), "perhaps recorded on 3/7; no category yet");
+    mModel.setData(mModel.index(0, CVImportColumns::Category), "Food");
+    EXPECT_EQ(cell(0, CVImportColumns::Note), "perhaps recorded on 3/7");
+}
+
 TEST_F(CVImportLineModelTest, CellsOfReadableLinesCanBeEdited) {
     const auto set = [this](int column, const QVariant& value) {
         return mModel.setData(mModel.index(0, column), value);
