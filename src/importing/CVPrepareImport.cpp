@@ -47,6 +47,15 @@ bool isReadable(const CVStatementLine& line) {
     return line.unreadable.isEmpty() && line.day && line.hundredths;
 }
 
+/// Whether the line is one of several that the statement has made of one entry, each with a category of its own.
+bool isPart(const std::vector<CVStatementLine>& statement, std::size_t at) {
+    const auto isOfSame = [&](std::size_t other) {
+        return other < statement.size() && statement[other].number == statement[at].number &&
+               !statement[other].category.isEmpty();
+    };
+    return !statement[at].category.isEmpty() && (isOfSame(at + 1) || (at > 0 && isOfSame(at - 1)));
+}
+
 } // namespace
 
 CVPrepareImport::CVPrepareImport(const CVDocument& document, CVImportNotes notes)
@@ -65,13 +74,15 @@ CVImportLines CVPrepareImport::lines(const std::vector<CVStatementLine>& stateme
         const auto done = static_cast<int>(prepared.size() * kThousandth / statement.size());
         if (stop && prepared.size() % kLinesPerLook == 0 && stop(done))
             return {};
-        prepared.push_back(isReadable(line) ? readable(line, targets) : unreadable(line));
+        const Source source = isPart(statement, prepared.size()) ? Source::Statement : Source::Memory;
+        prepared.push_back(isReadable(line) ? readable(line, targets, source) : unreadable(line));
     }
     noteRecorded(prepared, targets);
     return prepared;
 }
 
-CVImportLine CVPrepareImport::readable(const CVStatementLine& line, const CVImportTargets& targets) const {
+CVImportLine CVPrepareImport::readable(const CVStatementLine& line, const CVImportTargets& targets,
+                                       Source source) const {
     CVImportLine prepared{.number = line.number, .day = line.day};
     prepared.dayInStatement = line.day;
     prepared.isIncome = *line.hundredths > 0;
@@ -83,14 +94,15 @@ CVImportLine CVPrepareImport::readable(const CVStatementLine& line, const CVImpo
     const QString corrected = mNotes.payeeFor(prepared.payeeInStatement);
     prepared.payee = corrected.isEmpty() ? prepared.payeeInStatement : corrected;
     prepared.bankID = line.bankID;
-    propose(prepared, line.category.simplified());
+    propose(prepared, line.category.simplified(), source);
     noteWhatIsMissing(prepared, targets);
     return prepared;
 }
 
 /// What is remembered for sure goes before the statement's own category, which goes before other guesses when the
-/// budget has it.
-void CVPrepareImport::propose(CVImportLine& line, const QString& categoryInStatement) const {
+/// budget has it. The parts of a divided payment have one payee, so that what is remembered of the payee says nothing
+/// about them.
+void CVPrepareImport::propose(CVImportLine& line, const QString& categoryInStatement, Source source) const {
     const auto remembered = mMemory->of(line.payee, line.xfor);
     line.category = remembered.category;
     line.sure = remembered.sure;
@@ -99,7 +111,8 @@ void CVPrepareImport::propose(CVImportLine& line, const QString& categoryInState
         line.xfor = remembered.purpose;
     const QString known = mRecorded->categoryMeant(categoryInStatement);
     const bool isBetter = remembered.sure == CVSureness::None || !known.isEmpty();
-    if (categoryInStatement.isEmpty() || remembered.sure == CVSureness::Sure || !isBetter)
+    const bool isRemembered = remembered.sure == CVSureness::Sure || !isBetter;
+    if (categoryInStatement.isEmpty() || (isRemembered && source == Source::Memory))
         return;
     line.category = known.isEmpty() ? categoryInStatement : known;
     line.sure = CVSureness::Likely;

@@ -31,8 +31,12 @@ public:
     [[nodiscard]] const CVImportNotes& notes() const { return mNotes; }
 
 private:
-    [[nodiscard]] CVImportLine readable(const CVStatementLine& line, const CVImportTargets& targets) const;
-    void propose(CVImportLine& line, const QString& categoryInStatement) const;
+    /// What a category is taken from in the first place.
+    enum class Source { Memory, Statement };
+
+    [[nodiscard]] CVImportLine readable(const CVStatementLine& line, const CVImportTargets& targets,
+                                        Source source) const;
+    void propose(CVImportLine& line, const QString& categoryInStatement, Source source) const;
     void noteWhatIsMissing(CVImportLine& line, const CVImportTargets& targets) const;
     void noteRecorded(CVImportLines& lines, const CVImportTargets& targets) const;
     [[nodiscard]] std::vector<bool> knownNumbers(const CVImportLines& lines, const CVImportTargets& targets) const;

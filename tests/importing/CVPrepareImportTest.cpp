@@ -146,6 +146,20 @@ TEST_F(CVPrepareImportTest, PrefersWhatIsRememberedToACategoryThatTheBudgetDoesN
     EXPECT_EQ(prepareOne(statement).category, "Food");
 }
 
+TEST_F(CVPrepareImportTest, GivesThePartsOfAPaymentTheirOwnCategories) {
+    record(1, 7, "Corner Market");
+    auto food = statementLine(2, day(2026, 3, 20), -700, "Corner Market");
+    food.category = "FOOD";
+    auto lamps = statementLine(2, day(2026, 3, 20), -300, "Corner Market");
+    lamps.category = "Lamps";
+    auto other = statementLine(9, day(2026, 3, 21), -300, "Corner Market");
+    other.category = "Lamps";
+    const auto lines = prepare({food, lamps, other});
+    EXPECT_EQ(lines.at(0).category, "Food");
+    EXPECT_EQ(lines.at(1).category, "Lamps");
+    EXPECT_EQ(lines.at(2).category, "Food");
+}
+
 TEST_F(CVPrepareImportTest, ChecksNothingThatIsRecordedAlready) {
     record(3, 7, "Corner Market");
     const auto line = prepareOne(statementLine(2, day(2026, 3, 5), -700, "CORNER MARKET 12"));
