@@ -182,13 +182,16 @@ void CVImportOperations::write(const CVImportNotes& notes) {
         return;
     mWriting.start([this, notes, dataFile](const CVLatestWork::IsWanted&) -> CVLatestWork::Told {
         const auto written = CVNotesFile(dataFile).write(notes, QDateTime::currentDateTime());
-        if (written.ok())
+        if (written.ok() && written.kept.isEmpty())
             return {};
-        return [this, why = written.error] {
+        const QString remark =
+            written.ok() ? tr("What former statements taught could not be read. It is kept as “%1”.")
+                               .arg(QFileInfo(written.kept).fileName())
+                         : tr("What this statement taught could not be kept for the next one: %1").arg(written.error);
+        return [this, remark] {
             // Beside the way back, so that the remark takes nothing away.
-            mApp.mainWindow()->saveStatus().remark(
-                tr("What this statement taught could not be kept for the next one: %1").arg(why),
-                mImports.empty() ? CVSaveStatus::Offer::Nothing : CVSaveStatus::Offer::TakeBack);
+            mApp.mainWindow()->saveStatus().remark(remark, mImports.empty() ? CVSaveStatus::Offer::Nothing
+                                                                            : CVSaveStatus::Offer::TakeBack);
         };
     });
 }

@@ -162,7 +162,7 @@ QByteArray CVJSONOfNotes(const CVImportNotes& notes) {
 
 std::optional<CVImportNotes> CVNotesOfJSON(const QByteArray& bytes) {
     const QJsonObject root = QJsonDocument::fromJson(bytes).object();
-    if (!root.contains(kFormatKey))
+    if (root[kFormatKey].toInt() != kFormat)
         return std::nullopt;
     Contents contents;
     readTargets(root, contents);

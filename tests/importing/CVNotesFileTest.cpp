@@ -66,8 +66,8 @@ TEST_F(CVNotesFileTest, IsPrivateWithoutADataFile) {
     EXPECT_EQ(modeOf(file.path()), 0600);
 }
 
-TEST_F(CVNotesFileTest, IsKeptAsideAndBegunAnewWhenItIsDamaged) {
-    for (const QByteArray& damaged : {QByteArray("{\"import no"), QByteArray(),
+TEST_F(CVNotesFileTest, IsKeptAsideAndBegunAnewWhenItIsDamagedOrOfAnotherFormat) {
+    for (const QByteArray& damaged : {QByteArray("{\"import no"), QByteArray(), QByteArray("{\"import notes\": 2}"),
                                       QByteArray("\x7f"
                                                  "ELF")}) {
         writeFile(mNotesFile, damaged);
@@ -79,7 +79,7 @@ TEST_F(CVNotesFileTest, IsKeptAsideAndBegunAnewWhenItIsDamaged) {
         EXPECT_TRUE(mFile.read().notes.wasLeftOut("Savings"));
     }
     EXPECT_TRUE(namesIn(mFolder).contains("My Data.corvella (unreadable 2026-03-14 150926).import"));
-    EXPECT_EQ(namesIn(mFolder).size(), 5);
+    EXPECT_EQ(namesIn(mFolder).size(), 6);
 }
 
 TEST_F(CVNotesFileTest, IsKeptAsideWhereAFolderStands) {
