@@ -81,6 +81,7 @@ private:
     [[nodiscard]] bool readBytes();
     [[nodiscard]] bool readStatement();
     [[nodiscard]] bool settleStatement();
+    void writeNote(const QString& note) const;
     [[nodiscard]] bool findSets(const CVDocument& document);
     void prepare(const CVDocument& document);
     [[nodiscard]] QString whyNotRecorded() const;
@@ -129,14 +130,22 @@ bool ImportRun::readStatement() {
 
 bool ImportRun::settleStatement() {
     QStringList open;
-    if (!mStatement.problem.isEmpty())
+    if (!mStatement.problemOption.isEmpty())
+        open.append(ImportCommandText::tr("%1 Answer with %2").arg(mStatement.problem, mStatement.problemOption));
+    else if (!mStatement.problem.isEmpty())
         open.append(mStatement.problem);
     else
         std::transform(mStatement.questions.begin(), mStatement.questions.end(), std::back_inserter(open),
                        questionWithOptions);
     if (!open.isEmpty())
         CVWriteErrorLine(mErrors, CVStraightQuotes(open.join(QStringLiteral("; "))));
+    else if (!mStatement.balanceRemark.isEmpty())
+        writeNote(mStatement.balanceRemark);
     return open.isEmpty();
+}
+
+void ImportRun::writeNote(const QString& note) const {
+    CVWriteErrorLine(mErrors, ImportCommandText::tr("note: %1").arg(note));
 }
 
 /// Takes a set that there is not by its name, under which nothing is recorded yet; false for one that is needed.
@@ -175,6 +184,12 @@ void ImportRun::prepare(const CVDocument& document) {
             line.noteText.clear();
         }
     }
+    const auto foreign =
+        std::count_if(mLines.begin(), mLines.end(), [](const auto& line) { return !line.otherCurrency.isEmpty(); });
+    if (foreign > 0)
+        writeNote(foreign == 1
+                      ? ImportCommandText::tr("1 line is in another currency and is left out")
+                      : ImportCommandText::tr("%1 lines are in another currency and are left out").arg(foreign));
 }
 
 int ImportRun::dryRun() {
@@ -270,6 +285,9 @@ void ImportRun::learn(const CVDocument& document, const CVImported& imported) {
     mNotes.noteMapping(header, mNotes.contents().mappings.value(header).name, mStatement.lasting);
     mNotes.noteLines(imported.account, imported.targets, mLines);
     const auto written = CVNotesFile(mDataFile).write(mNotes, QDateTime::currentDateTime());
+    if (written.ok() && !written.kept.isEmpty())
+        writeNote(ImportCommandText::tr("what former statements taught could not be read; it is kept as \"%1\"")
+                      .arg(QDir::toNativeSeparators(written.kept)));
     if (!written.ok())
         CVWriteErrorLine(mErrors, ImportCommandText::tr("note: what this statement taught could not be kept for the "
                                                         "next one: %1")

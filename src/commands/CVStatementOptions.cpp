@@ -38,7 +38,7 @@ struct ColumnOption {
     CVColumnRole role;
 };
 
-constexpr std::array<ColumnOption, 13> kColumnOptions{{{"date", CVColumnRole::Day},
+constexpr std::array<ColumnOption, 15> kColumnOptions{{{"date", CVColumnRole::Day},
                                                        {"value-date", CVColumnRole::OtherDay},
                                                        {"amount", CVColumnRole::Amount},
                                                        {"in", CVColumnRole::MoneyIn},
@@ -46,9 +46,11 @@ constexpr std::array<ColumnOption, 13> kColumnOptions{{{"date", CVColumnRole::Da
                                                        {"marker", CVColumnRole::Marker},
                                                        {"fee", CVColumnRole::Fee},
                                                        {"payee", CVColumnRole::Payee},
+                                                       {"payer", CVColumnRole::Payer},
                                                        {"for", CVColumnRole::Purpose},
                                                        {"category", CVColumnRole::Category},
                                                        {"balance", CVColumnRole::Balance},
+                                                       {"currency", CVColumnRole::Currency},
                                                        {"bank-id", CVColumnRole::BankID},
                                                        {"ignore", CVColumnRole::Ignored}}};
 

@@ -30,6 +30,8 @@ struct CVImportLine {
     /// The transactions from which the category comes.
     CVTransactions from = {};
     QString bankID = {};
+    /// The currency of the amount where the statement is in another one; else empty.
+    QString otherCurrency = {};
     Note note = Note::None;
     /// One line without a full stop; empty when there is nothing to say.
     QString noteText = {};

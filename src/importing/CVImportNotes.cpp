@@ -151,7 +151,7 @@ void CVImportNotes::noteLeftOut(const CVImportTargets& targets, std::span<const 
     for (const CVImportLine& line : lines) {
         const bool isIncomeLeftOut = line.isIncome && targets.income == CVImportTargets::Income::LeftOut;
         const bool isChoice = !saysRecorded(line) && line.note != CVImportLine::Note::Unreadable &&
-                              line.hundredths != 0 && !isIncomeLeftOut;
+                              line.hundredths != 0 && line.otherCurrency.isEmpty() && !isIncomeLeftOut;
         if (const QString key = keyOfPayee(line.payeeInStatement); isChoice && !key.isEmpty())
             (line.checked ? checked : unchecked).insert(key);
     }

@@ -94,6 +94,7 @@ CVImportLine CVPrepareImport::readable(const CVStatementLine& line, const CVImpo
     const QString corrected = mNotes.payeeFor(prepared.payeeInStatement);
     prepared.payee = corrected.isEmpty() ? prepared.payeeInStatement : corrected;
     prepared.bankID = line.bankID;
+    prepared.otherCurrency = line.otherCurrency;
     propose(prepared, line.category.simplified(), source);
     noteWhatIsMissing(prepared, targets);
     return prepared;
@@ -123,6 +124,9 @@ void CVPrepareImport::noteWhatIsMissing(CVImportLine& line, const CVImportTarget
     if (line.hundredths == 0) {
         line.checked = false;
         line.noteText = PreparedText::tr("nothing was paid");
+    } else if (!line.otherCurrency.isEmpty()) {
+        line.checked = false;
+        line.noteText = PreparedText::tr("in another currency (%1)").arg(line.otherCurrency);
     } else if (line.isIncome && targets.income == Income::LeftOut) {
         line.checked = false;
         line.noteText = PreparedText::tr("money in is left out");

@@ -58,6 +58,12 @@ TEST_F(ImportProgram, TakesAnOptionForEachThingThatIsGuessed) {
         {"2024-03-13,A,5.00,87.50\n", {"--out", "3", "--header", "none"}, "2024-03-13,5.00,A,,,,no category yet\n"},
         {"2024-03-13,A,5.00,87.50\n", {"--in", "3"}, "2024-03-13,-5.00,A,,,,no category yet\n"},
         {"2024-03-13,A,-5.00,87.50\n", {"--amount", "3", "--payee", "2"}, "2024-03-13,5.00,A,,,,no category yet\n"},
+        {"2024-03-13,A,5.00,B\n",
+         {"--payee", "2", "--payer", "4", "--sign", "normal"},
+         "2024-03-13,-5.00,B,,,,no category yet\n"},
+        {"2024-03-13,A,-5.00,EUR,X\n",
+         {"--payee", "2", "--currency", "5"},
+         "2024-03-13,5.00,A,,,,no category yet\n"},
         {"Date,Payee,Amount,Fee\n2024-03-13,A,-5.00,1.00\n", {"--fee", "4"}, "2024-03-13,6.00,A,,,,no category yet\n"},
         {"Date,Payee,Amount,Fee\n2024-03-13,A,-5.00,1.00\n",
          {"--ignore", "4"},
@@ -76,6 +82,32 @@ TEST_F(ImportProgram, TakesAnOptionForEachThingThatIsGuessed) {
         EXPECT_EQ(result.status, 0) << result.errors.toStdString();
         EXPECT_EQ(result.output, kHead + lines) << options.join(' ').toStdString();
     }
+}
+
+TEST_F(ImportProgram, NamesTheOptionThatSaysWhichColumnItIs) {
+    EXPECT_EQ(dryRun("Foo,2026-03-04,-3.00\nBar,2026-03-05,-4.00\n", {"--ignore", "2"}).errors,
+              "corvella: No column holds the days. Please say which one does. Answer with --date N\n");
+    EXPECT_EQ(dryRun("Foo,2026-03-04,-3.00\nBar,2026-03-05,-4.00\n", {"--ignore", "3"}).errors,
+              "corvella: No column holds the amounts. Please say which one does. Answer with --amount N\n");
+    EXPECT_EQ(dryRun("2026-03-04,A,1.01,2.11,3.25,4.35,5.45,6.55,7.65,8.75,9.85\n"
+                     "2026-03-05,B,7.77,8.12,9.31,5.12,6.21,3.33,2.47,1.58,4.69\n")
+                  .errors,
+              "corvella: Too many columns could hold the amounts. Please say which one does. Answer with --amount N\n");
+}
+
+TEST_F(ImportProgram, NotesWhatTheStatementItselfContradicts) {
+    const Result balances = dryRun("Date,Payee,Amount,Balance\n2026-03-01,A,-3.00,97.00\n2026-03-02,B,-4.00,93.00\n"
+                                   "2026-03-03,C,-5.00,80.00\n2026-03-04,D,-6.00,74.00\n");
+    EXPECT_EQ(balances.status, 0);
+    EXPECT_EQ(balances.errors,
+              "corvella: note: 1 of 3 balances differ from the sums of the lines; the first is in line 4.\n");
+    const Result currencies = dryRun("Date,Payee,Amount,Currency\n2026-03-01,A,-3.00,EUR\n2026-03-02,B,-4.00,USD\n"
+                                     "2026-03-03,C,7.00,EUR\n");
+    EXPECT_EQ(currencies.status, 0);
+    EXPECT_EQ(currencies.errors, "corvella: note: 1 line is in another currency and is left out\n");
+    EXPECT_TRUE(currencies.output.contains(",B,,,,in another currency (USD); no category yet\n") ||
+                currencies.output.contains(",B,,,,in another currency (USD)\n"))
+        << currencies.output.toStdString();
 }
 
 TEST_F(ImportProgram, EndsWithOneWhereALineCouldNotBeReadUnlessThatIsAllowed) {
@@ -213,6 +245,20 @@ TEST_F(ImportIntoProgram, TheAnswerIsKeptByTheHeaderForTheNextStatement) {
     const Result next = import({});
     EXPECT_EQ(next.output, "1 transaction imported\n") << next.errors.toStdString();
     EXPECT_TRUE(run({"export", "--data", mBudget}).output.contains("6/5/24\t$1.00\t\tMarket"));
+    // An option about something else leaves it as it is.
+    statement("07/08/2024");
+    EXPECT_EQ(import({"--payee", "2"}).output, "1 transaction imported\n");
+    EXPECT_TRUE(run({"export", "--data", mBudget}).output.contains("8/7/24\t$1.00\t\tMarket"));
+}
+
+TEST_F(ImportIntoProgram, KeepsNotesThatItCannotReadAndSaysWhere) {
+    (void)write("budget/budget.corvella.import", "{\"import notes\": 2}");
+    const Result result = import({"--income", "none", "--category-for-rest", "Food"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_TRUE(
+        result.errors.startsWith("corvella: note: what former statements taught could not be read; it is kept as \"" +
+                                 QFileInfo(mBudget).path() + "/budget.corvella (unreadable "))
+        << result.errors.toStdString();
 }
 
 TEST_F(ImportIntoProgram, RecordsNothingWhereSomethingIsMissingAndSaysWhat) {

@@ -142,6 +142,9 @@ TEST_F(CVImportNotesTest, DoNotTakeAPayeeForLeftOutWhoIsRecordedOrCannotBeRead) 
     CVImportLine nothing = line;
     nothing.hundredths = 0;
     note(nothing, false);
+    CVImportLine foreign = line;
+    foreign.otherCurrency = "JPY";
+    note(foreign, false);
     CVImportLine income = line;
     income.isIncome = true;
     mTargets.income = Income::LeftOut;

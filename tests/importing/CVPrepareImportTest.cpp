@@ -47,6 +47,14 @@ TEST_F(CVPrepareImportTest, TurnsMoneyOutIntoAPositiveAmount) {
     EXPECT_EQ(line.payee, "Corner Market");
 }
 
+TEST_F(CVPrepareImportTest, LeavesOutWhatIsInAnotherCurrency) {
+    CVStatementLine foreign = statementLine(7, day(2026, 3, 4), -500000, "Corner Market");
+    foreign.otherCurrency = "JPY";
+    const auto line = prepareOne(foreign);
+    EXPECT_FALSE(line.checked);
+    EXPECT_EQ(line.noteText, "in another currency (JPY)");
+}
+
 TEST_F(CVPrepareImportTest, LeavesMoneyInPositiveInASetOfItsOwn) {
     const auto line = prepareOne(statementLine(2, day(2026, 3, 4), 424000, "Ashgrove"));
     EXPECT_TRUE(line.isIncome);

@@ -19,6 +19,8 @@ constexpr qsizetype kMostRows = 200'000;
 /// With more columns there are too many ways to read them.
 constexpr std::size_t kMostAmountColumns = 8;
 constexpr std::size_t kUnreadRows = 5;
+const QString kDateOption = QStringLiteral("--date N");
+const QString kAmountOption = QStringLiteral("--amount N");
 constexpr int kRowsDone = 500;
 constexpr int kAllDone = 1000;
 
@@ -44,8 +46,8 @@ public:
         if (QString problem = readRows(text.text, separator); !problem.isEmpty())
             return besideProblem(problem);
         mColumns = CVGuessColumns(mTable, mKnown.columns.value_or(std::vector<CVColumnRole>()));
-        if (QString problem = faultOfTable(); !problem.isEmpty())
-            return besideColumns(problem);
+        if (const Fault fault = faultOfTable(); !fault.problem.isEmpty())
+            return besideColumns(fault);
         settleDayColumn();
         settle();
         mStatement.lines = CVReadStatementLines(mTable, mRule, inSecondHalf());
@@ -68,8 +70,9 @@ private:
         return mStatement;
     }
 
-    CVStatement besideColumns(const QString& problem) {
-        mStatement.problem = problem;
+    CVStatement besideColumns(const Fault& fault) {
+        mStatement.problem = fault.problem;
+        mStatement.problemOption = fault.option;
         mStatement.mapping.headerLine = mKnown.headerLine.value_or(mTable.headerLine);
         mStatement.mapping.columns = mColumns.roles;
         mStatement.headings = mTable.headings;
@@ -97,26 +100,31 @@ private:
         return {};
     }
 
-    /// Why nothing can be read of the rows; empty when something can.
-    [[nodiscard]] QString faultOfTable() const {
+    /// Why nothing can be read of the rows, and the option that mends it; empty when something can.
+    struct Fault {
+        QString problem = {};
+        QString option = {};
+    };
+    [[nodiscard]] Fault faultOfTable() const {
         const bool isEmpty =
             std::all_of(mTable.rows.begin(), mTable.rows.end(), [](const auto& row) { return row.isBlank(); });
         if (isEmpty)
-            return ReadDelimitedText::tr("The file is empty.");
+            return {ReadDelimitedText::tr("The file is empty.")};
         const bool hasAmounts = !mColumns.amounts.empty() || !mColumns.moneyIn.empty() || !mColumns.moneyOut.empty();
         if (mTable.likely.empty() && (mTable.headings.isEmpty() || mColumns.days.empty() || !hasAmounts))
-            return ReadDelimitedText::tr(
-                "This is no statement: no line of it has a day and an amount. Please have your "
-                "bank export it as CSV.");
+            return {
+                ReadDelimitedText::tr("This is no statement: no line of it has a day and an amount. Please have your "
+                                      "bank export it as CSV.")};
         if (mColumns.days.empty())
-            return ReadDelimitedText::tr("No column holds the days. Please say which one does.");
+            return {ReadDelimitedText::tr("No column holds the days. Please say which one does."), kDateOption};
         if (!hasAmounts)
-            return ReadDelimitedText::tr("No column holds the amounts. Please say which one does.");
+            return {ReadDelimitedText::tr("No column holds the amounts. Please say which one does."), kAmountOption};
         if (std::max({mColumns.amounts.size(), mColumns.moneyIn.size(), mColumns.moneyOut.size()}) > kMostAmountColumns)
-            return ReadDelimitedText::tr("Too many columns could hold the amounts. Please say which one does.");
+            return {ReadDelimitedText::tr("Too many columns could hold the amounts. Please say which one does."),
+                    kAmountOption};
         if (isCutAtDecimals())
-            return ReadDelimitedText::tr("The decimals stand in a column of their own, because the comma is also the "
-                                         "separator. Please have your bank export it with semicolons.");
+            return {ReadDelimitedText::tr("The decimals stand in a column of their own, because the comma is also the "
+                                          "separator. Please have your bank export it with semicolons.")};
         return {};
     }
 

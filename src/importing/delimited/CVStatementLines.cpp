@@ -1,6 +1,7 @@
 #include "importing/delimited/CVStatementLines.h"
 
 #include "importing/delimited/CVSettleYears.h"
+#include "importing/delimited/CVStatementCurrency.h"
 #include "importing/statements/CVHeadingWords.h"
 #include "importing/statements/CVStatementAmount.h"
 #include "importing/statements/CVStatementDay.h"
@@ -24,7 +25,8 @@ public:
     LineReader(const CVStatementTable& table, const CVLineRule& rule)
         : mTable(table)
         , mRule(rule)
-        , mYears(rule.order, rule.year, rule.doesYearChange) {
+        , mYears(rule.order, rule.year, rule.doesYearChange)
+        , mCurrency(CVCurrencyOfStatement(table, rule.roles, rule.amounts)) {
         for (std::size_t column = 0; column < rule.roles.size(); ++column) {
             const QString heading = table.headings.value(static_cast<qsizetype>(column));
             const QString plain = CVPlainWords(heading);
@@ -53,6 +55,7 @@ public:
         CVStatementLine line = withTexts(row, amount.hundredths.value_or(0) > 0);
         line.day = day;
         line.hundredths = amount.hundredths;
+        line.otherCurrency = mCurrency.otherOf(row);
         line.unreadable = faultOf(row, dayText, day, amount);
         lines.push_back(line);
         mMayBePart.push_back(mMayGoOn && dayText.isEmpty() && line.hundredths);
@@ -232,6 +235,7 @@ private:
     const CVStatementTable& mTable;
     const CVLineRule& mRule;
     CVYearOfDays mYears;
+    CVStatementCurrency mCurrency;
     std::vector<int> mStatusColumns = {};
     /// Whether the row above is a line, which may go on.
     bool mMayGoOn = false;

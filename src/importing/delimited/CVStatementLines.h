@@ -3,6 +3,8 @@
 #include "importing/delimited/CVAmountRule.h"
 #include "importing/delimited/CVStatementTable.h"
 #include "importing/statements/CVStatementLine.h"
+#include "importing/statements/CVStatementMapping.h"
+#include "importing/statements/CVStopRequested.h"
 
 #include <optional>
 #include <vector>

@@ -13,14 +13,17 @@
 /// What is read of a file that a bank hands out.
 struct CVStatement {
     /// A statement of which nothing can be read.
-    [[nodiscard]] static CVStatement ofProblem(const QString& problem) {
+    [[nodiscard]] static CVStatement ofProblem(const QString& problem, const QString& option = {}) {
         CVStatement statement;
         statement.problem = problem;
+        statement.problemOption = option;
         return statement;
     }
 
     /// Why nothing can be read, one sentence; empty otherwise.
     QString problem = {};
+    /// As the command line takes it, what mends the problem: "--date N"; empty where nothing does.
+    QString problemOption = {};
     /// With a problem, what was found beside it; empty where no choice would help. Complete where there is neither a
     /// problem nor a question, but for what the texts leave open because it makes no difference here: the order of days
     /// such as 3/3, the decimal mark of whole numbers, the sign of amounts that have none.

@@ -21,6 +21,8 @@ struct CVStatementLine {
     QString category = {};
     /// The bank's own number of the line.
     QString bankID = {};
+    /// The currency of the amount where most lines have another one; else empty.
+    QString otherCurrency = {};
     /// Why it cannot be read, as words that follow a colon; empty when it can.
     QString unreadable = {};
     /// As they stand in the file.

@@ -247,6 +247,27 @@ TEST(CVReadStatement, GivesTheReasonOfALineThatCannotBeReadAndStopsNoOther) {
                 "2024/03/13 -100 A\n3! the bank did not carry it out (“DECLINED”)");
 }
 
+TEST(CVReadStatement, TellsTheLinesThatAreInAnotherCurrencyThanMost) {
+    const auto currencies = [](const char* bytes) {
+        QStringList others;
+        for (const auto& line : CVReadStatement(bytes).lines)
+            others.append(line.otherCurrency);
+        return others.join(u'|');
+    };
+    EXPECT_EQ(currencies("Date,Payee,Amount,Currency\n2026-03-01,A,-3.00,EUR\n2026-03-02,B,-4.00,USD\n"
+                         "2026-03-03,C,-5000.00,JPY\n2026-03-03,D,7000.00,EUR\n"),
+              "|USD|JPY|");
+    // What was paid abroad is beside what was taken from the account.
+    EXPECT_EQ(currencies("Date,Payee,Amount,Currency,Original Amount,Original Currency\n"
+                         "2026-03-01,A,-3.00,EUR,-3.00,EUR\n2026-03-02,B,-4.00,EUR,-4.50,USD\n"
+                         "2026-03-03,C,7.00,EUR,7.00,EUR\n"),
+              "||");
+    // The balances show that all amounts are in one currency.
+    EXPECT_EQ(currencies("Date,Payee,Amount,Currency,Balance\n2026-03-01,A,-3.00,EUR,97.00\n"
+                         "2026-03-02,B,-4.00,USD,93.00\n2026-03-03,C,7.00,EUR,100.00\n"),
+              "||");
+}
+
 TEST(CVReadStatement, TakesNoOtherDayForThatOfTheBooking) {
     expectLines("Transaction date,Posted,Payee,Amount\n2024-03-12,2024-03-14,A,-1.00\n2024-03-13,,B,-2.00\n",
                 "2024/03/14 -100 A\n3! there is no day");
