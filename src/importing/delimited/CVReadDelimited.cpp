@@ -63,6 +63,12 @@ public:
     }
 
 private:
+    /// Why nothing can be read of the rows, and the option that mends it.
+    struct Fault {
+        QString problem = {};
+        QString option = {};
+    };
+
     /// What was chosen, so that it can be chosen otherwise.
     CVStatement besideProblem(const QString& problem) {
         mStatement = CVStatement::ofProblem(problem);
@@ -100,11 +106,7 @@ private:
         return {};
     }
 
-    /// Why nothing can be read of the rows, and the option that mends it; empty when something can.
-    struct Fault {
-        QString problem = {};
-        QString option = {};
-    };
+    /// Empty when something can be read.
     [[nodiscard]] Fault faultOfTable() const {
         const bool isEmpty =
             std::all_of(mTable.rows.begin(), mTable.rows.end(), [](const auto& row) { return row.isBlank(); });
