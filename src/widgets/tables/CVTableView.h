@@ -5,9 +5,9 @@
 class CVFormattedField;
 
 /// A table in the program's style: rows of about one and a half lines in alternating colours, no grid, more room
-/// between the columns. An empty table can show a message. Copy puts the selected rows on the clipboard as text and as HTML. An
-/// editor whose text cannot be read stays open and gets the focus back with the reason, until the text is corrected or
-/// Escape discards it.
+/// between the columns. An empty table can show a message. Copy puts the selected rows on the clipboard as text and as
+/// HTML. An editor whose text cannot be read stays open and gets the focus back with the reason, until the text is
+/// corrected or Escape discards it.
 class CVTableView : public QTableView {
     Q_OBJECT
 
