@@ -69,6 +69,8 @@ constexpr auto kMeasurements = std::to_array<CVMeasurement>({
     step("Another period of the list", CVMeasurePeriodOfList),
     step("Another period of the summary", CVMeasurePeriodOfSummary),
     step("Another period of the reports", CVMeasurePeriodOfReports),
+    step("Another set", CVMeasureSet),
+    step("All sets", CVMeasureAllSets),
     step("Edit a cell", CVMeasureCellEdit),
     step("Remove one", CVMeasureRemoveOne),
     largeStep("Sort by date", measureSorting<CVTransactionColumns::Date>),

@@ -52,6 +52,9 @@ void CVMeasureTab(benchmark::State& state, std::size_t transactions, int tab);
 void CVMeasurePeriodOfList(benchmark::State& state, std::size_t transactions);
 void CVMeasurePeriodOfSummary(benchmark::State& state, std::size_t transactions);
 void CVMeasurePeriodOfReports(benchmark::State& state, std::size_t transactions);
+/// From a set with one transaction to the set that has all others, or to all sets.
+void CVMeasureSet(benchmark::State& state, std::size_t transactions);
+void CVMeasureAllSets(benchmark::State& state, std::size_t transactions);
 /// Sorts by the column `column`, a `CVTransactionColumns::Column`.
 void CVMeasureSorting(benchmark::State& state, std::size_t transactions, int column);
 

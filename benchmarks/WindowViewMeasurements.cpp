@@ -1,7 +1,11 @@
 #include "CVMeasurements.h"
 #include "CVOpenBudget.h"
+#include "model/CVDocument.h"
+#include "model/CVTransaction.h"
 #include "model/CVTransactionColumns.h"
+#include "model/CVTransactionSet.h"
 #include "workspace/CVMainWindow.h"
+#include "workspace/CVMainWindowController.h"
 #include "workspace/transactions/CVTransactionTableView.h"
 
 #include <QComboBox>
@@ -37,6 +41,19 @@ void measurePreset(benchmark::State& state, std::size_t transactions, CVMainWind
     auto& presets = open.find<QComboBox>(name);
     open.measure(
         state, [&] { pick(presets, kThisYear); }, [&] { pick(presets, kAll); });
+}
+
+/// The pop-up of the sets of a budget whose second set has one transaction.
+QComboBox& addSet(CVOpenBudget& open) {
+    CVDocument& document = open.document();
+    const auto set = std::make_shared<CVTransactionSet>();
+    set->setDocument(&document);
+    set->setTransactionSetName(QStringLiteral("Savings"));
+    set->setUniqueID(document.getUniqueTransactionSetID());
+    document.transactionSets().push_back(set);
+    document.transactions().back()->setTransactionSetID(set->uniqueID());
+    open.controller().getStarted();
+    return open.find<QComboBox>("mTransactionSet");
 }
 
 } // namespace
@@ -81,6 +98,22 @@ void CVMeasurePeriodOfSummary(benchmark::State& state, std::size_t transactions)
 
 void CVMeasurePeriodOfReports(benchmark::State& state, std::size_t transactions) {
     measurePreset(state, transactions, CVMainWindow::kReports, "mSetReportDateRange");
+}
+
+void CVMeasureSet(benchmark::State& state, std::size_t transactions) {
+    CVOpenBudget open(transactions);
+    QComboBox& sets = addSet(open);
+    open.measure(
+        state, [&] { pick(sets, 1); }, [&] { pick(sets, 0); });
+}
+
+void CVMeasureAllSets(benchmark::State& state, std::size_t transactions) {
+    CVOpenBudget open(transactions);
+    QComboBox& sets = addSet(open);
+    open.measure(
+        state, [&] { pick(sets, 1); }, [&] { pick(sets, sets.count() - 1); });
+    if (open.find<CVTransactionTableView>("mTransactionTable").model()->rowCount() != static_cast<int>(transactions))
+        state.SkipWithError("not all sets are shown");
 }
 
 void CVMeasureSorting(benchmark::State& state, std::size_t transactions, int column) {
