@@ -47,7 +47,7 @@ CVImportOperations::CVImportOperations(CVAppDelegate& app, CVAlerts& alerts, CVF
     : mApp(app)
     , mAlerts(alerts)
     , mPanels(panels)
-    , mBudgets(app, [this](CVImported imported) { add(std::move(imported)); }) {}
+    , mBudgets(app, [this](CVImported imported) { add(std::move(imported), {}); }) {}
 
 void CVImportOperations::setHelp(CVHelpOpener* help) {
     mHelp = help;
@@ -146,11 +146,11 @@ bool CVImportOperations::carryOut(const CVImportWindow::Order& order) {
         return false;
     }
     learn(order, imported);
-    add(std::move(imported));
+    add(std::move(imported), order.notes);
     return true;
 }
 
-void CVImportOperations::add(CVImported imported) {
+void CVImportOperations::add(CVImported imported, CVImportNotes notesBefore) {
     mApp.mainWindow()->getStarted();
     const std::size_t count = imported.entries.size();
     // Sets and categories alone are no import of transactions; their window says that they came in.
@@ -158,7 +158,7 @@ void CVImportOperations::add(CVImported imported) {
         return;
     tell(count == 1 ? tr("1 transaction imported")
                     : tr("%1 transactions imported", nullptr, static_cast<int>(count)).arg(importedNumber(count)));
-    mImports.push_back(std::move(imported));
+    mImports.push_back({std::move(imported), std::move(notesBefore)});
     mApp.mainWindow()->setCanTakeBackImport(true);
 }
 
@@ -216,14 +216,14 @@ void CVImportOperations::takeBack() {
     if (mImports.empty() || !mayImport())
         return;
     CVCommitOpenEditor(mApp.mainWindow()->window()->focusWidget());
-    const CVImportState state = CVStateOfImport(mApp.document(), mImports.back());
+    const CVImportState state = CVStateOfImport(mApp.document(), mImports.back().imported);
     auto edited = std::optional(CVEditedTransactions::Stay);
     if (state.edited > 0)
         edited = askAboutEdited(state.edited);
     // Another budget may have been opened while the question was shown.
     if (!edited || mImports.empty())
         return;
-    const CVImported imported = std::move(mImports.back());
+    const auto [imported, notesBefore] = std::move(mImports.back());
     mImports.pop_back();
     const CVImportLines lines = CVTakeBackImport(mApp.document(), imported, *edited);
     mApp.mainWindow()->getStarted();
@@ -235,8 +235,11 @@ void CVImportOperations::takeBack() {
                                   .arg(importedNumber(lines.size())));
     if (imported.from == CVImported::From::Budget)
         return;
-    mNotes.forgetNumbers(imported.account, lines);
-    write(mNotes);
+    // What was edited has stayed, and with it what it taught.
+    const bool hasStayed = state.edited > 0 && *edited == CVEditedTransactions::Stay;
+    if (hasStayed)
+        mNotes.forgetNumbers(imported.account, lines);
+    write(hasStayed ? CVImportNotes(mNotes) : notesBefore);
 }
 
 void CVImportOperations::forget() {

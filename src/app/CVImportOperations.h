@@ -49,11 +49,17 @@ private:
         bool isOwn = false;
     };
 
+    struct Import {
+        CVImported imported;
+        /// What was remembered before it; nothing where it was another budget.
+        CVImportNotes notesBefore;
+    };
+
     [[nodiscard]] bool mayImport() const;
     /// Absent where the disk does not answer in time.
     [[nodiscard]] std::optional<Recognized> recognize(const QString& path);
     void show(const CVImportWindow::Source& source);
-    void add(CVImported imported);
+    void add(CVImported imported, CVImportNotes notesBefore);
     /// Whether the transactions are imported.
     bool carryOut(const CVImportWindow::Order& order);
     /// Absent when the user keeps the import.
@@ -69,7 +75,7 @@ private:
     CVHelpOpener* mHelp = nullptr;
     CVBudgetImports mBudgets;
     /// The last one at the end.
-    std::vector<CVImported> mImports;
+    std::vector<Import> mImports;
     /// As they were written last.
     CVImportNotes mNotes;
     CVLatestWork mWriting;

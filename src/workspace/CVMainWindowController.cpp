@@ -148,6 +148,7 @@ CVSaveStatus::Offer CVMainWindowController::offerOfVersions() const {
 
 void CVMainWindowController::setCanTakeBackImport(bool can) {
     mCanTakeBackImport = can;
+    saveStatus().setCanTakeBack(can);
     updateCommands();
 }
 

@@ -1,6 +1,8 @@
 #include "ShellFixture.h"
 #include "app/CVEnding.h"
 #include "app/CVImportOperations.h"
+#include "importing/CVNotesFile.h"
+#include "importing/CVNotesJSON.h"
 #include "importing/panel/CVImportLineModel.h"
 #include "kit/CountingSaver.h"
 #include "widgets/tables/CVTableView.h"
@@ -124,13 +126,14 @@ TEST_F(ImportInApp, AChosenStatementComesInAsOneChangeAndCanBeTakenBack) {
     EXPECT_TRUE(mAlerts.shown().isEmpty());
 }
 
-TEST_F(ImportInApp, TheWayBackStaysInTheMenuAfterTheNextRemark) {
+TEST_F(ImportInApp, TheWayBackStaysAfterTheNextRemark) {
     startWithBudget();
     importStatement();
     mDelegate->mainWindow()->saveStatus().remark("something else");
-    EXPECT_FALSE(takeBackButton().isVisible());
+    EXPECT_TRUE(takeBackButton().isVisible());
     choose("Take Back Import");
     EXPECT_EQ(payees(), QStringList{"Market"});
+    EXPECT_FALSE(takeBackButton().isVisible());
 }
 
 TEST_F(ImportInApp, SeveralImportsAreTakenBackOneAfterTheOther) {
@@ -142,6 +145,7 @@ TEST_F(ImportInApp, SeveralImportsAreTakenBackOneAfterTheOther) {
     EXPECT_EQ(payees().count("Florist"), 2);
     choose("Take Back Import");
     EXPECT_EQ(payees(), (QStringList{"Baker", "Market", "Market", "Work"}));
+    EXPECT_TRUE(takeBackButton().isVisible()) << "for the earlier one";
     choose("Take Back Import");
     EXPECT_EQ(payees(), QStringList{"Market"});
 }
@@ -217,6 +221,7 @@ TEST_F(ImportInApp, TheAccountsOfAFileComeInOneAfterTheOther) {
                 answer->click();
         }
         inWindow([this, &windows](QDialog& chosen) {
+            EXPECT_TRUE(QTest::qWaitFor([&chosen] { return payeesIn(chosen) == "Rent"; }, kPatience));
             windows.append(payeesIn(chosen));
             importAll(chosen);
             inWindow([&windows](QDialog& next) {
@@ -229,6 +234,18 @@ TEST_F(ImportInApp, TheAccountsOfAFileComeInOneAfterTheOther) {
     EXPECT_EQ(windows, (QStringList{"Rent", "Kiosk"}));
     EXPECT_EQ(payees(), (QStringList{"Kiosk", "Market", "Rent"}));
     EXPECT_FALSE(QApplication::activeModalWidget());
+}
+
+TEST_F(ImportInApp, WhatAnImportTaughtGoesWithIt) {
+    startWithBudget();
+    importStatement();
+    saved();
+    const CVNotesFile notes(document().dataFiles().value(0));
+    const auto knowsTargets = [&] { return notes.read().notes.contents().lastTargets.has_value(); };
+    EXPECT_TRUE(QTest::qWaitFor(knowsTargets, 30'000));
+    choose("Take Back Import");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !knowsTargets(); }, 30'000));
+    EXPECT_EQ(CVJSONOfNotes(notes.read().notes), CVJSONOfNotes({}));
 }
 
 TEST_F(ImportInApp, ADroppedFileIsShownUnlessAWindowWaits) {

@@ -100,6 +100,7 @@ void CVSaveStatus::setSaved() {
     mFailure.clear();
     mSlow.stop();
     show(tr("All changes saved"), Outcome::Fine);
+    showTakeBack();
 }
 
 void CVSaveStatus::setUnknown() {
@@ -128,7 +129,19 @@ void CVSaveStatus::showFailure() {
 void CVSaveStatus::show(Offer offer) {
     mShowVersions->setVisible(offer == Offer::Versions);
     mShowOtherFile->setVisible(offer == Offer::OtherFile);
-    mTakeBack->setVisible(offer == Offer::TakeBack);
+    mOffer = offer;
+    showTakeBack();
+}
+
+/// Beside another remark the button says what it takes back.
+void CVSaveStatus::showTakeBack() {
+    mTakeBack->setText(mOffer == Offer::TakeBack ? tr("Ta&ke Back") : tr("Ta&ke Back Import"));
+    mTakeBack->setVisible(mOffer == Offer::TakeBack || (mCanTakeBack && mFailure.isEmpty()));
+}
+
+void CVSaveStatus::setCanTakeBack(bool can) {
+    mCanTakeBack = can;
+    showTakeBack();
 }
 
 void CVSaveStatus::remark(const QString& text, Offer offer) {

@@ -30,6 +30,9 @@ public:
     /// Shows a remark until the next remark or a failure, and announces it to screen readers at once.
     void remark(const QString& text, Offer offer = Offer::Nothing);
 
+    /// Whether there is an import to take back: then its button stays, whatever is remarked, except beside a failure.
+    void setCanTakeBack(bool can);
+
 signals:
     /// The user wants another attempt to save.
     void tryAgain();
@@ -47,6 +50,7 @@ private:
     void show(const QString& text, Outcome outcome);
     void showFailure();
     void show(Offer offer);
+    void showTakeBack();
 
     CVElidedLabel* mRemark;
     QPushButton* mShowVersions;
@@ -63,4 +67,6 @@ private:
     /// The text of the last failure; empty once another save has begun.
     QString mFailure;
     MakeRoom mRoomHelps = MakeRoom::No;
+    Offer mOffer = Offer::Nothing;
+    bool mCanTakeBack = false;
 };

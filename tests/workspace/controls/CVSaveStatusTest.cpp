@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QHelpEvent>
 #include <QLabel>
+#include <QPushButton>
 #include <QTest>
 #include <QToolTip>
 
@@ -42,6 +43,24 @@ TEST_F(CVSaveStatusTest, ALongRemarkMakesTheWindowNoWider) {
     EXPECT_EQ(tip(), mLong);
     const QLabel& saved = label("mSaveStatusText");
     EXPECT_GE(saved.width(), saved.sizeHint().width()) << "the remark gives way";
+}
+
+TEST_F(CVSaveStatusTest, TheWayBackStaysBesideOtherRemarksUntilThereIsNone) {
+    const auto& button = *mStatus.findChild<QPushButton*>("mTakeBackButton");
+    EXPECT_FALSE(button.isVisible());
+    mStatus.remark("148 transactions imported", CVSaveStatus::Offer::TakeBack);
+    mStatus.setCanTakeBack(true);
+    EXPECT_EQ(button.text(), "Ta&ke Back");
+    mStatus.remark("3 transactions removed", CVSaveStatus::Offer::Versions);
+    EXPECT_TRUE(button.isVisible());
+    EXPECT_EQ(button.text(), "Ta&ke Back Import");
+    mStatus.setFailed("the disk is full");
+    EXPECT_FALSE(button.isVisible());
+    mStatus.setSaving();
+    mStatus.setSaved();
+    EXPECT_TRUE(button.isVisible());
+    mStatus.setCanTakeBack(false);
+    EXPECT_FALSE(button.isVisible());
 }
 
 TEST_F(CVSaveStatusTest, AShortRemarkIsShownWholeWithoutATip) {

@@ -105,12 +105,13 @@ TEST_F(EntryStripProposalsTest, BackspaceRefusesAProposal) {
     }
 }
 
-TEST_F(EntryStripProposalsTest, WhatIsRecordedIsNoProposalAnyMore) {
+TEST_F(EntryStripProposalsTest, WhatIsRecordedStaysAProposalUntilTheNextOneComes) {
     proposeWhileInPayee("weekly shop", "Groceries");
     mStrip->noteRecorded();
-    proposeWhileInPayee("other", "Car");
     EXPECT_EQ(purpose().text(), "weekly shop");
-    EXPECT_EQ(category().text(), "Groceries");
+    proposeWhileInPayee("other", "Car");
+    EXPECT_EQ(purpose().text(), "other");
+    EXPECT_EQ(category().text(), "Car");
 }
 
 TEST_F(EntryStripProposalsTest, APayeeIsAnnouncedWithItsCompletionAndOnlyWhenTheUserEntersIt) {
