@@ -37,13 +37,18 @@ bool saysRecorded(const CVImportLine& line) {
     return !line.checked && (line.note == Note::RecordedAlready || line.note == Note::PerhapsRecorded);
 }
 
-std::optional<quint32> findNotedSet(const CVDocument& document, const CVImportNotes::NotedSet& noted) {
+std::optional<quint32> setNamed(const CVDocument& document, const QString& name) {
     const auto& sets = document.transactionSets();
-    const auto byName = std::find_if(sets.begin(), sets.end(), [&noted](const auto& set) {
-        return !noted.name.isEmpty() && set->transactionSetName() == noted.name;
+    const auto found = std::find_if(sets.begin(), sets.end(), [&name](const auto& set) {
+        return !name.isEmpty() && set->transactionSetName() == name;
     });
-    if (byName != sets.end())
-        return (*byName)->uniqueID();
+    return found == sets.end() ? std::nullopt : std::optional((*found)->uniqueID());
+}
+
+std::optional<quint32> findNotedSet(const CVDocument& document, const CVImportNotes::NotedSet& noted) {
+    if (const auto byName = setNamed(document, noted.name))
+        return byName;
+    const auto& sets = document.transactionSets();
     const auto byID =
         std::find_if(sets.begin(), sets.end(), [&noted](const auto& set) { return set->uniqueID() == noted.id; });
     if (byID != sets.end())
@@ -70,14 +75,24 @@ std::optional<CVImportTargets> CVImportNotes::targets(const CVDocument& document
             return std::nullopt;
         found.incomeSet = *incomeSet;
     }
+    if (!noted->newIncomeSet.isEmpty()) {
+        const auto made = setNamed(document, noted->newIncomeSet);
+        found.incomeSet = made.value_or(0);
+        found.newIncomeSet = made ? QString() : noted->newIncomeSet;
+    }
     return found;
 }
 
 void CVImportNotes::noteTargets(const CVDocument& document, const QByteArray& headerDigest,
                                 const CVImportTargets& targets) {
-    NotedTargets noted{noteOfSet(document, targets.set), targets.income, {}};
-    if (targets.income == CVImportTargets::Income::OwnSet)
+    // Nothing went into a set that was not made.
+    if (!targets.newSet.isEmpty())
+        return;
+    NotedTargets noted{noteOfSet(document, targets.set), targets.income};
+    if (targets.income == CVImportTargets::Income::OwnSet && targets.newIncomeSet.isEmpty())
         noted.incomeSet = noteOfSet(document, targets.incomeSet);
+    else if (targets.income == CVImportTargets::Income::OwnSet)
+        noted.newIncomeSet = targets.newIncomeSet;
     mContents.lastTargets = noted;
     if (!headerDigest.isEmpty())
         mContents.targets.insert(headerDigest, noted);

@@ -27,6 +27,8 @@ public:
         CVImportTargets::Income income = CVImportTargets::Income::OwnSet;
         /// Absent where the income has no set of its own.
         std::optional<NotedSet> incomeSet = {};
+        /// The name of a set of its own that was not made, because there was no income; else empty.
+        QString newIncomeSet = {};
     };
     struct NotedMapping {
         /// By which the user names it; may be empty.

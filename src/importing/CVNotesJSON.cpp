@@ -30,6 +30,7 @@ const QString kAccountsKey = QStringLiteral("accounts");
 const QString kSetKey = QStringLiteral("money out");
 const QString kIncomeKey = QStringLiteral("income");
 const QString kIncomeSetKey = QStringLiteral("money in");
+const QString kNewIncomeSetKey = QStringLiteral("new set for money in");
 const QString kNotedIDKey = QStringLiteral("id");
 const QString kNotedNameKey = QStringLiteral("name");
 const QString kMappingKey = QStringLiteral("mapping");
@@ -57,6 +58,8 @@ QJsonObject jsonOf(const NotedTargets& targets) {
     QJsonObject object{{kSetKey, jsonOf(targets.set)}, {kIncomeKey, QString(row->name)}};
     if (targets.incomeSet)
         object[kIncomeSetKey] = jsonOf(*targets.incomeSet);
+    if (!targets.newIncomeSet.isEmpty())
+        object[kNewIncomeSetKey] = targets.newIncomeSet;
     return object;
 }
 
@@ -67,7 +70,8 @@ std::optional<NotedTargets> notedTargetsOf(const QJsonObject& object) {
                                          [&income](const auto& each) { return each.name == income; });
     if (row == kIncomeNames.end())
         return std::nullopt;
-    NotedTargets targets{notedSetOf(object[kSetKey].toObject()), row->income, {}};
+    NotedTargets targets{notedSetOf(object[kSetKey].toObject()), row->income};
+    targets.newIncomeSet = object[kNewIncomeSetKey].toString();
     if (object.contains(kIncomeSetKey))
         targets.incomeSet = notedSetOf(object[kIncomeSetKey].toObject());
     return targets;

@@ -51,8 +51,12 @@ protected:
     void agree() { inWindow(importAll); }
     static void importAll(QDialog& window) {
         auto& table = *window.findChild<CVTableView*>("mImportTable");
-        for (int row = 0; row < table.model()->rowCount(); ++row)
-            table.model()->setData(table.model()->index(row, CVImportColumns::Category), "Imported");
+        const auto giveCategories = [&] {
+            for (int row = 0; row < table.model()->rowCount(); ++row)
+                table.model()->setData(table.model()->index(row, CVImportColumns::Category), "Imported");
+            return import(window).isEnabled();
+        };
+        EXPECT_TRUE(QTest::qWaitFor(giveCategories, kPatience)) << import(window).accessibleDescription().toStdString();
         QTest::mouseClick(&import(window), Qt::LeftButton);
     }
     [[nodiscard]] static QString payeesIn(const QDialog& window) {
@@ -216,10 +220,11 @@ TEST_F(ImportInApp, TheAccountsOfAFileComeInOneAfterTheOther) {
                          "!Account\nNBank\n^\n!Type:Bank\nD03/25/2014\nPRent\nT-400.00\n^\n"));
     QStringList windows;
     inWindow([this, &windows](QDialog& first) {
-        for (QPushButton* const answer : first.findChildren<QPushButton*>()) {
-            if (answer->text().startsWith("Bank"))
-                answer->click();
-        }
+        const auto buttons = first.findChildren<QPushButton*>();
+        const auto bank = std::find_if(buttons.begin(), buttons.end(),
+                                       [](const auto* button) { return button->text().startsWith("Bank"); });
+        ASSERT_NE(bank, buttons.end());
+        (*bank)->click();
         inWindow([this, &windows](QDialog& chosen) {
             EXPECT_TRUE(QTest::qWaitFor([&chosen] { return payeesIn(chosen) == "Rent"; }, kPatience));
             windows.append(payeesIn(chosen));

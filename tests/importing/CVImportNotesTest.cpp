@@ -66,6 +66,15 @@ TEST_F(CVImportNotesTest, NameNoTargetsWhereASetIsGone) {
     EXPECT_EQ(mNotes.targets(mBudget.document(), {}), std::nullopt);
 }
 
+TEST_F(CVImportNotesTest, NameASetForTheIncomeThatWasNotMadeUntilItIsThere) {
+    const CVImportTargets wanted{.set = 1, .income = Income::OwnSet, .newIncomeSet = "Wages"};
+    mNotes.noteTargets(mBudget.document(), {}, wanted);
+    EXPECT_EQ(readAgain().targets(mBudget.document(), {}), wanted);
+    mBudget.set("Wages", 8);
+    EXPECT_EQ(readAgain().targets(mBudget.document(), {}),
+              (CVImportTargets{.set = 1, .income = Income::OwnSet, .incomeSet = 8}));
+}
+
 TEST_F(CVImportNotesTest, KnowABudgetWithoutSets) {
     BudgetBuilder budget;
     const CVImportTargets targets{.income = Income::LeftOut};

@@ -17,6 +17,7 @@
 
 #include <algorithm>
 #include <array>
+#include <initializer_list>
 
 namespace {
 
@@ -177,6 +178,18 @@ void CVStatementPane::showForms() {
     const QSignalBlocker yearBlocker(mYear);
     mYear->setValue(mapping.year.value_or(kFirstYear));
     mYear->setEnabled(mapping.year.has_value());
+    offerWhatMatters();
+}
+
+/// Most kinds say themselves what is what. Where nothing can be read, a choice of columns may be what was wrong.
+void CVStatementPane::offerWhatMatters() {
+    const CVStatementMapping& mapping = mStatement->mapping;
+    const bool hasColumns = mapping.columns || mapping.separator || !mStatement->problem.isEmpty();
+    for (QWidget* const ofColumns : std::initializer_list<QWidget*>{mSeparator, mHeaderLine, mSign})
+        ofColumns->setEnabled(hasColumns);
+    mDayOrder->setEnabled(hasColumns || mapping.dayOrder);
+    mDecimalMark->setEnabled(hasColumns || mapping.decimalMark);
+    mTable->setVisible(hasColumns);
 }
 
 void CVStatementPane::showMeanings() {

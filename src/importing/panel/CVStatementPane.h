@@ -32,6 +32,7 @@ private:
     [[nodiscard]] QSpinBox* addNumber(CVWrappingLayout& line, const QString& label, const char* name);
     void connectPopUps();
     void showForms();
+    void offerWhatMatters();
     void showMeanings();
     void fitHeight();
     void chooseMeaning(std::size_t column, CVColumnRole role);
