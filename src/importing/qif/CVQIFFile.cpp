@@ -104,12 +104,14 @@ private:
         if (mSection != Section::Payments && mSection != Section::Investments)
             return;
         // Several records are the list of all accounts; one names the account of what follows.
+        const bool isOther = type.compare(mType, Qt::CaseInsensitive) != 0;
         if (mRecords == 1)
             mName = mNameInBlock;
-        else if (type != mType)
+        else if (isOther)
             mName.clear();
         mRecords = 0;
-        mType = type.toString();
+        if (isOther)
+            mType = type.toString();
         mMayBeOpening = mName.isEmpty();
     }
 
