@@ -34,7 +34,7 @@ struct Library {
 constexpr std::array<Library, 5> kLibraries{
     {{"Qt", QT_TRANSLATE_NOOP("CVAboutWindow", "windows, printing, help"),
       QT_TRANSLATE_NOOP("CVAboutWindow", "GNU Lesser General Public License, version 3"), "https://www.qt.io/"},
-     {"libxml2", QT_TRANSLATE_NOOP("CVAboutWindow", "reads the data file"),
+     {"libxml2", QT_TRANSLATE_NOOP("CVAboutWindow", "reads data files and statements"),
       QT_TRANSLATE_NOOP("CVAboutWindow", "MIT licence"), "https://gitlab.gnome.org/GNOME/libxml2"},
      {"libplist", QT_TRANSLATE_NOOP("CVAboutWindow", "reads property lists"),
       QT_TRANSLATE_NOOP("CVAboutWindow", "GNU Lesser General Public License, version 2.1 or later"),

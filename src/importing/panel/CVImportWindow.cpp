@@ -309,7 +309,8 @@ std::optional<QString> CVImportWindow::chooseStatement(CVFilePanels& panels, QWi
                                      tr("Open"),
                                      tr("Statements"),
                                      {QStringLiteral("csv"), QStringLiteral("tsv"), QStringLiteral("txt"),
-                                      QStringLiteral("json"), QStringLiteral("corvella")}});
+                                      QStringLiteral("ofx"), QStringLiteral("qfx"), QStringLiteral("qif"),
+                                      QStringLiteral("xml"), QStringLiteral("json"), QStringLiteral("corvella")}});
 }
 
 void CVImportWindow::showState() {
