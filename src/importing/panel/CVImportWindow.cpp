@@ -201,9 +201,10 @@ void CVImportWindow::takeStatement(const CVStatementFindings& findings) {
         mRecorded = std::make_shared<CVRecordedLines>(mDocument);
     showStatement(findings.isAsLastTime);
     // Guesses are looked at once, and what is open as long as it is.
+    const bool hasColumns = mStatement->mapping.columns.has_value();
     if (isFirst)
-        mColumns->setChecked(mColumns->isEnabled() && !findings.isAsLastTime);
-    else if (!mStatement->questions.empty())
+        mColumns->setChecked(hasColumns && !findings.isAsLastTime);
+    else if (hasColumns && !mStatement->questions.empty())
         mColumns->setChecked(true);
     if (mStatement->problem.isEmpty())
         return prepare();
