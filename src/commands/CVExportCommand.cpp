@@ -21,7 +21,7 @@ constexpr QLatin1StringView kAllSets("all-sets");
 
 struct FormatName {
     QLatin1StringView name;
-    CVExportFormat format;
+    CVExportFormat format = {};
 };
 
 constexpr std::array<FormatName, 3> kFormatNames{{{QLatin1StringView("tsv"), CVExportFormat::List},

@@ -19,8 +19,9 @@ struct ReadStatementText {
 /// A kind of statement.
 struct Kind {
     /// Whether the bytes are of that kind.
-    bool (*recognizes)(const QByteArray& bytes);
-    CVStatement (*read)(const QByteArray& bytes, const CVStatementMapping& known, const CVStopRequested& stop);
+    bool (*recognizes)(const QByteArray& bytes) = nullptr;
+    CVStatement (*read)(const QByteArray& bytes, const CVStatementMapping& known,
+                        const CVStopRequested& stop) = nullptr;
     /// Whether it has rows with columns; the others may have accounts.
     bool hasColumns = false;
 };

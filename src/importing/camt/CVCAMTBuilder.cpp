@@ -17,7 +17,7 @@ constexpr qsizetype kMostTexts = 64;
 
 struct MessageName {
     QByteArrayView element;
-    const char16_t* name;
+    const char16_t* name = nullptr;
 };
 constexpr std::array<MessageName, 3> kMessages{
     {{"BkToCstmrStmt", u"CAMT.053"}, {"BkToCstmrAcctRpt", u"CAMT.052"}, {"BkToCstmrDbtCdtNtfctn", u"CAMT.054"}}};
@@ -73,11 +73,10 @@ void takeOfParties(QByteArrayView path, const QString& value, CVCAMTPart& part) 
 void takeOfRemittance(QByteArrayView path, const QString& value, CVCAMTPart& part) {
     if (path == "Ustrd")
         addOnce(part.texts, value);
-    else if (isOneOf(path, {"Strd/CdtrRefInf/Ref", "Strd/CdtrRefInf/CdtrRef", "Strd/RfrdDocInf/Nb",
-                            "Strd/RfrdDocInf/RfrdDocNb"}))
-        addOnce(part.references, value);
     // A leading question mark is a message to bookkeeping programs.
-    else if (path == "Strd/AddtlRmtInf" && !value.startsWith(u'?'))
+    else if (isOneOf(path, {"Strd/CdtrRefInf/Ref", "Strd/CdtrRefInf/CdtrRef", "Strd/RfrdDocInf/Nb",
+                            "Strd/RfrdDocInf/RfrdDocNb"}) ||
+             (path == "Strd/AddtlRmtInf" && !value.startsWith(u'?')))
         addOnce(part.references, value);
 }
 

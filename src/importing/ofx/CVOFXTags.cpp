@@ -7,7 +7,7 @@ namespace {
 
 struct NamedTag {
     QStringView name;
-    CVOFXTag tag;
+    CVOFXTag tag = {};
 };
 
 constexpr std::array<NamedTag, 49> kTags{{{u"OFX", CVOFXTag::Root},

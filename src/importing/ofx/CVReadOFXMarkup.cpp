@@ -20,7 +20,7 @@ struct ReadOFXMarkupText {
 
 struct Entity {
     QStringView name;
-    char16_t character;
+    char16_t character = 0;
 };
 constexpr std::array<Entity, 6> kEntities{
     {{u"amp", u'&'}, {u"lt", u'<'}, {u"gt", u'>'}, {u"nbsp", u' '}, {u"quot", u'"'}, {u"apos", u'\''}}};

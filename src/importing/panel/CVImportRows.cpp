@@ -67,7 +67,7 @@ CVImportLines CVImportRows::linesToFind() const {
 }
 
 bool CVImportRows::areToBeFound() const {
-    constexpr Changes kPlace = Changes(Change::Day) | Change::Amount | Change::Side;
+    static constexpr Changes kPlace = Changes(Change::Day) | Change::Amount | Change::Side;
     return std::any_of(mRows.begin(), mRows.end(), [](const Row& row) { return row.changes & kPlace; });
 }
 
